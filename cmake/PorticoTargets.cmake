@@ -1,0 +1,52 @@
+# What every target of the project shares.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+
+add_library(portico_options INTERFACE)
+target_compile_options(portico_options INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual)
+if(PORTICO_SANITIZE)
+  target_compile_options(portico_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(portico_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(PORTICO_FUZZ)
+  target_compile_options(portico_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  target_link_options(portico_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(PORTICO_TIDY)
+  find_program(CLANG_TIDY NAMES clang-tidy clang-tidy-14 REQUIRED)
+  set(CMAKE_CXX_CLANG_TIDY "${CLANG_TIDY};--warnings-as-errors=*;--quiet")
+endif()
+
+# portico_library(NAME SOURCES ... LINK ...): one folder of src/, one target.
+# The folder's headers are reachable as "NAME/...", and only for those who link the target: the include
+# directory holds nothing but a link to the folder, so that an include which the layers forbid does not build.
+function(portico_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRIVATE" ${ARGN})
+  set(root "${PROJECT_BINARY_DIR}/include/${name}")
+  file(MAKE_DIRECTORY "${root}")
+  file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${root}/${name}" SYMBOLIC)
+  if(ARG_SOURCES)
+    add_library(portico_${name} STATIC ${ARG_SOURCES})
+    target_include_directories(portico_${name} PUBLIC "${root}")
+    target_link_libraries(portico_${name} PUBLIC ${ARG_LINK} PRIVATE portico_options ${ARG_PRIVATE})
+  else()
+    add_library(portico_${name} INTERFACE)
+    target_include_directories(portico_${name} INTERFACE "${root}")
+    target_link_libraries(portico_${name} INTERFACE ${ARG_LINK})
+  endif()
+endfunction()
+
+# portico_test(NAME SOURCES ... LINK ...): one GoogleTest program; each of its tests is a test of ctest's.
+function(portico_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(test_${name} ${ARG_SOURCES})
+  target_include_directories(test_${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  target_link_libraries(test_${name} PRIVATE ${ARG_LINK} GTest::gmock_main portico_options)
+  set_target_properties(test_${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
+  gtest_discover_tests(test_${name} TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+endfunction()

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "framework/ErrorRecord.h"
+#include "framework/Value.h"
+
+namespace portico::ErrorReport {
+
+/// The procedure that an error passes.
+struct Passage {
+  StringView MethodName;
+  const Params& Values;
+};
+
+/// The report of `error` with one more stack line. If it has passed a tail before, its description is the report so
+/// far; otherwise a header comes first. All that goes in is captured now, the text is composed when it is read.
+LazyText Compose(const ErrorRecord& error, bool passedBefore, const Passage& passage, const String& collected);
+
+} // namespace portico::ErrorReport

@@ -1,0 +1,216 @@
+#include "framework/HuntERR.h"
+
+#include "framework/ErrorNumbers.h"
+#include "framework/ErrorReport.h"
+#include "framework/Quit.h"
+
+#include <cstdlib>
+#include <new>
+#include <stdexcept>
+#include <typeinfo>
+
+namespace portico {
+namespace HuntERR {
+namespace {
+
+struct State {
+  ErrorRecord Current;
+  ErrorRecord Saved;
+  bool Preserved = false;
+  LazyText Report;
+  bool HasReport = false;
+  String Collected; // by Check with number 0
+};
+
+State& Module() {
+  static State state;
+  return state;
+}
+
+constexpr StringView ReportSource = u"HuntERR.ErrorIn";
+
+/// The run time's own text of a standard number.
+StringView StandardText(std::int32_t number) {
+  switch (number) {
+  case ErrorNumber::InvalidArgument:
+    return u"Invalid argument.";
+  case ErrorNumber::Overflow:
+    return u"Overflow.";
+  case ErrorNumber::OutOfMemory:
+    return u"Out of memory.";
+  case ErrorNumber::BadSubscript:
+    return u"Subscript out of range.";
+  case ErrorNumber::TypeMismatch:
+    return u"Type mismatch.";
+  case ErrorNumber::MissingObject:
+    return u"Object reference is not set.";
+  case ErrorNumber::BadPropertyValue:
+    return u"Invalid property value.";
+  case ErrorNumber::DuplicateKey:
+    return u"This key is in the list already.";
+  default:
+    return u"Error of the run time.";
+  }
+}
+
+} // namespace
+
+void Raise(std::int32_t Number, StringView Source, StringView Description, StringView HelpFile,
+           std::int32_t HelpContext) {
+  ErrorRecord record;
+  record.Number = Number;
+  record.Source = Source;
+  record.Description = String(Description);
+  record.HelpFile = HelpFile;
+  record.HelpContext = HelpContext;
+  Raise(std::move(record));
+}
+
+void Raise(ErrorRecord record) {
+  Module().Current = record;
+  throw Error(std::move(record));
+}
+
+void RaiseStandard(std::int32_t Number) { Raise(Number, u"Portico", StandardText(Number)); }
+
+void Check(bool Condition, std::int32_t ErrNum, StringView Message, const Params& Values, StringView HelpFile,
+           std::int32_t HelpContext) {
+  if (Condition) return;
+  String message = ReplaceAll(Message, u"||", NewLine);
+  for (std::size_t i = Values.size(); i > 0; --i) { // from the last, so that %1 is not found in %10
+    message = ReplaceAll(message, u"%" + ToText(static_cast<std::int64_t>(i)), Values[i - 1].TextForm());
+  }
+  if (ErrNum != 0) Raise(ErrNum, u"HuntERR.Check", message, HelpFile, HelpContext);
+  String& collected = Module().Collected;
+  if (!collected.empty()) collected += NewLine;
+  collected += message;
+}
+
+LazyText ErrorIn(StringView MethodName, const Params& Values, unsigned Flags) {
+  State& state = Module();
+  if (state.Current.Number == 0 && !state.Preserved) {
+    state.Current.Number = ErrorNumber::ERRMAP_APP_FIRST;
+    state.Current.Description = String(u"ErrorIn: Error information was lost. To fix: call ErrPreserve before doing "
+                                       u"anything in error handler.");
+  }
+  ErrPreserve();
+  if (IsExpectedError()) {
+    state.Report = {};
+    state.HasReport = false;
+  } else if ((Flags & AddToReport) != 0) {
+    const bool passedBefore = state.Saved.Source == ReportSource;
+    state.Report = ErrorReport::Compose(state.Saved, passedBefore, {MethodName, Values}, state.Collected);
+    state.HasReport = true;
+    state.Saved.Source = ReportSource;
+    state.Saved.Description = state.Report;
+  }
+  state.Collected.clear();
+  ErrRestore();
+  state.Preserved = false;
+  if ((Flags & RaiseAgain) != 0) Raise(state.Saved);
+  return state.Report;
+}
+
+void ErrPreserve() {
+  State& state = Module();
+  if (state.Preserved || state.Current.Number == 0) return;
+  state.Saved = state.Current;
+  state.Preserved = true;
+}
+
+void ErrRestore() { Module().Current = Module().Saved; }
+
+std::int32_t ErrNumber() { return Module().Saved.Number; }
+String ErrSource() { return Module().Saved.Source; }
+String ErrDescription() { return Module().Saved.Description; }
+
+bool IsExpectedError() { return ErrNumber() >= ErrorNumber::FirstExpected && ErrNumber() <= ErrorNumber::LastExpected; }
+
+String ErrReport() {
+  const State& state = Module();
+  if (state.HasReport) return state.Report;
+  if (state.Current.Source == ReportSource) return state.Current.Description;
+  return {};
+}
+
+void Load(const Error& error) {
+  State& state = Module();
+  state.Current = error.Record();
+  state.Preserved = error.Held() != nullptr;
+  if (state.Preserved) state.Saved = *error.Held();
+}
+
+const ErrorRecord& Err() { return Module().Current; }
+
+void Reset() { Module() = State{}; }
+
+} // namespace HuntERR
+
+namespace {
+
+/// Makes what is being caught the current error.
+void LoadCaught() {
+  const auto standard = [](std::int32_t number) {
+    try {
+      HuntERR::RaiseStandard(number);
+    } catch (const Error& error) {
+      HuntERR::Load(error);
+    }
+  };
+  try {
+    throw;
+  } catch (const Quit&) {
+    throw;
+  } catch (const Error& error) {
+    HuntERR::Load(error);
+  } catch (const std::bad_cast&) {
+    standard(ErrorNumber::TypeMismatch);
+  } catch (const std::out_of_range&) {
+    standard(ErrorNumber::BadSubscript);
+  } catch (const std::bad_alloc&) {
+    standard(ErrorNumber::OutOfMemory);
+  } catch (const std::length_error&) {
+    standard(ErrorNumber::OutOfMemory);
+  } catch (const std::exception& other) {
+    ErrorRecord record;
+    record.Number = ErrorNumber::ERRMAP_APP_FIRST;
+    record.Source = u"Portico";
+    record.Description = FromUtf8(other.what()).Text;
+    HuntERR::Load(Error(std::move(record)));
+  }
+}
+
+} // namespace
+
+void PassOn(StringView Label, const Params& Values) {
+  LoadCaught();
+  HuntERR::ErrorIn(Label, Values, HuntERR::PassFlags);
+  std::abort(); // never reached: these flags raise
+}
+
+void StopHere(StringView Label, const Params& Values) {
+  LoadCaught();
+  HuntERR::ErrorIn(Label, Values, HuntERR::StopFlags);
+}
+
+void FailConstruction(StringView Label) {
+  StopHere(Label);
+  HuntERR::ErrPreserve();
+  throw Error::WithHeldCopy(HuntERR::Err());
+}
+
+void SwallowInDestructor(StringView Label) noexcept {
+  try {
+    LoadCaught();
+    HuntERR::ErrorIn(Label, {}, HuntERR::PassFlags & ~HuntERR::RaiseAgain);
+  } catch (...) { // nothing may leave a destructor, a Quit included: whoever pumps next throws it again
+    return;
+  }
+}
+
+void RecordHere(ErrorRecord record, StringView Label, const Params& Values) {
+  HuntERR::Load(Error(std::move(record)));
+  HuntERR::ErrorIn(Label, Values, HuntERR::StopFlags);
+}
+
+} // namespace portico

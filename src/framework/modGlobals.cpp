@@ -1,0 +1,36 @@
+#include "framework/modGlobals.h"
+
+#include "framework/HuntERR.h"
+
+#include <filesystem>
+
+namespace portico {
+
+bool gXMLParserAvailable = false;
+
+namespace modGlobals {
+
+std::int32_t ParamArrayCount(const Params& ParameterArray) try {
+  return static_cast<std::int32_t>(ParameterArray.size());
+} catch (...) {
+  PassOn(u"modGlobals.ParamArrayCount(ParameterArray)", {Value(ParameterArray)});
+}
+
+bool FileExists(const String& path) {
+  std::error_code fault;
+  const auto status = std::filesystem::status(std::filesystem::path(path), fault);
+  return !fault && std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+bool XMLParserAvailable() { return gXMLParserAvailable; }
+
+void LogErrorReport() {
+  const IErrorEnvironment& environment = HuntERR::Environment();
+  String directory = environment.ProgramDirectory();
+  const char16_t separator = environment.PathSeparator();
+  if (!directory.empty() && directory.back() == separator) directory.pop_back();
+  HuntERR::WriteErrorReport(directory + separator + u"SCPIComm.log");
+}
+
+} // namespace modGlobals
+} // namespace portico

@@ -1,0 +1,131 @@
+#include "framework/text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace portico {
+
+StringView TrimLeft(StringView Text) {
+  const auto first = Text.find_first_not_of(u' ');
+  return first == StringView::npos ? StringView{} : Text.substr(first);
+}
+
+StringView TrimRight(StringView Text) {
+  const auto last = Text.find_last_not_of(u' ');
+  return last == StringView::npos ? StringView{} : Text.substr(0, last + 1);
+}
+
+StringView Trim(StringView Text) { return TrimRight(TrimLeft(Text)); }
+
+char16_t FoldCase(char16_t Unit) {
+  const auto lower = [Unit](int distance) { return static_cast<char16_t>(Unit + distance); };
+  if (Unit < 0x80) return Unit >= u'A' && Unit <= u'Z' ? lower(32) : Unit;
+  if (Unit >= 0xC0 && Unit <= 0xDE && Unit != 0xD7) return lower(32);
+  if (Unit == 0x178) return 0xFF;
+  if ((Unit >= 0x100 && Unit <= 0x137 && Unit != 0x130) || (Unit >= 0x14A && Unit <= 0x177)) return Unit | 1;
+  if ((Unit >= 0x139 && Unit <= 0x148) || (Unit >= 0x179 && Unit <= 0x17E)) return Unit % 2 == 1 ? lower(1) : Unit;
+  if (Unit >= 0x391 && Unit <= 0x3AB && Unit != 0x3A2) return lower(32);
+  if (Unit >= 0x410 && Unit <= 0x42F) return lower(32);
+  if (Unit >= 0x400 && Unit <= 0x40F) return lower(80);
+  return Unit;
+}
+
+String ToUpper(StringView Text) {
+  String upper(Text);
+  for (char16_t& unit : upper) {
+    if (unit >= u'a' && unit <= u'z') {
+      unit = static_cast<char16_t>(unit - 32);
+    } else if (unit >= 0xE0 && unit <= 0xFE && unit != 0xF7) {
+      unit = static_cast<char16_t>(unit - 32);
+    }
+  }
+  return upper;
+}
+
+bool EqualNoCase(StringView A, StringView B) {
+  return A.size() == B.size() && std::equal(A.begin(), A.end(), B.begin(), [](char16_t a, char16_t b) {
+           return a == b || FoldCase(a) == FoldCase(b);
+         });
+}
+
+std::size_t HashNoCase::operator()(StringView Text) const {
+  std::uint64_t hash = 14695981039346656037ULL; // FNV-1a
+  for (const char16_t unit : Text) hash = (hash ^ FoldCase(unit)) * 1099511628211ULL;
+  return static_cast<std::size_t>(hash);
+}
+
+String ReplaceAll(StringView Text, StringView From, StringView To) {
+  String result;
+  result.reserve(Text.size());
+  while (!From.empty()) {
+    const auto found = Text.find(From);
+    if (found == StringView::npos) break;
+    result.append(Text.substr(0, found)).append(To);
+    Text.remove_prefix(found + From.size());
+  }
+  return result.append(Text);
+}
+
+std::vector<StringView> Split(StringView Text, StringView Separator) {
+  std::vector<StringView> pieces;
+  for (;;) {
+    const auto found = Text.find(Separator);
+    pieces.push_back(Text.substr(0, found));
+    if (found == StringView::npos) return pieces;
+    Text.remove_prefix(found + Separator.size());
+  }
+}
+
+String ToText(std::int64_t Number) {
+  std::array<char, 24> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), Number).ptr;
+  return {digits.data(), end};
+}
+
+String ToText(double Number) {
+  std::array<char, 32> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), Number).ptr;
+  return {digits.data(), end};
+}
+
+String ToHexText(std::uint32_t Number) {
+  std::array<char, 12> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), Number, 16).ptr;
+  return ToUpper(FromAscii({digits.data(), end}));
+}
+
+std::optional<double> ReadNumber(StringView Text) {
+  Text = Trim(Text);
+  if (!Text.empty() && Text.front() == u'+') Text.remove_prefix(1);
+  // from_chars would take "inf", "nan" and a second sign as well; none of them is a number here.
+  const auto start = !Text.empty() && Text.front() == u'-' ? 1U : 0U;
+  if (Text.size() <= start || !((Text[start] >= u'0' && Text[start] <= u'9') || Text[start] == u'.')) return {};
+  const std::string ascii = ToUtf8(Text);
+  double number = 0;
+  const auto [end, fault] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), number);
+  if (fault != std::errc{} || end != ascii.data() + ascii.size()) return {};
+  return number;
+}
+
+ByteArray ToBytes(StringView Text) {
+  ByteArray bytes;
+  bytes.reserve(Text.size() * 2);
+  for (const char16_t unit : Text) {
+    bytes.push_back(static_cast<std::uint8_t>(unit & 0xFF));
+    bytes.push_back(static_cast<std::uint8_t>(unit >> 8));
+  }
+  return bytes;
+}
+
+String FromBytes(const ByteArray& Bytes) {
+  String text(Bytes.size() / 2, u'\0');
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    text[i] = static_cast<char16_t>(Bytes[2 * i] | (Bytes[2 * i + 1] << 8));
+  }
+  return text;
+}
+
+String FromAscii(std::string_view Text) { return {Text.begin(), Text.end()}; }
+
+} // namespace portico

@@ -71,7 +71,15 @@ void Raise(ErrorRecord record) {
   throw Error(std::move(record));
 }
 
-void RaiseStandard(std::int32_t Number) { Raise(Number, u"Portico", StandardText(Number)); }
+void RaiseStandard(std::int32_t Number) { Raise(StandardError(Number)); }
+
+ErrorRecord StandardError(std::int32_t Number) {
+  ErrorRecord record;
+  record.Number = Number;
+  record.Source = u"Portico";
+  record.Description = String(StandardText(Number));
+  return record;
+}
 
 void Check(bool Condition, std::int32_t ErrNum, StringView Message, const Params& Values, StringView HelpFile,
            std::int32_t HelpContext) {
@@ -150,13 +158,7 @@ namespace {
 
 /// Makes what is being caught the current error.
 void LoadCaught() {
-  const auto standard = [](std::int32_t number) {
-    try {
-      HuntERR::RaiseStandard(number);
-    } catch (const Error& error) {
-      HuntERR::Load(error);
-    }
-  };
+  const auto standard = [](std::int32_t number) { HuntERR::Load(Error(HuntERR::StandardError(number))); };
   try {
     throw;
   } catch (const Quit&) {

@@ -33,6 +33,8 @@ IErrorEnvironment& Environment();
 [[noreturn]] void Raise(ErrorRecord record);
 /// Raises a standard number with the run time's own text and source.
 [[noreturn]] void RaiseStandard(std::int32_t Number);
+/// The record of such an error, to be recorded without raising it.
+ErrorRecord StandardError(std::int32_t Number);
 
 /// Raises `ErrNum` with `Message` and the source "HuntERR.Check" unless the condition holds. "||" in the message is a
 /// line break, %1, %2 … are replaced by the text forms of `Values`. With `ErrNum` 0 nothing is raised: the message is

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace portico {
@@ -53,5 +54,8 @@ public:
 inline constexpr std::int32_t TVSCPI_ATTR_TERMCHAR = 1150007;
 /// Attribute of a session: the command that asks for the next error (text).
 inline constexpr std::int32_t TVSCPI_ATTR_ERRORQUERYSCPI = 1150002;
+
+/// The driver that the channel uses. Wired before the factory is made.
+extern std::shared_ptr<IInstrumentDriver> gInstrumentDriver;
 
 } // namespace portico

@@ -1,0 +1,26 @@
+#include "channel/CChainLink.h"
+
+#include "framework/ErrorNumbers.h"
+#include "framework/HuntERR.h"
+#include "framework/modCommand.h"
+
+namespace portico {
+
+void CChainLink::SetUp(const Ref<ICommand>& InnerCommand, const Ref<IPublisher>& Publisher) {
+  m_innerCommand = InnerCommand;
+  m_publisher = Publisher;
+  m_response = nullptr;
+  m_initialized = true;
+}
+
+void CChainLink::Execute() try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  m_response = Operate();
+  AfterOperation();
+  modCommand::PublishIfAny(m_publisher, Ref<IObject>(shared_from_this()));
+  if (m_innerCommand) m_innerCommand->Execute();
+} catch (...) {
+  PassOn(String(LabelName()).append(u".ICommand_Execute"));
+}
+
+} // namespace portico

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "framework/CInstContainer.h"
+#include "framework/Creator.h"
+#include "framework/IReport.h"
+
+namespace portico {
+
+/// The report that no command can give: an instruction has ended.
+class CReport final : public IReport {
+public:
+  StringView ClassName() const override { return u"CReport"; }
+
+  /// An empty `Command` raises 5.
+  void Initialize(const String& Command, const Ref<CInstContainer>& Data, std::int32_t ErrorCode,
+                  const String& ErrorMessage, const String& SCPIInstruction);
+
+  /// The only property with a guard: 0x80041460 before `Initialize`.
+  String GetCommand() const override;
+  /// An instruction has no text of its own.
+  String GetData() const override { return {}; }
+  String GetErrorMessage() const override { return m_errorMessage; }
+  std::int32_t GetErrorCode() const override { return m_errorCode; }
+  String GetSCPIInstruction() const override { return m_instruction; }
+
+private:
+  String m_command;
+  Ref<CInstContainer> m_data;
+  std::int32_t m_errorCode = 0;
+  String m_errorMessage;
+  String m_instruction;
+  bool m_initialized = false;
+};
+
+/// "Report".
+extern const CreatorRow CtorReport;
+
+} // namespace portico

@@ -1,0 +1,123 @@
+#include "channel/ChannelCommands.h"
+
+#include "channel/IChannel.h"
+#include "framework/ErrorNumbers.h"
+#include "framework/HuntERR.h"
+#include "framework/IConfiguration.h"
+#include "framework/IObjectFactory.h"
+#include "framework/modGlobals.h"
+
+namespace portico {
+namespace {
+
+void CheckAttributeName(const String& name) {
+  HuntERR::Check(!name.empty(), ErrorNumber::InvalidArgument, u"Attribute name cannot be an empty string.");
+}
+
+} // namespace
+
+void COpenCmd::Initialize(const Ref<ICommand>& InnerCommand, const String& ChannelName,
+                          const Ref<IPublisher>& Publisher) try {
+  m_channelName = ChannelName;
+  SetUp(InnerCommand, Publisher);
+} catch (...) {
+  PassOn(u"COpenCmd.Initialize(InnerCommand,ChannelName)", {InnerCommand, ChannelName});
+}
+
+Ref<IResponse> COpenCmd::Operate() { return gChannel->OpenChannel(m_channelName); }
+
+void COpenCmd::AfterOperation() {
+  Create<IConfiguration>(u"Configuration")->ItemValue(u"InstrumentOpened", Value(GetErrorCode() == 0).ToString());
+}
+
+void CWriteCmd::Initialize(const Ref<ICommand>& InnerCommand, const String& Data,
+                           const Ref<IPublisher>& Publisher) try {
+  m_data = Data;
+  SetUp(InnerCommand, Publisher);
+} catch (...) {
+  PassOn(u"CWriteCmd.Initialize(InnerCommand,Data)", {InnerCommand, Data});
+}
+
+Ref<IResponse> CWriteCmd::Operate() { return gChannel->WriteData(m_data); }
+
+void CReadCmd::Initialize(const Ref<ICommand>& InnerCommand, const Ref<IPublisher>& Publisher) try {
+  SetUp(InnerCommand, Publisher);
+} catch (...) {
+  PassOn(u"CReadCmd.Initialize(InnerCommand)", {InnerCommand});
+}
+
+Ref<IResponse> CReadCmd::Operate() { return gChannel->ReadData(); }
+
+void CCloseCmd::Initialize(const Ref<ICommand>& InnerCommand, const Ref<IPublisher>& Publisher) try {
+  SetUp(InnerCommand, Publisher);
+} catch (...) {
+  PassOn(u"CCloseCmd.Initialize(InnerCommand)", {InnerCommand});
+}
+
+Ref<IResponse> CCloseCmd::Operate() { return gChannel->CloseChannel(); }
+
+void CGetAttribCmd::Initialize(const Ref<ICommand>& InnerCommand, const String& AttributeName,
+                               const Ref<IPublisher>& Publisher) try {
+  CheckAttributeName(AttributeName);
+  m_attributeName = AttributeName;
+  SetUp(InnerCommand, Publisher);
+} catch (...) {
+  PassOn(u"CGetAttribCmd.Initialize(InnerCommand,AttributeName)", {InnerCommand, AttributeName});
+}
+
+Ref<IResponse> CGetAttribCmd::Operate() { return gChannel->GetChannelAttribute(m_attributeName); }
+
+void CSetAttribCmd::Initialize(const Ref<ICommand>& InnerCommand, const String& AttributeName,
+                               const String& AttributeValue, const Ref<IPublisher>& Publisher) try {
+  CheckAttributeName(AttributeName);
+  m_attributeName = AttributeName;
+  m_attributeValue = AttributeValue;
+  SetUp(InnerCommand, Publisher);
+} catch (...) {
+  PassOn(u"CSetAttribCmd.Initialize(InnerCommand,AttributeName)", {InnerCommand, AttributeName});
+}
+
+Ref<IResponse> CSetAttribCmd::Operate() { return gChannel->SetChannelAttribute(m_attributeName, m_attributeValue); }
+
+namespace {
+
+Ref<IPublisher> Agent() { return Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray()); }
+
+/// A new command, initialized with the inner command, `arguments`, and the publisher.
+template <class Command, class... Arguments>
+Ref<IObject> Link(const Params& Parameters, const Arguments&... arguments) {
+  auto command = New<Command>();
+  command->Initialize(Parameters[0].ToObject<ICommand>(), arguments..., Agent());
+  return command;
+}
+
+} // namespace
+
+const CreatorRow CtorOpenCmd = {u"CtorOpenCmd", u"OpenCmd", 2, [](const Params& Parameters) {
+                                  return Link<COpenCmd>(Parameters, Parameters[1].ToString());
+                                }};
+
+const CreatorRow CtorWriteCmd = {u"CtorWriteCmd", u"WriteCmd", 2, [](const Params& Parameters) {
+                                   return Link<CWriteCmd>(Parameters, Parameters[1].ToString());
+                                 }};
+
+const CreatorRow CtorReadCmd = {u"CtorReadCmd", u"ReadCmd", 2, [](const Params& Parameters) {
+                                  // One parameter too many, because the builder treats all its commands alike.
+                                  HuntERR::Check(Parameters[1].ToString().empty(), ErrorNumber::InvalidArgument,
+                                                 u"Second parameter cannot have a value.");
+                                  return Link<CReadCmd>(Parameters);
+                                }};
+
+const CreatorRow CtorCloseCmd = {u"CtorCloseCmd", u"CloseCmd", 1,
+                                 [](const Params& Parameters) { return Link<CCloseCmd>(Parameters); }};
+
+const CreatorRow CtorGetAttribCmd = {u"CtorGetAttribCmd", u"GetAttribCmd", 2, [](const Params& Parameters) {
+                                       return Link<CGetAttribCmd>(Parameters, Parameters[1].ToString());
+                                     }};
+
+const CreatorRow CtorSetAttribCmd = {u"CtorSetAttribCmd", u"SetAttribCmd", 3, [](const Params& Parameters) {
+                                       return Link<CSetAttribCmd>(Parameters, Parameters[1].ToString(),
+                                                                  Parameters[2].ToString());
+                                     }};
+
+} // namespace portico

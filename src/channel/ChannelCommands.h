@@ -1,0 +1,83 @@
+#pragma once
+
+#include "channel/CChainLink.h"
+#include "framework/Creator.h"
+
+namespace portico {
+
+// The links that use the channel `gChannel`, one operation each.
+
+/// Opens the channel and notes in the configuration whether it is open.
+class COpenCmd final : public CChainLink {
+public:
+  StringView ClassName() const override { return u"COpenCmd"; }
+  void Initialize(const Ref<ICommand>& InnerCommand, const String& ChannelName, const Ref<IPublisher>& Publisher);
+
+private:
+  Ref<IResponse> Operate() override;
+  void AfterOperation() override;
+  String m_channelName;
+};
+
+class CWriteCmd final : public CChainLink {
+public:
+  StringView ClassName() const override { return u"CWriteCmd"; }
+  void Initialize(const Ref<ICommand>& InnerCommand, const String& Data, const Ref<IPublisher>& Publisher);
+  /// The data without the carriage return that the channel adds.
+  String GetSCPIInstruction() const override { return m_data; }
+
+private:
+  Ref<IResponse> Operate() override;
+  String m_data;
+};
+
+class CReadCmd final : public CChainLink {
+public:
+  StringView ClassName() const override { return u"CReadCmd"; }
+  void Initialize(const Ref<ICommand>& InnerCommand, const Ref<IPublisher>& Publisher);
+
+private:
+  Ref<IResponse> Operate() override;
+};
+
+class CCloseCmd final : public CChainLink {
+public:
+  StringView ClassName() const override { return u"CCloseCmd"; }
+  void Initialize(const Ref<ICommand>& InnerCommand, const Ref<IPublisher>& Publisher);
+
+private:
+  Ref<IResponse> Operate() override;
+};
+
+class CGetAttribCmd final : public CChainLink {
+public:
+  StringView ClassName() const override { return u"CGetAttribCmd"; }
+  /// An empty name raises 5.
+  void Initialize(const Ref<ICommand>& InnerCommand, const String& AttributeName, const Ref<IPublisher>& Publisher);
+
+private:
+  Ref<IResponse> Operate() override;
+  String m_attributeName;
+};
+
+class CSetAttribCmd final : public CChainLink {
+public:
+  StringView ClassName() const override { return u"CSetAttribCmd"; }
+  /// An empty name raises 5; an empty value is legal.
+  void Initialize(const Ref<ICommand>& InnerCommand, const String& AttributeName, const String& AttributeValue,
+                  const Ref<IPublisher>& Publisher);
+
+private:
+  Ref<IResponse> Operate() override;
+  String m_attributeName;
+  String m_attributeValue;
+};
+
+extern const CreatorRow CtorOpenCmd;
+extern const CreatorRow CtorWriteCmd;
+extern const CreatorRow CtorReadCmd;
+extern const CreatorRow CtorCloseCmd;
+extern const CreatorRow CtorGetAttribCmd;
+extern const CreatorRow CtorSetAttribCmd;
+
+} // namespace portico

@@ -1,0 +1,96 @@
+#include "configuration/CConfiguration.h"
+
+#include "configuration/ConfigurationXml.h"
+#include "framework/CResponse.h"
+#include "framework/ErrorNumbers.h"
+#include "framework/HuntERR.h"
+
+namespace portico {
+namespace {
+
+Ref<IResponse> Success(const ConfigurationXml& document) {
+  auto response = New<CResponse>();
+  response->Initialize(0, document.Text());
+  return response;
+}
+
+} // namespace
+
+void CConfiguration::Initialize() try {
+  m_items = {};
+  m_initialized = true;
+} catch (...) {
+  PassOn(Label(u".Initialize"));
+}
+
+Ref<IResponse> CConfiguration::Update(const String& Configuration) try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  ConfigurationXml document(Configuration);
+  document.ForEach(
+      [this](const String& name, pugi::xml_node parameter) { ItemValue(name, ConfigurationXml::ValueOf(parameter)); });
+  return AllItems();
+} catch (...) {
+  PassOn(Label(u".Update(Configuration)"), {Configuration});
+}
+
+Ref<IResponse> CConfiguration::Retrieve(const String& Configuration) try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  if (Configuration.empty()) return AllItems();
+  ConfigurationXml document(Configuration);
+  document.ForEach(
+      [this](const String& name, pugi::xml_node parameter) { ConfigurationXml::SetValue(parameter, ItemValue(name)); });
+  return Success(document);
+} catch (...) {
+  PassOn(Label(u".Update(Configuration)"), {Configuration}); // the two have always shared a label
+}
+
+void CConfiguration::Clear() try {
+  m_items = {};
+} catch (...) {
+  PassOn(Label(u".Clear()"));
+}
+
+String CConfiguration::ItemValue(const String& Name) try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  const Ref<CSetting>* item = m_items.Find(Name);
+  if (item == nullptr) {
+    HuntERR::Raise(ErrorNumber::NoSuchItem, ClassName(),
+                   u"Requested configuration item, " + Name + u", does not exist.");
+  }
+  return (*item)->Value();
+} catch (...) {
+  PassOn(Label(u".IConfiguration_ItemValue()"), {Name});
+}
+
+void CConfiguration::ItemValue(const String& Name, const String& Value) {
+  if (!m_initialized || Name.empty()) return;
+  if (const Ref<CSetting>* item = m_items.Find(Name)) {
+    (*item)->Value(Value);
+    return;
+  }
+  auto item = New<CSetting>();
+  item->Initialize(Name, Value);
+  m_items.Add(item, Name);
+}
+
+Ref<IResponse> CConfiguration::AllItems() const {
+  ConfigurationXml document;
+  for (std::size_t i = 1; i <= m_items.Count(); ++i) document.Append(m_items.Item(i)->Name(), m_items.Item(i)->Value());
+  return Success(document);
+}
+
+const CreatorRow CtorConfiguration = {
+    .Name = u"CtorConfiguration",
+    .Specification = u"Configuration",
+    .ParamCount = 0,
+    .Make = [](const Params&) -> Ref<IObject> {
+      auto configuration = New<CConfiguration>();
+      configuration->Initialize();
+      return configuration;
+    },
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Configuration object does not exist.",
+    .Singleton = true,
+};
+
+} // namespace portico

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "configuration/CSetting.h"
+#include "framework/Creator.h"
+#include "framework/IConfiguration.h"
+#include "framework/KeyedList.h"
+
+#include <memory>
+
+namespace portico {
+
+/// The configuration server: it holds the one table of items. Creators and commands use it directly, which tells the
+/// main window nothing. One in the process, held by its creator.
+class CConfiguration final : public IConfiguration, public IConfigurationServer {
+public:
+  StringView ClassName() const override { return u"CConfiguration"; }
+
+  void Initialize();
+  Ref<IResponse> Update(const String& Configuration) override;
+  Ref<IResponse> Retrieve(const String& Configuration) override;
+  void Clear();
+  String ItemValue(const String& Name) override;
+  /// Never raises: a write that fails, or that comes before `Initialize`, has no effect.
+  void ItemValue(const String& Name, const String& Value) override;
+
+private:
+  String Label(StringView member) const { return String(ClassName()).append(member); }
+  Ref<IResponse> AllItems() const;
+
+  bool m_initialized = false;
+  KeyedList<Ref<CSetting>> m_items;
+};
+
+/// "Configuration".
+extern const CreatorRow CtorConfiguration;
+
+} // namespace portico

@@ -1,0 +1,136 @@
+#include "configuration/CConfigurationClient.h"
+
+#include "configuration/Options.h"
+#include "framework/Application.h"
+#include "framework/ErrorNumbers.h"
+#include "framework/HuntERR.h"
+#include "framework/IMainWindow.h"
+#include "framework/IObjectFactory.h"
+#include "framework/modGlobals.h"
+
+#include <array>
+#include <utility>
+
+namespace portico {
+namespace {
+
+constexpr char16_t ProtocolItem[] = u"ProtocolName";
+constexpr char16_t StoreSection[] = u"Configuration";
+
+/// Items that start fresh at each run.
+constexpr std::array<std::pair<StringView, StringView>, 6> FreshItems = {{
+    {u"InstrumentOpened", u"False"},
+    {u"OpenfromTree", u"False"},
+    {u"InstrumentName", u""},
+    {u"LogFileName", u""},
+    {u"Logging", u"On"},
+    {u"RunningMode", u"Off"},
+}};
+
+[[noreturn]] void RaiseUnknownProtocol() {
+  HuntERR::Raise(ErrorNumber::InternalState, u"CConfigurationClient", u"Unknown communication protocol.");
+}
+
+} // namespace
+
+CConfigurationClient::CConfigurationClient() try : m_store(gSettingsStore) {
+  if (!m_store) RaiseUnsetReference();
+  SetGlobalConfigurationServer();
+  RestoreConfiguration();
+} catch (...) {
+  FailConstruction(u"CConfigurationClient.Class_Initialize");
+}
+
+CConfigurationClient::~CConfigurationClient() {
+  try {
+    PersistConfiguration();
+    ResetGlobalConfigurationServer();
+  } catch (...) {
+    SwallowInDestructor(u"CConfigurationClient.Class_Terminate");
+  }
+}
+
+const Ref<IConfiguration>& CConfigurationClient::Server() const {
+  HuntERR::Check(bool(m_server), ErrorNumber::ObjectRequired, u"This operation requires a configuration server.");
+  return m_server;
+}
+
+std::int32_t CConfigurationClient::Protocol() const try {
+  const String name = Server()->ItemValue(ProtocolItem);
+  if (name == u"SCPI") return SCPI;
+  if (name == u"Other") return Other;
+  RaiseUnknownProtocol();
+} catch (...) {
+  PassOn(Label(u".Protocol"));
+}
+
+void CConfigurationClient::Protocol(std::int32_t newvalue) try {
+  Server();
+  if (newvalue != SCPI && newvalue != Other) RaiseUnknownProtocol();
+  m_server->ItemValue(ProtocolItem, newvalue == SCPI ? u"SCPI" : u"Other");
+  ApplyProtocolSettings();
+} catch (...) {
+  PassOn(Label(u".Protocol(newvalue)"), {newvalue});
+}
+
+String CConfigurationClient::ItemValue(const String& Name) try { return m_server->ItemValue(Name); } catch (...) {
+  PassOn(Label(u".IConfiguration_ItemValue(Name)"), {Name});
+}
+
+void CConfigurationClient::ItemValue(const String& Name, const String& Value) try {
+  m_server->ItemValue(Name, Value);
+  if (Name == ProtocolItem) {
+    ApplyProtocolSettings();
+    gMainForm->UpdateUI({}, {});
+  } else {
+    gMainForm->UpdateUI(Name, Value);
+  }
+} catch (...) {
+  PassOn(Label(u".IConfiguration_ItemValue(Name, RHS)"), {Name, Value});
+}
+
+void CConfigurationClient::ResetGlobalConfigurationServer() try { m_server = nullptr; } catch (...) {
+  PassOn(Label(u".ResetGlobalConfigurationServer()"));
+}
+
+void CConfigurationClient::SetGlobalConfigurationServer() try {
+  HuntERR::Check(bool(gObjectFactory), ErrorNumber::ObjectRequired, u"This operation requires an object factory.");
+  m_server = Create<IConfiguration>(u"Configuration", modGlobals::VarArray());
+  HuntERR::Check(bool(m_server), ErrorNumber::CannotCreate, u"Cannot create a configuration server.");
+} catch (...) {
+  PassOn(Label(u".SetGlobalConfigurationServer()"));
+}
+
+void CConfigurationClient::RestoreConfiguration() try {
+  for (const auto& [name, value] : FreshItems) m_server->ItemValue(String(name), String(value));
+  for (const PersistedOption& option : PersistedOptions()) {
+    const String name(option.Name);
+    m_server->ItemValue(name, m_store->GetSetting(ApplicationTitle, StoreSection, name, String(option.Default)));
+  }
+  ApplyProtocolSettings();
+} catch (...) {
+  PassOn(Label(u".RestoreConfiguration()"));
+}
+
+void CConfigurationClient::PersistConfiguration() try {
+  for (const PersistedOption& option : PersistedOptions()) {
+    const String name(option.Name);
+    m_store->SaveSetting(ApplicationTitle, StoreSection, name, m_server->ItemValue(name));
+  }
+} catch (...) {
+  PassOn(Label(u".PersistConfiguration()"));
+}
+
+void CConfigurationClient::ApplyProtocolSettings() try {
+  const String protocol = m_server->ItemValue(ProtocolItem);
+  const bool scpi = protocol == u"SCPI";
+  if (!scpi && protocol != u"Other") RaiseUnknownProtocol();
+  for (const WorkingItem& item : WorkingItems()) {
+    const String option(scpi ? item.ScpiOption : item.OtherOption);
+    m_server->ItemValue(String(item.Name), option.empty() ? String(item.OtherFixed) : m_server->ItemValue(option));
+  }
+} catch (...) {
+  PassOn(Label(u".ApplyProtocolSettings"));
+}
+
+} // namespace portico

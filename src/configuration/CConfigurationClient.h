@@ -1,0 +1,45 @@
+#pragma once
+
+#include "framework/IConfiguration.h"
+#include "platform/ISettingsStore.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace portico {
+
+/// The window's front of the configuration: it fills the server's table when it is made, saves the persisted items when
+/// it goes, and has the main window redraw when an item is written through it. Lives as long as the main window.
+class CConfigurationClient final : public IConfiguration {
+public:
+  enum ProtocolCode : std::int32_t { SCPI = 0, Other = 1 };
+
+  /// Needs the factory (424) and the platform's settings store, which is kept alive.
+  CConfigurationClient();
+  ~CConfigurationClient() override;
+
+  StringView ClassName() const override { return u"CConfigurationClient"; }
+
+  /// A stored protocol that is neither of the two raises 51.
+  std::int32_t Protocol() const;
+  /// Brings the protocol's options into effect. Any other code raises 51.
+  void Protocol(std::int32_t newvalue);
+
+  String ItemValue(const String& Name) override;
+  /// Writing "ProtocolName" brings that protocol's options into effect; writing an option alone does not.
+  void ItemValue(const String& Name, const String& Value) override;
+
+private:
+  String Label(StringView member) const { return String(ClassName()).append(member); }
+  void ResetGlobalConfigurationServer();
+  void SetGlobalConfigurationServer();
+  void RestoreConfiguration();
+  void PersistConfiguration();
+  void ApplyProtocolSettings();
+  const Ref<IConfiguration>& Server() const;
+
+  std::shared_ptr<ISettingsStore> m_store;
+  Ref<IConfiguration> m_server;
+};
+
+} // namespace portico

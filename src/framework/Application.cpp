@@ -1,0 +1,7 @@
+#include "framework/Application.h"
+
+namespace portico {
+
+String ApplicationVersion() { return FromAscii(PORTICO_VERSION); }
+
+} // namespace portico

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "framework/Creator.h"
+#include "instructions/CInstProcessors.h"
+
+namespace portico {
+
+/// The one processor that the rest of the system sees. It offers each instruction to every handler.
+class CInstDirector final : public IInstProcessor {
+public:
+  StringView ClassName() const override { return u"CInstDirector"; }
+
+  /// A handler for a prefix that has one replaces it and takes the last place. Nothing raises 91; a processor that is
+  /// no `IInstHandler` raises 13.
+  void RegisterHandler(const Ref<IInstProcessor>& Handler);
+  /// An instruction that no handler takes raises 0x80041450. If two match, both run it.
+  std::int32_t Send(const Ref<CInstContainer>& Instruction) override;
+
+private:
+  CInstProcessors m_handlers;
+};
+
+/// "InstructionProcessor".
+extern const CreatorRow CtorInstProcessor;
+
+} // namespace portico

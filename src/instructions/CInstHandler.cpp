@@ -1,0 +1,85 @@
+#include "instructions/CInstHandler.h"
+
+#include "channel/CReport.h"
+#include "framework/ErrorNumbers.h"
+#include "framework/HuntERR.h"
+#include "framework/ICommand.h"
+#include "framework/IPublisher.h"
+#include "framework/modGlobals.h"
+#include "instructions/IBuilder.h"
+
+#include <initializer_list>
+
+namespace portico {
+
+void CInstHandler::Initialize(const String& InstructionPrefix, const StringArray& CommandBuilderSpecs) try {
+  HuntERR::Check(!InstructionPrefix.empty(), ErrorNumber::InvalidArgument,
+                 u"InstructionPrefix cannot be an empty string.");
+  HuntERR::Check(CommandBuilderSpecs.IsAllocated(), ErrorNumber::InvalidArgument,
+                 u"CommandBuilderSpecs cannot be an empty Array.");
+  for (const String& specification : CommandBuilderSpecs.Elements()) {
+    HuntERR::Check(!specification.empty(), ErrorNumber::InvalidArgument,
+                   u"A CommandBuilderSpec cannot be an empty string.");
+  }
+  m_prefix = InstructionPrefix;
+  m_commandBuilderSpecs = CommandBuilderSpecs;
+  m_initialized = true;
+} catch (...) {
+  PassOn(u"CInstHandler.Initialize");
+}
+
+String CInstHandler::Prefix() const {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyNotValidBeforeInitialize);
+  return m_prefix;
+}
+
+std::int32_t CInstHandler::Send(const Ref<CInstContainer>& Instruction) try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  HuntERR::Check(!Instruction->FunctionName().empty(), ErrorNumber::MissingFunction,
+                 u"Syntax error: Function call is missing from instruction.");
+  if (!EqualNoCase(Instruction->CmdType(), m_prefix)) return NotHandled;
+
+  Ref<ICommand> command; // from the innermost link outwards
+  for (std::int32_t i = m_commandBuilderSpecs.UpperBound(); i >= m_commandBuilderSpecs.LowerBound(); --i) {
+    command = Create<IBuilder>(m_commandBuilderSpecs[i], modGlobals::VarArray())->Build(command, Instruction);
+  }
+  command->Execute();
+  PublishReport(Instruction);
+  return Done;
+} catch (...) {
+  PassOn(u"CSCPIInstHandler.IInstProcessor_Send(Instruction)", {Instruction}); // one label for all three handlers
+}
+
+void CInstHandler::PublishReport(const Ref<CInstContainer>& Instruction) const try {
+  auto report = New<CReport>();
+  HuntERR::Check(bool(report), ErrorNumber::CannotCreate, u"Cannot create an instruction-processing-complete report.");
+  report->Initialize(m_prefix + u"InstructionProcessor", Instruction, ErrorNumber::InstructionComplete, {}, {});
+  portico::Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray())->Notify(report);
+} catch (...) {
+  StopHere(String(ClassName()).append(u".PublishReport()"), {Instruction});
+}
+
+namespace {
+
+Ref<IObject> Handler(StringView prefix, std::initializer_list<String> specifications) {
+  auto handler = New<CInstHandler>();
+  handler->Initialize(String(prefix), StringArray(specifications));
+  return handler;
+}
+
+} // namespace
+
+const CreatorRow CtorCOMMInstHandler = {
+    u"CtorCOMMInstHandler", u"CommunicationInstructionHandler", 0,
+    [](const Params&) { return Handler(u"COMM", {u"CommunicationCommandBuilder"}); }};
+
+const CreatorRow CtorSCPIInstHandler = {
+    u"CtorSCPIInstHandler", u"SCPIInstructionHandler", 0, [](const Params&) {
+      return Handler(u"SCPI", {u"PacingCommandBuilder", u"SCPICommandBuilder", u"ErrorCheckingCommandBuilder"});
+    }};
+
+const CreatorRow CtorCONFIGInstHandler = {
+    u"CtorCONFIGInstHandler", u"ConfigurationInstructionHandler", 0,
+    [](const Params&) { return Handler(u"CONFIG", {u"ConfigurationCommandBuilder"}); }};
+
+} // namespace portico

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "framework/Creator.h"
+#include "instructions/IInstProcessor.h"
+#include "instructions/StringArray.h"
+
+namespace portico {
+
+/// Carries out the instructions of one type: its builders assemble a chain of commands, the chain runs, and the end is
+/// announced with a report of code 0x80041454.
+///
+/// Builders are made anew for each instruction, so that a change of settings takes effect at the next one.
+class CInstHandler final : public IInstHandler, public IInstProcessor {
+public:
+  StringView ClassName() const override { return u"CInstHandler"; }
+
+  /// Builder specifications, outermost first. An empty prefix, a list that does not exist or an empty specification
+  /// raises 5.
+  void Initialize(const String& InstructionPrefix, const StringArray& CommandBuilderSpecs);
+
+  /// Before `Initialize`: 0x80041460.
+  String Prefix() const override;
+  /// Before `Initialize`: 0x80041460. An instruction without a function name raises 0x8004145A, whatever its type.
+  std::int32_t Send(const Ref<CInstContainer>& Instruction) override;
+
+private:
+  void PublishReport(const Ref<CInstContainer>& Instruction) const;
+
+  String m_prefix;
+  StringArray m_commandBuilderSpecs;
+  bool m_initialized = false;
+};
+
+/// "CommunicationInstructionHandler", "SCPIInstructionHandler", "ConfigurationInstructionHandler": they differ in
+/// prefix and builders only.
+extern const CreatorRow CtorCOMMInstHandler;
+extern const CreatorRow CtorSCPIInstHandler;
+extern const CreatorRow CtorCONFIGInstHandler;
+
+} // namespace portico

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "framework/KeyedList.h"
+#include "framework/Value.h"
+#include "instructions/IInstProcessor.h"
+
+namespace portico {
+
+/// The typed keyed list of processors.
+class CInstProcessors {
+public:
+  /// An empty key stands for none. Returns the new item.
+  Ref<IInstProcessor> Add(const Ref<IInstProcessor>& NewItem, const String& Key);
+  /// Nothing, and no error, for an absent position or key.
+  Ref<IInstProcessor> Item(const Value& IndexOrKey) const;
+  std::size_t Count() const;
+  /// Absent raises 5.
+  void Remove(const Value& IndexOrKey);
+  std::vector<Ref<IInstProcessor>> NewEnum() const;
+
+private:
+  KeyedList<Ref<IInstProcessor>> m_list;
+};
+
+} // namespace portico

@@ -1,0 +1,144 @@
+#include "application/Registrars.h"
+
+#include "channel/CDriverSession.h"
+#include "channel/CIntervalPacingCmd.h"
+#include "channel/CIntervalTimer.h"
+#include "channel/CReport.h"
+#include "channel/ChannelCommands.h"
+#include "channel/ConfigurationCommands.h"
+#include "configuration/CConfiguration.h"
+#include "framework/CSubscriptionAgent.h"
+#include "framework/ErrorNumbers.h"
+#include "framework/HuntERR.h"
+#include "framework/modGlobals.h"
+#include "instructions/CCommCmdBuilder.h"
+#include "instructions/CConfigCmdBuilder.h"
+#include "instructions/CErrChkCmdBuilder.h"
+#include "instructions/CInstDirector.h"
+#include "instructions/CInstHandler.h"
+#include "instructions/CNullCmdBuilder.h"
+#include "instructions/CSCPICmdBuilder.h"
+#include "instructions/PacingBuilders.h"
+
+#include <array>
+
+namespace portico {
+namespace {
+
+using Rows = std::span<const CreatorRow* const>;
+
+void CheckFactory(const Ref<IObjectFactory>& factory) {
+  HuntERR::Check(bool(factory), ErrorNumber::InvalidArgument, u"Object factory cannot be nothing.");
+}
+
+/// The communication handler, then SCPI, then configuration: the order in which they are offered an instruction.
+void BuildInstructionProcessor(const Ref<IObjectFactory>& factory) {
+  const auto make = [&](StringView specification) {
+    return Cast<IInstProcessor>(factory->CreateObject(specification, modGlobals::VarArray()));
+  };
+  const auto director = Cast<CInstDirector>(make(u"InstructionProcessor"));
+  const auto communication = make(u"CommunicationInstructionHandler");
+  const auto scpi = make(u"SCPIInstructionHandler");
+  const auto configuration = make(u"ConfigurationInstructionHandler");
+  director->RegisterHandler(communication);
+  director->RegisterHandler(scpi);
+  director->RegisterHandler(configuration);
+}
+
+} // namespace
+
+void CRegistrarBase::RegisterClasses(const Ref<IObjectFactory>& ObjectFactory) try {
+  CheckFactory(ObjectFactory);
+  for (const CreatorRow* row : Rows()) ObjectFactory->Add(MakeCreator(*row));
+  AfterRegistration(ObjectFactory);
+} catch (...) {
+  PassOn(String(ClassName()).append(u".IRegistrar_RegisterClasses(ObjectFactory)"), {ObjectFactory});
+}
+
+void CRegistrarBase::UnregisterClasses(const Ref<IObjectFactory>& ObjectFactory) try {
+  CheckFactory(ObjectFactory);
+  BeforeRemoval(ObjectFactory);
+  for (const CreatorRow* row : Rows()) ObjectFactory->Remove(MakeCreator(*row));
+  AfterRemoval();
+} catch (...) {
+  PassOn(String(ClassName()).append(u".IRegistrar_UnregisterClasses(ObjectFactory)"), {ObjectFactory});
+}
+
+Rows CRegistrar::Rows() const {
+  static constexpr std::array rows = {&CtorReport};
+  return rows;
+}
+
+Rows CDataEntityRegistrar::Rows() const { return {}; }
+void CDataEntityRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) {
+  gObjectFactory = ObjectFactory;
+}
+void CDataEntityRegistrar::AfterRemoval() { gObjectFactory = nullptr; }
+
+Rows CConfigurationRegistrar::Rows() const {
+  static constexpr std::array rows = {&CtorConfiguration};
+  return rows;
+}
+
+Rows CSubscriptionAgentRegistrar::Rows() const {
+  static constexpr std::array rows = {&CtorSubscriptionAgent};
+  return rows;
+}
+
+Rows CDriverSessionRegistrar::Rows() const {
+  static constexpr std::array rows = {&CtorDriverSession};
+  return rows;
+}
+
+Rows CInstDirectorRegistrar::Rows() const {
+  static constexpr std::array rows = {&CtorInstProcessor};
+  return rows;
+}
+void CInstDirectorRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) {
+  New<CCfgInstHndlrRegistrar>()->RegisterClasses(ObjectFactory);
+  New<CCommInstHndlrRegistrar>()->RegisterClasses(ObjectFactory);
+  New<CSCPIInstHndlrRegistrar>()->RegisterClasses(ObjectFactory);
+  BuildInstructionProcessor(ObjectFactory);
+}
+void CInstDirectorRegistrar::BeforeRemoval(const Ref<IObjectFactory>& ObjectFactory) {
+  New<CSCPIInstHndlrRegistrar>()->UnregisterClasses(ObjectFactory);
+  New<CCommInstHndlrRegistrar>()->UnregisterClasses(ObjectFactory);
+  New<CCfgInstHndlrRegistrar>()->UnregisterClasses(ObjectFactory);
+}
+
+Rows CCfgInstHndlrRegistrar::Rows() const {
+  static constexpr std::array rows = {&CtorCONFIGInstHandler, &CtorConfigCmdBuilder, &CtorSetConfigCmd,
+                                      &CtorGetConfigCmd};
+  return rows;
+}
+void CCfgInstHndlrRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) {
+  gObjectFactory = ObjectFactory;
+}
+void CCfgInstHndlrRegistrar::AfterRemoval() { gObjectFactory = nullptr; }
+
+Rows CCommInstHndlrRegistrar::Rows() const {
+  static constexpr std::array rows = {&CtorCOMMInstHandler, &CtorCommCmdBuilder, &CtorSetAttribCmd, &CtorGetAttribCmd,
+                                      &CtorCloseCmd,        &CtorOpenCmd,        &CtorReadCmd,      &CtorWriteCmd};
+  return rows;
+}
+void CCommInstHndlrRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) {
+  gObjectFactory = ObjectFactory;
+  gChannel = Create<IChannel>(u"DriverSession", modGlobals::VarArray());
+}
+void CCommInstHndlrRegistrar::AfterRemoval() {
+  gObjectFactory = nullptr;
+  gChannel = nullptr;
+}
+
+Rows CSCPIInstHndlrRegistrar::Rows() const {
+  static constexpr std::array rows = {&CtorSCPIInstHandler, &CtorSCPICmdBuilder,    &CtorPacingCmdBuilder,
+                                      &CtorOPCQueryCmdBldr, &CtorIntrvlPcngCmdBldr, &CtorIntervalPacingCmd,
+                                      &CtorIntervalTimer,   &CtorErrChkCmdBuilder,  &CtorNullCmdBuilder};
+  return rows;
+}
+void CSCPIInstHndlrRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) {
+  gObjectFactory = ObjectFactory;
+}
+void CSCPIInstHndlrRegistrar::AfterRemoval() { gObjectFactory = nullptr; }
+
+} // namespace portico

@@ -1,0 +1,64 @@
+#include "application/Startup.h"
+
+#include "application/Registrars.h"
+#include "channel/IChannel.h"
+#include "framework/CObjectFactory.h"
+#include "framework/ErrorNumbers.h"
+#include "framework/HuntERR.h"
+#include "framework/IConfiguration.h"
+#include "framework/Quit.h"
+#include "framework/modGlobals.h"
+
+namespace portico::modAppGlobals {
+namespace {
+
+template <class Registrar>
+void Register() {
+  New<Registrar>()->RegisterClasses(gObjectFactory);
+}
+
+} // namespace
+
+void Main(const Startup& startup) try {
+  DetectXMLParser(startup.CreateXMLDocument);
+  const Ref<IMainForm> form = startup.CreateMainForm(CreateObjectFactory);
+  gMainForm = form;
+  form->Show();
+  if (Trim(startup.CommandLine).empty()) return;
+  auto configuration = Create<IConfiguration>(u"Configuration", modGlobals::VarArray());
+  configuration->ItemValue(u"InstrumentName", startup.CommandLine);
+  configuration->ItemValue(u"OpenfromTree", Value(true).ToString());
+  configuration = nullptr;
+  form->mnuFileOpenInstrument_Click();
+} catch (...) {
+  StopHere(u"modAppGlobals.Main()");
+}
+
+void DetectXMLParser(const std::function<void()>& createXMLDocument) try {
+  createXMLDocument();
+  gXMLParserAvailable = true;
+} catch (const Quit&) {
+  throw;
+} catch (...) {
+  gXMLParserAvailable = false;
+}
+
+void CreateObjectFactory() try {
+  gObjectFactory = New<CObjectFactory>();
+  HuntERR::Check(bool(gObjectFactory), ErrorNumber::CannotCarryOut, u"Failed to create object factory.");
+  Register<CRegistrar>();
+  Register<CDataEntityRegistrar>();
+  Register<CConfigurationRegistrar>();
+  Register<CSubscriptionAgentRegistrar>();
+  Register<CDriverSessionRegistrar>();
+  Register<CInstDirectorRegistrar>();
+} catch (...) {
+  PassOn(u"modAppGlobals.CreateObjectFactory()");
+}
+
+void ReleaseObjectFactory() {
+  gObjectFactory = nullptr;
+  gChannel = nullptr;
+}
+
+} // namespace portico::modAppGlobals

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "framework/IMainWindow.h"
+#include "framework/text.h"
+
+#include <functional>
+
+namespace portico {
+
+/// What `Main` needs of the main window beyond what the system below it needs.
+class IMainForm : public virtual IMainWindow {
+public:
+  /// Runs the window's `Form_Load`.
+  virtual void Show() = 0;
+  virtual void mnuFileOpenInstrument_Click() = 0;
+};
+
+namespace modAppGlobals {
+
+/// What the program hands to `Main`.
+struct Startup {
+  /// Makes one XML document and lets it go; throws where that cannot be done.
+  std::function<void()> CreateXMLDocument;
+  /// Makes the main window, whose `Form_Initialize` calls what it is given.
+  std::function<Ref<IMainForm>(std::function<void()> CreateObjectFactory)> CreateMainForm;
+  /// The whole command line without the program's name; all of it is an instrument name.
+  String CommandLine;
+};
+
+/// Program entry. An error ends here and is shown to nobody; the program goes on with whatever window is up.
+void Main(const Startup& startup);
+
+/// Sets `gXMLParserAvailable`. Never raises.
+void DetectXMLParser(const std::function<void()>& createXMLDocument);
+
+/// Makes `gObjectFactory` and runs the six registrars in their order.
+void CreateObjectFactory();
+
+/// Lets the factory go, and with it every singleton; the channel follows at once, so that an instrument which is still
+/// open is closed now.
+void ReleaseObjectFactory();
+
+} // namespace modAppGlobals
+} // namespace portico

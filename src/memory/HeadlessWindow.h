@@ -1,0 +1,23 @@
+#pragma once
+
+#include "framework/IMainWindow.h"
+
+namespace portico::memory {
+
+/// The main window of a program that has none: it remembers what it is told and draws nothing.
+class HeadlessWindow final : public IMainWindow {
+public:
+  StringView ClassName() const override { return u"HeadlessWindow"; }
+
+  std::int32_t MousePointer() const override { return m_pointer; }
+  void MousePointer(std::int32_t shape) override { m_pointer = shape; }
+  bool Executing() const override { return m_executing; }
+  void Executing(bool newValue) override { m_executing = newValue; }
+  void UpdateUI(const String&, const String&) override {}
+
+private:
+  std::int32_t m_pointer = 0;
+  bool m_executing = false;
+};
+
+} // namespace portico::memory

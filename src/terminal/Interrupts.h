@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+
+namespace portico::terminal {
+
+/// Ctrl+C and a request to terminate. The first asks for an end at the line boundary; from the second on
+/// `onSecond` is called, in the signal handler, to end a wait as well. One object at a time.
+class Interrupts {
+public:
+  /// `onSecond` must be safe in a signal handler.
+  explicit Interrupts(std::function<void()> onSecond);
+  ~Interrupts();
+  Interrupts(const Interrupts&) = delete;
+  Interrupts& operator=(const Interrupts&) = delete;
+
+  bool Requested() const;
+  /// Waits until the descriptor can be read; false once the user has interrupted.
+  bool WaitForInput(int descriptor) const;
+
+private:
+  std::function<void()> m_onSecond;
+};
+
+} // namespace portico::terminal

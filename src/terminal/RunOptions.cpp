@@ -1,0 +1,141 @@
+#include "terminal/RunOptions.h"
+
+#include "configuration/Options.h"
+#include "framework/Application.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+namespace portico::terminal {
+namespace {
+
+constexpr int LongestTimeout = 3'600'000; // an hour
+constexpr int LongestInterval = 65535;    // what the pacing timer takes
+
+std::optional<int> ReadWhole(std::string_view text) {
+  int number = 0;
+  const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (fault != std::errc{} || end != text.data() + text.size()) return {};
+  return number;
+}
+
+/// What would be right, for an option value that is not; empty if it is.
+std::string Complaint(OptionKind kind, const std::string& value) {
+  const auto oneOf = [&](std::initializer_list<std::string_view> allowed, const char* complaint) {
+    return std::find(allowed.begin(), allowed.end(), value) != allowed.end() ? "" : complaint;
+  };
+  switch (kind) {
+  case OptionKind::Switch:
+    return oneOf({"On", "Off"}, "use On or Off");
+  case OptionKind::Termination:
+    return oneOf({"Auto", "CR", "LF", "CRLF", "LFCR"}, "use Auto, CR, LF, CRLF or LFCR");
+  case OptionKind::Interval: {
+    const auto interval = ReadWhole(value);
+    return interval && *interval >= 1 && *interval <= LongestInterval ? "" : "use 1 to 65535 milliseconds";
+  }
+  case OptionKind::Command: {
+    const Utf8Text text = FromUtf8(value);
+    const bool sendable = !text.BadByte && !FindOutsideCodePage(text.Text) &&
+                          text.Text.find_first_of(StringView(u"\0\r\n", 3)) == String::npos;
+    return sendable ? "" : "use characters of the instrument's code page on one line";
+  }
+  case OptionKind::Protocol:
+    break;
+  }
+  return "use --protocol";
+}
+
+std::string NamesOf(StringView protocol) {
+  std::string names;
+  for (const PersistedOption& option : PersistedOptions()) {
+    if (option.Name.substr(0, protocol.size()) != protocol) continue;
+    names += (names.empty() ? "" : ", ") + ToUtf8(option.Name);
+  }
+  return names;
+}
+
+/// Appends the option, or says what is wrong with it.
+std::optional<UsageError> AddOption(RunOptions& options, const std::string& text) {
+  const auto equals = text.find('=');
+  if (equals == std::string::npos) return UsageError{"--option " + text + ": use NAME=VALUE"};
+  const std::string name = text.substr(0, equals);
+  const std::string value = text.substr(equals + 1);
+  const String prefix = options.Protocol + u"Protocol";
+  const String wanted = FromUtf8(name).Text;
+  const auto known = PersistedOptions();
+  const auto found = std::find_if(known.begin(), known.end(), [&](const PersistedOption& option) {
+    return option.Name == wanted && option.Name.substr(0, prefix.size()) == prefix;
+  });
+  if (found == known.end()) {
+    return UsageError{"--option " + name + ": the protocol " + ToUtf8(options.Protocol) +
+                      " has no such option; it has " + NamesOf(prefix)};
+  }
+  if (const std::string complaint = Complaint(found->Kind, value); !complaint.empty()) {
+    return UsageError{"--option " + name + ": '" + value + "' is not a value of it; " + complaint};
+  }
+  options.Options.emplace_back(wanted, FromUtf8(value).Text);
+  return {};
+}
+
+} // namespace
+
+std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const char* const* argv) {
+  RunOptions options;
+  std::string instrument;
+  std::string protocol = "SCPI";
+  std::string timeout = "5000";
+  std::vector<std::string> settings;
+
+  CLI::App app("Runs SCPI command files, or standard input, on an instrument and prints the conversation.",
+               "portico-run");
+  app.set_version_flag("--version", "portico-run " + ToUtf8(ApplicationVersion()), "Print the version and end");
+  app.add_option("INSTRUMENT", instrument,
+                 "Instrument name, such as TCPIP::192.168.1.5::5025::SOCKET or SIM::dmm::INSTR")
+      ->required();
+  app.add_option("FILE", options.Files, "Command files; - or none is standard input");
+  app.add_option("--protocol", protocol, "SCPI or Other")->type_name("NAME")->capture_default_str();
+  app.add_option("--option", settings, "A persisted option of the protocol, e.g. SCPIProtocolOPCPacing=Off; repeatable")
+      ->type_name("NAME=VALUE")
+      ->expected(1)
+      ->take_all();
+  app.add_option("--timeout", timeout, "The driver's time-out for one operation")
+      ->type_name("MS")
+      ->capture_default_str();
+  app.add_flag("--stop-on-error", options.StopOnError,
+               "End at the first error that the error query reports, or the first driver failure");
+  app.add_flag("--quiet", options.Quiet, "No conversation on standard output");
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    return HelpText{app.help()};
+  } catch (const CLI::CallForVersion&) {
+    return HelpText{app.version() + "\n"};
+  } catch (const CLI::ParseError& error) {
+    return UsageError{std::string(error.what()) + "; see portico-run --help"};
+  }
+
+  const Utf8Text name = FromUtf8(instrument);
+  if (name.BadByte || Trim(name.Text).empty() || FindOutsideCodePage(name.Text)) {
+    return UsageError{"'" + instrument + "' is no instrument name; use one such as TCPIP::HOST::5025::SOCKET"};
+  }
+  options.Instrument = name.Text;
+  if (protocol != "SCPI" && protocol != "Other") {
+    return UsageError{"--protocol " + protocol + ": use SCPI or Other"};
+  }
+  options.Protocol = FromAscii(protocol);
+  const auto milliseconds = ReadWhole(timeout);
+  if (!milliseconds || *milliseconds < 1 || *milliseconds > LongestTimeout) {
+    return UsageError{"--timeout " + timeout + ": use 1 to 3600000 milliseconds"};
+  }
+  options.TimeoutMilliseconds = *milliseconds;
+  for (const std::string& setting : settings) {
+    if (auto error = AddOption(options, setting)) return *error;
+  }
+  if (options.Files.empty()) options.Files.emplace_back("-");
+  return options;
+}
+
+} // namespace portico::terminal

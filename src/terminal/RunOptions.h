@@ -1,0 +1,37 @@
+#pragma once
+
+#include "framework/text.h"
+
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace portico::terminal {
+
+/// What the command line of `portico-run` asks for, checked.
+struct RunOptions {
+  String Instrument;
+  /// Paths; "-" is standard input. Never empty.
+  std::vector<std::string> Files;
+  String Protocol = u"SCPI";
+  /// Persisted options of that protocol with the values to write.
+  std::vector<std::pair<String, String>> Options;
+  int TimeoutMilliseconds = 5000;
+  bool StopOnError = false;
+  bool Quiet = false;
+};
+
+/// A text for standard output after which the program ends well: help, or the version.
+struct HelpText {
+  std::string Text;
+};
+
+/// One line that says what was wrong and what would be right.
+struct UsageError {
+  std::string Text;
+};
+
+std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const char* const* argv);
+
+} // namespace portico::terminal

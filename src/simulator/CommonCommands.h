@@ -1,0 +1,38 @@
+#pragma once
+
+#include "simulator/CommandTree.h"
+#include "simulator/Device.h"
+#include "simulator/Executor.h"
+#include "simulator/StatusModel.h"
+
+namespace portico::simulator {
+
+/// The common commands of IEEE 488.2.
+class CommonCommands {
+public:
+  CommonCommands(Device& device, Executor& executor, StatusModel& status)
+      : device_(device), executor_(executor), status_(status) {}
+
+  void AddTo(CommandTree& tree);
+
+private:
+  void ClearStatus(const Call& call);
+  void SetEventEnable(const Call& call);
+  void EventEnable(const Call& call);
+  void EventStatus(const Call& call);
+  void Identification(const Call& call);
+  void OperationComplete(const Call& call);
+  void AwaitCompletion(const Call& call);
+  void Reset(const Call& call);
+  void SetServiceEnable(const Call& call);
+  void ServiceEnable(const Call& call);
+  void StatusByte(const Call& call);
+  void SelfTest(const Call& call);
+  void Wait(const Call& call);
+
+  Device& device_;
+  Executor& executor_;
+  StatusModel& status_;
+};
+
+} // namespace portico::simulator

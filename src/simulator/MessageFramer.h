@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace portico::simulator {
+
+/// Cuts a stream of bytes into program messages at the line feeds that stand outside strings and blocks.
+///
+/// A quote or a `#` opens a string or a block only where a data element may begin; elsewhere it is an error that the
+/// parser reports, and must not swallow the messages behind it.
+class MessageFramer {
+public:
+  enum class Outcome { Incomplete, Complete, Overrun };
+
+  /// A message of more than `limit` bytes is an overrun and is discarded to its end.
+  explicit MessageFramer(std::size_t limit) : limit_(limit) {}
+
+  /// Takes from the front of `bytes` until something is to be told: a message is complete, one has just grown over
+  /// the limit, or all bytes are taken.
+  Outcome Feed(std::string_view& bytes);
+
+  /// The message that was completed, without its line feed.
+  std::string TakeMessage();
+
+private:
+  enum class State { Plain, Quoted, QuoteClosed, BlockStart, BlockLength, Block, IndefiniteBlock };
+
+  /// Scans one message; returns how many bytes it took, the line feed included, and whether that was met.
+  std::size_t Scan(std::string_view bytes, bool& complete);
+  bool ScanPlain(char byte);
+  bool ScanByte(char byte);
+  bool Store(std::string_view bytes);
+
+  std::size_t limit_;
+  std::string message_;
+  bool discarding_ = false;
+
+  State state_ = State::Plain;
+  bool headerSeen_ = false;
+  bool elementStart_ = false;
+  char quote_ = 0;
+  int lengthDigits_ = 0;
+  std::size_t blockBytes_ = 0;
+};
+
+} // namespace portico::simulator

@@ -1,0 +1,27 @@
+#include "simulator/Mnemonic.h"
+
+#include "simulator/Syntax.h"
+
+#include <algorithm>
+
+namespace portico::simulator {
+namespace {
+
+bool EqualsUpper(std::string_view text, std::string_view upper) {
+  return text.size() == upper.size() &&
+         std::equal(text.begin(), text.end(), upper.begin(), [](char a, char b) { return ToUpper(a) == b; });
+}
+
+} // namespace
+
+Mnemonic::Mnemonic(std::string_view pattern) {
+  for (const char letter : pattern) {
+    const char upper = ToUpper(letter);
+    if (letter == upper) short_ += letter;
+    long_ += upper;
+  }
+}
+
+bool Mnemonic::Matches(std::string_view text) const { return EqualsUpper(text, short_) || EqualsUpper(text, long_); }
+
+} // namespace portico::simulator

@@ -1,0 +1,352 @@
+#include "simulator/Multimeter.h"
+
+#include "simulator/Mnemonic.h"
+#include "simulator/ScpiError.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <span>
+#include <utility>
+
+namespace portico::simulator {
+namespace {
+
+constexpr double kLineFrequency = 50; // Hz
+constexpr double kOverrange = 1.2;    // of the range can be read
+constexpr std::size_t kLongestText = 40;
+constexpr std::size_t kDefaultPoints = 1000;
+constexpr std::int64_t kMostPoints = 1'000'000;
+constexpr std::int64_t kMostSamples = 1000;
+constexpr std::int64_t kMostTriggers = 10;
+
+constexpr Limits kCycles{0.02, 100, 1};
+
+/// The integration times, and the share of the range that each resolves.
+struct Integration {
+  double cycles;
+  double resolution;
+};
+constexpr Integration kIntegrations[] = {{0.02, 1E-4}, {0.2, 1E-5}, {1, 3E-6}, {10, 1E-6}, {100, 3E-7}};
+
+constexpr double kVoltRanges[] = {0.1, 1, 10, 100, 1000};
+constexpr double kAmpereRanges[] = {0.01, 0.1, 1, 3};
+constexpr double kOhmRanges[] = {100, 1E3, 1E4, 1E5, 1E6, 1E7};
+
+/// One function of the meter, and the source that it finds at its terminals.
+struct FunctionTraits {
+  std::string_view name;
+  Quantity quantity;
+  std::span<const double> ranges;
+  double standardRange;
+  double source;
+  std::uint16_t overload; ///< bit of the questionable status register
+};
+
+constexpr FunctionTraits kFunctions[] = {
+    {"VOLTage", Quantity::Voltage, kVoltRanges, 10, 1.000234, questionable::kVoltage},
+    {"VOLTage:AC", Quantity::Voltage, kVoltRanges, 10, 0.707107, questionable::kVoltage},
+    {"CURRent", Quantity::Current, kAmpereRanges, 1, 0.0123456, questionable::kCurrent},
+    {"CURRent:AC", Quantity::Current, kAmpereRanges, 1, 0.00812345, questionable::kCurrent},
+    {"RESistance", Quantity::Resistance, kOhmRanges, 1E3, 4702.15, questionable::kResistance},
+};
+
+Limits RangeLimits(const FunctionTraits& traits) {
+  return {traits.ranges.front(), traits.ranges.back(), traits.standardRange, traits.quantity};
+}
+
+/// The smallest range that holds the value.
+double RangeFor(const FunctionTraits& traits, double value) {
+  const auto found = std::lower_bound(traits.ranges.begin(), traits.ranges.end(), value);
+  return found == traits.ranges.end() ? traits.ranges.back() : *found;
+}
+
+double ResolutionOf(double cycles) {
+  const auto* found = std::find_if(std::begin(kIntegrations), std::end(kIntegrations) - 1,
+                                   [cycles](const Integration& each) { return each.cycles >= cycles; });
+  return found->resolution;
+}
+
+/// The shortest integration that resolves this share of the range, or else the longest.
+double CyclesFor(double resolution) {
+  // A client may give back a resolution as it was answered; rounding must not ask for ten times the integration.
+  const double tolerated = resolution * (1 + 1E-9);
+  const auto* found = std::find_if(std::begin(kIntegrations), std::end(kIntegrations) - 1,
+                                   [tolerated](const Integration& each) { return each.resolution <= tolerated; });
+  return found->cycles;
+}
+
+std::string ShortName(const FunctionTraits& traits) { return Mnemonic(traits.name).Short(); }
+
+} // namespace
+
+Multimeter::Multimeter(Executor& executor, StatusModel& status, std::uint64_t seed)
+    : executor_(executor), status_(status), random_(seed) {
+  Reset();
+}
+
+void Multimeter::AddTo(CommandTree& tree) {
+  using Self = Multimeter;
+  static constexpr Command<Self> kTable[] = {
+      {"CONFigure[:VOLTage][:DC]", &Self::Configure<DcVoltage>, 0, 2},
+      {"CONFigure:VOLTage:AC", &Self::Configure<AcVoltage>, 0, 2},
+      {"CONFigure:CURRent[:DC]", &Self::Configure<DcCurrent>, 0, 2},
+      {"CONFigure:CURRent:AC", &Self::Configure<AcCurrent>, 0, 2},
+      {"CONFigure:RESistance", &Self::Configure<Resistance>, 0, 2},
+      {"CONFigure?", &Self::Configuration},
+      {"MEASure[:VOLTage][:DC]?", &Self::Measure<DcVoltage>, 0, 2},
+      {"MEASure:VOLTage:AC?", &Self::Measure<AcVoltage>, 0, 2},
+      {"MEASure:CURRent[:DC]?", &Self::Measure<DcCurrent>, 0, 2},
+      {"MEASure:CURRent:AC?", &Self::Measure<AcCurrent>, 0, 2},
+      {"MEASure:RESistance?", &Self::Measure<Resistance>, 0, 2},
+
+      {"[SENSe:]FUNCtion[:ON]", &Self::SetFunction, 1, 1},
+      {"[SENSe:]FUNCtion[:ON]?", &Self::SenseFunction},
+      {"[SENSe:]VOLTage[:DC]:RANGe[:UPPer]", &Self::SetRange<DcVoltage>, 1, 1},
+      {"[SENSe:]VOLTage[:DC]:RANGe[:UPPer]?", &Self::Range<DcVoltage>, 0, 1},
+      {"[SENSe:]VOLTage[:DC]:RANGe:AUTO", &Self::SetAutoRange<DcVoltage>, 1, 1},
+      {"[SENSe:]VOLTage[:DC]:RANGe:AUTO?", &Self::AutoRange<DcVoltage>},
+      {"[SENSe:]VOLTage[:DC]:NPLCycles", &Self::SetCycles<DcVoltage>, 1, 1},
+      {"[SENSe:]VOLTage[:DC]:NPLCycles?", &Self::Cycles<DcVoltage>, 0, 1},
+      {"[SENSe:]VOLTage:AC:RANGe[:UPPer]", &Self::SetRange<AcVoltage>, 1, 1},
+      {"[SENSe:]VOLTage:AC:RANGe[:UPPer]?", &Self::Range<AcVoltage>, 0, 1},
+      {"[SENSe:]VOLTage:AC:RANGe:AUTO", &Self::SetAutoRange<AcVoltage>, 1, 1},
+      {"[SENSe:]VOLTage:AC:RANGe:AUTO?", &Self::AutoRange<AcVoltage>},
+      {"[SENSe:]CURRent[:DC]:RANGe[:UPPer]", &Self::SetRange<DcCurrent>, 1, 1},
+      {"[SENSe:]CURRent[:DC]:RANGe[:UPPer]?", &Self::Range<DcCurrent>, 0, 1},
+      {"[SENSe:]CURRent[:DC]:RANGe:AUTO", &Self::SetAutoRange<DcCurrent>, 1, 1},
+      {"[SENSe:]CURRent[:DC]:RANGe:AUTO?", &Self::AutoRange<DcCurrent>},
+      {"[SENSe:]CURRent[:DC]:NPLCycles", &Self::SetCycles<DcCurrent>, 1, 1},
+      {"[SENSe:]CURRent[:DC]:NPLCycles?", &Self::Cycles<DcCurrent>, 0, 1},
+      {"[SENSe:]RESistance:RANGe[:UPPer]", &Self::SetRange<Resistance>, 1, 1},
+      {"[SENSe:]RESistance:RANGe[:UPPer]?", &Self::Range<Resistance>, 0, 1},
+      {"[SENSe:]RESistance:RANGe:AUTO", &Self::SetAutoRange<Resistance>, 1, 1},
+      {"[SENSe:]RESistance:RANGe:AUTO?", &Self::AutoRange<Resistance>},
+      {"[SENSe:]RESistance:NPLCycles", &Self::SetCycles<Resistance>, 1, 1},
+      {"[SENSe:]RESistance:NPLCycles?", &Self::Cycles<Resistance>, 0, 1},
+
+      {"INITiate[:IMMediate]", &Self::Initiate},
+      {"ABORt", &Self::Abort},
+      {"FETCh?", &Self::Fetch},
+      {"READ?", &Self::Read},
+      {"SAMPle:COUNt", &Self::SetSamples, 1, 1},
+      {"SAMPle:COUNt?", &Self::Samples},
+      {"TRIGger:COUNt", &Self::SetTriggers, 1, 1},
+      {"TRIGger:COUNt?", &Self::Triggers},
+
+      {"ROUTe:TERMinals?", &Self::Terminals},
+      {"DISPlay[:STATe]", &Self::SetDisplay, 1, 1},
+      {"DISPlay[:STATe]?", &Self::Display},
+      {"DISPlay:TEXT[:DATA]", &Self::SetText, 1, 1},
+      {"DISPlay:TEXT[:DATA]?", &Self::Text},
+      {"DISPlay:TEXT:CLEar", &Self::ClearText},
+      {"TRACe:POINts", &Self::SetPoints, 1, 1},
+      {"TRACe:POINts?", &Self::Points},
+      {"TRACe[:DATA]", &Self::SetTrace, 1, 1},
+      {"TRACe[:DATA]?", &Self::Trace},
+  };
+  tree.Add(kTable, *this);
+}
+
+void Multimeter::Reset() {
+  function_ = DcVoltage;
+  for (std::size_t i = 0; i < FunctionCount; ++i) setups_[i] = {kFunctions[i].standardRange, true, kCycles.standard};
+  samples_ = triggers_ = 1;
+  readings_.clear();
+  displayOn_ = true;
+  text_.clear();
+  trace_ = MakeTrace(kDefaultPoints);
+}
+
+// What is measured, and how.
+
+void Multimeter::ConfigureFrom(Function function, const Call& call) {
+  const FunctionTraits& traits = kFunctions[function];
+  Setup setup{traits.standardRange, true, kCycles.standard};
+  if (call.Count() > 0 && !call.IsKeyword(0, "AUTO") && !call.IsKeyword(0, "DEFault")) {
+    setup.range = RangeFor(traits, call.Number(0, {0, traits.ranges.back(), traits.standardRange, traits.quantity}));
+    setup.autoRange = false;
+  }
+  if (call.Count() > 1) {
+    const double finest = setup.range * std::rbegin(kIntegrations)->resolution;
+    const double usual = setup.range * ResolutionOf(kCycles.standard);
+    setup.cycles = CyclesFor(call.Number(1, {finest, setup.range, usual, traits.quantity}) / setup.range);
+  }
+  function_ = function;
+  setups_[function] = setup;
+  samples_ = triggers_ = 1;
+}
+
+template <Multimeter::Function function>
+void Multimeter::Configure(const Call& call) {
+  executor_.CancelOperation();
+  ConfigureFrom(function, call);
+}
+
+template <Multimeter::Function function>
+void Multimeter::Measure(const Call& call) {
+  executor_.CancelOperation();
+  ConfigureFrom(function, call);
+  ReadWhenIdle();
+}
+
+void Multimeter::Configuration(const Call& /*call*/) {
+  const Setup& setup = setups_[function_];
+  const double resolution = setup.range * ResolutionOf(setup.cycles);
+  executor_.Respond(
+      FormatString(ShortName(kFunctions[function_]) + ' ' + FormatReal(setup.range) + ',' + FormatReal(resolution)));
+}
+
+void Multimeter::SetFunction(const Call& call) {
+  std::string name = call.String(0);
+  if (name.ends_with(":DC") || name.ends_with(":dc")) name.resize(name.size() - 3);
+  const auto* found = std::find_if(std::begin(kFunctions), std::end(kFunctions), [&name](const FunctionTraits& traits) {
+    return Mnemonic(traits.name).Matches(name);
+  });
+  if (found == std::end(kFunctions)) throw ScpiError(ErrorCode::IllegalParameterValue);
+  function_ = static_cast<Function>(found - std::begin(kFunctions));
+}
+
+void Multimeter::SenseFunction(const Call& /*call*/) {
+  executor_.Respond(FormatString(ShortName(kFunctions[function_])));
+}
+
+template <Multimeter::Function function>
+void Multimeter::SetRange(const Call& call) {
+  const FunctionTraits& traits = kFunctions[function];
+  const double value = call.Number(0, RangeLimits(traits));
+  setups_[function].range = RangeFor(traits, value);
+  setups_[function].autoRange = false;
+}
+
+template <Multimeter::Function function>
+void Multimeter::Range(const Call& call) {
+  executor_.Respond(FormatReal(call.LimitOr(setups_[function].range, RangeLimits(kFunctions[function]))));
+}
+
+template <Multimeter::Function function>
+void Multimeter::SetAutoRange(const Call& call) {
+  setups_[function].autoRange = call.Boolean(0);
+}
+
+template <Multimeter::Function function>
+void Multimeter::AutoRange(const Call& /*call*/) {
+  executor_.Respond(FormatBoolean(setups_[function].autoRange));
+}
+
+template <Multimeter::Function function>
+void Multimeter::SetCycles(const Call& call) {
+  setups_[function].cycles = call.Number(0, kCycles);
+}
+
+template <Multimeter::Function function>
+void Multimeter::Cycles(const Call& call) {
+  executor_.Respond(FormatReal(call.LimitOr(setups_[function].cycles, kCycles)));
+}
+
+// Measuring.
+
+double Multimeter::Reading() {
+  const FunctionTraits& traits = kFunctions[function_];
+  Setup& setup = setups_[function_];
+  if (setup.autoRange) setup.range = RangeFor(traits, traits.source);
+  const double value = traits.source + setup.range * ResolutionOf(setup.cycles) * random_.Noise();
+  const bool overload = value > setup.range * kOverrange;
+  if (overload) {
+    status_.Questionable().Set(traits.overload);
+    return std::numeric_limits<double>::infinity();
+  }
+  status_.Questionable().Clear(traits.overload);
+  return value;
+}
+
+/// The readings are those of the settings at the start, whatever is changed while they are being taken.
+void Multimeter::StartMeasurement() {
+  const auto count = static_cast<std::size_t>(samples_ * triggers_);
+  std::vector<double> readings(count);
+  std::generate(readings.begin(), readings.end(), [this] { return Reading(); });
+  const std::chrono::duration<double> each(setups_[function_].cycles / kLineFrequency);
+  readings_.clear();
+  executor_.StartOperation(std::chrono::round<Executor::Duration>(each * static_cast<double>(count)),
+                           operation::kMeasuring,
+                           [this, taken = std::move(readings)]() mutable { readings_ = std::move(taken); });
+}
+
+void Multimeter::ReadWhenIdle() {
+  executor_.WhenIdle([this] {
+    StartMeasurement();
+    executor_.WhenIdle([this] { RespondReadings(); });
+  });
+}
+
+void Multimeter::RespondReadings() {
+  if (readings_.empty()) throw ScpiError(ErrorCode::DataCorruptOrStale);
+  executor_.Respond(FormatReals(readings_));
+}
+
+void Multimeter::Initiate(const Call& /*call*/) {
+  if (executor_.OperationPending()) throw ScpiError(ErrorCode::InitIgnored);
+  StartMeasurement();
+}
+
+void Multimeter::Abort(const Call& /*call*/) { executor_.CancelOperation(); }
+
+void Multimeter::Fetch(const Call& /*call*/) {
+  executor_.WhenIdle([this] { RespondReadings(); });
+}
+
+void Multimeter::Read(const Call& /*call*/) { ReadWhenIdle(); }
+
+void Multimeter::SetSamples(const Call& call) { samples_ = call.Integer(0, 1, kMostSamples); }
+
+void Multimeter::Samples(const Call& /*call*/) { executor_.Respond(std::to_string(samples_)); }
+
+void Multimeter::SetTriggers(const Call& call) { triggers_ = call.Integer(0, 1, kMostTriggers); }
+
+void Multimeter::Triggers(const Call& /*call*/) { executor_.Respond(std::to_string(triggers_)); }
+
+// Front panel and waveform memory.
+
+void Multimeter::Terminals(const Call& /*call*/) { executor_.Respond("FRON"); }
+
+void Multimeter::SetDisplay(const Call& call) { displayOn_ = call.Boolean(0); }
+
+void Multimeter::Display(const Call& /*call*/) { executor_.Respond(FormatBoolean(displayOn_)); }
+
+void Multimeter::SetText(const Call& call) {
+  std::string text = call.String(0);
+  if (text.size() > kLongestText) throw ScpiError(ErrorCode::TooMuchData);
+  text_ = std::move(text);
+}
+
+void Multimeter::Text(const Call& /*call*/) { executor_.Respond(FormatString(text_)); }
+
+void Multimeter::ClearText(const Call& /*call*/) { text_.clear(); }
+
+void Multimeter::SetPoints(const Call& call) {
+  trace_ = MakeTrace(static_cast<std::size_t>(call.Integer(0, 1, kMostPoints)));
+}
+
+void Multimeter::Points(const Call& /*call*/) { executor_.Respond(std::to_string(trace_.size())); }
+
+void Multimeter::SetTrace(const Call& call) { trace_ = call.Block(0); }
+
+void Multimeter::Trace(const Call& /*call*/) { executor_.Respond(FormatBlock(trace_)); }
+
+/// A triangle of one byte a point. Its trough is code 10, the line feed, so that a reader who ends a message there is
+/// found out.
+std::string Multimeter::MakeTrace(std::size_t points) {
+  constexpr std::size_t kPeriod = 64;
+  constexpr std::size_t kTrough = 10;
+  constexpr std::size_t kStep = 7;
+  std::string trace(points, '\0');
+  for (std::size_t i = 0; i < points; ++i) {
+    const std::size_t phase = i % kPeriod;
+    const std::size_t height = std::min(phase, kPeriod - phase) * kStep;
+    const std::size_t noise = phase == 0 ? 0 : random_.Next() % kStep;
+    trace[i] = static_cast<char>(static_cast<unsigned char>(kTrough + height + noise));
+  }
+  return trace;
+}
+
+} // namespace portico::simulator

@@ -1,0 +1,170 @@
+#include "simulator/Oscilloscope.h"
+
+#include "simulator/ScpiError.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace portico::simulator {
+namespace {
+
+constexpr Limits kVoltsPerDivision{0.001, 10, 0.5, Quantity::Voltage};
+constexpr Limits kOffsetVolts{-40, 40, 0, Quantity::Voltage};
+constexpr Limits kSecondsPerDivision{1E-9, 1, 1E-3, Quantity::Time};
+constexpr double kDivisionsAcross = 10;
+constexpr double kCodesPerDivision = 25;
+constexpr double kCentreCode = 128;
+constexpr std::int64_t kDefaultAverages = 8;
+constexpr std::int64_t kMostAverages = 1024;
+constexpr std::size_t kDefaultPoints = 1000;
+constexpr std::int64_t kMostPoints = 1'000'000;
+
+/// The signal at an input.
+struct Signal {
+  double amplitude; ///< volts
+  double frequency; ///< hertz
+};
+constexpr std::array<Signal, 4> kSignals{{{1, 1000}, {0.5, 2000}, {2, 500}, {0.25, 10000}}};
+
+} // namespace
+
+Oscilloscope::Oscilloscope(Executor& executor, StatusModel& /*status*/, std::uint64_t seed)
+    : executor_(executor), random_(seed) {
+  Reset();
+}
+
+void Oscilloscope::AddTo(CommandTree& tree) {
+  using Self = Oscilloscope;
+  static constexpr Command<Self> kTable[] = {
+      {"CHANnel<1-4>:SCALe", &Self::SetScale, 1, 1},
+      {"CHANnel<1-4>:SCALe?", &Self::Scale, 0, 1},
+      {"CHANnel<1-4>:OFFSet", &Self::SetOffset, 1, 1},
+      {"CHANnel<1-4>:OFFSet?", &Self::Offset, 0, 1},
+      {"CHANnel<1-4>:DISPlay", &Self::SetShown, 1, 1},
+      {"CHANnel<1-4>:DISPlay?", &Self::Shown},
+      {"TIMebase:SCALe", &Self::SetTimeScale, 1, 1},
+      {"TIMebase:SCALe?", &Self::TimeScale, 0, 1},
+      {"ACQuire:TYPE", &Self::SetAcquisition, 1, 1},
+      {"ACQuire:TYPE?", &Self::Acquisition},
+      {"ACQuire:COUNt", &Self::SetAverages, 1, 1},
+      {"ACQuire:COUNt?", &Self::Averages},
+      {"SINGle", &Self::Single},
+      {"STOP", &Self::Stop},
+      {"WAVeform:SOURce", &Self::SetSource, 1, 1},
+      {"WAVeform:SOURce?", &Self::Source},
+      {"WAVeform:POINts", &Self::SetPoints, 1, 1},
+      {"WAVeform:POINts?", &Self::Points},
+      {"WAVeform:DATA?", &Self::Data},
+      {"WAVeform:PREamble?", &Self::Preamble},
+      {"MEASure:VPP?", &Self::PeakToPeak, 1, 1},
+      {"MEASure:FREQuency?", &Self::Frequency, 1, 1},
+  };
+  tree.Add(kTable, *this);
+}
+
+void Oscilloscope::Reset() {
+  channels_.fill({kVoltsPerDivision.standard, kOffsetVolts.standard, false, {}});
+  channels_.front().shown = true;
+  timeScale_ = kSecondsPerDivision.standard;
+  averaging_ = false;
+  averages_ = kDefaultAverages;
+  source_ = 0;
+  points_ = kDefaultPoints;
+}
+
+void Oscilloscope::SetScale(const Call& call) { Of(call).scale = call.Number(0, kVoltsPerDivision); }
+
+void Oscilloscope::Scale(const Call& call) {
+  executor_.Respond(FormatReal(call.LimitOr(Of(call).scale, kVoltsPerDivision)));
+}
+
+void Oscilloscope::SetOffset(const Call& call) { Of(call).offset = call.Number(0, kOffsetVolts); }
+
+void Oscilloscope::Offset(const Call& call) {
+  executor_.Respond(FormatReal(call.LimitOr(Of(call).offset, kOffsetVolts)));
+}
+
+void Oscilloscope::SetShown(const Call& call) { Of(call).shown = call.Boolean(0); }
+
+void Oscilloscope::Shown(const Call& call) { executor_.Respond(FormatBoolean(Of(call).shown)); }
+
+void Oscilloscope::SetTimeScale(const Call& call) { timeScale_ = call.Number(0, kSecondsPerDivision); }
+
+void Oscilloscope::TimeScale(const Call& call) {
+  executor_.Respond(FormatReal(call.LimitOr(timeScale_, kSecondsPerDivision)));
+}
+
+void Oscilloscope::SetAcquisition(const Call& call) { averaging_ = call.Keyword(0, {"NORMal", "AVERage"}) == 1; }
+
+void Oscilloscope::Acquisition(const Call& /*call*/) { executor_.Respond(averaging_ ? "AVER" : "NORM"); }
+
+void Oscilloscope::SetAverages(const Call& call) { averages_ = call.Integer(0, 2, kMostAverages); }
+
+void Oscilloscope::Averages(const Call& /*call*/) { executor_.Respond(std::to_string(averages_)); }
+
+/// An acquisition lasts as long as what it records.
+void Oscilloscope::Single(const Call& /*call*/) {
+  const std::chrono::duration<double> sweep(timeScale_ * kDivisionsAcross);
+  const double sweeps = averaging_ ? static_cast<double>(averages_) : 1;
+  executor_.StartOperation(std::chrono::round<Executor::Duration>(sweep * sweeps), operation::kSweeping, [this] {
+    for (std::size_t i = 0; i < channels_.size(); ++i) {
+      channels_[i].record = channels_[i].shown ? MakeRecord(i) : std::string();
+    }
+  });
+}
+
+void Oscilloscope::Stop(const Call& /*call*/) { executor_.CancelOperation(); }
+
+std::string Oscilloscope::MakeRecord(std::size_t channel) {
+  const Signal& signal = kSignals[channel];
+  const double step = timeScale_ * kDivisionsAcross / static_cast<double>(points_);
+  const double noise = averaging_ ? 1 / std::sqrt(static_cast<double>(averages_)) : 1;
+  std::string record(points_, '\0');
+  double time = 0;
+  for (char& point : record) {
+    const double volts = signal.amplitude * std::sin(2 * std::numbers::pi * signal.frequency * time);
+    const double divisions = (volts - channels_[channel].offset) / channels_[channel].scale;
+    const double code = kCentreCode + divisions * kCodesPerDivision + noise * random_.Noise();
+    point = static_cast<char>(static_cast<unsigned char>(std::clamp(code, 0.0, 255.0)));
+    time += step;
+  }
+  return record;
+}
+
+std::size_t Oscilloscope::ChannelNamed(const Call& call) {
+  return call.Keyword(0, {"CHANnel1", "CHANnel2", "CHANnel3", "CHANnel4"});
+}
+
+void Oscilloscope::SetSource(const Call& call) { source_ = ChannelNamed(call); }
+
+void Oscilloscope::Source(const Call& /*call*/) { executor_.Respond("CHAN" + std::to_string(source_ + 1)); }
+
+void Oscilloscope::SetPoints(const Call& call) { points_ = static_cast<std::size_t>(call.Integer(0, 10, kMostPoints)); }
+
+void Oscilloscope::Points(const Call& /*call*/) { executor_.Respond(std::to_string(points_)); }
+
+void Oscilloscope::Data(const Call& /*call*/) {
+  executor_.WhenIdle([this] {
+    if (channels_[source_].record.empty()) throw ScpiError(ErrorCode::DataCorruptOrStale);
+    executor_.Respond(FormatBlock(channels_[source_].record));
+  });
+}
+
+/// Points, seconds a point, volts a code, volts at the centre, and the code of the centre.
+void Oscilloscope::Preamble(const Call& /*call*/) {
+  const Channel& channel = channels_[source_];
+  const double step = timeScale_ * kDivisionsAcross / static_cast<double>(points_);
+  executor_.Respond(std::to_string(points_) + ',' +
+                    FormatReals(std::array{step, channel.scale / kCodesPerDivision, channel.offset, kCentreCode}));
+}
+
+void Oscilloscope::PeakToPeak(const Call& call) {
+  executor_.Respond(FormatReal(2 * kSignals[ChannelNamed(call)].amplitude));
+}
+
+void Oscilloscope::Frequency(const Call& call) {
+  executor_.Respond(FormatReal(kSignals[ChannelNamed(call)].frequency));
+}
+
+} // namespace portico::simulator

@@ -1,0 +1,59 @@
+#include "simulator/SystemCommands.h"
+
+#include <string>
+
+namespace portico::simulator {
+
+void SystemCommands::AddTo(CommandTree& tree) {
+  using Self = SystemCommands;
+  constexpr RegisterOf kOperation = &StatusModel::Operation;
+  constexpr RegisterOf kQuestionable = &StatusModel::Questionable;
+  static constexpr Command<Self> kTable[] = {
+      {"SYSTem:ERRor[:NEXT]?", &Self::NextError},
+      {"SYSTem:ERRor:ALL?", &Self::AllErrors},
+      {"SYSTem:ERRor:COUNt?", &Self::ErrorCount},
+      {"SYSTem:VERSion?", &Self::Version},
+      {"STATus:PRESet", &Self::PresetStatus},
+      {"STATus:OPERation[:EVENt]?", &Self::Event<kOperation>},
+      {"STATus:OPERation:CONDition?", &Self::Condition<kOperation>},
+      {"STATus:OPERation:ENABle", &Self::SetEnable<kOperation>, 1, 1},
+      {"STATus:OPERation:ENABle?", &Self::Enable<kOperation>},
+      {"STATus:QUEStionable[:EVENt]?", &Self::Event<kQuestionable>},
+      {"STATus:QUEStionable:CONDition?", &Self::Condition<kQuestionable>},
+      {"STATus:QUEStionable:ENABle", &Self::SetEnable<kQuestionable>, 1, 1},
+      {"STATus:QUEStionable:ENABle?", &Self::Enable<kQuestionable>},
+  };
+  tree.Add(kTable, *this);
+}
+
+void SystemCommands::NextError(const Call& /*call*/) { executor_.Respond(status_.Errors().Pop()); }
+
+void SystemCommands::AllErrors(const Call& /*call*/) { executor_.Respond(status_.Errors().PopAll()); }
+
+void SystemCommands::ErrorCount(const Call& /*call*/) { executor_.Respond(std::to_string(status_.Errors().Size())); }
+
+void SystemCommands::Version(const Call& /*call*/) { executor_.Respond("1999.0"); }
+
+void SystemCommands::PresetStatus(const Call& /*call*/) { status_.Preset(); }
+
+template <SystemCommands::RegisterOf Register>
+void SystemCommands::Event(const Call& /*call*/) {
+  executor_.Respond(std::to_string((status_.*Register)().TakeEvent()));
+}
+
+template <SystemCommands::RegisterOf Register>
+void SystemCommands::Condition(const Call& /*call*/) {
+  executor_.Respond(std::to_string((status_.*Register)().Condition()));
+}
+
+template <SystemCommands::RegisterOf Register>
+void SystemCommands::SetEnable(const Call& call) {
+  (status_.*Register)().SetEnable(static_cast<std::uint16_t>(call.Integer(0, 0, 65535)));
+}
+
+template <SystemCommands::RegisterOf Register>
+void SystemCommands::Enable(const Call& /*call*/) {
+  executor_.Respond(std::to_string((status_.*Register)().Enable()));
+}
+
+} // namespace portico::simulator

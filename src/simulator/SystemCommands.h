@@ -1,0 +1,38 @@
+#pragma once
+
+#include "simulator/CommandTree.h"
+#include "simulator/Executor.h"
+#include "simulator/StatusModel.h"
+
+namespace portico::simulator {
+
+/// The SYSTem and STATus subsystems that SCPI-99 asks of every instrument.
+class SystemCommands {
+public:
+  SystemCommands(Executor& executor, StatusModel& status) : executor_(executor), status_(status) {}
+
+  void AddTo(CommandTree& tree);
+
+private:
+  using RegisterOf = StatusRegister& (StatusModel::*)();
+
+  void NextError(const Call& call);
+  void AllErrors(const Call& call);
+  void ErrorCount(const Call& call);
+  void Version(const Call& call);
+  void PresetStatus(const Call& call);
+
+  template <RegisterOf Register>
+  void Event(const Call& call);
+  template <RegisterOf Register>
+  void Condition(const Call& call);
+  template <RegisterOf Register>
+  void SetEnable(const Call& call);
+  template <RegisterOf Register>
+  void Enable(const Call& call);
+
+  Executor& executor_;
+  StatusModel& status_;
+};
+
+} // namespace portico::simulator

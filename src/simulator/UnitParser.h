@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace portico::simulator {
+
+/// One node of a header: `CHAN2` is the name `CHAN` with the suffix 2. A common command is one node, asterisk included.
+struct HeaderNode {
+  std::string_view name;
+  std::optional<std::uint32_t> suffix;
+};
+
+/// One parameter as it stands in the message.
+struct Parameter {
+  enum class Kind { Decimal, NonDecimal, Character, String, Block, Expression };
+
+  Kind kind;
+  /// The digits without `#H`, `#Q` or `#B`; the string without its outer quotes; the block's bytes alone.
+  std::string_view text;
+  /// Of a decimal number the unit, which may be empty.
+  std::string_view unit;
+  /// Of a non-decimal number its base; of a string its quote.
+  char mark;
+};
+
+/// A program message unit: one command or query, its header complete from the root.
+struct Unit {
+  std::vector<HeaderNode> header;
+  std::vector<Parameter> parameters;
+  bool query = false;
+};
+
+/// Takes the units of one program message, one after the other, and follows the current path from unit to unit.
+class UnitParser {
+public:
+  UnitParser() = default;
+  /// `message` must outlive the parser and the units.
+  explicit UnitParser(std::string_view message) : rest_(message) {}
+
+  /// Parses the next unit; false at the end of the message. Throws ScpiError, after which the rest is of no use.
+  bool Next(Unit& unit);
+
+private:
+  void ParseHeader(Unit& unit);
+  HeaderNode ParseNode();
+  void ParseParameters(Unit& unit);
+  Parameter ParseParameter();
+  Parameter ParseNumber();
+  Parameter ParseHashed();
+  Parameter ParseNonDecimal();
+  Parameter ParseBlock();
+  Parameter ParseString();
+  Parameter ParseCharacter();
+  Parameter ParseExpression();
+
+  char Peek() const { return rest_.empty() ? '\n' : rest_.front(); }
+  bool AtUnitEnd() const { return rest_.empty() || rest_.front() == ';'; }
+  bool Skip(char byte);
+  void SkipWhiteSpace();
+  std::size_t SkipDigits();
+  std::string_view Take(std::size_t count);
+  template <class Predicate>
+  std::string_view TakeWhile(Predicate predicate);
+
+  std::string_view rest_;
+  std::vector<HeaderNode> path_;
+};
+
+} // namespace portico::simulator

@@ -1,0 +1,84 @@
+#include "drivers/DriverStatus.h"
+
+#include <algorithm>
+#include <array>
+
+namespace portico {
+namespace {
+
+struct StatusEntry {
+  DriverStatus status;
+  std::string_view name;
+  /// Without its full stop, so that a detail can follow.
+  std::string_view text;
+};
+
+constexpr std::array kStatuses = {
+    StatusEntry{DriverStatus::Success, "TVSCPI_SUCCESS", "No error"},
+    StatusEntry{DriverStatus::InvalidSession, "TVSCPI_ERROR_INVALID_SESSION", "The session is not open"},
+    StatusEntry{DriverStatus::InvalidResourceName, "TVSCPI_ERROR_INVALID_RESOURCE_NAME",
+                "The instrument name is not valid"},
+    StatusEntry{DriverStatus::UnsupportedInterface, "TVSCPI_ERROR_UNSUPPORTED_INTERFACE",
+                "The interface is not supported yet"},
+    StatusEntry{DriverStatus::UnknownSimulatedDevice, "TVSCPI_ERROR_UNKNOWN_SIMULATED_DEVICE",
+                "There is no such simulated instrument"},
+    StatusEntry{DriverStatus::UnknownAttribute, "TVSCPI_ERROR_UNKNOWN_ATTRIBUTE",
+                "There is no such attribute of that type"},
+    StatusEntry{DriverStatus::InvalidAttributeValue, "TVSCPI_ERROR_INVALID_ATTRIBUTE_VALUE",
+                "The attribute does not take that value"},
+    StatusEntry{DriverStatus::InvalidBuffer, "TVSCPI_ERROR_INVALID_BUFFER", "The buffer has no room for an answer"},
+    StatusEntry{DriverStatus::UnknownHost, "TVSCPI_ERROR_UNKNOWN_HOST", "The host is not known"},
+    StatusEntry{DriverStatus::ConnectionRefused, "TVSCPI_ERROR_CONNECTION_REFUSED",
+                "The instrument refused the connection"},
+    StatusEntry{DriverStatus::ConnectTimeout, "TVSCPI_ERROR_CONNECT_TIMEOUT",
+                "Timeout expired before the connection was made"},
+    StatusEntry{DriverStatus::ConnectFailed, "TVSCPI_ERROR_CONNECT_FAILED", "The connection could not be made"},
+    StatusEntry{DriverStatus::ConnectionClosed, "TVSCPI_ERROR_CONNECTION_CLOSED",
+                "The instrument closed the connection"},
+    StatusEntry{DriverStatus::ConnectionLost, "TVSCPI_ERROR_CONNECTION_LOST", "The connection was lost"},
+    StatusEntry{DriverStatus::NotConnected, "TVSCPI_ERROR_NOT_CONNECTED",
+                "There is no connection; the next command opens one"},
+    StatusEntry{DriverStatus::WriteTimeout, "TVSCPI_ERROR_WRITE_TIMEOUT",
+                "Timeout expired before the command was sent completely"},
+    StatusEntry{DriverStatus::ReadTimeout, "TVSCPI_ERROR_READ_TIMEOUT",
+                "Timeout expired before the answer was complete"},
+};
+
+const StatusEntry* Find(std::int32_t status) {
+  const auto* entry = std::find_if(kStatuses.begin(), kStatuses.end(), [status](const StatusEntry& candidate) {
+    return static_cast<std::int32_t>(candidate.status) == status;
+  });
+  return entry == kStatuses.end() ? nullptr : entry;
+}
+
+bool IsControl(char character) {
+  const auto byte = static_cast<unsigned char>(character);
+  return byte < 0x20 || byte == 0x7F;
+}
+
+} // namespace
+
+std::string_view StatusName(std::int32_t status) {
+  const StatusEntry* entry = Find(status);
+  return entry == nullptr ? std::string_view() : entry->name;
+}
+
+std::string StatusMessage(std::int32_t status, std::string_view detail) {
+  const StatusEntry* entry = Find(status);
+  std::string message = entry == nullptr ? "Unknown status " + std::to_string(status) : std::string(entry->text);
+  if (!detail.empty()) message.append(": ").append(detail);
+  message += '.';
+  // A detail may quote what the user typed; a line feed or zero byte in it would end the message early.
+  std::replace_if(message.begin(), message.end(), IsControl, '?');
+  message.resize(std::min(message.size(), kMaxErrorMessage));
+  return message;
+}
+
+void WriteErrorMessage(std::string_view message, char* buffer) {
+  const std::size_t length = std::min(message.size(), kMaxErrorMessage);
+  char* end = std::copy_n(message.data(), length, buffer);
+  *end++ = '\n';
+  *end = '\0';
+}
+
+} // namespace portico

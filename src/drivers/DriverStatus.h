@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace portico {
+
+/// What a driver function answers. The numbers and names never change; new ones are added at the end.
+enum class DriverStatus : std::int32_t {
+  Success = 0,
+  InvalidSession = -1151001,
+  InvalidResourceName = -1151002,
+  UnsupportedInterface = -1151003,
+  UnknownSimulatedDevice = -1151004,
+  UnknownAttribute = -1151005,
+  InvalidAttributeValue = -1151006,
+  InvalidBuffer = -1151007,
+  UnknownHost = -1151008,
+  ConnectionRefused = -1151009,
+  ConnectTimeout = -1151010,
+  ConnectFailed = -1151011,
+  ConnectionClosed = -1151012,
+  ConnectionLost = -1151013,
+  NotConnected = -1151014,
+  WriteTimeout = -1151015,
+  ReadTimeout = -1151016,
+};
+
+/// How an operation ended, and the particulars that its message gives besides the status' own text.
+struct DriverResult {
+  DriverStatus status = DriverStatus::Success;
+  /// Without a full stop; empty if there is nothing to add.
+  std::string detail = {};
+
+  bool Succeeded() const { return status == DriverStatus::Success; }
+};
+
+/// Longest message, in bytes.
+inline constexpr std::size_t kMaxErrorMessage = 254;
+/// What a caller of WriteErrorMessage provides: the message, a line feed and a zero byte.
+inline constexpr std::size_t kErrorMessageBufferSize = kMaxErrorMessage + 2;
+
+/// The stable name, as in "TVSCPI_ERROR_READ_TIMEOUT"; empty for a number that is none of the driver's.
+std::string_view StatusName(std::int32_t status);
+
+/// One sentence, in 8-bit characters and without control characters, cut at kMaxErrorMessage bytes.
+std::string StatusMessage(std::int32_t status, std::string_view detail = {});
+
+/// Writes the message, a line feed and a zero byte to the start of `buffer` (of kErrorMessageBufferSize bytes).
+void WriteErrorMessage(std::string_view message, char* buffer);
+
+} // namespace portico

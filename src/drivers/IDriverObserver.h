@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace portico {
+
+/// Is told what the driver did beyond what it was asked for. Called on the thread of the call that caused it, before
+/// that call returns; must not call the driver.
+class IDriverObserver {
+public:
+  virtual ~IDriverObserver() = default;
+
+  /// A session that was out of step has a fresh connection; answers to what it sent before are lost.
+  /// `resourceName` is in canonical form.
+  virtual void Reconnected(const std::string& resourceName) = 0;
+};
+
+} // namespace portico

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "drivers/IDriverObserver.h"
+#include "drivers/ITransport.h"
+#include "drivers/ReceiveBuffer.h"
+#include "drivers/ResourceName.h"
+#include "drivers/SessionAttributes.h"
+
+#include <chrono>
+#include <memory>
+#include <span>
+#include <string>
+
+namespace portico {
+
+/// What every session of a driver shares.
+struct SessionOptions {
+  /// Must outlive the sessions.
+  IClock& clock;
+  /// For each call as a whole: opening, writing, or reading one message.
+  std::chrono::milliseconds timeout = std::chrono::milliseconds(5000);
+  /// Null, or must outlive the sessions.
+  IDriverObserver* observer = nullptr;
+};
+
+/// One open instrument, over any transport. Used from one thread at a time.
+///
+/// After a failed write or read it is out of step: an answer may still be on its way and would be taken for that of the
+/// next query. So the session drops the connection at once and makes a fresh one before the next write; a read until
+/// then fails at once.
+class InstrumentSession {
+public:
+  InstrumentSession(const ResourceName& name, std::unique_ptr<ITransport> transport, const SessionOptions& options);
+
+  DriverResult Open();
+
+  /// Sends the text and a line feed, which most instruments on a bare socket wait for.
+  DriverResult Write(const std::string& text);
+
+  /// Fills `buffer` with one message and a zero byte, without the message's terminator. `count` includes the zero
+  /// byte. Of a message that does not fit, the excess is consumed and lost, and `count` is the buffer's size. On
+  /// failure `count` is 0 and the bytes that the call had written are zero again.
+  DriverResult Read(std::span<char> buffer, std::int32_t& count);
+
+  SessionAttributes& Attributes() { return attributes_; }
+
+  /// The last failure that was remembered; a success before there is any.
+  const DriverResult& LastFailure() const { return lastFailure_; }
+  void RememberFailure(const DriverResult& failure) { lastFailure_ = failure; }
+
+private:
+  DriverResult Reconnect(TimePoint deadline);
+  void Disconnect();
+  DriverResult Fill(TimePoint deadline);
+  TimePoint Deadline() const { return options_.clock.Now() + options_.timeout; }
+
+  const std::string name_;
+  const std::unique_ptr<ITransport> transport_;
+  const SessionOptions options_;
+  SessionAttributes attributes_;
+  ReceiveBuffer input_;
+  std::string output_;
+  bool connected_ = false;
+  DriverResult lastFailure_;
+};
+
+} // namespace portico

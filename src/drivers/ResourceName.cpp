@@ -1,0 +1,250 @@
+#include "drivers/ResourceName.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <optional>
+#include <vector>
+
+namespace portico {
+namespace {
+
+using ParseResult = std::variant<ResourceName, ResourceNameError>;
+
+constexpr std::string_view kSeparator = "::";
+constexpr std::string_view kDefaultLanDevice = "inst0";
+
+constexpr std::string_view kForms = "TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR";
+constexpr std::string_view kSocketForm = "TCPIP::HOST::PORT::SOCKET";
+constexpr std::string_view kUsbForm = "USB::VENDOR::PRODUCT::SERIAL::INSTR";
+constexpr std::string_view kSerialForm = "ASRL1::INSTR or ASRL/dev/ttyUSB0::INSTR";
+constexpr std::string_view kSimulatedForm = "SIM::DEVICE::INSTR";
+
+char ToUpper(char character) {
+  return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
+}
+
+bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                    [](char a, char b) { return ToUpper(a) == ToUpper(b); });
+}
+
+bool IsControl(char character) {
+  const auto byte = static_cast<unsigned char>(character);
+  return byte < 0x20 || byte == 0x7F;
+}
+
+std::string_view Trimmed(std::string_view text) {
+  constexpr std::string_view kBlanks = " \t\r\n";
+  const std::size_t begin = text.find_first_not_of(kBlanks);
+  if (begin == std::string_view::npos) return {};
+  return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
+}
+
+std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+
+template <typename... Pieces>
+ResourceNameError Error(const Pieces&... pieces) {
+  ResourceNameError error;
+  (error.text.append(pieces), ...);
+  return error;
+}
+
+template <typename Number>
+std::optional<Number> ParseNumber(std::string_view text, int base = 10) {
+  Number value = 0;
+  const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), value, base);
+  if (text.empty() || failure != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return value;
+}
+
+/// USB ids are written as `0x1234` or in decimal.
+std::optional<std::uint16_t> ParseUsbId(std::string_view text) {
+  const bool hexadecimal = EqualsIgnoringCase(text.substr(0, 2), "0x");
+  return ParseNumber<std::uint16_t>(hexadecimal ? text.substr(2) : text, hexadecimal ? 16 : 10);
+}
+
+std::string UsbId(std::uint16_t id) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string text = "0x";
+  for (int shift = 12; shift >= 0; shift -= 4) text += kDigits[static_cast<std::size_t>(id >> shift) & 0xF];
+  return text;
+}
+
+/// The fields between the separators, where a bracketed host counts as one. None if a bracket is not closed.
+std::optional<std::vector<std::string_view>> Split(std::string_view text) {
+  std::vector<std::string_view> fields;
+  std::size_t begin = 0;
+  for (;;) {
+    std::size_t searchFrom = begin;
+    if (fields.size() == 1 && text.substr(begin, 1) == "[") {
+      searchFrom = text.find(']', begin);
+      if (searchFrom == std::string_view::npos) return std::nullopt;
+    }
+    const std::size_t end = text.find(kSeparator, searchFrom);
+    fields.push_back(text.substr(begin, end - begin));
+    if (end == std::string_view::npos) return fields;
+    begin = end + kSeparator.size();
+  }
+}
+
+/// A name behind its prefix: what follows the prefix directly (a board or serial port), and the other fields.
+struct Fields {
+  std::string_view suffix;
+  std::vector<std::string_view> rest;
+
+  bool HasClass(std::string_view name) const { return !rest.empty() && EqualsIgnoringCase(rest.back(), name); }
+};
+
+struct BoardResult {
+  unsigned board = 0;
+  std::optional<ResourceNameError> error;
+};
+
+BoardResult ParseBoard(std::string_view suffix, std::string_view prefix) {
+  if (suffix.empty()) return {};
+  if (const auto board = ParseNumber<std::uint16_t>(suffix)) return {*board, std::nullopt};
+  return {0, Error("the board ", Quoted(suffix), " is not a number; write ", prefix, " or ", prefix, "0")};
+}
+
+/// Takes the brackets off an IPv6 address.
+std::variant<std::string, ResourceNameError> ParseHost(std::string_view field) {
+  if (field.empty()) {
+    return Error("the host is missing; write ", kSocketForm,
+                 ", with an IPv6 address in brackets as in TCPIP::[::1]::5025::SOCKET");
+  }
+  if (field.find(' ') != std::string_view::npos) return Error("the host ", Quoted(field), " holds a blank");
+  if (field.front() != '[') {
+    if (field.find(':') == std::string_view::npos) return std::string(field);
+    return Error("the host ", Quoted(field), " holds a colon; write ", kSocketForm);
+  }
+  const std::string_view address = field.substr(1, field.find(']') - 1);
+  if (address.size() + 2 != field.size() || address.find(':') == std::string_view::npos) {
+    return Error(Quoted(field), " is not an IPv6 address in brackets, as in TCPIP::[::1]::5025::SOCKET");
+  }
+  return std::string(address);
+}
+
+std::string HostField(const std::string& host) { return host.find(':') == std::string::npos ? host : "[" + host + "]"; }
+
+bool IsNumber(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+ParseResult ParseSocket(unsigned board, std::string host, const Fields& fields) {
+  if (fields.rest.size() == 2) return Error("the port is missing; write TCPIP::", HostField(host), "::5025::SOCKET");
+  if (fields.rest.size() > 3) {
+    return Error("there are too many fields; write ", kSocketForm,
+                 ", with an IPv6 address in brackets as in TCPIP::[::1]::5025::SOCKET");
+  }
+  const auto port = ParseNumber<std::uint16_t>(fields.rest[1]);
+  if (!port || *port == 0) return Error("the port ", Quoted(fields.rest[1]), " is not a number from 1 to 65535");
+  return ResourceName(SocketAddress{board, std::move(host), *port});
+}
+
+ParseResult ParseTcpip(const Fields& fields) {
+  const BoardResult board = ParseBoard(fields.suffix, "TCPIP");
+  if (board.error) return *board.error;
+  if (fields.rest.empty()) return Error("the host is missing; write ", kSocketForm);
+  auto parsedHost = ParseHost(fields.rest.front());
+  if (auto* error = std::get_if<ResourceNameError>(&parsedHost)) return std::move(*error);
+  auto& host = std::get<std::string>(parsedHost);
+
+  if (fields.rest.size() > 1 && fields.HasClass("SOCKET")) return ParseSocket(board.board, std::move(host), fields);
+  const bool isInstr = fields.rest.size() > 1 && fields.HasClass("INSTR");
+  const std::size_t last = fields.rest.size() - (isInstr ? 1 : 0);
+  if (last == 2 && IsNumber(fields.rest[1])) {
+    return Error("a port needs the class SOCKET; write TCPIP::", HostField(host), "::", fields.rest[1], "::SOCKET");
+  }
+  if (!isInstr) return Error("the class is missing; end the name with ::PORT::SOCKET or ::INSTR");
+  if (last > 2) return Error("there are too many fields; write TCPIP::HOST::DEVICE::INSTR or ", kSocketForm);
+  const std::string_view device = last == 2 ? fields.rest[1] : kDefaultLanDevice;
+  if (device.empty()) return Error("the device is empty; write TCPIP::", HostField(host), "::inst0::INSTR");
+  return ResourceName(LanDeviceAddress{board.board, std::move(host), std::string(device)});
+}
+
+ParseResult ParseUsb(const Fields& fields) {
+  const BoardResult board = ParseBoard(fields.suffix, "USB");
+  if (board.error) return *board.error;
+  if (!fields.HasClass("INSTR")) return Error("the class is missing; write ", kUsbForm);
+  const std::size_t count = fields.rest.size();
+  if (count != 4 && count != 5) return Error("there are too ", count < 4 ? "few" : "many", " fields; write ", kUsbForm);
+  std::array<std::uint16_t, 2> ids = {};
+  for (std::size_t i = 0; i < ids.size(); ++i) {
+    const auto id = ParseUsbId(fields.rest[i]);
+    if (!id) return Error("the USB id ", Quoted(fields.rest[i]), " is not a number from 0 to 0xFFFF, as in 0x1234");
+    ids[i] = *id;
+  }
+  const std::string_view interfaceField = count == 5 ? fields.rest[3] : "0";
+  const auto interfaceNumber = ParseNumber<std::uint8_t>(interfaceField);
+  if (!interfaceNumber) return Error("the USB interface ", Quoted(interfaceField), " is not a number from 0 to 255");
+  return ResourceName(UsbAddress{board.board, ids[0], ids[1], std::string(fields.rest[2]), *interfaceNumber});
+}
+
+ParseResult ParseSerial(const Fields& fields) {
+  if (fields.rest.size() != 1 || !fields.HasClass("INSTR"))
+    return Error("a serial port's name ends with ::INSTR; write ", kSerialForm);
+  const bool isPath = fields.suffix.size() > 1 && fields.suffix.front() == '/';
+  if (isPath) return ResourceName(SerialAddress{std::string(fields.suffix)});
+  if (const auto number = ParseNumber<std::uint16_t>(fields.suffix))
+    return ResourceName(SerialAddress{std::to_string(*number)});
+  return Error("the serial port ", Quoted(fields.suffix), " is neither a number nor a path; write ", kSerialForm);
+}
+
+ParseResult ParseSimulated(const Fields& fields) {
+  if (!fields.suffix.empty()) return Error("there is no board number behind SIM; write ", kSimulatedForm);
+  if (fields.rest.size() != 2 || !fields.HasClass("INSTR") || fields.rest.front().empty())
+    return Error("a simulated instrument's name reads ", kSimulatedForm, ", as in SIM::dmm::INSTR");
+  return ResourceName(SimulatedAddress{std::string(fields.rest.front())});
+}
+
+struct PrefixEntry {
+  std::string_view prefix;
+  ParseResult (*parse)(const Fields& fields);
+};
+
+constexpr std::array kPrefixes = {
+    PrefixEntry{"TCPIP", ParseTcpip},
+    PrefixEntry{"USB", ParseUsb},
+    PrefixEntry{"ASRL", ParseSerial},
+    PrefixEntry{"SIM", ParseSimulated},
+};
+
+struct CanonicalWriter {
+  std::string operator()(const SocketAddress& address) const {
+    return "TCPIP" + std::to_string(address.board) + "::" + HostField(address.host) +
+           "::" + std::to_string(address.port) + "::SOCKET";
+  }
+  std::string operator()(const LanDeviceAddress& address) const {
+    return "TCPIP" + std::to_string(address.board) + "::" + HostField(address.host) + "::" + address.device + "::INSTR";
+  }
+  std::string operator()(const UsbAddress& address) const {
+    return "USB" + std::to_string(address.board) + "::" + UsbId(address.vendor) + "::" + UsbId(address.product) +
+           "::" + address.serial + "::" + std::to_string(address.interfaceNumber) + "::INSTR";
+  }
+  std::string operator()(const SerialAddress& address) const { return "ASRL" + address.port + "::INSTR"; }
+  std::string operator()(const SimulatedAddress& address) const { return "SIM::" + address.device + "::INSTR"; }
+};
+
+} // namespace
+
+ParseResult ResourceName::Parse(std::string_view text) {
+  text = Trimmed(text);
+  if (text.empty()) return Error("the name is empty; write ", kForms);
+  if (std::any_of(text.begin(), text.end(), IsControl))
+    return Error("the name holds a control character; write ", kForms);
+  auto fields = Split(text);
+  if (!fields) return Error("the bracket before the IPv6 address is not closed, as in TCPIP::[::1]::5025::SOCKET");
+  const std::string_view head = fields->front();
+  for (const PrefixEntry& entry : kPrefixes) {
+    const std::string_view suffix = head.substr(std::min(head.size(), entry.prefix.size()));
+    const bool suffixFits = suffix.empty() || suffix.front() == '/' || IsNumber(suffix.substr(0, 1));
+    if (!suffixFits || !EqualsIgnoringCase(head.substr(0, entry.prefix.size()), entry.prefix)) continue;
+    return entry.parse({suffix, {fields->begin() + 1, fields->end()}});
+  }
+  return Error(Quoted(head), " is no interface; write ", kForms);
+}
+
+std::string ResourceName::Canonical() const { return std::visit(CanonicalWriter(), address_); }
+
+} // namespace portico

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace portico {
+
+/// A raw TCP socket: `TCPIP[n]::HOST::PORT::SOCKET`.
+struct SocketAddress {
+  unsigned board = 0;
+  /// A name or an address; an IPv6 address stands here without its brackets.
+  std::string host;
+  /// 1 to 65535.
+  std::uint16_t port = 0;
+};
+
+/// An instrument protocol over the network: `TCPIP[n]::HOST[::DEVICE]::INSTR`.
+struct LanDeviceAddress {
+  unsigned board = 0;
+  std::string host;
+  std::string device;
+};
+
+/// A USB test and measurement device: `USB[n]::VENDOR::PRODUCT::SERIAL[::INTF]::INSTR`.
+struct UsbAddress {
+  unsigned board = 0;
+  std::uint16_t vendor = 0;
+  std::uint16_t product = 0;
+  std::string serial;
+  /// 0 to 255.
+  unsigned interfaceNumber = 0;
+};
+
+/// A serial port: `ASRLn::INSTR` or `ASRL/dev/PATH::INSTR`.
+struct SerialAddress {
+  /// A decimal number, or the path of the device.
+  std::string port;
+};
+
+/// A simulated instrument in this process: `SIM::DEVICE::INSTR`.
+struct SimulatedAddress {
+  std::string device;
+};
+
+/// The order is that of ResourceName::Address.
+enum class InterfaceKind { Socket, LanDevice, Usb, Serial, Simulated };
+
+/// Why a text is no resource name and what would be right, as one clause without a full stop.
+struct ResourceNameError {
+  std::string text;
+};
+
+/// The name of an instrument, taken apart. Prefix and class are read in any case; hosts, devices, serial numbers and
+/// paths keep theirs.
+class ResourceName {
+public:
+  using Address = std::variant<SocketAddress, LanDeviceAddress, UsbAddress, SerialAddress, SimulatedAddress>;
+
+  explicit ResourceName(Address address) : address_(std::move(address)) {}
+
+  /// Reads a name; blanks around it do not count.
+  static std::variant<ResourceName, ResourceNameError> Parse(std::string_view text);
+
+  InterfaceKind Kind() const { return static_cast<InterfaceKind>(address_.index()); }
+  const Address& GetAddress() const { return address_; }
+
+  /// The complete name, with its defaults and with prefix and class in upper case. Reads back as the same name.
+  std::string Canonical() const;
+
+private:
+  Address address_;
+};
+
+} // namespace portico

@@ -1,0 +1,41 @@
+#include "drivers/SessionAttributes.h"
+
+#include "platform/IInstrumentDriver.h"
+
+namespace portico {
+namespace {
+
+DriverResult Unknown(std::int32_t attribute) { return {DriverStatus::UnknownAttribute, std::to_string(attribute)}; }
+
+} // namespace
+
+DriverResult SessionAttributes::Get(std::int32_t attribute, std::int32_t& value) const {
+  if (attribute != TVSCPI_ATTR_TERMCHAR) return Unknown(attribute);
+  value = static_cast<std::int32_t>(termination_);
+  return {};
+}
+
+DriverResult SessionAttributes::Get(std::int32_t attribute, std::string& text) const {
+  if (attribute != TVSCPI_ATTR_ERRORQUERYSCPI) return Unknown(attribute);
+  text = errorQuery_;
+  return {};
+}
+
+DriverResult SessionAttributes::Set(std::int32_t attribute, std::int32_t value) {
+  if (attribute != TVSCPI_ATTR_TERMCHAR) return Unknown(attribute);
+  const auto termination = wire::ToTermination(value);
+  if (!termination) {
+    return {DriverStatus::InvalidAttributeValue,
+            "TERMCHAR " + std::to_string(value) + ", which is none of 0, 10, 11, 13 and 14"};
+  }
+  termination_ = *termination;
+  return {};
+}
+
+DriverResult SessionAttributes::Set(std::int32_t attribute, const std::string& text) {
+  if (attribute != TVSCPI_ATTR_ERRORQUERYSCPI) return Unknown(attribute);
+  errorQuery_ = text;
+  return {};
+}
+
+} // namespace portico

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "drivers/DriverStatus.h"
+#include "drivers/wire/Termination.h"
+
+#include <cstdint>
+#include <string>
+
+namespace portico {
+
+/// What can be set on a session. It outlives the connection, so nothing is lost by connecting anew.
+class SessionAttributes {
+public:
+  DriverResult Get(std::int32_t attribute, std::int32_t& value) const;
+  DriverResult Get(std::int32_t attribute, std::string& text) const;
+  DriverResult Set(std::int32_t attribute, std::int32_t value);
+  DriverResult Set(std::int32_t attribute, const std::string& text);
+
+  wire::Termination Termination() const { return termination_; }
+
+private:
+  wire::Termination termination_ = wire::Termination::Auto;
+  std::string errorQuery_ = "SYST:ERR?";
+};
+
+} // namespace portico

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "drivers/HostLookup.h"
+#include "drivers/ITransport.h"
+
+#include <cstdint>
+#include <string>
+
+namespace portico {
+
+/// A raw TCP connection: bytes only, without any mark of where a message ends. Time-outs run on the real clock.
+class TcpTransport final : public ITransport {
+public:
+  /// `host` is a name, an IPv4 address, or an IPv6 address without brackets.
+  TcpTransport(std::string host, std::uint16_t port);
+  ~TcpTransport() override;
+  TcpTransport(const TcpTransport&) = delete;
+  TcpTransport& operator=(const TcpTransport&) = delete;
+
+  /// Tries the addresses of the host in turn. The time left is shared out evenly among those still to be tried, so
+  /// that one that swallows all packets does not use up the time of the others.
+  DriverResult Open(TimePoint deadline) override;
+  void Close() noexcept override;
+  DriverResult Write(std::string_view bytes, TimePoint deadline) override;
+  Received Read(char* buffer, std::size_t size, TimePoint deadline) override;
+
+private:
+  DriverResult Connect(const NetworkAddress& address, TimePoint deadline);
+  /// The failure that the system's error number stands for.
+  DriverResult Failure(int error, DriverStatus otherwise) const;
+  DriverResult Failure(DriverStatus status) const { return {status, peer_}; }
+
+  const std::string host_;
+  const std::uint16_t port_;
+  /// Host and port as the messages give them.
+  const std::string peer_;
+  int socket_ = -1;
+};
+
+} // namespace portico

@@ -1,0 +1,123 @@
+#include "drivers/TcpTransport.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <limits>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace portico {
+namespace {
+
+/// Waits for `events` on the socket. Answers 0, ETIMEDOUT, or the system's error number.
+int WaitFor(int socket, short events, TimePoint deadline) {
+  for (;;) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - TimePoint::clock::now()).count();
+    if (left <= 0) return ETIMEDOUT;
+    pollfd entry = {socket, events, 0};
+    const auto timeout = std::min<decltype(left)>(left, std::numeric_limits<int>::max());
+    const int ready = ::poll(&entry, 1, static_cast<int>(timeout));
+    if (ready > 0) return 0;
+    if (ready < 0 && errno != EINTR) return errno;
+  }
+}
+
+bool WouldBlock(int error) { return error == EAGAIN || error == EWOULDBLOCK; }
+
+int PendingError(int socket) {
+  int error = 0;
+  socklen_t length = sizeof error;
+  return ::getsockopt(socket, SOL_SOCKET, SO_ERROR, &error, &length) == 0 ? error : errno;
+}
+
+} // namespace
+
+TcpTransport::TcpTransport(std::string host, std::uint16_t port)
+    : host_(std::move(host)), port_(port), peer_(host_ + ", port " + std::to_string(port)) {}
+
+TcpTransport::~TcpTransport() { Close(); }
+
+DriverResult TcpTransport::Open(TimePoint deadline) {
+  Close();
+  const HostLookup lookup = LookUpHost(host_, port_, deadline);
+  DriverResult result = lookup.result;
+  for (std::size_t i = 0; i < lookup.addresses.size(); ++i) {
+    const TimePoint now = TimePoint::clock::now();
+    const auto shares = static_cast<TimePoint::rep>(lookup.addresses.size() - i);
+    result = Connect(lookup.addresses[i], now + (deadline - now) / shares);
+    if (result.Succeeded()) break;
+    Close();
+  }
+  return result;
+}
+
+DriverResult TcpTransport::Connect(const NetworkAddress& address, TimePoint deadline) {
+  const auto* peer = reinterpret_cast<const sockaddr*>(address.data());
+  socket_ = ::socket(peer->sa_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, IPPROTO_TCP);
+  if (socket_ < 0) return Failure(errno, DriverStatus::ConnectFailed);
+  // A command is sent whole by one call, and nothing follows before its answer: holding it back only costs time.
+  const int on = 1;
+  ::setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+  if (::connect(socket_, peer, static_cast<socklen_t>(address.size())) == 0) return {};
+  // An interrupted connect goes on by itself, just as one that could not finish at once.
+  if (errno != EINPROGRESS && errno != EINTR) return Failure(errno, DriverStatus::ConnectFailed);
+  const int waitError = WaitFor(socket_, POLLOUT, deadline);
+  if (waitError == ETIMEDOUT) return Failure(DriverStatus::ConnectTimeout);
+  const int error = waitError != 0 ? waitError : PendingError(socket_);
+  return error == 0 ? DriverResult() : Failure(error, DriverStatus::ConnectFailed);
+}
+
+void TcpTransport::Close() noexcept {
+  if (socket_ >= 0) ::close(socket_);
+  socket_ = -1;
+}
+
+DriverResult TcpTransport::Write(std::string_view bytes, TimePoint deadline) {
+  while (!bytes.empty()) {
+    const ssize_t sent = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    if (sent >= 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(sent));
+      continue;
+    }
+    int error = errno;
+    if (error == EINTR) continue;
+    if (WouldBlock(error)) error = WaitFor(socket_, POLLOUT, deadline);
+    if (error == ETIMEDOUT) return Failure(DriverStatus::WriteTimeout);
+    if (error != 0) return Failure(error, DriverStatus::ConnectionLost);
+  }
+  return {};
+}
+
+Received TcpTransport::Read(char* buffer, std::size_t size, TimePoint deadline) {
+  for (;;) {
+    // The answer is hardly ever there yet when the query has just been sent: waiting first saves a vain call.
+    int error = WaitFor(socket_, POLLIN, deadline);
+    if (error == ETIMEDOUT) return {Failure(DriverStatus::ReadTimeout)};
+    if (error == 0) {
+      const ssize_t received = ::recv(socket_, buffer, size, 0);
+      if (received > 0) return {{}, static_cast<std::size_t>(received)};
+      if (received == 0) return {Failure(DriverStatus::ConnectionClosed)};
+      error = errno;
+    }
+    if (error != EINTR && !WouldBlock(error)) return {Failure(error, DriverStatus::ConnectionLost)};
+  }
+}
+
+DriverResult TcpTransport::Failure(int error, DriverStatus otherwise) const {
+  switch (error) {
+  case ECONNREFUSED:
+    return Failure(DriverStatus::ConnectionRefused);
+  case ETIMEDOUT:
+    return Failure(otherwise == DriverStatus::ConnectFailed ? DriverStatus::ConnectTimeout : otherwise);
+  case EPIPE:
+    return Failure(DriverStatus::ConnectionClosed);
+  default:
+    return {otherwise, peer_ + ", " + std::generic_category().message(error)};
+  }
+}
+
+} // namespace portico

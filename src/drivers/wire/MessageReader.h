@@ -1,0 +1,74 @@
+#pragma once
+
+#include "drivers/wire/Termination.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace portico::wire {
+
+/// Finds the end of one response message in a stream of bytes that comes in pieces of any size.
+///
+/// Definite-length blocks (`#<n><length><bytes>`, IEEE 488.2) at the start of a data element are passed over unseen,
+/// whatever bytes they hold. `#H`, `#Q` and `#B` are numbers. An indefinite block (`#0`) ends at the terminator, as
+/// the stream has no other mark. Inside a quoted string a `#` means nothing, but the terminator still counts:
+/// instruments send no raw line feeds in strings, and a lone quote must not swallow the answers that follow.
+class MessageReader {
+public:
+  explicit MessageReader(Termination termination);
+
+  /// Takes the next bytes and answers how many of them belong to the message, its terminator included: all of them
+  /// unless the message is complete.
+  std::size_t Feed(std::string_view bytes);
+
+  /// The transport says that the message ends here, with or without terminator.
+  void End() { complete_ = true; }
+
+  bool Complete() const { return complete_; }
+
+  /// How many of the message's last bytes are its terminator: 0 before it is complete.
+  std::size_t TerminatorLength() const { return terminatorLength_; }
+
+private:
+  enum class State : std::uint8_t {
+    ElementStart,
+    Element,
+    String,
+    /// Behind a quote that ends the string, or is doubled and stands for itself.
+    StringEnd,
+    BlockDigitCount,
+    BlockLength,
+    BlockData,
+    IndefiniteBlock,
+  };
+
+  /// Deals with bytes that hold nothing but plain elements in one go; npos if they have to be looked at one by one.
+  std::size_t FeedPlain(std::string_view bytes);
+  /// The index of the byte that completes a terminator, or npos.
+  std::size_t FindTerminator(std::string_view bytes) const;
+  bool EndsMessage(char byte, char before) const;
+  void Finish(char before);
+  std::size_t SkipBlockData(std::size_t available);
+  void Step(char byte);
+  State NextState(char byte);
+  State StartElement(char byte);
+  State StartBlock(char byte);
+  State ReadBlockLength(char byte);
+
+  /// The terminator's last byte, the one before it (0 if there is none), and whether that one has to be there.
+  const char last_;
+  const char first_;
+  const bool firstRequired_;
+
+  State state_ = State::ElementStart;
+  bool complete_ = false;
+  char quote_ = 0;
+  /// The byte before the next one; 0 if that is the message's first or stands behind a block.
+  char previous_ = 0;
+  unsigned lengthDigitsLeft_ = 0;
+  std::uint64_t blockBytesLeft_ = 0;
+  std::size_t terminatorLength_ = 0;
+};
+
+} // namespace portico::wire

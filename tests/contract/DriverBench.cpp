@@ -1,0 +1,107 @@
+#include "contract/DriverBench.h"
+
+#include "drivers/StandardTransports.h"
+#include "drivers/SteadyClock.h"
+#include "support/ManualClock.h"
+#include "support/ScriptedInstrument.h"
+#include "support/ScriptedServer.h"
+
+#include <array>
+
+namespace portico::test {
+namespace {
+
+class SocketBench final : public DriverBench {
+public:
+  SocketBench(InstrumentScript script, std::chrono::milliseconds timeout)
+      : server_(std::move(script)), driver_(StandardTransports({}, clock_), {clock_, timeout, &observer}) {}
+
+  IInstrumentDriver& Driver() override { return driver_; }
+  std::string Name() const override { return server_.ResourceName(); }
+  std::string CanonicalName() const override {
+    return "TCPIP0::127.0.0.1::" + std::to_string(server_.Port()) + "::SOCKET";
+  }
+  std::string ReceivedUpTo(const std::string& bytes) override {
+    server_.WaitForReceived(bytes);
+    return server_.Received();
+  }
+
+private:
+  ScriptedServer server_;
+  SteadyClock clock_;
+  InstrumentDriver driver_;
+};
+
+class SimulatedBench final : public DriverBench {
+public:
+  SimulatedBench(InstrumentScript script, std::chrono::milliseconds timeout)
+      : driver_(StandardTransports(
+                    [this, script = std::move(script)](const std::string&) {
+                      return std::make_unique<ScriptedInstrument>(script, received_);
+                    },
+                    clock_),
+                {clock_, timeout, &observer}) {}
+
+  IInstrumentDriver& Driver() override { return driver_; }
+  std::string Name() const override { return "sim::dmm::instr"; }
+  std::string CanonicalName() const override { return "SIM::dmm::INSTR"; }
+  std::string ReceivedUpTo(const std::string& /*bytes*/) override { return received_; }
+
+private:
+  ManualClock clock_;
+  std::string received_;
+  InstrumentDriver driver_;
+};
+
+template <typename Bench>
+std::unique_ptr<DriverBench> Make(InstrumentScript script, std::chrono::milliseconds timeout) {
+  return std::make_unique<Bench>(std::move(script), timeout);
+}
+
+} // namespace
+
+std::vector<DriverBenchKind> AllDriverBenches() {
+  return {{"Socket", Make<SocketBench>}, {"Simulated", Make<SimulatedBench>}};
+}
+
+void DriverContract::Start(InstrumentScript script, std::chrono::milliseconds timeout) {
+  bench = GetParam().make(std::move(script), timeout);
+  session = Open();
+  ASSERT_GT(session, 0);
+}
+
+std::int32_t DriverContract::Open() {
+  std::int32_t opened = 0;
+  EXPECT_EQ(Driver().TVSCPI_init(bench->Name(), 0, 0, opened), kSuccess);
+  return opened;
+}
+
+ReadOutcome DriverContract::Read(std::int32_t size) {
+  // One byte more than the driver is told of, to see that it leaves it alone.
+  std::string buffer(static_cast<std::size_t>(size) + 1, '~');
+  ReadOutcome outcome;
+  outcome.count = -1;
+  outcome.status = Driver().TVSCPI_ReadInstrData(session, size, buffer.data(), outcome.count);
+  EXPECT_EQ(buffer.back(), '~');
+  EXPECT_LE(outcome.count, size);
+  outcome.bytes = buffer.substr(0, static_cast<std::size_t>(outcome.count));
+  return outcome;
+}
+
+std::string DriverContract::Query(const std::string& command) {
+  EXPECT_EQ(Write(command + "\r"), kSuccess);
+  ReadOutcome outcome = Read();
+  EXPECT_EQ(outcome.status, kSuccess) << command;
+  if (!outcome.bytes.empty()) outcome.bytes.pop_back();
+  return outcome.bytes;
+}
+
+std::string DriverContract::Message(std::int32_t status, std::int32_t ofSession) {
+  std::array<char, kErrorMessageBufferSize + 1> buffer = {};
+  buffer.fill('~');
+  EXPECT_EQ(Driver().TVSCPI_error_message(ofSession, status, buffer.data()), kSuccess);
+  EXPECT_EQ(buffer.back(), '~');
+  return buffer.data();
+}
+
+} // namespace portico::test

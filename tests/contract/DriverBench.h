@@ -1,0 +1,85 @@
+#pragma once
+
+#include "drivers/InstrumentDriver.h"
+#include "support/InstrumentScript.h"
+
+#include <chrono>
+#include <cstdint>
+#include <gmock/gmock.h>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace portico::test {
+
+/// Keeps the names that the driver reports.
+class RecordingObserver final : public IDriverObserver {
+public:
+  void Reconnected(const std::string& resourceName) override { names.push_back(resourceName); }
+
+  std::vector<std::string> names;
+};
+
+/// A driver and an instrument for it that follows a script.
+class DriverBench {
+public:
+  virtual ~DriverBench() = default;
+
+  virtual IInstrumentDriver& Driver() = 0;
+  virtual std::string Name() const = 0;
+  virtual std::string CanonicalName() const = 0;
+  /// Waits until all that the instrument has received, over all connections, ends in `bytes`.
+  virtual std::string ReceivedUpTo(const std::string& bytes) = 0;
+
+  RecordingObserver observer;
+};
+
+/// What the suites run with: the name is that of the driver.
+struct DriverBenchKind {
+  const char* name;
+  std::unique_ptr<DriverBench> (*make)(InstrumentScript script, std::chrono::milliseconds timeout);
+};
+
+std::vector<DriverBenchKind> AllDriverBenches();
+
+inline void PrintTo(const DriverBenchKind& kind, std::ostream* stream) { *stream << kind.name; }
+
+inline std::string BenchName(const testing::TestParamInfo<DriverBenchKind>& info) { return info.param.name; }
+
+inline constexpr std::int32_t kSuccess = 0;
+inline constexpr std::int32_t Code(DriverStatus status) { return static_cast<std::int32_t>(status); }
+
+/// What one read answered.
+struct ReadOutcome {
+  std::int32_t status = 0;
+  std::int32_t count = 0;
+  /// The delivered bytes, the last one included.
+  std::string bytes;
+};
+
+/// Runs each test with a bench of its own.
+class DriverContract : public testing::TestWithParam<DriverBenchKind> {
+protected:
+  /// Long enough never to be over by accident.
+  static constexpr auto kPatient = std::chrono::milliseconds(5000);
+  /// For tests in which a time-out happens, yet answers come through as well.
+  static constexpr auto kBrief = std::chrono::milliseconds(250);
+
+  /// Sets the bench up and opens `session`.
+  void Start(InstrumentScript script, std::chrono::milliseconds timeout = kPatient);
+
+  IInstrumentDriver& Driver() { return bench->Driver(); }
+  std::int32_t Open();
+  std::int32_t Write(const std::string& text) { return Driver().TVSCPI_WriteInstrData(session, text); }
+  ReadOutcome Read(std::int32_t size = 1024);
+  /// Writes the command and its carriage return and gives the answer's data.
+  std::string Query(const std::string& command);
+  std::string Message(std::int32_t status, std::int32_t ofSession);
+
+  std::unique_ptr<DriverBench> bench;
+  std::int32_t session = 0;
+};
+
+} // namespace portico::test

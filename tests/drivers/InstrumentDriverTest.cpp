@@ -1,0 +1,108 @@
+#include "drivers/InstrumentDriver.h"
+
+#include "support/ManualClock.h"
+#include "support/ScriptedTransport.h"
+
+#include <array>
+#include <atomic>
+#include <gmock/gmock.h>
+#include <thread>
+
+namespace portico::test {
+namespace {
+
+class InstrumentDriverTest : public testing::Test {
+protected:
+  static std::int32_t Code(DriverStatus status) { return static_cast<std::int32_t>(status); }
+
+  std::string Message(std::int32_t session, std::int32_t status) {
+    std::array<char, kErrorMessageBufferSize> text = {};
+    EXPECT_EQ(driver.TVSCPI_error_message(session, status, text.data()), 0);
+    return text.data();
+  }
+
+  ManualClock clock;
+  ScriptedTransport::Record transport;
+  std::vector<std::string> names;
+  InstrumentDriver driver{{{InterfaceKind::Serial,
+                            [this](const ResourceName& name) {
+                              names.push_back(name.Canonical());
+                              return std::make_unique<ScriptedTransport>(transport);
+                            }}},
+                          {clock}};
+};
+
+TEST_F(InstrumentDriverTest, MakesTheTransportThatIsRegisteredForTheInterface) {
+  std::int32_t session = 0;
+  EXPECT_EQ(driver.TVSCPI_init("asrl1::instr", 0, 0, session), 0);
+  EXPECT_THAT(names, testing::ElementsAre("ASRL1::INSTR"));
+  EXPECT_EQ(transport.opened, 1);
+  EXPECT_EQ(driver.TVSCPI_WriteInstrData(session, "*RST\r"), 0);
+  EXPECT_THAT(transport.written, testing::ElementsAre("*RST\r\n"));
+}
+
+TEST_F(InstrumentDriverTest, AnInterfaceWithoutTransportIsNotSupported) {
+  std::int32_t session = 0;
+  EXPECT_EQ(driver.TVSCPI_init("SIM::dmm::INSTR", 0, 0, session), Code(DriverStatus::UnsupportedInterface));
+  EXPECT_EQ(Message(0, Code(DriverStatus::UnsupportedInterface)),
+            "The interface is not supported yet: SIM::dmm::INSTR.\n");
+  EXPECT_THAT(names, testing::IsEmpty());
+}
+
+TEST_F(InstrumentDriverTest, AFailedOpenUsesUpNoHandle) {
+  transport.openResult = {DriverStatus::ConnectTimeout, "ttyS0"};
+  std::int32_t session = 0;
+  EXPECT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), Code(DriverStatus::ConnectTimeout));
+  EXPECT_EQ(session, 0);
+  EXPECT_EQ(Message(0, Code(DriverStatus::ConnectTimeout)), "Timeout expired before the connection was made: ttyS0.\n");
+  transport.openResult = {};
+  EXPECT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), 0);
+  EXPECT_EQ(session, 1);
+}
+
+TEST_F(InstrumentDriverTest, AMessageGivesTheParticularsOfTheLastFailureOnly) {
+  std::int32_t session = 0;
+  ASSERT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), 0);
+  transport.writeResult = {DriverStatus::ConnectionLost, "ttyS0"};
+  EXPECT_EQ(driver.TVSCPI_WriteInstrData(session, "A\r"), Code(DriverStatus::ConnectionLost));
+  EXPECT_EQ(Message(session, Code(DriverStatus::ConnectionLost)), "The connection was lost: ttyS0.\n");
+  EXPECT_EQ(Message(session, Code(DriverStatus::ConnectionClosed)), "The instrument closed the connection.\n");
+  // Neither session 0 nor a session that is not open knows of it.
+  EXPECT_EQ(Message(0, Code(DriverStatus::ConnectionLost)), "The connection was lost.\n");
+  EXPECT_EQ(Message(7, Code(DriverStatus::ConnectionLost)), "The connection was lost.\n");
+}
+
+TEST_F(InstrumentDriverTest, AReadOnNoSessionCountsNothing) {
+  std::int32_t count = 9;
+  std::array<char, 2> buffer = {'x'};
+  EXPECT_EQ(driver.TVSCPI_ReadInstrData(1, 2, buffer.data(), count), Code(DriverStatus::InvalidSession));
+  EXPECT_EQ(count, 0);
+}
+
+TEST(InstrumentDriver, SessionsOnDifferentThreadsDoNotMix) {
+  ManualClock clock;
+  std::array<ScriptedTransport::Record, 4> records;
+  std::atomic<std::size_t> next = 0;
+  InstrumentDriver driver({{InterfaceKind::Simulated,
+                            [&](const ResourceName&) { return std::make_unique<ScriptedTransport>(records[next++]); }}},
+                          {clock});
+  constexpr int kCommands = 200;
+  std::vector<std::thread> threads;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    threads.emplace_back([&driver] {
+      std::int32_t session = 0;
+      EXPECT_EQ(driver.TVSCPI_init("SIM::dmm::INSTR", 0, 0, session), 0);
+      const std::string command = std::to_string(session) + "\r";
+      for (int n = 0; n < kCommands; ++n) EXPECT_EQ(driver.TVSCPI_WriteInstrData(session, command), 0);
+      EXPECT_EQ(driver.TVSCPI_close(session), 0);
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  for (const ScriptedTransport::Record& record : records) {
+    ASSERT_EQ(record.written.size(), static_cast<std::size_t>(kCommands));
+    EXPECT_THAT(record.written, testing::Each(record.written.front()));
+  }
+}
+
+} // namespace
+} // namespace portico::test

@@ -1,0 +1,169 @@
+#include "drivers/ResourceName.h"
+
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace portico {
+namespace {
+
+ResourceName Parsed(std::string_view text) {
+  const auto result = ResourceName::Parse(text);
+  const auto* error = std::get_if<ResourceNameError>(&result);
+  EXPECT_EQ(error, nullptr) << text << ": " << (error == nullptr ? "" : error->text);
+  return error == nullptr ? std::get<ResourceName>(result) : ResourceName(SimulatedAddress{"failed"});
+}
+
+struct Good {
+  std::string text;
+  InterfaceKind kind;
+  std::string canonical;
+};
+
+const std::vector<Good> kGoodNames = {
+    Good{"TCPIP::bench::5025::SOCKET", InterfaceKind::Socket, "TCPIP0::bench::5025::SOCKET"},
+    Good{"  tcpip2::Bench-7.Lab::1::socket\r\n", InterfaceKind::Socket, "TCPIP2::Bench-7.Lab::1::SOCKET"},
+    Good{"TCPIP::192.0.2.7::65535::SOCKET", InterfaceKind::Socket, "TCPIP0::192.0.2.7::65535::SOCKET"},
+    Good{"TCPIP::[::1]::05025::SOCKET", InterfaceKind::Socket, "TCPIP0::[::1]::5025::SOCKET"},
+    Good{"TCPIP::[fe80::1%eth0]::5025::SOCKET", InterfaceKind::Socket, "TCPIP0::[fe80::1%eth0]::5025::SOCKET"},
+    Good{"TCPIP::SOCKET::5025::SOCKET", InterfaceKind::Socket, "TCPIP0::SOCKET::5025::SOCKET"},
+    Good{"TCPIP::bench::INSTR", InterfaceKind::LanDevice, "TCPIP0::bench::inst0::INSTR"},
+    Good{"tcpip1::bench::gpib0,5::instr", InterfaceKind::LanDevice, "TCPIP1::bench::gpib0,5::INSTR"},
+    Good{"TCPIP::[::1]::hislip0,4880::INSTR", InterfaceKind::LanDevice, "TCPIP0::[::1]::hislip0,4880::INSTR"},
+    Good{"USB::0x1234::0xabcd::SN1::INSTR", InterfaceKind::Usb, "USB0::0x1234::0xABCD::SN1::0::INSTR"},
+    Good{"usb3::4660::65535::Sn 1::255::instr", InterfaceKind::Usb, "USB3::0x1234::0xFFFF::Sn 1::255::INSTR"},
+    Good{"USB::1::2::::INSTR", InterfaceKind::Usb, "USB0::0x0001::0x0002::::0::INSTR"},
+    Good{"ASRL1::INSTR", InterfaceKind::Serial, "ASRL1::INSTR"},
+    Good{"asrl07::instr", InterfaceKind::Serial, "ASRL7::INSTR"},
+    Good{"asrl/dev/ttyUSB0::instr", InterfaceKind::Serial, "ASRL/dev/ttyUSB0::INSTR"},
+    Good{"SIM::dmm::INSTR", InterfaceKind::Simulated, "SIM::dmm::INSTR"},
+    Good{"sim::Scope::Instr", InterfaceKind::Simulated, "SIM::Scope::INSTR"}};
+
+TEST(ResourceName, HasItsKindAndCanonicalForm) {
+  for (const Good& good : kGoodNames) {
+    SCOPED_TRACE(good.text);
+    const ResourceName name = Parsed(good.text);
+    EXPECT_EQ(name.Kind(), good.kind);
+    EXPECT_EQ(name.Canonical(), good.canonical);
+  }
+}
+
+TEST(ResourceName, TheCanonicalFormReadsBackAsItself) {
+  for (const Good& good : kGoodNames) EXPECT_EQ(Parsed(good.canonical).Canonical(), good.canonical);
+}
+
+struct Bad {
+  std::string text;
+  std::string error;
+};
+
+constexpr auto kTooManyForSocket =
+    "there are too many fields; write TCPIP::HOST::PORT::SOCKET, with an IPv6 address in "
+    "brackets as in TCPIP::[::1]::5025::SOCKET";
+constexpr auto kNoHost = "the host is missing; write TCPIP::HOST::PORT::SOCKET, with an IPv6 address in brackets as in "
+                         "TCPIP::[::1]::5025::SOCKET";
+constexpr auto kSimulated = "a simulated instrument's name reads SIM::DEVICE::INSTR, as in SIM::dmm::INSTR";
+constexpr auto kSerial = "a serial port's name ends with ::INSTR; write ASRL1::INSTR or ASRL/dev/ttyUSB0::INSTR";
+
+const std::vector<Bad> kGeneralMistakes = {
+    Bad{"", "the name is empty; write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR"},
+    Bad{" \t ", "the name is empty; write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR"},
+    Bad{std::string("SIM::d\0m::INSTR", 15),
+        "the name holds a control character; write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR"},
+    Bad{"GPIB0::5::INSTR", "\"GPIB0\" is no interface; write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR"},
+    Bad{"TCPIPX::bench::5025::SOCKET",
+        "\"TCPIPX\" is no interface; write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR"},
+    Bad{"192.0.2.7:5025", "\"192.0.2.7:5025\" is no interface; write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR"}};
+
+const std::vector<Bad> kTcpipMistakes = {
+    Bad{"TCPIP", "the host is missing; write TCPIP::HOST::PORT::SOCKET"},
+    Bad{"TCPIP::::5025::SOCKET", kNoHost},
+    Bad{"TCPIP::", kNoHost},
+    Bad{"TCPIP::::1::5025::SOCKET", kNoHost},
+    Bad{"TCPIP0x::bench::5025::SOCKET", "the board \"0x\" is not a number; write TCPIP or TCPIP0"},
+    Bad{"TCPIP99999::bench::5025::SOCKET", "the board \"99999\" is not a number; write TCPIP or TCPIP0"},
+    Bad{"TCPIP::bench", "the class is missing; end the name with ::PORT::SOCKET or ::INSTR"},
+    Bad{"TCPIP::INSTR", "the class is missing; end the name with ::PORT::SOCKET or ::INSTR"},
+    Bad{"TCPIP::bench::inst0", "the class is missing; end the name with ::PORT::SOCKET or ::INSTR"},
+    Bad{"TCPIP::bench::5025", "a port needs the class SOCKET; write TCPIP::bench::5025::SOCKET"},
+    Bad{"TCPIP::bench::5025::INSTR", "a port needs the class SOCKET; write TCPIP::bench::5025::SOCKET"},
+    Bad{"TCPIP::[::1]::5025", "a port needs the class SOCKET; write TCPIP::[::1]::5025::SOCKET"},
+    Bad{"TCPIP::bench::SOCKET", "the port is missing; write TCPIP::bench::5025::SOCKET"},
+    Bad{"TCPIP::bench::0::SOCKET", "the port \"0\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::bench::65536::SOCKET", "the port \"65536\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::bench::scpi::SOCKET", "the port \"scpi\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::bench::-1::SOCKET", "the port \"-1\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::bench::::SOCKET", "the port \"\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::fe80::1::5025::SOCKET", kTooManyForSocket},
+    Bad{"TCPIP::bench::a::b::INSTR",
+        "there are too many fields; write TCPIP::HOST::DEVICE::INSTR or TCPIP::HOST::PORT::SOCKET"},
+    Bad{"TCPIP::bench::::INSTR", "the device is empty; write TCPIP::bench::inst0::INSTR"},
+    Bad{"TCPIP::the bench::5025::SOCKET", "the host \"the bench\" holds a blank"},
+    Bad{"TCPIP::bench:5025::SOCKET", "the host \"bench:5025\" holds a colon; write TCPIP::HOST::PORT::SOCKET"},
+    Bad{"TCPIP::[::1::5025::SOCKET",
+        "the bracket before the IPv6 address is not closed, as in TCPIP::[::1]::5025::SOCKET"},
+    Bad{"TCPIP::[::1]x::5025::SOCKET",
+        "\"[::1]x\" is not an IPv6 address in brackets, as in TCPIP::[::1]::5025::SOCKET"},
+    Bad{"TCPIP::[]::5025::SOCKET", "\"[]\" is not an IPv6 address in brackets, as in TCPIP::[::1]::5025::SOCKET"},
+    Bad{"TCPIP::[bench]::5025::SOCKET",
+        "\"[bench]\" is not an IPv6 address in brackets, as in TCPIP::[::1]::5025::SOCKET"}};
+
+const std::vector<Bad> kOtherMistakes = {
+    Bad{"USB::1::2::SN", "the class is missing; write USB::VENDOR::PRODUCT::SERIAL::INSTR"},
+    Bad{"USB", "the class is missing; write USB::VENDOR::PRODUCT::SERIAL::INSTR"},
+    Bad{"USB::1::2::INSTR", "there are too few fields; write USB::VENDOR::PRODUCT::SERIAL::INSTR"},
+    Bad{"USB::1::2::SN::0::9::INSTR", "there are too many fields; write USB::VENDOR::PRODUCT::SERIAL::INSTR"},
+    Bad{"USB::0x::2::SN::INSTR", "the USB id \"0x\" is not a number from 0 to 0xFFFF, as in 0x1234"},
+    Bad{"USB::1::0x10000::SN::INSTR", "the USB id \"0x10000\" is not a number from 0 to 0xFFFF, as in 0x1234"},
+    Bad{"USB::1::2::SN::256::INSTR", "the USB interface \"256\" is not a number from 0 to 255"},
+    Bad{"USB1a::1::2::SN::INSTR", "the board \"1a\" is not a number; write USB or USB0"},
+    Bad{"ASRL1", kSerial},
+    Bad{"ASRL1::9600::INSTR", kSerial},
+    Bad{"ASRL::INSTR", "the serial port \"\" is neither a number nor a path; write ASRL1::INSTR or "
+                       "ASRL/dev/ttyUSB0::INSTR"},
+    Bad{"ASRL/::INSTR", "the serial port \"/\" is neither a number nor a path; write ASRL1::INSTR or "
+                        "ASRL/dev/ttyUSB0::INSTR"},
+    Bad{"SIM0::dmm::INSTR", "there is no board number behind SIM; write SIM::DEVICE::INSTR"},
+    Bad{"SIM::dmm", kSimulated},
+    Bad{"SIM", kSimulated},
+    Bad{"SIM::::INSTR", kSimulated},
+    Bad{"SIM::dmm::SOCKET", kSimulated},
+    Bad{"SIM::dmm::1::INSTR", kSimulated}};
+
+void ExpectRefused(const std::vector<Bad>& mistakes) {
+  for (const Bad& bad : mistakes) {
+    SCOPED_TRACE(bad.text);
+    const auto result = ResourceName::Parse(bad.text);
+    const auto* error = std::get_if<ResourceNameError>(&result);
+    ASSERT_NE(error, nullptr);
+    EXPECT_EQ(error->text, bad.error);
+  }
+}
+
+TEST(ResourceName, WhatIsNoNameAtAllIsRefused) { ExpectRefused(kGeneralMistakes); }
+TEST(ResourceName, MistakesInNetworkNamesAreExplained) { ExpectRefused(kTcpipMistakes); }
+TEST(ResourceName, MistakesInOtherNamesAreExplained) { ExpectRefused(kOtherMistakes); }
+
+TEST(ResourceName, TakesASocketNameApart) {
+  const auto address = std::get<SocketAddress>(Parsed("TCPIP1::[fe80::1]::5025::SOCKET").GetAddress());
+  EXPECT_EQ(address.board, 1u);
+  EXPECT_EQ(address.host, "fe80::1");
+  EXPECT_EQ(address.port, 5025);
+}
+
+TEST(ResourceName, TakesAUsbNameApart) {
+  const auto address = std::get<UsbAddress>(Parsed("USB2::0x12::34::SN::5::INSTR").GetAddress());
+  EXPECT_EQ(address.board, 2u);
+  EXPECT_EQ(address.vendor, 0x12);
+  EXPECT_EQ(address.product, 34);
+  EXPECT_EQ(address.serial, "SN");
+  EXPECT_EQ(address.interfaceNumber, 5u);
+}
+
+TEST(ResourceName, TakesTheOthersApart) {
+  EXPECT_EQ(std::get<LanDeviceAddress>(Parsed("TCPIP::bench::INSTR").GetAddress()).device, "inst0");
+  EXPECT_EQ(std::get<SerialAddress>(Parsed("ASRL/dev/ttyS0::INSTR").GetAddress()).port, "/dev/ttyS0");
+  EXPECT_EQ(std::get<SimulatedAddress>(Parsed("SIM::dmm::INSTR").GetAddress()).device, "dmm");
+}
+
+} // namespace
+} // namespace portico

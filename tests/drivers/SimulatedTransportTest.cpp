@@ -1,0 +1,108 @@
+#include "drivers/SimulatedTransport.h"
+
+#include "support/ManualClock.h"
+#include "support/ScriptedInstrument.h"
+
+#include <array>
+#include <gmock/gmock.h>
+
+namespace portico::test {
+namespace {
+
+using std::chrono::milliseconds;
+
+class SimulatedTransportTest : public testing::Test {
+protected:
+  TimePoint In(milliseconds time) const { return clock.Now() + time; }
+
+  std::string Read(TimePoint deadline, std::size_t size = 16) {
+    std::string buffer(size, '~');
+    result = transport.Read(buffer.data(), size, deadline);
+    return buffer.substr(0, result.count);
+  }
+
+  ManualClock clock;
+  InstrumentScript script;
+  std::string received;
+  std::vector<std::string> devices;
+  Received result;
+  SimulatedTransport transport{"dmm",
+                               [this](const std::string& device) {
+                                 devices.push_back(device);
+                                 return std::make_unique<ScriptedInstrument>(script, received);
+                               },
+                               clock};
+};
+
+TEST_F(SimulatedTransportTest, OpensTheDeviceOfTheName) {
+  EXPECT_TRUE(transport.Open(In(milliseconds(1))).Succeeded());
+  EXPECT_THAT(devices, testing::ElementsAre("dmm"));
+}
+
+TEST_F(SimulatedTransportTest, AnAnswerThatIsReadyTakesNoTime) {
+  script["Q?"] = Reaction::Answer("1\n");
+  ASSERT_TRUE(transport.Open(In(milliseconds(1))).Succeeded());
+  const TimePoint start = clock.Now();
+  EXPECT_TRUE(transport.Write("Q?\r\n", In(milliseconds(1))).Succeeded());
+  EXPECT_EQ(Read(In(milliseconds(1))), "1\n");
+  EXPECT_FALSE(result.end);
+  EXPECT_EQ(clock.Now(), start);
+}
+
+TEST_F(SimulatedTransportTest, AnAnswerIsAwaitedForAsLongAsItTakes) {
+  script["MEAS?"] = Reaction::Answer("1\n", milliseconds(300));
+  ASSERT_TRUE(transport.Open(In(milliseconds(1))).Succeeded());
+  const TimePoint start = clock.Now();
+  EXPECT_TRUE(transport.Write("MEAS?\r\n", In(milliseconds(1))).Succeeded());
+  EXPECT_EQ(Read(In(milliseconds(1000))), "1\n");
+  EXPECT_EQ(clock.Now(), start + milliseconds(300));
+}
+
+TEST_F(SimulatedTransportTest, AnAnswerThatTakesTooLongTimesOutAtTheDeadline) {
+  script["MEAS?"] = Reaction::Answer("1\n", milliseconds(300));
+  ASSERT_TRUE(transport.Open(In(milliseconds(1))).Succeeded());
+  const TimePoint start = clock.Now();
+  EXPECT_TRUE(transport.Write("MEAS?\r\n", In(milliseconds(1))).Succeeded());
+  EXPECT_EQ(Read(In(milliseconds(200))), "");
+  EXPECT_EQ(result.result.status, DriverStatus::ReadTimeout);
+  EXPECT_EQ(clock.Now(), start + milliseconds(200));
+}
+
+TEST_F(SimulatedTransportTest, WithNothingUnderWayTheReadWaitsOutItsTime) {
+  ASSERT_TRUE(transport.Open(In(milliseconds(1))).Succeeded());
+  const TimePoint start = clock.Now();
+  EXPECT_EQ(Read(In(milliseconds(200))), "");
+  EXPECT_EQ(result.result.status, DriverStatus::ReadTimeout);
+  EXPECT_EQ(clock.Now(), start + milliseconds(200));
+}
+
+TEST_F(SimulatedTransportTest, AResponseIsGivenInPiecesOfTheBuffersSize) {
+  script["Q?"] = Reaction::Answer("12345\n");
+  ASSERT_TRUE(transport.Open(In(milliseconds(1))).Succeeded());
+  EXPECT_TRUE(transport.Write("Q?\r\n", In(milliseconds(1))).Succeeded());
+  EXPECT_EQ(Read(In(milliseconds(1)), 4), "1234");
+  EXPECT_EQ(Read(In(milliseconds(1)), 4), "5\n");
+}
+
+TEST_F(SimulatedTransportTest, OpeningAgainGivesAFreshInstrument) {
+  script["Q?"] = Reaction::Answer("12345\n");
+  ASSERT_TRUE(transport.Open(In(milliseconds(1))).Succeeded());
+  EXPECT_TRUE(transport.Write("Q?\r\nQ?\r\n", In(milliseconds(1))).Succeeded());
+  EXPECT_EQ(Read(In(milliseconds(1)), 2), "12");
+  transport.Close();
+  ASSERT_TRUE(transport.Open(In(milliseconds(1))).Succeeded());
+  EXPECT_EQ(Read(In(milliseconds(1))), "");
+  EXPECT_THAT(devices, testing::SizeIs(2));
+}
+
+TEST(SimulatedTransport, ADeviceThatDoesNotExistCannotBeOpened) {
+  ManualClock clock;
+  SimulatedTransport transport(
+      "toaster", [](const std::string&) { return nullptr; }, clock);
+  const DriverResult result = transport.Open(clock.Now());
+  EXPECT_EQ(result.status, DriverStatus::UnknownSimulatedDevice);
+  EXPECT_EQ(result.detail, "toaster");
+}
+
+} // namespace
+} // namespace portico::test

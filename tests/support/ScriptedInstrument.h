@@ -1,0 +1,32 @@
+#pragma once
+
+#include "simulator/SimulatedInstrument.h"
+#include "support/InstrumentScript.h"
+
+#include <deque>
+
+namespace portico::test {
+
+/// A simulated instrument that does what a script says. It knows answers and silence.
+class ScriptedInstrument final : public simulator::SimulatedInstrument {
+public:
+  /// Adds all that is written to `received`, which must outlive the instrument.
+  ScriptedInstrument(InstrumentScript script, std::string& received);
+
+  void Write(std::string_view bytes, simulator::TimePoint now) override;
+  std::optional<std::string> Read(simulator::TimePoint now) override;
+  std::optional<simulator::TimePoint> NextEvent() const override;
+
+private:
+  struct Response {
+    simulator::TimePoint ready;
+    std::string text;
+  };
+
+  const InstrumentScript script_;
+  std::string& received_;
+  std::string input_;
+  std::deque<Response> responses_;
+};
+
+} // namespace portico::test

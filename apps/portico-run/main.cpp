@@ -1,0 +1,113 @@
+// Runs command files, or standard input, on an instrument. Only wires: the work is done in src/.
+
+#include "application/HostEnvironment.h"
+#include "application/Startup.h"
+#include "configuration/CConfigurationClient.h"
+#include "drivers/InstrumentDriver.h"
+#include "drivers/StandardTransports.h"
+#include "drivers/SteadyClock.h"
+#include "framework/HuntERR.h"
+#include "memory/EventLoop.h"
+#include "memory/HeadlessWindow.h"
+#include "memory/SettingsStore.h"
+#include "simulator/SimulatedInstrument.h"
+#include "terminal/BatchRun.h"
+
+#include <exception>
+#include <iostream>
+
+namespace {
+
+using namespace portico;
+using namespace portico::terminal;
+
+constexpr std::uint64_t SimulatorSeed = 1; // fixed, so that a run on a simulated instrument can be repeated
+
+class ReconnectionNotice final : public IDriverObserver {
+public:
+  void Reconnected(const std::string& resourceName) override {
+    std::cerr << "portico-run: " << resourceName << ": the connection was made anew; unread answers are lost"
+              << std::endl;
+  }
+};
+
+int Fail(const std::string& text) {
+  std::cerr << "portico-run: " << text << std::endl;
+  return static_cast<int>(ExitStatus::Usage);
+}
+
+/// Standard input is read as it arrives; files are read and checked whole before anything is sent.
+std::variant<std::vector<std::unique_ptr<LineSource>>, FileFault> OpenSources(const std::vector<std::string>& files,
+                                                                              const Interrupts& interrupts) {
+  std::vector<std::unique_ptr<LineSource>> sources;
+  for (const std::string& file : files) {
+    if (file == "-") {
+      sources.push_back(ReadStandardInput(interrupts));
+      continue;
+    }
+    auto lines = ReadCommandFile(file);
+    if (auto* fault = std::get_if<FileFault>(&lines)) return std::move(*fault);
+    sources.push_back(std::move(std::get<std::unique_ptr<LineSource>>(lines)));
+  }
+  return sources;
+}
+
+/// Lets go of what the program wired, in the reverse order; the channel closes with the factory.
+struct Wiring {
+  Wiring() = default;
+  Wiring(const Wiring&) = delete;
+  Wiring& operator=(const Wiring&) = delete;
+  ~Wiring() {
+    gConfiguration = nullptr;
+    modAppGlobals::ReleaseObjectFactory();
+    gMainForm = nullptr;
+    gInstrumentDriver = nullptr;
+    gSettingsStore = nullptr;
+    gEventLoop = nullptr;
+    HuntERR::SetEnvironment(nullptr);
+  }
+};
+
+int Run(const RunOptions& options) {
+  memory::SystemClock clock;
+  const auto loop = std::make_shared<memory::EventLoop>(clock);
+  const Interrupts interrupts([&loop] { loop->RequestQuit(); });
+
+  auto sources = OpenSources(options.Files, interrupts);
+  if (const auto* fault = std::get_if<FileFault>(&sources)) return Fail(fault->Text);
+
+  HostEnvironment environment;
+  SteadyClock driverClock;
+  ReconnectionNotice notice;
+  const Wiring wiring;
+  HuntERR::SetEnvironment(&environment);
+  gEventLoop = loop;
+  gSettingsStore = std::make_shared<memory::SettingsStore>();
+  gInstrumentDriver = std::make_shared<InstrumentDriver>(
+      StandardTransports(
+          [](std::string_view device) { return simulator::SimulatedInstrument::Make(device, SimulatorSeed); },
+          driverClock),
+      SessionOptions{driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &notice});
+  gMainForm = New<memory::HeadlessWindow>();
+  modAppGlobals::CreateObjectFactory();
+  gConfiguration = New<CConfigurationClient>();
+
+  BatchRun run(options, interrupts, std::cout, std::cerr);
+  return static_cast<int>(run.Run(std::get<std::vector<std::unique_ptr<LineSource>>>(sources)));
+}
+
+} // namespace
+
+int main(int argc, char** argv) try {
+  std::ios::sync_with_stdio(false);
+  const auto request = ParseRunOptions(argc, argv);
+  if (const auto* help = std::get_if<HelpText>(&request)) {
+    std::cout << help->Text << std::flush;
+    return 0;
+  }
+  if (const auto* error = std::get_if<UsageError>(&request)) return Fail(error->Text);
+  return Run(std::get<RunOptions>(request));
+} catch (const std::exception& error) {
+  std::cerr << "portico-run: internal error\n" << error.what() << std::endl;
+  return static_cast<int>(ExitStatus::Internal);
+}

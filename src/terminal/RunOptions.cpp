@@ -99,8 +99,7 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   app.add_option("--protocol", protocol, "SCPI or Other")->type_name("NAME")->capture_default_str();
   app.add_option("--option", settings, "A persisted option of the protocol, e.g. SCPIProtocolOPCPacing=Off; repeatable")
       ->type_name("NAME=VALUE")
-      ->expected(1)
-      ->take_all();
+      ->allow_extra_args(false);
   app.add_option("--timeout", timeout, "The driver's time-out for one operation")
       ->type_name("MS")
       ->capture_default_str();

@@ -26,8 +26,9 @@ std::int32_t InstrumentDriver::TVSCPI_init(const std::string& name, std::int32_t
 
 DriverResult InstrumentDriver::Open(const std::string& name, std::int32_t& session) {
   const auto parsed = ResourceName::Parse(name);
-  if (const auto* error = std::get_if<ResourceNameError>(&parsed))
+  if (const auto* error = std::get_if<ResourceNameError>(&parsed)) {
     return {DriverStatus::InvalidResourceName, error->text};
+  }
   const auto& resource = std::get<ResourceName>(parsed);
   const auto transport = transports_.find(resource.Kind());
   if (transport == transports_.end()) return {DriverStatus::UnsupportedInterface, resource.Canonical()};

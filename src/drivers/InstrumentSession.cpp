@@ -98,10 +98,11 @@ void InstrumentSession::Disconnect() {
 
 DriverResult InstrumentSession::Fill(TimePoint deadline) {
   Received received = transport_->Read(input_.Space(), ReceiveBuffer::kCapacity, deadline);
-  if (received.result.Succeeded())
+  if (received.result.Succeeded()) {
     input_.Filled(received.count, received.end);
-  else
+  } else {
     Disconnect();
+  }
   return std::move(received.result);
 }
 

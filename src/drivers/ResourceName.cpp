@@ -186,15 +186,17 @@ ParseResult ParseSerial(const Fields& fields) {
     return Error("a serial port's name ends with ::INSTR; write ", kSerialForm);
   const bool isPath = fields.suffix.size() > 1 && fields.suffix.front() == '/';
   if (isPath) return ResourceName(SerialAddress{std::string(fields.suffix)});
-  if (const auto number = ParseNumber<std::uint16_t>(fields.suffix))
+  if (const auto number = ParseNumber<std::uint16_t>(fields.suffix)) {
     return ResourceName(SerialAddress{std::to_string(*number)});
+  }
   return Error("the serial port ", Quoted(fields.suffix), " is neither a number nor a path; write ", kSerialForm);
 }
 
 ParseResult ParseSimulated(const Fields& fields) {
   if (!fields.suffix.empty()) return Error("there is no board number behind SIM; write ", kSimulatedForm);
-  if (fields.rest.size() != 2 || !fields.HasClass("INSTR") || fields.rest.front().empty())
+  if (fields.rest.size() != 2 || !fields.HasClass("INSTR") || fields.rest.front().empty()) {
     return Error("a simulated instrument's name reads ", kSimulatedForm, ", as in SIM::dmm::INSTR");
+  }
   return ResourceName(SimulatedAddress{std::string(fields.rest.front())});
 }
 

@@ -89,8 +89,9 @@ TEST_P(DriverContract, TermcharTakesItsFiveValuesOnly) {
     EXPECT_EQ(stored, value);
   }
   const std::int32_t invalid = Code(DriverStatus::InvalidAttributeValue);
-  for (const std::int32_t value : {-1, 1, 9, 12, 15, 1150007})
+  for (const std::int32_t value : {-1, 1, 9, 12, 15, 1150007}) {
     EXPECT_EQ(Driver().TVSCPI_SetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, value), invalid) << value;
+  }
   EXPECT_EQ(Message(invalid, session),
             "The attribute does not take that value: TERMCHAR 1150007, which is none of 0, 10, 11, 13 and 14.\n");
   std::int32_t stored = -1;

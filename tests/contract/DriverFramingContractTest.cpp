@@ -125,8 +125,9 @@ TEST_P(DriverFramingContract, ALoneQuoteDoesNotHideTheEndOfTheAnswer) {
 
 TEST_P(DriverFramingContract, AnyByteCrossesUnchanged) {
   std::string all;
-  for (int byte = 1; byte < 256; ++byte)
+  for (int byte = 1; byte < 256; ++byte) {
     if (byte != '\n' && byte != '\r' && byte != '#') all += static_cast<char>(byte);
+  }
   Start({{"Q?", Reaction::Answer(all + "\n")}});
   EXPECT_EQ(Query("Q?"), all);
   EXPECT_EQ(Write(all + "\r"), kSuccess);

@@ -46,10 +46,11 @@ std::size_t MessageReader::Feed(std::string_view bytes) {
   if (const std::size_t taken = FeedPlain(bytes); taken != kNone) return taken;
   std::size_t position = 0;
   while (position < bytes.size() && !complete_) {
-    if (state_ == State::BlockData)
+    if (state_ == State::BlockData) {
       position += SkipBlockData(bytes.size() - position);
-    else
+    } else {
       Step(bytes[position++]);
+    }
   }
   return position;
 }

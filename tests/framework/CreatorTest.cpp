@@ -1,5 +1,6 @@
 #include "framework/Creator.h"
 
+#include "FailingAllocation.h"
 #include "TestObjects.h"
 #include "support/FrameworkTest.h"
 #include "support/Raised.h"
@@ -7,8 +8,8 @@
 namespace portico {
 namespace {
 
-using test::CallStack;
 using test::FirstDescription;
+using test::Labels;
 using test::NamedObject;
 using test::Raised;
 
@@ -41,7 +42,17 @@ TEST_F(CreatorTest, IsMatchOfAnObjectRaises13UnderItsLabel) {
   const CreatorRow row = Row(1);
   const ErrorRecord error = Raised([&] { MakeCreator(row)->IsMatch(New<NamedObject>()); });
   EXPECT_EQ(error.Number, 13);
-  EXPECT_EQ(CallStack(error), (std::vector<String>{u"CtorWriteCmd.ICreator_IsMatch(Specification={NamedObject})"}));
+  EXPECT_EQ(Labels(error), (std::vector<String>{u"CtorWriteCmd.ICreator_IsMatch(Specification)"}));
+}
+
+TEST_F(CreatorTest, AFailureOfSpecificationStandsUnderItsLabel) {
+  const CreatorRow row = Row(1);
+  const auto creator = MakeCreator(row);
+  EXPECT_EQ(Labels(Raised([&] {
+              const test::FailingAllocation noMemory;
+              creator->Specification();
+            })),
+            (std::vector<String>{u"CtorWriteCmd.ICreator_Specification()"}));
 }
 
 TEST_F(CreatorTest, MakesANewProductFromItsParameters) {
@@ -88,7 +99,7 @@ TEST_P(CreatorCountTest, AnyOtherCountRaises450AndMakesNothing) {
 TEST_F(CreatorTest, AFailureStandsUnderTheCreatorsLabel) {
   const CreatorRow row = Row(1);
   const ErrorRecord error = Raised([&] { MakeCreator(row)->Create({}); });
-  EXPECT_EQ(CallStack(error), (std::vector<String>{u"CtorWriteCmd.ICreator_Create(Params={Array})"}));
+  EXPECT_EQ(Labels(error), (std::vector<String>{u"CtorWriteCmd.ICreator_Create(Params)"}));
 }
 
 TEST_F(CreatorTest, ALabelNameReplacesTheCreatorsOwn) {
@@ -96,8 +107,8 @@ TEST_F(CreatorTest, ALabelNameReplacesTheCreatorsOwn) {
   row.LabelName = u"CtorReadCmd";
   const auto creator = MakeCreator(row);
   EXPECT_EQ(creator->ClassName(), u"CtorWriteCmd");
-  EXPECT_EQ(CallStack(Raised([&] { creator->Create({}); })),
-            (std::vector<String>{u"CtorReadCmd.ICreator_Create(Params={Array})"}));
+  EXPECT_EQ(Labels(Raised([&] { creator->Create({}); })),
+            (std::vector<String>{u"CtorReadCmd.ICreator_Create(Params)"}));
 }
 
 TEST_F(CreatorTest, AProductThatWasNotMadeRaisesTheCreatorsOwnError) {
@@ -175,7 +186,7 @@ TEST_F(CreatorTest, ASingletonThatFailsToBeMadeFailsItsCreator) {
   }
   EXPECT_EQ(HuntERR::ErrNumber(), 17);
   EXPECT_EQ(FirstDescription(HuntERR::ErrReport()), u"No driver.");
-  EXPECT_EQ(CallStack(HuntERR::ErrReport()),
+  EXPECT_EQ(Labels(HuntERR::ErrReport()),
             (std::vector<String>{u"CtorDriverSession.Class_Initialize()", u"C.RegisterClasses(ObjectFactory)"}));
 }
 

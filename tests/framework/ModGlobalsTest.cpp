@@ -14,7 +14,7 @@ namespace {
 using modGlobals::FileExists;
 using modGlobals::ParamArrayCount;
 using modGlobals::VarArray;
-using test::CallStack;
+using test::Labels;
 using test::NamedObject;
 using test::Raised;
 
@@ -45,7 +45,7 @@ TEST_F(ModGlobalsTest, AFailureOfVarArrayStandsUnderItsLabel) {
     VarArray(1, 2);
   });
   EXPECT_EQ(error.Number, 7);
-  EXPECT_EQ(CallStack(error), (std::vector<String>{u"modGlobals.VarArray(Params)"}));
+  EXPECT_EQ(Labels(error), (std::vector<String>{u"modGlobals.VarArray(Params)"}));
 }
 
 TEST_F(ModGlobalsTest, ParamArrayCountIsTheNumberOfValues) {

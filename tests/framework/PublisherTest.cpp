@@ -18,6 +18,7 @@ namespace {
 
 using test::CallStack;
 using test::FirstDescription;
+using test::Labels;
 using test::NamedObject;
 using test::Raised;
 using test::SubscriberOf;
@@ -104,12 +105,12 @@ TEST_F(CSubscribersTest, FailuresStandUnderTheirLabels) {
   Subscribers.Add(New<SubscriberOf>(), u"Log");
   const ErrorRecord twice = Raised([&] { Subscribers.Add(New<SubscriberOf>(), u"log"); });
   EXPECT_EQ(twice.Number, 457);
-  EXPECT_EQ(CallStack(twice), (std::vector<String>{u"CSubscribers.Add(NewItem={SubscriberOf}, Key='log')"}));
-  EXPECT_EQ(CallStack(Raised([&] { Subscribers.Item(u"Display"); })),
-            (std::vector<String>{u"CSubscribers.Item(IndexOrKey='Display')"}));
-  EXPECT_EQ(CallStack(Raised([&] { Subscribers.Remove(7); })),
-            (std::vector<String>{u"CSubscribers.Remove(IndexKeyOrObject=7)"}));
-  EXPECT_EQ(CallStack(Raised([&] {
+  EXPECT_EQ(Labels(twice), (std::vector<String>{u"CSubscribers.Add(NewItem,Key)"}));
+  EXPECT_EQ(Labels(Raised([&] { Subscribers.Item(u"Display"); })),
+            (std::vector<String>{u"CSubscribers.Item(IndexOrKey)"}));
+  EXPECT_EQ(Labels(Raised([&] { Subscribers.Remove(7); })),
+            (std::vector<String>{u"CSubscribers.Remove(IndexKeyOrObject)"}));
+  EXPECT_EQ(Labels(Raised([&] {
               const test::FailingAllocation noMemory;
               Subscribers.NewEnum();
             })),
@@ -163,6 +164,7 @@ TEST_F(PublisherTest, TryUpdateRecordsAFailureAndGoesNoFurther) {
   EXPECT_EQ(FirstDescription(HuntERR::ErrReport()), u"Display is gone.");
   EXPECT_EQ(CallStack(HuntERR::ErrReport()),
             (std::vector<String>{u"modPublisher.TryUpdate(Subscriber={SubscriberOf}, Subject={CReport})"}));
+  EXPECT_EQ(Labels(HuntERR::ErrReport()), (std::vector<String>{u"modPublisher.TryUpdate(Subscriber,Subject)"}));
   EXPECT_EQ(Environment.Attempts, 0);
 }
 
@@ -262,9 +264,9 @@ TEST_F(PublisherTest, AFailedSubscriptionStandsUnderTheAgentsOldName) {
     Agent->Subscribe(subscriber);
   });
   EXPECT_EQ(error.Number, 7);
-  EXPECT_EQ(CallStack(error), (std::vector<String>{u"CSubscribers.Add(NewItem={SubscriberOf}, Key='')",
-                                                   u"modPublisher.Subscribe(Subscribers,Subscriber)",
-                                                   u"CtorTF.IPublisher_Subscribe(Subscriber={SubscriberOf})"}));
+  EXPECT_EQ(Labels(error),
+            (std::vector<String>{u"CSubscribers.Add(NewItem,Key)", u"modPublisher.Subscribe(Subscribers,Subscriber)",
+                                 u"CtorTF.IPublisher_Subscribe(Subscriber)"}));
 }
 
 TEST_F(PublisherTest, AFailedUnsubscriptionStandsUnderTheAgentsOldName) {
@@ -275,9 +277,9 @@ TEST_F(PublisherTest, AFailedUnsubscriptionStandsUnderTheAgentsOldName) {
     Agent->Unsubscribe(subscriber);
   });
   EXPECT_EQ(error.Number, 7);
-  EXPECT_EQ(CallStack(error), (std::vector<String>{u"CSubscribers.Remove(IndexKeyOrObject={SubscriberOf})",
-                                                   u"modPublisher.Unsubscribe(Subscribers,Subscriber)",
-                                                   u"CtorTF.IPublisher_Unsubscribe(Subscriber={SubscriberOf})"}));
+  EXPECT_EQ(Labels(error), (std::vector<String>{u"CSubscribers.Remove(IndexKeyOrObject)",
+                                                u"modPublisher.Unsubscribe(Subscribers,Subscriber)",
+                                                u"CtorTF.IPublisher_Unsubscribe(Subscriber)"}));
 }
 
 /// A subject that fails when its name is asked for, which only the report of another failure does.
@@ -296,8 +298,8 @@ TEST_F(PublisherTest, AFailedNotificationStandsUnderTheAgentsOldName) {
   Agent->Subscribe(Failing());
   const ErrorRecord error = Raised([&] { Agent->Notify(New<NamelessAtFirst>()); });
   EXPECT_EQ(error.Number, 17);
-  EXPECT_EQ(CallStack(error), (std::vector<String>{u"modPublisher.Notify(Subscribers,Subject)",
-                                                   u"CtorTF.IPublisher_Notify(Subject={NamelessAtFirst})"}));
+  EXPECT_EQ(Labels(error),
+            (std::vector<String>{u"modPublisher.Notify(Subscribers,Subject)", u"CtorTF.IPublisher_Notify(Subject)"}));
 }
 
 TEST_F(PublisherTest, CmdSubscriptionAgentIsOneForAllCallers) {

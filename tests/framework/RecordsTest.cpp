@@ -8,8 +8,17 @@
 namespace portico {
 namespace {
 
-using test::CallStack;
+using test::Labels;
 using test::Raised;
+
+/// The labels of a call that has no memory left.
+template <class Call>
+std::vector<String> LabelsWithoutMemory(Call call) {
+  return Labels(Raised([&] {
+    const test::FailingAllocation noMemory;
+    call();
+  }));
+}
 
 class CResponseTest : public test::FrameworkTest {
 protected:
@@ -57,24 +66,39 @@ TEST_F(CResponseTest, ASuccessAfterAFailureForgetsTheMessage) {
 
 TEST_F(CResponseTest, FailuresStandUnderTheirLabels) {
   const String text(1000, u'x');
-  const auto failing = [](auto call) {
-    return CallStack(Raised([&] {
-      const test::FailingAllocation noMemory;
-      call();
-    }));
-  };
-  EXPECT_EQ(failing([&] { Response.Initialize(7, text); }),
-            (std::vector<String>{u"CResponse.Initialize(code=7, data={Text})"}));
+  EXPECT_EQ(LabelsWithoutMemory([&] { Response.Initialize(7, text); }),
+            (std::vector<String>{u"CResponse.Initialize(code,data)"}));
   Response.Initialize(7, text);
-  EXPECT_EQ(failing([&] { Response.GetErrorMessage(); }), (std::vector<String>{u"CResponse.GetErrorMessage()"}));
-  EXPECT_EQ(failing([&] { Response.GetError(); }),
+  EXPECT_EQ(LabelsWithoutMemory([&] { Response.GetErrorMessage(); }),
+            (std::vector<String>{u"CResponse.GetErrorMessage()"}));
+  EXPECT_EQ(LabelsWithoutMemory([&] { Response.GetError(); }),
             (std::vector<String>{u"CResponse.GetErrorMessage()", u"CResponse.GetError()"}));
   EXPECT_EQ(
-      failing([&] { Response.GetResponseData(); }),
+      LabelsWithoutMemory([&] { Response.GetResponseData(); }),
       (std::vector<String>{u"CResponse.GetErrorMessage()", u"CResponse.GetError()", u"CResponse.GetResponseData()"}));
 }
 
 class CInstContainerTest : public test::FrameworkTest {};
+
+TEST_F(CInstContainerTest, FailuresStandUnderTheLabelsOfItsOldName) {
+  const String text(1000, u'x');
+  CInstContainer instruction;
+  EXPECT_EQ(LabelsWithoutMemory([&] { instruction.CmdType(text); }),
+            (std::vector<String>{u"CInstrContainer.CmdType(newValue)"}));
+  EXPECT_EQ(LabelsWithoutMemory([&] { instruction.FunctionName(text); }),
+            (std::vector<String>{u"CInstrContainer.FunctionName(newValue)"}));
+}
+
+TEST_F(CInstContainerTest, AFailedConstructionStandsUnderItsOldName) {
+  try {
+    const test::FailingAllocation noMemory;
+    const CInstContainer instruction;
+  } catch (...) {
+    StopHere(u"C.M()");
+  }
+  EXPECT_EQ(HuntERR::ErrNumber(), 7);
+  EXPECT_EQ(Labels(HuntERR::ErrReport()), (std::vector<String>{u"CInstrContainer.Class_Initialize()", u"C.M()"}));
+}
 
 TEST_F(CInstContainerTest, StartsEmptyWithAListOfItsOwn) {
   const CInstContainer instruction;

@@ -34,6 +34,24 @@ inline std::vector<String> CallStack(StringView report) {
 
 inline std::vector<String> CallStack(const ErrorRecord& error) { return CallStack(error.Description.Text()); }
 
+/// The labels that the calls of a report were made from: the parameter names as written, without their values. The
+/// values must hold no ", ".
+inline std::vector<String> Labels(StringView report) {
+  std::vector<String> labels;
+  for (const String& call : CallStack(report)) {
+    const auto bracket = call.find(u'(');
+    String label = call.substr(0, bracket + 1);
+    for (StringView entry : Split(StringView(call).substr(bracket + 1, call.size() - bracket - 2), u", ")) {
+      if (label.back() != u'(') label += u',';
+      label += entry.substr(0, entry.find(u'='));
+    }
+    labels.push_back(label + u")");
+  }
+  return labels;
+}
+
+inline std::vector<String> Labels(const ErrorRecord& error) { return Labels(error.Description.Text()); }
+
 /// The description that an error was raised with, out of its report.
 inline String FirstDescription(StringView report) { return String(report.substr(0, report.find(u" \r\n  Time='"))); }
 

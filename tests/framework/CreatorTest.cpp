@@ -5,6 +5,8 @@
 #include "support/FrameworkTest.h"
 #include "support/Raised.h"
 
+#include <ostream>
+
 namespace portico {
 namespace {
 
@@ -68,6 +70,8 @@ struct CountCase {
   std::size_t Count;
   const char16_t* Text;
 };
+
+void PrintTo(const CountCase& expected, std::ostream* out) { *out << expected.Count; }
 
 class CreatorCountTest : public test::FrameworkTest, public ::testing::WithParamInterface<CountCase> {};
 

@@ -145,6 +145,15 @@ TEST_F(ErrorTailsTest, TheCreatorsTailGoesOnWithTheConstructorsError) {
   EXPECT_EQ(report.find(u"  Time='"), report.rfind(u"  Time='"));
 }
 
+TEST_F(ErrorTailsTest, ADestructorThatFailsDoesNotDisturbAHeldCopy) {
+  Top([] {
+    const FailsWhenDestroyed local;
+    FailsWhenMade(17);
+  });
+  EXPECT_EQ(HuntERR::ErrNumber(), 17);
+  EXPECT_EQ(FirstDescription(HuntERR::ErrReport()), u"No beam.");
+}
+
 TEST_F(ErrorTailsTest, AnExpectedErrorOutOfAConstructorKeepsItsDescription) {
   Top([] { FailsWhenMade(Hex(0x80041100)); });
   EXPECT_EQ(HuntERR::ErrNumber(), Hex(0x80041100));

@@ -4,6 +4,8 @@
 #include "support/FrameworkTest.h"
 #include "support/Raised.h"
 
+#include <type_traits>
+
 namespace portico {
 namespace {
 
@@ -268,8 +270,27 @@ TEST_F(HuntERRTest, ResetForgetsEverything) {
 }
 
 TEST_F(HuntERRTest, AnUncaughtErrorTellsItsDescriptionInUtf8) {
-  EXPECT_STREQ(Error({17, u"s", String(u"5 \u00B5V"), {}, 0, 0, 0}).what(), "5 \xC2\xB5V");
+  const ErrorRecord record{17, u"s", String(u"5 \u00B5V"), {}, 0, 0, 0};
+  EXPECT_STREQ(Error(record).what(), "5 \xC2\xB5V");
+  EXPECT_STREQ(Error::WithHeldCopy(record).what(), "5 \xC2\xB5V");
 }
+
+TEST_F(HuntERRTest, AnErrorIsCopiedWithoutFail) { EXPECT_TRUE(std::is_nothrow_copy_constructible_v<Error>); }
+
+TEST(LazyText, IsComposedOnceWhenACopyIsRead) {
+  int composed = 0;
+  const LazyText text([&composed] {
+    ++composed;
+    return String(u"composed");
+  });
+  const LazyText copy = text; // NOLINT(performance-unnecessary-copy-initialization): the copy is the point
+  EXPECT_EQ(composed, 0);
+  EXPECT_EQ(copy.Text(), u"composed");
+  EXPECT_EQ(text.Text(), u"composed");
+  EXPECT_EQ(composed, 1);
+}
+
+TEST(LazyText, OfNothingIsEmpty) { EXPECT_EQ(LazyText().Text(), u""); }
 
 } // namespace
 } // namespace portico

@@ -71,12 +71,10 @@ TEST_F(ModGlobalsTest, NoFileExistsWhereTheFileSystemCannotTell) {
 }
 
 TEST_F(ModGlobalsTest, XMLParserAvailableTellsTheFlag) {
-  const bool before = gXMLParserAvailable;
   gXMLParserAvailable = true;
   EXPECT_TRUE(modGlobals::XMLParserAvailable());
   gXMLParserAvailable = false;
   EXPECT_FALSE(modGlobals::XMLParserAvailable());
-  gXMLParserAvailable = before;
 }
 
 } // namespace

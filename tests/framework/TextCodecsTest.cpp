@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace portico {
 namespace {
 
@@ -34,6 +36,8 @@ struct Malformed {
   std::string Bytes;
   std::size_t At;
 };
+
+void PrintTo(const Malformed& sequence, std::ostream* out) { *out << sequence.What; }
 
 class MalformedUtf8 : public ::testing::TestWithParam<Malformed> {};
 

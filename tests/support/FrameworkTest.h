@@ -4,13 +4,14 @@
 #include "framework/IConfiguration.h"
 #include "framework/IMainWindow.h"
 #include "framework/IObjectFactory.h"
+#include "framework/modGlobals.h"
 #include "support/FakeErrorEnvironment.h"
 
 #include <gtest/gtest.h>
 
 namespace portico::test {
 
-/// Gives a test clean error state, a fake error environment, and unset module-wide references.
+/// Gives a test clean error state, a fake error environment, and unset module-wide state.
 class FrameworkTest : public ::testing::Test {
 protected:
   FrameworkTest() { HuntERR::SetEnvironment(&Environment); }
@@ -19,6 +20,7 @@ protected:
     gConfiguration = {};
     gMainForm = {};
     gObjectFactory = {};
+    gXMLParserAvailable = false;
     HuntERR::Reset();
     HuntERR::SetEnvironment(nullptr);
   }

@@ -102,8 +102,8 @@ public:
     Params Parameters;
   };
 
-  explicit InstructionSpyFactory(Ref<IObjectFactory> real) : m_real(std::move(real)) {}
   StringView ClassName() const override { return u"InstructionSpyFactory"; }
+  void StandBefore(const Ref<IObjectFactory>& real) { m_real = real; }
   Ref<IObject> CreateObject(const Value& Specification, const Params& Parameters) override {
     Requests.push_back({Specification.ToString(), Parameters});
     const auto standIn = StandIns.find(Specification.ToString());

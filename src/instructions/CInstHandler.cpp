@@ -56,7 +56,7 @@ void CInstHandler::PublishReport(const Ref<CInstContainer>& Instruction) const t
   report->Initialize(m_prefix + u"InstructionProcessor", Instruction, ErrorNumber::InstructionComplete, {}, {});
   portico::Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray())->Notify(report);
 } catch (...) {
-  StopHere(String(ClassName()).append(u".PublishReport()"), {Instruction});
+  StopHere(String(ClassName()).append(u".PublishReport()"));
 }
 
 namespace {

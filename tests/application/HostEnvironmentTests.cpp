@@ -1,0 +1,55 @@
+#include "application/HostEnvironment.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+namespace portico {
+namespace {
+
+String Path(const std::filesystem::path& path) { return FromUtf8(path.string()).Text; }
+
+TEST(HostEnvironment, KnowsTheProgram) {
+  const HostEnvironment host;
+  EXPECT_EQ(host.ProgramFileName(), u"test_application");
+  EXPECT_TRUE(std::filesystem::exists(ToUtf8(host.ProgramDirectory() + u"/" + host.ProgramFileName())));
+  EXPECT_EQ(host.PathSeparator(), u'/');
+}
+
+TEST(HostEnvironment, TheVersionIsMajorMinorAndRevision) {
+  EXPECT_EQ(Split(HostEnvironment().ProgramVersion(), u".").size(), 3U);
+}
+
+TEST(HostEnvironment, KnowsTheMachineAndItsMessages) {
+  const HostEnvironment host;
+  EXPECT_FALSE(host.ComputerName().empty());
+  EXPECT_EQ(ToUtf8(host.SystemMessage(2)), std::system_category().message(2));
+}
+
+TEST(HostEnvironment, TicksNeverGoBack) {
+  const HostEnvironment host;
+  const auto before = host.Ticks();
+  EXPECT_GE(host.Ticks(), before);
+}
+
+TEST(HostEnvironment, AppendsToAFileInUtf8AndMakesItIfNeedBe) {
+  const auto path = std::filesystem::path(::testing::TempDir()) / "portico-host-environment.log";
+  std::filesystem::remove(path);
+  HostEnvironment host;
+  EXPECT_TRUE(host.AppendToFile(Path(path), u"one\r\n"));
+  EXPECT_TRUE(host.AppendToFile(Path(path), u"\u00B5V\r\n"));
+  std::ifstream file(path, std::ios::binary);
+  const std::string text{std::istreambuf_iterator<char>(file), {}};
+  EXPECT_EQ(text, "one\r\n\xC2\xB5V\r\n");
+  std::filesystem::remove(path);
+}
+
+TEST(HostEnvironment, AFileThatCannotBeOpenedIsNoError) {
+  EXPECT_FALSE(HostEnvironment().AppendToFile(u"/no such directory/a file", u"text"));
+}
+
+} // namespace
+} // namespace portico

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "framework/text.h"
+
+#include <array>
+#include <cstddef>
+
+namespace portico::support {
+
+struct RegisteredRow {
+  StringView Registrar;
+  StringView Creator;
+  StringView Specification;
+  std::size_t ParamCount;
+};
+
+/// Every creator of the program, in the order in which the factory holds them.
+inline constexpr std::array RegisteredRows = {
+    RegisteredRow{u"CRegistrar", u"CtorReport", u"Report", 5},
+    RegisteredRow{u"CConfigurationRegistrar", u"CtorConfiguration", u"Configuration", 0},
+    RegisteredRow{u"CSubscriptionAgentRegistrar", u"CtorSubscriptionAgent", u"CmdSubscriptionAgent", 0},
+    RegisteredRow{u"CDriverSessionRegistrar", u"CtorDriverSession", u"DriverSession", 0},
+    RegisteredRow{u"CInstDirectorRegistrar", u"CtorInstProcessor", u"InstructionProcessor", 0},
+    RegisteredRow{u"CCfgInstHndlrRegistrar", u"CtorCONFIGInstHandler", u"ConfigurationInstructionHandler", 0},
+    RegisteredRow{u"CCfgInstHndlrRegistrar", u"CtorConfigCmdBuilder", u"ConfigurationCommandBuilder", 0},
+    RegisteredRow{u"CCfgInstHndlrRegistrar", u"CtorSetConfigCmd", u"SetConfigurationCommand", 2},
+    RegisteredRow{u"CCfgInstHndlrRegistrar", u"CtorGetConfigCmd", u"GetConfigurationCommand", 2},
+    RegisteredRow{u"CCommInstHndlrRegistrar", u"CtorCOMMInstHandler", u"CommunicationInstructionHandler", 0},
+    RegisteredRow{u"CCommInstHndlrRegistrar", u"CtorCommCmdBuilder", u"CommunicationCommandBuilder", 0},
+    RegisteredRow{u"CCommInstHndlrRegistrar", u"CtorSetAttribCmd", u"SetAttribCmd", 3},
+    RegisteredRow{u"CCommInstHndlrRegistrar", u"CtorGetAttribCmd", u"GetAttribCmd", 2},
+    RegisteredRow{u"CCommInstHndlrRegistrar", u"CtorCloseCmd", u"CloseCmd", 1},
+    RegisteredRow{u"CCommInstHndlrRegistrar", u"CtorOpenCmd", u"OpenCmd", 2},
+    RegisteredRow{u"CCommInstHndlrRegistrar", u"CtorReadCmd", u"ReadCmd", 2},
+    RegisteredRow{u"CCommInstHndlrRegistrar", u"CtorWriteCmd", u"WriteCmd", 2},
+    RegisteredRow{u"CSCPIInstHndlrRegistrar", u"CtorSCPIInstHandler", u"SCPIInstructionHandler", 0},
+    RegisteredRow{u"CSCPIInstHndlrRegistrar", u"CtorSCPICmdBuilder", u"SCPICommandBuilder", 0},
+    RegisteredRow{u"CSCPIInstHndlrRegistrar", u"CtorPacingCmdBuilder", u"PacingCommandBuilder", 0},
+    RegisteredRow{u"CSCPIInstHndlrRegistrar", u"CtorOPCQueryCmdBldr", u"OPCQueryPacingCommandBuilder", 0},
+    RegisteredRow{u"CSCPIInstHndlrRegistrar", u"CtorIntrvlPcngCmdBldr", u"IntervalPacingCommandBuilder", 0},
+    RegisteredRow{u"CSCPIInstHndlrRegistrar", u"CtorIntervalPacingCmd", u"IntervalPacingCommand", 1},
+    RegisteredRow{u"CSCPIInstHndlrRegistrar", u"CtorIntervalTimer", u"IntervalTimer", 0},
+    RegisteredRow{u"CSCPIInstHndlrRegistrar", u"CtorErrChkCmdBuilder", u"ErrorCheckingCommandBuilder", 0},
+    RegisteredRow{u"CSCPIInstHndlrRegistrar", u"CtorNullCmdBuilder", u"NullCommandBuilder", 0},
+};
+
+} // namespace portico::support

@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
       ->capture_default_str();
   app.add_option("--bind", options.address, "The IPv4 or IPv6 address to listen on")->capture_default_str();
   app.add_option("--seed", options.seed, "The start of all that looks random")
-      ->check(CLI::NonNegativeNumber)
+      ->check(CLI::TypeValidator<std::uint64_t>("UINT"))
       ->capture_default_str();
   try {
     app.parse(argc, argv);

@@ -96,7 +96,7 @@ TEST(CommandTree, TakesSuffixesInTheirRange) {
   EXPECT_EQ(recorder.Invoke("OUTP3:STAT"), "output 3");
   EXPECT_EQ(recorder.Invoke("OUTP0"), "-114");
   EXPECT_EQ(recorder.Invoke("OUTP4"), "-114");
-  EXPECT_EQ(recorder.Invoke("OUTP99999999999"), "-114");
+  EXPECT_EQ(recorder.Invoke("OUTP99999999"), "-114");
 }
 
 TEST(CommandTree, ANodeWithoutARangeIsItsOwnFirst) {

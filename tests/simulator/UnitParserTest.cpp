@@ -77,7 +77,8 @@ TEST(UnitParser, AHugeSuffixIsHuge) { EXPECT_EQ(Headers("A99999999999"), Strings
 
 TEST(UnitParser, Decimals) {
   for (const char* number : {"1", "+1.5", "-.5", "2.", "1E3", "1.5e-3", "007"}) {
-    const Parameter parameter = Only(std::string("A ") + number);
+    const std::string message = std::string("A ") + number;
+    const Parameter parameter = Only(message);
     EXPECT_EQ(parameter.kind, Kind::Decimal);
     EXPECT_EQ(parameter.text, number);
     EXPECT_EQ(parameter.unit, "");

@@ -82,9 +82,8 @@ ErrorRecord StandardError(std::int32_t Number) {
   return record;
 }
 
-void Check(bool Condition, std::int32_t ErrNum, StringView Message, const Params& Values, StringView HelpFile,
-           std::int32_t HelpContext) {
-  if (Condition) return;
+void FailCheck(std::int32_t ErrNum, StringView Message, const Params& Values, StringView HelpFile,
+               std::int32_t HelpContext) {
   String message = ReplaceAll(Message, u"||", NewLine);
   for (std::size_t i = Values.size(); i > 0; --i) { // from the last, so that %1 is not found in %10
     message = ReplaceAll(message, u"%" + ToText(static_cast<std::int64_t>(i)), Values[i - 1].TextForm());

@@ -36,16 +36,26 @@ IErrorEnvironment& Environment();
 /// The record of such an error, to be recorded without raising it.
 ErrorRecord StandardError(std::int32_t Number);
 
+/// What `Check` does when its condition does not hold.
+void FailCheck(std::int32_t ErrNum, StringView Message, const Params& Values = {}, StringView HelpFile = {},
+               std::int32_t HelpContext = 0);
+
 /// Raises `ErrNum` with `Message` and the source "HuntERR.Check" unless the condition holds. "||" in the message is a
-/// line break, %1, %2 … are replaced by the text forms of `Values`. With `ErrNum` 0 nothing is raised: the message is
-/// collected for the next report.
-void Check(bool Condition, std::int32_t ErrNum, StringView Message, const Params& Values = {}, StringView HelpFile = {},
-           std::int32_t HelpContext = 0);
+/// line break. With `ErrNum` 0 nothing is raised: the message is collected for the next report.
+inline void Check(bool Condition, std::int32_t ErrNum, StringView Message) {
+  if (!Condition) FailCheck(ErrNum, Message);
+}
+
+/// The same; %1, %2 … in the message are replaced by the text forms of `Values`.
+inline void Check(bool Condition, std::int32_t ErrNum, StringView Message, const Params& Values,
+                  StringView HelpFile = {}, std::int32_t HelpContext = 0) {
+  if (!Condition) FailCheck(ErrNum, Message, Values, HelpFile, HelpContext);
+}
 
 /// The same for a message that is worth composing only on failure.
 template <std::invocable Composer>
 void Check(bool Condition, std::int32_t ErrNum, Composer&& Message) {
-  if (!Condition) Check(false, ErrNum, StringView(Message()));
+  if (!Condition) FailCheck(ErrNum, Message());
 }
 
 /// The tail. `MethodName` is a label of the form Class.Method(Param1,Param2), `Values` the values of those parameters.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/CastPointer.h"
 #include "framework/IObject.h"
 
 #include <cstddef>
@@ -49,9 +50,9 @@ Ref<T> New(Args&&... args) {
 template <class To, class From>
 Ref<To> Cast(const Ref<From>& from) {
   if (!from) return {};
-  auto to = std::dynamic_pointer_cast<To>(from.Shared());
-  if (!to) RaiseTypeMismatch();
-  return Ref<To>(std::move(to));
+  To* to = CastPointer<To>(from.Get());
+  if (to == nullptr) RaiseTypeMismatch();
+  return Ref<To>(std::shared_ptr<To>(from.Shared(), to));
 }
 
 /// Identity is that of the `IObject`: two interfaces of one object are the same.

@@ -45,14 +45,22 @@ String ToUpper(StringView Text) {
 }
 
 bool EqualNoCase(StringView A, StringView B) {
+  if (A == B) return true; // by far the usual case of equality
   return A.size() == B.size() && std::equal(A.begin(), A.end(), B.begin(), [](char16_t a, char16_t b) {
            return a == b || FoldCase(a) == FoldCase(b);
          });
 }
 
 std::size_t HashNoCase::operator()(StringView Text) const {
-  std::uint64_t hash = 14695981039346656037ULL; // FNV-1a
-  for (const char16_t unit : Text) hash = (hash ^ FoldCase(unit)) * 1099511628211ULL;
+  // Bit 5 is all that tells the case of an ASCII letter; leaving it out makes other characters meet too, which a hash
+  // may do, and spares the folding.
+  constexpr std::uint64_t prime = 1099511628211ULL;
+  std::uint64_t hash = 14695981039346656037ULL; // FNV-1a, by units
+  for (const char16_t unit : Text) {
+    const char16_t folded =
+        unit < 0x80 ? static_cast<char16_t>(unit | 0x20) : static_cast<char16_t>(FoldCase(unit) | 0x20);
+    hash = (hash ^ folded) * prime;
+  }
   return static_cast<std::size_t>(hash);
 }
 

@@ -1,0 +1,60 @@
+#include "simulator/SocketServer.h"
+
+#include <CLI/CLI.hpp>
+
+#include <csignal>
+#include <exception>
+#include <iostream>
+
+namespace {
+
+using portico::simulator::SocketServer;
+
+constexpr int kUsageError = 2;
+
+SocketServer* running = nullptr;
+
+void StopServer(int /*signal*/) { running->Stop(); }
+
+int Complain(const std::string& what, const std::string& hint) {
+  std::cerr << "portico-sim: " << what << "; " << hint << '\n';
+  return kUsageError;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  SocketServer::Options options;
+  CLI::App app("Serves a simulated instrument over TCP; each connection gets an instrument of its own.", "portico-sim");
+  app.set_version_flag("--version", "portico-sim " PORTICO_VERSION);
+  app.add_option("--device", options.device, "The kind of instrument: dmm, psu or scope")->capture_default_str();
+  app.add_option("--port", options.port, "The TCP port; 0 picks a free one")
+      ->check(CLI::Range(0, 65535))
+      ->capture_default_str();
+  app.add_option("--bind", options.address, "The IPv4 or IPv6 address to listen on")->capture_default_str();
+  app.add_option("--seed", options.seed, "The start of all that looks random")
+      ->check(CLI::TypeValidator<std::uint64_t>("UINT"))
+      ->capture_default_str();
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    if (error.get_exit_code() == 0) return app.exit(error);
+    return Complain(error.what(), "try portico-sim --help");
+  }
+
+  try {
+    SocketServer server(options);
+    running = &server;
+    std::signal(SIGINT, StopServer);
+    std::signal(SIGTERM, StopServer);
+    std::cout << "listening on " << server.Endpoint() << std::endl;
+    server.Run();
+    std::signal(SIGINT, SIG_IGN); // the handlers must not outlive the server
+    std::signal(SIGTERM, SIG_IGN);
+  } catch (const std::invalid_argument& error) {
+    return Complain(error.what(), "try portico-sim --help");
+  } catch (const std::system_error& error) {
+    return Complain(error.what(), "give another --port, 0 for a free one, or another --bind");
+  }
+  return 0;
+}

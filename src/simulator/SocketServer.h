@@ -1,0 +1,59 @@
+#pragma once
+
+#include "simulator/ClientConnection.h"
+#include "simulator/FileDescriptor.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace portico::simulator {
+
+/// Serves a simulated instrument over TCP, in one thread: bytes only, as instruments do on port 5025.
+///
+/// Each connection gets an instrument of its own, fresh and with the same seed, so that clients do not disturb each
+/// other and every session can be repeated.
+class SocketServer {
+public:
+  /// The port that IANA has registered for SCPI over a raw socket.
+  static constexpr std::uint16_t kStandardPort = 5025;
+
+  struct Options {
+    std::string device = "dmm";         ///< as in SimulatedInstrument::Make()
+    std::string address = "127.0.0.1";  ///< of the interface, IPv4 or IPv6, in figures
+    std::uint16_t port = kStandardPort; ///< 0 picks a free one
+    std::uint64_t seed = 1;
+  };
+
+  /// Listens from now on; connections are accepted while Run() runs. Throws std::invalid_argument for an unknown device
+  /// or what is not an address, and std::system_error if the operating system refuses.
+  explicit SocketServer(Options options);
+
+  std::uint16_t Port() const { return port_; }
+  /// `127.0.0.1:5025` or `[::1]:5025`.
+  std::string Endpoint() const;
+
+  /// Serves until Stop(), then closes all connections. Throws std::system_error.
+  void Run();
+
+  /// Ends Run(), now or when it is called. May be called from any thread and from a signal handler.
+  void Stop() noexcept;
+
+private:
+  void Listen();
+  void Accept(TimePoint now);
+  std::optional<TimePoint> NextEvent() const;
+  void Serve(TimePoint now, const std::vector<short>& events);
+
+  Options options_;
+  std::uint16_t port_ = 0;
+  FileDescriptor listener_;
+  FileDescriptor wakeUpReader_;
+  FileDescriptor wakeUpWriter_;
+  std::vector<std::unique_ptr<ClientConnection>> clients_;
+  TimePoint acceptAgain_{}; ///< after the system ran out of descriptors
+};
+
+} // namespace portico::simulator

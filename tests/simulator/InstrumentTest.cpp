@@ -1,0 +1,137 @@
+#include "Session.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace portico::simulator {
+namespace {
+
+using std::chrono::milliseconds;
+
+TEST(SimulatedInstrument, MakesEveryDeviceInAnyCase) {
+  for (const char* device : {"dmm", "DMM", "psu", "Psu", "scope", "SCOPE"}) {
+    EXPECT_NE(SimulatedInstrument::Make(device, 1), nullptr) << device;
+  }
+  for (const char* device : {"", "dm", "toaster"}) EXPECT_EQ(SimulatedInstrument::Make(device, 1), nullptr) << device;
+}
+
+TEST(Instrument, AnswersAreLines) {
+  Session session;
+  session.Send("*ESE?");
+  EXPECT_EQ(session.TheInstrument().Read(session.Now()), "0\n");
+}
+
+TEST(Instrument, TakesBytesInPiecesOfAnySize) {
+  Session session;
+  for (const char byte : std::string("DISP:TEXT \"a\nb\";TEXT?\r\n")) session.SendRaw(std::string(1, byte));
+  EXPECT_EQ(session.Read(), "\"a\nb\"");
+}
+
+TEST(Instrument, TakesSeveralMessagesAtOnce) {
+  Session session;
+  session.SendRaw("*ESE 3\n*ESE?\n*SRE?\n*ES");
+  EXPECT_EQ(session.Read(), "3");
+  EXPECT_EQ(session.Read(), "0");
+  EXPECT_FALSE(session.Read());
+  session.SendRaw("E?\n");
+  EXPECT_EQ(session.Read(), "3");
+}
+
+TEST(Instrument, EmptyMessagesAreNothing) {
+  Session session;
+  session.SendRaw("\n\r\n ;\n");
+  EXPECT_FALSE(session.Read());
+  EXPECT_EQ(session.Error(), "0,\"No error\"");
+}
+
+TEST(Instrument, ATerminatorResetsThePath) {
+  Session session;
+  EXPECT_EQ(session.Ask("SYST:VERS?;VERS?"), "1999.0;1999.0");
+  session.Send("VERS?");
+  EXPECT_EQ(session.Error(), "-113,\"Undefined header\"");
+}
+
+TEST(Instrument, UnreadAnswersAreKeptInTheirOrder) {
+  Session session;
+  session.Send("*ESE?");
+  session.Send("SYST:VERS?");
+  EXPECT_EQ(session.Read(), "0");
+  EXPECT_EQ(session.Read(), "1999.0");
+  EXPECT_EQ(session.Error(), "0,\"No error\"");
+}
+
+TEST(Instrument, AMessageOverTheLimitIsDiscarded) {
+  Session session;
+  const std::string text(Instrument::kLongestMessage, 'x');
+  session.Send("DISP:TEXT \"" + text + "\"");
+  EXPECT_EQ(session.Error(), "-363,\"Input buffer overrun\"");
+  EXPECT_EQ(session.Error(), "0,\"No error\"");
+}
+
+TEST(Instrument, AMessageOfTheLimitIsCarriedOut) {
+  Session session;
+  std::string message = "*ESE?";
+  message.resize(Instrument::kLongestMessage, ' ');
+  EXPECT_EQ(session.Ask(message), "0");
+}
+
+TEST(Instrument, InputHeldByAnOperationIsBounded) {
+  Session session;
+  session.Send("SENS:VOLT:NPLC 100;:INIT;*WAI");
+  const std::string filler(Instrument::kLongestMessage - 1, ' ');
+  int sent = 0;
+  for (; session.TheInstrument().AcceptsInput(); ++sent) session.Send(filler);
+  EXPECT_EQ(static_cast<std::size_t>(sent), Instrument::kMostInputBytes / 2 / Instrument::kLongestMessage);
+  for (; static_cast<std::size_t>(sent) < Instrument::kMostInputBytes / Instrument::kLongestMessage + 2; ++sent) {
+    session.Send(filler);
+  }
+  session.Advance(std::chrono::seconds(2));
+  EXPECT_EQ(session.Error(), "-363,\"Input buffer overrun\"");
+  EXPECT_TRUE(session.TheInstrument().AcceptsInput());
+}
+
+TEST(Instrument, FullBuffersOnBothSidesAreADeadlock) {
+  Session session;
+  for (std::size_t i = 0; i < ResponseQueue::kMostMessages; ++i) session.Send("*ESE?");
+  const std::string filler(Instrument::kLongestMessage - 1, ' ');
+  for (std::size_t i = 0; i < Instrument::kMostInputBytes / Instrument::kLongestMessage + 1; ++i) session.Send(filler);
+  EXPECT_EQ(session.Read(), std::nullopt);
+  EXPECT_EQ(session.Error(), "-430,\"Query DEADLOCKED\"");
+  EXPECT_EQ(session.Ask("*ESR?"), "132");
+}
+
+TEST(Instrument, ManyQuestionsAtOnceAreAllAnswered) {
+  Session session;
+  std::string questions;
+  constexpr int kCount = 5000;
+  for (int i = 0; i < kCount; ++i) questions += "*ESE?\n";
+  session.SendRaw(questions);
+  int answers = 0;
+  while (session.Read()) ++answers;
+  EXPECT_EQ(answers, kCount);
+}
+
+TEST(Instrument, NothingIsUnderWayAtFirst) {
+  Session session;
+  EXPECT_FALSE(session.TheInstrument().NextEvent());
+  EXPECT_FALSE(session.Read());
+  EXPECT_TRUE(session.TheInstrument().AcceptsInput());
+  EXPECT_FALSE(session.TheInstrument().CloseRequested());
+}
+
+TEST(Instrument, AReadyAnswerIsNoEvent) {
+  Session session;
+  session.Send("*IDN?");
+  EXPECT_FALSE(session.TheInstrument().NextEvent());
+}
+
+TEST(Instrument, WriteFirstAdvancesToItsTime) {
+  Session session;
+  session.Send("INIT");
+  session.Advance(milliseconds(20));
+  EXPECT_EQ(session.Ask("STAT:OPER:COND?"), "0");
+}
+
+} // namespace
+} // namespace portico::simulator

@@ -1,0 +1,194 @@
+#include "simulator/SocketServer.h"
+
+#include "TestClient.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+namespace portico::simulator {
+namespace {
+
+SocketServer::Options AnyPort(std::string device = "dmm", std::string address = "127.0.0.1") {
+  return {std::move(device), std::move(address), 0, 1};
+}
+
+/// A server that runs in a thread of its own for as long as the test.
+class RunningServer {
+public:
+  explicit RunningServer(SocketServer::Options options = AnyPort()) : server_(std::move(options)) {}
+  ~RunningServer() {
+    server_.Stop();
+    thread_.join();
+  }
+  RunningServer(const RunningServer&) = delete;
+  RunningServer& operator=(const RunningServer&) = delete;
+
+  std::uint16_t Port() const { return server_.Port(); }
+
+private:
+  SocketServer server_;
+  std::thread thread_{[this] { server_.Run(); }};
+};
+
+TEST(SocketServer, AnswersOverASocket) {
+  RunningServer server;
+  TestClient client(server.Port());
+  ASSERT_TRUE(client.Connected());
+  client.Send("*IDN?\n");
+  EXPECT_EQ(client.ReadLine(), "TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n");
+}
+
+TEST(SocketServer, ServesTheDeviceAskedFor) {
+  RunningServer server(AnyPort("PSU"));
+  TestClient client(server.Port());
+  client.Send("VOLT 2;VOLT?\n");
+  EXPECT_EQ(client.ReadLine(), "+2.00000000E+00\n");
+}
+
+TEST(SocketServer, ListensOnIpv6) {
+  std::unique_ptr<RunningServer> server;
+  try {
+    server = std::make_unique<RunningServer>(AnyPort("dmm", "::1"));
+  } catch (const std::system_error& error) {
+    GTEST_SKIP() << "no IPv6 here: " << error.what();
+  }
+  TestClient client(server->Port(), true);
+  ASSERT_TRUE(client.Connected());
+  client.Send("*ESE?\n");
+  EXPECT_EQ(client.ReadLine(), "0\n");
+}
+
+TEST(SocketServer, NamesItsEndpoint) {
+  const SocketServer server(AnyPort());
+  EXPECT_NE(server.Port(), 0);
+  EXPECT_EQ(server.Endpoint(), "127.0.0.1:" + std::to_string(server.Port()));
+}
+
+TEST(SocketServer, EachClientHasAnInstrumentOfItsOwn) {
+  RunningServer server;
+  std::vector<std::unique_ptr<TestClient>> clients;
+  for (int i = 0; i < 8; ++i) clients.push_back(std::make_unique<TestClient>(server.Port()));
+  for (std::size_t i = 0; i < clients.size(); ++i) clients[i]->Send("*ESE " + std::to_string(i + 1) + "\n");
+  for (std::size_t i = 0; i < clients.size(); ++i) {
+    clients[i]->Send("*ESE?\n");
+    EXPECT_EQ(clients[i]->ReadLine(), std::to_string(i + 1) + "\n");
+  }
+}
+
+TEST(SocketServer, ClientsMeasureAtTheSameTimeAndAlike) {
+  RunningServer server;
+  TestClient first(server.Port());
+  TestClient second(server.Port());
+  first.Send("READ?\n");
+  second.Send("READ?\n");
+  const std::string reading = first.ReadLine();
+  EXPECT_EQ(reading.size(), 16U);
+  EXPECT_EQ(second.ReadLine(), reading);
+}
+
+TEST(SocketServer, OneClientsWaitDoesNotHoldAnother) {
+  RunningServer server;
+  TestClient waiting(server.Port());
+  waiting.Send("SIM:SIL ON;*IDN?\n");
+  TestClient other(server.Port());
+  other.Send("*ESE?\n");
+  EXPECT_EQ(other.ReadLine(), "0\n");
+}
+
+TEST(SocketServer, ManyQuestionsAtOnceAreAnsweredInTheirOrder) {
+  RunningServer server;
+  TestClient client(server.Port());
+  constexpr int kCount = 3000;
+  std::string questions;
+  for (int i = 0; i < kCount; ++i) questions += "*ESE " + std::to_string(i % 256) + ";*ESE?\n";
+  std::thread writer([&] { client.Send(questions); });
+  TestClient& reader = client;
+  for (int i = 0; i < kCount; ++i) ASSERT_EQ(reader.ReadLine(), std::to_string(i % 256) + "\n");
+  writer.join();
+}
+
+TEST(SocketServer, LargeAnswersArriveWhole) {
+  RunningServer server;
+  TestClient client(server.Port());
+  constexpr std::size_t kSize = 20'000'000;
+  client.Send("SIM:LENG? " + std::to_string(kSize) + "\n*ESE?\n");
+  const std::string answer = client.ReadBytes(kSize + 1);
+  EXPECT_EQ(answer.size(), kSize + 1);
+  EXPECT_EQ(answer.find_first_not_of('5'), kSize);
+  EXPECT_EQ(client.ReadLine(), "0\n");
+}
+
+TEST(SocketServer, ReadsNoMoreFromAClientThatDoesNotRead) {
+  RunningServer server;
+  TestClient client(server.Port());
+  std::string questions;
+  for (int i = 0; i < 1000; ++i) questions += "TRAC:DATA?\n";
+  constexpr std::size_t kMost = 256U << 20U;
+  EXPECT_LT(client.SendUntilBlocked(questions, kMost), kMost);
+  TestClient other(server.Port());
+  other.Send("*ESE?\n");
+  EXPECT_EQ(other.ReadLine(), "0\n");
+}
+
+TEST(SocketServer, ClosesWhenTheInstrumentSaysSo) {
+  RunningServer server;
+  TestClient client(server.Port());
+  client.Send("*ESE?;SIM:CLOS\n");
+  EXPECT_EQ(client.ReadLine(), "0\n");
+  EXPECT_TRUE(client.ClosedByPeer());
+}
+
+TEST(SocketServer, AClientThatEndedItsInputStillGetsItsAnswer) {
+  RunningServer server;
+  TestClient client(server.Port());
+  client.Send("READ?\n");
+  client.EndInput();
+  EXPECT_EQ(client.ReadLine().size(), 16U);
+  EXPECT_TRUE(client.ClosedByPeer());
+}
+
+TEST(SocketServer, OutlivesAClientThatGoesInTheMiddle) {
+  RunningServer server;
+  {
+    TestClient client(server.Port());
+    client.Send("SIM:ENDL?\n");
+    client.ReadBytes(100'000);
+  }
+  TestClient other(server.Port());
+  other.Send("*ESE?\n");
+  EXPECT_EQ(other.ReadLine(), "0\n");
+}
+
+TEST(SocketServer, StopBeforeRunEndsIt) {
+  SocketServer server(AnyPort());
+  server.Stop();
+  server.Run();
+  SUCCEED();
+}
+
+TEST(SocketServer, StopClosesTheConnections) {
+  auto server = std::make_unique<RunningServer>();
+  TestClient client(server->Port());
+  client.Send("*ESE?\n");
+  EXPECT_EQ(client.ReadLine(), "0\n");
+  server.reset();
+  EXPECT_TRUE(client.ClosedByPeer());
+}
+
+TEST(SocketServer, RefusesWhatItCannotServe) {
+  EXPECT_THROW(SocketServer{AnyPort("toaster")}, std::invalid_argument);
+  EXPECT_THROW(SocketServer{AnyPort("dmm", "nowhere")}, std::invalid_argument);
+  const SocketServer first(AnyPort());
+  SocketServer::Options same = AnyPort();
+  same.port = first.Port();
+  EXPECT_THROW(SocketServer{same}, std::system_error);
+}
+
+} // namespace
+} // namespace portico::simulator

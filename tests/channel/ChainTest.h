@@ -21,6 +21,7 @@ protected:
     Offer(u"CmdSubscriptionAgent", Publisher);
   }
   ~ChainTest() override {
+    Publisher->Subjects.clear(); // a command holds its publisher
     gChannel = nullptr;
     gObjectFactory = nullptr;
     HuntERR::Reset();

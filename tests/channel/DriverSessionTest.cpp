@@ -202,7 +202,9 @@ TEST_F(DriverSessionTest, SuccessNeverAsksForAMessage) {
 
 TEST_F(DriverSessionTest, WithoutADriverTheSessionCannotBeMade) {
   gInstrumentDriver = nullptr;
-  EXPECT_EQ(test::Raised([] { New<CDriverSession>(); }).Number, 91);
+  EXPECT_THROW(New<CDriverSession>(), Error);
+  EXPECT_EQ(HuntERR::ErrNumber(), 91);
+  test::ExpectTrail(HuntERR::ErrDescription(), {u"CDriverSession.Class_Initialize"});
 }
 
 } // namespace

@@ -158,7 +158,9 @@ TEST_F(IntervalTimerTest, RefusedIntervalCountsAsOneThatRuns) {
 
 TEST_F(IntervalTimerTest, WithoutAnEventLoopItCannotBeMade) {
   gEventLoop = nullptr;
-  EXPECT_EQ(Raised([] { New<CIntervalTimer>(); }).Number, 91);
+  EXPECT_THROW(New<CIntervalTimer>(), Error);
+  EXPECT_EQ(HuntERR::ErrNumber(), 91);
+  ExpectTrail(HuntERR::ErrDescription(), {u"CIntervalTimer.Class_Initialize"});
 }
 
 /// A loop that notes how its timers are used. No event ever comes but those that the test fires.

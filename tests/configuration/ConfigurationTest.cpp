@@ -91,7 +91,7 @@ TEST_F(CConfigurationTest, AllItemsComeInTableOrder) {
 
 TEST_F(CConfigurationTest, ValuesAndNamesAreEscaped) {
   Server->ItemValue(u"A\"<&>", u"1 < 2 & \"3\" > ']'");
-  ExpectAll(u"<Parameters><Parameter Name=\"A&quot;&lt;&amp;&gt;\">1 &lt; 2 &amp; \"3\" &gt; ']'"
+  ExpectAll(u"<Parameters><Parameter Name=\"A&quot;&lt;&amp;>\">1 &lt; 2 &amp; \"3\" &gt; ']'"
             u"</Parameter></Parameters>");
 }
 
@@ -206,7 +206,8 @@ INSTANTIATE_TEST_SUITE_P(Texts, BadXmlTest,
                          ::testing::Values(u"Logging=On", u" ", u"<Parameters>", u"<Parameters></Parameter>",
                                            u"<Parameters/><Parameters/>", u"<Parameters/>tail", u"head<Parameters/>",
                                            u"<Parameters><Parameter Name=\"A></Parameters>", u"<!-- only -->",
-                                           u"<Parameters/><![CDATA[x]]>"));
+                                           u"<Parameters/><![CDATA[x]]>", u"<Parameters>&#xD800;</Parameters>",
+                                           u"<Parameters a=\"&#x110000;\"/>"));
 
 TEST_P(BadXmlTest, IsRefusedByUpdateAndRetrieve) {
   for (const auto& call :

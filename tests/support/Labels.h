@@ -9,7 +9,8 @@
 namespace portico::test {
 
 /// Whether a call of a report bears the source label: its method to the letter, and its parameters' names, each with a
-/// value behind it, or as the label writes them if the values are not known.
+/// value behind it, or as the label writes them if the values are not known. A label with empty brackets names none of
+/// its values.
 inline bool Bears(StringView call, StringView label) {
   const auto bracket = label.find(u'(');
   const String method = String(label.substr(0, bracket)) + u"(";
@@ -17,7 +18,7 @@ inline bool Bears(StringView call, StringView label) {
   const StringView shown = call.substr(method.size(), call.size() - method.size() - 1);
   const StringView names =
       bracket == StringView::npos ? StringView{} : label.substr(bracket + 1, label.size() - bracket - 2);
-  if (shown == names) return true;
+  if (shown == names || (names.empty() && bracket != StringView::npos)) return true;
   std::size_t from = 0;
   for (StringView name : Split(names, u",")) {
     const String field = (from == 0 ? u"" : u", ") + String(name) + u"=";
@@ -41,16 +42,6 @@ inline void ExpectTrail(const String& report, std::initializer_list<StringView> 
 inline void ExpectTrail(const ErrorRecord& error, std::initializer_list<StringView> labels) {
   ExpectTrail(error.Description.Text(), labels);
 }
-
-/// That the error passed this label, among others.
-inline void ExpectLabel(const String& report, StringView label) {
-  for (const String& call : CallStack(report)) {
-    if (Bears(call, label)) return;
-  }
-  ADD_FAILURE() << "No " << ToUtf8(label) << " in\n" << ToUtf8(report);
-}
-
-inline void ExpectLabel(const ErrorRecord& error, StringView label) { ExpectLabel(error.Description.Text(), label); }
 
 /// The number and text that an error was raised with.
 inline void ExpectError(const ErrorRecord& error, std::int32_t number, StringView text) {

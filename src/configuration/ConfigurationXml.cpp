@@ -10,8 +10,9 @@
 namespace portico {
 namespace {
 
-// Everything is kept: comments, declaration, document type, blank text.
-constexpr unsigned ParseFlags = pugi::parse_full | pugi::parse_ws_pcdata;
+// Everything is kept: comments, declaration, document type, blank text. As a fragment, because otherwise all text
+// outside the root would be dropped, be it blank or not.
+constexpr unsigned ParseFlags = pugi::parse_full | pugi::parse_ws_pcdata | pugi::parse_fragment;
 constexpr unsigned WriteFlags = pugi::format_raw | pugi::format_no_declaration;
 
 bool IsElement(pugi::xml_node node) { return node.type() == pugi::node_element; }
@@ -31,7 +32,9 @@ ConfigurationXml::ConfigurationXml(const String& text) {
            (node.type() == pugi::node_pcdata &&
             std::string_view(node.value()).find_first_not_of(" \t\r\n") != std::string_view::npos);
   });
-  HuntERR::Check(result && oneRoot && !textOutside, ErrorNumber::InvalidArgument,
+  // A reference to what is no character, such as &#xD800;, passes the parser but could not be given back.
+  const bool noCharacter = text.find(u"&#") != String::npos && FromUtf8(Bytes()).BadByte.has_value();
+  HuntERR::Check(result && oneRoot && !textOutside && !noCharacter, ErrorNumber::InvalidArgument,
                  u"Syntax Error: Configuration is not valid XML");
 }
 
@@ -64,10 +67,10 @@ void ConfigurationXml::SetValue(pugi::xml_node parameter, const String& value) {
   if (!value.empty()) parameter.append_child(pugi::node_pcdata).set_value(ToUtf8(value).c_str());
 }
 
-String ConfigurationXml::Text() const {
+std::string ConfigurationXml::Bytes() const {
   std::ostringstream stream;
   m_document.save(stream, "", WriteFlags, pugi::encoding_utf8);
-  return FromUtf8(stream.str()).Text;
+  return stream.str();
 }
 
 } // namespace portico

@@ -4,7 +4,7 @@
 
 #include <pugixml.hpp>
 
-#include <optional>
+#include <string>
 
 namespace portico {
 
@@ -33,10 +33,12 @@ public:
   /// Replaces everything below the element.
   static void SetValue(pugi::xml_node parameter, const String& value);
 
-  String Text() const;
+  String Text() const { return FromUtf8(Bytes()).Text; }
 
 private:
   static String NameOf(pugi::xml_node parameter);
+  /// In UTF-8.
+  std::string Bytes() const;
 
   pugi::xml_document m_document;
 };

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "framework/HuntERR.h"
+#include "support/Raised.h"
+
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+
+// Replaces the allocation of the whole test program: to be included in one of its sources only.
+
+namespace portico::test::allocation {
+inline std::size_t left = 0; // how many still succeed, counted from 1; 0 lets all succeed
+
+inline void* Allocate(std::size_t size) {
+  if (left != 0 && --left == 0) return nullptr;
+  return std::malloc(size == 0 ? 1 : size);
+}
+} // namespace portico::test::allocation
+
+void* operator new(std::size_t size) {
+  void* memory = portico::test::allocation::Allocate(size);
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return portico::test::allocation::Allocate(size);
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+
+namespace portico::test {
+
+/// The error of a call whose allocation of that number, from 1, fails once.
+template <class Call>
+ErrorRecord OutOfMemory(std::size_t number, Call&& call) {
+  return Raised([&] {
+    allocation::left = number;
+    try {
+      call();
+    } catch (...) {
+      allocation::left = 0;
+      throw;
+    }
+    allocation::left = 0;
+  });
+}
+
+} // namespace portico::test

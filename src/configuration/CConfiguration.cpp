@@ -50,26 +50,26 @@ void CConfiguration::Clear() try {
   PassOn(Label(u".Clear()"));
 }
 
-String CConfiguration::ItemValue(const String& Name) try {
+String CConfiguration::ItemValue(StringView Name) try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
   const Ref<CSetting>* item = m_items.Find(Name);
   if (item == nullptr) {
     HuntERR::Raise(ErrorNumber::NoSuchItem, ClassName(),
-                   u"Requested configuration item, " + Name + u", does not exist.");
+                   String(u"Requested configuration item, ").append(Name).append(u", does not exist."));
   }
   return (*item)->Value();
 } catch (...) {
   PassOn(Label(u".IConfiguration_ItemValue()"), {Name});
 }
 
-void CConfiguration::ItemValue(const String& Name, const String& Value) {
+void CConfiguration::ItemValue(StringView Name, StringView Value) {
   if (!m_initialized || Name.empty()) return;
   if (const Ref<CSetting>* item = m_items.Find(Name)) {
-    (*item)->Value(Value);
+    (*item)->Value(String(Value));
     return;
   }
   auto item = New<CSetting>();
-  item->Initialize(Name, Value);
+  item->Initialize(String(Name), String(Value));
   m_items.Add(item, Name);
 }
 

@@ -19,9 +19,9 @@ public:
   Ref<IResponse> Update(const String& Configuration) override;
   Ref<IResponse> Retrieve(const String& Configuration) override;
   void Clear();
-  String ItemValue(const String& Name) override;
+  String ItemValue(StringView Name) override;
   /// Never raises: a write that fails, or that comes before `Initialize`, has no effect.
-  void ItemValue(const String& Name, const String& Value) override;
+  void ItemValue(StringView Name, StringView Value) override;
 
 private:
   String Label(StringView member) const { return String(ClassName()).append(member); }

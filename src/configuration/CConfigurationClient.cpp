@@ -73,17 +73,17 @@ void CConfigurationClient::Protocol(std::int32_t newvalue) try {
   PassOn(Label(u".Protocol(newvalue)"), {newvalue});
 }
 
-String CConfigurationClient::ItemValue(const String& Name) try { return m_server->ItemValue(Name); } catch (...) {
+String CConfigurationClient::ItemValue(StringView Name) try { return m_server->ItemValue(Name); } catch (...) {
   PassOn(Label(u".IConfiguration_ItemValue(Name)"), {Name});
 }
 
-void CConfigurationClient::ItemValue(const String& Name, const String& Value) try {
+void CConfigurationClient::ItemValue(StringView Name, StringView Value) try {
   m_server->ItemValue(Name, Value);
   if (Name == ProtocolItem) {
     ApplyProtocolSettings();
     gMainForm->UpdateUI({}, {});
   } else {
-    gMainForm->UpdateUI(Name, Value);
+    gMainForm->UpdateUI(String(Name), String(Value));
   }
 } catch (...) {
   PassOn(Label(u".IConfiguration_ItemValue(Name, RHS)"), {Name, Value});
@@ -102,7 +102,7 @@ void CConfigurationClient::SetGlobalConfigurationServer() try {
 }
 
 void CConfigurationClient::RestoreConfiguration() try {
-  for (const auto& [name, value] : FreshItems) m_server->ItemValue(String(name), String(value));
+  for (const auto& [name, value] : FreshItems) m_server->ItemValue(name, value);
   for (const PersistedOption& option : PersistedOptions()) {
     const String name(option.Name);
     m_server->ItemValue(name, m_store->GetSetting(ApplicationTitle, StoreSection, name, String(option.Default)));
@@ -126,8 +126,8 @@ void CConfigurationClient::ApplyProtocolSettings() try {
   const bool scpi = protocol == u"SCPI";
   if (!scpi && protocol != u"Other") RaiseUnknownProtocol();
   for (const WorkingItem& item : WorkingItems()) {
-    const String option(scpi ? item.ScpiOption : item.OtherOption);
-    m_server->ItemValue(String(item.Name), option.empty() ? String(item.OtherFixed) : m_server->ItemValue(option));
+    const StringView option = scpi ? item.ScpiOption : item.OtherOption;
+    m_server->ItemValue(item.Name, option.empty() ? String(item.OtherFixed) : m_server->ItemValue(option));
   }
 } catch (...) {
   PassOn(Label(u".ApplyProtocolSettings"));

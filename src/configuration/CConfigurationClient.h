@@ -25,9 +25,9 @@ public:
   /// Brings the protocol's options into effect. Any other code raises 51.
   void Protocol(std::int32_t newvalue);
 
-  String ItemValue(const String& Name) override;
+  String ItemValue(StringView Name) override;
   /// Writing "ProtocolName" brings that protocol's options into effect; writing an option alone does not.
-  void ItemValue(const String& Name, const String& Value) override;
+  void ItemValue(StringView Name, StringView Value) override;
 
 private:
   String Label(StringView member) const { return String(ClassName()).append(member); }

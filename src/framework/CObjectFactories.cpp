@@ -14,7 +14,8 @@ std::size_t CObjectFactories::Count() const try { return m_creators.Count(); } c
 
 Ref<ICreator> CObjectFactories::Item(const Value& IndexOrKey) const try {
   if (IndexOrKey.IsNumeric()) return m_creators.Item(Position(std::int64_t{IndexOrKey.ToLong()} + 1));
-  return m_creators.Item(IndexOrKey.ToString());
+  const auto key = IndexOrKey.AsText();
+  return key ? m_creators.Item(*key) : m_creators.Item(IndexOrKey.ToString());
 } catch (...) {
   PassOn(u"CObjectFactories.Item(IndexOrKey)", {IndexOrKey});
 }
@@ -34,8 +35,8 @@ void CObjectFactories::Add(const Ref<ICreator>& Creator, const Value& Specificat
 }
 
 void CObjectFactories::Remove(const Value& IndexOrKey) try {
-  if (IndexOrKey.AsString() != nullptr) {
-    m_creators.Remove(*IndexOrKey.AsString());
+  if (const auto key = IndexOrKey.AsText()) {
+    m_creators.Remove(*key);
   } else {
     m_creators.Remove(Position(IndexOrKey.ToLong()));
   }

@@ -18,7 +18,7 @@ Ref<ISubscriber> CSubscribers::Add(const Ref<ISubscriber>& NewItem, const String
 }
 
 Ref<ISubscriber> CSubscribers::Item(const Value& IndexOrKey) const try {
-  if (const String* key = IndexOrKey.AsString()) return m_list.Item(*key);
+  if (const auto key = IndexOrKey.AsText()) return m_list.Item(*key);
   return m_list.Item(Position(IndexOrKey));
 } catch (...) {
   PassOn(u"CSubscribers.Item(IndexOrKey)", {IndexOrKey});
@@ -29,7 +29,7 @@ std::size_t CSubscribers::Count() const try { return m_list.Count(); } catch (..
 }
 
 void CSubscribers::Remove(const Value& IndexKeyOrObject) try {
-  if (const String* key = IndexKeyOrObject.AsString()) return m_list.Remove(*key);
+  if (const auto key = IndexKeyOrObject.AsText()) return m_list.Remove(*key);
   if (!IndexKeyOrObject.IsObject()) return m_list.Remove(Position(IndexKeyOrObject));
   const auto object = IndexKeyOrObject.ToObject<IObject>();
   for (std::size_t i = 1; i <= m_list.Count(); ++i) {

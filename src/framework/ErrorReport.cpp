@@ -84,8 +84,8 @@ Call DescribeCall(StringView parameterNames, const Params& values) {
   for (std::size_t i = 0; i < values.size(); ++i) {
     const StringView name = i < names.size() ? names[i] : StringView{};
     String shown = values[i].TextForm();
-    if (const String* raw = values[i].AsString()) {
-      const String text = BeginsLikeXml(*raw) ? ReplaceAll(*raw, u"><", u">\r\n<") : *raw;
+    if (const auto raw = values[i].AsText()) {
+      const String text = BeginsLikeXml(*raw) ? ReplaceAll(*raw, u"><", u">\r\n<") : String(*raw);
       if (text.size() > LongestShownValue || text.find_first_of(NewLine) != String::npos) {
         shown = u"{Text}";
         call.LongValues.append(u"    Value Of ").append(name).append(u":").append(NewLine);

@@ -8,9 +8,9 @@ namespace portico {
 class IConfiguration : public virtual IObject {
 public:
   /// An absent item raises 0x80041461.
-  virtual String ItemValue(const String& Name) = 0;
+  virtual String ItemValue(StringView Name) = 0;
   /// Makes the item if need be.
-  virtual void ItemValue(const String& Name, const String& Value) = 0;
+  virtual void ItemValue(StringView Name, StringView Value) = 0;
 };
 
 /// The table as XML: a root `Parameters` of `Parameter` elements with the attribute `Name` and the value as text.

@@ -42,7 +42,7 @@ extern Ref<IObjectFactory> gObjectFactory;
 /// Asks the one factory and converts the product to the interface that the caller expects.
 template <class T>
 Ref<T> Create(StringView Specification, const Params& Parameters = {}) {
-  return Cast<T>(gObjectFactory->CreateObject(Specification, Parameters));
+  return Cast<T>(gObjectFactory->CreateObject(Value::Borrowed(Specification), Parameters));
 }
 
 } // namespace portico

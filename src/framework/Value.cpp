@@ -28,13 +28,19 @@ double ReadNumberOrRaise(StringView text) {
 void RaiseUnsetReference() { HuntERR::RaiseStandard(ErrorNumber::MissingObject); }
 void RaiseTypeMismatch() { HuntERR::RaiseStandard(ErrorNumber::TypeMismatch); }
 
+std::optional<StringView> Value::AsText() const {
+  if (const auto* own = std::get_if<String>(&m_value)) return *own;
+  if (const auto* borrowed = std::get_if<StringView>(&m_value)) return *borrowed;
+  return {};
+}
+
 bool Value::IsNumeric() const {
-  if (const String* text = AsString()) return ReadNumber(*text).has_value();
+  if (const auto text = AsText()) return ReadNumber(*text).has_value();
   return std::holds_alternative<std::int32_t>(m_value) || std::holds_alternative<double>(m_value);
 }
 
 String Value::TextForm() const {
-  if (const String* text = AsString()) return u"'" + *text + u"'";
+  if (const auto text = AsText()) return String(u"'").append(*text).append(u"'");
   if (const auto* number = std::get_if<std::int32_t>(&m_value)) return ToText(std::int64_t{*number});
   if (const auto* fraction = std::get_if<double>(&m_value)) return ToText(*fraction);
   if (const auto* object = std::get_if<Ref<IObject>>(&m_value)) {
@@ -48,7 +54,7 @@ String Value::TextForm() const {
 }
 
 String Value::ToString() const {
-  if (const String* text = AsString()) return *text;
+  if (const auto text = AsText()) return String(*text);
   if (const auto* number = std::get_if<std::int32_t>(&m_value)) return ToText(std::int64_t{*number});
   if (const auto* fraction = std::get_if<double>(&m_value)) return ToText(*fraction);
   if (const auto* truth = std::get_if<bool>(&m_value)) return *truth ? u"True" : u"False";
@@ -60,7 +66,7 @@ std::int32_t Value::ToLong() const {
   if (const auto* number = std::get_if<std::int32_t>(&m_value)) return *number;
   if (const auto* fraction = std::get_if<double>(&m_value)) return RoundToLong(*fraction);
   if (const auto* truth = std::get_if<bool>(&m_value)) return *truth ? -1 : 0; // true has all bits set
-  if (const String* text = AsString()) return RoundToLong(ReadNumberOrRaise(*text));
+  if (const auto text = AsText()) return RoundToLong(ReadNumberOrRaise(*text));
   if (!IsEmpty()) RaiseTypeMismatch();
   return 0;
 }
@@ -69,7 +75,7 @@ bool Value::ToBoolean() const {
   if (const auto* truth = std::get_if<bool>(&m_value)) return *truth;
   if (const auto* number = std::get_if<std::int32_t>(&m_value)) return *number != 0;
   if (const auto* fraction = std::get_if<double>(&m_value)) return *fraction != 0;
-  if (const String* text = AsString()) {
+  if (const auto text = AsText()) {
     if (EqualNoCase(*text, u"True")) return true;
     if (EqualNoCase(*text, u"False")) return false;
     return ReadNumberOrRaise(*text) != 0;

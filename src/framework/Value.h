@@ -5,6 +5,7 @@
 #include <concepts>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <variant>
 #include <vector>
 
@@ -33,6 +34,12 @@ public:
   Value(const char16_t* text) : m_value(String(text)) {}
   template <class T>
   Value(const Ref<T>& object) : m_value(Ref<IObject>(object)) {}
+  /// A text that the caller keeps alive for as long as the value and its copies: a literal, or an argument's.
+  static Value Borrowed(StringView text) {
+    Value value;
+    value.m_value = text;
+    return value;
+  }
   Value(const Params& array) : m_value(std::make_shared<const Params>(array)) {}
   Value(const ByteArray& bytes) : m_value(std::make_shared<const ByteArray>(bytes)) {}
 
@@ -47,7 +54,7 @@ public:
   String TextForm() const;
 
   /// The text that a string value holds; none for a value of another kind.
-  const String* AsString() const { return std::get_if<String>(&m_value); }
+  std::optional<StringView> AsText() const;
 
   // Conversions as every reader of a parameter makes them. A value of a kind that cannot be converted raises 13.
   /// A truth value reads "True" or "False", nothing reads empty.
@@ -69,7 +76,8 @@ private:
 
   using ParamsPointer = std::shared_ptr<const Params>;
   using BytesPointer = std::shared_ptr<const ByteArray>;
-  std::variant<std::monostate, NullType, bool, std::int32_t, double, String, Ref<IObject>, ParamsPointer, BytesPointer>
+  std::variant<std::monostate, NullType, bool, std::int32_t, double, String, StringView, Ref<IObject>, ParamsPointer,
+               BytesPointer>
       m_value;
 };
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 
 namespace portico {
 
@@ -45,21 +46,21 @@ String ToUpper(StringView Text) {
 }
 
 bool EqualNoCase(StringView A, StringView B) {
-  if (A == B) return true; // by far the usual case of equality
-  return A.size() == B.size() && std::equal(A.begin(), A.end(), B.begin(), [](char16_t a, char16_t b) {
-           return a == b || FoldCase(a) == FoldCase(b);
-         });
+  if (A.size() != B.size()) return false;
+  if (A.empty()) return true;
+  if (std::memcmp(A.data(), B.data(), A.size() * sizeof(char16_t)) == 0) return true; // the usual case of equality
+  return std::equal(A.begin(), A.end(), B.begin(),
+                    [](char16_t a, char16_t b) { return a == b || FoldCase(a) == FoldCase(b); });
 }
 
 std::size_t HashNoCase::operator()(StringView Text) const {
-  // Bit 5 is all that tells the case of an ASCII letter; leaving it out makes other characters meet too, which a hash
-  // may do, and spares the folding.
+  // Names that share a beginning are many here, and differ at the end. Bit 5 is all that tells the case of an ASCII
+  // letter; leaving it out makes other characters meet too, which a hash may do, and spares the folding.
+  constexpr std::size_t units = 8;
   constexpr std::uint64_t prime = 1099511628211ULL;
-  std::uint64_t hash = 14695981039346656037ULL; // FNV-1a, by units
-  for (const char16_t unit : Text) {
-    const char16_t folded =
-        unit < 0x80 ? static_cast<char16_t>(unit | 0x20) : static_cast<char16_t>(FoldCase(unit) | 0x20);
-    hash = (hash ^ folded) * prime;
+  std::uint64_t hash = 14695981039346656037ULL ^ Text.size(); // FNV-1a, by units
+  for (const char16_t unit : Text.substr(Text.size() - std::min(Text.size(), units))) {
+    hash = (hash ^ ((unit < 0x80 ? unit : FoldCase(unit)) | 0x20U)) * prime;
   }
   return static_cast<std::size_t>(hash);
 }

@@ -9,7 +9,7 @@
 namespace portico {
 namespace {
 
-String Item(const char16_t* name) {
+String Item(StringView name) {
   return Create<IConfiguration>(u"Configuration", modGlobals::VarArray())->ItemValue(name);
 }
 

@@ -18,7 +18,7 @@ Ref<IInstProcessor> CInstProcessors::Add(const Ref<IInstProcessor>& NewItem, con
 }
 
 Ref<IInstProcessor> CInstProcessors::Item(const Value& IndexOrKey) const try {
-  if (const String* key = IndexOrKey.AsString()) return m_list.Item(*key);
+  if (const auto key = IndexOrKey.AsText()) return m_list.Item(*key);
   return m_list.Item(Position(IndexOrKey));
 } catch (const Error& error) {
   if (error.Record().Number == ErrorNumber::InvalidArgument) return {};
@@ -30,7 +30,7 @@ std::size_t CInstProcessors::Count() const try { return m_list.Count(); } catch 
 }
 
 void CInstProcessors::Remove(const Value& IndexOrKey) try {
-  if (const String* key = IndexOrKey.AsString()) return m_list.Remove(*key);
+  if (const auto key = IndexOrKey.AsText()) return m_list.Remove(*key);
   m_list.Remove(Position(IndexOrKey));
 } catch (...) {
   PassOn(u"CInstProcessors.Remove(IndexOrKey)", {IndexOrKey});

@@ -14,7 +14,7 @@ constexpr StringView BuildLabel = u".IBuilder_Build(InnerCommand, Instruction)";
 /// The builder of an option, or the null builder when it is off. Anything but "On" and "Off" raises 51, with a text
 /// that names the same option in both creators.
 template <class Builder>
-Ref<IObject> Switched(const char16_t* item, StringView creator) {
+Ref<IObject> Switched(StringView item, StringView creator) {
   const String state = Create<IConfiguration>(u"Configuration", modGlobals::VarArray())->ItemValue(item);
   if (state == u"On") return New<Builder>();
   if (state == u"Off") return Create<IBuilder>(u"NullCommandBuilder", modGlobals::VarArray());

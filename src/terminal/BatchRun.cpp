@@ -21,7 +21,7 @@ void Send(const Ref<CInstContainer>& instruction) {
                  u"Instruction was not handled.");
 }
 
-bool IsOn(const char16_t* item) { return gConfiguration->ItemValue(item) == u"On"; }
+bool IsOn(StringView item) { return gConfiguration->ItemValue(item) == u"On"; }
 
 } // namespace
 

@@ -25,11 +25,11 @@ public:
   explicit RecordingServer(Trace& trace) : m_trace(trace) { m_server.Initialize(); }
   StringView ClassName() const override { return u"RecordingServer"; }
 
-  String ItemValue(const String& Name) override {
+  String ItemValue(StringView Name) override {
     m_trace.push_back("Get " + ToUtf8(Name));
     return m_server.ItemValue(Name);
   }
-  void ItemValue(const String& Name, const String& Value) override {
+  void ItemValue(StringView Name, StringView Value) override {
     m_trace.push_back("Set " + ToUtf8(Name) + "=" + ToUtf8(Value));
     m_server.ItemValue(Name, Value);
   }

@@ -63,10 +63,11 @@ TEST_F(ValueTest, IsNumericForNumbersAndTextsThatReadAsOne) {
   EXPECT_FALSE(Value(New<NamedObject>()).IsNumeric());
 }
 
-TEST_F(ValueTest, AsStringIsNullForOtherKinds) {
-  ASSERT_NE(Value(u"a").AsString(), nullptr);
-  EXPECT_EQ(*Value(u"a").AsString(), u"a");
-  EXPECT_EQ(Value(1).AsString(), nullptr);
+TEST_F(ValueTest, AsTextIsNothingForOtherKinds) {
+  ASSERT_TRUE(Value(u"a").AsText());
+  EXPECT_EQ(*Value(u"a").AsText(), u"a");
+  EXPECT_FALSE(Value(1).AsText());
+  EXPECT_EQ(*Value::Borrowed(u"b").AsText(), u"b");
 }
 
 TEST_F(ValueTest, ToStringWritesNumbersTruthsAndNothing) {

@@ -63,8 +63,8 @@ public:
   explicit FakeConfigurationServer(Trace& trace) : m_trace(trace) {}
   StringView ClassName() const override { return u"FakeConfigurationServer"; }
 
-  String ItemValue(const String& Name) override { return Note("Get(" + ToUtf8(Name) + ")"); }
-  void ItemValue(const String& Name, const String& Value) override {
+  String ItemValue(StringView Name) override { return Note("Get(" + ToUtf8(Name) + ")"); }
+  void ItemValue(StringView Name, StringView Value) override {
     Note("Set(" + ToUtf8(Name) + "," + ToUtf8(Value) + ")");
   }
   Ref<IResponse> Update(const String& Configuration) override {

@@ -182,8 +182,9 @@ ParseResult ParseUsb(const Fields& fields) {
 }
 
 ParseResult ParseSerial(const Fields& fields) {
-  if (fields.rest.size() != 1 || !fields.HasClass("INSTR"))
+  if (fields.rest.size() != 1 || !fields.HasClass("INSTR")) {
     return Error("a serial port's name ends with ::INSTR; write ", kSerialForm);
+  }
   const bool isPath = fields.suffix.size() > 1 && fields.suffix.front() == '/';
   if (isPath) return ResourceName(SerialAddress{std::string(fields.suffix)});
   if (const auto number = ParseNumber<std::uint16_t>(fields.suffix)) {
@@ -233,8 +234,9 @@ struct CanonicalWriter {
 ParseResult ResourceName::Parse(std::string_view text) {
   text = Trimmed(text);
   if (text.empty()) return Error("the name is empty; write ", kForms);
-  if (std::any_of(text.begin(), text.end(), IsControl))
+  if (std::any_of(text.begin(), text.end(), IsControl)) {
     return Error("the name holds a control character; write ", kForms);
+  }
   auto fields = Split(text);
   if (!fields) return Error("the bracket before the IPv6 address is not closed, as in TCPIP::[::1]::5025::SOCKET");
   const std::string_view head = fields->front();

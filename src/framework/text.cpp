@@ -36,11 +36,8 @@ char16_t FoldCase(char16_t Unit) {
 String ToUpper(StringView Text) {
   String upper(Text);
   for (char16_t& unit : upper) {
-    if (unit >= u'a' && unit <= u'z') {
-      unit = static_cast<char16_t>(unit - 32);
-    } else if (unit >= 0xE0 && unit <= 0xFE && unit != 0xF7) {
-      unit = static_cast<char16_t>(unit - 32);
-    }
+    const bool small = (unit >= u'a' && unit <= u'z') || (unit >= 0xE0 && unit <= 0xFE && unit != 0xF7);
+    if (small) unit = static_cast<char16_t>(unit - 32);
   }
   return upper;
 }

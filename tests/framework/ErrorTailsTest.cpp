@@ -16,7 +16,6 @@ namespace {
 using test::CallStack;
 using test::FirstDescription;
 using test::Hex;
-using test::Raised;
 
 class ErrorTailsTest : public test::FrameworkTest {};
 

@@ -138,9 +138,8 @@ TEST_F(RegisteredClasses, AReadCommandsSecondParameterMustBeEmpty) {
 TEST_F(RegisteredClasses, CutIsNotAmongThem) {
   const auto failure = FailureOf([] { Create<ICommand>(u"Cut"); });
   EXPECT_EQ(failure.Number, 5);
-  EXPECT_EQ(failure.Trail, (std::vector<String>{u"CObjectFactories.Item(IndexOrKey='Cut')",
-                                                u"CObjectFactory.IObjectFactory_CreateObject(Specification='Cut', "
-                                                u"Params={Array})"}));
+  EXPECT_EQ(failure.Labels, (std::vector<String>{u"CObjectFactories.Item(IndexOrKey)",
+                                                 u"CObjectFactory.IObjectFactory_CreateObject(Specification,Params)"}));
 }
 
 TEST_F(RegisteredClasses, AutoReadIsNoBuilderOfItsOwn) {

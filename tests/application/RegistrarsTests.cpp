@@ -187,12 +187,12 @@ TYPED_TEST(EveryRegistrar, RefusesToWorkWithoutAFactory) {
   const auto registering = FailureOf([&] { registrar.RegisterClasses({}); });
   EXPECT_EQ(registering.Number, 5);
   EXPECT_EQ(registering.Text, u"Object factory cannot be nothing.");
-  EXPECT_EQ(registering.Trail, Names{name + u".IRegistrar_RegisterClasses(ObjectFactory={Null})"});
+  EXPECT_EQ(registering.Labels, Names{name + u".IRegistrar_RegisterClasses(ObjectFactory)"});
 
   const auto removing = FailureOf([&] { registrar.UnregisterClasses({}); });
   EXPECT_EQ(removing.Number, 5);
   EXPECT_EQ(removing.Text, u"Object factory cannot be nothing.");
-  EXPECT_EQ(removing.Trail, Names{name + u".IRegistrar_UnregisterClasses(ObjectFactory={Null})"});
+  EXPECT_EQ(removing.Labels, Names{name + u".IRegistrar_UnregisterClasses(ObjectFactory)"});
 }
 
 TEST_F(Registrars, NothingIsRegisteredTwice) {

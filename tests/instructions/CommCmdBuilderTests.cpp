@@ -35,6 +35,18 @@ TEST_F(CCommCmdBuilderTest, AsksTheFactoryForTheCommandOfTheFunction) {
   }
 }
 
+TEST_F(CCommCmdBuilderTest, KnowsAllFunctionsInUpperCase) {
+  Builder(Comm)->Build({}, MakeInstruction(u"COMM", u"OPEN", {{u"ChannelName", u"DMM"}}));
+  Builder(Comm)->Build({}, MakeInstruction(u"COMM", u"CLOSE"));
+  Builder(Comm)->Build({}, MakeInstruction(u"COMM", u"SETATTRIBUTE", {{u"Name", u"A"}, {u"Value", u"B"}}));
+  Builder(Comm)->Build({}, MakeInstruction(u"COMM", u"GETATTRIBUTE", {{u"Name", u"A"}}));
+  Builder(Comm)->Build({}, MakeInstruction(u"COMM", u"READ", {{u"Data", u""}}));
+  Builder(Comm)->Build({}, MakeInstruction(u"COMM", u"WRITE", {{u"Data", u"*RST"}}));
+  for (const auto* command : {u"OpenCmd", u"CloseCmd", u"SetAttribCmd", u"GetAttribCmd", u"ReadCmd", u"WriteCmd"}) {
+    EXPECT_EQ(Spy->ParametersOf(command).size(), 1U);
+  }
+}
+
 TEST_F(CCommCmdBuilderTest, IgnoresTheCaseOfTheFunction) {
   for (const auto* function : {u"write", u"Write", u"WRITE", u"wRiTe"}) {
     EXPECT_EQ(Links(Comm, MakeInstruction(u"COMM", function, {{u"Data", u"*RST"}})), (Journal{"write *RST", "inner"}));
@@ -47,8 +59,7 @@ TEST_F(CCommCmdBuilderTest, AnUnknownFunctionIsASyntaxError) {
     EXPECT_EQ(failure.Number, Signed(0x80041459));
     EXPECT_EQ(failure.Text, u"Syntax Error: Unrecognized command.");
     EXPECT_EQ(failure.Source, u"CCommCmdBuilder");
-    EXPECT_EQ(failure.Trail, std::vector<String>{u"CCommCmdBuilder.IBuilder_Build(InnerCommand={Null}, "
-                                                 u"Instruction={CInstContainer})"});
+    EXPECT_EQ(failure.Labels, std::vector<String>{u"CCommCmdBuilder.IBuilder_Build(InnerCommand,Instruction)"});
   }
 }
 
@@ -134,7 +145,7 @@ protected:
 
 TEST_F(CConfigCmdBuilderTest, AnInstructionEndsInATypeMismatchBecauseTheArrayIsNoString) {
   EXPECT_EQ(ArrayFor(u"SetConfigurationCommand", MakeInstruction(u"CONFIG", u"Set", {{u"Data", u"<a/>"}})).size(), 1U);
-  EXPECT_EQ(ArrayFor(u"GetConfigurationCommand", MakeInstruction(u"CONFIG", u"get", {{u"Data", u"<a/>"}})).size(), 1U);
+  EXPECT_EQ(ArrayFor(u"GetConfigurationCommand", MakeInstruction(u"CONFIG", u"GET", {{u"Data", u"<a/>"}})).size(), 1U);
 }
 
 TEST_F(CConfigCmdBuilderTest, TheFirstElementEndsUpWithTheLastParameter) {
@@ -153,8 +164,7 @@ TEST_F(CConfigCmdBuilderTest, AnUnknownFunctionIsASyntaxErrorUnderTheCommunicati
   EXPECT_EQ(failure.Number, Signed(0x80041459));
   EXPECT_EQ(failure.Text, u"Syntax Error: Unrecognized command.");
   EXPECT_EQ(failure.Source, u"CConfigCmdBuilder");
-  EXPECT_EQ(failure.Trail, std::vector<String>{u"CCommCmdBuilder.IBuilder_Build(InnerCommand={Null}, "
-                                               u"Instruction={CInstContainer})"});
+  EXPECT_EQ(failure.Labels, std::vector<String>{u"CCommCmdBuilder.IBuilder_Build(InnerCommand,Instruction)"});
 }
 
 TEST_F(CConfigCmdBuilderTest, WithoutParametersTheArrayCannotBeMade) {

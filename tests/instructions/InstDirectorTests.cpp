@@ -53,7 +53,7 @@ TEST_F(CInstDirectorTest, WithoutHandlersEveryInstructionFails) {
   EXPECT_EQ(failure.Number, Signed(0x80041450));
   EXPECT_EQ(failure.Text, u"This instruction processor cannot handle SCPI.");
   EXPECT_EQ(failure.Source, u"HuntERR.Check");
-  EXPECT_EQ(failure.Trail, std::vector<String>{u"CInstDirector.IInstProcessor_Send(Instruction={CInstContainer})"});
+  EXPECT_EQ(failure.Labels, std::vector<String>{u"CInstDirector.IInstProcessor_Send(Instruction)"});
 }
 
 TEST_F(CInstDirectorTest, AnInstructionThatAllDeclineNamesItsType) {
@@ -74,7 +74,7 @@ TEST_F(CInstDirectorTest, AHandlerThatIsNothingIsRefused) {
   const auto failure = FailureOf([&] { m_director.RegisterHandler({}); });
   EXPECT_EQ(failure.Number, 91);
   EXPECT_EQ(failure.Text, u"Handler cannot be nothing.");
-  EXPECT_EQ(failure.Trail, std::vector<String>{u"CInstDirector.RegisterHandler(Handler={Null})"});
+  EXPECT_EQ(failure.Labels, std::vector<String>{u"CInstDirector.RegisterHandler(Handler)"});
 }
 
 TEST_F(CInstDirectorTest, AProcessorThatIsNoHandlerIsRefused) {

@@ -78,6 +78,17 @@ TEST_F(CInstHandlerTest, AnnouncesTheEndWithTheMark) {
   EXPECT_EQ(m_subscriber->Reports[0], expected);
 }
 
+TEST_F(CInstHandlerTest, TheReportBearsTheHandlersPrefix) {
+  for (const auto* prefix : {u"COMM", u"SCPI", u"CONFIG"}) {
+    m_handler.Initialize(prefix, {u"inner"});
+    Send(prefix);
+  }
+  std::vector<String> commands;
+  for (const auto& report : m_subscriber->Reports) commands.push_back(report.Command);
+  EXPECT_EQ(commands, (std::vector<String>{u"COMMInstructionProcessor", u"SCPIInstructionProcessor",
+                                           u"CONFIGInstructionProcessor"}));
+}
+
 TEST_F(CInstHandlerTest, AMissingFunctionFailsBeforeTheTypeIsLookedAt) {
   for (const auto* type : {u"SCPI", u"COMM", u"unknown"}) {
     const auto failure = FailureOf([&] { m_handler.Send(MakeInstruction(type, u"")); });
@@ -128,8 +139,8 @@ TEST_F(CInstHandlerTest, AnErrorInBuildIsPassedOnAndNothingRuns) {
   m_handler.Initialize(u"SCPI", {u"absent", u"inner"});
   const auto failure = FailureOf([&] { Send(); });
   EXPECT_EQ(failure.Number, 5);
-  ASSERT_FALSE(failure.Trail.empty());
-  EXPECT_EQ(failure.Trail.back(), u"CSCPIInstHandler.IInstProcessor_Send(Instruction={CInstContainer})");
+  ASSERT_FALSE(failure.Labels.empty());
+  EXPECT_EQ(failure.Labels.back(), u"CSCPIInstHandler.IInstProcessor_Send(Instruction)");
   EXPECT_EQ(m_calls, Journal{"build inner around nothing"});
 }
 

@@ -48,8 +48,8 @@ TEST_F(PacingBuildersTest, ABadIntervalPacingNamesTheOtherOption) {
     EXPECT_EQ(failure.Number, 51);
     EXPECT_EQ(failure.Text, u"OPCPacing is misconfigured.");
     EXPECT_EQ(failure.Source, u"CtorIntrvlPcngCmdBldr");
-    ASSERT_FALSE(failure.Trail.empty());
-    EXPECT_EQ(failure.Trail[0], u"CtorIntrvlPcngCmdBldr.ICreator_Create(Params={Array})");
+    ASSERT_FALSE(failure.Labels.empty());
+    EXPECT_EQ(failure.Labels[0], String(u"CtorIntrvlPcngCmdBldr") + u".ICreator_Create(Params)");
   }
 }
 
@@ -59,8 +59,8 @@ TEST_F(PacingBuildersTest, ABadOPCPacingNamesItself) {
   EXPECT_EQ(failure.Number, 51);
   EXPECT_EQ(failure.Text, u"OPCPacing is misconfigured.");
   EXPECT_EQ(failure.Source, u"CtorOPCQueryCmdBldr");
-  ASSERT_FALSE(failure.Trail.empty());
-  EXPECT_EQ(failure.Trail[0], u"CtorOPCQueryCmdBldr.ICreator_Create(Params={Array})");
+  ASSERT_FALSE(failure.Labels.empty());
+  EXPECT_EQ(failure.Labels[0], String(u"CtorOPCQueryCmdBldr") + u".ICreator_Create(Params)");
 }
 
 TEST_F(PacingBuildersTest, ABadErrorCheckingModeIsNamedInTheText) {
@@ -68,8 +68,8 @@ TEST_F(PacingBuildersTest, ABadErrorCheckingModeIsNamedInTheText) {
   const auto failure = CreateFailure(u"ErrorCheckingCommandBuilder");
   EXPECT_EQ(failure.Number, Signed(0x80041462));
   EXPECT_EQ(failure.Text, u"Requested auto-error checking mode, Maybe is not defined.");
-  ASSERT_FALSE(failure.Trail.empty());
-  EXPECT_EQ(failure.Trail[0], u"CtorErrChkCmdBuilder.ICreator_Create(Params={Array})");
+  ASSERT_FALSE(failure.Labels.empty());
+  EXPECT_EQ(failure.Labels[0], String(u"CtorErrChkCmdBuilder") + u".ICreator_Create(Params)");
 }
 
 /// The error of a creator whose product could not be made.
@@ -149,21 +149,18 @@ TEST_F(PacingBuildersTest, AnEmptyErrorQueryIsWrittenAndNotRead) {
 }
 
 TEST_F(PacingBuildersTest, LabelsHaveABlankBehindTheComma) {
-  // A stack line puts a blank behind each comma, and the label brings another.
-  const auto label = [](const String& name) {
-    return name + u".IBuilder_Build(InnerCommand={Null},  Instruction={CInstContainer})";
-  };
+  const auto label = [](const String& name) { return name + u".IBuilder_Build(InnerCommand, Instruction)"; };
   Set(u"IntervalPacing", u"On");
   Set(u"OPCPacing", u"On");
   Set(u"AutoErrorCheckingMode", u"On");
   Set(u"AutoReadAfterQueryMode", u"Maybe");
-  EXPECT_EQ(BuildFailure(u"OPCQueryPacingCommandBuilder", m_line).Trail.back(), label(u"COPCQueryCmdBuilder"));
-  EXPECT_EQ(BuildFailure(u"ErrorCheckingCommandBuilder", m_line).Trail.back(), label(u"CErrChkCmdBuilder"));
+  EXPECT_EQ(BuildFailure(u"OPCQueryPacingCommandBuilder", m_line).Labels.back(), label(u"COPCQueryCmdBuilder"));
+  EXPECT_EQ(BuildFailure(u"ErrorCheckingCommandBuilder", m_line).Labels.back(), label(u"CErrChkCmdBuilder"));
   Set(u"PacingInterval", u"soon");
   const auto interval = BuildFailure(u"IntervalPacingCommandBuilder", m_line);
   EXPECT_EQ(interval.Number, 13);
-  EXPECT_EQ(interval.Trail.back(), label(u"CIntervalPcngCmdBldr"));
-  EXPECT_EQ(BuildFailure(u"PacingCommandBuilder", m_line).Trail.back(), label(u"CPacingCmdBuilder"));
+  EXPECT_EQ(interval.Labels.back(), label(u"CIntervalPcngCmdBldr"));
+  EXPECT_EQ(BuildFailure(u"PacingCommandBuilder", m_line).Labels.back(), label(u"CPacingCmdBuilder"));
 }
 
 TEST_F(PacingBuildersTest, TheFourTakeNoParameters) {

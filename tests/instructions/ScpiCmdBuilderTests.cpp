@@ -57,8 +57,7 @@ TEST_F(CSCPICmdBuilderTest, AnyOtherModeIsRefusedForAQuery) {
     const auto failure = BuildFailure(Scpi, Line(u"*IDN?"));
     EXPECT_EQ(failure.Number, Signed(0x80041462));
     EXPECT_EQ(failure.Text, u"Requested auto-read-after-query mode, " + String(mode) + u" is not defined.");
-    EXPECT_EQ(failure.Trail, std::vector<String>{u"CSCPICmdBuilder.IBuilder_Build(InnerCommand={Null}, "
-                                                 u"Instruction={CInstContainer})"});
+    EXPECT_EQ(failure.Labels, std::vector<String>{u"CSCPICmdBuilder.IBuilder_Build(InnerCommand,Instruction)"});
     EXPECT_EQ(Calls, Journal{});
   }
 }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <vector>
 
@@ -12,9 +13,10 @@ namespace portico::support {
 /// What an error tells that has unwound: its number, and from its report where it began and which tails it has passed.
 struct Failure {
   std::int32_t Number = 0;
-  String Text;               ///< as it was raised
-  String Source;             ///< as it was raised
-  std::vector<String> Trail; ///< the calls of the stack lines, innermost first
+  String Text;                  ///< as it was raised
+  String Source;                ///< as it was raised
+  std::vector<String> Trail;    ///< the calls of the stack lines, innermost first
+  std::vector<String> Labels{}; ///< the same without the parameters' values, as the tails spell them
 };
 
 inline String Between(const String& text, StringView from, StringView to) {
@@ -22,6 +24,21 @@ inline String Between(const String& text, StringView from, StringView to) {
   if (start == String::npos) return {};
   const auto end = text.find(to, start + from.size());
   return text.substr(start + from.size(), end == String::npos ? end : end - start - from.size());
+}
+
+/// A call of a stack line without values: that of F(A='1', B={X}) is F(A,B).
+inline String LabelOf(const String& call) {
+  String label;
+  String::size_type at = 0;
+  while (at < call.size()) {
+    const auto equals = std::min(call.find(u'=', at), call.size());
+    label.append(call, at, equals - at);
+    if (equals == call.size()) break;
+    const StringView closing = call[equals + 1] == u'{' ? u"}" : call[equals + 1] == u'\'' ? u"'" : u",)";
+    const auto end = std::min(call.find_first_of(closing, equals + 2), call.size());
+    at = closing.size() == 1 ? end + 1 : end;
+  }
+  return ReplaceAll(label, u", ", u",");
 }
 
 inline Failure ReadReport(const ErrorRecord& record) {
@@ -36,6 +53,7 @@ inline Failure ReadReport(const ErrorRecord& record) {
     if (line.substr(0, mark.size()) != mark) continue;
     const auto end = line.find_last_not_of(u" -");
     failure.Trail.emplace_back(line.substr(mark.size(), end + 1 - mark.size()));
+    failure.Labels.push_back(LabelOf(failure.Trail.back()));
   }
   return failure;
 }

@@ -8,6 +8,7 @@
 #include <new>
 #include <stdexcept>
 #include <typeinfo>
+#include <utility>
 
 namespace portico {
 namespace HuntERR {
@@ -115,7 +116,12 @@ LazyText ErrorIn(StringView MethodName, const Params& Values, unsigned Flags) {
   state.Collected.clear();
   ErrRestore();
   state.Preserved = false;
-  if ((Flags & RaiseAgain) != 0) Raise(state.Saved);
+  if ((Flags & RaiseAgain) != 0) {
+    ErrorRecord passed = state.Saved;
+    passed.LastDllError = 0;
+    passed.Erl = 0; // the line lies in the procedure that the error leaves, not in its caller
+    Raise(std::move(passed));
+  }
   return state.Report;
 }
 

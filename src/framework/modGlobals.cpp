@@ -16,10 +16,12 @@ std::int32_t ParamArrayCount(const Params& ParameterArray) try {
   PassOn(u"modGlobals.ParamArrayCount(ParameterArray)", {Value(ParameterArray)});
 }
 
-bool FileExists(const String& path) {
+bool FileExists(const String& path) try {
   std::error_code fault;
   const auto status = std::filesystem::status(std::filesystem::path(path), fault);
   return !fault && std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+} catch (const std::filesystem::filesystem_error&) { // no file bears a name that the system cannot spell
+  return false;
 }
 
 bool XMLParserAvailable() { return gXMLParserAvailable; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/HuntERR.h"
 #include "framework/Value.h"
 
 namespace portico {
@@ -14,8 +15,10 @@ std::int32_t ParamArrayCount(const Params& ParameterArray);
 
 /// The arguments as an array with lower bound 0; without arguments an array of length 0.
 template <class... Args>
-Params VarArray(const Args&... Arguments) {
+Params VarArray(const Args&... Arguments) try {
   return Params{Value(Arguments)...};
+} catch (...) {
+  PassOn(u"modGlobals.VarArray(Params)");
 }
 
 /// True for a path whose directory attribute is clear; false when the file system cannot tell.

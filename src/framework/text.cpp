@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace portico {
 
@@ -84,6 +85,9 @@ String ToText(std::int64_t Number) {
 }
 
 String ToText(double Number) {
+  // Whole values would otherwise take the exponent form as soon as it is the shorter one, such as 1e+05.
+  constexpr double exactlyWhole = 9007199254740992.0; // two to the 53rd
+  if (std::abs(Number) < exactlyWhole && std::trunc(Number) == Number) return ToText(static_cast<std::int64_t>(Number));
   std::array<char, 32> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), Number).ptr;
   return {digits.data(), end};
@@ -97,9 +101,10 @@ String ToHexText(std::uint32_t Number) {
 
 std::optional<double> ReadNumber(StringView Text) {
   Text = Trim(Text);
-  if (!Text.empty() && Text.front() == u'+') Text.remove_prefix(1);
-  // from_chars would take "inf", "nan" and a second sign as well; none of them is a number here.
-  const auto start = !Text.empty() && Text.front() == u'-' ? 1U : 0U;
+  const bool plus = !Text.empty() && Text.front() == u'+';
+  if (plus) Text.remove_prefix(1); // from_chars does not take it
+  // from_chars would take "inf", "nan" and a minus behind the plus as well; none of them is a number here.
+  const auto start = !plus && !Text.empty() && Text.front() == u'-' ? 1U : 0U;
   if (Text.size() <= start || !((Text[start] >= u'0' && Text[start] <= u'9') || Text[start] == u'.')) return {};
   const std::string ascii = ToUtf8(Text);
   double number = 0;

@@ -37,14 +37,14 @@ protected:
 
   using Sources = std::vector<std::unique_ptr<terminal::LineSource>>;
 
-  int Run(const Sources& sources) {
+  int RunSources(const Sources& sources) {
     terminal::BatchRun run(Options, Interrupts, Out, Err);
     return static_cast<int>(run.Run(sources));
   }
   int Run(std::vector<String> lines) {
     Sources sources;
     sources.push_back(std::make_unique<terminal::FileLines>("lines.cmd", std::move(lines)));
-    return Run(sources);
+    return RunSources(sources);
   }
 
   void TurnOff(std::initializer_list<const char16_t*> options) {

@@ -117,7 +117,7 @@ TEST_F(BatchRunFailureTest, RefusedLineEndsTheRunBehindTheLinesBeforeIt) {
   Sources sources;
   sources.push_back(std::make_unique<FaultySource>());
   sources.push_back(std::make_unique<FileLines>("next.cmd", std::vector<String>{u"*RST"}));
-  EXPECT_EQ(Run(sources), 2);
+  EXPECT_EQ(RunSources(sources), 2);
   EXPECT_EQ(Err.str(), "portico-run: faulty:2:3: a reason\n");
   EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *CLS", "close"}));
 }

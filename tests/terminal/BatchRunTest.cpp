@@ -33,7 +33,7 @@ TEST_F(BatchRunTest, ConversationIsPrintedInOrder) {
 }
 
 TEST_F(BatchRunTest, NoLineOpensAndCloses) {
-  EXPECT_EQ(Run(std::vector<String>()), 0);
+  EXPECT_EQ(Run({}), 0);
   EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "close"}));
   EXPECT_EQ(Out.str(), "");
 }
@@ -114,7 +114,7 @@ TEST_F(BatchRunTest, SourcesRunOneAfterTheOther) {
   sources.push_back(std::make_unique<FileLines>("one.cmd", std::vector<String>{u"A", u"B"}));
   sources.push_back(std::make_unique<FileLines>("two.cmd", std::vector<String>{u"C"}));
   Driver->Failures = {{"write B", -5}, {"write C", -6}};
-  EXPECT_EQ(Run(sources), 4);
+  EXPECT_EQ(RunSources(sources), 4);
   EXPECT_EQ(Out.str(), "> A\n> B\n> C\n");
   EXPECT_EQ(Err.str(), "portico-run: one.cmd:2: failure -5\nportico-run: two.cmd:1: failure -6\n");
 }

@@ -70,7 +70,6 @@ TEST(RunOptions, ProtocolIsOneOfTwo) {
   EXPECT_EQ(OptionsOf({kSimulated, "--protocol", "SCPI"}).Protocol, u"SCPI");
   EXPECT_EQ(OptionsOf({kSimulated, "--protocol=Other"}).Protocol, u"Other");
   EXPECT_EQ(ErrorOf({kSimulated, "--protocol", "scpi"}), "--protocol scpi: use SCPI or Other");
-  EXPECT_EQ(ErrorOf({kSimulated, "--protocol="}).substr(0, 11), "--protocol ");
 }
 
 TEST(RunOptions, TimeoutIsFromOneMillisecondToAnHour) {
@@ -214,6 +213,7 @@ TEST(RunOptions, MistakenCommandLineIsToldInOneLineThatPointsToTheHelp) {
       {kSimulated, "--timeout"},
       {kSimulated, "--option"},
       {kSimulated, "--protocol"},
+      {kSimulated, "--protocol="},
       {kSimulated, "--quiet=maybe"},
       {kSimulated, "--timeout", "1", "--timeout", "2"},
       {kSimulated, "-x"},

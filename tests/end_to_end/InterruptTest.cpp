@@ -1,0 +1,83 @@
+#include "Programs.h"
+#include "support/ScriptedServer.h"
+
+#include <csignal>
+
+namespace portico::test {
+namespace {
+
+Arguments Paced(const std::string& milliseconds) {
+  return {"--option", "SCPIProtocolIntervalPacing=On",    "--option", "SCPIProtocolPacingInterval=" + milliseconds,
+          "--option", "SCPIProtocolAutoErrorChecking=Off"};
+}
+
+TEST(Interrupt, EndsTheWaitForInputAndClosesTheConnection) {
+  ScriptedServer server({});
+  Process process(PorticoRun({server.ResourceName()}));
+  server.Send({}); // waits for the connection
+  process.Signal(SIGINT);
+  server.WaitForNoClient();
+  const Outcome outcome = process.Wait();
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST(Interrupt, RequestToTerminateCountsAlike) {
+  ScriptedServer server({});
+  Process process(PorticoRun({server.ResourceName()}));
+  server.Send({}); // waits for the connection
+  process.Signal(SIGTERM);
+  server.WaitForNoClient();
+  EXPECT_EQ(process.Wait().status, 130);
+}
+
+TEST(Interrupt, LetsTheLineComeToItsEnd) {
+  ScriptedServer server({});
+  Process process(PorticoRun(kBare + Arguments{"--timeout", "60000", server.ResourceName()}));
+  process.Write("SLOW?\n*RST\n");
+  server.WaitForReceived("SLOW?\r\n");
+  process.Signal(SIGINT);
+  server.Send("answer\n");
+  const Outcome outcome = process.Wait();
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_EQ(outcome.out, "> SLOW?\n< answer\n");
+  EXPECT_EQ(outcome.err, "");
+  server.WaitForNoClient();
+  EXPECT_EQ(server.Received(), "SLOW?\r\n");
+}
+
+TEST(Interrupt, OnceInAPacingWaitEndsTheRunAtTheLineBoundary) {
+  Process process(PorticoRun(Paced("1500") + Arguments{kSimulated}));
+  process.Write("*CLS\n*RST\n*IDN?\n");
+  process.WaitForOutput("> *CLS\n* *OPC?\n< 1\n");
+  process.Signal(SIGINT);
+  const Outcome outcome = process.Wait();
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_EQ(outcome.out, "* *OPC?\n< 1\n> *CLS\n* *OPC?\n< 1\n> *RST\n");
+}
+
+TEST(Interrupt, AgainEndsThePacingWaitAsWell) {
+  ScriptedServer server({{"*OPC?", Reaction::Answer("1\n")}});
+  Process process(PorticoRun(Paced("65535") + Arguments{server.ResourceName()}));
+  process.Write("*CLS\n*RST\n");
+  process.WaitForOutput("> *CLS\n* *OPC?\n< 1\n");
+  const Outcome outcome = process.SignalUntilEnd(SIGINT);
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_EQ(outcome.out, "* *OPC?\n< 1\n> *CLS\n* *OPC?\n< 1\n");
+  EXPECT_EQ(outcome.err, "");
+  server.WaitForNoClient();
+  EXPECT_EQ(server.Received(), "*OPC?\r\n*CLS\r\n*OPC?\r\n");
+}
+
+TEST(Interrupt, OutranksAReportedErrorAndADriverFailure) {
+  ScriptedServer server({{":SYST:ERR?", Reaction::Answer("-113,\"Undefined header\"\n")}});
+  Process process(PorticoRun({"--timeout", "50", "--option", "SCPIProtocolOPCPacing=Off", server.ResourceName()}));
+  process.Write("MEAS?\n");
+  process.WaitForOutput("< -113,\"Undefined header\"\n");
+  process.Signal(SIGINT);
+  EXPECT_EQ(process.Wait().status, 130);
+}
+
+} // namespace
+} // namespace portico::test

@@ -1,0 +1,106 @@
+#include "Programs.h"
+#include "support/Golden.h"
+
+namespace portico::test {
+namespace {
+
+const std::string kFirstSteps = std::string(PORTICO_EXAMPLES) + "/first-steps.cmd";
+
+std::string Bytes(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST(Transcript, FirstStepsOnTheSimulatedMultimeter) {
+  const Outcome outcome = RunPortico({kSimulated, kFirstSteps});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  ExpectGolden("portico-run-first-steps.txt", outcome.out);
+}
+
+TEST(Transcript, StandardInputIsTheSameAsAFile) {
+  const Outcome outcome = RunPortico({kSimulated}, Bytes(kFirstSteps));
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, RunPortico({kSimulated, kFirstSteps}).out);
+}
+
+TEST(Transcript, CrLfFileIsTheSameAsAnLfFile) {
+  const CommandFiles files;
+  std::string text = Bytes(kFirstSteps);
+  const std::string plain = files.Add("lf.cmd", text);
+  for (std::size_t end = text.find('\n'); end != std::string::npos; end = text.find('\n', end + 2)) {
+    text.insert(end, "\r");
+  }
+  const Outcome outcome = RunPortico({kSimulated, files.Add("crlf.cmd", text)});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_NE(outcome.out, "");
+  EXPECT_EQ(outcome.out, RunPortico({kSimulated, plain}).out);
+}
+
+TEST(Transcript, ByteOrderMarkIsNoText) {
+  const CommandFiles files;
+  const Outcome outcome = RunPortico(kBare + Arguments{kSimulated, files.Add("bom.cmd", "\xEF\xBB\xBF*CLS\n")});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "> *CLS\n");
+}
+
+TEST(Transcript, QuietLeavesStandardOutputEmpty) {
+  const Outcome outcome = RunPortico({"--quiet", kSimulated, kFirstSteps});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST(Transcript, SeveralFilesAndStandardInputRunInTheOrderGiven) {
+  const CommandFiles files;
+  const std::string one = files.Add("one.cmd", "REM one\n");
+  const std::string two = files.Add("two.cmd", "REM two\n");
+  EXPECT_EQ(RunPortico({kSimulated, two, "-", one, two}, "REM in between\n").out,
+            "# REM two\n# REM in between\n# REM one\n# REM two\n");
+}
+
+TEST(Transcript, MessagesNameTheFileAndTheLineNumber) {
+  const CommandFiles files;
+  const std::string one = files.Add("one.cmd", "*CLS\nFOO\n");
+  const std::string two = files.Add("two.cmd", "\n\nBAR\n");
+  const Outcome outcome = RunPortico({kSimulated, one, "-", two}, "*CLS\nBAZ\n");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err, "portico-run: " + one +
+                             ":2: the instrument reports -113,\"Undefined header\"\n"
+                             "portico-run: standard input:2: the instrument reports -113,\"Undefined header\"\n"
+                             "portico-run: " +
+                             two + ":3: the instrument reports -113,\"Undefined header\"\n");
+}
+
+TEST(Transcript, PastedHistorySendsItsInstructionsOnly) {
+  const Outcome outcome = RunPortico(kBare + Arguments{kSimulated}, "\xC2\xA9*OPC?\n"
+                                                                    "\xC2\xAE"
+                                                                    "1\n"
+                                                                    "*CLS\n"
+                                                                    "  \xC2\xAE+1.0\n"
+                                                                    "REM done\n");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "> *CLS\n# REM done\n");
+}
+
+TEST(Transcript, TypedCaseIsShownAsTyped) {
+  const Outcome outcome = RunPortico({kSimulated}, "*opc?\n");
+  EXPECT_EQ(outcome.out, "> *OPC?\n< 1\n> *opc?\n< 1\n* :SYST:ERR?\n< 0,\"No error\"\n");
+}
+
+TEST(Transcript, TenThousandLinesAllGetTheirAnswer) {
+  std::string lines;
+  std::string expected;
+  for (int line = 0; line < 10'000; ++line) {
+    lines += "*OPC?\n";
+    expected += "> *OPC?\n< 1\n";
+  }
+  const Outcome outcome = RunPortico(kBare + Arguments{kSimulated}, lines);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(CountLines(outcome.out), 20'000);
+  EXPECT_TRUE(outcome.out == expected);
+}
+
+} // namespace
+} // namespace portico::test

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "application/Startup.h"
+#include "configuration/CConfigurationClient.h"
+#include "memory/EventLoop.h"
+#include "memory/HeadlessWindow.h"
+#include "memory/SettingsStore.h"
+#include "terminal/BatchRun.h"
+
+#include "RecordingDriver.h"
+#include "support/FrameworkTest.h"
+
+#include <sstream>
+
+namespace portico::test {
+
+/// The whole system on a driver that records, in time that stands still.
+class BatchRunBench : public FrameworkTest {
+protected:
+  BatchRunBench() {
+    gEventLoop = Loop;
+    gSettingsStore = std::make_shared<memory::SettingsStore>();
+    gInstrumentDriver = Driver;
+    gMainForm = New<memory::HeadlessWindow>();
+    modAppGlobals::CreateObjectFactory();
+    gConfiguration = New<CConfigurationClient>();
+    Options.Instrument = u"the instrument";
+  }
+  ~BatchRunBench() override {
+    gConfiguration = nullptr;
+    modAppGlobals::ReleaseObjectFactory();
+    gMainForm = nullptr;
+    gInstrumentDriver = nullptr;
+    gSettingsStore = nullptr;
+    gEventLoop = nullptr;
+  }
+
+  using Sources = std::vector<std::unique_ptr<terminal::LineSource>>;
+
+  int RunSources(const Sources& sources) {
+    terminal::BatchRun run(Options, Interrupts, Out, Err);
+    return static_cast<int>(run.Run(sources));
+  }
+  int Run(std::vector<String> lines) {
+    Sources sources;
+    sources.push_back(std::make_unique<terminal::FileLines>("lines.cmd", std::move(lines)));
+    return RunSources(sources);
+  }
+
+  void TurnOff(std::initializer_list<const char16_t*> options) {
+    for (const char16_t* option : options) Options.Options.emplace_back(option, u"Off");
+  }
+  /// Lines go out alone.
+  void TurnOffPacingAndChecking() { TurnOff({u"SCPIProtocolOPCPacing", u"SCPIProtocolAutoErrorChecking"}); }
+
+  using Calls = std::vector<std::string>;
+
+  memory::ManualClock Clock;
+  const std::shared_ptr<memory::EventLoop> Loop = std::make_shared<memory::EventLoop>(Clock);
+  const terminal::Interrupts Interrupts{[this] { Loop->RequestQuit(); }};
+  const std::shared_ptr<RecordingDriver> Driver = std::make_shared<RecordingDriver>();
+  terminal::RunOptions Options;
+  std::ostringstream Out;
+  std::ostringstream Err;
+};
+
+} // namespace portico::test

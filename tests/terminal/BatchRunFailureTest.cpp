@@ -1,0 +1,178 @@
+#include "BatchRunBench.h"
+
+#include <csignal>
+#include <stdexcept>
+
+namespace portico::terminal {
+namespace {
+
+constexpr char kUndefinedHeader[] = "-113,\"Undefined header\"";
+
+class BatchRunFailureTest : public test::BatchRunBench {};
+
+TEST_F(BatchRunFailureTest, ReportedErrorIsToldAndTheRunGoesOn) {
+  Driver->Answers[":SYST:ERR?"] = kUndefinedHeader;
+  EXPECT_EQ(Run({u"FOO", u"BAR"}), 1);
+  EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: the instrument reports -113,\"Undefined header\"\n"
+                       "portico-run: lines.cmd:2: the instrument reports -113,\"Undefined header\"\n");
+  EXPECT_EQ(Driver->Calls.back(), "close");
+}
+
+TEST_F(BatchRunFailureTest, ReportedErrorEndsTheRunOnDemand) {
+  Options.StopOnError = true;
+  TurnOff({u"SCPIProtocolOPCPacing"});
+  Driver->Answers[":SYST:ERR?"] = kUndefinedHeader;
+  EXPECT_EQ(Run({u"FOO", u"BAR"}), 1);
+  EXPECT_EQ(Driver->Calls,
+            (Calls{"init the instrument", "set 1150007 to 0", "write FOO", "write :SYST:ERR?", "read", "close"}));
+}
+
+TEST_F(BatchRunFailureTest, AnswerOfAQueryIsNoReportedError) {
+  Driver->Answers["MEAS?"] = "-113";
+  EXPECT_EQ(Run({u"MEAS?"}), 0);
+}
+
+TEST_F(BatchRunFailureTest, WithoutAutomaticReadsNoErrorIsReported) {
+  TurnOff({u"SCPIProtocolAutoReadAfterQuery"});
+  Driver->Answers[":SYST:ERR?"] = kUndefinedHeader;
+  EXPECT_EQ(Run({u"FOO"}), 0);
+}
+
+TEST_F(BatchRunFailureTest, DriverFailureIsToldAndTheChainGoesOn) {
+  Driver->Failures["write *CLS"] = -42;
+  EXPECT_EQ(Run({u"*CLS", u"*RST"}), 4);
+  EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: failure -42\n");
+  EXPECT_EQ(Driver->Calls,
+            (Calls{"init the instrument", "set 1150007 to 0", "write *OPC?", "read", "write *CLS", "write :SYST:ERR?",
+                   "read", "write *OPC?", "read", "write *RST", "write :SYST:ERR?", "read", "close"}));
+}
+
+TEST_F(BatchRunFailureTest, DriverFailureEndsTheRunOnDemandBehindItsLine) {
+  Options.StopOnError = true;
+  Driver->Failures["write *CLS"] = -42;
+  EXPECT_EQ(Run({u"*CLS", u"*RST"}), 4);
+  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *OPC?", "read", "write *CLS",
+                                  "write :SYST:ERR?", "read", "close"}));
+}
+
+TEST_F(BatchRunFailureTest, DriverFailureOutranksAReportedError) {
+  Driver->Answers[":SYST:ERR?"] = kUndefinedHeader;
+  Driver->Failures["write *CLS"] = -42;
+  EXPECT_EQ(Run({u"*CLS"}), 4);
+  EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: failure -42\n"
+                       "portico-run: lines.cmd:1: the instrument reports -113,\"Undefined header\"\n");
+}
+
+TEST_F(BatchRunFailureTest, ErrorQueryWithoutAnAnswerIsADriverFailureOnly) {
+  Driver->Answers.erase(":SYST:ERR?");
+  Driver->Answers["*OPC?"] = "-1";
+  EXPECT_EQ(Run({u"*CLS"}), 4);
+  EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: failure -7\n");
+}
+
+TEST_F(BatchRunFailureTest, InstrumentThatDoesNotOpenEndsTheRun) {
+  Driver->Failures["init the instrument"] = -9;
+  EXPECT_EQ(Run({u"*CLS"}), 3);
+  EXPECT_EQ(Driver->Calls, Calls{"init the instrument"});
+  EXPECT_EQ(Err.str(), "portico-run: cannot open the instrument: failure -9\n");
+  EXPECT_EQ(Out.str(), "! failure -9\n");
+}
+
+TEST_F(BatchRunFailureTest, FailureToSetTheTerminationIsADriverFailure) {
+  Driver->Failures["set 1150007 to 0"] = -8;
+  TurnOffPacingAndChecking();
+  EXPECT_EQ(Run({u"*CLS"}), 4);
+  EXPECT_EQ(Err.str(), "portico-run: failure -8\n");
+  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *CLS", "close"}));
+}
+
+TEST_F(BatchRunFailureTest, FailureToSetTheTerminationEndsTheRunOnDemand) {
+  Options.StopOnError = true;
+  Driver->Failures["set 1150007 to 0"] = -8;
+  EXPECT_EQ(Run({u"*CLS"}), 4);
+  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "close"}));
+}
+
+TEST_F(BatchRunFailureTest, FailureToCloseIsADriverFailure) {
+  Driver->Failures["close"] = -4;
+  EXPECT_EQ(Run({u"*CLS"}), 4);
+  EXPECT_EQ(Err.str(), "portico-run: failure -4\n");
+}
+
+/// Gives one line, then refuses the second.
+class FaultySource final : public LineSource {
+public:
+  std::string Name() const override { return "faulty"; }
+  std::variant<std::optional<String>, TextFault> Next() override {
+    if (std::exchange(m_given, true)) return TextFault{2, 3, "a reason"};
+    return std::optional<String>(u"*CLS");
+  }
+
+private:
+  bool m_given = false;
+};
+
+TEST_F(BatchRunFailureTest, RefusedLineEndsTheRunBehindTheLinesBeforeIt) {
+  TurnOffPacingAndChecking();
+  Sources sources;
+  sources.push_back(std::make_unique<FaultySource>());
+  sources.push_back(std::make_unique<FileLines>("next.cmd", std::vector<String>{u"*RST"}));
+  EXPECT_EQ(RunSources(sources), 2);
+  EXPECT_EQ(Err.str(), "portico-run: faulty:2:3: a reason\n");
+  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *CLS", "close"}));
+}
+
+TEST_F(BatchRunFailureTest, InterruptEndsTheRunAtTheLineBoundary) {
+  Driver->OnCall = [](const std::string& call) {
+    if (call == "write *OPC?") raise(SIGINT);
+  };
+  EXPECT_EQ(Run({u"*CLS", u"*RST"}), 130);
+  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *OPC?", "read", "write *CLS",
+                                  "write :SYST:ERR?", "read", "close"}));
+  EXPECT_EQ(Err.str(), "");
+}
+
+TEST_F(BatchRunFailureTest, InterruptOutranksWhatWentWrongBefore) {
+  Driver->Answers[":SYST:ERR?"] = kUndefinedHeader;
+  Driver->Failures["write *CLS"] = -42;
+  Driver->OnCall = [](const std::string& call) {
+    if (call == "write *CLS") raise(SIGINT);
+  };
+  EXPECT_EQ(Run({u"*CLS"}), 130);
+}
+
+TEST_F(BatchRunFailureTest, SecondInterruptEndsAWaitAndTheInstrumentClosesWithTheFactory) {
+  Options.Options = {{u"SCPIProtocolIntervalPacing", u"On"}};
+  TurnOffPacingAndChecking();
+  Driver->OnCall = [](const std::string& call) {
+    if (call != "write *CLS") return;
+    raise(SIGINT);
+    raise(SIGINT);
+  };
+  EXPECT_EQ(Run({u"*CLS", u"*RST"}), 130);
+  EXPECT_EQ(Err.str(), "");
+  modAppGlobals::ReleaseObjectFactory();
+  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *CLS", "close"}));
+}
+
+TEST_F(BatchRunFailureTest, InternalErrorIsToldWithItsReport) {
+  Driver->OnCall = [](const std::string& call) {
+    if (call == "write *CLS") throw std::out_of_range("beyond the end");
+  };
+  EXPECT_EQ(Run({u"*CLS", u"*RST"}), 5);
+  const std::string text = Err.str();
+  EXPECT_EQ(text.find("portico-run: lines.cmd:1: internal error\n"), 0U) << text;
+  for (const char* label : {"CDriverSession.IChannel_WriteData(", "CWriteCmd.ICommand_Execute",
+                            "CSCPIInstHandler.IInstProcessor_Send(", "BatchRun.Run("}) {
+    EXPECT_NE(text.find(label), std::string::npos) << label << " is missing in\n" << text;
+  }
+}
+
+TEST_F(BatchRunFailureTest, OutputThatCannotBeWrittenIsTold) {
+  Out.setstate(std::ios::badbit);
+  EXPECT_EQ(Run({u"*CLS"}), 5);
+  EXPECT_EQ(Err.str(), "portico-run: standard output cannot be written\n");
+}
+
+} // namespace
+} // namespace portico::terminal

@@ -1,0 +1,99 @@
+#include "terminal/FaultMonitor.h"
+
+#include "HandMadeReport.h"
+
+#include <gtest/gtest.h>
+
+namespace portico::terminal {
+namespace {
+
+using test::FailureReport;
+using test::ReadReport;
+using test::Report;
+using test::WriteReport;
+
+TEST(FaultMonitor, IsCleanAtFirst) {
+  const FaultMonitor monitor;
+  EXPECT_TRUE(monitor.DriverFailures().empty());
+  EXPECT_FALSE(monitor.LastAnswer());
+}
+
+TEST(FaultMonitor, KeepsTheDriversTextsInOrder) {
+  FaultMonitor monitor;
+  monitor.Update(FailureReport(u"CWriteCmd", -1151012, u"The instrument closed the connection."));
+  monitor.Update(FailureReport(u"CReadCmd", -1151014, u"There is no connection."));
+  EXPECT_EQ(monitor.DriverFailures(),
+            (std::vector<String>{u"The instrument closed the connection.", u"There is no connection."}));
+}
+
+TEST(FaultMonitor, EveryKindOfCommandCanFail) {
+  for (const String command : {u"COpenCmd", u"CCloseCmd", u"CSetAttribCmd", u"CWriteCmd", u"CReadCmd"}) {
+    FaultMonitor monitor;
+    monitor.Update(FailureReport(command, 1, u"text"));
+    EXPECT_EQ(monitor.DriverFailures().size(), 1U) << ToUtf8(command);
+  }
+}
+
+TEST(FaultMonitor, MarksAreNoFailures) {
+  FaultMonitor monitor;
+  for (const std::uint32_t mark : {0x80041453U, 0x80041454U}) {
+    monitor.Update(Report({.Command = u"SCPIInstructionProcessor", .ErrorCode = static_cast<std::int32_t>(mark)}));
+  }
+  EXPECT_TRUE(monitor.DriverFailures().empty());
+}
+
+TEST(FaultMonitor, LastAnswerIsThatOfTheLastWrite) {
+  FaultMonitor monitor;
+  monitor.Update(WriteReport(u"*IDN?"));
+  monitor.Update(ReadReport(u"an instrument"));
+  EXPECT_EQ(monitor.LastAnswer(), u"an instrument");
+  monitor.Update(WriteReport(u":SYST:ERR?"));
+  EXPECT_FALSE(monitor.LastAnswer());
+  monitor.Update(ReadReport(u"0,\"No error\""));
+  EXPECT_EQ(monitor.LastAnswer(), u"0,\"No error\"");
+}
+
+TEST(FaultMonitor, FailedReadIsNoAnswer) {
+  FaultMonitor monitor;
+  monitor.Update(WriteReport(u":SYST:ERR?"));
+  monitor.Update(FailureReport(u"CReadCmd", -1151016, u"1 time-out"));
+  EXPECT_FALSE(monitor.LastAnswer());
+}
+
+TEST(FaultMonitor, EndOfTheInstructionLeavesTheAnswer) {
+  FaultMonitor monitor;
+  monitor.Update(ReadReport(u"-113"));
+  monitor.Update(Report({.Command = u"SCPIInstructionProcessor", .ErrorCode = static_cast<std::int32_t>(0x80041454)}));
+  EXPECT_EQ(monitor.LastAnswer(), u"-113");
+}
+
+TEST(FaultMonitor, BeginForgetsTheInstructionBefore) {
+  FaultMonitor monitor;
+  monitor.Update(FailureReport(u"CWriteCmd", 1, u"text"));
+  monitor.Update(ReadReport(u"-113"));
+  monitor.Begin();
+  EXPECT_TRUE(monitor.DriverFailures().empty());
+  EXPECT_FALSE(monitor.LastAnswer());
+}
+
+TEST(ReportsError, LeadingIntegerOtherThanZero) {
+  for (const StringView answer :
+       {u"-113,\"Undefined header\"", u"-113", u"+100", u"100", u"1,\"text\"", u"  -222", u"007", u"+010,x"}) {
+    EXPECT_TRUE(ReportsError(answer)) << ToUtf8(answer);
+  }
+}
+
+TEST(ReportsError, ZeroInAnyForm) {
+  for (const StringView answer : {u"0", u"+0,\"No error\"", u"-0", u"000,\"No error\"", u" 0", u"0,1"}) {
+    EXPECT_FALSE(ReportsError(answer)) << ToUtf8(answer);
+  }
+}
+
+TEST(ReportsError, AnswerWithoutALeadingInteger) {
+  for (const StringView answer : {u"", u"No error", u"\"-113\"", u"+", u"-", u"--1", u",1", u"E1", u"#15"}) {
+    EXPECT_FALSE(ReportsError(answer)) << ToUtf8(answer);
+  }
+}
+
+} // namespace
+} // namespace portico::terminal

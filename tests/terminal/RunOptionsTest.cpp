@@ -1,0 +1,246 @@
+#include "terminal/RunOptions.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace portico::terminal {
+namespace {
+
+using Request = std::variant<RunOptions, HelpText, UsageError>;
+
+Request Parse(std::vector<std::string> arguments) {
+  arguments.insert(arguments.begin(), "portico-run");
+  std::vector<const char*> argv;
+  argv.reserve(arguments.size());
+  for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+  return ParseRunOptions(static_cast<int>(argv.size()), argv.data());
+}
+
+RunOptions OptionsOf(const std::vector<std::string>& arguments) {
+  const Request request = Parse(arguments);
+  if (const auto* error = std::get_if<UsageError>(&request)) ADD_FAILURE() << error->Text;
+  const auto* options = std::get_if<RunOptions>(&request);
+  return options != nullptr ? *options : RunOptions();
+}
+
+std::string ErrorOf(const std::vector<std::string>& arguments) {
+  const Request request = Parse(arguments);
+  const auto* error = std::get_if<UsageError>(&request);
+  return error != nullptr ? error->Text : "(none)";
+}
+
+std::string HelpOf(const std::vector<std::string>& arguments) {
+  const Request request = Parse(arguments);
+  const auto* help = std::get_if<HelpText>(&request);
+  return help != nullptr ? help->Text : "(none)";
+}
+
+using Written = std::vector<std::pair<String, String>>;
+
+constexpr char kSimulated[] = "SIM::dmm::INSTR";
+
+TEST(RunOptions, DefaultsNeedNoMoreThanAnInstrument) {
+  const RunOptions options = OptionsOf({kSimulated});
+  EXPECT_EQ(options.Instrument, u"SIM::dmm::INSTR");
+  EXPECT_EQ(options.Files, std::vector<std::string>{"-"});
+  EXPECT_EQ(options.Protocol, u"SCPI");
+  EXPECT_TRUE(options.Options.empty());
+  EXPECT_EQ(options.TimeoutMilliseconds, 5000);
+  EXPECT_FALSE(options.StopOnError);
+  EXPECT_FALSE(options.Quiet);
+}
+
+TEST(RunOptions, FilesKeepTheirOrder) {
+  EXPECT_EQ(OptionsOf({kSimulated, "b.cmd", "-", "a.cmd"}).Files, (std::vector<std::string>{"b.cmd", "-", "a.cmd"}));
+}
+
+TEST(RunOptions, FlagsMayStandAnywhere) {
+  const RunOptions options = OptionsOf({"--quiet", kSimulated, "a.cmd", "--stop-on-error"});
+  EXPECT_TRUE(options.Quiet);
+  EXPECT_TRUE(options.StopOnError);
+  EXPECT_EQ(options.Files, std::vector<std::string>{"a.cmd"});
+}
+
+TEST(RunOptions, InstrumentNameIsUtf8) {
+  EXPECT_EQ(OptionsOf({"TCPIP::m\xC3\xA4ss::5025::SOCKET"}).Instrument, u"TCPIP::m\u00E4ss::5025::SOCKET");
+}
+
+TEST(RunOptions, ProtocolIsOneOfTwo) {
+  EXPECT_EQ(OptionsOf({kSimulated, "--protocol", "SCPI"}).Protocol, u"SCPI");
+  EXPECT_EQ(OptionsOf({kSimulated, "--protocol=Other"}).Protocol, u"Other");
+  EXPECT_EQ(ErrorOf({kSimulated, "--protocol", "scpi"}), "--protocol scpi: use SCPI or Other");
+}
+
+TEST(RunOptions, TimeoutIsFromOneMillisecondToAnHour) {
+  EXPECT_EQ(OptionsOf({kSimulated, "--timeout", "1"}).TimeoutMilliseconds, 1);
+  EXPECT_EQ(OptionsOf({kSimulated, "--timeout=3600000"}).TimeoutMilliseconds, 3600000);
+  for (const std::string value : {"0", "-5", "3600001", "99999999999999999999", "1.5", "1s", "0x10", "five", " 5"}) {
+    EXPECT_EQ(ErrorOf({kSimulated, "--timeout=" + value}), "--timeout " + value + ": use 1 to 3600000 milliseconds");
+  }
+}
+
+TEST(RunOptions, EveryOptionOfTheProtocolIsTaken) {
+  EXPECT_EQ(
+      OptionsOf({kSimulated, "--option", "SCPIProtocolOPCPacing=Off", "--option", "SCPIProtocolIntervalPacing=On",
+                 "--option", "SCPIProtocolPacingInterval=65535", "--option", "SCPIProtocolAutoReadAfterQuery=Off",
+                 "--option", "SCPIProtocolAutoErrorChecking=Off", "--option",
+                 "SCPIProtocolErrorCheckingCommand=STAT:QUE?", "--option", "SCPIProtocolTerminationCharacter=LFCR"})
+          .Options,
+      (Written{{u"SCPIProtocolOPCPacing", u"Off"},
+               {u"SCPIProtocolIntervalPacing", u"On"},
+               {u"SCPIProtocolPacingInterval", u"65535"},
+               {u"SCPIProtocolAutoReadAfterQuery", u"Off"},
+               {u"SCPIProtocolAutoErrorChecking", u"Off"},
+               {u"SCPIProtocolErrorCheckingCommand", u"STAT:QUE?"},
+               {u"SCPIProtocolTerminationCharacter", u"LFCR"}}));
+  EXPECT_EQ(OptionsOf({kSimulated, "--protocol", "Other", "--option", "OtherProtocolIntervalPacing=On", "--option",
+                       "OtherProtocolPacingInterval=1", "--option", "OtherProtocolTerminationCharacter=Auto"})
+                .Options,
+            (Written{{u"OtherProtocolIntervalPacing", u"On"},
+                     {u"OtherProtocolPacingInterval", u"1"},
+                     {u"OtherProtocolTerminationCharacter", u"Auto"}}));
+}
+
+TEST(RunOptions, EveryTerminationIsTaken) {
+  for (const std::string value : {"Auto", "CR", "LF", "CRLF", "LFCR"}) {
+    const auto options = OptionsOf({kSimulated, "--option", "SCPIProtocolTerminationCharacter=" + value}).Options;
+    EXPECT_EQ(options, (Written{{u"SCPIProtocolTerminationCharacter", FromAscii(value)}}));
+  }
+}
+
+TEST(RunOptions, ProtocolOfTheOptionsMayFollowThem) {
+  EXPECT_EQ(OptionsOf({kSimulated, "--option", "OtherProtocolPacingInterval=7", "--protocol", "Other"}).Options.size(),
+            1U);
+}
+
+TEST(RunOptions, ValueMayHoldAnEqualsSign) {
+  EXPECT_EQ(OptionsOf({kSimulated, "--option", "SCPIProtocolErrorCheckingCommand=A=B?"}).Options,
+            (Written{{u"SCPIProtocolErrorCheckingCommand", u"A=B?"}}));
+}
+
+TEST(RunOptions, OneOptionTakesOneValue) {
+  const RunOptions options = OptionsOf({"--option", "SCPIProtocolOPCPacing=Off", kSimulated, "a.cmd"});
+  EXPECT_EQ(options.Instrument, u"SIM::dmm::INSTR");
+  EXPECT_EQ(options.Files, std::vector<std::string>{"a.cmd"});
+}
+
+struct BadOption {
+  const char* Setting;
+  const char* Message;
+};
+
+class BadOptionValue : public testing::TestWithParam<BadOption> {};
+
+TEST_P(BadOptionValue, IsAUsageErrorThatSaysWhatWouldBeRight) {
+  EXPECT_EQ(ErrorOf({kSimulated, "--option", GetParam().Setting}), GetParam().Message);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    RunOptions, BadOptionValue,
+    testing::Values(
+        BadOption{"SCPIProtocolOPCPacing=on",
+                  "--option SCPIProtocolOPCPacing: 'on' is not a value of it; use On or Off"},
+        BadOption{"SCPIProtocolIntervalPacing=1",
+                  "--option SCPIProtocolIntervalPacing: '1' is not a value of it; use On or Off"},
+        BadOption{"SCPIProtocolAutoReadAfterQuery=",
+                  "--option SCPIProtocolAutoReadAfterQuery: '' is not a value of it; use On or Off"},
+        BadOption{"SCPIProtocolAutoErrorChecking=True",
+                  "--option SCPIProtocolAutoErrorChecking: 'True' is not a value of it; use On or Off"},
+        BadOption{"SCPIProtocolPacingInterval=0",
+                  "--option SCPIProtocolPacingInterval: '0' is not a value of it; use 1 to 65535 milliseconds"},
+        BadOption{"SCPIProtocolPacingInterval=-1",
+                  "--option SCPIProtocolPacingInterval: '-1' is not a value of it; use 1 to 65535 milliseconds"},
+        BadOption{"SCPIProtocolPacingInterval=65536",
+                  "--option SCPIProtocolPacingInterval: '65536' is not a value of it; use 1 to 65535 milliseconds"},
+        BadOption{"SCPIProtocolPacingInterval=1e3",
+                  "--option SCPIProtocolPacingInterval: '1e3' is not a value of it; use 1 to 65535 milliseconds"},
+        BadOption{"SCPIProtocolPacingInterval=",
+                  "--option SCPIProtocolPacingInterval: '' is not a value of it; use 1 to 65535 milliseconds"},
+        BadOption{"SCPIProtocolTerminationCharacter=lf",
+                  "--option SCPIProtocolTerminationCharacter: 'lf' is not a value of it; "
+                  "use Auto, CR, LF, CRLF or LFCR"},
+        BadOption{"SCPIProtocolErrorCheckingCommand=ERR?\n*RST",
+                  "--option SCPIProtocolErrorCheckingCommand: 'ERR?\n*RST' is not a value of it; "
+                  "use characters of the instrument's code page on one line"},
+        BadOption{"SCPIProtocolErrorCheckingCommand=\xCE\xA9?",
+                  "--option SCPIProtocolErrorCheckingCommand: '\xCE\xA9?' is not a value of it; "
+                  "use characters of the instrument's code page on one line"},
+        BadOption{"SCPIProtocolErrorCheckingCommand=\xFF",
+                  "--option SCPIProtocolErrorCheckingCommand: '\xFF' is not a value of it; "
+                  "use characters of the instrument's code page on one line"},
+        BadOption{"SCPIProtocolOPCPacing", "--option SCPIProtocolOPCPacing: use NAME=VALUE"},
+        BadOption{"", "--option : use NAME=VALUE"}));
+
+constexpr char kScpiNames[] =
+    "SCPIProtocolOPCPacing, SCPIProtocolIntervalPacing, SCPIProtocolPacingInterval, SCPIProtocolAutoReadAfterQuery, "
+    "SCPIProtocolAutoErrorChecking, SCPIProtocolErrorCheckingCommand, SCPIProtocolTerminationCharacter";
+
+TEST(RunOptions, UnknownOptionIsToldTheKnownOnes) {
+  for (const std::string name : {"SCPIProtocolPacing", "scpiprotocolopcpacing", "OPCPacing", "ProtocolName", "",
+                                 "OtherProtocolPacingInterval", "SCPIProtocolOPCPacing "}) {
+    EXPECT_EQ(ErrorOf({kSimulated, "--option", name + "=On"}),
+              "--option " + name + ": the protocol SCPI has no such option; it has " + kScpiNames);
+  }
+}
+
+TEST(RunOptions, OptionOfTheOtherProtocolIsUnknown) {
+  EXPECT_EQ(ErrorOf({kSimulated, "--protocol", "Other", "--option", "SCPIProtocolOPCPacing=On"}),
+            "--option SCPIProtocolOPCPacing: the protocol Other has no such option; it has "
+            "OtherProtocolIntervalPacing, OtherProtocolPacingInterval, OtherProtocolTerminationCharacter");
+}
+
+TEST(RunOptions, FirstBadOptionIsTold) {
+  EXPECT_EQ(ErrorOf({kSimulated, "--option", "SCPIProtocolOPCPacing=Off", "--option", "SCPIProtocolPacingInterval=x",
+                     "--option", "nonsense"}),
+            "--option SCPIProtocolPacingInterval: 'x' is not a value of it; use 1 to 65535 milliseconds");
+}
+
+TEST(RunOptions, InstrumentNameMustBeSendable) {
+  EXPECT_EQ(ErrorOf({""}), "'' is no instrument name; use one such as TCPIP::HOST::5025::SOCKET");
+  EXPECT_EQ(ErrorOf({"   "}), "'   ' is no instrument name; use one such as TCPIP::HOST::5025::SOCKET");
+  EXPECT_EQ(ErrorOf({"SIM::\xFF::INSTR"}),
+            "'SIM::\xFF::INSTR' is no instrument name; use one such as TCPIP::HOST::5025::SOCKET");
+  EXPECT_EQ(ErrorOf({"SIM::\xCE\xA9::INSTR"}),
+            "'SIM::\xCE\xA9::INSTR' is no instrument name; use one such as TCPIP::HOST::5025::SOCKET");
+}
+
+TEST(RunOptions, MistakenCommandLineIsToldInOneLineThatPointsToTheHelp) {
+  const std::vector<std::vector<std::string>> mistakes = {
+      {},
+      {"--quiet"},
+      {kSimulated, "--bogus"},
+      {kSimulated, "--timeout"},
+      {kSimulated, "--option"},
+      {kSimulated, "--protocol"},
+      {kSimulated, "--protocol="},
+      {kSimulated, "--quiet=maybe"},
+      {kSimulated, "--timeout", "1", "--timeout", "2"},
+      {kSimulated, "-x"},
+  };
+  const std::string help = "; see portico-run --help";
+  for (const auto& mistake : mistakes) {
+    const std::string text = ErrorOf(mistake);
+    EXPECT_TRUE(text.ends_with(help)) << text;
+    EXPECT_GT(text.size(), help.size());
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 0) << text;
+  }
+}
+
+TEST(RunOptions, MissingInstrumentIsNamed) { EXPECT_EQ(ErrorOf({}), "INSTRUMENT is required; see portico-run --help"); }
+
+TEST(RunOptions, HelpNamesEveryOption) {
+  const std::string help = HelpOf({"--help"});
+  for (const char* const word : {"portico-run", "INSTRUMENT", "FILE", "--protocol", "--option", "--timeout",
+                                 "--stop-on-error", "--quiet", "--help", "--version", "NAME=VALUE", "5000"}) {
+    EXPECT_NE(help.find(word), std::string::npos) << word;
+  }
+  EXPECT_EQ(help.back(), '\n');
+}
+
+TEST(RunOptions, VersionIsOneLine) { EXPECT_EQ(HelpOf({"--version"}), "portico-run 1.0.5\n"); }
+
+TEST(RunOptions, HelpCountsBeforeAMissingInstrument) { EXPECT_NE(HelpOf({"--quiet", "--help"}), "(none)"); }
+
+} // namespace
+} // namespace portico::terminal

@@ -16,6 +16,7 @@ declare -A may_include=(
   [memory]="framework platform richtext"
   [document]="framework platform configuration"
   [views]="framework platform document instructions"
+  [terminal]="framework platform configuration instructions"
   [ui]="$everything_below_the_roof"
   [application]="$everything_below_the_roof"
 )

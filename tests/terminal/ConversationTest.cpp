@@ -17,8 +17,8 @@ using test::WriteReport;
 class ItemTable final : public IConfiguration {
 public:
   StringView ClassName() const override { return u"ItemTable"; }
-  String ItemValue(const String& Name) override { return m_items.at(Name); }
-  void ItemValue(const String& Name, const String& Value) override { m_items[Name] = Value; }
+  String ItemValue(StringView Name) override { return m_items.at(String(Name)); }
+  void ItemValue(StringView Name, StringView Value) override { m_items[String(Name)] = Value; }
 
 private:
   std::map<String, String> m_items;

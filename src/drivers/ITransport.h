@@ -22,7 +22,7 @@ struct Received {
 
 /// Carries bytes to and from one instrument: the part of a driver that differs from interface to interface.
 ///
-/// A session owns its transport and calls it from one thread at a time. Every function blocks until it is done or
+/// A session owns its transport and calls it. Every function blocks until it is done or
 /// `deadline` is past, and none throws. After a failure the session calls Close(); Open() may then follow again.
 class ITransport {
 public:

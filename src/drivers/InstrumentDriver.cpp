@@ -11,16 +11,13 @@ std::int32_t Number(DriverStatus status) { return static_cast<std::int32_t>(stat
 } // namespace
 
 InstrumentDriver::InstrumentDriver(TransportRegistry transports, const SessionOptions& options)
-    : transports_(std::move(transports)), options_(options) {}
+    : m_transports(std::move(transports)), m_options(options) {}
 
 std::int32_t InstrumentDriver::TVSCPI_init(const std::string& name, std::int32_t /*idQuery*/, std::int32_t /*reset*/,
                                            std::int32_t& session) {
   DriverResult result = Open(name, session);
   const std::int32_t status = Number(result.status);
-  if (!result.Succeeded()) {
-    const std::lock_guard lock(mutex_);
-    lastOpenFailure_ = std::move(result);
-  }
+  if (!result.Succeeded()) m_lastOpenFailure = std::move(result);
   return status;
 }
 
@@ -30,24 +27,19 @@ DriverResult InstrumentDriver::Open(const std::string& name, std::int32_t& sessi
     return {DriverStatus::InvalidResourceName, error->text};
   }
   const auto& resource = std::get<ResourceName>(parsed);
-  const auto transport = transports_.find(resource.Kind());
-  if (transport == transports_.end()) return {DriverStatus::UnsupportedInterface, resource.Canonical()};
-  const auto opened = std::make_shared<InstrumentSession>(resource, transport->second(resource), options_);
+  const auto transport = m_transports.find(resource.Kind());
+  if (transport == m_transports.end()) return {DriverStatus::UnsupportedInterface, resource.Canonical()};
+  const auto opened = std::make_shared<InstrumentSession>(resource, transport->second(resource), m_options);
   DriverResult result = opened->Open();
   if (result.Succeeded()) {
-    const std::lock_guard lock(mutex_);
-    session = nextSession_++;
-    sessions_.emplace(session, opened);
+    session = m_nextSession++;
+    m_sessions.emplace(session, opened);
   }
   return result;
 }
 
 std::int32_t InstrumentDriver::TVSCPI_close(std::int32_t session) {
-  std::unique_lock lock(mutex_);
-  const auto closed = sessions_.extract(session);
-  // Ending a connection may take its time, and other sessions need not wait for it.
-  lock.unlock();
-  return Number(closed.empty() ? DriverStatus::InvalidSession : DriverStatus::Success);
+  return Number(m_sessions.erase(session) == 0 ? DriverStatus::InvalidSession : DriverStatus::Success);
 }
 
 std::int32_t InstrumentDriver::TVSCPI_WriteInstrData(std::int32_t session, const std::string& text) {
@@ -95,8 +87,7 @@ std::int32_t InstrumentDriver::TVSCPI_error_message(std::int32_t session, std::i
   if (open != nullptr) {
     failure = open->LastFailure();
   } else if (session == 0) {
-    const std::lock_guard lock(mutex_);
-    failure = lastOpenFailure_;
+    failure = m_lastOpenFailure;
   }
   // The particulars belong to the last failure only; another status is explained by its own text.
   if (Number(failure.status) != status) failure.detail.clear();
@@ -105,9 +96,8 @@ std::int32_t InstrumentDriver::TVSCPI_error_message(std::int32_t session, std::i
 }
 
 InstrumentDriver::SessionRef InstrumentDriver::Find(std::int32_t session) const {
-  const std::lock_guard lock(mutex_);
-  const auto found = sessions_.find(session);
-  return found == sessions_.end() ? nullptr : found->second;
+  const auto found = m_sessions.find(session);
+  return found == m_sessions.end() ? nullptr : found->second;
 }
 
 template <typename Operation>

@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <string>
 
 namespace portico {
@@ -18,8 +17,8 @@ using TransportRegistry = std::map<InterfaceKind, TransportFactory>;
 
 /// The driver of all instruments: reads the resource name, picks the transport for its kind and holds the sessions.
 ///
-/// Different sessions may be used from different threads at once, one session from one thread at a time. Sessions that
-/// were not closed are closed with the driver. Statuses are those of DriverStatus.
+/// Used from one thread, like the channel above it. Sessions that were not closed are closed with the driver. Statuses
+/// are those of DriverStatus.
 class InstrumentDriver final : public IInstrumentDriver {
 public:
   InstrumentDriver(TransportRegistry transports, const SessionOptions& options);
@@ -50,14 +49,12 @@ private:
   template <typename Operation>
   std::int32_t OnSession(std::int32_t session, Operation operation);
 
-  const TransportRegistry transports_;
-  const SessionOptions options_;
+  const TransportRegistry m_transports;
+  const SessionOptions m_options;
 
-  /// Guards what follows, never a session's own work.
-  mutable std::mutex mutex_;
-  std::map<std::int32_t, SessionRef> sessions_;
-  std::int32_t nextSession_ = 1;
-  DriverResult lastOpenFailure_;
+  std::map<std::int32_t, SessionRef> m_sessions;
+  std::int32_t m_nextSession = 1;
+  DriverResult m_lastOpenFailure;
 };
 
 } // namespace portico

@@ -10,48 +10,48 @@ namespace {
 /// The caller's buffer while a message goes into it. The last byte stays free for the zero byte.
 class MessageSink {
 public:
-  explicit MessageSink(std::span<char> buffer) : buffer_(buffer) {}
+  explicit MessageSink(std::span<char> buffer) : m_buffer(buffer) {}
 
   void Append(std::string_view bytes) {
-    const std::size_t stored = std::min(bytes.size(), buffer_.size() - 1 - stored_);
-    std::copy_n(bytes.data(), stored, buffer_.data() + stored_);
-    stored_ += stored;
+    const std::size_t stored = std::min(bytes.size(), m_buffer.size() - 1 - m_stored);
+    std::copy_n(bytes.data(), stored, m_buffer.data() + m_stored);
+    m_stored += stored;
   }
 
   /// Ends the message behind its data and answers the number of bytes delivered.
   std::int32_t Finish(std::size_t dataLength) {
-    const std::size_t delivered = std::min(dataLength, buffer_.size() - 1);
-    buffer_[delivered] = '\0';
+    const std::size_t delivered = std::min(dataLength, m_buffer.size() - 1);
+    m_buffer[delivered] = '\0';
     return static_cast<std::int32_t>(delivered + 1);
   }
 
-  void Erase() { std::fill_n(buffer_.data(), stored_, '\0'); }
+  void Erase() { std::fill_n(m_buffer.data(), m_stored, '\0'); }
 
 private:
-  std::span<char> buffer_;
-  std::size_t stored_ = 0;
+  std::span<char> m_buffer;
+  std::size_t m_stored = 0;
 };
 
 } // namespace
 
 InstrumentSession::InstrumentSession(const ResourceName& name, std::unique_ptr<ITransport> transport,
                                      const SessionOptions& options)
-    : name_(name.Canonical()), transport_(std::move(transport)), options_(options) {}
+    : m_name(name.Canonical()), m_transport(std::move(transport)), m_options(options) {}
 
 DriverResult InstrumentSession::Open() {
-  DriverResult result = transport_->Open(Deadline());
-  connected_ = result.Succeeded();
+  DriverResult result = m_transport->Open(Deadline());
+  m_connected = result.Succeeded();
   return result;
 }
 
 DriverResult InstrumentSession::Write(const std::string& text) {
   const TimePoint deadline = Deadline();
-  if (!connected_) {
+  if (!m_connected) {
     if (DriverResult result = Reconnect(deadline); !result.Succeeded()) return result;
   }
-  output_.assign(text);
-  output_ += '\n';
-  DriverResult result = transport_->Write(output_, deadline);
+  m_output.assign(text);
+  m_output += '\n';
+  DriverResult result = m_transport->Write(m_output, deadline);
   if (!result.Succeeded()) Disconnect();
   return result;
 }
@@ -59,23 +59,23 @@ DriverResult InstrumentSession::Write(const std::string& text) {
 DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count) {
   count = 0;
   if (buffer.empty()) return {DriverStatus::InvalidBuffer};
-  if (!connected_) return {DriverStatus::NotConnected, name_};
+  if (!m_connected) return {DriverStatus::NotConnected, m_name};
   const TimePoint deadline = Deadline();
-  wire::MessageReader reader(attributes_.Termination());
+  wire::MessageReader reader(m_attributes.Termination());
   MessageSink sink(buffer);
   std::size_t length = 0;
   while (!reader.Complete()) {
-    if (input_.Empty()) {
+    if (m_input.Empty()) {
       if (DriverResult result = Fill(deadline); !result.Succeeded()) {
         sink.Erase();
         return result;
       }
     }
-    const std::size_t taken = reader.Feed(input_.Unread());
-    sink.Append(input_.Unread().substr(0, taken - std::min(taken, reader.TerminatorLength())));
-    input_.Drop(taken);
+    const std::size_t taken = reader.Feed(m_input.Unread());
+    sink.Append(m_input.Unread().substr(0, taken - std::min(taken, reader.TerminatorLength())));
+    m_input.Drop(taken);
     length += taken;
-    if (input_.AtEndOfMessage()) reader.End();
+    if (m_input.AtEndOfMessage()) reader.End();
   }
   // A carriage return that came before the rest of its terminator was stored as data: the zero byte replaces it.
   count = sink.Finish(length - reader.TerminatorLength());
@@ -83,23 +83,23 @@ DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count
 }
 
 DriverResult InstrumentSession::Reconnect(TimePoint deadline) {
-  DriverResult result = transport_->Open(deadline);
+  DriverResult result = m_transport->Open(deadline);
   if (!result.Succeeded()) return result;
-  connected_ = true;
-  if (options_.observer != nullptr) options_.observer->Reconnected(name_);
+  m_connected = true;
+  if (m_options.observer != nullptr) m_options.observer->Reconnected(m_name);
   return result;
 }
 
 void InstrumentSession::Disconnect() {
-  transport_->Close();
-  input_.Clear();
-  connected_ = false;
+  m_transport->Close();
+  m_input.Clear();
+  m_connected = false;
 }
 
 DriverResult InstrumentSession::Fill(TimePoint deadline) {
-  Received received = transport_->Read(input_.Space(), ReceiveBuffer::kCapacity, deadline);
+  Received received = m_transport->Read(m_input.Space(), ReceiveBuffer::kCapacity, deadline);
   if (received.result.Succeeded()) {
-    input_.Filled(received.count, received.end);
+    m_input.Filled(received.count, received.end);
   } else {
     Disconnect();
   }

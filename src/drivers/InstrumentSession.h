@@ -23,7 +23,7 @@ struct SessionOptions {
   IDriverObserver* observer = nullptr;
 };
 
-/// One open instrument, over any transport. Used from one thread at a time.
+/// One open instrument, over any transport.
 ///
 /// After a failed write or read it is out of step: an answer may still be on its way and would be taken for that of the
 /// next query. So the session drops the connection at once and makes a fresh one before the next write; a read until
@@ -42,26 +42,26 @@ public:
   /// failure `count` is 0 and the bytes that the call had written are zero again.
   DriverResult Read(std::span<char> buffer, std::int32_t& count);
 
-  SessionAttributes& Attributes() { return attributes_; }
+  SessionAttributes& Attributes() { return m_attributes; }
 
   /// The last failure that was remembered; a success before there is any.
-  const DriverResult& LastFailure() const { return lastFailure_; }
-  void RememberFailure(const DriverResult& failure) { lastFailure_ = failure; }
+  const DriverResult& LastFailure() const { return m_lastFailure; }
+  void RememberFailure(const DriverResult& failure) { m_lastFailure = failure; }
 
 private:
   DriverResult Reconnect(TimePoint deadline);
   void Disconnect();
   DriverResult Fill(TimePoint deadline);
-  TimePoint Deadline() const { return options_.clock.Now() + options_.timeout; }
+  TimePoint Deadline() const { return m_options.clock.Now() + m_options.timeout; }
 
-  const std::string name_;
-  const std::unique_ptr<ITransport> transport_;
-  const SessionOptions options_;
-  SessionAttributes attributes_;
-  ReceiveBuffer input_;
-  std::string output_;
-  bool connected_ = false;
-  DriverResult lastFailure_;
+  const std::string m_name;
+  const std::unique_ptr<ITransport> m_transport;
+  const SessionOptions m_options;
+  SessionAttributes m_attributes;
+  ReceiveBuffer m_input;
+  std::string m_output;
+  bool m_connected = false;
+  DriverResult m_lastFailure;
 };
 
 } // namespace portico

@@ -13,29 +13,29 @@ public:
   /// As much as one read of a transport takes at most, in bytes.
   static constexpr std::size_t kCapacity = 64 * 1024;
 
-  bool Empty() const { return begin_ == end_; }
-  std::string_view Unread() const { return {bytes_.get() + begin_, end_ - begin_}; }
+  bool Empty() const { return m_begin == m_end; }
+  std::string_view Unread() const { return {m_bytes.get() + m_begin, m_end - m_begin}; }
 
   /// Room for kCapacity bytes, to be filled while the buffer is empty.
-  char* Space() { return bytes_.get(); }
+  char* Space() { return m_bytes.get(); }
   /// The first `count` bytes of Space() are filled; `end` tells whether a message ends behind them.
   void Filled(std::size_t count, bool end) {
-    begin_ = 0;
-    end_ = count;
-    endsMessage_ = end;
+    m_begin = 0;
+    m_end = count;
+    m_endsMessage = end;
   }
 
-  void Drop(std::size_t count) { begin_ += count; }
+  void Drop(std::size_t count) { m_begin += count; }
   void Clear() { Filled(0, false); }
 
   /// All bytes are read and the transport said that a message ends behind them.
-  bool AtEndOfMessage() const { return Empty() && endsMessage_; }
+  bool AtEndOfMessage() const { return Empty() && m_endsMessage; }
 
 private:
-  std::unique_ptr<char[]> bytes_ = std::make_unique_for_overwrite<char[]>(kCapacity);
-  std::size_t begin_ = 0;
-  std::size_t end_ = 0;
-  bool endsMessage_ = false;
+  std::unique_ptr<char[]> m_bytes = std::make_unique_for_overwrite<char[]>(kCapacity);
+  std::size_t m_begin = 0;
+  std::size_t m_end = 0;
+  bool m_endsMessage = false;
 };
 
 } // namespace portico

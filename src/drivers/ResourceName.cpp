@@ -249,6 +249,6 @@ ParseResult ResourceName::Parse(std::string_view text) {
   return Error(Quoted(head), " is no interface; write ", kForms);
 }
 
-std::string ResourceName::Canonical() const { return std::visit(CanonicalWriter(), address_); }
+std::string ResourceName::Canonical() const { return std::visit(CanonicalWriter(), m_address); }
 
 } // namespace portico

@@ -59,19 +59,19 @@ class ResourceName {
 public:
   using Address = std::variant<SocketAddress, LanDeviceAddress, UsbAddress, SerialAddress, SimulatedAddress>;
 
-  explicit ResourceName(Address address) : address_(std::move(address)) {}
+  explicit ResourceName(Address address) : m_address(std::move(address)) {}
 
   /// Reads a name; blanks around it do not count.
   static std::variant<ResourceName, ResourceNameError> Parse(std::string_view text);
 
-  InterfaceKind Kind() const { return static_cast<InterfaceKind>(address_.index()); }
-  const Address& GetAddress() const { return address_; }
+  InterfaceKind Kind() const { return static_cast<InterfaceKind>(m_address.index()); }
+  const Address& GetAddress() const { return m_address; }
 
   /// The complete name, with its defaults and with prefix and class in upper case. Reads back as the same name.
   std::string Canonical() const;
 
 private:
-  Address address_;
+  Address m_address;
 };
 
 } // namespace portico

@@ -11,13 +11,13 @@ DriverResult Unknown(std::int32_t attribute) { return {DriverStatus::UnknownAttr
 
 DriverResult SessionAttributes::Get(std::int32_t attribute, std::int32_t& value) const {
   if (attribute != TVSCPI_ATTR_TERMCHAR) return Unknown(attribute);
-  value = static_cast<std::int32_t>(termination_);
+  value = static_cast<std::int32_t>(m_termination);
   return {};
 }
 
 DriverResult SessionAttributes::Get(std::int32_t attribute, std::string& text) const {
   if (attribute != TVSCPI_ATTR_ERRORQUERYSCPI) return Unknown(attribute);
-  text = errorQuery_;
+  text = m_errorQuery;
   return {};
 }
 
@@ -28,13 +28,13 @@ DriverResult SessionAttributes::Set(std::int32_t attribute, std::int32_t value) 
     return {DriverStatus::InvalidAttributeValue,
             "TERMCHAR " + std::to_string(value) + ", which is none of 0, 10, 11, 13 and 14"};
   }
-  termination_ = *termination;
+  m_termination = *termination;
   return {};
 }
 
 DriverResult SessionAttributes::Set(std::int32_t attribute, const std::string& text) {
   if (attribute != TVSCPI_ATTR_ERRORQUERYSCPI) return Unknown(attribute);
-  errorQuery_ = text;
+  m_errorQuery = text;
   return {};
 }
 

@@ -16,11 +16,11 @@ public:
   DriverResult Set(std::int32_t attribute, std::int32_t value);
   DriverResult Set(std::int32_t attribute, const std::string& text);
 
-  wire::Termination Termination() const { return termination_; }
+  wire::Termination Termination() const { return m_termination; }
 
 private:
-  wire::Termination termination_ = wire::Termination::Auto;
-  std::string errorQuery_ = "SYST:ERR?";
+  wire::Termination m_termination = wire::Termination::Auto;
+  std::string m_errorQuery = "SYST:ERR?";
 };
 
 } // namespace portico

@@ -5,45 +5,45 @@
 namespace portico {
 
 SimulatedTransport::SimulatedTransport(std::string device, SimulatedInstrumentFactory factory, IClock& clock)
-    : device_(std::move(device)), factory_(std::move(factory)), clock_(clock) {}
+    : m_device(std::move(device)), m_factory(std::move(factory)), m_clock(clock) {}
 
 DriverResult SimulatedTransport::Open(TimePoint /*deadline*/) {
   Close();
-  instrument_ = factory_(device_);
-  if (instrument_ == nullptr) return {DriverStatus::UnknownSimulatedDevice, device_};
+  m_instrument = m_factory(m_device);
+  if (m_instrument == nullptr) return {DriverStatus::UnknownSimulatedDevice, m_device};
   return {};
 }
 
 void SimulatedTransport::Close() noexcept {
-  instrument_.reset();
-  response_.clear();
-  position_ = 0;
+  m_instrument.reset();
+  m_response.clear();
+  m_position = 0;
 }
 
 DriverResult SimulatedTransport::Write(std::string_view bytes, TimePoint /*deadline*/) {
-  instrument_->Write(bytes, clock_.Now());
+  m_instrument->Write(bytes, m_clock.Now());
   return {};
 }
 
 Received SimulatedTransport::Read(char* buffer, std::size_t size, TimePoint deadline) {
-  if (position_ == response_.size() && !AwaitResponse(deadline)) return {{DriverStatus::ReadTimeout, device_}};
-  const std::size_t count = std::min(size, response_.size() - position_);
-  std::copy_n(response_.data() + position_, count, buffer);
-  position_ += count;
+  if (m_position == m_response.size() && !AwaitResponse(deadline)) return {{DriverStatus::ReadTimeout, m_device}};
+  const std::size_t count = std::min(size, m_response.size() - m_position);
+  std::copy_n(m_response.data() + m_position, count, buffer);
+  m_position += count;
   return {{}, count};
 }
 
 bool SimulatedTransport::AwaitResponse(TimePoint deadline) {
   for (;;) {
-    const TimePoint now = clock_.Now();
+    const TimePoint now = m_clock.Now();
     if (now >= deadline) return false;
-    if (auto response = instrument_->Read(now); response && !response->empty()) {
-      response_ = std::move(*response);
-      position_ = 0;
+    if (auto response = m_instrument->Read(now); response && !response->empty()) {
+      m_response = std::move(*response);
+      m_position = 0;
       return true;
     }
-    const auto event = instrument_->NextEvent();
-    clock_.SleepUntil(event && *event > now ? std::min(*event, deadline) : deadline);
+    const auto event = m_instrument->NextEvent();
+    m_clock.SleepUntil(event && *event > now ? std::min(*event, deadline) : deadline);
   }
 }
 

@@ -28,16 +28,16 @@ public:
   Received Read(char* buffer, std::size_t size, TimePoint deadline) override;
 
 private:
-  /// Takes the next response message over into `response_`; false if there is none by the deadline.
+  /// Takes the next response message over into `m_response`; false if there is none by the deadline.
   bool AwaitResponse(TimePoint deadline);
 
-  const std::string device_;
-  const SimulatedInstrumentFactory factory_;
-  IClock& clock_;
-  std::unique_ptr<simulator::SimulatedInstrument> instrument_;
-  std::string response_;
-  /// How much of `response_` has been read.
-  std::size_t position_ = 0;
+  const std::string m_device;
+  const SimulatedInstrumentFactory m_factory;
+  IClock& m_clock;
+  std::unique_ptr<simulator::SimulatedInstrument> m_instrument;
+  std::string m_response;
+  /// How much of `m_response` has been read.
+  std::size_t m_position = 0;
 };
 
 } // namespace portico

@@ -3,6 +3,7 @@
 #include "drivers/HostLookup.h"
 #include "drivers/ITransport.h"
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 
@@ -26,15 +27,18 @@ public:
 
 private:
   DriverResult Connect(const NetworkAddress& address, TimePoint deadline);
+  int SetPatience(std::chrono::milliseconds patience);
   /// The failure that the system's error number stands for.
   DriverResult Failure(int error, DriverStatus otherwise) const;
-  DriverResult Failure(DriverStatus status) const { return {status, peer_}; }
+  DriverResult Failure(DriverStatus status) const { return {status, m_peer}; }
 
-  const std::string host_;
-  const std::uint16_t port_;
+  const std::string m_host;
+  const std::uint16_t m_port;
   /// Host and port as the messages give them.
-  const std::string peer_;
-  int socket_ = -1;
+  const std::string m_peer;
+  int m_socket = -1;
+  /// How long a read of the socket waits; 0 for ever, as a socket begins.
+  std::chrono::milliseconds m_patience{};
 };
 
 } // namespace portico

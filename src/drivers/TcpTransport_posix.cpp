@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <fcntl.h>
 #include <limits>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
@@ -37,13 +38,13 @@ int PendingError(int socket) {
 } // namespace
 
 TcpTransport::TcpTransport(std::string host, std::uint16_t port)
-    : host_(std::move(host)), port_(port), peer_(host_ + ", port " + std::to_string(port)) {}
+    : m_host(std::move(host)), m_port(port), m_peer(m_host + ", port " + std::to_string(port)) {}
 
 TcpTransport::~TcpTransport() { Close(); }
 
 DriverResult TcpTransport::Open(TimePoint deadline) {
   Close();
-  const HostLookup lookup = LookUpHost(host_, port_, deadline);
+  const HostLookup lookup = LookUpHost(m_host, m_port, deadline);
   DriverResult result = lookup.result;
   for (std::size_t i = 0; i < lookup.addresses.size(); ++i) {
     const TimePoint now = TimePoint::clock::now();
@@ -57,35 +58,52 @@ DriverResult TcpTransport::Open(TimePoint deadline) {
 
 DriverResult TcpTransport::Connect(const NetworkAddress& address, TimePoint deadline) {
   const auto* peer = reinterpret_cast<const sockaddr*>(address.data());
-  socket_ = ::socket(peer->sa_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, IPPROTO_TCP);
-  if (socket_ < 0) return Failure(errno, DriverStatus::ConnectFailed);
+  m_socket = ::socket(peer->sa_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, IPPROTO_TCP);
+  if (m_socket < 0) return Failure(errno, DriverStatus::ConnectFailed);
   // A command is sent whole by one call, and nothing follows before its answer: holding it back only costs time.
   const int on = 1;
-  ::setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-  if (::connect(socket_, peer, static_cast<socklen_t>(address.size())) == 0) return {};
-  // An interrupted connect goes on by itself, just as one that could not finish at once.
-  if (errno != EINPROGRESS && errno != EINTR) return Failure(errno, DriverStatus::ConnectFailed);
-  const int waitError = WaitFor(socket_, POLLOUT, deadline);
-  if (waitError == ETIMEDOUT) return Failure(DriverStatus::ConnectTimeout);
-  const int error = waitError != 0 ? waitError : PendingError(socket_);
-  return error == 0 ? DriverResult() : Failure(error, DriverStatus::ConnectFailed);
+  ::setsockopt(m_socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+  if (::connect(m_socket, peer, static_cast<socklen_t>(address.size())) != 0) {
+    // An interrupted connect goes on by itself, just as one that could not finish at once.
+    if (errno != EINPROGRESS && errno != EINTR) return Failure(errno, DriverStatus::ConnectFailed);
+    const int waitError = WaitFor(m_socket, POLLOUT, deadline);
+    if (waitError == ETIMEDOUT) return Failure(DriverStatus::ConnectTimeout);
+    const int error = waitError != 0 ? waitError : PendingError(m_socket);
+    if (error != 0) return Failure(error, DriverStatus::ConnectFailed);
+  }
+  // From here on reads wait in the call itself, which spares a poll for each answer.
+  if (::fcntl(m_socket, F_SETFL, 0) != 0) return Failure(errno, DriverStatus::ConnectFailed);
+  m_patience = {};
+  return {};
+}
+
+/// Sets how long a read waits; 0, or the system's error number.
+int TcpTransport::SetPatience(std::chrono::milliseconds patience) {
+  if (patience == m_patience) return 0;
+  const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(patience);
+  timeval time{};
+  time.tv_sec = seconds.count();
+  time.tv_usec = std::chrono::duration_cast<std::chrono::microseconds>(patience - seconds).count();
+  if (::setsockopt(m_socket, SOL_SOCKET, SO_RCVTIMEO, &time, sizeof time) != 0) return errno;
+  m_patience = patience;
+  return 0;
 }
 
 void TcpTransport::Close() noexcept {
-  if (socket_ >= 0) ::close(socket_);
-  socket_ = -1;
+  if (m_socket >= 0) ::close(m_socket);
+  m_socket = -1;
 }
 
 DriverResult TcpTransport::Write(std::string_view bytes, TimePoint deadline) {
   while (!bytes.empty()) {
-    const ssize_t sent = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    const ssize_t sent = ::send(m_socket, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
     if (sent >= 0) {
       bytes.remove_prefix(static_cast<std::size_t>(sent));
       continue;
     }
     int error = errno;
     if (error == EINTR) continue;
-    if (WouldBlock(error)) error = WaitFor(socket_, POLLOUT, deadline);
+    if (WouldBlock(error)) error = WaitFor(m_socket, POLLOUT, deadline);
     if (error == ETIMEDOUT) return Failure(DriverStatus::WriteTimeout);
     if (error != 0) return Failure(error, DriverStatus::ConnectionLost);
   }
@@ -94,11 +112,11 @@ DriverResult TcpTransport::Write(std::string_view bytes, TimePoint deadline) {
 
 Received TcpTransport::Read(char* buffer, std::size_t size, TimePoint deadline) {
   for (;;) {
-    // The answer is hardly ever there yet when the query has just been sent: waiting first saves a vain call.
-    int error = WaitFor(socket_, POLLIN, deadline);
-    if (error == ETIMEDOUT) return {Failure(DriverStatus::ReadTimeout)};
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - TimePoint::clock::now());
+    if (left.count() <= 0) return {Failure(DriverStatus::ReadTimeout)};
+    int error = SetPatience(left);
     if (error == 0) {
-      const ssize_t received = ::recv(socket_, buffer, size, 0);
+      const ssize_t received = ::recv(m_socket, buffer, size, 0);
       if (received > 0) return {{}, static_cast<std::size_t>(received)};
       if (received == 0) return {Failure(DriverStatus::ConnectionClosed)};
       error = errno;
@@ -116,7 +134,7 @@ DriverResult TcpTransport::Failure(int error, DriverStatus otherwise) const {
   case EPIPE:
     return Failure(DriverStatus::ConnectionClosed);
   default:
-    return {otherwise, peer_ + ", " + std::generic_category().message(error)};
+    return {otherwise, m_peer + ", " + std::generic_category().message(error)};
   }
 }
 

@@ -106,6 +106,7 @@ String ToHexText(std::uint32_t Number) {
 }
 
 std::optional<double> ReadNumber(StringView Text) {
+  if (!Text.empty() && Text.front() > u'9') return {}; // a name; nearly all texts that are asked are
   Text = Trim(Text);
   const bool plus = !Text.empty() && Text.front() == u'+';
   if (plus) Text.remove_prefix(1); // from_chars does not take it

@@ -60,7 +60,7 @@ double Value(const Parameter& parameter, Quantity quantity) {
 } // namespace
 
 const Parameter& Call::At(std::size_t index, std::initializer_list<Kind> allowed) const {
-  const Parameter& parameter = unit_.parameters[index];
+  const Parameter& parameter = m_unit.parameters[index];
   if (std::find(allowed.begin(), allowed.end(), parameter.kind) == allowed.end()) {
     throw ScpiError(NotAllowed(parameter.kind));
   }
@@ -108,7 +108,7 @@ std::size_t Call::Keyword(std::size_t index, std::initializer_list<std::string_v
 }
 
 bool Call::IsKeyword(std::size_t index, std::string_view mnemonic) const {
-  const Parameter& parameter = unit_.parameters[index];
+  const Parameter& parameter = m_unit.parameters[index];
   return parameter.kind == Kind::Character && Mnemonic(mnemonic).Matches(parameter.text);
 }
 

@@ -28,13 +28,13 @@ using Suffixes = std::array<std::uint32_t, 4>;
 /// the ScpiError that the standard gives to it. Valid only while the handler runs.
 class Call {
 public:
-  Call(const Unit& unit, const Suffixes& suffixes) : unit_(unit), suffixes_(suffixes) {}
+  Call(const Unit& unit, const Suffixes& suffixes) : m_unit(unit), m_suffixes(suffixes) {}
 
   /// The number of parameters, which is within what the command's table says.
-  std::size_t Count() const { return unit_.parameters.size(); }
+  std::size_t Count() const { return m_unit.parameters.size(); }
 
-  bool HasSuffix(std::size_t slot) const { return suffixes_[slot] != 0; }
-  std::uint32_t Suffix(std::size_t slot) const { return HasSuffix(slot) ? suffixes_[slot] : 1; }
+  bool HasSuffix(std::size_t slot) const { return m_suffixes[slot] != 0; }
+  std::uint32_t Suffix(std::size_t slot) const { return HasSuffix(slot) ? m_suffixes[slot] : 1; }
 
   double Number(std::size_t index, const Limits& limits) const;
   /// A number rounded to an integer, as IEEE 488.2 asks of `*ESE` and its like.
@@ -54,8 +54,8 @@ private:
   const Parameter& At(std::size_t index, std::initializer_list<Parameter::Kind> allowed) const;
   static double LimitNamed(std::string_view name, const Limits& limits);
 
-  const Unit& unit_;
-  const Suffixes& suffixes_;
+  const Unit& m_unit;
+  const Suffixes& m_suffixes;
 };
 
 } // namespace portico::simulator

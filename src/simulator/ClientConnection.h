@@ -18,30 +18,30 @@ public:
   /// `socket` is connected and does not block.
   ClientConnection(FileDescriptor socket, std::unique_ptr<Instrument> instrument);
 
-  int Descriptor() const { return socket_.Get(); }
-  bool WantsInput() const { return !inputEnded_ && output_.empty() && instrument_->AcceptsInput(); }
-  bool WantsOutput() const { return !output_.empty(); }
+  int Descriptor() const { return m_socket.Get(); }
+  bool WantsInput() const { return !m_inputEnded && m_output.empty() && m_instrument->AcceptsInput(); }
+  bool WantsOutput() const { return !m_output.empty(); }
   /// When Exchange() is next due though nothing arrives.
   std::optional<TimePoint> NextEvent() const;
   /// Whether the connection is to be closed.
-  bool Finished() const { return finished_; }
+  bool Finished() const { return m_finished; }
 
   /// Takes what has arrived, if `readable`, and sends what is ready, as far as the client takes it.
   void Exchange(bool readable, TimePoint now);
   /// The connection broke.
-  void Abandon() { finished_ = true; }
+  void Abandon() { m_finished = true; }
 
 private:
   void Receive(TimePoint now);
   void Send(TimePoint now);
   void Collect(TimePoint now);
 
-  FileDescriptor socket_;
-  std::unique_ptr<Instrument> instrument_;
-  std::string output_;
-  std::size_t sent_ = 0; ///< of output_
-  bool inputEnded_ = false;
-  bool finished_ = false;
+  FileDescriptor m_socket;
+  std::unique_ptr<Instrument> m_instrument;
+  std::string m_output;
+  std::size_t m_sent = 0; ///< of m_output
+  bool m_inputEnded = false;
+  bool m_finished = false;
 };
 
 } // namespace portico::simulator

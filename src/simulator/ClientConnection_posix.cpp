@@ -21,58 +21,58 @@ bool WouldBlock(int error) { return error == EAGAIN || error == EWOULDBLOCK || e
 } // namespace
 
 ClientConnection::ClientConnection(FileDescriptor socket, std::unique_ptr<Instrument> instrument)
-    : socket_(std::move(socket)), instrument_(std::move(instrument)) {}
+    : m_socket(std::move(socket)), m_instrument(std::move(instrument)) {}
 
 std::optional<TimePoint> ClientConnection::NextEvent() const {
-  if (!output_.empty()) return std::nullopt; // first the client takes what there is
-  return instrument_->NextEvent();
+  if (!m_output.empty()) return std::nullopt; // first the client takes what there is
+  return m_instrument->NextEvent();
 }
 
 void ClientConnection::Exchange(bool readable, TimePoint now) {
   if (readable) Receive(now);
   Send(now);
   // A client that only ended its own side still gets the answers that are under way.
-  const bool over = inputEnded_ || instrument_->CloseRequested();
-  if (over && output_.empty() && !instrument_->NextEvent()) finished_ = true;
+  const bool over = m_inputEnded || m_instrument->CloseRequested();
+  if (over && m_output.empty() && !m_instrument->NextEvent()) m_finished = true;
 }
 
 void ClientConnection::Receive(TimePoint now) {
   std::array<char, kReceiveBytes> buffer; // not cleared: that would cost more than a short message does
-  const ssize_t count = recv(socket_.Get(), buffer.data(), buffer.size(), 0);
+  const ssize_t count = recv(m_socket.Get(), buffer.data(), buffer.size(), 0);
   if (count > 0) {
-    instrument_->Write(std::string_view(buffer.data(), static_cast<std::size_t>(count)), now);
+    m_instrument->Write(std::string_view(buffer.data(), static_cast<std::size_t>(count)), now);
   } else if (count == 0) {
-    inputEnded_ = true;
+    m_inputEnded = true;
   } else if (!WouldBlock(errno)) {
-    finished_ = true;
+    m_finished = true;
   }
 }
 
 void ClientConnection::Send(TimePoint now) {
-  while (!finished_) {
-    if (output_.empty()) Collect(now);
-    if (output_.empty()) return;
-    const ssize_t count = send(socket_.Get(), output_.data() + sent_, output_.size() - sent_, MSG_NOSIGNAL);
+  while (!m_finished) {
+    if (m_output.empty()) Collect(now);
+    if (m_output.empty()) return;
+    const ssize_t count = send(m_socket.Get(), m_output.data() + m_sent, m_output.size() - m_sent, MSG_NOSIGNAL);
     if (count < 0) {
-      if (!WouldBlock(errno)) finished_ = true;
+      if (!WouldBlock(errno)) m_finished = true;
       return;
     }
-    sent_ += static_cast<std::size_t>(count);
-    if (sent_ == output_.size()) {
-      output_.clear();
-      sent_ = 0;
+    m_sent += static_cast<std::size_t>(count);
+    if (m_sent == m_output.size()) {
+      m_output.clear();
+      m_sent = 0;
     }
   }
 }
 
 void ClientConnection::Collect(TimePoint now) {
-  while (output_.size() < kSendBytes) {
-    auto response = instrument_->Read(now);
+  while (m_output.size() < kSendBytes) {
+    auto response = m_instrument->Read(now);
     if (!response) return;
-    if (output_.empty()) {
-      output_ = std::move(*response);
+    if (m_output.empty()) {
+      m_output = std::move(*response);
     } else {
-      output_ += *response;
+      m_output += *response;
     }
   }
 }

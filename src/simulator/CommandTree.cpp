@@ -17,7 +17,7 @@ void CommandTree::Invoke(const Unit& unit) const {
 }
 
 const CommandTree::Leaf& CommandTree::Find(const Unit& unit) const {
-  const Node* node = &root_;
+  const Node* node = &m_root;
   for (const HeaderNode& part : unit.header) {
     const auto child = std::find_if(node->children.begin(), node->children.end(),
                                     [&part](const auto& each) { return each->mnemonic.Matches(part.name); });
@@ -41,7 +41,7 @@ Suffixes CommandTree::CheckedSuffixes(const Unit& unit, const Leaf& leaf) {
 }
 
 void CommandTree::Insert(std::string_view pattern, Handler handler) {
-  handlers_.push_back(std::move(handler));
+  m_handlers.push_back(std::move(handler));
   const bool query = pattern.ends_with('?');
   if (query) pattern.remove_suffix(1);
   std::vector<PatternNode> chosen;
@@ -75,9 +75,9 @@ std::vector<CommandTree::PatternNode> CommandTree::ParsePattern(std::string_view
 void CommandTree::InsertVariants(const std::vector<PatternNode>& pattern, std::vector<PatternNode>& chosen,
                                  bool query) {
   if (pattern.empty()) {
-    Node* node = &root_;
+    Node* node = &m_root;
     for (const PatternNode& each : chosen) node = &Child(*node, each.mnemonic);
-    (query ? node->query : node->command) = {&handlers_.back(), chosen};
+    (query ? node->query : node->command) = {&m_handlers.back(), chosen};
     return;
   }
   const std::vector<PatternNode> rest(pattern.begin() + 1, pattern.end());

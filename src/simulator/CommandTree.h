@@ -73,8 +73,8 @@ private:
   static Suffixes CheckedSuffixes(const Unit& unit, const Leaf& leaf);
   const Leaf& Find(const Unit& unit) const;
 
-  std::deque<Handler> handlers_;
-  Node root_{""};
+  std::deque<Handler> m_handlers;
+  Node m_root{""};
 };
 
 } // namespace portico::simulator

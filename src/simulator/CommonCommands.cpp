@@ -30,53 +30,55 @@ void CommonCommands::AddTo(CommandTree& tree) {
 }
 
 void CommonCommands::ClearStatus(const Call& /*call*/) {
-  status_.Clear();
-  executor_.ForgetCompletion();
+  m_status.Clear();
+  m_executor.ForgetCompletion();
 }
 
 void CommonCommands::SetEventEnable(const Call& call) {
-  status_.SetEventEnable(static_cast<std::uint8_t>(call.Integer(0, 0, 255)));
+  m_status.SetEventEnable(static_cast<std::uint8_t>(call.Integer(0, 0, 255)));
 }
 
-void CommonCommands::EventEnable(const Call& /*call*/) { executor_.Respond(std::to_string(status_.EventEnable())); }
+void CommonCommands::EventEnable(const Call& /*call*/) { m_executor.Respond(std::to_string(m_status.EventEnable())); }
 
-void CommonCommands::EventStatus(const Call& /*call*/) { executor_.Respond(std::to_string(status_.TakeEvent())); }
+void CommonCommands::EventStatus(const Call& /*call*/) { m_executor.Respond(std::to_string(m_status.TakeEvent())); }
 
-void CommonCommands::Identification(const Call& /*call*/) { executor_.Respond(device_.Identification()); }
+void CommonCommands::Identification(const Call& /*call*/) { m_executor.Respond(m_device.Identification()); }
 
-void CommonCommands::OperationComplete(const Call& /*call*/) { executor_.ReportCompletion(); }
+void CommonCommands::OperationComplete(const Call& /*call*/) { m_executor.ReportCompletion(); }
 
 void CommonCommands::AwaitCompletion(const Call& /*call*/) {
-  executor_.WhenIdle([this] { executor_.Respond("1"); });
+  m_executor.WhenIdle([this] { m_executor.Respond("1"); });
 }
 
 void CommonCommands::Reset(const Call& /*call*/) {
-  executor_.ForgetCompletion();
-  executor_.CancelOperation();
-  device_.Reset();
-  executor_.StartOperation(kResetTime, 0);
-  executor_.WhenIdle([] {});
+  m_executor.ForgetCompletion();
+  m_executor.CancelOperation();
+  m_device.Reset();
+  m_executor.StartOperation(kResetTime, 0);
+  m_executor.WhenIdle([] {});
 }
 
 void CommonCommands::SetServiceEnable(const Call& call) {
-  status_.SetServiceEnable(static_cast<std::uint8_t>(call.Integer(0, 0, 255)));
+  m_status.SetServiceEnable(static_cast<std::uint8_t>(call.Integer(0, 0, 255)));
 }
 
-void CommonCommands::ServiceEnable(const Call& /*call*/) { executor_.Respond(std::to_string(status_.ServiceEnable())); }
+void CommonCommands::ServiceEnable(const Call& /*call*/) {
+  m_executor.Respond(std::to_string(m_status.ServiceEnable()));
+}
 
 void CommonCommands::StatusByte(const Call& /*call*/) {
-  executor_.Respond(std::to_string(status_.StatusByte(executor_.MessageAvailable())));
+  m_executor.Respond(std::to_string(m_status.StatusByte(m_executor.MessageAvailable())));
 }
 
 void CommonCommands::SelfTest(const Call& /*call*/) {
-  executor_.WhenIdle([this] {
-    executor_.StartOperation(kSelfTestTime, 0);
-    executor_.WhenIdle([this] { executor_.Respond("0"); });
+  m_executor.WhenIdle([this] {
+    m_executor.StartOperation(kSelfTestTime, 0);
+    m_executor.WhenIdle([this] { m_executor.Respond("0"); });
   });
 }
 
 void CommonCommands::Wait(const Call& /*call*/) {
-  executor_.WhenIdle([] {});
+  m_executor.WhenIdle([] {});
 }
 
 } // namespace portico::simulator

@@ -11,7 +11,7 @@ namespace portico::simulator {
 class CommonCommands {
 public:
   CommonCommands(Device& device, Executor& executor, StatusModel& status)
-      : device_(device), executor_(executor), status_(status) {}
+      : m_device(device), m_executor(executor), m_status(status) {}
 
   void AddTo(CommandTree& tree);
 
@@ -30,9 +30,9 @@ private:
   void SelfTest(const Call& call);
   void Wait(const Call& call);
 
-  Device& device_;
-  Executor& executor_;
-  StatusModel& status_;
+  Device& m_device;
+  Executor& m_executor;
+  StatusModel& m_status;
 };
 
 } // namespace portico::simulator

@@ -21,11 +21,11 @@ public:
   /// Takes them all, joined by commas.
   std::string PopAll();
 
-  std::size_t Size() const { return errors_.size(); }
-  void Clear() { errors_.clear(); }
+  std::size_t Size() const { return m_errors.size(); }
+  void Clear() { m_errors.clear(); }
 
 private:
-  std::deque<ErrorCode> errors_;
+  std::deque<ErrorCode> m_errors;
 };
 
 } // namespace portico::simulator

@@ -18,34 +18,34 @@ bool AbandonsMessage(ErrorCode code) {
 } // namespace
 
 Executor::Executor(const CommandTree& commands, StatusModel& status, ResponseQueue& responses)
-    : commands_(commands), status_(status), responses_(responses) {}
+    : m_commands(commands), m_status(status), m_responses(responses) {}
 
 void Executor::Submit(std::string message) {
-  inputBytes_ += message.size() + sizeof message;
-  input_.push_back(std::move(message));
+  m_inputBytes += message.size() + sizeof message;
+  m_input.push_back(std::move(message));
 }
 
 void Executor::Run(TimePoint now) {
-  while (operation_ && operation_->end <= now) {
-    clock_ = operation_->end;
+  while (m_operation && m_operation->end <= now) {
+    m_clock = m_operation->end;
     EndOperation();
     Proceed();
   }
-  clock_ = std::max(clock_, now);
+  m_clock = std::max(m_clock, now);
   Proceed();
 }
 
 std::optional<TimePoint> Executor::OperationEnd() const {
-  if (!operation_) return std::nullopt;
-  return operation_->end;
+  if (!m_operation) return std::nullopt;
+  return m_operation->end;
 }
 
 void Executor::Proceed() {
   for (;;) {
-    if (hold_) {
-      if (operation_) return;
-      Guard(std::exchange(hold_, nullptr));
-    } else if (message_) {
+    if (m_hold) {
+      if (m_operation) return;
+      Guard(std::exchange(m_hold, nullptr));
+    } else if (m_message) {
       if (!ExecuteUnit()) FinishMessage();
     } else if (!BeginMessage()) {
       return;
@@ -54,11 +54,11 @@ void Executor::Proceed() {
 }
 
 bool Executor::BeginMessage() {
-  if (halted_ || input_.empty() || responses_.Full()) return false;
-  message_ = std::move(input_.front());
-  input_.pop_front();
-  inputBytes_ -= message_->size() + sizeof(std::string);
-  parser_ = UnitParser(*message_);
+  if (m_halted || m_input.empty() || m_responses.Full()) return false;
+  m_message = std::move(m_input.front());
+  m_input.pop_front();
+  m_inputBytes -= m_message->size() + sizeof(std::string);
+  m_parser = UnitParser(*m_message);
   return true;
 }
 
@@ -66,15 +66,15 @@ bool Executor::BeginMessage() {
 bool Executor::ExecuteUnit() {
   bool more = false;
   Guard([this, &more] {
-    more = !halted_ && parser_.Next(unit_);
-    if (more) commands_.Invoke(unit_);
+    more = !m_halted && m_parser.Next(m_unit);
+    if (more) m_commands.Invoke(m_unit);
   });
   return more;
 }
 
 void Executor::FinishMessage() {
-  message_.reset();
-  if (std::exchange(responding_, false)) responses_.Push(std::exchange(response_, {}), clock_);
+  m_message.reset();
+  if (std::exchange(m_responding, false)) m_responses.Push(std::exchange(m_response, {}), m_clock);
 }
 
 template <class Action>
@@ -82,54 +82,54 @@ void Executor::Guard(Action action) {
   try {
     action();
   } catch (const ScpiError& error) {
-    status_.Raise(error.Code());
+    m_status.Raise(error.Code());
     if (AbandonsMessage(error.Code())) FinishMessage();
   }
 }
 
 void Executor::Respond(std::string_view data) {
-  if (response_.size() + data.size() >= kLongestResponse) {
-    response_ = {};
-    responding_ = false;
+  if (m_response.size() + data.size() >= kLongestResponse) {
+    m_response = {};
+    m_responding = false;
     throw ScpiError(ErrorCode::QueryDeadlocked);
   }
-  if (std::exchange(responding_, true)) response_ += ';';
-  response_ += data;
+  if (std::exchange(m_responding, true)) m_response += ';';
+  m_response += data;
 }
 
 void Executor::StartOperation(Duration duration, std::uint16_t condition, std::function<void()> atEnd) {
-  if (operation_) status_.Operation().Clear(operation_->condition);
-  operation_ = {clock_ + duration, condition, std::move(atEnd)};
-  status_.Operation().Set(condition);
+  if (m_operation) m_status.Operation().Clear(m_operation->condition);
+  m_operation = {m_clock + duration, condition, std::move(atEnd)};
+  m_status.Operation().Set(condition);
 }
 
 void Executor::CancelOperation() {
-  if (!operation_) return;
-  operation_->atEnd = nullptr;
+  if (!m_operation) return;
+  m_operation->atEnd = nullptr;
   EndOperation();
 }
 
 void Executor::EndOperation() {
-  const Operation ended = std::move(*operation_);
-  operation_.reset();
-  status_.Operation().Clear(ended.condition);
+  const Operation ended = std::move(*m_operation);
+  m_operation.reset();
+  m_status.Operation().Clear(ended.condition);
   if (ended.atEnd) ended.atEnd();
-  if (std::exchange(reportCompletion_, false)) status_.SetEvent(event::kOperationComplete);
+  if (std::exchange(m_reportCompletion, false)) m_status.SetEvent(event::kOperationComplete);
 }
 
 void Executor::WhenIdle(std::function<void()> then) {
-  if (operation_) {
-    hold_ = std::move(then);
+  if (m_operation) {
+    m_hold = std::move(then);
   } else {
     then();
   }
 }
 
 void Executor::ReportCompletion() {
-  if (operation_) {
-    reportCompletion_ = true;
+  if (m_operation) {
+    m_reportCompletion = true;
   } else {
-    status_.SetEvent(event::kOperationComplete);
+    m_status.SetEvent(event::kOperationComplete);
   }
 }
 

@@ -40,9 +40,9 @@ public:
   std::optional<TimePoint> OperationEnd() const;
 
   /// The memory that waiting messages take, in bytes.
-  std::size_t InputBytes() const { return inputBytes_; }
+  std::size_t InputBytes() const { return m_inputBytes; }
   /// Whether the unread responses, and no operation, are what holds the input.
-  bool HeldByOutput() const { return !hold_ && responses_.Full(); }
+  bool HeldByOutput() const { return !m_hold && m_responses.Full(); }
 
   // For the commands.
 
@@ -53,18 +53,18 @@ public:
   void StartOperation(Duration duration, std::uint16_t condition, std::function<void()> atEnd = {});
   /// Ends the pending operation, if any, before its time and without its results.
   void CancelOperation();
-  bool OperationPending() const { return operation_.has_value(); }
+  bool OperationPending() const { return m_operation.has_value(); }
   /// Holds the message until no operation is pending, and calls `then`; at once if none is.
   void WhenIdle(std::function<void()> then);
   /// `*OPC`: sets the event bit when no operation is pending any more.
   void ReportCompletion();
   /// The completion need not be reported any more.
-  void ForgetCompletion() { reportCompletion_ = false; }
+  void ForgetCompletion() { m_reportCompletion = false; }
   /// Whether a response is unread or being made.
-  bool MessageAvailable() const { return responding_ || !responses_.Empty(); }
+  bool MessageAvailable() const { return m_responding || !m_responses.Empty(); }
   /// Carries out no further command, ever.
-  void Halt() { halted_ = true; }
-  bool Halted() const { return halted_; }
+  void Halt() { m_halted = true; }
+  bool Halted() const { return m_halted; }
 
 private:
   struct Operation {
@@ -81,24 +81,24 @@ private:
   template <class Action>
   void Guard(Action action);
 
-  const CommandTree& commands_;
-  StatusModel& status_;
-  ResponseQueue& responses_;
+  const CommandTree& m_commands;
+  StatusModel& m_status;
+  ResponseQueue& m_responses;
 
-  TimePoint clock_{};
-  std::deque<std::string> input_;
-  std::size_t inputBytes_ = 0;
-  bool halted_ = false;
+  TimePoint m_clock{};
+  std::deque<std::string> m_input;
+  std::size_t m_inputBytes = 0;
+  bool m_halted = false;
 
-  std::optional<std::string> message_; ///< the one that is being carried out
-  UnitParser parser_;
-  Unit unit_;
-  std::string response_;
-  bool responding_ = false;
+  std::optional<std::string> m_message; ///< the one that is being carried out
+  UnitParser m_parser;
+  Unit m_unit;
+  std::string m_response;
+  bool m_responding = false;
 
-  std::optional<Operation> operation_;
-  std::function<void()> hold_; ///< what goes on when the operation has ended
-  bool reportCompletion_ = false;
+  std::optional<Operation> m_operation;
+  std::function<void()> m_hold; ///< what goes on when the operation has ended
+  bool m_reportCompletion = false;
 };
 
 } // namespace portico::simulator

@@ -28,33 +28,33 @@ void FaultCommands::AddTo(CommandTree& tree) {
 
 void FaultCommands::Delay(const Call& call) {
   const std::chrono::duration<double> delay(call.Number(0, kDelaySeconds));
-  responses_.DelayNext(std::chrono::duration_cast<ResponseQueue::Duration>(delay));
+  m_responses.DelayNext(std::chrono::duration_cast<ResponseQueue::Duration>(delay));
 }
 
-void FaultCommands::Silent(const Call& call) { responses_.SetSilent(call.Boolean(0)); }
+void FaultCommands::Silent(const Call& call) { m_responses.SetSilent(call.Boolean(0)); }
 
-void FaultCommands::Close(const Call& /*call*/) { executor_.Halt(); }
+void FaultCommands::Close(const Call& /*call*/) { m_executor.Halt(); }
 
 void FaultCommands::Endless(const Call& /*call*/) {
-  responses_.MakeNextEndless();
-  executor_.Respond("7");
+  m_responses.MakeNextEndless();
+  m_executor.Respond("7");
 }
 
 void FaultCommands::Garbage(const Call& call) {
   const std::int64_t count = call.Count() == 0 ? kDefaultGarbageBytes : call.Integer(0, 0, kMostBytes);
   std::string bytes(static_cast<std::size_t>(count), '\0');
-  for (char& byte : bytes) byte = static_cast<char>(random_.Next() & 0xFFU);
-  executor_.Respond(bytes);
+  for (char& byte : bytes) byte = static_cast<char>(m_random.Next() & 0xFFU);
+  m_executor.Respond(bytes);
 }
 
 void FaultCommands::Length(const Call& call) {
-  executor_.Respond(std::string(static_cast<std::size_t>(call.Integer(0, 0, kMostBytes)), '5'));
+  m_executor.Respond(std::string(static_cast<std::size_t>(call.Integer(0, 0, kMostBytes)), '5'));
 }
 
 void FaultCommands::Error(const Call& call) {
   const auto code = static_cast<ErrorCode>(call.Integer(0, -32768, 32767));
   if (code == ErrorCode::NoError || ErrorText(code).empty()) throw ScpiError(ErrorCode::IllegalParameterValue);
-  status_.Raise(code);
+  m_status.Raise(code);
 }
 
 } // namespace portico::simulator

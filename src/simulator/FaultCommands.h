@@ -14,7 +14,7 @@ namespace portico::simulator {
 class FaultCommands {
 public:
   FaultCommands(Executor& executor, StatusModel& status, ResponseQueue& responses, std::uint64_t seed)
-      : executor_(executor), status_(status), responses_(responses), random_(seed) {}
+      : m_executor(executor), m_status(status), m_responses(responses), m_random(seed) {}
 
   void AddTo(CommandTree& tree);
 
@@ -27,10 +27,10 @@ private:
   void Length(const Call& call);
   void Error(const Call& call);
 
-  Executor& executor_;
-  StatusModel& status_;
-  ResponseQueue& responses_;
-  Random random_;
+  Executor& m_executor;
+  StatusModel& m_status;
+  ResponseQueue& m_responses;
+  Random m_random;
 };
 
 } // namespace portico::simulator

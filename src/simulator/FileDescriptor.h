@@ -8,19 +8,19 @@ namespace portico::simulator {
 class FileDescriptor {
 public:
   FileDescriptor() = default;
-  explicit FileDescriptor(int descriptor) : descriptor_(descriptor) {}
+  explicit FileDescriptor(int descriptor) : m_descriptor(descriptor) {}
   ~FileDescriptor();
-  FileDescriptor(FileDescriptor&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+  FileDescriptor(FileDescriptor&& other) noexcept : m_descriptor(std::exchange(other.m_descriptor, -1)) {}
   FileDescriptor& operator=(FileDescriptor&& other) noexcept {
-    std::swap(descriptor_, other.descriptor_);
+    std::swap(m_descriptor, other.m_descriptor);
     return *this;
   }
 
-  int Get() const { return descriptor_; }
-  bool IsOpen() const { return descriptor_ >= 0; }
+  int Get() const { return m_descriptor; }
+  bool IsOpen() const { return m_descriptor >= 0; }
 
 private:
-  int descriptor_ = -1;
+  int m_descriptor = -1;
 };
 
 } // namespace portico::simulator

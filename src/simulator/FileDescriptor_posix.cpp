@@ -5,7 +5,7 @@
 namespace portico::simulator {
 
 FileDescriptor::~FileDescriptor() {
-  if (IsOpen()) close(descriptor_);
+  if (IsOpen()) close(m_descriptor);
 }
 
 } // namespace portico::simulator

@@ -26,25 +26,25 @@ std::unique_ptr<Instrument> Instrument::Make(std::string_view device, std::uint6
 }
 
 Instrument::Instrument(const DeviceMaker& makeDevice, std::uint64_t seed)
-    : device_(makeDevice(executor_, status_)),
-      common_(*device_, executor_, status_),
-      faults_(executor_, status_, responses_, seed) {
-  common_.AddTo(tree_);
-  system_.AddTo(tree_);
-  faults_.AddTo(tree_);
-  device_->AddTo(tree_);
+    : m_device(makeDevice(m_executor, m_status)),
+      m_common(*m_device, m_executor, m_status),
+      m_faults(m_executor, m_status, m_responses, seed) {
+  m_common.AddTo(m_tree);
+  m_system.AddTo(m_tree);
+  m_faults.AddTo(m_tree);
+  m_device->AddTo(m_tree);
 }
 
 void Instrument::Write(std::string_view bytes, TimePoint now) {
-  lastCall_ = now;
-  executor_.Run(now);
+  m_lastCall = now;
+  m_executor.Run(now);
   while (!bytes.empty() && !CloseRequested()) {
-    switch (framer_.Feed(bytes)) {
+    switch (m_framer.Feed(bytes)) {
     case MessageFramer::Outcome::Complete:
-      Submit(framer_.TakeMessage(), now);
+      Submit(m_framer.TakeMessage(), now);
       break;
     case MessageFramer::Outcome::Overrun:
-      status_.Raise(ErrorCode::InputBufferOverrun);
+      m_status.Raise(ErrorCode::InputBufferOverrun);
       break;
     case MessageFramer::Outcome::Incomplete:
       break;
@@ -53,31 +53,31 @@ void Instrument::Write(std::string_view bytes, TimePoint now) {
 }
 
 void Instrument::Submit(std::string message, TimePoint now) {
-  const auto fits = [&] { return executor_.InputBytes() + message.size() <= kMostInputBytes; };
-  while (!fits() && executor_.HeldByOutput()) {
-    status_.Raise(ErrorCode::QueryDeadlocked);
-    responses_.Clear();
-    executor_.Run(now);
+  const auto fits = [&] { return m_executor.InputBytes() + message.size() <= kMostInputBytes; };
+  while (!fits() && m_executor.HeldByOutput()) {
+    m_status.Raise(ErrorCode::QueryDeadlocked);
+    m_responses.Clear();
+    m_executor.Run(now);
   }
   if (!fits()) {
-    status_.Raise(ErrorCode::InputBufferOverrun);
+    m_status.Raise(ErrorCode::InputBufferOverrun);
     return;
   }
-  executor_.Submit(std::move(message));
-  executor_.Run(now);
+  m_executor.Submit(std::move(message));
+  m_executor.Run(now);
 }
 
 std::optional<std::string> Instrument::Read(TimePoint now) {
-  lastCall_ = now;
-  executor_.Run(now);
-  return responses_.Pop(now);
+  m_lastCall = now;
+  m_executor.Run(now);
+  return m_responses.Pop(now);
 }
 
 std::optional<TimePoint> Instrument::NextEvent() const {
-  auto next = executor_.OperationEnd();
-  const auto ready = responses_.NextReady();
+  auto next = m_executor.OperationEnd();
+  const auto ready = m_responses.NextReady();
   // An answer that is ready already waits for its reader; nothing more will happen to it by itself.
-  if (ready && *ready > lastCall_ && (!next || *ready < *next)) next = ready;
+  if (ready && *ready > m_lastCall && (!next || *ready < *next)) next = ready;
   return next;
 }
 

@@ -33,23 +33,23 @@ public:
 
   /// Whether `SIMulator:CLOSe` asked for the end of the connection, once the answers so far are read. From then on
   /// input is ignored.
-  bool CloseRequested() const { return executor_.Halted(); }
+  bool CloseRequested() const { return m_executor.Halted(); }
   /// Whether up to 64 KiB more can be written without loss.
-  bool AcceptsInput() const { return executor_.InputBytes() < kMostInputBytes / 2; }
+  bool AcceptsInput() const { return m_executor.InputBytes() < kMostInputBytes / 2; }
 
 private:
   void Submit(std::string message, TimePoint now);
 
-  StatusModel status_;
-  ResponseQueue responses_;
-  CommandTree tree_;
-  Executor executor_{tree_, status_, responses_};
-  std::unique_ptr<Device> device_;
-  CommonCommands common_;
-  SystemCommands system_{executor_, status_};
-  FaultCommands faults_;
-  MessageFramer framer_{kLongestMessage};
-  TimePoint lastCall_{};
+  StatusModel m_status;
+  ResponseQueue m_responses;
+  CommandTree m_tree;
+  Executor m_executor{m_tree, m_status, m_responses};
+  std::unique_ptr<Device> m_device;
+  CommonCommands m_common;
+  SystemCommands m_system{m_executor, m_status};
+  FaultCommands m_faults;
+  MessageFramer m_framer{kLongestMessage};
+  TimePoint m_lastCall{};
 };
 
 } // namespace portico::simulator

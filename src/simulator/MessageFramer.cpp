@@ -14,8 +14,8 @@ MessageFramer::Outcome MessageFramer::Feed(std::string_view& bytes) {
     const bool fits = Store(bytes.substr(0, complete ? taken - 1 : taken));
     bytes.remove_prefix(taken);
     if (complete) {
-      headerSeen_ = elementStart_ = false;
-      const bool whole = !std::exchange(discarding_, false);
+      m_headerSeen = m_elementStart = false;
+      const bool whole = !std::exchange(m_discarding, false);
       if (whole) return Outcome::Complete;
     }
     if (!fits) return Outcome::Overrun;
@@ -23,40 +23,40 @@ MessageFramer::Outcome MessageFramer::Feed(std::string_view& bytes) {
   return Outcome::Incomplete;
 }
 
-std::string MessageFramer::TakeMessage() { return std::exchange(message_, {}); }
+std::string MessageFramer::TakeMessage() { return std::exchange(m_message, {}); }
 
 /// False if the message has just become too long.
 bool MessageFramer::Store(std::string_view bytes) {
-  if (discarding_) return true;
-  if (bytes.size() > limit_ - message_.size()) {
-    discarding_ = true;
-    message_ = {};
+  if (m_discarding) return true;
+  if (bytes.size() > m_limit - m_message.size()) {
+    m_discarding = true;
+    m_message = {};
     return false;
   }
-  message_.append(bytes);
+  m_message.append(bytes);
   return true;
 }
 
 std::size_t MessageFramer::Scan(std::string_view bytes, bool& complete) {
   std::size_t at = 0;
   while (at < bytes.size() && !complete) {
-    switch (state_) {
+    switch (m_state) {
     case State::Block: {
-      const std::size_t skipped = std::min(blockBytes_, bytes.size() - at);
+      const std::size_t skipped = std::min(m_blockBytes, bytes.size() - at);
       at += skipped;
-      blockBytes_ -= skipped;
-      if (blockBytes_ == 0) state_ = State::Plain;
+      m_blockBytes -= skipped;
+      if (m_blockBytes == 0) m_state = State::Plain;
       break;
     }
     case State::Quoted: {
-      const std::size_t end = bytes.find(quote_, at);
-      if (end != std::string_view::npos) state_ = State::QuoteClosed;
+      const std::size_t end = bytes.find(m_quote, at);
+      if (end != std::string_view::npos) m_state = State::QuoteClosed;
       at = end == std::string_view::npos ? bytes.size() : end + 1;
       break;
     }
     case State::IndefiniteBlock: {
       const std::size_t end = bytes.find('\n', at);
-      if (end != std::string_view::npos) state_ = State::Plain;
+      if (end != std::string_view::npos) m_state = State::Plain;
       at = end == std::string_view::npos ? bytes.size() : end;
       break;
     }
@@ -69,27 +69,27 @@ std::size_t MessageFramer::Scan(std::string_view bytes, bool& complete) {
 
 /// True if the byte ends the message.
 bool MessageFramer::ScanByte(char byte) {
-  const State state = std::exchange(state_, State::Plain);
-  if (state == State::QuoteClosed && byte == quote_) { // a doubled quote goes on with the string
-    state_ = State::Quoted;
+  const State state = std::exchange(m_state, State::Plain);
+  if (state == State::QuoteClosed && byte == m_quote) { // a doubled quote goes on with the string
+    m_state = State::Quoted;
     return false;
   }
   if (state == State::BlockStart && byte == '0') {
-    state_ = State::IndefiniteBlock;
+    m_state = State::IndefiniteBlock;
     return false;
   }
   if (state == State::BlockStart && IsDigit(byte)) {
-    state_ = State::BlockLength;
-    lengthDigits_ = byte - '0';
-    blockBytes_ = 0;
+    m_state = State::BlockLength;
+    m_lengthDigits = byte - '0';
+    m_blockBytes = 0;
     return false;
   }
   if (state == State::BlockLength && IsDigit(byte)) {
-    blockBytes_ = blockBytes_ * 10 + static_cast<std::size_t>(byte - '0');
-    if (--lengthDigits_ > 0) {
-      state_ = State::BlockLength;
-    } else if (blockBytes_ > 0) {
-      state_ = State::Block;
+    m_blockBytes = m_blockBytes * 10 + static_cast<std::size_t>(byte - '0');
+    if (--m_lengthDigits > 0) {
+      m_state = State::BlockLength;
+    } else if (m_blockBytes > 0) {
+      m_state = State::Block;
     }
     return false;
   }
@@ -98,19 +98,19 @@ bool MessageFramer::ScanByte(char byte) {
 
 bool MessageFramer::ScanPlain(char byte) {
   if (byte == '\n') return true;
-  if (elementStart_ && (byte == '"' || byte == '\'')) {
-    state_ = State::Quoted;
-    quote_ = byte;
-  } else if (elementStart_ && byte == '#') {
-    state_ = State::BlockStart;
+  if (m_elementStart && (byte == '"' || byte == '\'')) {
+    m_state = State::Quoted;
+    m_quote = byte;
+  } else if (m_elementStart && byte == '#') {
+    m_state = State::BlockStart;
   }
   if (byte == ';') {
-    headerSeen_ = elementStart_ = false;
+    m_headerSeen = m_elementStart = false;
   } else if (byte == ',' || IsWhiteSpace(byte)) {
-    elementStart_ = headerSeen_;
+    m_elementStart = m_headerSeen;
   } else {
-    headerSeen_ = true;
-    elementStart_ = false;
+    m_headerSeen = true;
+    m_elementStart = false;
   }
   return false;
 }

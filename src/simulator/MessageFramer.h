@@ -15,7 +15,7 @@ public:
   enum class Outcome { Incomplete, Complete, Overrun };
 
   /// A message of more than `limit` bytes is an overrun and is discarded to its end.
-  explicit MessageFramer(std::size_t limit) : limit_(limit) {}
+  explicit MessageFramer(std::size_t limit) : m_limit(limit) {}
 
   /// Takes from the front of `bytes` until something is to be told: a message is complete, one has just grown over
   /// the limit, or all bytes are taken.
@@ -33,16 +33,16 @@ private:
   bool ScanByte(char byte);
   bool Store(std::string_view bytes);
 
-  std::size_t limit_;
-  std::string message_;
-  bool discarding_ = false;
+  std::size_t m_limit;
+  std::string m_message;
+  bool m_discarding = false;
 
-  State state_ = State::Plain;
-  bool headerSeen_ = false;
-  bool elementStart_ = false;
-  char quote_ = 0;
-  int lengthDigits_ = 0;
-  std::size_t blockBytes_ = 0;
+  State m_state = State::Plain;
+  bool m_headerSeen = false;
+  bool m_elementStart = false;
+  char m_quote = 0;
+  int m_lengthDigits = 0;
+  std::size_t m_blockBytes = 0;
 };
 
 } // namespace portico::simulator

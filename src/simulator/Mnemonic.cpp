@@ -17,11 +17,11 @@ bool EqualsUpper(std::string_view text, std::string_view upper) {
 Mnemonic::Mnemonic(std::string_view pattern) {
   for (const char letter : pattern) {
     const char upper = ToUpper(letter);
-    if (letter == upper) short_ += letter;
-    long_ += upper;
+    if (letter == upper) m_short += letter;
+    m_long += upper;
   }
 }
 
-bool Mnemonic::Matches(std::string_view text) const { return EqualsUpper(text, short_) || EqualsUpper(text, long_); }
+bool Mnemonic::Matches(std::string_view text) const { return EqualsUpper(text, m_short) || EqualsUpper(text, m_long); }
 
 } // namespace portico::simulator

@@ -14,12 +14,12 @@ public:
   /// Whether `text`, in any case, is the short or the long form.
   bool Matches(std::string_view text) const;
 
-  const std::string& Short() const { return short_; }
-  const std::string& Long() const { return long_; }
+  const std::string& Short() const { return m_short; }
+  const std::string& Long() const { return m_long; }
 
 private:
-  std::string short_;
-  std::string long_;
+  std::string m_short;
+  std::string m_long;
 };
 
 } // namespace portico::simulator

@@ -81,7 +81,7 @@ std::string ShortName(const FunctionTraits& traits) { return Mnemonic(traits.nam
 } // namespace
 
 Multimeter::Multimeter(Executor& executor, StatusModel& status, std::uint64_t seed)
-    : executor_(executor), status_(status), random_(seed) {
+    : m_executor(executor), m_status(status), m_random(seed) {
   Reset();
 }
 
@@ -149,13 +149,13 @@ void Multimeter::AddTo(CommandTree& tree) {
 }
 
 void Multimeter::Reset() {
-  function_ = DcVoltage;
-  for (std::size_t i = 0; i < FunctionCount; ++i) setups_[i] = {kFunctions[i].standardRange, true, kCycles.standard};
-  samples_ = triggers_ = 1;
-  readings_.clear();
-  displayOn_ = true;
-  text_.clear();
-  trace_ = MakeTrace(kDefaultPoints);
+  m_function = DcVoltage;
+  for (std::size_t i = 0; i < FunctionCount; ++i) m_setups[i] = {kFunctions[i].standardRange, true, kCycles.standard};
+  m_samples = m_triggers = 1;
+  m_readings.clear();
+  m_displayOn = true;
+  m_text.clear();
+  m_trace = MakeTrace(kDefaultPoints);
 }
 
 // What is measured, and how.
@@ -172,29 +172,29 @@ void Multimeter::ConfigureFrom(Function function, const Call& call) {
     const double usual = setup.range * ResolutionOf(kCycles.standard);
     setup.cycles = CyclesFor(call.Number(1, {finest, setup.range, usual, traits.quantity}) / setup.range);
   }
-  function_ = function;
-  setups_[function] = setup;
-  samples_ = triggers_ = 1;
+  m_function = function;
+  m_setups[function] = setup;
+  m_samples = m_triggers = 1;
 }
 
 template <Multimeter::Function function>
 void Multimeter::Configure(const Call& call) {
-  executor_.CancelOperation();
+  m_executor.CancelOperation();
   ConfigureFrom(function, call);
 }
 
 template <Multimeter::Function function>
 void Multimeter::Measure(const Call& call) {
-  executor_.CancelOperation();
+  m_executor.CancelOperation();
   ConfigureFrom(function, call);
   ReadWhenIdle();
 }
 
 void Multimeter::Configuration(const Call& /*call*/) {
-  const Setup& setup = setups_[function_];
+  const Setup& setup = m_setups[m_function];
   const double resolution = setup.range * ResolutionOf(setup.cycles);
-  executor_.Respond(
-      FormatString(ShortName(kFunctions[function_]) + ' ' + FormatReal(setup.range) + ',' + FormatReal(resolution)));
+  m_executor.Respond(
+      FormatString(ShortName(kFunctions[m_function]) + ' ' + FormatReal(setup.range) + ',' + FormatReal(resolution)));
 }
 
 void Multimeter::SetFunction(const Call& call) {
@@ -204,134 +204,134 @@ void Multimeter::SetFunction(const Call& call) {
     return Mnemonic(traits.name).Matches(name);
   });
   if (found == std::end(kFunctions)) throw ScpiError(ErrorCode::IllegalParameterValue);
-  function_ = static_cast<Function>(found - std::begin(kFunctions));
+  m_function = static_cast<Function>(found - std::begin(kFunctions));
 }
 
 void Multimeter::SenseFunction(const Call& /*call*/) {
-  executor_.Respond(FormatString(ShortName(kFunctions[function_])));
+  m_executor.Respond(FormatString(ShortName(kFunctions[m_function])));
 }
 
 template <Multimeter::Function function>
 void Multimeter::SetRange(const Call& call) {
   const FunctionTraits& traits = kFunctions[function];
   const double value = call.Number(0, RangeLimits(traits));
-  setups_[function].range = RangeFor(traits, value);
-  setups_[function].autoRange = false;
+  m_setups[function].range = RangeFor(traits, value);
+  m_setups[function].autoRange = false;
 }
 
 template <Multimeter::Function function>
 void Multimeter::Range(const Call& call) {
-  executor_.Respond(FormatReal(call.LimitOr(setups_[function].range, RangeLimits(kFunctions[function]))));
+  m_executor.Respond(FormatReal(call.LimitOr(m_setups[function].range, RangeLimits(kFunctions[function]))));
 }
 
 template <Multimeter::Function function>
 void Multimeter::SetAutoRange(const Call& call) {
-  setups_[function].autoRange = call.Boolean(0);
+  m_setups[function].autoRange = call.Boolean(0);
 }
 
 template <Multimeter::Function function>
 void Multimeter::AutoRange(const Call& /*call*/) {
-  executor_.Respond(FormatBoolean(setups_[function].autoRange));
+  m_executor.Respond(FormatBoolean(m_setups[function].autoRange));
 }
 
 template <Multimeter::Function function>
 void Multimeter::SetCycles(const Call& call) {
-  setups_[function].cycles = call.Number(0, kCycles);
+  m_setups[function].cycles = call.Number(0, kCycles);
 }
 
 template <Multimeter::Function function>
 void Multimeter::Cycles(const Call& call) {
-  executor_.Respond(FormatReal(call.LimitOr(setups_[function].cycles, kCycles)));
+  m_executor.Respond(FormatReal(call.LimitOr(m_setups[function].cycles, kCycles)));
 }
 
 // Measuring.
 
 double Multimeter::Reading() {
-  const FunctionTraits& traits = kFunctions[function_];
-  Setup& setup = setups_[function_];
+  const FunctionTraits& traits = kFunctions[m_function];
+  Setup& setup = m_setups[m_function];
   if (setup.autoRange) setup.range = RangeFor(traits, traits.source);
-  const double value = traits.source + setup.range * ResolutionOf(setup.cycles) * random_.Noise();
+  const double value = traits.source + setup.range * ResolutionOf(setup.cycles) * m_random.Noise();
   const bool overload = value > setup.range * kOverrange;
   if (overload) {
-    status_.Questionable().Set(traits.overload);
+    m_status.Questionable().Set(traits.overload);
     return std::numeric_limits<double>::infinity();
   }
-  status_.Questionable().Clear(traits.overload);
+  m_status.Questionable().Clear(traits.overload);
   return value;
 }
 
 /// The readings are those of the settings at the start, whatever is changed while they are being taken.
 void Multimeter::StartMeasurement() {
-  const auto count = static_cast<std::size_t>(samples_ * triggers_);
+  const auto count = static_cast<std::size_t>(m_samples * m_triggers);
   std::vector<double> readings(count);
   std::generate(readings.begin(), readings.end(), [this] { return Reading(); });
-  const std::chrono::duration<double> each(setups_[function_].cycles / kLineFrequency);
-  readings_.clear();
-  executor_.StartOperation(std::chrono::round<Executor::Duration>(each * static_cast<double>(count)),
-                           operation::kMeasuring,
-                           [this, taken = std::move(readings)]() mutable { readings_ = std::move(taken); });
+  const std::chrono::duration<double> each(m_setups[m_function].cycles / kLineFrequency);
+  m_readings.clear();
+  m_executor.StartOperation(std::chrono::round<Executor::Duration>(each * static_cast<double>(count)),
+                            operation::kMeasuring,
+                            [this, taken = std::move(readings)]() mutable { m_readings = std::move(taken); });
 }
 
 void Multimeter::ReadWhenIdle() {
-  executor_.WhenIdle([this] {
+  m_executor.WhenIdle([this] {
     StartMeasurement();
-    executor_.WhenIdle([this] { RespondReadings(); });
+    m_executor.WhenIdle([this] { RespondReadings(); });
   });
 }
 
 void Multimeter::RespondReadings() {
-  if (readings_.empty()) throw ScpiError(ErrorCode::DataCorruptOrStale);
-  executor_.Respond(FormatReals(readings_));
+  if (m_readings.empty()) throw ScpiError(ErrorCode::DataCorruptOrStale);
+  m_executor.Respond(FormatReals(m_readings));
 }
 
 void Multimeter::Initiate(const Call& /*call*/) {
-  if (executor_.OperationPending()) throw ScpiError(ErrorCode::InitIgnored);
+  if (m_executor.OperationPending()) throw ScpiError(ErrorCode::InitIgnored);
   StartMeasurement();
 }
 
-void Multimeter::Abort(const Call& /*call*/) { executor_.CancelOperation(); }
+void Multimeter::Abort(const Call& /*call*/) { m_executor.CancelOperation(); }
 
 void Multimeter::Fetch(const Call& /*call*/) {
-  executor_.WhenIdle([this] { RespondReadings(); });
+  m_executor.WhenIdle([this] { RespondReadings(); });
 }
 
 void Multimeter::Read(const Call& /*call*/) { ReadWhenIdle(); }
 
-void Multimeter::SetSamples(const Call& call) { samples_ = call.Integer(0, 1, kMostSamples); }
+void Multimeter::SetSamples(const Call& call) { m_samples = call.Integer(0, 1, kMostSamples); }
 
-void Multimeter::Samples(const Call& /*call*/) { executor_.Respond(std::to_string(samples_)); }
+void Multimeter::Samples(const Call& /*call*/) { m_executor.Respond(std::to_string(m_samples)); }
 
-void Multimeter::SetTriggers(const Call& call) { triggers_ = call.Integer(0, 1, kMostTriggers); }
+void Multimeter::SetTriggers(const Call& call) { m_triggers = call.Integer(0, 1, kMostTriggers); }
 
-void Multimeter::Triggers(const Call& /*call*/) { executor_.Respond(std::to_string(triggers_)); }
+void Multimeter::Triggers(const Call& /*call*/) { m_executor.Respond(std::to_string(m_triggers)); }
 
 // Front panel and waveform memory.
 
-void Multimeter::Terminals(const Call& /*call*/) { executor_.Respond("FRON"); }
+void Multimeter::Terminals(const Call& /*call*/) { m_executor.Respond("FRON"); }
 
-void Multimeter::SetDisplay(const Call& call) { displayOn_ = call.Boolean(0); }
+void Multimeter::SetDisplay(const Call& call) { m_displayOn = call.Boolean(0); }
 
-void Multimeter::Display(const Call& /*call*/) { executor_.Respond(FormatBoolean(displayOn_)); }
+void Multimeter::Display(const Call& /*call*/) { m_executor.Respond(FormatBoolean(m_displayOn)); }
 
 void Multimeter::SetText(const Call& call) {
   std::string text = call.String(0);
   if (text.size() > kLongestText) throw ScpiError(ErrorCode::TooMuchData);
-  text_ = std::move(text);
+  m_text = std::move(text);
 }
 
-void Multimeter::Text(const Call& /*call*/) { executor_.Respond(FormatString(text_)); }
+void Multimeter::Text(const Call& /*call*/) { m_executor.Respond(FormatString(m_text)); }
 
-void Multimeter::ClearText(const Call& /*call*/) { text_.clear(); }
+void Multimeter::ClearText(const Call& /*call*/) { m_text.clear(); }
 
 void Multimeter::SetPoints(const Call& call) {
-  trace_ = MakeTrace(static_cast<std::size_t>(call.Integer(0, 1, kMostPoints)));
+  m_trace = MakeTrace(static_cast<std::size_t>(call.Integer(0, 1, kMostPoints)));
 }
 
-void Multimeter::Points(const Call& /*call*/) { executor_.Respond(std::to_string(trace_.size())); }
+void Multimeter::Points(const Call& /*call*/) { m_executor.Respond(std::to_string(m_trace.size())); }
 
-void Multimeter::SetTrace(const Call& call) { trace_ = call.Block(0); }
+void Multimeter::SetTrace(const Call& call) { m_trace = call.Block(0); }
 
-void Multimeter::Trace(const Call& /*call*/) { executor_.Respond(FormatBlock(trace_)); }
+void Multimeter::Trace(const Call& /*call*/) { m_executor.Respond(FormatBlock(m_trace)); }
 
 /// A triangle of one byte a point. Its trough is code 10, the line feed, so that a reader who ends a message there is
 /// found out.
@@ -343,7 +343,7 @@ std::string Multimeter::MakeTrace(std::size_t points) {
   for (std::size_t i = 0; i < points; ++i) {
     const std::size_t phase = i % kPeriod;
     const std::size_t height = std::min(phase, kPeriod - phase) * kStep;
-    const std::size_t noise = phase == 0 ? 0 : random_.Next() % kStep;
+    const std::size_t noise = phase == 0 ? 0 : m_random.Next() % kStep;
     trace[i] = static_cast<char>(static_cast<unsigned char>(kTrough + height + noise));
   }
   return trace;

@@ -79,18 +79,18 @@ private:
   void RespondReadings();
   std::string MakeTrace(std::size_t points);
 
-  Executor& executor_;
-  StatusModel& status_;
-  Random random_;
+  Executor& m_executor;
+  StatusModel& m_status;
+  Random m_random;
 
-  Function function_ = DcVoltage;
-  std::array<Setup, FunctionCount> setups_{};
-  std::int64_t samples_ = 1;
-  std::int64_t triggers_ = 1;
-  std::vector<double> readings_;
-  bool displayOn_ = true;
-  std::string text_;
-  std::string trace_;
+  Function m_function = DcVoltage;
+  std::array<Setup, FunctionCount> m_setups{};
+  std::int64_t m_samples = 1;
+  std::int64_t m_triggers = 1;
+  std::vector<double> m_readings;
+  bool m_displayOn = true;
+  std::string m_text;
+  std::string m_trace;
 };
 
 } // namespace portico::simulator

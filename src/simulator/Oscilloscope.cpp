@@ -30,7 +30,7 @@ constexpr std::array<Signal, 4> kSignals{{{1, 1000}, {0.5, 2000}, {2, 500}, {0.2
 } // namespace
 
 Oscilloscope::Oscilloscope(Executor& executor, StatusModel& /*status*/, std::uint64_t seed)
-    : executor_(executor), random_(seed) {
+    : m_executor(executor), m_random(seed) {
   Reset();
 }
 
@@ -64,68 +64,68 @@ void Oscilloscope::AddTo(CommandTree& tree) {
 }
 
 void Oscilloscope::Reset() {
-  channels_.fill({kVoltsPerDivision.standard, kOffsetVolts.standard, false, {}});
-  channels_.front().shown = true;
-  timeScale_ = kSecondsPerDivision.standard;
-  averaging_ = false;
-  averages_ = kDefaultAverages;
-  source_ = 0;
-  points_ = kDefaultPoints;
+  m_channels.fill({kVoltsPerDivision.standard, kOffsetVolts.standard, false, {}});
+  m_channels.front().shown = true;
+  m_timeScale = kSecondsPerDivision.standard;
+  m_averaging = false;
+  m_averages = kDefaultAverages;
+  m_source = 0;
+  m_points = kDefaultPoints;
 }
 
 void Oscilloscope::SetScale(const Call& call) { Of(call).scale = call.Number(0, kVoltsPerDivision); }
 
 void Oscilloscope::Scale(const Call& call) {
-  executor_.Respond(FormatReal(call.LimitOr(Of(call).scale, kVoltsPerDivision)));
+  m_executor.Respond(FormatReal(call.LimitOr(Of(call).scale, kVoltsPerDivision)));
 }
 
 void Oscilloscope::SetOffset(const Call& call) { Of(call).offset = call.Number(0, kOffsetVolts); }
 
 void Oscilloscope::Offset(const Call& call) {
-  executor_.Respond(FormatReal(call.LimitOr(Of(call).offset, kOffsetVolts)));
+  m_executor.Respond(FormatReal(call.LimitOr(Of(call).offset, kOffsetVolts)));
 }
 
 void Oscilloscope::SetShown(const Call& call) { Of(call).shown = call.Boolean(0); }
 
-void Oscilloscope::Shown(const Call& call) { executor_.Respond(FormatBoolean(Of(call).shown)); }
+void Oscilloscope::Shown(const Call& call) { m_executor.Respond(FormatBoolean(Of(call).shown)); }
 
-void Oscilloscope::SetTimeScale(const Call& call) { timeScale_ = call.Number(0, kSecondsPerDivision); }
+void Oscilloscope::SetTimeScale(const Call& call) { m_timeScale = call.Number(0, kSecondsPerDivision); }
 
 void Oscilloscope::TimeScale(const Call& call) {
-  executor_.Respond(FormatReal(call.LimitOr(timeScale_, kSecondsPerDivision)));
+  m_executor.Respond(FormatReal(call.LimitOr(m_timeScale, kSecondsPerDivision)));
 }
 
-void Oscilloscope::SetAcquisition(const Call& call) { averaging_ = call.Keyword(0, {"NORMal", "AVERage"}) == 1; }
+void Oscilloscope::SetAcquisition(const Call& call) { m_averaging = call.Keyword(0, {"NORMal", "AVERage"}) == 1; }
 
-void Oscilloscope::Acquisition(const Call& /*call*/) { executor_.Respond(averaging_ ? "AVER" : "NORM"); }
+void Oscilloscope::Acquisition(const Call& /*call*/) { m_executor.Respond(m_averaging ? "AVER" : "NORM"); }
 
-void Oscilloscope::SetAverages(const Call& call) { averages_ = call.Integer(0, 2, kMostAverages); }
+void Oscilloscope::SetAverages(const Call& call) { m_averages = call.Integer(0, 2, kMostAverages); }
 
-void Oscilloscope::Averages(const Call& /*call*/) { executor_.Respond(std::to_string(averages_)); }
+void Oscilloscope::Averages(const Call& /*call*/) { m_executor.Respond(std::to_string(m_averages)); }
 
 /// An acquisition lasts as long as what it records.
 void Oscilloscope::Single(const Call& /*call*/) {
-  const std::chrono::duration<double> sweep(timeScale_ * kDivisionsAcross);
-  const double sweeps = averaging_ ? static_cast<double>(averages_) : 1;
-  executor_.StartOperation(std::chrono::round<Executor::Duration>(sweep * sweeps), operation::kSweeping, [this] {
-    for (std::size_t i = 0; i < channels_.size(); ++i) {
-      channels_[i].record = channels_[i].shown ? MakeRecord(i) : std::string();
+  const std::chrono::duration<double> sweep(m_timeScale * kDivisionsAcross);
+  const double sweeps = m_averaging ? static_cast<double>(m_averages) : 1;
+  m_executor.StartOperation(std::chrono::round<Executor::Duration>(sweep * sweeps), operation::kSweeping, [this] {
+    for (std::size_t i = 0; i < m_channels.size(); ++i) {
+      m_channels[i].record = m_channels[i].shown ? MakeRecord(i) : std::string();
     }
   });
 }
 
-void Oscilloscope::Stop(const Call& /*call*/) { executor_.CancelOperation(); }
+void Oscilloscope::Stop(const Call& /*call*/) { m_executor.CancelOperation(); }
 
 std::string Oscilloscope::MakeRecord(std::size_t channel) {
   const Signal& signal = kSignals[channel];
-  const double step = timeScale_ * kDivisionsAcross / static_cast<double>(points_);
-  const double noise = averaging_ ? 1 / std::sqrt(static_cast<double>(averages_)) : 1;
-  std::string record(points_, '\0');
+  const double step = m_timeScale * kDivisionsAcross / static_cast<double>(m_points);
+  const double noise = m_averaging ? 1 / std::sqrt(static_cast<double>(m_averages)) : 1;
+  std::string record(m_points, '\0');
   double time = 0;
   for (char& point : record) {
     const double volts = signal.amplitude * std::sin(2 * std::numbers::pi * signal.frequency * time);
-    const double divisions = (volts - channels_[channel].offset) / channels_[channel].scale;
-    const double code = kCentreCode + divisions * kCodesPerDivision + noise * random_.Noise();
+    const double divisions = (volts - m_channels[channel].offset) / m_channels[channel].scale;
+    const double code = kCentreCode + divisions * kCodesPerDivision + noise * m_random.Noise();
     point = static_cast<char>(static_cast<unsigned char>(std::clamp(code, 0.0, 255.0)));
     time += step;
   }
@@ -136,35 +136,37 @@ std::size_t Oscilloscope::ChannelNamed(const Call& call) {
   return call.Keyword(0, {"CHANnel1", "CHANnel2", "CHANnel3", "CHANnel4"});
 }
 
-void Oscilloscope::SetSource(const Call& call) { source_ = ChannelNamed(call); }
+void Oscilloscope::SetSource(const Call& call) { m_source = ChannelNamed(call); }
 
-void Oscilloscope::Source(const Call& /*call*/) { executor_.Respond("CHAN" + std::to_string(source_ + 1)); }
+void Oscilloscope::Source(const Call& /*call*/) { m_executor.Respond("CHAN" + std::to_string(m_source + 1)); }
 
-void Oscilloscope::SetPoints(const Call& call) { points_ = static_cast<std::size_t>(call.Integer(0, 10, kMostPoints)); }
+void Oscilloscope::SetPoints(const Call& call) {
+  m_points = static_cast<std::size_t>(call.Integer(0, 10, kMostPoints));
+}
 
-void Oscilloscope::Points(const Call& /*call*/) { executor_.Respond(std::to_string(points_)); }
+void Oscilloscope::Points(const Call& /*call*/) { m_executor.Respond(std::to_string(m_points)); }
 
 void Oscilloscope::Data(const Call& /*call*/) {
-  executor_.WhenIdle([this] {
-    if (channels_[source_].record.empty()) throw ScpiError(ErrorCode::DataCorruptOrStale);
-    executor_.Respond(FormatBlock(channels_[source_].record));
+  m_executor.WhenIdle([this] {
+    if (m_channels[m_source].record.empty()) throw ScpiError(ErrorCode::DataCorruptOrStale);
+    m_executor.Respond(FormatBlock(m_channels[m_source].record));
   });
 }
 
 /// Points, seconds a point, volts a code, volts at the centre, and the code of the centre.
 void Oscilloscope::Preamble(const Call& /*call*/) {
-  const Channel& channel = channels_[source_];
-  const double step = timeScale_ * kDivisionsAcross / static_cast<double>(points_);
-  executor_.Respond(std::to_string(points_) + ',' +
-                    FormatReals(std::array{step, channel.scale / kCodesPerDivision, channel.offset, kCentreCode}));
+  const Channel& channel = m_channels[m_source];
+  const double step = m_timeScale * kDivisionsAcross / static_cast<double>(m_points);
+  m_executor.Respond(std::to_string(m_points) + ',' +
+                     FormatReals(std::array{step, channel.scale / kCodesPerDivision, channel.offset, kCentreCode}));
 }
 
 void Oscilloscope::PeakToPeak(const Call& call) {
-  executor_.Respond(FormatReal(2 * kSignals[ChannelNamed(call)].amplitude));
+  m_executor.Respond(FormatReal(2 * kSignals[ChannelNamed(call)].amplitude));
 }
 
 void Oscilloscope::Frequency(const Call& call) {
-  executor_.Respond(FormatReal(kSignals[ChannelNamed(call)].frequency));
+  m_executor.Respond(FormatReal(kSignals[ChannelNamed(call)].frequency));
 }
 
 } // namespace portico::simulator

@@ -51,18 +51,18 @@ private:
   void PeakToPeak(const Call& call);
   void Frequency(const Call& call);
 
-  Channel& Of(const Call& call) { return channels_[call.Suffix(0) - 1]; }
+  Channel& Of(const Call& call) { return m_channels[call.Suffix(0) - 1]; }
   static std::size_t ChannelNamed(const Call& call);
   std::string MakeRecord(std::size_t channel);
 
-  Executor& executor_;
-  Random random_;
-  std::array<Channel, 4> channels_{};
-  double timeScale_ = 0; ///< seconds per division
-  bool averaging_ = false;
-  std::int64_t averages_ = 0;
-  std::size_t source_ = 0;
-  std::size_t points_ = 0;
+  Executor& m_executor;
+  Random m_random;
+  std::array<Channel, 4> m_channels{};
+  double m_timeScale = 0; ///< seconds per division
+  bool m_averaging = false;
+  std::int64_t m_averages = 0;
+  std::size_t m_source = 0;
+  std::size_t m_points = 0;
 };
 
 } // namespace portico::simulator

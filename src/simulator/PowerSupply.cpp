@@ -15,7 +15,7 @@ constexpr auto kSettlingTime = std::chrono::milliseconds(10);
 } // namespace
 
 PowerSupply::PowerSupply(Executor& executor, StatusModel& status, std::uint64_t seed)
-    : executor_(executor), status_(status), random_(seed) {
+    : m_executor(executor), m_status(status), m_random(seed) {
   Reset();
 }
 
@@ -36,62 +36,65 @@ void PowerSupply::AddTo(CommandTree& tree) {
 }
 
 void PowerSupply::Reset() {
-  outputs_.fill({kVolts.standard, kAmperes.standard, false});
-  selected_ = 0;
+  m_outputs.fill({kVolts.standard, kAmperes.standard, false});
+  m_selected = 0;
 }
 
 PowerSupply::Output& PowerSupply::Of(const Call& call) {
-  return outputs_[call.HasSuffix(0) ? call.Suffix(0) - 1 : selected_];
+  return m_outputs[call.HasSuffix(0) ? call.Suffix(0) - 1 : m_selected];
 }
 
 /// A new setting begins the settling anew.
-void PowerSupply::Settle() { executor_.StartOperation(kSettlingTime, operation::kSettling); }
+void PowerSupply::Settle() { m_executor.StartOperation(kSettlingTime, operation::kSettling); }
 
 void PowerSupply::SetVoltage(const Call& call) {
   Of(call).volts = call.Number(0, kVolts);
   Settle();
 }
 
-void PowerSupply::Voltage(const Call& call) { executor_.Respond(FormatReal(call.LimitOr(Of(call).volts, kVolts))); }
+void PowerSupply::Voltage(const Call& call) { m_executor.Respond(FormatReal(call.LimitOr(Of(call).volts, kVolts))); }
 
 void PowerSupply::SetCurrent(const Call& call) {
   Of(call).amperes = call.Number(0, kAmperes);
   Settle();
 }
 
-void PowerSupply::Current(const Call& call) { executor_.Respond(FormatReal(call.LimitOr(Of(call).amperes, kAmperes))); }
+void PowerSupply::Current(const Call& call) {
+  m_executor.Respond(FormatReal(call.LimitOr(Of(call).amperes, kAmperes)));
+}
 
 void PowerSupply::SetState(const Call& call) {
   Of(call).on = call.Boolean(0);
   Settle();
 }
 
-void PowerSupply::State(const Call& call) { executor_.Respond(FormatBoolean(Of(call).on)); }
+void PowerSupply::State(const Call& call) { m_executor.Respond(FormatBoolean(Of(call).on)); }
 
 /// At the current limit the voltage gives way, which the questionable status tells.
 double PowerSupply::MeasuredVolts(const Output& output) {
   const double limited = output.amperes * kLoadOhms;
   if (output.on && output.volts > limited) {
-    status_.Questionable().Set(questionable::kVoltage);
+    m_status.Questionable().Set(questionable::kVoltage);
   } else {
-    status_.Questionable().Clear(questionable::kVoltage);
+    m_status.Questionable().Clear(questionable::kVoltage);
   }
   const double volts = output.on ? std::min(output.volts, limited) : 0;
-  return volts + kNoiseVolts * random_.Noise();
+  return volts + kNoiseVolts * m_random.Noise();
 }
 
 void PowerSupply::MeasureVoltage(const Call& call) {
-  executor_.WhenIdle([this, &output = Of(call)] { executor_.Respond(FormatReal(MeasuredVolts(output))); });
+  m_executor.WhenIdle([this, &output = Of(call)] { m_executor.Respond(FormatReal(MeasuredVolts(output))); });
 }
 
 void PowerSupply::MeasureCurrent(const Call& call) {
-  executor_.WhenIdle([this, &output = Of(call)] { executor_.Respond(FormatReal(MeasuredVolts(output) / kLoadOhms)); });
+  m_executor.WhenIdle(
+      [this, &output = Of(call)] { m_executor.Respond(FormatReal(MeasuredVolts(output) / kLoadOhms)); });
 }
 
 void PowerSupply::Select(const Call& call) {
-  selected_ = static_cast<std::size_t>(call.Integer(0, 1, static_cast<std::int64_t>(outputs_.size())) - 1);
+  m_selected = static_cast<std::size_t>(call.Integer(0, 1, static_cast<std::int64_t>(m_outputs.size())) - 1);
 }
 
-void PowerSupply::Selected(const Call& /*call*/) { executor_.Respond(std::to_string(selected_ + 1)); }
+void PowerSupply::Selected(const Call& /*call*/) { m_executor.Respond(std::to_string(m_selected + 1)); }
 
 } // namespace portico::simulator

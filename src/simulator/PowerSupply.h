@@ -42,11 +42,11 @@ private:
   void Settle();
   double MeasuredVolts(const Output& output);
 
-  Executor& executor_;
-  StatusModel& status_;
-  Random random_;
-  std::array<Output, 2> outputs_{};
-  std::size_t selected_ = 0;
+  Executor& m_executor;
+  StatusModel& m_status;
+  Random m_random;
+  std::array<Output, 2> m_outputs{};
+  std::size_t m_selected = 0;
 };
 
 } // namespace portico::simulator

@@ -8,11 +8,11 @@ namespace portico::simulator {
 /// same numbers on every platform.
 class Random {
 public:
-  explicit Random(std::uint64_t seed) : state_(seed) {}
+  explicit Random(std::uint64_t seed) : m_state(seed) {}
 
   std::uint64_t Next() {
-    state_ += 0x9E3779B97F4A7C15U;
-    std::uint64_t mixed = state_;
+    m_state += 0x9E3779B97F4A7C15U;
+    std::uint64_t mixed = m_state;
     mixed = (mixed ^ (mixed >> 30U)) * 0xBF58476D1CE4E5B9U;
     mixed = (mixed ^ (mixed >> 27U)) * 0x94D049BB133111EBU;
     return mixed ^ (mixed >> 31U);
@@ -25,7 +25,7 @@ public:
   double Noise() { return (Uniform() + Uniform() + Uniform() + Uniform()) / 2 - 1; }
 
 private:
-  std::uint64_t state_;
+  std::uint64_t m_state;
 };
 
 } // namespace portico::simulator

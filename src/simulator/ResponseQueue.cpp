@@ -13,38 +13,38 @@ constexpr auto kPieceInterval = std::chrono::milliseconds(1);
 } // namespace
 
 void ResponseQueue::Push(std::string message, TimePoint now) {
-  if (silent_ || nextPiece_) return; // behind an answer without end nothing can ever be read
-  TimePoint readyAt = now + std::exchange(delay_, Duration::zero());
-  if (!messages_.empty()) readyAt = std::max(readyAt, messages_.back().readyAt);
-  if (std::exchange(nextIsEndless_, false)) {
-    nextPiece_ = readyAt;
+  if (m_silent || m_nextPiece) return; // behind an answer without end nothing can ever be read
+  TimePoint readyAt = now + std::exchange(m_delay, Duration::zero());
+  if (!m_messages.empty()) readyAt = std::max(readyAt, m_messages.back().readyAt);
+  if (std::exchange(m_nextIsEndless, false)) {
+    m_nextPiece = readyAt;
   } else {
     message += '\n';
   }
-  bytes_ += message.size();
-  messages_.push_back({std::move(message), readyAt});
+  m_bytes += message.size();
+  m_messages.push_back({std::move(message), readyAt});
 }
 
 std::optional<std::string> ResponseQueue::Pop(TimePoint now) {
   const auto ready = NextReady();
   if (!ready || *ready > now) return std::nullopt;
-  if (messages_.empty()) {
-    nextPiece_ = now + kPieceInterval;
+  if (m_messages.empty()) {
+    m_nextPiece = now + kPieceInterval;
     return std::string(kPieceBytes, '7');
   }
-  std::string message = std::move(messages_.front().text);
-  messages_.pop_front();
-  bytes_ -= message.size();
+  std::string message = std::move(m_messages.front().text);
+  m_messages.pop_front();
+  m_bytes -= message.size();
   return message;
 }
 
 std::optional<TimePoint> ResponseQueue::NextReady() const {
-  return messages_.empty() ? nextPiece_ : messages_.front().readyAt;
+  return m_messages.empty() ? m_nextPiece : m_messages.front().readyAt;
 }
 
 void ResponseQueue::Clear() {
-  messages_.clear();
-  bytes_ = 0;
+  m_messages.clear();
+  m_bytes = 0;
 }
 
 } // namespace portico::simulator

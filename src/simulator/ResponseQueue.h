@@ -19,7 +19,7 @@ public:
   static constexpr std::size_t kMostBytes = 4U << 20U;
 
   /// No more messages are to be added until one was taken. One message alone may be larger than the bound.
-  bool Full() const { return messages_.size() >= kMostMessages || bytes_ >= kMostBytes; }
+  bool Full() const { return m_messages.size() >= kMostMessages || m_bytes >= kMostBytes; }
 
   /// Adds a response message without its line feed, which is added here.
   void Push(std::string message, TimePoint now);
@@ -30,15 +30,15 @@ public:
   /// When the next Pop() may succeed, past or to come; none if there is nothing to take.
   std::optional<TimePoint> NextReady() const;
 
-  bool Empty() const { return messages_.empty(); }
+  bool Empty() const { return m_messages.empty(); }
   void Clear();
 
   /// The next message becomes ready this much later than it was made.
-  void DelayNext(Duration delay) { delay_ = delay; }
+  void DelayNext(Duration delay) { m_delay = delay; }
   /// While silent, answers are dropped.
-  void SetSilent(bool silent) { silent_ = silent; }
+  void SetSilent(bool silent) { m_silent = silent; }
   /// The next message never ends: it goes on in pieces, without a line feed, for as long as they are taken.
-  void MakeNextEndless() { nextIsEndless_ = true; }
+  void MakeNextEndless() { m_nextIsEndless = true; }
 
 private:
   struct Message {
@@ -46,12 +46,12 @@ private:
     TimePoint readyAt;
   };
 
-  std::deque<Message> messages_;
-  std::size_t bytes_ = 0;
-  Duration delay_{};
-  bool silent_ = false;
-  bool nextIsEndless_ = false;
-  std::optional<TimePoint> nextPiece_; ///< of the answer without end
+  std::deque<Message> m_messages;
+  std::size_t m_bytes = 0;
+  Duration m_delay{};
+  bool m_silent = false;
+  bool m_nextIsEndless = false;
+  std::optional<TimePoint> m_nextPiece; ///< of the answer without end
 };
 
 } // namespace portico::simulator

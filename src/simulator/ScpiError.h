@@ -50,13 +50,13 @@ std::string_view ErrorText(ErrorCode code);
 /// Thrown by whatever parses or carries out a command, and caught by the executor, which records it.
 class ScpiError : public std::exception {
 public:
-  explicit ScpiError(ErrorCode code) : code_(code) {}
+  explicit ScpiError(ErrorCode code) : m_code(code) {}
 
-  ErrorCode Code() const { return code_; }
-  const char* what() const noexcept override { return ErrorText(code_).data(); }
+  ErrorCode Code() const { return m_code; }
+  const char* what() const noexcept override { return ErrorText(m_code).data(); }
 
 private:
-  ErrorCode code_;
+  ErrorCode m_code;
 };
 
 } // namespace portico::simulator

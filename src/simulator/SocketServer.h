@@ -31,7 +31,7 @@ public:
   /// or what is not an address, and std::system_error if the operating system refuses.
   explicit SocketServer(Options options);
 
-  std::uint16_t Port() const { return port_; }
+  std::uint16_t Port() const { return m_port; }
   /// `127.0.0.1:5025` or `[::1]:5025`.
   std::string Endpoint() const;
 
@@ -47,13 +47,13 @@ private:
   std::optional<TimePoint> NextEvent() const;
   void Serve(TimePoint now, const std::vector<short>& events);
 
-  Options options_;
-  std::uint16_t port_ = 0;
-  FileDescriptor listener_;
-  FileDescriptor wakeUpReader_;
-  FileDescriptor wakeUpWriter_;
-  std::vector<std::unique_ptr<ClientConnection>> clients_;
-  TimePoint acceptAgain_{}; ///< after the system ran out of descriptors
+  Options m_options;
+  std::uint16_t m_port = 0;
+  FileDescriptor m_listener;
+  FileDescriptor m_wakeUpReader;
+  FileDescriptor m_wakeUpWriter;
+  std::vector<std::unique_ptr<ClientConnection>> m_clients;
+  TimePoint m_acceptAgain{}; ///< after the system ran out of descriptors
 };
 
 } // namespace portico::simulator

@@ -61,34 +61,34 @@ std::optional<timespec> Timeout(std::optional<TimePoint> next, TimePoint now) {
 
 } // namespace
 
-SocketServer::SocketServer(Options options) : options_(std::move(options)) {
-  if (!Instrument::Make(options_.device, options_.seed)) {
-    throw std::invalid_argument("'" + options_.device + "' is not a device; there are dmm, psu and scope");
+SocketServer::SocketServer(Options options) : m_options(std::move(options)) {
+  if (!Instrument::Make(m_options.device, m_options.seed)) {
+    throw std::invalid_argument("'" + m_options.device + "' is not a device; there are dmm, psu and scope");
   }
   std::array<int, 2> ends{};
   if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
     throw std::system_error(errno, std::generic_category(), "cannot make a pipe");
   }
-  wakeUpReader_ = FileDescriptor(ends[0]);
-  wakeUpWriter_ = FileDescriptor(ends[1]);
-  port_ = options_.port;
+  m_wakeUpReader = FileDescriptor(ends[0]);
+  m_wakeUpWriter = FileDescriptor(ends[1]);
+  m_port = m_options.port;
   Listen();
 }
 
 void SocketServer::Listen() {
-  const Addresses address = Resolve(options_.address, options_.port);
-  listener_ = FileDescriptor(socket(address->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-  if (listener_.IsOpen()) SetOption(listener_.Get(), SOL_SOCKET, SO_REUSEADDR);
-  if (!listener_.IsOpen() || bind(listener_.Get(), address->ai_addr, address->ai_addrlen) != 0 ||
-      listen(listener_.Get(), SOMAXCONN) != 0) {
+  const Addresses address = Resolve(m_options.address, m_options.port);
+  m_listener = FileDescriptor(socket(address->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+  if (m_listener.IsOpen()) SetOption(m_listener.Get(), SOL_SOCKET, SO_REUSEADDR);
+  if (!m_listener.IsOpen() || bind(m_listener.Get(), address->ai_addr, address->ai_addrlen) != 0 ||
+      listen(m_listener.Get(), SOMAXCONN) != 0) {
     throw std::system_error(errno, std::generic_category(), "cannot listen on " + Endpoint());
   }
-  port_ = BoundPort(listener_.Get());
+  m_port = BoundPort(m_listener.Get());
 }
 
 std::string SocketServer::Endpoint() const {
-  const bool ipv6 = options_.address.find(':') != std::string::npos;
-  return (ipv6 ? '[' + options_.address + ']' : options_.address) + ':' + std::to_string(port_);
+  const bool ipv6 = m_options.address.find(':') != std::string::npos;
+  return (ipv6 ? '[' + m_options.address + ']' : m_options.address) + ':' + std::to_string(m_port);
 }
 
 void SocketServer::Run() {
@@ -96,9 +96,9 @@ void SocketServer::Run() {
   std::vector<short> events;
   for (;;) {
     TimePoint now = std::chrono::steady_clock::now();
-    const bool accepting = clients_.size() < kMostClients && now >= acceptAgain_;
-    polled.assign({{wakeUpReader_.Get(), POLLIN, 0}, {accepting ? listener_.Get() : -1, POLLIN, 0}});
-    for (const auto& client : clients_) {
+    const bool accepting = m_clients.size() < kMostClients && now >= m_acceptAgain;
+    polled.assign({{m_wakeUpReader.Get(), POLLIN, 0}, {accepting ? m_listener.Get() : -1, POLLIN, 0}});
+    for (const auto& client : m_clients) {
       const int wanted = (client->WantsInput() ? POLLIN : 0) | (client->WantsOutput() ? POLLOUT : 0);
       polled.push_back({client->Descriptor(), static_cast<short>(wanted), 0});
     }
@@ -113,12 +113,12 @@ void SocketServer::Run() {
     Serve(now, events);
     if (polled[1].revents != 0) Accept(now);
   }
-  clients_.clear();
+  m_clients.clear();
 }
 
 void SocketServer::Serve(TimePoint now, const std::vector<short>& events) {
   for (std::size_t i = 0; i < events.size(); ++i) {
-    ClientConnection& client = *clients_[i];
+    ClientConnection& client = *m_clients[i];
     const auto next = client.NextEvent();
     if ((events[i] & POLLIN) != 0 || (events[i] & POLLOUT) != 0 || (next && *next <= now)) {
       client.Exchange((events[i] & POLLIN) != 0, now);
@@ -126,7 +126,7 @@ void SocketServer::Serve(TimePoint now, const std::vector<short>& events) {
       client.Abandon();
     }
   }
-  std::erase_if(clients_, [](const auto& client) { return client->Finished(); });
+  std::erase_if(m_clients, [](const auto& client) { return client->Finished(); });
 }
 
 std::optional<TimePoint> SocketServer::NextEvent() const {
@@ -134,30 +134,30 @@ std::optional<TimePoint> SocketServer::NextEvent() const {
   const auto consider = [&next](std::optional<TimePoint> event) {
     if (event && (!next || *event < *next)) next = event;
   };
-  for (const auto& client : clients_) consider(client->NextEvent());
-  if (acceptAgain_ > TimePoint{}) consider(acceptAgain_);
+  for (const auto& client : m_clients) consider(client->NextEvent());
+  if (m_acceptAgain > TimePoint{}) consider(m_acceptAgain);
   return next;
 }
 
 void SocketServer::Accept(TimePoint now) {
-  acceptAgain_ = {};
-  while (clients_.size() < kMostClients) {
-    FileDescriptor accepted(accept4(listener_.Get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+  m_acceptAgain = {};
+  while (m_clients.size() < kMostClients) {
+    FileDescriptor accepted(accept4(m_listener.Get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
     if (!accepted.IsOpen()) {
       const bool exhausted = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
-      if (exhausted) acceptAgain_ = now + kAcceptPause;
+      if (exhausted) m_acceptAgain = now + kAcceptPause;
       return;
     }
     SetOption(accepted.Get(), IPPROTO_TCP, TCP_NODELAY);
-    clients_.push_back(
-        std::make_unique<ClientConnection>(std::move(accepted), Instrument::Make(options_.device, options_.seed)));
+    m_clients.push_back(
+        std::make_unique<ClientConnection>(std::move(accepted), Instrument::Make(m_options.device, m_options.seed)));
   }
 }
 
 void SocketServer::Stop() noexcept {
   const int saved = errno;
   // A full pipe has woken the loop already.
-  [[maybe_unused]] const ssize_t written = write(wakeUpWriter_.Get(), "", 1);
+  [[maybe_unused]] const ssize_t written = write(m_wakeUpWriter.Get(), "", 1);
   errno = saved;
 }
 

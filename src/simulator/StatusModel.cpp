@@ -17,45 +17,45 @@ std::uint8_t EventOf(ErrorCode code) {
 } // namespace
 
 void StatusRegister::Set(std::uint16_t bits) {
-  const unsigned rising = bits & ~static_cast<unsigned>(condition_);
-  event_ = static_cast<std::uint16_t>(event_ | rising);
-  condition_ = static_cast<std::uint16_t>(condition_ | bits);
+  const unsigned rising = bits & ~static_cast<unsigned>(m_condition);
+  m_event = static_cast<std::uint16_t>(m_event | rising);
+  m_condition = static_cast<std::uint16_t>(m_condition | bits);
 }
 
 void StatusRegister::Clear(std::uint16_t bits) {
-  condition_ = static_cast<std::uint16_t>(condition_ & ~static_cast<unsigned>(bits));
+  m_condition = static_cast<std::uint16_t>(m_condition & ~static_cast<unsigned>(bits));
 }
 
-std::uint16_t StatusRegister::TakeEvent() { return std::exchange(event_, std::uint16_t{0}); }
+std::uint16_t StatusRegister::TakeEvent() { return std::exchange(m_event, std::uint16_t{0}); }
 
 void StatusModel::Raise(ErrorCode code) {
-  errors_.Push(code);
+  m_errors.Push(code);
   SetEvent(EventOf(code));
 }
 
-std::uint8_t StatusModel::TakeEvent() { return std::exchange(event_, std::uint8_t{0}); }
+std::uint8_t StatusModel::TakeEvent() { return std::exchange(m_event, std::uint8_t{0}); }
 
 std::uint8_t StatusModel::StatusByte(bool messageAvailable) const {
   unsigned byte = 0;
-  if (errors_.Size() > 0) byte |= 1U << 2U;
-  if (questionable_.Summary()) byte |= 1U << 3U;
+  if (m_errors.Size() > 0) byte |= 1U << 2U;
+  if (m_questionable.Summary()) byte |= 1U << 3U;
   if (messageAvailable) byte |= 1U << 4U;
-  if ((event_ & eventEnable_) != 0) byte |= 1U << 5U;
-  if (operation_.Summary()) byte |= 1U << 7U;
-  if ((byte & serviceEnable_) != 0) byte |= 1U << 6U;
+  if ((m_event & m_eventEnable) != 0) byte |= 1U << 5U;
+  if (m_operation.Summary()) byte |= 1U << 7U;
+  if ((byte & m_serviceEnable) != 0) byte |= 1U << 6U;
   return static_cast<std::uint8_t>(byte);
 }
 
 void StatusModel::Clear() {
-  errors_.Clear();
-  event_ = 0;
-  operation_.TakeEvent();
-  questionable_.TakeEvent();
+  m_errors.Clear();
+  m_event = 0;
+  m_operation.TakeEvent();
+  m_questionable.TakeEvent();
 }
 
 void StatusModel::Preset() {
-  operation_.SetEnable(0);
-  questionable_.SetEnable(0);
+  m_operation.SetEnable(0);
+  m_questionable.SetEnable(0);
 }
 
 } // namespace portico::simulator

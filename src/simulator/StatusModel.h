@@ -34,19 +34,19 @@ public:
   void Set(std::uint16_t bits);
   void Clear(std::uint16_t bits);
 
-  std::uint16_t Condition() const { return condition_; }
-  std::uint16_t Enable() const { return enable_; }
+  std::uint16_t Condition() const { return m_condition; }
+  std::uint16_t Enable() const { return m_enable; }
   /// Bit 15 is not used, so that the value is never negative for a client with 16-bit integers.
-  void SetEnable(std::uint16_t mask) { enable_ = mask & 0x7FFFU; }
+  void SetEnable(std::uint16_t mask) { m_enable = mask & 0x7FFFU; }
 
   /// The event register, which reading clears.
   std::uint16_t TakeEvent();
-  bool Summary() const { return (event_ & enable_) != 0; }
+  bool Summary() const { return (m_event & m_enable) != 0; }
 
 private:
-  std::uint16_t condition_ = 0;
-  std::uint16_t event_ = 0;
-  std::uint16_t enable_ = 0;
+  std::uint16_t m_condition = 0;
+  std::uint16_t m_event = 0;
+  std::uint16_t m_enable = 0;
 };
 
 /// The status reporting of IEEE 488.2 and SCPI-99, with the error queue.
@@ -55,15 +55,15 @@ public:
   /// Queues an error and sets its class's bit of the event register.
   void Raise(ErrorCode code);
 
-  void SetEvent(std::uint8_t bits) { event_ |= bits; }
+  void SetEvent(std::uint8_t bits) { m_event |= bits; }
   /// `*ESR?`: the event register, which reading clears.
   std::uint8_t TakeEvent();
 
-  std::uint8_t EventEnable() const { return eventEnable_; }
-  void SetEventEnable(std::uint8_t mask) { eventEnable_ = mask; }
-  std::uint8_t ServiceEnable() const { return serviceEnable_; }
+  std::uint8_t EventEnable() const { return m_eventEnable; }
+  void SetEventEnable(std::uint8_t mask) { m_eventEnable = mask; }
+  std::uint8_t ServiceEnable() const { return m_serviceEnable; }
   /// Bit 6, which is the summary itself, cannot be enabled.
-  void SetServiceEnable(std::uint8_t mask) { serviceEnable_ = mask & 0xBFU; }
+  void SetServiceEnable(std::uint8_t mask) { m_serviceEnable = mask & 0xBFU; }
 
   /// The status byte as `*STB?` reports it, with the master summary in bit 6.
   std::uint8_t StatusByte(bool messageAvailable) const;
@@ -73,17 +73,17 @@ public:
   /// `STATus:PRESet`: the masks of the two SCPI registers.
   void Preset();
 
-  ErrorQueue& Errors() { return errors_; }
-  StatusRegister& Operation() { return operation_; }
-  StatusRegister& Questionable() { return questionable_; }
+  ErrorQueue& Errors() { return m_errors; }
+  StatusRegister& Operation() { return m_operation; }
+  StatusRegister& Questionable() { return m_questionable; }
 
 private:
-  ErrorQueue errors_;
-  StatusRegister operation_;
-  StatusRegister questionable_;
-  std::uint8_t event_ = event::kPowerOn;
-  std::uint8_t eventEnable_ = 0;
-  std::uint8_t serviceEnable_ = 0;
+  ErrorQueue m_errors;
+  StatusRegister m_operation;
+  StatusRegister m_questionable;
+  std::uint8_t m_event = event::kPowerOn;
+  std::uint8_t m_eventEnable = 0;
+  std::uint8_t m_serviceEnable = 0;
 };
 
 } // namespace portico::simulator

@@ -26,34 +26,34 @@ void SystemCommands::AddTo(CommandTree& tree) {
   tree.Add(kTable, *this);
 }
 
-void SystemCommands::NextError(const Call& /*call*/) { executor_.Respond(status_.Errors().Pop()); }
+void SystemCommands::NextError(const Call& /*call*/) { m_executor.Respond(m_status.Errors().Pop()); }
 
-void SystemCommands::AllErrors(const Call& /*call*/) { executor_.Respond(status_.Errors().PopAll()); }
+void SystemCommands::AllErrors(const Call& /*call*/) { m_executor.Respond(m_status.Errors().PopAll()); }
 
-void SystemCommands::ErrorCount(const Call& /*call*/) { executor_.Respond(std::to_string(status_.Errors().Size())); }
+void SystemCommands::ErrorCount(const Call& /*call*/) { m_executor.Respond(std::to_string(m_status.Errors().Size())); }
 
-void SystemCommands::Version(const Call& /*call*/) { executor_.Respond("1999.0"); }
+void SystemCommands::Version(const Call& /*call*/) { m_executor.Respond("1999.0"); }
 
-void SystemCommands::PresetStatus(const Call& /*call*/) { status_.Preset(); }
+void SystemCommands::PresetStatus(const Call& /*call*/) { m_status.Preset(); }
 
 template <SystemCommands::RegisterOf Register>
 void SystemCommands::Event(const Call& /*call*/) {
-  executor_.Respond(std::to_string((status_.*Register)().TakeEvent()));
+  m_executor.Respond(std::to_string((m_status.*Register)().TakeEvent()));
 }
 
 template <SystemCommands::RegisterOf Register>
 void SystemCommands::Condition(const Call& /*call*/) {
-  executor_.Respond(std::to_string((status_.*Register)().Condition()));
+  m_executor.Respond(std::to_string((m_status.*Register)().Condition()));
 }
 
 template <SystemCommands::RegisterOf Register>
 void SystemCommands::SetEnable(const Call& call) {
-  (status_.*Register)().SetEnable(static_cast<std::uint16_t>(call.Integer(0, 0, 65535)));
+  (m_status.*Register)().SetEnable(static_cast<std::uint16_t>(call.Integer(0, 0, 65535)));
 }
 
 template <SystemCommands::RegisterOf Register>
 void SystemCommands::Enable(const Call& /*call*/) {
-  executor_.Respond(std::to_string((status_.*Register)().Enable()));
+  m_executor.Respond(std::to_string((m_status.*Register)().Enable()));
 }
 
 } // namespace portico::simulator

@@ -9,7 +9,7 @@ namespace portico::simulator {
 /// The SYSTem and STATus subsystems that SCPI-99 asks of every instrument.
 class SystemCommands {
 public:
-  SystemCommands(Executor& executor, StatusModel& status) : executor_(executor), status_(status) {}
+  SystemCommands(Executor& executor, StatusModel& status) : m_executor(executor), m_status(status) {}
 
   void AddTo(CommandTree& tree);
 
@@ -31,8 +31,8 @@ private:
   template <RegisterOf Register>
   void Enable(const Call& call);
 
-  Executor& executor_;
-  StatusModel& status_;
+  Executor& m_executor;
+  StatusModel& m_status;
 };
 
 } // namespace portico::simulator

@@ -31,7 +31,7 @@ ErrorCode Stray(char byte) {
 bool UnitParser::Next(Unit& unit) {
   SkipWhiteSpace();
   while (Skip(';')) SkipWhiteSpace();
-  if (rest_.empty()) return false;
+  if (m_rest.empty()) return false;
   ParseHeader(unit);
   ParseParameters(unit);
   return true;
@@ -39,17 +39,17 @@ bool UnitParser::Next(Unit& unit) {
 
 void UnitParser::ParseHeader(Unit& unit) {
   if (Peek() == '*') {
-    const std::string_view start = rest_;
-    rest_.remove_prefix(1);
+    const std::string_view start = m_rest;
+    m_rest.remove_prefix(1);
     const HeaderNode node = ParseNode();
     if (node.suffix) throw ScpiError(ErrorCode::UndefinedHeader);
     unit.header.assign(1, {start.substr(0, node.name.size() + 1), std::nullopt});
   } else {
-    if (Skip(':')) path_.clear();
-    unit.header = path_;
+    if (Skip(':')) m_path.clear();
+    unit.header = m_path;
     do unit.header.push_back(ParseNode());
     while (Skip(':'));
-    path_.assign(unit.header.begin(), unit.header.end() - 1);
+    m_path.assign(unit.header.begin(), unit.header.end() - 1);
   }
   unit.query = Skip('?');
   if (AtUnitEnd() || IsWhiteSpace(Peek())) return;
@@ -95,7 +95,7 @@ Parameter UnitParser::ParseParameter() {
 }
 
 Parameter UnitParser::ParseNumber() {
-  const std::string_view start = rest_;
+  const std::string_view start = m_rest;
   if (!Skip('+')) Skip('-');
   std::size_t digits = SkipDigits();
   if (Skip('.')) digits += SkipDigits();
@@ -103,20 +103,20 @@ Parameter UnitParser::ParseNumber() {
   if (digits > kMostDigits) throw ScpiError(ErrorCode::TooManyDigits);
 
   // An E is an exponent only if digits follow; otherwise it begins a unit such as EXHZ.
-  const std::string_view beforeExponent = rest_;
+  const std::string_view beforeExponent = m_rest;
   if (Skip('E') || Skip('e')) {
     if (!Skip('+')) Skip('-');
-    const std::string_view exponentStart = rest_;
+    const std::string_view exponentStart = m_rest;
     const std::size_t exponentDigits = SkipDigits();
     int exponent = 0;
     const auto result = std::from_chars(exponentStart.data(), exponentStart.data() + exponentDigits, exponent);
     if (exponentDigits == 0) {
-      rest_ = beforeExponent;
+      m_rest = beforeExponent;
     } else if (result.ec != std::errc() || exponent > kLargestExponent) {
       throw ScpiError(ErrorCode::ExponentTooLarge);
     }
   }
-  const std::string_view number = start.substr(0, start.size() - rest_.size());
+  const std::string_view number = start.substr(0, start.size() - m_rest.size());
   SkipWhiteSpace();
   const std::string_view unit = IsLetter(Peek()) ? TakeWhile(IsUnitByte) : std::string_view();
   if (unit.size() > kLongestMnemonic) throw ScpiError(ErrorCode::SuffixTooLong);
@@ -124,7 +124,7 @@ Parameter UnitParser::ParseNumber() {
 }
 
 Parameter UnitParser::ParseHashed() {
-  rest_.remove_prefix(1);
+  m_rest.remove_prefix(1);
   return IsDigit(Peek()) ? ParseBlock() : ParseNonDecimal();
 }
 
@@ -132,7 +132,7 @@ Parameter UnitParser::ParseNonDecimal() {
   const char letter = ToUpper(Peek());
   const int base = letter == 'H' ? 16 : letter == 'Q' ? 8 : letter == 'B' ? 2 : 0;
   if (base == 0) throw ScpiError(ErrorCode::InvalidBlockData);
-  rest_.remove_prefix(1);
+  m_rest.remove_prefix(1);
   const std::string_view digits = TakeWhile(IsMnemonicByte);
   std::uint64_t value = 0;
   const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value, base);
@@ -145,21 +145,21 @@ Parameter UnitParser::ParseNonDecimal() {
 
 Parameter UnitParser::ParseBlock() {
   const auto lengthDigits = static_cast<std::size_t>(Peek() - '0');
-  rest_.remove_prefix(1);
-  if (lengthDigits == 0) return {Parameter::Kind::Block, Take(rest_.size()), {}, 0};
-  const std::string_view text = Take(std::min(lengthDigits, rest_.size()));
+  m_rest.remove_prefix(1);
+  if (lengthDigits == 0) return {Parameter::Kind::Block, Take(m_rest.size()), {}, 0};
+  const std::string_view text = Take(std::min(lengthDigits, m_rest.size()));
   std::size_t length = 0;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), length);
   const bool valid = text.size() == lengthDigits && result.ptr == text.data() + text.size();
-  if (!valid || length > rest_.size()) throw ScpiError(ErrorCode::InvalidBlockData);
+  if (!valid || length > m_rest.size()) throw ScpiError(ErrorCode::InvalidBlockData);
   return {Parameter::Kind::Block, Take(length), {}, 0};
 }
 
 Parameter UnitParser::ParseString() {
   const char quote = Peek();
-  std::size_t end = rest_.find(quote, 1);
-  while (end != std::string_view::npos && end + 1 < rest_.size() && rest_[end + 1] == quote) {
-    end = rest_.find(quote, end + 2);
+  std::size_t end = m_rest.find(quote, 1);
+  while (end != std::string_view::npos && end + 1 < m_rest.size() && m_rest[end + 1] == quote) {
+    end = m_rest.find(quote, end + 2);
   }
   if (end == std::string_view::npos) throw ScpiError(ErrorCode::InvalidStringData);
   const std::string_view quoted = Take(end + 1);
@@ -173,14 +173,14 @@ Parameter UnitParser::ParseCharacter() {
 }
 
 Parameter UnitParser::ParseExpression() {
-  const std::size_t end = rest_.find(')');
+  const std::size_t end = m_rest.find(')');
   if (end == std::string_view::npos) throw ScpiError(ErrorCode::ExpressionError);
   return {Parameter::Kind::Expression, Take(end + 1), {}, 0};
 }
 
 bool UnitParser::Skip(char byte) {
-  if (rest_.empty() || rest_.front() != byte) return false;
-  rest_.remove_prefix(1);
+  if (m_rest.empty() || m_rest.front() != byte) return false;
+  m_rest.remove_prefix(1);
   return true;
 }
 
@@ -189,15 +189,15 @@ void UnitParser::SkipWhiteSpace() { TakeWhile(IsWhiteSpace); }
 std::size_t UnitParser::SkipDigits() { return TakeWhile(IsDigit).size(); }
 
 std::string_view UnitParser::Take(std::size_t count) {
-  const std::string_view taken = rest_.substr(0, count);
-  rest_.remove_prefix(count);
+  const std::string_view taken = m_rest.substr(0, count);
+  m_rest.remove_prefix(count);
   return taken;
 }
 
 template <class Predicate>
 std::string_view UnitParser::TakeWhile(Predicate predicate) {
-  const auto end = std::find_if_not(rest_.begin(), rest_.end(), predicate);
-  return Take(static_cast<std::size_t>(end - rest_.begin()));
+  const auto end = std::find_if_not(m_rest.begin(), m_rest.end(), predicate);
+  return Take(static_cast<std::size_t>(end - m_rest.begin()));
 }
 
 } // namespace portico::simulator

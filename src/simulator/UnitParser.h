@@ -39,7 +39,7 @@ class UnitParser {
 public:
   UnitParser() = default;
   /// `message` must outlive the parser and the units.
-  explicit UnitParser(std::string_view message) : rest_(message) {}
+  explicit UnitParser(std::string_view message) : m_rest(message) {}
 
   /// Parses the next unit; false at the end of the message. Throws ScpiError, after which the rest is of no use.
   bool Next(Unit& unit);
@@ -57,8 +57,8 @@ private:
   Parameter ParseCharacter();
   Parameter ParseExpression();
 
-  char Peek() const { return rest_.empty() ? '\n' : rest_.front(); }
-  bool AtUnitEnd() const { return rest_.empty() || rest_.front() == ';'; }
+  char Peek() const { return m_rest.empty() ? '\n' : m_rest.front(); }
+  bool AtUnitEnd() const { return m_rest.empty() || m_rest.front() == ';'; }
   bool Skip(char byte);
   void SkipWhiteSpace();
   std::size_t SkipDigits();
@@ -66,8 +66,8 @@ private:
   template <class Predicate>
   std::string_view TakeWhile(Predicate predicate);
 
-  std::string_view rest_;
-  std::vector<HeaderNode> path_;
+  std::string_view m_rest;
+  std::vector<HeaderNode> m_path;
 };
 
 } // namespace portico::simulator

@@ -37,16 +37,16 @@ bool Holds(std::string_view bytes, char byte) { return bytes.find(byte) != kNone
 } // namespace
 
 MessageReader::MessageReader(Termination termination)
-    : last_(LastByte(termination)),
-      first_(FirstByte(termination)),
-      firstRequired_(first_ != '\0' && termination != Termination::Auto) {}
+    : m_last(LastByte(termination)),
+      m_first(FirstByte(termination)),
+      m_firstRequired(m_first != '\0' && termination != Termination::Auto) {}
 
 std::size_t MessageReader::Feed(std::string_view bytes) {
-  if (complete_ || bytes.empty()) return 0;
+  if (m_complete || bytes.empty()) return 0;
   if (const std::size_t taken = FeedPlain(bytes); taken != kNone) return taken;
   std::size_t position = 0;
-  while (position < bytes.size() && !complete_) {
-    if (state_ == State::BlockData) {
+  while (position < bytes.size() && !m_complete) {
+    if (m_state == State::BlockData) {
       position += SkipBlockData(bytes.size() - position);
     } else {
       Step(bytes[position++]);
@@ -56,63 +56,64 @@ std::size_t MessageReader::Feed(std::string_view bytes) {
 }
 
 std::size_t MessageReader::FeedPlain(std::string_view bytes) {
-  if (state_ == State::BlockDigitCount || state_ == State::BlockLength || state_ == State::BlockData) return kNone;
+  if (m_state == State::BlockDigitCount || m_state == State::BlockLength || m_state == State::BlockData) return kNone;
   const std::size_t end = FindTerminator(bytes);
   if (Holds(bytes.substr(0, end), '#')) return kNone;
   if (end != kNone) {
-    Finish(end == 0 ? previous_ : bytes[end - 1]);
+    Finish(end == 0 ? m_previous : bytes[end - 1]);
     return end + 1;
   }
-  if (state_ != State::ElementStart && state_ != State::Element) return kNone;
+  if (m_state != State::ElementStart && m_state != State::Element) return kNone;
   if (Holds(bytes, '"') || Holds(bytes, '\'')) return kNone;
-  previous_ = bytes.back();
-  state_ = IsSeparator(previous_) ? State::ElementStart : State::Element;
+  m_previous = bytes.back();
+  m_state = IsSeparator(m_previous) ? State::ElementStart : State::Element;
   return bytes.size();
 }
 
 std::size_t MessageReader::FindTerminator(std::string_view bytes) const {
-  std::size_t end = bytes.find(last_);
-  while (end != kNone && !EndsMessage(last_, end == 0 ? previous_ : bytes[end - 1])) end = bytes.find(last_, end + 1);
+  std::size_t end = bytes.find(m_last);
+  while (end != kNone && !EndsMessage(m_last, end == 0 ? m_previous : bytes[end - 1]))
+    end = bytes.find(m_last, end + 1);
   return end;
 }
 
 bool MessageReader::EndsMessage(char byte, char before) const {
-  return byte == last_ && (!firstRequired_ || before == first_);
+  return byte == m_last && (!m_firstRequired || before == m_first);
 }
 
 void MessageReader::Finish(char before) {
-  complete_ = true;
-  terminatorLength_ = first_ != '\0' && before == first_ ? 2 : 1;
+  m_complete = true;
+  m_terminatorLength = m_first != '\0' && before == m_first ? 2 : 1;
 }
 
 std::size_t MessageReader::SkipBlockData(std::size_t available) {
-  const std::uint64_t skipped = std::min<std::uint64_t>(blockBytesLeft_, available);
-  blockBytesLeft_ -= skipped;
-  if (blockBytesLeft_ == 0) state_ = State::Element;
+  const std::uint64_t skipped = std::min<std::uint64_t>(m_blockBytesLeft, available);
+  m_blockBytesLeft -= skipped;
+  if (m_blockBytesLeft == 0) m_state = State::Element;
   // A carriage return that ends the data is no part of the terminator behind the block.
-  previous_ = '\0';
+  m_previous = '\0';
   return static_cast<std::size_t>(skipped);
 }
 
 void MessageReader::Step(char byte) {
-  if (EndsMessage(byte, previous_)) {
-    Finish(previous_);
+  if (EndsMessage(byte, m_previous)) {
+    Finish(m_previous);
     return;
   }
-  state_ = NextState(byte);
-  previous_ = byte;
+  m_state = NextState(byte);
+  m_previous = byte;
 }
 
 MessageReader::State MessageReader::NextState(char byte) {
-  switch (state_) {
+  switch (m_state) {
   case State::ElementStart:
     return StartElement(byte);
   case State::Element:
     return IsSeparator(byte) ? State::ElementStart : State::Element;
   case State::String:
-    return byte == quote_ ? State::StringEnd : State::String;
+    return byte == m_quote ? State::StringEnd : State::String;
   case State::StringEnd:
-    if (byte == quote_) return State::String;
+    if (byte == m_quote) return State::String;
     return IsSeparator(byte) ? State::ElementStart : State::Element;
   case State::BlockDigitCount:
     return StartBlock(byte);
@@ -122,30 +123,30 @@ MessageReader::State MessageReader::NextState(char byte) {
   case State::IndefiniteBlock:
     break;
   }
-  return state_;
+  return m_state;
 }
 
 MessageReader::State MessageReader::StartElement(char byte) {
   if (byte == '#') return State::BlockDigitCount;
   if (IsSeparator(byte)) return State::ElementStart;
   if (byte != '"' && byte != '\'') return State::Element;
-  quote_ = byte;
+  m_quote = byte;
   return State::String;
 }
 
 MessageReader::State MessageReader::StartBlock(char byte) {
   if (byte == '0') return State::IndefiniteBlock;
   if (!IsDigit(byte)) return IsSeparator(byte) ? State::ElementStart : State::Element;
-  lengthDigitsLeft_ = DigitValue(byte);
-  blockBytesLeft_ = 0;
+  m_lengthDigitsLeft = DigitValue(byte);
+  m_blockBytesLeft = 0;
   return State::BlockLength;
 }
 
 MessageReader::State MessageReader::ReadBlockLength(char byte) {
   if (!IsDigit(byte)) return IsSeparator(byte) ? State::ElementStart : State::Element;
-  blockBytesLeft_ = blockBytesLeft_ * 10 + DigitValue(byte);
-  if (--lengthDigitsLeft_ > 0) return State::BlockLength;
-  return blockBytesLeft_ > 0 ? State::BlockData : State::Element;
+  m_blockBytesLeft = m_blockBytesLeft * 10 + DigitValue(byte);
+  if (--m_lengthDigitsLeft > 0) return State::BlockLength;
+  return m_blockBytesLeft > 0 ? State::BlockData : State::Element;
 }
 
 } // namespace portico::wire

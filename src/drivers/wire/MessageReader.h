@@ -23,12 +23,12 @@ public:
   std::size_t Feed(std::string_view bytes);
 
   /// The transport says that the message ends here, with or without terminator.
-  void End() { complete_ = true; }
+  void End() { m_complete = true; }
 
-  bool Complete() const { return complete_; }
+  bool Complete() const { return m_complete; }
 
   /// How many of the message's last bytes are its terminator: 0 before it is complete.
-  std::size_t TerminatorLength() const { return terminatorLength_; }
+  std::size_t TerminatorLength() const { return m_terminatorLength; }
 
 private:
   enum class State : std::uint8_t {
@@ -57,18 +57,18 @@ private:
   State ReadBlockLength(char byte);
 
   /// The terminator's last byte, the one before it (0 if there is none), and whether that one has to be there.
-  const char last_;
-  const char first_;
-  const bool firstRequired_;
+  const char m_last;
+  const char m_first;
+  const bool m_firstRequired;
 
-  State state_ = State::ElementStart;
-  bool complete_ = false;
-  char quote_ = 0;
+  State m_state = State::ElementStart;
+  bool m_complete = false;
+  char m_quote = 0;
   /// The byte before the next one; 0 if that is the message's first or stands behind a block.
-  char previous_ = 0;
-  unsigned lengthDigitsLeft_ = 0;
-  std::uint64_t blockBytesLeft_ = 0;
-  std::size_t terminatorLength_ = 0;
+  char m_previous = 0;
+  unsigned m_lengthDigitsLeft = 0;
+  std::uint64_t m_blockBytesLeft = 0;
+  std::size_t m_terminatorLength = 0;
 };
 
 } // namespace portico::wire

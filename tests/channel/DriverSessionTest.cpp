@@ -3,7 +3,6 @@
 namespace portico {
 namespace {
 
-using test::BufferSize;
 using test::Calls;
 using test::DriverSessionTest;
 using ::testing::Contains;

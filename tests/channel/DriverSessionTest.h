@@ -35,7 +35,7 @@ protected:
   }
 
   /// The text is followed by a zero byte, as the driver's contract has it.
-  static std::string Terminated(std::string text) { return text + '\0'; }
+  static std::string Terminated(const std::string& text) { return text + '\0'; }
 
   static void ExpectSuccess(const Ref<IResponse>& response, StringView data) {
     EXPECT_EQ(response->ErrorCode(), 0);

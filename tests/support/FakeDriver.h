@@ -74,7 +74,7 @@ public:
   }
 
 private:
-  static std::string Arguments(std::vector<std::int32_t> numbers, const std::optional<std::string>& text = {}) {
+  static std::string Arguments(const std::vector<std::int32_t>& numbers, const std::optional<std::string>& text = {}) {
     std::string list;
     for (const std::int32_t number : numbers) list += (list.empty() ? "" : ",") + std::to_string(number);
     return "(" + list + (text ? "," + *text : "") + ")";

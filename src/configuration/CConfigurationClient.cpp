@@ -34,8 +34,8 @@ constexpr std::array<std::pair<StringView, StringView>, 6> FreshItems = {{
 } // namespace
 
 CConfigurationClient::CConfigurationClient() try : m_store(gSettingsStore) {
-  if (!m_store) RaiseUnsetReference();
   SetGlobalConfigurationServer();
+  if (!m_store) RaiseUnsetReference();
   RestoreConfiguration();
 } catch (...) {
   FailConstruction(u"CConfigurationClient.Class_Initialize");

@@ -8,6 +8,9 @@
 namespace portico::simulator {
 namespace {
 
+/// What a message in the queue costs besides its characters.
+constexpr std::size_t kQueuedMessageBytes = sizeof(std::string);
+
 /// After a command or query error the rest of the message is not to be trusted, or not to be answered. An execution
 /// error fails its own unit only.
 bool AbandonsMessage(ErrorCode code) {
@@ -21,7 +24,7 @@ Executor::Executor(const CommandTree& commands, StatusModel& status, ResponseQue
     : m_commands(commands), m_status(status), m_responses(responses) {}
 
 void Executor::Submit(std::string message) {
-  m_inputBytes += message.size() + sizeof message;
+  m_inputBytes += message.size() + kQueuedMessageBytes;
   m_input.push_back(std::move(message));
 }
 
@@ -57,7 +60,7 @@ bool Executor::BeginMessage() {
   if (m_halted || m_input.empty() || m_responses.Full()) return false;
   m_message = std::move(m_input.front());
   m_input.pop_front();
-  m_inputBytes -= m_message->size() + sizeof(std::string);
+  m_inputBytes -= m_message->size() + kQueuedMessageBytes;
   m_parser = UnitParser(*m_message);
   return true;
 }

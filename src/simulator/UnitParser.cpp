@@ -47,8 +47,9 @@ void UnitParser::ParseHeader(Unit& unit) {
   } else {
     if (Skip(':')) m_path.clear();
     unit.header = m_path;
-    do unit.header.push_back(ParseNode());
-    while (Skip(':'));
+    do {
+      unit.header.push_back(ParseNode());
+    } while (Skip(':'));
     m_path.assign(unit.header.begin(), unit.header.end() - 1);
   }
   unit.query = Skip('?');

@@ -12,8 +12,8 @@ void FaultMonitor::Begin() {
 void FaultMonitor::Update(const Ref<IObject>& Subject) {
   const auto report = Cast<IReport>(Subject);
   const std::int32_t code = report->GetErrorCode();
-  if (code == ErrorNumber::InstructionComplete || code == ErrorNumber::SendNextInstruction)
-    return; // marks, no failures
+  const bool mark = code == ErrorNumber::InstructionComplete || code == ErrorNumber::SendNextInstruction;
+  if (mark) return; // no failure
   if (code != 0) m_driverFailures.push_back(report->GetErrorMessage());
   const String command = report->GetCommand();
   if (command == u"CWriteCmd") m_lastAnswer.reset();

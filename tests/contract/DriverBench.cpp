@@ -14,43 +14,43 @@ namespace {
 class SocketBench final : public DriverBench {
 public:
   SocketBench(InstrumentScript script, std::chrono::milliseconds timeout)
-      : server_(std::move(script)), driver_(StandardTransports({}, clock_), {clock_, timeout, &observer}) {}
+      : m_server(std::move(script)), m_driver(StandardTransports({}, m_clock), {m_clock, timeout, &observer}) {}
 
-  IInstrumentDriver& Driver() override { return driver_; }
-  std::string Name() const override { return server_.ResourceName(); }
+  IInstrumentDriver& Driver() override { return m_driver; }
+  std::string Name() const override { return m_server.ResourceName(); }
   std::string CanonicalName() const override {
-    return "TCPIP0::127.0.0.1::" + std::to_string(server_.Port()) + "::SOCKET";
+    return "TCPIP0::127.0.0.1::" + std::to_string(m_server.Port()) + "::SOCKET";
   }
   std::string ReceivedUpTo(const std::string& bytes) override {
-    server_.WaitForReceived(bytes);
-    return server_.Received();
+    m_server.WaitForReceived(bytes);
+    return m_server.Received();
   }
 
 private:
-  ScriptedServer server_;
-  SteadyClock clock_;
-  InstrumentDriver driver_;
+  ScriptedServer m_server;
+  SteadyClock m_clock;
+  InstrumentDriver m_driver;
 };
 
 class SimulatedBench final : public DriverBench {
 public:
   SimulatedBench(InstrumentScript script, std::chrono::milliseconds timeout)
-      : driver_(StandardTransports(
-                    [this, script = std::move(script)](const std::string&) {
-                      return std::make_unique<ScriptedInstrument>(script, received_);
-                    },
-                    clock_),
-                {clock_, timeout, &observer}) {}
+      : m_driver(StandardTransports(
+                     [this, script = std::move(script)](const std::string&) {
+                       return std::make_unique<ScriptedInstrument>(script, m_received);
+                     },
+                     m_clock),
+                 {m_clock, timeout, &observer}) {}
 
-  IInstrumentDriver& Driver() override { return driver_; }
+  IInstrumentDriver& Driver() override { return m_driver; }
   std::string Name() const override { return "sim::dmm::instr"; }
   std::string CanonicalName() const override { return "SIM::dmm::INSTR"; }
-  std::string ReceivedUpTo(const std::string& /*bytes*/) override { return received_; }
+  std::string ReceivedUpTo(const std::string& /*bytes*/) override { return m_received; }
 
 private:
-  ManualClock clock_;
-  std::string received_;
-  InstrumentDriver driver_;
+  ManualClock m_clock;
+  std::string m_received;
+  InstrumentDriver m_driver;
 };
 
 template <typename Bench>

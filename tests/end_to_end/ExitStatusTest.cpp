@@ -48,7 +48,6 @@ TEST(ExitStatus, TimeoutIs4) {
 }
 
 TEST(ExitStatus, OutputThatCannotBeWrittenIs5) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "this machine has no full device";
   Process process({"/bin/sh", "-c", "exec \"$0\" \"$@\" > /dev/full", PORTICO_RUN, kSimulated});
   process.Write("*CLS\n");
   const Outcome outcome = process.Wait();

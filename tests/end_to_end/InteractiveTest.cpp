@@ -49,7 +49,7 @@ TEST(Interactive, BadLineEndsTheRunBehindTheLinesBeforeIt) {
 }
 
 TEST(Interactive, BadLineEndsTheRunThoughTheInputIsOpen) {
-  const ScriptedServer server({});
+  ScriptedServer server({});
   Process process(PorticoRun(kBare + Arguments{server.ResourceName()}));
   server.Send({}); // waits for the connection
   process.Write("\xFF\n");

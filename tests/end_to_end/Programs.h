@@ -35,19 +35,41 @@ inline Outcome RunPortico(const Arguments& arguments, std::string_view input = {
   return process.Wait();
 }
 
+/// portico-sim on a free port of this machine, for as long as the object lives.
+class SimulatorProgram {
+public:
+  explicit SimulatorProgram(const Arguments& arguments = {})
+      : m_process(Arguments{PORTICO_SIM, "--port", "0"} + arguments) {
+    m_process.WaitForOutput("listening on ");
+    m_address = m_process.ReadLine();
+  }
+
+  /// As it was printed, "ADDR:PORT".
+  const std::string& Address() const { return m_address; }
+  std::string ResourceName() const {
+    const auto colon = m_address.rfind(':');
+    return "TCPIP::" + m_address.substr(0, colon) + "::" + m_address.substr(colon + 1) + "::SOCKET";
+  }
+  Process& Program() { return m_process; }
+
+private:
+  Process m_process;
+  std::string m_address;
+};
+
 /// Command files of one test.
 class CommandFiles {
 public:
-  CommandFiles() { std::filesystem::create_directories(folder_); }
-  ~CommandFiles() { std::filesystem::remove_all(folder_); }
+  CommandFiles() { std::filesystem::create_directories(m_folder); }
+  ~CommandFiles() { std::filesystem::remove_all(m_folder); }
   CommandFiles(const CommandFiles&) = delete;
   CommandFiles& operator=(const CommandFiles&) = delete;
 
-  std::string Folder() const { return folder_; }
+  std::string Folder() const { return m_folder; }
 
   /// Writes the file and answers its path.
   std::string Add(const std::string& name, const std::string& bytes) const {
-    const std::string path = folder_ / name;
+    const std::string path = m_folder / name;
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
   }
@@ -63,7 +85,7 @@ private:
   }
 
   // Tests run side by side, each in a process of its own.
-  const std::filesystem::path folder_ = std::filesystem::path(testing::TempDir()) / TestName();
+  const std::filesystem::path m_folder = std::filesystem::path(testing::TempDir()) / TestName();
 };
 
 /// The whole text but for the lines that begin with the mark.

@@ -21,35 +21,35 @@ public:
         {"OUTPut<1-3>[:STATe]", &Recorder::Output, 0, 0},
         {"[SOURce<1-2>:]MARKer<1-4>:LEVel", &Recorder::Marker},
     };
-    tree_.Add(kTable, *this);
+    m_tree.Add(kTable, *this);
   }
 
   std::string Invoke(std::string_view message) {
-    called_.clear();
+    m_called.clear();
     UnitParser parser(message);
     Unit unit;
     parser.Next(unit);
     try {
-      tree_.Invoke(unit);
+      m_tree.Invoke(unit);
     } catch (const ScpiError& error) {
-      EXPECT_EQ(called_, "");
+      EXPECT_EQ(m_called, "");
       return std::to_string(static_cast<int>(error.Code()));
     }
-    return called_;
+    return m_called;
   }
 
 private:
-  void Test(const Call& /*call*/) { called_ = "test"; }
-  void Range(const Call& /*call*/) { called_ = "range"; }
-  void RangeQuery(const Call& /*call*/) { called_ = "range?"; }
-  void AcRange(const Call& /*call*/) { called_ = "ac range"; }
-  void Output(const Call& call) { called_ = "output " + std::to_string(call.Suffix(0)); }
+  void Test(const Call& /*call*/) { m_called = "test"; }
+  void Range(const Call& /*call*/) { m_called = "range"; }
+  void RangeQuery(const Call& /*call*/) { m_called = "range?"; }
+  void AcRange(const Call& /*call*/) { m_called = "ac range"; }
+  void Output(const Call& call) { m_called = "output " + std::to_string(call.Suffix(0)); }
   void Marker(const Call& call) {
-    called_ = "marker " + std::to_string(call.Suffix(0)) + ' ' + std::to_string(call.Suffix(1));
+    m_called = "marker " + std::to_string(call.Suffix(0)) + ' ' + std::to_string(call.Suffix(1));
   }
 
-  CommandTree tree_;
-  std::string called_;
+  CommandTree m_tree;
+  std::string m_called;
 };
 
 TEST(CommandTree, FindsEveryFormOfAHeader) {

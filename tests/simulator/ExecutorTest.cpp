@@ -22,38 +22,38 @@ protected:
         {"ECHO?", &ExecutorTest::Echo, 1, 1}, {"FAIL?", &ExecutorTest::Fail},    {"DONE?", &ExecutorTest::Done},
         {"BIG?", &ExecutorTest::Big},         {"REPort", &ExecutorTest::Report},
     };
-    tree_.Add(kTable, *this);
-    executor_.Run(kStart);
+    m_tree.Add(kTable, *this);
+    m_executor.Run(kStart);
   }
 
   void Submit(const char* message) {
-    executor_.Submit(message);
-    executor_.Run(now_);
+    m_executor.Submit(message);
+    m_executor.Run(m_now);
   }
-  std::string Pop() { return responses_.Pop(now_).value_or("(none)"); }
-  std::string Error() { return status_.Errors().Pop(); }
-  void Advance(milliseconds time) { executor_.Run(now_ += time); }
+  std::string Pop() { return m_responses.Pop(m_now).value_or("(none)"); }
+  std::string Error() { return m_status.Errors().Pop(); }
+  void Advance(milliseconds time) { m_executor.Run(m_now += time); }
 
-  StatusModel status_;
-  ResponseQueue responses_;
-  CommandTree tree_;
-  Executor executor_{tree_, status_, responses_};
-  TimePoint now_ = kStart;
-  int done_ = 0;
+  StatusModel m_status;
+  ResponseQueue m_responses;
+  CommandTree m_tree;
+  Executor m_executor{m_tree, m_status, m_responses};
+  TimePoint m_now = kStart;
+  int m_done = 0;
 
 private:
   void Start(const Call& /*call*/) {
-    executor_.StartOperation(milliseconds(10), operation::kMeasuring, [this] { ++done_; });
+    m_executor.StartOperation(milliseconds(10), operation::kMeasuring, [this] { ++m_done; });
   }
-  void Cancel(const Call& /*call*/) { executor_.CancelOperation(); }
+  void Cancel(const Call& /*call*/) { m_executor.CancelOperation(); }
   void Hold(const Call& /*call*/) {
-    executor_.WhenIdle([this] { executor_.Respond("held"); });
+    m_executor.WhenIdle([this] { m_executor.Respond("held"); });
   }
-  void Echo(const Call& call) { executor_.Respond(call.String(0)); }
+  void Echo(const Call& call) { m_executor.Respond(call.String(0)); }
   void Fail(const Call& /*call*/) { throw ScpiError(ErrorCode::DataOutOfRange); }
-  void Done(const Call& /*call*/) { executor_.Respond(std::to_string(done_)); }
-  void Big(const Call& /*call*/) { executor_.Respond(std::string(Executor::kLongestResponse / 2, 'x')); }
-  void Report(const Call& /*call*/) { executor_.ReportCompletion(); }
+  void Done(const Call& /*call*/) { m_executor.Respond(std::to_string(m_done)); }
+  void Big(const Call& /*call*/) { m_executor.Respond(std::string(Executor::kLongestResponse / 2, 'x')); }
+  void Report(const Call& /*call*/) { m_executor.ReportCompletion(); }
 };
 
 TEST_F(ExecutorTest, JoinsTheAnswersOfAMessage) {
@@ -86,15 +86,15 @@ TEST_F(ExecutorTest, AnExecutionErrorFailsItsUnitOnly) {
 
 TEST_F(ExecutorTest, AnOperationEndsInItsTime) {
   Submit("STAR");
-  EXPECT_TRUE(executor_.OperationPending());
-  EXPECT_EQ(executor_.OperationEnd(), kStart + milliseconds(10));
-  EXPECT_EQ(status_.Operation().Condition(), operation::kMeasuring);
+  EXPECT_TRUE(m_executor.OperationPending());
+  EXPECT_EQ(m_executor.OperationEnd(), kStart + milliseconds(10));
+  EXPECT_EQ(m_status.Operation().Condition(), operation::kMeasuring);
   Advance(milliseconds(9));
-  EXPECT_EQ(done_, 0);
+  EXPECT_EQ(m_done, 0);
   Advance(milliseconds(1));
-  EXPECT_EQ(done_, 1);
-  EXPECT_FALSE(executor_.OperationPending());
-  EXPECT_EQ(status_.Operation().Condition(), 0);
+  EXPECT_EQ(m_done, 1);
+  EXPECT_FALSE(m_executor.OperationPending());
+  EXPECT_EQ(m_status.Operation().Condition(), 0);
 }
 
 TEST_F(ExecutorTest, CommandsOverlapAnOperationUntilOneNeedsItsEnd) {
@@ -103,26 +103,26 @@ TEST_F(ExecutorTest, CommandsOverlapAnOperationUntilOneNeedsItsEnd) {
   Submit("HOLD?;DONE?");
   Submit("ECHO? 'b'");
   EXPECT_EQ(Pop(), "(none)");
-  EXPECT_GT(executor_.InputBytes(), 0U);
+  EXPECT_GT(m_executor.InputBytes(), 0U);
   Advance(milliseconds(10));
   EXPECT_EQ(Pop(), "held;1\n");
   EXPECT_EQ(Pop(), "b\n");
-  EXPECT_EQ(executor_.InputBytes(), 0U);
+  EXPECT_EQ(m_executor.InputBytes(), 0U);
 }
 
 TEST_F(ExecutorTest, OperationsInARowFollowEachOtherHoweverLateTheCall) {
   Submit("STAR;HOLD?;STAR;HOLD?;STAR");
   Advance(milliseconds(25));
-  EXPECT_EQ(done_, 2);
-  EXPECT_EQ(executor_.OperationEnd(), kStart + milliseconds(30));
+  EXPECT_EQ(m_done, 2);
+  EXPECT_EQ(m_executor.OperationEnd(), kStart + milliseconds(30));
 }
 
 TEST_F(ExecutorTest, ACancelledOperationHasNoResults) {
   Submit("STAR;CANC;HOLD?");
   EXPECT_EQ(Pop(), "held\n");
   Advance(milliseconds(20));
-  EXPECT_EQ(done_, 0);
-  EXPECT_EQ(status_.Operation().Condition(), 0);
+  EXPECT_EQ(m_done, 0);
+  EXPECT_EQ(m_status.Operation().Condition(), 0);
 }
 
 TEST_F(ExecutorTest, ANewOperationReplacesThePendingOne) {
@@ -130,20 +130,20 @@ TEST_F(ExecutorTest, ANewOperationReplacesThePendingOne) {
   Advance(milliseconds(5));
   Submit("STAR");
   Advance(milliseconds(9));
-  EXPECT_EQ(done_, 0);
+  EXPECT_EQ(m_done, 0);
   Advance(milliseconds(1));
-  EXPECT_EQ(done_, 1);
+  EXPECT_EQ(m_done, 1);
 }
 
 TEST_F(ExecutorTest, ReportsCompletionOnce) {
-  status_.TakeEvent();
+  m_status.TakeEvent();
   Submit("STAR;REP");
-  EXPECT_EQ(status_.TakeEvent(), 0);
+  EXPECT_EQ(m_status.TakeEvent(), 0);
   Advance(milliseconds(10));
-  EXPECT_EQ(status_.TakeEvent(), event::kOperationComplete);
+  EXPECT_EQ(m_status.TakeEvent(), event::kOperationComplete);
   Submit("STAR");
   Advance(milliseconds(10));
-  EXPECT_EQ(status_.TakeEvent(), 0);
+  EXPECT_EQ(m_status.TakeEvent(), 0);
 }
 
 TEST_F(ExecutorTest, AResponseBeyondAllMeasureIsDeadlocked) {
@@ -156,20 +156,20 @@ TEST_F(ExecutorTest, AResponseBeyondAllMeasureIsDeadlocked) {
 
 TEST_F(ExecutorTest, FullOutputHoldsTheInput) {
   for (std::size_t i = 0; i < ResponseQueue::kMostMessages + 1; ++i) Submit("ECHO? 'a'");
-  EXPECT_TRUE(executor_.HeldByOutput());
-  EXPECT_GT(executor_.InputBytes(), 0U);
+  EXPECT_TRUE(m_executor.HeldByOutput());
+  EXPECT_GT(m_executor.InputBytes(), 0U);
   EXPECT_EQ(Pop(), "a\n");
-  executor_.Run(now_);
-  EXPECT_EQ(executor_.InputBytes(), 0U);
+  m_executor.Run(m_now);
+  EXPECT_EQ(m_executor.InputBytes(), 0U);
   EXPECT_EQ(Error(), "0,\"No error\"");
 }
 
 TEST_F(ExecutorTest, AnUnreadAnswerIsAvailable) {
-  EXPECT_FALSE(executor_.MessageAvailable());
+  EXPECT_FALSE(m_executor.MessageAvailable());
   Submit("ECHO? 'a'");
-  EXPECT_TRUE(executor_.MessageAvailable());
+  EXPECT_TRUE(m_executor.MessageAvailable());
   Pop();
-  EXPECT_FALSE(executor_.MessageAvailable());
+  EXPECT_FALSE(m_executor.MessageAvailable());
 }
 
 } // namespace

@@ -14,19 +14,19 @@ namespace portico::simulator {
 class Session {
 public:
   explicit Session(std::string_view device = "dmm", std::uint64_t seed = 1)
-      : instrument_(Instrument::Make(device, seed)) {}
+      : m_instrument(Instrument::Make(device, seed)) {}
 
-  Instrument& TheInstrument() { return *instrument_; }
-  TimePoint Now() const { return now_; }
-  void Advance(TimePoint::duration time) { now_ += time; }
+  Instrument& TheInstrument() { return *m_instrument; }
+  TimePoint Now() const { return m_now; }
+  void Advance(TimePoint::duration time) { m_now += time; }
 
   /// Sends a message; the line feed is added.
-  void Send(std::string_view message) { instrument_->Write(std::string(message) + '\n', now_); }
-  void SendRaw(std::string_view bytes) { instrument_->Write(bytes, now_); }
+  void Send(std::string_view message) { m_instrument->Write(std::string(message) + '\n', m_now); }
+  void SendRaw(std::string_view bytes) { m_instrument->Write(bytes, m_now); }
 
   /// What can be read now, without its line feed.
   std::optional<std::string> Read() {
-    auto response = instrument_->Read(now_);
+    auto response = m_instrument->Read(m_now);
     if (response && response->ends_with('\n')) response->pop_back();
     return response;
   }
@@ -40,9 +40,9 @@ public:
   std::string Await() {
     for (;;) {
       if (auto response = Read()) return *response;
-      const auto next = instrument_->NextEvent();
+      const auto next = m_instrument->NextEvent();
       if (!next) return "(none)";
-      now_ = *next;
+      m_now = *next;
     }
   }
 
@@ -50,8 +50,8 @@ public:
   std::string Error() { return Ask("SYST:ERR?"); }
 
 private:
-  std::unique_ptr<Instrument> instrument_;
-  TimePoint now_{std::chrono::hours(1)};
+  std::unique_ptr<Instrument> m_instrument;
+  TimePoint m_now{std::chrono::hours(1)};
 };
 
 } // namespace portico::simulator

@@ -21,19 +21,19 @@ SocketServer::Options AnyPort(std::string device = "dmm", std::string address = 
 /// A server that runs in a thread of its own for as long as the test.
 class RunningServer {
 public:
-  explicit RunningServer(SocketServer::Options options = AnyPort()) : server_(std::move(options)) {}
+  explicit RunningServer(SocketServer::Options options = AnyPort()) : m_server(std::move(options)) {}
   ~RunningServer() {
-    server_.Stop();
-    thread_.join();
+    m_server.Stop();
+    m_thread.join();
   }
   RunningServer(const RunningServer&) = delete;
   RunningServer& operator=(const RunningServer&) = delete;
 
-  std::uint16_t Port() const { return server_.Port(); }
+  std::uint16_t Port() const { return m_server.Port(); }
 
 private:
-  SocketServer server_;
-  std::thread thread_{[this] { server_.Run(); }};
+  SocketServer m_server;
+  std::thread m_thread{[this] { m_server.Run(); }};
 };
 
 TEST(SocketServer, AnswersOverASocket) {

@@ -13,7 +13,7 @@ class TestClient {
 public:
   explicit TestClient(std::uint16_t port, bool ipv6 = false);
 
-  bool Connected() const { return connected_; }
+  bool Connected() const { return m_connected; }
   void Send(std::string_view bytes);
   /// Sends as much as the peer takes until it takes no more; returns the number of bytes.
   std::size_t SendUntilBlocked(std::string_view bytes, std::size_t most);
@@ -28,9 +28,9 @@ public:
 private:
   bool Fill();
 
-  FileDescriptor socket_;
-  bool connected_ = false;
-  std::string received_;
+  FileDescriptor m_socket;
+  bool m_connected = false;
+  std::string m_received;
 };
 
 } // namespace portico::simulator

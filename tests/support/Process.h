@@ -46,21 +46,21 @@ private:
   using TimePoint = std::chrono::steady_clock::time_point;
 
   static TimePoint Deadline() { return std::chrono::steady_clock::now() + kPatience; }
-  bool Running() const { return output_ >= 0 || error_ >= 0; }
+  bool Running() const { return m_output >= 0 || m_error >= 0; }
   bool Pump(TimePoint deadline);
   bool PumpUntil(TimePoint deadline, TimePoint moment);
   void Feed();
   void Kill(std::string_view waitedFor);
   Outcome Reap();
 
-  int id_ = -1;
-  int input_ = -1;
-  int output_ = -1;
-  int error_ = -1;
-  std::string unsent_;
-  bool closesInput_ = false;
-  Outcome outcome_;
-  std::size_t seen_ = 0;
+  int m_id = -1;
+  int m_input = -1;
+  int m_output = -1;
+  int m_error = -1;
+  std::string m_unsent;
+  bool m_closesInput = false;
+  Outcome m_outcome;
+  std::size_t m_seen = 0;
 };
 
 } // namespace portico::test

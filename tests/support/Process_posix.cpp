@@ -77,61 +77,61 @@ Process::Process(const std::vector<std::string>& command) {
   Pipe input;
   Pipe output;
   Pipe error;
-  id_ = Spawn(command, input.readEnd, output.writeEnd, error.writeEnd);
+  m_id = Spawn(command, input.readEnd, output.writeEnd, error.writeEnd);
   CloseEnd(input.readEnd);
   CloseEnd(output.writeEnd);
   CloseEnd(error.writeEnd);
   ::fcntl(input.writeEnd, F_SETFL, O_NONBLOCK);
-  input_ = input.writeEnd;
-  output_ = output.readEnd;
-  error_ = error.readEnd;
+  m_input = input.writeEnd;
+  m_output = output.readEnd;
+  m_error = error.readEnd;
 }
 
 Process::~Process() {
-  CloseEnd(input_);
-  CloseEnd(output_);
-  CloseEnd(error_);
-  if (id_ < 0) return;
+  CloseEnd(m_input);
+  CloseEnd(m_output);
+  CloseEnd(m_error);
+  if (m_id < 0) return;
   Signal(SIGKILL);
-  ::waitpid(id_, nullptr, 0);
+  ::waitpid(m_id, nullptr, 0);
 }
 
 void Process::Write(std::string_view bytes) {
-  unsent_ += bytes;
+  m_unsent += bytes;
   Feed();
 }
 
 /// Writes what the pipe takes now.
 void Process::Feed() {
-  if (input_ < 0) return;
-  const ssize_t count = ::write(input_, unsent_.data(), unsent_.size());
+  if (m_input < 0) return;
+  const ssize_t count = ::write(m_input, m_unsent.data(), m_unsent.size());
   if (count >= 0)
-    unsent_.erase(0, static_cast<std::size_t>(count));
+    m_unsent.erase(0, static_cast<std::size_t>(count));
   else if (errno != EAGAIN)
-    unsent_.clear();
-  if (unsent_.empty() && closesInput_) CloseEnd(input_);
+    m_unsent.clear();
+  if (m_unsent.empty() && m_closesInput) CloseEnd(m_input);
 }
 
 void Process::WaitForOutput(std::string_view text) {
   const TimePoint deadline = Deadline();
-  std::size_t found = outcome_.out.find(text, seen_);
-  while (found == std::string::npos && Pump(deadline)) found = outcome_.out.find(text, seen_);
+  std::size_t found = m_outcome.out.find(text, m_seen);
+  while (found == std::string::npos && Pump(deadline)) found = m_outcome.out.find(text, m_seen);
   if (found == std::string::npos) return Kill(text);
-  seen_ = found + text.size();
+  m_seen = found + text.size();
 }
 
 std::string Process::ReadLine() {
-  const std::size_t begin = seen_;
+  const std::size_t begin = m_seen;
   WaitForOutput("\n");
-  return seen_ > begin ? outcome_.out.substr(begin, seen_ - begin - 1) : std::string();
+  return m_seen > begin ? m_outcome.out.substr(begin, m_seen - begin - 1) : std::string();
 }
 
 void Process::Signal(int number) const {
-  if (id_ > 0) ::kill(id_, number); // -1 would mean every process
+  if (m_id > 0) ::kill(m_id, number); // -1 would mean every process
 }
 
 Outcome Process::Wait() {
-  closesInput_ = true;
+  m_closesInput = true;
   Feed();
   const TimePoint deadline = Deadline();
   while (Pump(deadline)) {
@@ -154,11 +154,11 @@ bool Process::Pump(TimePoint deadline) {
       std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now()).count();
   if (left <= 0) return false;
   std::array<pollfd, 3> entries = {
-      {{unsent_.empty() ? -1 : input_, POLLOUT, 0}, {output_, POLLIN, 0}, {error_, POLLIN, 0}}};
+      {{m_unsent.empty() ? -1 : m_input, POLLOUT, 0}, {m_output, POLLIN, 0}, {m_error, POLLIN, 0}}};
   ::poll(entries.data(), entries.size(), static_cast<int>(left));
   if (entries[0].revents != 0) Feed();
-  if (entries[1].revents != 0) Drain(output_, outcome_.out);
-  if (entries[2].revents != 0) Drain(error_, outcome_.err);
+  if (entries[1].revents != 0) Drain(m_output, m_outcome.out);
+  if (entries[2].revents != 0) Drain(m_error, m_outcome.err);
   return true;
 }
 
@@ -171,19 +171,19 @@ bool Process::PumpUntil(TimePoint deadline, TimePoint moment) {
 
 void Process::Kill(std::string_view waitedFor) {
   ADD_FAILURE() << "waited in vain for: " << waitedFor << "\nstandard output:\n"
-                << outcome_.out << "\nstandard error:\n"
-                << outcome_.err;
+                << m_outcome.out << "\nstandard error:\n"
+                << m_outcome.err;
   Signal(SIGKILL);
 }
 
 Outcome Process::Reap() {
   if (Running()) Kill("the end of the program");
-  CloseEnd(input_);
+  CloseEnd(m_input);
   int status = 0;
-  ::waitpid(id_, &status, 0);
-  id_ = -1;
-  outcome_.status = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-  return outcome_;
+  ::waitpid(m_id, &status, 0);
+  m_id = -1;
+  m_outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+  return m_outcome;
 }
 
 } // namespace portico::test

@@ -3,28 +3,28 @@
 namespace portico::test {
 
 ScriptedInstrument::ScriptedInstrument(InstrumentScript script, std::string& received)
-    : script_(std::move(script)), received_(received) {}
+    : m_script(std::move(script)), m_received(received) {}
 
 void ScriptedInstrument::Write(std::string_view bytes, simulator::TimePoint now) {
-  received_.append(bytes);
-  input_.append(bytes);
-  for (std::string command; TakeCommand(input_, command);) {
-    const auto reaction = script_.find(command);
-    if (reaction == script_.end() || reaction->second.kind != Reaction::Kind::Answer) continue;
-    responses_.push_back({now + reaction->second.delay, reaction->second.text});
+  m_received.append(bytes);
+  m_input.append(bytes);
+  for (std::string command; TakeCommand(m_input, command);) {
+    const auto reaction = m_script.find(command);
+    if (reaction == m_script.end() || reaction->second.kind != Reaction::Kind::Answer) continue;
+    m_responses.push_back({now + reaction->second.delay, reaction->second.text});
   }
 }
 
 std::optional<std::string> ScriptedInstrument::Read(simulator::TimePoint now) {
-  if (responses_.empty() || responses_.front().ready > now) return std::nullopt;
-  std::string text = std::move(responses_.front().text);
-  responses_.pop_front();
+  if (m_responses.empty() || m_responses.front().ready > now) return std::nullopt;
+  std::string text = std::move(m_responses.front().text);
+  m_responses.pop_front();
   return text;
 }
 
 std::optional<simulator::TimePoint> ScriptedInstrument::NextEvent() const {
-  if (responses_.empty()) return std::nullopt;
-  return responses_.front().ready;
+  if (m_responses.empty()) return std::nullopt;
+  return m_responses.front().ready;
 }
 
 } // namespace portico::test

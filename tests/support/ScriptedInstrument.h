@@ -23,10 +23,10 @@ private:
     std::string text;
   };
 
-  const InstrumentScript script_;
-  std::string& received_;
-  std::string input_;
-  std::deque<Response> responses_;
+  const InstrumentScript m_script;
+  std::string& m_received;
+  std::string m_input;
+  std::deque<Response> m_responses;
 };
 
 } // namespace portico::test

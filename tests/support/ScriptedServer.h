@@ -31,7 +31,7 @@ public:
   static bool HasIpv6();
 
   /// 0 if the server could not listen.
-  std::uint16_t Port() const { return port_; }
+  std::uint16_t Port() const { return m_port; }
   /// "TCPIP::127.0.0.1::PORT::SOCKET", or the same with [::1].
   std::string ResourceName() const;
 
@@ -72,21 +72,21 @@ private:
   void React(Client& client, const std::string& command);
   void Wake();
 
-  const Options options_;
-  std::uint16_t port_ = 0;
-  int wakePipe_[2] = {-1, -1};
+  const Options m_options;
+  std::uint16_t m_port = 0;
+  int m_wakePipe[2] = {-1, -1};
 
-  mutable std::mutex mutex_;
-  mutable std::condition_variable changed_;
-  InstrumentScript script_;
-  int listener_ = -1;
-  std::vector<Client> clients_;
-  std::string received_;
-  std::size_t connections_ = 0;
-  bool refusing_ = false;
-  bool stopping_ = false;
+  mutable std::mutex m_mutex;
+  mutable std::condition_variable m_changed;
+  InstrumentScript m_script;
+  int m_listener = -1;
+  std::vector<Client> m_clients;
+  std::string m_received;
+  std::size_t m_connections = 0;
+  bool m_refusing = false;
+  bool m_stopping = false;
 
-  std::thread thread_;
+  std::thread m_thread;
 };
 
 } // namespace portico::test

@@ -60,23 +60,23 @@ void CloseSocket(int& socket) {
 } // namespace
 
 ScriptedServer::ScriptedServer(InstrumentScript script, const Options& options)
-    : options_(options), script_(std::move(script)) {
-  listener_ = Listen(options_.ipv6, options_.deaf ? 0 : kBacklog, port_);
-  if (listener_ < 0 || ::pipe2(wakePipe_, O_CLOEXEC | O_NONBLOCK) != 0) return;
-  if (!options_.deaf) thread_ = std::thread([this] { Serve(); });
+    : m_options(options), m_script(std::move(script)) {
+  m_listener = Listen(m_options.ipv6, m_options.deaf ? 0 : kBacklog, m_port);
+  if (m_listener < 0 || ::pipe2(m_wakePipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
+  if (!m_options.deaf) m_thread = std::thread([this] { Serve(); });
 }
 
 ScriptedServer::~ScriptedServer() {
   {
-    const std::lock_guard lock(mutex_);
-    stopping_ = true;
+    const std::lock_guard lock(m_mutex);
+    m_stopping = true;
   }
   Wake();
-  if (thread_.joinable()) thread_.join();
-  for (Client& client : clients_) CloseSocket(client.socket);
-  CloseSocket(listener_);
-  CloseSocket(wakePipe_[0]);
-  CloseSocket(wakePipe_[1]);
+  if (m_thread.joinable()) m_thread.join();
+  for (Client& client : m_clients) CloseSocket(client.socket);
+  CloseSocket(m_listener);
+  CloseSocket(m_wakePipe[0]);
+  CloseSocket(m_wakePipe[1]);
 }
 
 bool ScriptedServer::HasIpv6() {
@@ -88,99 +88,99 @@ bool ScriptedServer::HasIpv6() {
 }
 
 std::string ScriptedServer::ResourceName() const {
-  return std::string("TCPIP::") + (options_.ipv6 ? "[::1]" : "127.0.0.1") + "::" + std::to_string(port_) + "::SOCKET";
+  return std::string("TCPIP::") + (m_options.ipv6 ? "[::1]" : "127.0.0.1") + "::" + std::to_string(m_port) + "::SOCKET";
 }
 
 void ScriptedServer::On(const std::string& command, Reaction reaction) {
-  const std::lock_guard lock(mutex_);
-  script_[command] = std::move(reaction);
+  const std::lock_guard lock(m_mutex);
+  m_script[command] = std::move(reaction);
 }
 
 std::string ScriptedServer::Received() const {
-  const std::lock_guard lock(mutex_);
-  return received_;
+  const std::lock_guard lock(m_mutex);
+  return m_received;
 }
 
 std::size_t ScriptedServer::Connections() const {
-  const std::lock_guard lock(mutex_);
-  return connections_;
+  const std::lock_guard lock(m_mutex);
+  return m_connections;
 }
 
 void ScriptedServer::WaitForReceived(const std::string& bytes) const {
-  std::unique_lock lock(mutex_);
-  changed_.wait(lock, [&] { return received_.ends_with(bytes); });
+  std::unique_lock lock(m_mutex);
+  m_changed.wait(lock, [&] { return m_received.ends_with(bytes); });
 }
 
 void ScriptedServer::WaitForNoClient() const {
-  std::unique_lock lock(mutex_);
-  changed_.wait(lock, [&] { return clients_.empty(); });
+  std::unique_lock lock(m_mutex);
+  m_changed.wait(lock, [&] { return m_clients.empty(); });
 }
 
 void ScriptedServer::Send(const std::string& bytes) {
   {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [&] { return !clients_.empty(); });
-    clients_.back().output += bytes;
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [&] { return !m_clients.empty(); });
+    m_clients.back().output += bytes;
   }
   Wake();
 }
 
 void ScriptedServer::DropClients() {
   {
-    const std::lock_guard lock(mutex_);
-    for (Client& client : clients_) client.closing = true;
+    const std::lock_guard lock(m_mutex);
+    for (Client& client : m_clients) client.closing = true;
   }
   Wake();
   WaitForNoClient();
 }
 
 void ScriptedServer::StopListening() {
-  std::unique_lock lock(mutex_);
-  refusing_ = true;
+  std::unique_lock lock(m_mutex);
+  m_refusing = true;
   Wake();
-  changed_.wait(lock, [&] { return listener_ < 0; });
+  m_changed.wait(lock, [&] { return m_listener < 0; });
 }
 
 void ScriptedServer::Wake() {
   const char byte = 0;
   // A full pipe wakes the thread just as well.
-  [[maybe_unused]] const ssize_t written = ::write(wakePipe_[1], &byte, 1);
+  [[maybe_unused]] const ssize_t written = ::write(m_wakePipe[1], &byte, 1);
 }
 
 void ScriptedServer::Serve() {
-  std::unique_lock lock(mutex_);
-  while (!stopping_) {
+  std::unique_lock lock(m_mutex);
+  while (!m_stopping) {
     // Here, not in StopListening(), as nobody may close what this thread waits for.
-    if (refusing_) CloseSocket(listener_);
-    changed_.notify_all();
-    std::vector<pollfd> entries = {{wakePipe_[0], POLLIN, 0}, {listener_, POLLIN, 0}};
-    for (const Client& client : clients_) {
+    if (m_refusing) CloseSocket(m_listener);
+    m_changed.notify_all();
+    std::vector<pollfd> entries = {{m_wakePipe[0], POLLIN, 0}, {m_listener, POLLIN, 0}};
+    for (const Client& client : m_clients) {
       const bool writes = client.closing || !client.output.empty() || !client.refrain.empty();
       entries.push_back({client.socket, static_cast<short>(POLLIN | (writes ? POLLOUT : 0)), 0});
     }
     lock.unlock();
     ::poll(entries.data(), entries.size(), -1);
     std::array<char, 64> wakes = {};
-    [[maybe_unused]] const ssize_t drained = ::read(wakePipe_[0], wakes.data(), wakes.size());
+    [[maybe_unused]] const ssize_t drained = ::read(m_wakePipe[0], wakes.data(), wakes.size());
     lock.lock();
-    for (std::size_t i = 0; i < clients_.size() && i + 2 < entries.size(); ++i) {
+    for (std::size_t i = 0; i < m_clients.size() && i + 2 < entries.size(); ++i) {
       const short events = entries[i + 2].revents;
-      const bool alive = ((events & (POLLIN | POLLHUP | POLLERR)) == 0 || ReadFrom(clients_[i])) &&
-                         ((events & POLLOUT) == 0 || WriteTo(clients_[i]));
-      if (!alive) CloseSocket(clients_[i].socket);
+      const bool alive = ((events & (POLLIN | POLLHUP | POLLERR)) == 0 || ReadFrom(m_clients[i])) &&
+                         ((events & POLLOUT) == 0 || WriteTo(m_clients[i]));
+      if (!alive) CloseSocket(m_clients[i].socket);
     }
-    std::erase_if(clients_, [](const Client& client) { return client.socket < 0; });
+    std::erase_if(m_clients, [](const Client& client) { return client.socket < 0; });
     if ((entries[1].revents & POLLIN) != 0) Accept();
   }
 }
 
 void ScriptedServer::Accept() {
-  const int socket = ::accept4(listener_, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
+  const int socket = ::accept4(m_listener, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
   if (socket < 0) return;
   const int on = 1;
   ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-  clients_.push_back({socket, {}, {}, {}, false});
-  ++connections_;
+  m_clients.push_back({socket, {}, {}, {}, false});
+  ++m_connections;
 }
 
 bool ScriptedServer::ReadFrom(Client& client) {
@@ -188,7 +188,7 @@ bool ScriptedServer::ReadFrom(Client& client) {
   const ssize_t count = ::recv(client.socket, bytes.data(), bytes.size(), 0);
   if (count < 0) return errno == EAGAIN || errno == EINTR;
   if (count == 0) return false;
-  received_.append(bytes.data(), static_cast<std::size_t>(count));
+  m_received.append(bytes.data(), static_cast<std::size_t>(count));
   client.input.append(bytes.data(), static_cast<std::size_t>(count));
   for (std::string command; TakeCommand(client.input, command);) React(client, command);
   return true;
@@ -204,8 +204,8 @@ bool ScriptedServer::WriteTo(Client& client) {
 }
 
 void ScriptedServer::React(Client& client, const std::string& command) {
-  const auto found = script_.find(command);
-  if (found == script_.end()) return;
+  const auto found = m_script.find(command);
+  if (found == m_script.end()) return;
   const Reaction& reaction = found->second;
   switch (reaction.kind) {
   case Reaction::Kind::Answer:

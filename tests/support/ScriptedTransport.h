@@ -33,31 +33,31 @@ public:
     }
   };
 
-  explicit ScriptedTransport(Record& record) : record_(record) {}
+  explicit ScriptedTransport(Record& record) : m_record(record) {}
 
   DriverResult Open(TimePoint deadline) override {
-    ++record_.opened;
-    record_.deadlines.push_back(deadline);
-    return record_.openResult;
+    ++m_record.opened;
+    m_record.deadlines.push_back(deadline);
+    return m_record.openResult;
   }
-  void Close() noexcept override { ++record_.closed; }
+  void Close() noexcept override { ++m_record.closed; }
   DriverResult Write(std::string_view bytes, TimePoint deadline) override {
-    record_.written.emplace_back(bytes);
-    record_.deadlines.push_back(deadline);
-    return record_.writeResult;
+    m_record.written.emplace_back(bytes);
+    m_record.deadlines.push_back(deadline);
+    return m_record.writeResult;
   }
   Received Read(char* buffer, std::size_t /*size*/, TimePoint deadline) override {
-    record_.deadlines.push_back(deadline);
-    if (record_.reads.empty()) return {{DriverStatus::ReadTimeout}};
-    Received received = record_.reads.front();
-    std::copy(record_.bytes.front().begin(), record_.bytes.front().end(), buffer);
-    record_.reads.pop_front();
-    record_.bytes.pop_front();
+    m_record.deadlines.push_back(deadline);
+    if (m_record.reads.empty()) return {{DriverStatus::ReadTimeout}};
+    Received received = m_record.reads.front();
+    std::copy(m_record.bytes.front().begin(), m_record.bytes.front().end(), buffer);
+    m_record.reads.pop_front();
+    m_record.bytes.pop_front();
     return received;
   }
 
 private:
-  Record& record_;
+  Record& m_record;
 };
 
 } // namespace portico::test

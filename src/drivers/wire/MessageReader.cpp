@@ -72,8 +72,9 @@ std::size_t MessageReader::FeedPlain(std::string_view bytes) {
 
 std::size_t MessageReader::FindTerminator(std::string_view bytes) const {
   std::size_t end = bytes.find(m_last);
-  while (end != kNone && !EndsMessage(m_last, end == 0 ? m_previous : bytes[end - 1]))
+  while (end != kNone && !EndsMessage(m_last, end == 0 ? m_previous : bytes[end - 1])) {
     end = bytes.find(m_last, end + 1);
+  }
   return end;
 }
 

@@ -1,0 +1,87 @@
+#include "Programs.h"
+
+#include <csignal>
+
+namespace portico::test {
+namespace {
+
+const std::string kFirstSteps = std::string(PORTICO_EXAMPLES) + "/first-steps.cmd";
+
+TEST(SimulatorProgram, FirstStepsOverTcpGiveTheTranscriptOfTheBuiltInInstrument) {
+  const SimulatorProgram simulator;
+  const Outcome outcome = RunPortico({simulator.ResourceName(), kFirstSteps});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_NE(outcome.out, "");
+  EXPECT_EQ(outcome.out, RunPortico({kSimulated, kFirstSteps}).out);
+}
+
+TEST(SimulatorProgram, ListensOnTheLoopbackUnlessTold) {
+  const SimulatorProgram simulator;
+  EXPECT_EQ(simulator.Address().substr(0, 10), "127.0.0.1:");
+}
+
+TEST(SimulatorProgram, ServesClientsSideBySide) {
+  const SimulatorProgram simulator;
+  Process one(PorticoRun(kBare + Arguments{simulator.ResourceName()}));
+  Process two(PorticoRun(kBare + Arguments{simulator.ResourceName()}));
+  one.Write("SENS:VOLT:DC:NPLC 10\nSENS:VOLT:DC:NPLC?\n");
+  one.WaitForOutput("< +1.00000000E+01\n");
+  two.Write("SENS:VOLT:DC:NPLC?\n");
+  two.WaitForOutput("< +1.00000000E+00\n"); // each has an instrument of its own
+  one.Write("*OPC?\n");
+  one.WaitForOutput("< 1\n");
+  EXPECT_EQ(one.Wait().status, 0);
+  EXPECT_EQ(two.Wait().status, 0);
+}
+
+TEST(SimulatorProgram, ServesTheDeviceThatIsAskedFor) {
+  const SimulatorProgram simulator({"--device", "psu"});
+  const Outcome outcome = RunPortico(kBare + Arguments{simulator.ResourceName()}, "*IDN?\n");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_NE(outcome.out.find("PSU"), std::string::npos) << outcome.out;
+}
+
+TEST(SimulatorProgram, BlockWithLineFeedsIsReadWhole) {
+  const SimulatorProgram simulator;
+  // The waveform holds line feeds; were it cut at one, the identity would not be the next answer.
+  const Outcome outcome = RunPortico(kBare + Arguments{simulator.ResourceName()}, "TRAC:POIN 500\nTRAC:DATA?\n*IDN?\n");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_GT(CountLines(outcome.out), 5);
+  EXPECT_TRUE(outcome.out.ends_with("> *IDN?\n< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n"));
+}
+
+TEST(SimulatorProgram, EndsWellWhenItIsToldTo) {
+  for (const int signal : {SIGINT, SIGTERM}) {
+    SimulatorProgram simulator;
+    simulator.Program().Signal(signal);
+    const Outcome outcome = simulator.Program().Wait();
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+  }
+}
+
+TEST(SimulatorProgram, PortInUseIsOneLineAndStatus2) {
+  const SimulatorProgram simulator;
+  const std::string port = simulator.Address().substr(simulator.Address().rfind(':') + 1);
+  const Outcome outcome = Process({PORTICO_SIM, "--port", port}).Wait();
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err.find("portico-sim: "), 0U) << outcome.err;
+  EXPECT_NE(outcome.err.find(port), std::string::npos) << outcome.err;
+  EXPECT_EQ(CountLines(outcome.err), 1);
+}
+
+TEST(SimulatorProgram, BadOptionIsOneLineAndStatus2) {
+  for (const Arguments& bad : {Arguments{"--port", "70000"}, Arguments{"--port", "x"}, Arguments{"--device", "toaster"},
+                               Arguments{"--bind", "nowhere.invalid"}, Arguments{"--bogus"}}) {
+    const Outcome outcome = Process(Arguments{PORTICO_SIM} + bad).Wait();
+    EXPECT_EQ(outcome.status, 2) << bad.front();
+    EXPECT_EQ(outcome.out, "") << bad.front();
+    EXPECT_EQ(outcome.err.find("portico-sim: "), 0U) << outcome.err;
+    EXPECT_EQ(CountLines(outcome.err), 1) << outcome.err;
+  }
+}
+
+} // namespace
+} // namespace portico::test

@@ -1,14 +1,8 @@
 #include "framework/CSubscribers.h"
 
+#include "framework/ItemByValue.h"
+
 namespace portico {
-namespace {
-
-std::size_t Position(const Value& index) {
-  const std::int32_t number = index.ToLong();
-  return number < 1 ? 0 : static_cast<std::size_t>(number);
-}
-
-} // namespace
 
 Ref<ISubscriber> CSubscribers::Add(const Ref<ISubscriber>& NewItem, const String& Key) try {
   m_list.Add(NewItem, Key);
@@ -18,8 +12,7 @@ Ref<ISubscriber> CSubscribers::Add(const Ref<ISubscriber>& NewItem, const String
 }
 
 Ref<ISubscriber> CSubscribers::Item(const Value& IndexOrKey) const try {
-  if (const auto key = IndexOrKey.AsText()) return m_list.Item(*key);
-  return m_list.Item(Position(IndexOrKey));
+  return ItemByValue(m_list, IndexOrKey);
 } catch (...) {
   PassOn(u"CSubscribers.Item(IndexOrKey)", {IndexOrKey});
 }
@@ -29,8 +22,7 @@ std::size_t CSubscribers::Count() const try { return m_list.Count(); } catch (..
 }
 
 void CSubscribers::Remove(const Value& IndexKeyOrObject) try {
-  if (const auto key = IndexKeyOrObject.AsText()) return m_list.Remove(*key);
-  if (!IndexKeyOrObject.IsObject()) return m_list.Remove(Position(IndexKeyOrObject));
+  if (!IndexKeyOrObject.IsObject()) return RemoveByValue(m_list, IndexKeyOrObject);
   const auto object = IndexKeyOrObject.ToObject<IObject>();
   for (std::size_t i = 1; i <= m_list.Count(); ++i) {
     if (IsSameObject(m_list.Item(i), object)) return m_list.Remove(i);
@@ -39,11 +31,7 @@ void CSubscribers::Remove(const Value& IndexKeyOrObject) try {
   PassOn(u"CSubscribers.Remove(IndexKeyOrObject)", {IndexKeyOrObject});
 }
 
-std::vector<Ref<ISubscriber>> CSubscribers::NewEnum() const try {
-  std::vector<Ref<ISubscriber>> subscribers;
-  for (std::size_t i = 1; i <= m_list.Count(); ++i) subscribers.push_back(m_list.Item(i));
-  return subscribers;
-} catch (...) {
+std::vector<Ref<ISubscriber>> CSubscribers::NewEnum() const try { return ItemsOf(m_list); } catch (...) {
   PassOn(u"CSubscribers.NewEnum");
 }
 

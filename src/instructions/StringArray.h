@@ -15,7 +15,10 @@ public:
   StringArray() = default;
   /// Count 0 raises 9.
   explicit StringArray(std::size_t count);
-  StringArray(std::initializer_list<String> elements) : m_elements(elements) {}
+  /// Without elements it is not allocated.
+  StringArray(std::initializer_list<String> elements) {
+    if (elements.size() > 0) m_elements = elements;
+  }
 
   bool IsAllocated() const { return m_elements.has_value(); }
   /// The bounds of an array that was never allocated, and an index outside them, raise 9.

@@ -49,7 +49,7 @@ Interrupts::Interrupts(std::function<void()> onSecond) : m_onSecond(std::move(on
 }
 
 Interrupts::~Interrupts() {
-  Install(SIG_DFL);
+  Install(SIG_IGN); // the program is ending, and one more of them must not change its exit status
   OnSecond = nullptr;
   for (const int end : Pipe) close(end);
 }

@@ -21,7 +21,7 @@ Executor::Executor(const CommandTree& commands, StatusModel& status, ResponseQue
     : commands_(commands), status_(status), responses_(responses) {}
 
 void Executor::Submit(std::string message) {
-  inputBytes_ += message.size() + sizeof message;
+  inputBytes_ += message.size() + sizeof(std::string);
   input_.push_back(std::move(message));
 }
 

@@ -36,19 +36,19 @@ constexpr double kOhmRanges[] = {100, 1E3, 1E4, 1E5, 1E6, 1E7};
 /// One function of the meter, and the source that it finds at its terminals.
 struct FunctionTraits {
   std::string_view name;
-  Quantity quantity;
   std::span<const double> ranges;
   double standardRange;
   double source;
+  Quantity quantity;
   std::uint16_t overload; ///< bit of the questionable status register
 };
 
 constexpr FunctionTraits kFunctions[] = {
-    {"VOLTage", Quantity::Voltage, kVoltRanges, 10, 1.000234, questionable::kVoltage},
-    {"VOLTage:AC", Quantity::Voltage, kVoltRanges, 10, 0.707107, questionable::kVoltage},
-    {"CURRent", Quantity::Current, kAmpereRanges, 1, 0.0123456, questionable::kCurrent},
-    {"CURRent:AC", Quantity::Current, kAmpereRanges, 1, 0.00812345, questionable::kCurrent},
-    {"RESistance", Quantity::Resistance, kOhmRanges, 1E3, 4702.15, questionable::kResistance},
+    {"VOLTage", kVoltRanges, 10, 1.000234, Quantity::Voltage, questionable::kVoltage},
+    {"VOLTage:AC", kVoltRanges, 10, 0.707107, Quantity::Voltage, questionable::kVoltage},
+    {"CURRent", kAmpereRanges, 1, 0.0123456, Quantity::Current, questionable::kCurrent},
+    {"CURRent:AC", kAmpereRanges, 1, 0.00812345, Quantity::Current, questionable::kCurrent},
+    {"RESistance", kOhmRanges, 1E3, 4702.15, Quantity::Resistance, questionable::kResistance},
 };
 
 Limits RangeLimits(const FunctionTraits& traits) {

@@ -47,8 +47,9 @@ void UnitParser::ParseHeader(Unit& unit) {
   } else {
     if (Skip(':')) path_.clear();
     unit.header = path_;
-    do unit.header.push_back(ParseNode());
-    while (Skip(':'));
+    do {
+      unit.header.push_back(ParseNode());
+    } while (Skip(':'));
     path_.assign(unit.header.begin(), unit.header.end() - 1);
   }
   unit.query = Skip('?');

@@ -56,9 +56,9 @@ std::optional<double> UnitFactor(Quantity quantity, std::string_view unit) {
   if (name.empty()) return std::nullopt;
   std::string upper(unit);
   std::transform(upper.begin(), upper.end(), upper.begin(), ToUpper);
-  // The two exceptions of the standard: nobody means milliohm or millihertz.
-  if (upper == "MOHM" || upper == "MHZ") upper.insert(1, "A");
   if (!upper.ends_with(name)) return std::nullopt;
+  // The two exceptions of the standard: nobody means milliohm or millihertz.
+  if (upper == "MOHM" || upper == "MHZ") return 1E6;
   upper.resize(upper.size() - name.size());
   const auto found = std::find_if(kMultipliers.begin(), kMultipliers.end(),
                                   [&upper](const Multiplier& multiplier) { return multiplier.prefix == upper; });

@@ -59,9 +59,9 @@ std::optional<double> UnitFactor(Quantity quantity, std::string_view unit) {
   if (!upper.ends_with(name)) return std::nullopt;
   // The two exceptions of the standard: nobody means milliohm or millihertz.
   if (upper == "MOHM" || upper == "MHZ") return 1E6;
-  upper.resize(upper.size() - name.size());
+  const std::string_view prefix = std::string_view(upper).substr(0, upper.size() - name.size());
   const auto found = std::find_if(kMultipliers.begin(), kMultipliers.end(),
-                                  [&upper](const Multiplier& multiplier) { return multiplier.prefix == upper; });
+                                  [prefix](const Multiplier& multiplier) { return multiplier.prefix == prefix; });
   if (found == kMultipliers.end()) return std::nullopt;
   return found->factor;
 }

@@ -63,7 +63,7 @@ std::string TestClient::ReadLine() {
 std::string TestClient::ReadBytes(std::size_t count) {
   while (received_.size() < count && Fill()) {
   }
-  const std::string taken = received_.substr(0, count);
+  std::string taken = received_.substr(0, count);
   received_.erase(0, taken.size());
   return taken;
 }

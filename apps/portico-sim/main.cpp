@@ -2,9 +2,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include <charconv>
 #include <csignal>
-#include <exception>
+#include <cstdint>
 #include <iostream>
+#include <stdexcept>
+#include <string>
+#include <system_error>
 
 namespace {
 
@@ -21,6 +25,14 @@ int Complain(const std::string& what, const std::string& hint) {
   return kUsageError;
 }
 
+/// The option parser alone would take -1, and what is too large, for the largest number.
+std::string WholeNumber(const std::string& text) {
+  std::uint64_t value = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  const bool valid = result.ec == std::errc() && result.ptr == text.data() + text.size();
+  return valid ? "" : "'" + text + "' is not a whole number from 0 to 18446744073709551615";
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -33,7 +45,7 @@ int main(int argc, char** argv) {
       ->capture_default_str();
   app.add_option("--bind", options.address, "The IPv4 or IPv6 address to listen on")->capture_default_str();
   app.add_option("--seed", options.seed, "The start of all that looks random")
-      ->check(CLI::TypeValidator<std::uint64_t>("UINT"))
+      ->check(WholeNumber)
       ->capture_default_str();
   try {
     app.parse(argc, argv);

@@ -49,8 +49,8 @@ std::string FormatString(std::string_view text) {
 
 std::string FormatBlock(std::string_view bytes) {
   const std::string length = std::to_string(bytes.size());
-  std::string block = "#" + std::to_string(length.size()) + length;
-  return block.append(bytes);
+  std::string block(1, '#');
+  return block.append(std::to_string(length.size())).append(length).append(bytes);
 }
 
 std::string_view FormatBoolean(bool value) { return value ? "1" : "0"; }

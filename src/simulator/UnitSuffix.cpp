@@ -56,12 +56,12 @@ std::optional<double> UnitFactor(Quantity quantity, std::string_view unit) {
   if (name.empty()) return std::nullopt;
   std::string upper(unit);
   std::transform(upper.begin(), upper.end(), upper.begin(), ToUpper);
-  // The two exceptions of the standard: nobody means milliohm or millihertz.
-  if (upper == "MOHM" || upper == "MHZ") upper.insert(1, "A");
   if (!upper.ends_with(name)) return std::nullopt;
-  upper.resize(upper.size() - name.size());
+  // The two exceptions of the standard: nobody means milliohm or millihertz.
+  if (upper == "MOHM" || upper == "MHZ") return 1E6;
+  const std::string_view prefix = std::string_view(upper).substr(0, upper.size() - name.size());
   const auto found = std::find_if(kMultipliers.begin(), kMultipliers.end(),
-                                  [&upper](const Multiplier& multiplier) { return multiplier.prefix == upper; });
+                                  [prefix](const Multiplier& multiplier) { return multiplier.prefix == prefix; });
   if (found == kMultipliers.end()) return std::nullopt;
   return found->factor;
 }

@@ -72,8 +72,8 @@ TEST(SocketServer, NamesItsEndpoint) {
 
 TEST(SocketServer, EachClientHasAnInstrumentOfItsOwn) {
   RunningServer server;
-  std::vector<std::unique_ptr<TestClient>> clients;
-  for (int i = 0; i < 8; ++i) clients.push_back(std::make_unique<TestClient>(server.Port()));
+  std::vector<std::unique_ptr<TestClient>> clients(8);
+  for (auto& client : clients) client = std::make_unique<TestClient>(server.Port());
   for (std::size_t i = 0; i < clients.size(); ++i) clients[i]->Send("*ESE " + std::to_string(i + 1) + "\n");
   for (std::size_t i = 0; i < clients.size(); ++i) {
     clients[i]->Send("*ESE?\n");

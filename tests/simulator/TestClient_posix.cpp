@@ -63,7 +63,7 @@ std::string TestClient::ReadLine() {
 std::string TestClient::ReadBytes(std::size_t count) {
   while (m_received.size() < count && Fill()) {
   }
-  const std::string taken = m_received.substr(0, count);
+  std::string taken = m_received.substr(0, count);
   m_received.erase(0, taken.size());
   return taken;
 }

@@ -49,9 +49,12 @@ std::size_t MessageFramer::Scan(std::string_view bytes, bool& complete) {
       break;
     }
     case State::Quoted: {
-      const std::size_t end = bytes.find(m_quote, at);
-      if (end != std::string_view::npos) m_state = State::QuoteClosed;
-      at = end == std::string_view::npos ? bytes.size() : end + 1;
+      // A line feed ends the message here too: a stream has no other end, and one quote too many must not swallow all
+      // the messages that follow.
+      const char ends[] = {m_quote, '\n'};
+      const std::size_t end = bytes.find_first_of({ends, sizeof ends}, at);
+      if (end != std::string_view::npos) m_state = bytes[end] == m_quote ? State::QuoteClosed : State::Plain;
+      at = end == std::string_view::npos ? bytes.size() : end + (m_state == State::QuoteClosed ? 1 : 0);
       break;
     }
     case State::IndefiniteBlock: {

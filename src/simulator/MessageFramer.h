@@ -6,7 +6,7 @@
 
 namespace portico::simulator {
 
-/// Cuts a stream of bytes into program messages at the line feeds that stand outside strings and blocks.
+/// Cuts a stream of bytes into program messages at the line feeds that stand outside definite-length blocks.
 ///
 /// A quote or a `#` opens a string or a block only where a data element may begin; elsewhere it is an error that the
 /// parser reports, and must not swallow the messages behind it.

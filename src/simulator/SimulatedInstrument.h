@@ -19,8 +19,8 @@ class SimulatedInstrument {
 public:
   virtual ~SimulatedInstrument() = default;
 
-  /// Takes bytes of program messages. A line feed outside strings and blocks ends a message; a carriage return before
-  /// it is white space. Any bytes, in pieces of any size, are allowed.
+  /// Takes bytes of program messages. A line feed outside definite-length blocks ends a message; a carriage return
+  /// before it is white space. Any bytes, in pieces of any size, are allowed.
   virtual void Write(std::string_view bytes, TimePoint now) = 0;
 
   /// The next whole response message that is ready at `now`, its line feed included; none if there is none yet.

@@ -24,8 +24,15 @@ TEST(Instrument, AnswersAreLines) {
 
 TEST(Instrument, TakesBytesInPiecesOfAnySize) {
   Session session;
-  for (const char byte : std::string("DISP:TEXT \"a\nb\";TEXT?\r\n")) session.SendRaw(std::string(1, byte));
-  EXPECT_EQ(session.Read(), "\"a\nb\"");
+  for (const char byte : std::string("DISP:TEXT \"a b\";TEXT?\r\n")) session.SendRaw(std::string(1, byte));
+  EXPECT_EQ(session.Read(), "\"a b\"");
+}
+
+TEST(Instrument, AStringWithoutItsEndSpoilsItsOwnMessageOnly) {
+  Session session;
+  session.Send("DISP:TEXT \"never closed");
+  EXPECT_EQ(session.Error(), "-151,\"Invalid string data\"");
+  EXPECT_EQ(session.Ask("*ESE?"), "0");
 }
 
 TEST(Instrument, TakesSeveralMessagesAtOnce) {

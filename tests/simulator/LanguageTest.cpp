@@ -65,11 +65,11 @@ std::vector<std::string> Answers(std::string_view script, std::size_t pieceSize)
 }
 
 TEST(Language, TheSizeOfThePiecesDoesNotMatter) {
-  const std::string script = "*IDN?\nDISP:TEXT \"a\n\"\"b\";TEXT?\nTRAC #212ab\ncd;ef,gh\n\nTRAC?;*ESE #H1F;*ESE?\r\n"
+  const std::string script = "*IDN?\nDISP:TEXT \"a;\"\"b\";TEXT?\nTRAC #212ab\ncd;ef,gh\n\nTRAC?;*ESE #H1F;*ESE?\r\n"
                              "BAD;*IDN?\nSYST:ERR?\nREAD?;READ?\nTRAC #0x;y\n:TRAC?\n";
   const auto whole = Answers(script, script.size());
   ASSERT_EQ(whole.size(), 6U);
-  EXPECT_EQ(whole[1], "\"a\n\"\"b\"");
+  EXPECT_EQ(whole[1], "\"a;\"\"b\"");
   EXPECT_EQ(whole[2], "#212ab\ncd;ef,gh\n;31");
   EXPECT_EQ(whole[5], "#13x;y");
   for (std::size_t size = 1; size < script.size(); ++size) EXPECT_EQ(Answers(script, size), whole) << size;
@@ -102,7 +102,7 @@ TEST(Language, NoiseDoesNoHarm) {
     constexpr std::string_view kLikely = "*:;,?\"' \n019AVOLTRANGE";
     std::generate(noise.begin(), noise.end(), [&] { return kLikely[random.Next() % kLikely.size()]; });
     session.SendRaw(noise);
-    session.SendRaw("'\n\"\n'\n"); // closes whichever string is open
+    session.SendRaw("\n");
     while (session.Await() != "(none)") {
     }
     EXPECT_NE(session.Ask("SYST:ERR:COUN?"), "0") << seed;

@@ -44,13 +44,13 @@ TEST(MessageFramer, ALineFeedEndsAMessage) {
   ExpectMessages("A\nB\r\n\nC", {"A", "B\r", ""});
 }
 
-TEST(MessageFramer, ALineFeedInAStringDoesNot) {
-  ExpectMessages("T \"a\nb\"\nU\n", {"T \"a\nb\"", "U"});
-  ExpectMessages("T 'a\nb',\"c\nd\"\n", {"T 'a\nb',\"c\nd\""});
+TEST(MessageFramer, ALineFeedInAStringDoesToo) {
+  ExpectMessages("T \"a\nb\"\nU\n", {"T \"a", "b\"", "U"});
+  ExpectMessages("T 'a\nU\n", {"T 'a", "U"});
 }
 
 TEST(MessageFramer, ADoubledQuoteGoesOnWithTheString) {
-  ExpectMessages("T \"a\"\"\nb\"\nU\n", {"T \"a\"\"\nb\"", "U"});
+  ExpectMessages("T \"a\"\" #19\"\nU\n", {"T \"a\"\" #19\"", "U"}); // in the string a # begins no block
   ExpectMessages("T ''''\nU\n", {"T ''''", "U"});
 }
 

@@ -5,6 +5,7 @@
 #include "framework/CObjectFactory.h"
 #include "framework/HuntERR.h"
 #include "support/ChannelDoubles.h"
+#include "support/CreatorOfOne.h"
 #include "support/Labels.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,5 @@
 #include "ChainTest.h"
+#include "support/CreatorOfOne.h"
 
 #include "configuration/CConfiguration.h"
 

@@ -32,7 +32,10 @@ INSTANTIATE_TEST_SUITE_P(Hosts, TcpTransportHost, testing::Values("127.0.0.1", "
 
 TEST_P(TcpTransportHost, CarriesBytesBothWays) {
   const bool ipv6 = std::string(GetParam()) == "::1";
-  if (ipv6 && !ScriptedServer::HasIpv6()) GTEST_SKIP() << "this machine has no IPv6 loopback";
+  if (ipv6 && !ScriptedServer::HasIpv6()) { // a machine without IPv6 gets a failure, not a hang
+    EXPECT_FALSE(TcpTransport(GetParam(), 1).Open(Soon()).Succeeded());
+    return;
+  }
   ScriptedServer server({{"PING", Reaction::Answer("PONG, and a text longer than the buffer\n")}}, {ipv6, false});
   TcpTransport transport(GetParam(), server.Port());
   ASSERT_TRUE(transport.Open(Soon()).Succeeded());

@@ -126,9 +126,12 @@ TEST(RunOptions, OneOptionTakesOneValue) {
 }
 
 struct BadOption {
+  const char* Name;
   const char* Setting;
   const char* Message;
 };
+
+void PrintTo(const BadOption& option, std::ostream* out) { *out << option.Name; }
 
 class BadOptionValue : public testing::TestWithParam<BadOption> {};
 
@@ -139,38 +142,39 @@ TEST_P(BadOptionValue, IsAUsageErrorThatSaysWhatWouldBeRight) {
 INSTANTIATE_TEST_SUITE_P(
     RunOptions, BadOptionValue,
     testing::Values(
-        BadOption{"SCPIProtocolOPCPacing=on",
+        BadOption{"SwitchInLowerCase", "SCPIProtocolOPCPacing=on",
                   "--option SCPIProtocolOPCPacing: 'on' is not a value of it; use On or Off"},
-        BadOption{"SCPIProtocolIntervalPacing=1",
+        BadOption{"SwitchAsNumber", "SCPIProtocolIntervalPacing=1",
                   "--option SCPIProtocolIntervalPacing: '1' is not a value of it; use On or Off"},
-        BadOption{"SCPIProtocolAutoReadAfterQuery=",
+        BadOption{"SwitchEmpty", "SCPIProtocolAutoReadAfterQuery=",
                   "--option SCPIProtocolAutoReadAfterQuery: '' is not a value of it; use On or Off"},
-        BadOption{"SCPIProtocolAutoErrorChecking=True",
+        BadOption{"SwitchAsTrue", "SCPIProtocolAutoErrorChecking=True",
                   "--option SCPIProtocolAutoErrorChecking: 'True' is not a value of it; use On or Off"},
-        BadOption{"SCPIProtocolPacingInterval=0",
+        BadOption{"IntervalZero", "SCPIProtocolPacingInterval=0",
                   "--option SCPIProtocolPacingInterval: '0' is not a value of it; use 1 to 65535 milliseconds"},
-        BadOption{"SCPIProtocolPacingInterval=-1",
+        BadOption{"IntervalNegative", "SCPIProtocolPacingInterval=-1",
                   "--option SCPIProtocolPacingInterval: '-1' is not a value of it; use 1 to 65535 milliseconds"},
-        BadOption{"SCPIProtocolPacingInterval=65536",
+        BadOption{"IntervalTooLong", "SCPIProtocolPacingInterval=65536",
                   "--option SCPIProtocolPacingInterval: '65536' is not a value of it; use 1 to 65535 milliseconds"},
-        BadOption{"SCPIProtocolPacingInterval=1e3",
+        BadOption{"IntervalWithExponent", "SCPIProtocolPacingInterval=1e3",
                   "--option SCPIProtocolPacingInterval: '1e3' is not a value of it; use 1 to 65535 milliseconds"},
-        BadOption{"SCPIProtocolPacingInterval=",
+        BadOption{"IntervalEmpty", "SCPIProtocolPacingInterval=",
                   "--option SCPIProtocolPacingInterval: '' is not a value of it; use 1 to 65535 milliseconds"},
-        BadOption{"SCPIProtocolTerminationCharacter=lf",
+        BadOption{"TerminationInLowerCase", "SCPIProtocolTerminationCharacter=lf",
                   "--option SCPIProtocolTerminationCharacter: 'lf' is not a value of it; "
                   "use Auto, CR, LF, CRLF or LFCR"},
-        BadOption{"SCPIProtocolErrorCheckingCommand=ERR?\n*RST",
+        BadOption{"CommandOfTwoLines", "SCPIProtocolErrorCheckingCommand=ERR?\n*RST",
                   "--option SCPIProtocolErrorCheckingCommand: 'ERR?\n*RST' is not a value of it; "
                   "use characters of the instrument's code page on one line"},
-        BadOption{"SCPIProtocolErrorCheckingCommand=\xCE\xA9?",
+        BadOption{"CommandOutsideTheCodePage", "SCPIProtocolErrorCheckingCommand=\xCE\xA9?",
                   "--option SCPIProtocolErrorCheckingCommand: '\xCE\xA9?' is not a value of it; "
                   "use characters of the instrument's code page on one line"},
-        BadOption{"SCPIProtocolErrorCheckingCommand=\xFF",
+        BadOption{"CommandNotUtf8", "SCPIProtocolErrorCheckingCommand=\xFF",
                   "--option SCPIProtocolErrorCheckingCommand: '\xFF' is not a value of it; "
                   "use characters of the instrument's code page on one line"},
-        BadOption{"SCPIProtocolOPCPacing", "--option SCPIProtocolOPCPacing: use NAME=VALUE"},
-        BadOption{"", "--option : use NAME=VALUE"}));
+        BadOption{"NoEqualsSign", "SCPIProtocolOPCPacing", "--option SCPIProtocolOPCPacing: use NAME=VALUE"},
+        BadOption{"Nothing", "", "--option : use NAME=VALUE"}),
+    [](const auto& test) { return std::string(test.param.Name); });
 
 constexpr char kScpiNames[] =
     "SCPIProtocolOPCPacing, SCPIProtocolIntervalPacing, SCPIProtocolPacingInterval, SCPIProtocolAutoReadAfterQuery, "

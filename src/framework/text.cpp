@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -51,15 +52,22 @@ bool EqualNoCase(StringView A, StringView B) {
 }
 
 std::size_t HashNoCase::operator()(StringView Text) const {
-  // Names that share a beginning are many here, and differ at the end. Bit 5 is all that tells the case of an ASCII
-  // letter; leaving it out makes other characters meet too, which a hash may do, and spares the folding.
-  constexpr std::size_t units = 8;
-  constexpr std::uint64_t prime = 1099511628211ULL;
-  std::uint64_t hash = 14695981039346656037ULL ^ Text.size(); // FNV-1a, by units
-  for (const char16_t unit : Text.substr(Text.size() - std::min(Text.size(), units))) {
-    hash = (hash ^ ((unit < 0x80 ? unit : FoldCase(unit)) | 0x20U)) * prime;
+  // Names that share a beginning are many here, and differ at the end: the last eight units and the length will do.
+  std::array<char16_t, 8> tail{};
+  const StringView last = Text.substr(Text.size() - std::min(Text.size(), tail.size()));
+  std::copy(last.begin(), last.end(), tail.begin());
+  auto words = std::bit_cast<std::array<std::uint64_t, 2>>(tail);
+  constexpr std::uint64_t beyondAscii = 0xFF80FF80FF80FF80;
+  if (((words[0] | words[1]) & beyondAscii) != 0) {
+    std::transform(tail.begin(), tail.end(), tail.begin(), FoldCase);
+    words = std::bit_cast<std::array<std::uint64_t, 2>>(tail);
   }
-  return static_cast<std::size_t>(hash);
+  // Bit 5 tells the case of an ASCII letter. Leaving it out makes other characters meet too, which a hash may do.
+  constexpr std::uint64_t caseBits = 0x0020002000200020;
+  constexpr std::uint64_t odd = 0x9E3779B97F4A7C15; // spreads neighbours far apart
+  std::uint64_t hash = ((words[0] | caseBits) + Text.size()) * odd;
+  hash = ((hash ^ (hash >> 32)) + (words[1] | caseBits)) * odd;
+  return static_cast<std::size_t>(hash ^ (hash >> 32));
 }
 
 String ReplaceAll(StringView Text, StringView From, StringView To) {

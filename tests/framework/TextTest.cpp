@@ -59,6 +59,7 @@ TEST(Text, HashNoCaseAgreesForTextsThatDifferInCaseOnly) {
   EXPECT_EQ(HashNoCase()(u"InstrumentName"), HashNoCase()(u"INSTRUMENTNAME"));
   EXPECT_NE(HashNoCase()(u"InstrumentName"), HashNoCase()(u"InstrumentNames"));
   EXPECT_NE(HashNoCase()(u"ab"), HashNoCase()(u"ba"));
+  EXPECT_EQ(HashNoCase()(u"Gr\u00D6\u039E\u0416e"), HashNoCase()(u"gR\u00F6\u03BE\u0436E"));
 }
 
 TEST(Text, ReplaceAllGoesOnBehindTheReplacement) {

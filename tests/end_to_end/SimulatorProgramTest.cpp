@@ -51,6 +51,18 @@ TEST(SimulatorProgram, BlockWithLineFeedsIsReadWhole) {
   EXPECT_TRUE(outcome.out.ends_with("> *IDN?\n< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n"));
 }
 
+TEST(SimulatorProgram, AnswerThatComesTooLateIsNotTakenForTheNextOne) {
+  const SimulatorProgram simulator;
+  // The late answer is on its way while the next query waits for its own, which takes half a second.
+  const Outcome outcome = RunPortico(kBare + Arguments{"--timeout", "1000", simulator.ResourceName()},
+                                     "SIM:DEL 1.2\n*IDN?\nSIM:DEL 0.5\n*OPC?\n*IDN?\n");
+  EXPECT_EQ(outcome.status, 4);
+  EXPECT_NE(outcome.out.find("> *IDN?\n< Timeout expired before the answer was complete"), std::string::npos)
+      << outcome.out;
+  EXPECT_TRUE(outcome.out.ends_with("> *OPC?\n< 1\n> *IDN?\n< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n"))
+      << outcome.out;
+}
+
 TEST(SimulatorProgram, EndsWellWhenItIsToldTo) {
   for (const int signal : {SIGINT, SIGTERM}) {
     SimulatorProgram simulator;

@@ -27,6 +27,7 @@ protected:
 TEST_F(RegisteredClasses, StandInTheFactoryInTheirOrder) {
   std::vector<String> expected;
   std::vector<String> names;
+  expected.reserve(std::size(RegisteredRows));
   for (const auto& row : RegisteredRows) expected.emplace_back(String(row.Creator) + u" " + String(row.Specification));
   for (const auto& creator : Creators().NewEnum()) {
     names.push_back(String(creator->ClassName()) + u" " + creator->Specification().ToString());

@@ -69,7 +69,7 @@ public:
 
   /// Writes the file and answers its path.
   std::string Add(const std::string& name, const std::string& bytes) const {
-    const std::string path = m_folder / name;
+    std::string path = m_folder / name;
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
   }

@@ -33,7 +33,7 @@ TEST(CInstContainer, SettersReplaceTheFieldAndCheckNothing) {
 
 TEST(CInstContainer, ParametersAreSharedWithWhoeverGotTheList) {
   CInstContainer instruction;
-  const InstructionParams list = instruction.Params();
+  const InstructionParams& list = instruction.Params();
   list->Add(u"first", u"Name");
   list->Add(u"second", u"Value");
   ASSERT_EQ(instruction.Params()->Count(), 2U);

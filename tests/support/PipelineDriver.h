@@ -5,9 +5,9 @@
 #include "platform/IInstrumentDriver.h"
 #include "support/InstructionFakes.h"
 
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <cstring>
+#include <gtest/gtest.h>
 
 namespace portico::support {
 
@@ -43,7 +43,7 @@ public:
   }
   std::int32_t TVSCPI_GetAttributeViString(std::int32_t, std::int32_t, std::int32_t attribute, std::int32_t,
                                            char* buffer) override {
-    std::strcpy(buffer, "text");
+    WriteText(buffer, "text");
     return Call("get " + std::to_string(attribute));
   }
   std::int32_t TVSCPI_SetAttributeViInt32(std::int32_t, std::int32_t, std::int32_t attribute,
@@ -55,11 +55,14 @@ public:
     return Call("set " + std::to_string(attribute) + " " + text);
   }
   std::int32_t TVSCPI_error_message(std::int32_t, std::int32_t status, char* buffer) override {
-    std::strcpy(buffer, ("status " + std::to_string(status) + "\n").c_str());
+    WriteText(buffer, "status " + std::to_string(status) + "\n");
     return 0;
   }
 
 private:
+  /// The text and the zero byte behind it.
+  static void WriteText(char* buffer, const std::string& text) { std::copy_n(text.c_str(), text.size() + 1, buffer); }
+
   std::int32_t Call(const std::string& line) {
     m_journal.push_back(line);
     if (OnCall) OnCall(line);

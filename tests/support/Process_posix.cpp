@@ -38,10 +38,11 @@ void CloseEnd(int& end) {
 void Drain(int& end, std::string& text) {
   std::array<char, 65536> bytes = {};
   const ssize_t count = ::read(end, bytes.data(), bytes.size());
-  if (count > 0)
+  if (count > 0) {
     text.append(bytes.data(), static_cast<std::size_t>(count));
-  else
+  } else {
     CloseEnd(end);
+  }
 }
 
 /// The program gets the streams, and signals as a shell would leave them.
@@ -60,6 +61,7 @@ pid_t Spawn(const std::vector<std::string>& command, int input, int output, int 
   ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
 
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (const std::string& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
   arguments.push_back(nullptr);
   pid_t id = -1;
@@ -105,10 +107,11 @@ void Process::Write(std::string_view bytes) {
 void Process::Feed() {
   if (m_input < 0) return;
   const ssize_t count = ::write(m_input, m_unsent.data(), m_unsent.size());
-  if (count >= 0)
+  if (count >= 0) {
     m_unsent.erase(0, static_cast<std::size_t>(count));
-  else if (errno != EAGAIN)
+  } else if (errno != EAGAIN) {
     m_unsent.clear();
+  }
   if (m_unsent.empty() && m_closesInput) CloseEnd(m_input);
 }
 

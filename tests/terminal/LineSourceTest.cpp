@@ -39,7 +39,7 @@ protected:
   ~ReadCommandFileTest() override { std::filesystem::remove_all(folder); }
 
   std::string File(const std::string& bytes) const {
-    const std::string path = folder / "lines.cmd";
+    std::string path = folder / "lines.cmd";
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
   }

@@ -12,6 +12,8 @@
 #include "memory/SettingsStore.h"
 #include "simulator/SimulatedInstrument.h"
 #include "terminal/BatchRun.h"
+#include "terminal/Diagnostic.h"
+#include "terminal/StandardStreams.h"
 
 #include <exception>
 #include <iostream>
@@ -26,13 +28,12 @@ constexpr std::uint64_t SimulatorSeed = 1; // fixed, so that a run on a simulate
 class ReconnectionNotice final : public IDriverObserver {
 public:
   void Reconnected(const std::string& resourceName) override {
-    std::cerr << "portico-run: " << resourceName << ": the connection was made anew; unread answers are lost"
-              << std::endl;
+    std::cerr << Diagnostic(resourceName + ": the connection was made anew; unread answers are lost") << std::endl;
   }
 };
 
 int Fail(const std::string& text) {
-  std::cerr << "portico-run: " << text << std::endl;
+  std::cerr << Diagnostic(text) << std::endl;
   return static_cast<int>(ExitStatus::Usage);
 }
 
@@ -99,6 +100,7 @@ int Run(const RunOptions& options) {
 } // namespace
 
 int main(int argc, char** argv) try {
+  HoldClosedStandardStreams();
   std::ios::sync_with_stdio(false);
   const auto request = ParseRunOptions(argc, argv);
   if (const auto* help = std::get_if<HelpText>(&request)) {

@@ -56,9 +56,10 @@ void CRegistrarBase::RegisterClasses(const Ref<IObjectFactory>& ObjectFactory) t
 }
 
 void CRegistrarBase::UnregisterClasses(const Ref<IObjectFactory>& ObjectFactory) try {
-  CheckFactory(ObjectFactory);
-  BeforeRemoval(ObjectFactory);
-  for (const CreatorRow* row : Rows()) ObjectFactory->Remove(MakeCreator(*row));
+  const Ref<IObjectFactory> factory = ObjectFactory; // the argument may be the global that is cleared on the way
+  CheckFactory(factory);
+  BeforeRemoval(factory);
+  for (const CreatorRow* row : Rows()) factory->Remove(MakeCreator(*row));
   AfterRemoval();
 } catch (...) {
   PassOn(String(ClassName()).append(u".IRegistrar_UnregisterClasses(ObjectFactory)"), {ObjectFactory});

@@ -8,6 +8,7 @@
 #include "instructions/CInstGenerator.h"
 #include "instructions/IInstProcessor.h"
 #include "platform/IEventLoop.h"
+#include "terminal/Diagnostic.h"
 #include "terminal/LineKind.h"
 
 namespace portico::terminal {
@@ -38,7 +39,7 @@ BatchRun::~BatchRun() {
   if (m_conversation) Agent()->Unsubscribe(m_conversation);
 }
 
-void BatchRun::Diagnose(const std::string& text) { m_err << "portico-run: " << m_place << text << std::endl; }
+void BatchRun::Diagnose(const std::string& text) { m_err << Diagnostic(m_place + text) << std::endl; }
 
 ExitStatus BatchRun::Run(const std::vector<std::unique_ptr<LineSource>>& sources) {
   try {
@@ -54,7 +55,8 @@ ExitStatus BatchRun::Run(const std::vector<std::unique_ptr<LineSource>>& sources
     m_status.Note(ExitStatus::Interrupted);
   } catch (...) {
     StopHere(u"BatchRun.Run(sources)");
-    Diagnose("internal error\n" + ToUtf8(HuntERR::ErrDescription()));
+    Diagnose("internal error");
+    m_err << ToUtf8(HuntERR::ErrDescription()) << std::endl;
     m_status.Note(ExitStatus::Internal);
   }
   if (m_interrupts.Requested()) m_status.Note(ExitStatus::Interrupted);

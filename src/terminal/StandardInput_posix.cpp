@@ -4,6 +4,7 @@
 #include <array>
 #include <cerrno>
 #include <string_view>
+#include <system_error>
 
 #include <unistd.h>
 
@@ -23,6 +24,7 @@ public:
       Fill();
       end = m_bytes.find('\n', searched);
     }
+    if (m_fault) return TextFault{m_number + 1, 1, "cannot be read: " + m_fault.message()};
     if (m_interrupts.Requested() || m_start == m_bytes.size()) return std::optional<String>{};
     ++m_number;
     std::string_view bytes = std::string_view(m_bytes).substr(m_start, end - m_start);
@@ -52,7 +54,10 @@ private:
     const auto count = read(STDIN_FILENO, chunk.data(), chunk.size());
     if (count > 0) {
       m_bytes.append(chunk.data(), static_cast<std::size_t>(count));
-    } else if (count == 0 || (errno != EINTR && errno != EAGAIN)) {
+    } else if (count == 0) {
+      m_ended = true;
+    } else if (errno != EINTR && errno != EAGAIN) {
+      m_fault.assign(errno, std::generic_category());
       m_ended = true;
     }
   }
@@ -62,6 +67,7 @@ private:
   std::size_t m_start = 0;
   std::size_t m_number = 0;
   bool m_ended = false;
+  std::error_code m_fault;
 };
 
 } // namespace

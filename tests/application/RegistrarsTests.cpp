@@ -142,6 +142,14 @@ TEST_F(Registrars, RemovingTheProcessorClearsFactoryAndChannel) {
   EXPECT_FALSE(gChannel);
 }
 
+TEST_F(Registrars, TheProcessorIsRemovedWholeThroughTheGlobalItself) {
+  RegisterWhatInstructionsNeed();
+  const auto before = Registered();
+  CInstDirectorRegistrar().RegisterClasses(m_factory);
+  CInstDirectorRegistrar().UnregisterClasses(gObjectFactory); // which is cleared on the way
+  EXPECT_EQ(Registered(), before);
+}
+
 TEST_F(Registrars, TheProcessorGetsItsHandlersInTheOrderCommunicationScpiConfiguration) {
   RegisterWhatInstructionsNeed();
   const auto spy = New<support::InstructionSpyFactory>();

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <thread>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace portico::terminal {
@@ -70,6 +71,14 @@ TEST_F(StandardInputTest, LineIsThereWhileThePipeIsOpen) {
   EXPECT_EQ(Line(), u"*CLS");
   Write("*RST\n");
   EXPECT_EQ(Line(), u"*RST");
+}
+
+TEST_F(StandardInputTest, InputThatCannotBeReadIsTold) {
+  const int directory = open("/", O_RDONLY);
+  ASSERT_GE(directory, 0);
+  dup2(directory, STDIN_FILENO);
+  close(directory);
+  EXPECT_EQ(Fault(), "standard input:1:1: cannot be read: Is a directory");
 }
 
 TEST_F(StandardInputTest, EndOfInputEndsTheLines) {

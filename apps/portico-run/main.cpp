@@ -65,7 +65,6 @@ struct Wiring {
     gInstrumentDriver = nullptr;
     gSettingsStore = nullptr;
     gEventLoop = nullptr;
-    HuntERR::SetEnvironment(nullptr);
   }
 };
 
@@ -77,7 +76,7 @@ int Run(const RunOptions& options) {
   auto sources = OpenSources(options.Files, interrupts);
   if (const auto* fault = std::get_if<FileFault>(&sources)) return Fail(fault->Text);
 
-  HostEnvironment environment;
+  static HostEnvironment environment; // error reports are read to the very end
   SteadyClock driverClock;
   ReconnectionNotice notice;
   const Wiring wiring;

@@ -65,6 +65,29 @@ TEST(Interactive, FilesBehindABadLineAreNotRun) {
   EXPECT_EQ(outcome.out, "> *CLS\n");
 }
 
+TEST(Interactive, DirectoryIsNoInput) {
+  const Outcome outcome = Process({"/bin/sh", "-c", "exec \"$0\" \"$@\" < /", PORTICO_RUN, kSimulated}).Wait();
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "portico-run: standard input:1:1: cannot be read: Is a directory\n");
+}
+
+TEST(Interactive, ClosedInputIsTold) {
+  const Outcome outcome = Process({"/bin/sh", "-c", "exec \"$0\" \"$@\" <&-", PORTICO_RUN, kSimulated}).Wait();
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "portico-run: standard input:1:1: cannot be read: Bad file descriptor\n");
+}
+
+TEST(Interactive, ClosedStreamsDoNotLeadToTheInstrument) {
+  const ScriptedServer server({});
+  const CommandFiles files;
+  const std::string closed = "exec \"$0\" \"$@\" <&- >&- 2>&-";
+  Process process({"/bin/sh", "-c", closed, PORTICO_RUN, server.ResourceName(), "--protocol", "Other",
+                   files.Add("one.cmd", "*CLS\n")});
+  EXPECT_EQ(process.Wait().status, 5);
+  server.WaitForNoClient();
+  EXPECT_EQ(server.Received(), "*CLS\r\n");
+}
+
 TEST(Interactive, InputIsLeftAloneWhenOnlyFilesAreNamed) {
   const CommandFiles files;
   EXPECT_EQ(RunPortico(kBare + Arguments{kSimulated, files.Add("one.cmd", "*CLS\n")}, "*RST\n").out, "> *CLS\n");

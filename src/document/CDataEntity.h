@@ -1,0 +1,45 @@
+#pragma once
+
+#include "document/IDataEntity.h"
+#include "framework/Creator.h"
+
+namespace portico {
+
+/// The one implementation of a data entity. Made through the factory only. Members raise 0x80041460 before
+/// `Initialize`.
+class CDataEntity final : public IDataEntity {
+public:
+  StringView ClassName() const override { return u"CDataEntity"; }
+
+  /// An empty `TimeStamp` asks for a new one. No `gTimeStamper` raises 424.
+  void Initialize(const ByteArray& data, const String& DataType, const String& TimeStamp);
+  /// An absent name raises 381.
+  String DataAttributeValue(const String& Name) const;
+  /// Adds the attribute if the name is new.
+  void DataAttributeValue(const String& Name, const String& Value);
+  /// An empty value stores a newly drawn stamp.
+  void TimeStamp(const String& newValue);
+  void DataType(const String& newValue);
+
+  Ref<IPosition> Position(std::optional<std::int32_t> DataOffset) override;
+  Ref<IAttributes> DataAttributes() const override;
+  String DataAttribute(const String& Name) const override;
+  void DataAttribute(const String& Name, const String& Value) override;
+  std::int32_t DataLength() const override;
+  String DataType() const override;
+  ByteArray ReadData() const override;
+  void UpdateData(const ByteArray& data) override;
+  String TimeStamp() const override;
+  std::int32_t CompareToMe(const Ref<IDataEntity>& DataEntity) const override;
+};
+
+/// "DataEntity": byte array, data type, time stamp.
+extern const CreatorRow CtorDataEntity;
+
+namespace modDataDocument {
+
+/// Asks the factory for an entity; no factory raises 17.
+Ref<CDataEntity> CreateADataEntity(const ByteArray& data, const String& DataType, const String& TimeStamp);
+
+} // namespace modDataDocument
+} // namespace portico

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "configuration/IAttributes.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace portico {
+
+class IPosition;
+
+/// The first byte of an entity's data; and the offset of an entity that has none.
+inline constexpr std::int32_t DATA_firstIndex = 0;
+inline constexpr std::int32_t NoDataOffset = -1;
+
+/// One run of bytes with a set of named text attributes: the atom of the conversation. Text in it is UTF-16
+/// little-endian. Shared by reference between all who hold it.
+class IDataEntity : public virtual IObject {
+public:
+  /// A position at that offset; without one at the first byte.
+  virtual Ref<IPosition> Position(std::optional<std::int32_t> DataOffset = {}) = 0;
+  /// The collection itself: what is written there is written to the entity.
+  virtual Ref<IAttributes> DataAttributes() const = 0;
+  /// An absent name raises 381.
+  virtual String DataAttribute(const String& Name) const = 0;
+  /// Adds the attribute if the name is new.
+  virtual void DataAttribute(const String& Name, const String& Value) = 0;
+  /// In bytes.
+  virtual std::int32_t DataLength() const = 0;
+  virtual String DataType() const = 0;
+  /// A copy.
+  virtual ByteArray ReadData() const = 0;
+  /// Replaces the data by a copy of the argument.
+  virtual void UpdateData(const ByteArray& data) = 0;
+  virtual String TimeStamp() const = 0;
+  /// By content, never by identity: 0 the same, 2 attributes differ, 4 data differ, 6 both differ or nothing is given.
+  virtual std::int32_t CompareToMe(const Ref<IDataEntity>& DataEntity) const = 0;
+};
+
+/// Names of attributes. One that begins with "_" is private to the running system: stores never write it.
+namespace AttributeName {
+inline constexpr char16_t DataType[] = u"DataType";
+inline constexpr char16_t Timestamp[] = u"Timestamp";
+inline constexpr char16_t DataFormat[] = u"DataFormat";
+inline constexpr char16_t RTFSelectionLength[] = u"_RTFSelectionLength";
+inline constexpr char16_t RTFVisibleTextOffset[] = u"_RTFVisibleTextOffset";
+} // namespace AttributeName
+
+/// Kinds of entities, and formatting names that never reach one.
+namespace DataTypeName {
+inline constexpr char16_t Instruction[] = u"Instruction";
+inline constexpr char16_t AutomaticInstruction[] = u"AutomaticInstruction";
+inline constexpr char16_t Response[] = u"Response";
+inline constexpr char16_t Configuration[] = u"Configuration";
+inline constexpr char16_t Remark[] = u"Remark";
+inline constexpr char16_t DisplayOpenMsg[] = u"DisplayOpenMsg";
+inline constexpr char16_t White[] = u"WHITE";
+} // namespace DataTypeName
+
+} // namespace portico

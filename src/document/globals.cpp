@@ -1,0 +1,7 @@
+#include "document/ITimeStamp.h"
+
+namespace portico {
+
+Ref<ITimeStamp> gTimeStamper;
+
+} // namespace portico

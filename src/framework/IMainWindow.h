@@ -17,6 +17,10 @@ public:
   virtual bool Executing() const = 0;
   virtual void Executing(bool newValue) = 0;
 
+  /// Set by Stop, read by the line runners after each line, cleared at the start and the end of each run.
+  virtual bool StopRequested() const = 0;
+  virtual void StopRequested(bool newValue) = 0;
+
   /// Recomputes every enabled, checked and visible state; `Name` and `Value` tell the item that has changed, or are
   /// empty.
   virtual void UpdateUI(const String& Name, const String& Value) = 0;

@@ -13,11 +13,14 @@ public:
   void MousePointer(std::int32_t shape) override { m_pointer = shape; }
   bool Executing() const override { return m_executing; }
   void Executing(bool newValue) override { m_executing = newValue; }
+  bool StopRequested() const override { return m_stopRequested; }
+  void StopRequested(bool newValue) override { m_stopRequested = newValue; }
   void UpdateUI(const String&, const String&) override {}
 
 private:
   std::int32_t m_pointer = 0;
   bool m_executing = false;
+  bool m_stopRequested = false;
 };
 
 } // namespace portico::memory

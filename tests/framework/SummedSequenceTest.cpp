@@ -105,7 +105,9 @@ TEST_F(SummedSequenceTest, RemovalAtTheFrontLeavesTheRest) {
 
 TEST_F(SummedSequenceTest, BehavesAsPlainVectorsUnderRandomOperations) {
   std::mt19937 random(7);
-  const auto below = [&](std::size_t bound) { return std::uniform_int_distribution<std::size_t>(0, bound - 1)(random); };
+  const auto below = [&](std::size_t bound) {
+    return std::uniform_int_distribution<std::size_t>(0, bound - 1)(random);
+  };
   for (int phase = 0; phase < 6; ++phase) {
     const std::size_t insertions = phase % 2 == 0 ? 8 : 2; // of ten: the sequence grows, then shrinks
     for (int step = 0; step < 1500; ++step) {

@@ -1,0 +1,87 @@
+#include "views/CInstructionRunner.h"
+
+#include "framework/ErrorNumbers.h"
+#include "framework/HuntERR.h"
+#include "framework/IConfiguration.h"
+#include "framework/IObjectFactory.h"
+#include "framework/modGlobals.h"
+#include "instructions/CInstGenerator.h"
+#include "platform/IEventLoop.h"
+#include "views/LineKind.h"
+
+namespace portico {
+namespace {
+
+constexpr StringView CurrentInstruction = u"CurrentInstruction";
+constexpr StringView RunningMode = u"RunningMode";
+
+/// The text of an instruction; empty for a remark and for every other kind of entity.
+String InstructionText(const IDataEntity& entity) {
+  if (entity.DataType() != DataTypeName::Instruction) return {};
+  const String data = FromBytes(entity.ReadData());
+  StringView text = Trim(data);
+  text.remove_suffix(std::min(text.size(), NewLine.size()));
+  return text.substr(0, RemarkWord.size()) == RemarkWord ? String() : String(text);
+}
+
+} // namespace
+
+void CInstructionRunner::Initialize(const Ref<CSCPIView>& InstructionSource) try {
+  HuntERR::Check(bool(InstructionSource), ErrorNumber::InvalidArgument, u"Instruction source cannot be nothing.");
+  HuntERR::Check(bool(gObjectFactory), ErrorNumber::ObjectRequired, u"This operation requires an object factory.");
+  m_stop = Create<ICommand>(u"Stop", modGlobals::VarArray());
+  HuntERR::Check(bool(m_stop), ErrorNumber::CannotCreate, u"Cannot create a stop command.");
+  m_source = InstructionSource;
+  const auto publisher = Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray());
+  publisher->Subscribe(Ref<ISubscriber>(shared_from_this()));
+  m_initialized = true;
+} catch (...) {
+  PassOn(u"CInstructionRunner.Initialize(InstructionSource)", {InstructionSource});
+}
+
+void CInstructionRunner::Update(const Ref<IObject>& Subject) try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  HuntERR::Check(bool(Subject), ErrorNumber::InvalidArgument, u"Subject cannot be nothing.");
+  const std::int32_t code = Cast<IReport>(Subject)->GetErrorCode();
+  const bool goOn = code == ErrorNumber::SendNextInstruction;
+  const bool ended = code == ErrorNumber::InstructionComplete;
+  if (goOn) SendNextInstruction();
+  if (ended) gConfiguration->ItemValue(CurrentInstruction, {});
+  if ((goOn || ended) && gConfiguration->ItemValue(RunningMode) != u"Off") ReadyForInstruction();
+  gEventLoop->DoEvents();
+} catch (...) {
+  PassOn(u"CInstructionRunner.ISubscriber_Update(Subject)", {Subject});
+}
+
+void CInstructionRunner::SendNextInstruction() {
+  const String text = TakeInstructionText();
+  if (!text.empty()) {
+    const auto step = Create<ICommand>(u"Step", modGlobals::VarArray(text));
+    HuntERR::Check(bool(step), ErrorNumber::CannotCreate, u"Cannot create a step command.");
+    step->Execute();
+  }
+  const Ref<CDataFIFO> queue = m_source->Instructions();
+  queue->Dequeue();
+  if (queue->Count() == 0 || gConfiguration->ItemValue(RunningMode) == u"Step") m_stop->Execute();
+  m_source->Refresh();
+}
+
+String CInstructionRunner::TakeInstructionText() {
+  const Ref<CDataFIFO> queue = m_source->Instructions();
+  HuntERR::Check(queue->Count() >= 1, ErrorNumber::InternalState,
+                 u"Cannot send the next instruction. The instruction queue is empty.");
+  String text = InstructionText(*queue->Peek());
+  gConfiguration->ItemValue(CurrentInstruction, text);
+  if (text.empty()) return text;
+  // Only the text of the instruction goes on to the step command, which takes an instruction and so refuses it.
+  return CInstGenerator().ConstructXMLSCPICmdString(text)->Params()->Item(u"Data").ToString();
+}
+
+const CreatorRow CtorInstructionRunner = {u"CtorInstructionRunner", u"InstructionRunner", 1,
+                                          [](const Params& Parameters) {
+                                            auto runner = New<CInstructionRunner>();
+                                            runner->Initialize(Parameters[0].ToObject<CSCPIView>());
+                                            return Ref<IObject>(runner);
+                                          }};
+
+} // namespace portico

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "framework/ICommand.h"
+#include "framework/IPublisher.h"
+#include "framework/IReport.h"
+#include "views/CSCPIView.h"
+
+#include <memory>
+
+namespace portico {
+
+/// The second engine: sends the first entity of a view's queue whenever a report tells it to go on. Without a run its
+/// one effect is to clear "CurrentInstruction" when an instruction has ended. Subscribes itself.
+class CInstructionRunner final : public ISubscriber, public std::enable_shared_from_this<CInstructionRunner> {
+public:
+  StringView ClassName() const override { return u"CInstructionRunner"; }
+
+  /// No source raises 5, no factory 424.
+  void Initialize(const Ref<CSCPIView>& InstructionSource);
+  Ref<CSCPIView> InstructionSource() const { return m_source; }
+  /// 0x80041460 before `Initialize`; no subject raises 5.
+  void Update(const Ref<IObject>& Subject) override;
+
+  /// During a run: the next instruction can come.
+  Event<> ReadyForInstruction;
+
+private:
+  void SendNextInstruction();
+  String TakeInstructionText();
+
+  Ref<CSCPIView> m_source;
+  Ref<ICommand> m_stop;
+  bool m_initialized = false;
+};
+
+/// "InstructionRunner": the view.
+extern const CreatorRow CtorInstructionRunner;
+
+} // namespace portico

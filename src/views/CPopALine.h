@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/IRichTextBox.h"
+#include "views/CSCPICmdPolicy.h"
+
+namespace portico {
+
+/// Cuts the first line off a box and tells its kind. The runners make one per run. It keeps no position: what a handler
+/// changes in the box between two lines counts.
+class CPopALine final {
+public:
+  void CmdQueue(const Ref<IRichTextBox>& newValue) { m_queue = newValue; }
+
+  /// The line without its leading blanks and line end; `EndOfText` for an empty box. Gives the event loop a turn while
+  /// the line is off the box already.
+  String Pop(LineKind& LineType);
+
+private:
+  String TakeFirstLine(LineKind& LineType);
+  String TakeLastLine();
+
+  Ref<IRichTextBox> m_queue;
+  CSCPICmdPolicy m_policy; // not asked: the two classifications differ
+};
+
+/// Another popper, without kinds and without trimming.
+class CPopInstruction final {
+public:
+  /// Takes the characters in front of the first line end, which stays in the box.
+  String Pop(const Ref<IRichTextBox>& Box);
+};
+
+} // namespace portico

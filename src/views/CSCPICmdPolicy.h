@@ -1,0 +1,30 @@
+#pragma once
+
+#include "framework/IObject.h"
+#include "views/LineKind.h"
+
+namespace portico {
+
+/// Classifies lines after the fact.
+class ICommandPolicy : public virtual IObject {
+public:
+  virtual const String& CharComment() const = 0;
+  virtual void CharComment(const String& newValue) = 0;
+  virtual LineKind CmdType(const String& Line) const = 0;
+};
+
+/// Differs from the kinds that `CPopALine` reports, and knows no automatic instructions. No run asks it.
+class CSCPICmdPolicy final : public ICommandPolicy {
+public:
+  StringView ClassName() const override { return u"CSCPICmdPolicy"; }
+
+  /// Kept, and without effect.
+  const String& CharComment() const override { return m_charComment; }
+  void CharComment(const String& newValue) override { m_charComment = newValue; }
+  LineKind CmdType(const String& Line) const override;
+
+private:
+  String m_charComment;
+};
+
+} // namespace portico

@@ -1,0 +1,70 @@
+#include "views/CSCPIView.h"
+
+#include "framework/ErrorNumbers.h"
+#include "framework/HuntERR.h"
+
+namespace portico {
+
+CSCPIView::~CSCPIView() {
+  if (m_txtFuture) m_txtFuture->Change().Disconnect(m_change);
+}
+
+void CSCPIView::Initialize(const Ref<IRichTextBox>& InstructionDisplay) try {
+  SetUp(InstructionDisplay);
+  if (m_txtFuture) m_txtFuture->Change().Disconnect(m_change);
+  m_txtFuture = InstructionDisplay;
+  m_change = m_txtFuture->Change().Connect([this] { m_txtFuture_Change(); });
+} catch (...) {
+  PassOn(Label(u".Initialize(InstructionDisplay)"), {InstructionDisplay});
+}
+
+void CSCPIView::Instructions(const Ref<CDataFIFO>& newValue) try {
+  CheckInitialized();
+  HuntERR::Check(bool(newValue), ErrorNumber::BadPropertyValue, u"Instructions cannot be set to nothing.");
+  Attach(newValue);
+  State(ViewState::Stale);
+  UpdateDisplay();
+} catch (...) {
+  PassOn(Label(u".Instructions(newValue)"), {newValue});
+}
+
+void CSCPIView::Clear() try {
+  CheckInitialized();
+  Display()->Text({});
+  State(ViewState::Stale);
+  GetInstructionQueue();
+} catch (...) {
+  PassOn(Label(u".Clear()"));
+}
+
+void CSCPIView::Refresh() try { CheckInitialized(); } catch (...) {
+  PassOn(Label(u".Refresh()"));
+}
+
+void CSCPIView::m_txtFuture_Change() try {
+  if (!m_executing) State(ViewState::Stale);
+} catch (...) {
+  PassOn(Label(u".m_txtFuture_Change()"));
+}
+
+void CSCPIView::m_Instructions_OnAdd(const Ref<IDataEntity>& DataEntity, std::int64_t Index) try {
+  CaretToEnd();
+  Display()->Span(u"\n");
+  Show(DataEntity);
+} catch (...) {
+  PassOn(Label(u".m_Instructions_OnAdd(DataEntity, Index)"), {DataEntity, ToText(Index)});
+}
+
+void CSCPIView::m_Instructions_MaximumCountExceded(const Ref<IDataEntity>& DataEntity, std::int64_t Index) try {
+  RemoveText(DataEntity, Index);
+} catch (...) {
+  PassOn(Label(u".m_Instructions_MaximumCountExceded(DataEntity, Index)"), {DataEntity, ToText(Index)});
+}
+
+const CreatorRow CtorSCPIView = {u"CtorSCPIView", u"SCPIView", 1, [](const Params& Parameters) {
+                                   auto view = New<CSCPIView>();
+                                   view->Initialize(Parameters[0].ToObject<IRichTextBox>());
+                                   return Ref<IObject>(view);
+                                 }};
+
+} // namespace portico

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "views/SCPIViewBase.h"
+
+namespace portico {
+
+/// The view model of the command window. Typing makes its queue stale, and costs no more than that: the queue is made
+/// anew when somebody asks for it. During a run the queue is left alone, so that taking lines off makes no work.
+class CSCPIView final : public SCPIViewBase {
+public:
+  CSCPIView() = default;
+  ~CSCPIView() override;
+  StringView ClassName() const override { return u"CSCPIView"; }
+
+  void Initialize(const Ref<IRichTextBox>& InstructionDisplay);
+  using SCPIViewBase::Instructions;
+  /// Replaces the queue and redraws the window from it. Nothing raises 380.
+  void Instructions(const Ref<CDataFIFO>& newValue);
+  /// Empties the window and its queue. 0x80041460 before `Initialize`, here and in the next.
+  void Clear();
+  /// Redraws nothing.
+  void Refresh();
+  /// True while a run takes lines from the window.
+  bool Executing() const { return m_executing; }
+  void Executing(bool newValue) { m_executing = newValue; }
+
+private:
+  void m_Instructions_OnAdd(const Ref<IDataEntity>& DataEntity, std::int64_t Index) override;
+  void m_Instructions_MaximumCountExceded(const Ref<IDataEntity>& DataEntity, std::int64_t Index) override;
+  bool KeepsSelection() const override { return true; }
+  void m_txtFuture_Change();
+
+  bool m_executing = false;
+  Ref<IRichTextBox> m_txtFuture; // whose changes are heard
+  Event<>::Connection m_change = 0;
+};
+
+/// "SCPIView": the display.
+extern const CreatorRow CtorSCPIView;
+
+} // namespace portico

@@ -1,0 +1,50 @@
+#include "views/CSCPIViewHistory.h"
+
+#include "framework/HuntERR.h"
+
+namespace portico {
+
+void FocusAtEnd(IRichTextBox& box) {
+  box.SetFocus();
+  box.SelStart(box.TextLength() + 1);
+  box.SetFocus();
+  box.Span(u"\n");
+}
+
+void CSCPIViewHistory::Instructions(const Ref<CDataFIFO>& newValue) try {
+  Attach(newValue);
+  State(ViewState::Stale);
+  UpdateDisplay();
+} catch (...) {
+  PassOn(Label(u".Instructions(newValue)"), {newValue});
+}
+
+Ref<IRichTextBox> CSCPIViewHistory::InstructionDisplay() const try { return Display(); } catch (...) {
+  PassOn(Label(u".Display()"));
+}
+
+void CSCPIViewHistory::Clear() try { Display()->Text({}); } catch (...) {
+  PassOn(Label(u".Clear()"));
+}
+
+void CSCPIViewHistory::m_Instructions_OnAdd(const Ref<IDataEntity>& DataEntity, std::int64_t Index) try {
+  FocusAtEnd(*Display());
+  if (FromBytes(DataEntity->ReadData()) == NewLine) return; // an empty line is in the queue only
+  Show(DataEntity);
+} catch (...) {
+  PassOn(Label(u".m_Instructions_OnAdd(DataEntity, Index)"), {DataEntity, ToText(Index)});
+}
+
+void CSCPIViewHistory::m_Instructions_MaximumCountExceded(const Ref<IDataEntity>& DataEntity, std::int64_t Index) try {
+  RemoveText(DataEntity, Index);
+} catch (...) {
+  PassOn(Label(u".m_Instructions_MaximumCountExceded"));
+}
+
+const CreatorRow CtorSCPIViewHistory = {u"CtorSCPIViewHistory", u"SCPIViewHistory", 1, [](const Params& Parameters) {
+                                          auto view = New<CSCPIViewHistory>();
+                                          view->Initialize(Parameters[0].ToObject<IRichTextBox>());
+                                          return Ref<IObject>(view);
+                                        }};
+
+} // namespace portico

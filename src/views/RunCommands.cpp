@@ -1,0 +1,87 @@
+#include "views/RunCommands.h"
+
+#include "framework/ErrorNumbers.h"
+#include "framework/HuntERR.h"
+#include "framework/IConfiguration.h"
+#include "framework/IObjectFactory.h"
+#include "framework/modGlobals.h"
+
+namespace portico {
+namespace {
+
+constexpr StringView RunningMode = u"RunningMode";
+constexpr StringView Off = u"Off";
+
+void CheckReady(bool initialized) { HuntERR::Check(initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize); }
+
+void CheckConfiguration() {
+  HuntERR::Check(bool(gConfiguration), ErrorNumber::ObjectRequired, u"This operation requires a configuration server.");
+}
+
+} // namespace
+
+void CStep::Initialize(const Ref<CInstContainer>& Instruction) {
+  m_instruction = Instruction;
+  m_initialized = true;
+}
+
+void CStep::Execute() try {
+  CheckReady(m_initialized);
+  const auto processor = Create<IInstProcessor>(u"InstructionProcessor", modGlobals::VarArray());
+  HuntERR::Check(processor->Send(m_instruction) == IInstProcessor::Done, ErrorNumber::CannotCarryOut,
+                 u"Instruction was not handled.");
+} catch (...) {
+  PassOn(u"CStep.ICommand_Execute");
+}
+
+void CStop::Execute() try {
+  CheckReady(m_initialized);
+  CheckConfiguration();
+  gConfiguration->ItemValue(RunningMode, Off);
+} catch (...) {
+  PassOn(u"CStop.ICommand_Execute");
+}
+
+CRun::~CRun() {
+  if (m_runner) m_runner->ReadyForInstruction.Disconnect(m_ready);
+}
+
+void CRun::Initialize(const Ref<CInstructionRunner>& Runner, const String& Mode) try {
+  HuntERR::Check(bool(Runner), ErrorNumber::InvalidArgument, u"Runner cannot be nothing.");
+  if (m_runner) m_runner->ReadyForInstruction.Disconnect(m_ready);
+  m_runner = Runner;
+  m_ready = m_runner->ReadyForInstruction.Connect([this] { m_Runner_ReadyForInstruction(); });
+  m_mode = Mode;
+  m_initialized = true;
+} catch (...) {
+  PassOn(u"CRun.Initialize(Runner, Mode)", {Runner, Mode});
+}
+
+void CRun::Execute() try {
+  CheckReady(m_initialized);
+  CheckConfiguration();
+  gConfiguration->ItemValue(RunningMode, m_mode);
+  while (gConfiguration->ItemValue(RunningMode) != Off) m_runner->Update(Ref<IObject>(shared_from_this()));
+} catch (...) {
+  PassOn(u"CRun.ICommand_Execute");
+}
+
+const CreatorRow CtorStep = {u"CtorStep", u"Step", 1, [](const Params& Parameters) {
+                               auto step = New<CStep>();
+                               step->Initialize(Parameters[0].ToObject<CInstContainer>());
+                               return Ref<IObject>(step);
+                             }};
+
+const CreatorRow CtorRun = {u"CtorRun", u"Run", 2, [](const Params& Parameters) {
+                              auto run = New<CRun>();
+                              run->Initialize(Parameters[0].ToObject<CInstructionRunner>(), Parameters[1].ToString());
+                              return Ref<IObject>(run);
+                            }};
+
+const CreatorRow CtorStop = {u"CtorStop", u"Stop", 0, [](const Params&) {
+                               auto stop = New<CStop>();
+                               stop->Initialize();
+                               return Ref<IObject>(stop);
+                             }};
+
+} // namespace portico

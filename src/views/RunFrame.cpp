@@ -1,0 +1,60 @@
+#include "views/RunFrame.h"
+
+#include "document/CSimpleRTFEncoder.h"
+#include "framework/IMainWindow.h"
+#include "views/CSCPIViewHistory.h"
+
+namespace portico {
+
+RunFrame::RunFrame(const Ref<IRichTextBox>& txtFuture, const Ref<IRichTextBox>& txtPast)
+    : m_txtFuture(txtFuture), m_txtPast(txtPast) {
+  for (LineRunner* runner : {static_cast<LineRunner*>(&aCmdRunner), static_cast<LineRunner*>(&aCmdStepper),
+                             static_cast<LineRunner*>(&aCmdCursorRunner)}) {
+    runner->Add2History.Connect([this](const String& Line) { Add2History(Line); });
+  }
+}
+
+void RunFrame::Run() { RunLines(aCmdRunner); }
+void RunFrame::RunToCursor() { RunLines(aCmdCursorRunner); }
+
+void RunFrame::RunLines(LineRunner& runner) {
+  Prepare(runner);
+  gMainForm->Executing(true);
+  gMainForm->StopRequested(false);
+  gMainForm->UpdateUI({}, {});
+  Finish(runner);
+}
+
+// The order differs: the window is brought up to date before the run counts as one.
+void RunFrame::Step() {
+  Prepare(aCmdStepper);
+  gMainForm->StopRequested(false);
+  gMainForm->UpdateUI({}, {});
+  gMainForm->Executing(true);
+  Finish(aCmdStepper);
+}
+
+void RunFrame::Prepare(LineRunner& runner) const {
+  const auto policy = New<CSCPICmdPolicy>();
+  policy->CharComment(u"|");
+  runner.CommandQueue(m_txtFuture);
+  runner.Policy(policy);
+}
+
+void RunFrame::Finish(LineRunner& runner) {
+  runner.Execute();
+  gMainForm->Executing(false);
+  gMainForm->StopRequested(false);
+  gMainForm->UpdateUI({}, {});
+  m_txtFuture->SetFocus();
+}
+
+void RunFrame::Add2History(const String& Line) {
+  FocusAtEnd(*m_txtPast);
+  CSimpleRTFEncoder encoder;
+  encoder.Initialize(m_txtPast);
+  m_txtPast->SelRTF(encoder.Encode(String(Line).append(NewLine), DataTypeName::Remark));
+  Remarked(Line);
+}
+
+} // namespace portico

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "views/LineRunners.h"
+
+namespace portico {
+
+/// The three ways to run the command window, with all that stands around a run. Needs what the runners need. An error
+/// leaves the window as a run has it: executing, so that no other run can be started.
+class RunFrame {
+public:
+  /// The command window and the history window.
+  RunFrame(const Ref<IRichTextBox>& txtFuture, const Ref<IRichTextBox>& txtPast);
+
+  void Run();
+  void RunToCursor();
+  /// While it lasts, the window still shows the idle state.
+  void Step();
+
+  /// A remark or a blank line has been written into the history.
+  Event<const String&> Remarked;
+
+private:
+  void Prepare(LineRunner& runner) const;
+  void RunLines(LineRunner& runner);
+  void Finish(LineRunner& runner);
+  void Add2History(const String& Line);
+
+  Ref<IRichTextBox> m_txtFuture;
+  Ref<IRichTextBox> m_txtPast;
+  CCommandRunner aCmdRunner;
+  CCommandStepper aCmdStepper;
+  CCommandCursorRunner aCmdCursorRunner;
+};
+
+} // namespace portico

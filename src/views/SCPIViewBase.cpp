@@ -1,0 +1,174 @@
+#include "views/SCPIViewBase.h"
+
+#include "document/CSelectionIterator.h"
+#include "document/ReportEntities.h"
+#include "framework/ErrorNumbers.h"
+#include "framework/HuntERR.h"
+#include "framework/IObjectFactory.h"
+#include "framework/modGlobals.h"
+#include "views/LineKind.h"
+
+#include <cmath>
+
+namespace portico {
+namespace {
+
+/// The nearest integer, halves to the even one.
+std::int64_t Rounded(double number) { return static_cast<std::int64_t>(std::nearbyint(number)); }
+
+std::int32_t MeasureBytesPerChar() {
+  static constexpr StringView probe = u"A string";
+  HuntERR::Check(!probe.empty(), ErrorNumber::InternalState, u"Cannot determine the number of bytes per character.");
+  const double span = static_cast<double>(ToBytes(probe).size()) - 1; // upper bound minus lower bound
+  const auto bytes = static_cast<std::int32_t>(Rounded(span / static_cast<double>(probe.size())));
+  HuntERR::Check(bytes != 0, ErrorNumber::InternalState, u"Cannot determine the number of bytes per character.");
+  return bytes;
+}
+
+} // namespace
+
+SCPIViewBase::~SCPIViewBase() { Detach(); }
+
+void SCPIViewBase::CheckInitialized() const {
+  HuntERR::Check(m_viewState != ViewState::NotInitialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+}
+
+void SCPIViewBase::SetUp(const Ref<IRichTextBox>& InstructionDisplay) {
+  HuntERR::Check(bool(InstructionDisplay), ErrorNumber::InvalidArgument, u"Instruction display cannot be nothing.");
+  auto encoder = New<CRTFEncoder>();
+  HuntERR::Check(bool(encoder), ErrorNumber::CannotCreate, u"Cannot create an encoder.");
+  encoder->Initialize(InstructionDisplay);
+  m_encoder = encoder;
+  m_display = InstructionDisplay;
+  m_bytesPerChar = MeasureBytesPerChar(); // before the queue, which a display with text needs it for
+  m_viewState = ViewState::Stale;
+  GetInstructionQueue();
+  UpdateDisplay();
+}
+
+Ref<CDataFIFO> SCPIViewBase::Instructions() try {
+  CheckInitialized();
+  return GetInstructionQueue();
+} catch (...) {
+  PassOn(Label(u".Instructions()"));
+}
+
+Ref<IDataEntity> SCPIViewBase::PopNextInstruction() try {
+  CheckInitialized();
+  Split(m_display->Text(), NewLine);
+  return {};
+} catch (...) {
+  PassOn(Label(u".PopNextInstruction()"));
+}
+
+Ref<CDataFIFO> SCPIViewBase::GetInstructionQueue() try {
+  if (m_viewState != ViewState::Stale) return m_instructions;
+  const std::int32_t start = m_display->SelStart();
+  const std::int32_t length = m_display->SelLength();
+  const Ref<CDataFIFO> queue = ReadQueue();
+  m_viewState = ViewState::InStep;
+  Attach(queue); // only now, or its events would echo into the window
+  if (KeepsSelection()) {
+    m_display->SelStart(start);
+    m_display->SelLength(length);
+  }
+  return m_instructions;
+} catch (...) {
+  PassOn(Label(u".GetInstructionQueue()"));
+}
+
+Ref<CDataFIFO> SCPIViewBase::ReadQueue() {
+  const String text = m_display->Text();
+  auto queue = Create<CDataFIFO>(u"DataContainer", modGlobals::VarArray(0));
+  HuntERR::Check(bool(queue), ErrorNumber::CannotCreate, u"Can't create an instruction queue.");
+  if (text.empty()) return queue;
+  std::int64_t position = 0;
+  for (const StringView piece : Split(text, NewLine)) {
+    const String line = modAppGlobals::AddTerminalNewLineToString(String(piece));
+    SelectEntityText(position, static_cast<std::int64_t>(line.size()));
+    const auto entity = m_encoder->Decode(m_display->SelRTF());
+    queue->Enqueue(entity);
+    position += Characters(entity->DataLength());
+  }
+  return queue;
+}
+
+void SCPIViewBase::UpdateDisplay() try {
+  const auto iterator = Create<IIterator>(u"SelectionIterator", modGlobals::VarArray(u"IterateAll"));
+  m_display->Text({});
+  iterator->Attach(m_instructions);
+  for (Value item = iterator->FirstItem(); !iterator->IsDone(); item = iterator->NextItem()) {
+    m_display->SelRTF(m_encoder->Encode(item.ToObject<IDataEntity>()));
+  }
+  m_viewState = ViewState::InStep;
+} catch (...) {
+  PassOn(Label(u".UpdateDisplay()"));
+}
+
+void SCPIViewBase::Attach(const Ref<CDataFIFO>& queue) {
+  Detach();
+  m_instructions = queue;
+  if (!queue) return;
+  using Entity = const Ref<IDataEntity>&;
+  m_connections = {
+      queue->MaximumCountExceded.Connect(
+          [this](Entity entity, std::int64_t index) { m_Instructions_MaximumCountExceded(entity, index); }),
+      queue->OnAdd.Connect([this](Entity entity, std::int64_t index) { m_Instructions_OnAdd(entity, index); }),
+      queue->OnRemove.Connect([this](Entity entity, std::int64_t index) { m_Instructions_OnRemove(entity, index); }),
+  };
+}
+
+void SCPIViewBase::Detach() {
+  if (!m_instructions) return;
+  m_instructions->MaximumCountExceded.Disconnect(m_connections.Exceded);
+  m_instructions->OnAdd.Disconnect(m_connections.Added);
+  m_instructions->OnRemove.Disconnect(m_connections.Removed);
+  m_instructions = nullptr;
+}
+
+void SCPIViewBase::CaretToEnd() { m_display->SelStart(m_display->TextLength() + 1); }
+
+void SCPIViewBase::Show(const Ref<IDataEntity>& DataEntity) {
+  const String type = DataEntity->DataType();
+  const bool response = type == DataTypeName::Response;
+  if (response || type == DataTypeName::AutomaticInstruction) {
+    SelectionFormat color;
+    color.SelColor = TextLook::White;
+    SelectionFormat before;
+    before.SelColor = m_display->SelFormat().SelColor;
+    m_display->SelFormat(color);
+    m_display->SelText(StringView(response ? &ResponseMarker : &AutomaticMarker, 1));
+    m_display->SelFormat(before);
+  }
+  m_display->SelRTF(m_encoder->Encode(DataEntity));
+}
+
+void SCPIViewBase::RemoveText(const Ref<IDataEntity>& DataEntity, std::int64_t Index) {
+  SelectEntityText(Characters(Index), Characters(DataEntity->DataLength()));
+  DeleteSelectedText();
+}
+
+void SCPIViewBase::m_Instructions_OnRemove(const Ref<IDataEntity>& DataEntity, std::int64_t Index) try {
+  RemoveText(DataEntity, Index);
+} catch (...) {
+  PassOn(Label(u".m_Instructions_OnRemove(DataEntity)"), {DataEntity});
+}
+
+void SCPIViewBase::SelectEntityText(std::int64_t Start, std::int64_t Length) {
+  m_display->SelStart(static_cast<std::int32_t>(Start));
+  m_display->SelLength(static_cast<std::int32_t>(Length));
+  m_display->Span(u"\n");
+  if (m_display->SelLength() < 1) {
+    m_display->SelLength(static_cast<std::int32_t>(NewLine.size())); // an empty entity is its line end
+  } else {
+    // Two writes: a control that sees only one may leave the line end out.
+    m_display->SelLength(m_display->SelLength() + 1);
+    m_display->SelLength(m_display->SelLength() - 1);
+  }
+}
+
+std::int64_t SCPIViewBase::Characters(std::int64_t bytes) const {
+  return Rounded(static_cast<double>(bytes) / m_bytesPerChar);
+}
+
+} // namespace portico

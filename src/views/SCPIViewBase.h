@@ -1,0 +1,63 @@
+#pragma once
+
+#include "document/CRTFEncoder.h"
+#include "document/IInstructionQueue.h"
+
+namespace portico {
+
+/// What the two view models share: each ties a box to a queue of entities that mirrors its text, and keeps the box in
+/// step by the queue's events alone. The box belongs to the window; entity lengths count bytes, its positions
+/// characters.
+class SCPIViewBase : public IInstructionQueue {
+public:
+  ~SCPIViewBase() override;
+
+  /// The queue, made anew from the text if that has changed. 0x80041460 before `Initialize`.
+  Ref<CDataFIFO> Instructions() override;
+  /// A leftover that takes nothing off: splits the text, and gives nothing. 0x80041460 before `Initialize`.
+  Ref<IDataEntity> PopNextInstruction();
+
+protected:
+  enum class ViewState : std::int32_t { NotInitialized = 0, InStep = 1, Stale = 2 };
+
+  /// No display raises 5.
+  void SetUp(const Ref<IRichTextBox>& InstructionDisplay);
+  void CheckInitialized() const;
+  String Label(StringView member) const { return String(ClassName()).append(member); }
+
+  const Ref<IRichTextBox>& Display() const { return m_display; }
+  void State(ViewState newValue) { m_viewState = newValue; }
+  Ref<CDataFIFO> GetInstructionQueue();
+  void UpdateDisplay();
+  /// Takes over another queue and its events.
+  void Attach(const Ref<CDataFIFO>& queue);
+  void CaretToEnd();
+  void Show(const Ref<IDataEntity>& DataEntity);
+  void RemoveText(const Ref<IDataEntity>& DataEntity, std::int64_t Index);
+
+private:
+  void m_Instructions_OnRemove(const Ref<IDataEntity>& DataEntity, std::int64_t Index);
+  virtual void m_Instructions_OnAdd(const Ref<IDataEntity>& DataEntity, std::int64_t Index) = 0;
+  virtual void m_Instructions_MaximumCountExceded(const Ref<IDataEntity>& DataEntity, std::int64_t Index) = 0;
+  /// Only one of the two keeps the selection over a rebuild.
+  virtual bool KeepsSelection() const = 0;
+
+  void Detach();
+  Ref<CDataFIFO> ReadQueue();
+  void SelectEntityText(std::int64_t Start, std::int64_t Length);
+  void DeleteSelectedText() { m_display->SelText({}); }
+  std::int64_t Characters(std::int64_t bytes) const;
+
+  ViewState m_viewState = ViewState::NotInitialized;
+  std::int32_t m_bytesPerChar = 0;
+  Ref<IRichTextBox> m_display;
+  Ref<CRTFEncoder> m_encoder;
+  Ref<CDataFIFO> m_instructions;
+  struct Connections {
+    CDataFIFO::EntityEvent::Connection Exceded;
+    CDataFIFO::EntityEvent::Connection Added;
+    CDataFIFO::EntityEvent::Connection Removed;
+  } m_connections{};
+};
+
+} // namespace portico

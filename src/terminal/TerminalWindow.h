@@ -44,7 +44,7 @@ public:
   void UpdateUI(const String&, const String&) override {}
 
   Ref<IRichTextBox> rtfScratchArea() const override { return m_scratch; }
-  String FontName() const override { return u"Monospace"; }
+  String FontName() const override { return u"Sans"; }
   double FontSize() const override { return 10; }
 
 private:

@@ -8,7 +8,7 @@
 #include "drivers/SteadyClock.h"
 #include "framework/HuntERR.h"
 #include "memory/EventLoop.h"
-#include "memory/HeadlessWindow.h"
+#include "memory/RichTextBox.h"
 #include "memory/SettingsStore.h"
 #include "simulator/SimulatedInstrument.h"
 #include "terminal/BatchRun.h"
@@ -88,11 +88,14 @@ int Run(const RunOptions& options) {
           [](std::string_view device) { return simulator::SimulatedInstrument::Make(device, SimulatorSeed); },
           driverClock),
       SessionOptions{driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &notice});
-  gMainForm = New<memory::HeadlessWindow>();
+  const auto window = New<TerminalWindow>(New<memory::RichTextBox>(), New<memory::RichTextBox>(),
+                                          New<memory::RichTextBox>(), [&] { return interrupts.Requested(); });
+  gMainForm = window;
+  modAppGlobals::DetectXMLParser([] {}); // linked into the program: it cannot be missing
   modAppGlobals::CreateObjectFactory();
   gConfiguration = New<CConfigurationClient>();
 
-  BatchRun run(options, interrupts, std::cout, std::cerr);
+  BatchRun run(options, window, interrupts, std::cout, std::cerr);
   return static_cast<int>(run.Run(std::get<std::vector<std::unique_ptr<LineSource>>>(sources)));
 }
 
@@ -107,7 +110,9 @@ int main(int argc, char** argv) try {
     return 0;
   }
   if (const auto* error = std::get_if<UsageError>(&request)) return Fail(error->Text);
-  return Run(std::get<RunOptions>(request));
+  RunOptions options = std::get<RunOptions>(request);
+  options.ShowProgress = IsProgressWelcome();
+  return Run(options);
 } catch (const std::exception& error) {
   std::cerr << "portico-run: internal error\n" << error.what() << std::endl;
   return static_cast<int>(ExitStatus::Internal);

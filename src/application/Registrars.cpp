@@ -7,6 +7,12 @@
 #include "channel/ChannelCommands.h"
 #include "channel/ConfigurationCommands.h"
 #include "configuration/CConfiguration.h"
+#include "document/CDataEntity.h"
+#include "document/CDataFIFO.h"
+#include "document/CMockTimeStampServer.h"
+#include "document/CSelectionIterator.h"
+#include "document/CXMLDataStore.h"
+#include "document/ReportSubscribers.h"
 #include "framework/CSubscriptionAgent.h"
 #include "framework/ErrorNumbers.h"
 #include "framework/HuntERR.h"
@@ -19,6 +25,8 @@
 #include "instructions/CNullCmdBuilder.h"
 #include "instructions/CSCPICmdBuilder.h"
 #include "instructions/PacingBuilders.h"
+#include "views/CSCPIViewHistory.h"
+#include "views/RunCommands.h"
 
 #include <array>
 
@@ -59,22 +67,42 @@ void CRegistrarBase::UnregisterClasses(const Ref<IObjectFactory>& ObjectFactory)
   const Ref<IObjectFactory> factory = ObjectFactory; // the argument may be the global that is cleared on the way
   CheckFactory(factory);
   BeforeRemoval(factory);
-  for (const CreatorRow* row : Rows()) factory->Remove(MakeCreator(*row));
+  for (const CreatorRow* row : Rows()) {
+    if (!StaysBehind(*row)) factory->Remove(MakeCreator(*row));
+  }
   AfterRemoval();
 } catch (...) {
   PassOn(String(ClassName()).append(u".IRegistrar_UnregisterClasses(ObjectFactory)"), {ObjectFactory});
 }
 
 Rows CRegistrar::Rows() const {
-  static constexpr std::array rows = {&CtorReport};
+  static constexpr std::array rows = {&CtorStep,
+                                      &CtorRun,
+                                      &CtorStop,
+                                      &CtorSCPIView,
+                                      &CtorSCPIViewHistory,
+                                      &CtorReportDisplayer,
+                                      &CtorReportLogger,
+                                      &CtorInstructionRunner,
+                                      &CtorReport};
   return rows;
 }
 
-Rows CDataEntityRegistrar::Rows() const { return {}; }
+bool CRegistrar::StaysBehind(const CreatorRow& row) const { return &row == &CtorSCPIViewHistory; }
+
+Rows CDataEntityRegistrar::Rows() const {
+  static constexpr std::array rows = {&CtorDataEntity, &CtorDataFIFO, &CtorDataPosition, &CtorIterator,
+                                      &CtorXMLDataStore};
+  return rows;
+}
 void CDataEntityRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) {
   gObjectFactory = ObjectFactory;
+  gTimeStamper = New<CMockTimeStampServer>();
 }
-void CDataEntityRegistrar::AfterRemoval() { gObjectFactory = nullptr; }
+void CDataEntityRegistrar::AfterRemoval() {
+  gTimeStamper = nullptr;
+  gObjectFactory = nullptr;
+}
 
 Rows CConfigurationRegistrar::Rows() const {
   static constexpr std::array rows = {&CtorConfiguration};

@@ -19,6 +19,8 @@ public:
 protected:
   /// In their order.
   virtual std::span<const CreatorRow* const> Rows() const = 0;
+  /// The creator is not removed.
+  virtual bool StaysBehind(const CreatorRow&) const { return false; }
   virtual void AfterRegistration(const Ref<IObjectFactory>&) {}
   virtual void BeforeRemoval(const Ref<IObjectFactory>&) {}
   virtual void AfterRemoval() {}
@@ -31,9 +33,11 @@ public:
 
 private:
   std::span<const CreatorRow* const> Rows() const override;
+  /// "SCPIViewHistory".
+  bool StaysBehind(const CreatorRow& row) const override;
 };
 
-/// The data document. Sets `gObjectFactory`.
+/// The data document. Sets `gObjectFactory` and `gTimeStamper`.
 class CDataEntityRegistrar final : public CRegistrarBase {
 public:
   StringView ClassName() const override { return u"CDataEntityRegistrar"; }

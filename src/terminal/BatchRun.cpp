@@ -7,12 +7,12 @@
 #include "framework/modGlobals.h"
 #include "instructions/CInstGenerator.h"
 #include "instructions/IInstProcessor.h"
-#include "platform/IEventLoop.h"
 #include "terminal/Diagnostic.h"
-#include "terminal/LineKind.h"
 
 namespace portico::terminal {
 namespace {
+
+constexpr std::size_t LongestBatch = 1000; // lines that stand in the command window at once
 
 Ref<IPublisher> Agent() { return Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray()); }
 
@@ -24,32 +24,67 @@ void Send(const Ref<CInstContainer>& instruction) {
 
 bool IsOn(StringView item) { return gConfiguration->ItemValue(item) == u"On"; }
 
+/// Of the error that was stopped last: what a report begins with, its description.
+std::string WhatFailed() {
+  const String report = HuntERR::ErrDescription();
+  const StringView description = Trim(StringView(report).substr(0, report.find(NewLine)));
+  return description.empty() ? "error " + std::to_string(HuntERR::ErrNumber()) : ToUtf8(description);
+}
+
+std::optional<std::size_t> TotalOf(const BatchRun::Sources& sources) {
+  std::size_t total = 0;
+  for (const auto& source : sources) {
+    const auto lines = source->LinesLeft();
+    if (!lines) return {};
+    total += *lines;
+  }
+  return total;
+}
+
 } // namespace
 
-BatchRun::BatchRun(const RunOptions& options, const Interrupts& interrupts, std::ostream& out, std::ostream& err)
-    : m_options(options), m_interrupts(interrupts), m_out(out), m_err(err), m_faults(New<FaultMonitor>()) {
-  Agent()->Subscribe(m_faults);
-  if (options.Quiet) return;
-  m_conversation = New<Conversation>(out);
-  Agent()->Subscribe(m_conversation);
+BatchRun::BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window, const Interrupts& interrupts,
+                   std::ostream& out, std::ostream& err)
+    : m_options(options),
+      m_window(window),
+      m_interrupts(interrupts),
+      m_out(out),
+      m_err(err),
+      m_printer(out),
+      m_faults(New<FaultMonitor>()) {
+  m_window->Load();
+  m_faults->Completed.Connect([this] { InstructionDone(); });
+  if (!options.Quiet) {
+    m_window->Shown.Connect([this](const IDataEntity& entity) { m_printer.Show(entity); });
+    m_window->Remarked.Connect([this](const String& line) { m_printer.Remark(line); });
+  }
+  m_window->Remarked.Connect([this](const String&) { LineDone(); });
 }
 
 BatchRun::~BatchRun() {
   Agent()->Unsubscribe(m_faults);
-  if (m_conversation) Agent()->Unsubscribe(m_conversation);
+  m_window->Unload();
 }
 
-void BatchRun::Diagnose(const std::string& text) { m_err << Diagnostic(m_place + text) << std::endl; }
+std::string BatchRun::Place() const {
+  if (m_source == nullptr) return {};
+  return m_source->Name() + ":" + std::to_string(m_linesRead - m_window->LinesLeft()) + ": ";
+}
 
-ExitStatus BatchRun::Run(const std::vector<std::unique_ptr<LineSource>>& sources) {
+void BatchRun::Diagnose(const std::string& text) {
+  if (m_progress) m_progress->Erase();
+  m_err << Diagnostic(Place() + text) << std::endl;
+}
+
+ExitStatus BatchRun::Run(const Sources& sources) {
   try {
     ApplyOptions();
-    if (Open()) {
-      for (const auto& source : sources) {
-        if (!m_stop) RunSource(*source);
+    if (OpenLog()) {
+      Agent()->Subscribe(m_faults); // behind the logger: when an instruction is judged, everybody has heard of it
+      if (Open()) {
+        RunSources(sources);
+        Close();
       }
-      m_place.clear();
-      Close();
     }
   } catch (const Quit&) {
     m_status.Note(ExitStatus::Interrupted);
@@ -59,6 +94,9 @@ ExitStatus BatchRun::Run(const std::vector<std::unique_ptr<LineSource>>& sources
     m_err << ToUtf8(HuntERR::ErrDescription()) << std::endl;
     m_status.Note(ExitStatus::Internal);
   }
+  m_source = nullptr;
+  if (m_progress) m_progress->Erase();
+  CloseLog();
   if (m_interrupts.Requested()) m_status.Note(ExitStatus::Interrupted);
   if (!m_out) {
     Diagnose("standard output cannot be written");
@@ -71,6 +109,21 @@ void BatchRun::ApplyOptions() {
   for (const auto& [name, value] : m_options.Options) gConfiguration->ItemValue(name, value);
   gConfiguration->ItemValue(u"ProtocolName", m_options.Protocol); // only this brings the options into effect
   gConfiguration->ItemValue(u"CurrentInstruction", {});
+}
+
+bool BatchRun::OpenLog() try {
+  if (m_options.LogFile.empty()) return true;
+  m_log.emplace(m_options.LogFile, m_options.Overwrite, [this](StringView failure) {
+    Diagnose("the log cannot be written: " + ToUtf8(failure) + "; the run goes on");
+  });
+  return true;
+} catch (const Quit&) {
+  throw;
+} catch (...) {
+  StopHere(u"BatchRun.OpenLog()");
+  Diagnose("cannot log to " + ToUtf8(m_options.LogFile) + ": " + WhatFailed());
+  m_status.Note(ExitStatus::Usage);
+  return false;
 }
 
 bool BatchRun::Open() {
@@ -87,56 +140,63 @@ bool BatchRun::Open() {
   }
   m_faults->Begin();
   Send(generator.ConstructXMLSetAttribCmdString(u"TERMCHAR", gConfiguration->ItemValue(u"TERMCHAR")));
-  Judge();
+  JudgeDriver();
+  m_faults->Begin();
   return true;
 }
 
+void BatchRun::RunSources(const Sources& sources) {
+  if (m_options.ShowProgress) m_progress.emplace(m_err, std::chrono::steady_clock::now, TotalOf(sources));
+  for (const auto& source : sources) {
+    if (!m_stop) RunSource(*source);
+  }
+  m_source = nullptr;
+}
+
 void BatchRun::RunSource(LineSource& source) {
-  for (std::size_t number = 1; !m_stop; ++number) {
-    auto next = source.Next();
-    if (const auto* fault = std::get_if<TextFault>(&next)) {
-      m_place.clear();
-      Diagnose(Describe(source.Name(), *fault));
+  m_source = &source;
+  m_linesRead = 0;
+  while (!m_stop && !m_interrupts.Requested()) {
+    const Batch batch = NextBatch(source);
+    m_linesRead += batch.Lines.size();
+    if (!batch.Lines.empty()) m_window->RunLines(batch.Lines);
+    if (batch.Fault && !m_stop) {
+      m_source = nullptr; // the fault tells its place itself
+      Diagnose(Describe(source.Name(), *batch.Fault));
       m_status.Note(ExitStatus::Usage);
       m_stop = true;
-      return;
     }
-    const auto& line = std::get<std::optional<String>>(next);
-    if (!line) return;
-    m_place = source.Name() + ":" + std::to_string(number) + ": ";
-    RunLine(String(TrimLeft(*line)));
-    gEventLoop->DoEvents();
-    m_stop = m_stop || m_interrupts.Requested();
+    if (batch.Lines.empty()) return;
   }
 }
 
-void BatchRun::RunLine(const String& line) {
-  switch (KindOf(line)) {
-  case LineKind::Blank:
-  case LineKind::Remark:
-    if (m_conversation) m_conversation->Remark(line);
-    break;
-  case LineKind::Instruction:
-    SendLine(line);
-    break;
-  case LineKind::Response:
-  case LineKind::Automatic:
-    break; // pasted history is not sent again
-  }
+/// All complete lines that are at hand; waits for the first.
+BatchRun::Batch BatchRun::NextBatch(LineSource& source) {
+  Batch batch;
+  do {
+    auto next = source.Next();
+    if (auto* fault = std::get_if<TextFault>(&next)) {
+      batch.Fault = std::move(*fault);
+      break;
+    }
+    auto& line = std::get<std::optional<String>>(next);
+    if (!line) break;
+    batch.Lines.push_back(std::move(*line));
+  } while (batch.Lines.size() < LongestBatch && source.HasLineAtHand());
+  return batch;
 }
 
-void BatchRun::SendLine(const String& line) {
-  const auto instruction = CInstGenerator().ConstructXMLSCPICmdString(line);
-  gConfiguration->ItemValue(u"CurrentInstruction", line);
+void BatchRun::LineDone() {
+  m_window->ForgetHistory();
+  if (m_progress) m_progress->LineDone();
+}
+
+void BatchRun::InstructionDone() {
+  if (m_source == nullptr) return; // opening and closing are judged where they are done
+  JudgeDriver();
+  JudgeAnswer();
   m_faults->Begin();
-  Send(instruction);
-  Judge();
-  const auto& answer = m_faults->LastAnswer();
-  if (answer && IsOn(u"AutoErrorCheckingMode") && IsOn(u"AutoReadAfterQueryMode") && ReportsError(*answer)) {
-    Diagnose("the instrument reports " + ToUtf8(*answer));
-    m_status.Note(ExitStatus::InstrumentError);
-    m_stop = m_stop || m_options.StopOnError;
-  }
+  LineDone();
 }
 
 void BatchRun::Close() {
@@ -144,15 +204,34 @@ void BatchRun::Close() {
   Send(CInstGenerator().ConstructXMLCloseCmdString());
   gConfiguration->ItemValue(u"InstrumentName", {});
   gConfiguration->ItemValue(u"InstrumentOpened", Value(false).ToString());
-  Judge();
+  JudgeDriver();
 }
 
-void BatchRun::Judge() {
+void BatchRun::CloseLog() try {
+  if (m_log) m_log->Close();
+} catch (...) {
+  StopHere(u"BatchRun.CloseLog()"); // what could not be written has been told
+}
+
+void BatchRun::JudgeDriver() {
   for (const String& failure : m_faults->DriverFailures()) {
     Diagnose(ToUtf8(failure));
     m_status.Note(ExitStatus::DriverFailure);
-    m_stop = m_stop || m_options.StopOnError;
+    if (m_options.StopOnError) Stop();
   }
+}
+
+void BatchRun::JudgeAnswer() {
+  const auto& answer = m_faults->LastAnswer();
+  if (!answer || !IsOn(u"AutoErrorCheckingMode") || !IsOn(u"AutoReadAfterQueryMode") || !ReportsError(*answer)) return;
+  Diagnose("the instrument reports " + ToUtf8(*answer));
+  m_status.Note(ExitStatus::InstrumentError);
+  if (m_options.StopOnError) Stop();
+}
+
+void BatchRun::Stop() {
+  m_stop = true;
+  m_window->StopRequested(true);
 }
 
 } // namespace portico::terminal

@@ -1,48 +1,71 @@
 #pragma once
 
-#include "terminal/Conversation.h"
+#include "terminal/ConversationPrinter.h"
 #include "terminal/FaultMonitor.h"
 #include "terminal/Interrupts.h"
 #include "terminal/LineSource.h"
+#include "terminal/Progress.h"
+#include "terminal/RunLog.h"
 #include "terminal/RunOptions.h"
 #include "terminal/RunStatus.h"
+#include "terminal/TerminalWindow.h"
 
 #include <ostream>
 
 namespace portico::terminal {
 
-/// Runs command lines on one instrument. Needs the factory, `gConfiguration` and the event loop; all must outlive it.
+/// Runs command lines on one instrument. Needs the factory, `gConfiguration` and the event loop; the window must be
+/// `gMainForm`. All must outlive it.
 class BatchRun {
 public:
+  using Sources = std::vector<std::unique_ptr<LineSource>>;
+
   /// Diagnostics go to `err`, a line each, with the place that they come from. All arguments must outlive the run.
-  BatchRun(const RunOptions& options, const Interrupts& interrupts, std::ostream& out, std::ostream& err);
+  BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window, const Interrupts& interrupts,
+           std::ostream& out, std::ostream& err);
   ~BatchRun();
   BatchRun(const BatchRun&) = delete;
   BatchRun& operator=(const BatchRun&) = delete;
 
-  /// Opens the instrument, runs all sources in order, closes it.
-  ExitStatus Run(const std::vector<std::unique_ptr<LineSource>>& sources);
+  /// Opens the log and the instrument, runs all sources in order, closes both.
+  ExitStatus Run(const Sources& sources);
 
   /// Shows a message with the line that is being run.
   void Diagnose(const std::string& text);
 
 private:
+  struct Batch {
+    std::vector<String> Lines;
+    std::optional<TextFault> Fault;
+  };
+
   void ApplyOptions();
+  bool OpenLog();
   bool Open();
+  void RunSources(const Sources& sources);
   void RunSource(LineSource& source);
-  void RunLine(const String& line);
-  void SendLine(const String& line);
+  static Batch NextBatch(LineSource& source);
+  std::string Place() const;
+  void LineDone();
+  void InstructionDone();
   void Close();
-  void Judge();
+  void CloseLog();
+  void JudgeDriver();
+  void JudgeAnswer();
+  void Stop();
 
   const RunOptions& m_options;
+  Ref<TerminalWindow> m_window;
   const Interrupts& m_interrupts;
   std::ostream& m_out;
   std::ostream& m_err;
-  Ref<Conversation> m_conversation;
+  ConversationPrinter m_printer;
   Ref<FaultMonitor> m_faults;
+  std::optional<RunLog> m_log;
+  std::optional<Progress> m_progress;
   RunStatus m_status;
-  std::string m_place; // "FILE:LINE: " of the line being run
+  const LineSource* m_source = nullptr; // whose lines are being run
+  std::size_t m_linesRead = 0;          // of that source, the batch that is being run included
   bool m_stop = false;
 };
 

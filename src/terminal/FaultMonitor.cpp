@@ -12,8 +12,9 @@ void FaultMonitor::Begin() {
 void FaultMonitor::Update(const Ref<IObject>& Subject) {
   const auto report = Cast<IReport>(Subject);
   const std::int32_t code = report->GetErrorCode();
-  const bool mark = code == ErrorNumber::InstructionComplete || code == ErrorNumber::SendNextInstruction;
-  if (mark) return; // no failure
+  // Marks, no failures.
+  if (code == ErrorNumber::InstructionComplete) return Completed();
+  if (code == ErrorNumber::SendNextInstruction) return;
   if (code != 0) m_driverFailures.push_back(report->GetErrorMessage());
   const String command = report->GetCommand();
   if (command == u"CWriteCmd") m_lastAnswer.reset();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/Event.h"
 #include "framework/IPublisher.h"
 #include "framework/IReport.h"
 
@@ -14,6 +15,9 @@ class FaultMonitor final : public ISubscriber {
 public:
   StringView ClassName() const override { return u"FaultMonitor"; }
   void Update(const Ref<IObject>& Subject) override;
+
+  /// An instruction has come to its end.
+  Event<> Completed;
 
   /// Forgets the instruction before.
   void Begin();

@@ -21,6 +21,10 @@ public:
   virtual std::string Name() const = 0;
   /// The next line; none at the end or once the user has interrupted; a fault where a line is refused.
   virtual std::variant<std::optional<String>, TextFault> Next() = 0;
+  /// `Next` would not have to wait.
+  virtual bool HasLineAtHand() const = 0;
+  /// How many lines are to come; none where nobody knows.
+  virtual std::optional<std::size_t> LinesLeft() const = 0;
 };
 
 /// The lines of a file that has been read and checked whole.
@@ -33,6 +37,8 @@ public:
     if (m_next == m_lines.size()) return std::optional<String>{};
     return std::optional(std::move(m_lines[m_next++]));
   }
+  bool HasLineAtHand() const override { return m_next < m_lines.size(); }
+  std::optional<std::size_t> LinesLeft() const override { return m_lines.size() - m_next; }
 
 private:
   std::string m_name;

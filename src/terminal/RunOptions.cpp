@@ -87,6 +87,7 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   std::string instrument;
   std::string protocol = "SCPI";
   std::string timeout = "5000";
+  std::string log;
   std::vector<std::string> settings;
 
   CLI::App app("Runs SCPI command files, or standard input, on an instrument and prints the conversation.",
@@ -100,6 +101,9 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   app.add_option("--option", settings, "A persisted option of the protocol, e.g. SCPIProtocolOPCPacing=Off; repeatable")
       ->type_name("NAME=VALUE")
       ->allow_extra_args(false);
+  auto* logOption = app.add_option("--log", log, "Log the conversation to an XML file; an existing log is extended");
+  logOption->type_name("FILE");
+  app.add_flag("--overwrite", options.Overwrite, "Begin the log anew")->needs(logOption);
   app.add_option("--timeout", timeout, "The driver's time-out for one operation")
       ->type_name("MS")
       ->capture_default_str();
@@ -121,6 +125,11 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
     return UsageError{"'" + instrument + "' is no instrument name; use one such as TCPIP::HOST::5025::SOCKET"};
   }
   options.Instrument = name.Text;
+  if (logOption->count() > 0) {
+    const Utf8Text file = FromUtf8(log);
+    if (file.BadByte || file.Text.empty()) return UsageError{"--log '" + log + "': name a file in UTF-8"};
+    options.LogFile = file.Text;
+  }
   if (protocol != "SCPI" && protocol != "Other") {
     return UsageError{"--protocol " + protocol + ": use SCPI or Other"};
   }

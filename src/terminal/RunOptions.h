@@ -20,6 +20,12 @@ struct RunOptions {
   int TimeoutMilliseconds = 5000;
   bool StopOnError = false;
   bool Quiet = false;
+  /// The XML log; empty for none.
+  String LogFile;
+  /// Begin the log anew.
+  bool Overwrite = false;
+  /// Nobody asks for it: it follows from what the standard streams are.
+  bool ShowProgress = false;
 };
 
 /// A text for standard output after which the program ends well: help, or the version.

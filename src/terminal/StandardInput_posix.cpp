@@ -36,6 +36,8 @@ public:
     if (auto* fault = std::get_if<TextFault>(&line)) return std::move(*fault);
     return std::optional(std::move(std::get<String>(line)));
   }
+  bool HasLineAtHand() const override { return m_bytes.find('\n', m_start) != std::string::npos; }
+  std::optional<std::size_t> LinesLeft() const override { return {}; }
 
 private:
   /// Drops the lines that were taken; returns how many bytes are left, in which there is no line end.

@@ -6,4 +6,7 @@ namespace portico::terminal {
 /// them the conversation. Such a stream still cannot be used. To be called before anything is opened.
 void HoldClosedStandardStreams();
 
+/// Somebody watches standard error, and standard output goes elsewhere: a progress line disturbs nobody.
+bool IsProgressWelcome();
+
 } // namespace portico::terminal

@@ -14,4 +14,6 @@ void HoldClosedStandardStreams() {
   }
 }
 
+bool IsProgressWelcome() { return isatty(STDERR_FILENO) == 1 && isatty(STDOUT_FILENO) != 1; }
+
 } // namespace portico::terminal

@@ -16,7 +16,20 @@ struct RegisteredRow {
 
 /// Every creator of the program, in the order in which the factory holds them.
 inline constexpr std::array RegisteredRows = {
+    RegisteredRow{u"CRegistrar", u"CtorStep", u"Step", 1},
+    RegisteredRow{u"CRegistrar", u"CtorRun", u"Run", 2},
+    RegisteredRow{u"CRegistrar", u"CtorStop", u"Stop", 0},
+    RegisteredRow{u"CRegistrar", u"CtorSCPIView", u"SCPIView", 1},
+    RegisteredRow{u"CRegistrar", u"CtorSCPIViewHistory", u"SCPIViewHistory", 1},
+    RegisteredRow{u"CRegistrar", u"CtorReportDisplayer", u"ReportDisplayer", 1},
+    RegisteredRow{u"CRegistrar", u"CtorReportLogger", u"ReportLogger", 1},
+    RegisteredRow{u"CRegistrar", u"CtorInstructionRunner", u"InstructionRunner", 1},
     RegisteredRow{u"CRegistrar", u"CtorReport", u"Report", 5},
+    RegisteredRow{u"CDataEntityRegistrar", u"CtorDataEntity", u"DataEntity", 3},
+    RegisteredRow{u"CDataEntityRegistrar", u"CtorDataFIFO", u"DataContainer", 1},
+    RegisteredRow{u"CDataEntityRegistrar", u"CtorDataPosition", u"DataPosition", 2},
+    RegisteredRow{u"CDataEntityRegistrar", u"CtorIterator", u"SelectionIterator", 1},
+    RegisteredRow{u"CDataEntityRegistrar", u"CtorXMLDataStore", u"DataStore", 2},
     RegisteredRow{u"CConfigurationRegistrar", u"CtorConfiguration", u"Configuration", 0},
     RegisteredRow{u"CSubscriptionAgentRegistrar", u"CtorSubscriptionAgent", u"CmdSubscriptionAgent", 0},
     RegisteredRow{u"CDriverSessionRegistrar", u"CtorDriverSession", u"DriverSession", 0},

@@ -3,7 +3,7 @@
 #include "application/Startup.h"
 #include "configuration/CConfigurationClient.h"
 #include "memory/EventLoop.h"
-#include "memory/HeadlessWindow.h"
+#include "memory/RichTextBox.h"
 #include "memory/SettingsStore.h"
 #include "terminal/BatchRun.h"
 
@@ -21,7 +21,8 @@ protected:
     gEventLoop = Loop;
     gSettingsStore = std::make_shared<memory::SettingsStore>();
     gInstrumentDriver = Driver;
-    gMainForm = New<memory::HeadlessWindow>();
+    gMainForm = Window;
+    gXMLParserAvailable = true;
     modAppGlobals::CreateObjectFactory();
     gConfiguration = New<CConfigurationClient>();
     Options.Instrument = u"the instrument";
@@ -38,7 +39,7 @@ protected:
   using Sources = std::vector<std::unique_ptr<terminal::LineSource>>;
 
   int RunSources(const Sources& sources) {
-    terminal::BatchRun run(Options, Interrupts, Out, Err);
+    terminal::BatchRun run(Options, Window, Interrupts, Out, Err);
     return static_cast<int>(run.Run(sources));
   }
   int Run(std::vector<String> lines) {
@@ -58,6 +59,9 @@ protected:
   memory::ManualClock Clock;
   const std::shared_ptr<memory::EventLoop> Loop = std::make_shared<memory::EventLoop>(Clock);
   const terminal::Interrupts Interrupts{[this] { Loop->RequestQuit(); }};
+  const Ref<terminal::TerminalWindow> Window =
+      New<terminal::TerminalWindow>(New<memory::RichTextBox>(), New<memory::RichTextBox>(), New<memory::RichTextBox>(),
+                                    [this] { return Interrupts.Requested(); });
   const std::shared_ptr<RecordingDriver> Driver = std::make_shared<RecordingDriver>();
   terminal::RunOptions Options;
   std::ostringstream Out;

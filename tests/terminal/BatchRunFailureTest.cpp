@@ -107,6 +107,8 @@ public:
     if (std::exchange(m_given, true)) return TextFault{2, 3, "a reason"};
     return std::optional<String>(u"*CLS");
   }
+  bool HasLineAtHand() const override { return true; }
+  std::optional<std::size_t> LinesLeft() const override { return {}; }
 
 private:
   bool m_given = false;

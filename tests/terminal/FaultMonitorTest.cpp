@@ -42,6 +42,17 @@ TEST(FaultMonitor, MarksAreNoFailures) {
   EXPECT_TRUE(monitor.DriverFailures().empty());
 }
 
+TEST(FaultMonitor, TellsTheEndOfAnInstruction) {
+  FaultMonitor monitor;
+  int ends = 0;
+  monitor.Completed.Connect([&] { ++ends; });
+  monitor.Update(WriteReport(u"*CLS"));
+  monitor.Update(Report({.Command = u"CRun", .ErrorCode = static_cast<std::int32_t>(0x80041453U)}));
+  EXPECT_EQ(ends, 0);
+  monitor.Update(Report({.Command = u"SCPI", .ErrorCode = static_cast<std::int32_t>(0x80041454U)}));
+  EXPECT_EQ(ends, 1);
+}
+
 TEST(FaultMonitor, LastAnswerIsThatOfTheLastWrite) {
   FaultMonitor monitor;
   monitor.Update(WriteReport(u"*IDN?"));

@@ -91,5 +91,16 @@ TEST_F(ReadCommandFileTest, EmptyPathIsNoCommandFile) {
   EXPECT_EQ(FaultOf(""), ": cannot be opened: No such file or directory");
 }
 
+TEST(FileLines, AllAreAtHandAndCounted) {
+  FileLines lines("a.cmd", {u"A", u"B"});
+  EXPECT_TRUE(lines.HasLineAtHand());
+  EXPECT_EQ(lines.LinesLeft(), 2U);
+  lines.Next();
+  EXPECT_EQ(lines.LinesLeft(), 1U);
+  lines.Next();
+  EXPECT_FALSE(lines.HasLineAtHand());
+  EXPECT_EQ(lines.LinesLeft(), 0U);
+}
+
 } // namespace
 } // namespace portico::terminal

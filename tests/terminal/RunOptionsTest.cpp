@@ -55,6 +55,23 @@ TEST(RunOptions, FilesKeepTheirOrder) {
   EXPECT_EQ(OptionsOf({kSimulated, "b.cmd", "-", "a.cmd"}).Files, (std::vector<std::string>{"b.cmd", "-", "a.cmd"}));
 }
 
+TEST(RunOptions, LogIsOffUnlessAskedFor) {
+  EXPECT_EQ(OptionsOf({"SIM::dmm::INSTR"}).LogFile, u"");
+  const RunOptions options = OptionsOf({"--log", "\xC3\xA9tude.xml", "SIM::dmm::INSTR"});
+  EXPECT_EQ(options.LogFile, u"\u00E9tude.xml");
+  EXPECT_FALSE(options.Overwrite);
+  EXPECT_TRUE(OptionsOf({"--log", "a.xml", "--overwrite", "SIM::dmm::INSTR"}).Overwrite);
+}
+
+TEST(RunOptions, LogNeedsAName) {
+  EXPECT_EQ(ErrorOf({"--log=", "SIM::dmm::INSTR"}), "--log '': name a file in UTF-8");
+  EXPECT_EQ(ErrorOf({"--log", "\xFF.xml", "SIM::dmm::INSTR"}), "--log '\xFF.xml': name a file in UTF-8");
+}
+
+TEST(RunOptions, OverwritingWithoutALogIsAMistake) {
+  EXPECT_EQ(ErrorOf({"--overwrite", "SIM::dmm::INSTR"}), "--overwrite requires --log; see portico-run --help");
+}
+
 TEST(RunOptions, FlagsMayStandAnywhere) {
   const RunOptions options = OptionsOf({"--quiet", kSimulated, "a.cmd", "--stop-on-error"});
   EXPECT_TRUE(options.Quiet);

@@ -96,6 +96,16 @@ TEST_F(StandardInputTest, LinesThatArriveAtOnceComeOneByOne) {
   EXPECT_EQ(Line(), Next());
 }
 
+TEST_F(StandardInputTest, CompleteLinesAreAtHandAndNoOthers) {
+  EXPECT_FALSE(source->HasLineAtHand());
+  Write("A\nB\nC");
+  EXPECT_EQ(Line(), u"A");
+  EXPECT_TRUE(source->HasLineAtHand());
+  EXPECT_EQ(Line(), u"B");
+  EXPECT_FALSE(source->HasLineAtHand());
+  EXPECT_EQ(source->LinesLeft(), std::nullopt);
+}
+
 TEST_F(StandardInputTest, LastLineNeedsNoLineEnd) {
   Write("*CLS\n*RST");
   CloseInput();

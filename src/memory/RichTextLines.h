@@ -1,0 +1,69 @@
+#pragma once
+
+#include "framework/SummedSequence.h"
+#include "richtext/FormattedText.h"
+
+#include <memory>
+
+namespace portico::memory {
+
+/// The text of a rich text box. Positions count UTF-16 units, a line end as two. Finding a place and replacing text
+/// there cost the logarithm of the count of lines and what is replaced, wherever it is.
+class RichTextLines {
+public:
+  /// A line and a distance from its start, which is at most the length of its text.
+  struct Place {
+    std::size_t Line;
+    std::size_t Offset;
+  };
+
+  explicit RichTextLines(richtext::FormattedText text) { Load(std::move(text)); }
+
+  void Load(richtext::FormattedText text);
+
+  std::size_t Count() const { return m_lines.Count(); }
+  std::int64_t Length() const { return m_lines.Total(); }
+  const richtext::FormattedLine& operator[](std::size_t line) const { return *m_lines[line]; }
+
+  /// Of any position that is not negative: one inside a line end is the place in front of it, one behind the text its
+  /// end.
+  Place PlaceOf(std::int64_t position) const;
+  std::int64_t PositionOf(Place place) const;
+  Place End() const;
+
+  String Text(Place from, Place to) const;
+  /// The end of the copy looks like what is in front of it.
+  richtext::FormattedText Copy(Place from, Place to) const;
+  richtext::FormattedText CopyAll() const;
+
+  /// Puts `text` between two places. Every line that it ends, and the last one that it begins, gets the look that it
+  /// says; a piece within a line leaves that line's look, unless it is all that there is of it. What stands behind `to`
+  /// keeps its own look if nothing comes to stand in front of it in its line.
+  void Replace(Place from, Place to, richtext::FormattedText text);
+
+  void Transform(Place from, Place to, const SelectionFormat& changes);
+  void TransformParagraphs(std::size_t first, std::size_t last, const SelectionFormat& changes);
+
+  /// `see(const FormattedLine&, offset, length)` for what lies in each line between two places, a line end counting as
+  /// one place of its runs.
+  template <class See>
+  void Visit(Place from, Place to, See&& see) const {
+    for (std::size_t line = from.Line; line <= to.Line; ++line) {
+      const richtext::FormattedLine& held = *m_lines[line];
+      const std::size_t first = line == from.Line ? from.Offset : 0;
+      const std::size_t end = line == to.Line ? to.Offset : held.Text.size() + 1;
+      see(held, first, end - first);
+    }
+  }
+
+private:
+  using LinePointer = std::unique_ptr<richtext::FormattedLine>;
+
+  void Delete(Place from, Place to);
+  void Insert(std::size_t at, richtext::FormattedLine line);
+  void Measure(std::size_t line);
+
+  SummedSequence<LinePointer> m_lines; // with their line ends; the last one has none
+};
+
+} // namespace portico::memory

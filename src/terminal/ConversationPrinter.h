@@ -1,0 +1,28 @@
+#pragma once
+
+#include "document/IDataEntity.h"
+
+#include <ostream>
+#include <string>
+
+namespace portico::terminal {
+
+/// Prints what the history shows, a line for each, flushed line by line: `> ` and an instruction, `* ` and an automatic
+/// instruction, `< ` and each line of a response, `# ` and a remark or blank line, `! ` and the text of any other kind.
+class ConversationPrinter final {
+public:
+  /// The stream must outlive the printer.
+  explicit ConversationPrinter(std::ostream& out) : m_out(out) {}
+
+  /// An entity of a line end alone is not shown.
+  void Show(const IDataEntity& entity);
+  void Remark(StringView line) { Print("# ", line); }
+
+private:
+  void Print(std::string_view mark, StringView text);
+
+  std::ostream& m_out;
+  std::string m_line; // kept for its storage
+};
+
+} // namespace portico::terminal

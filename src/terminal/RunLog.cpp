@@ -1,0 +1,41 @@
+#include "terminal/RunLog.h"
+
+#include "document/CXMLDataStore.h"
+#include "framework/HuntERR.h"
+#include "framework/IObjectFactory.h"
+#include "framework/modGlobals.h"
+
+namespace portico::terminal {
+namespace {
+
+Ref<IPublisher> Agent() { return Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray()); }
+
+} // namespace
+
+RunLog::RunLog(const String& path, bool overwrite, std::function<void(StringView)> onFailure) {
+  const auto store = Create<IDataStore>(u"DataStore", modGlobals::VarArray(path, overwrite));
+  const auto logger = Create<CReportLogger>(u"ReportLogger", modGlobals::VarArray(store));
+  logger->EnableLogging();
+  Cast<CXMLDataStore>(store)->SaveFailed.Connect([tell = std::move(onFailure), told = false](StringView text) mutable {
+    if (!std::exchange(told, true)) tell(text);
+  });
+  Agent()->Subscribe(logger);
+  m_logger = logger;
+}
+
+RunLog::~RunLog() {
+  try {
+    Close();
+  } catch (...) {
+    SwallowInDestructor(u"RunLog.Close()");
+  }
+}
+
+void RunLog::Close() {
+  if (!m_logger) return;
+  const auto logger = std::exchange(m_logger, {});
+  Agent()->Unsubscribe(logger);
+  logger->DisableLogging();
+}
+
+} // namespace portico::terminal

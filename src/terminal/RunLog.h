@@ -1,0 +1,26 @@
+#pragma once
+
+#include "document/ReportSubscribers.h"
+
+#include <functional>
+
+namespace portico::terminal {
+
+/// The log of a run: a store with one session, and the logger that fills it.
+class RunLog final {
+public:
+  /// Opens or makes the file and opens the session; raises what the store raises. `onFailure` is told of the first save
+  /// that fails; later ones carry what it could not write.
+  RunLog(const String& path, bool overwrite, std::function<void(StringView)> onFailure);
+  ~RunLog();
+  RunLog(const RunLog&) = delete;
+  RunLog& operator=(const RunLog&) = delete;
+
+  /// Closes the session.
+  void Close();
+
+private:
+  Ref<CReportLogger> m_logger;
+};
+
+} // namespace portico::terminal

@@ -1,0 +1,56 @@
+#include "terminal/TerminalWindow.h"
+
+#include "framework/IObjectFactory.h"
+#include "framework/modGlobals.h"
+
+namespace portico::terminal {
+namespace {
+
+Ref<IPublisher> Agent() { return Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray()); }
+
+} // namespace
+
+TerminalWindow::TerminalWindow(const Ref<IRichTextBox>& txtFuture, const Ref<IRichTextBox>& txtPast,
+                               const Ref<IRichTextBox>& rtfScratchArea, std::function<bool()> interrupted)
+    : m_txtFuture(txtFuture),
+      m_txtPast(txtPast),
+      m_scratch(rtfScratchArea),
+      m_interrupted(std::move(interrupted)),
+      m_frame(txtFuture, txtPast) {
+  m_frame.Remarked.Connect([this](const String& line) { Remarked(line); });
+}
+
+void TerminalWindow::Load() {
+  m_view = Create<CSCPIView>(u"SCPIView", modGlobals::VarArray(m_txtFuture));
+  m_history = Create<CSCPIViewHistory>(u"SCPIViewHistory", modGlobals::VarArray(m_txtPast));
+  m_history->Instructions()->OnAdd.Connect([this](const Ref<IDataEntity>& entity, std::int64_t) { Shown(*entity); });
+  m_runner = Create<CInstructionRunner>(u"InstructionRunner", modGlobals::VarArray(m_view));
+  m_displayer = Create<ISubscriber>(u"ReportDisplayer", modGlobals::VarArray(m_history));
+}
+
+void TerminalWindow::Unload() {
+  if (m_displayer) Agent()->Unsubscribe(m_displayer);
+  if (m_runner) Agent()->Unsubscribe(m_runner);
+  m_displayer = nullptr;
+  m_runner = nullptr;
+  m_history = nullptr;
+  m_view = nullptr;
+}
+
+void TerminalWindow::RunLines(const std::vector<String>& lines) {
+  String text;
+  for (const String& line : lines) text.append(line).append(NewLine);
+  m_txtFuture->Text(text);
+  m_frame.Run();
+}
+
+std::size_t TerminalWindow::LinesLeft() const {
+  return static_cast<std::size_t>(m_txtFuture->GetLineFromChar(m_txtFuture->TextLength()));
+}
+
+void TerminalWindow::ForgetHistory() {
+  m_history->Clear();
+  m_history->Instructions()->Clear();
+}
+
+} // namespace portico::terminal

@@ -1,0 +1,111 @@
+#include "BatchRunBench.h"
+
+#include "document/CDataFIFO.h"
+#include "document/CSelectionIterator.h"
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+
+#include <unistd.h>
+
+namespace portico::terminal {
+namespace {
+
+class RunLogTest : public test::BatchRunBench {
+protected:
+  RunLogTest() {
+    std::filesystem::remove_all(Folder);
+    std::filesystem::create_directories(Folder);
+    Options.LogFile = FromAscii((Folder / "run.xml").string());
+    TurnOffPacingAndChecking();
+  }
+  ~RunLogTest() override { std::filesystem::remove_all(Folder); }
+
+  /// The entities of the log, as "TYPE text".
+  std::vector<std::string> Logged() const {
+    const auto store = Create<IDataStore>(u"DataStore", modGlobals::VarArray(Options.LogFile, false));
+    const auto iterator = Create<IIterator>(u"SelectionIterator", modGlobals::VarArray(u"IterateAll"));
+    iterator->Attach(store->FillDataContainerFromStore());
+    std::vector<std::string> entities;
+    for (Value item = iterator->FirstItem(); !iterator->IsDone(); item = iterator->NextItem()) {
+      const auto entity = item.ToObject<IDataEntity>();
+      entities.push_back(ToUtf8(entity->DataType() + u" " + FromBytes(entity->ReadData())));
+    }
+    return entities;
+  }
+  std::string Content() const {
+    std::ifstream file(ToUtf8(Options.LogFile), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  std::size_t Occurrences(const std::string& text) const {
+    const std::string content = Content();
+    std::size_t count = 0;
+    for (auto at = content.find(text); at != std::string::npos; at = content.find(text, at + 1)) ++count;
+    return count;
+  }
+
+  const std::filesystem::path Folder =
+      std::filesystem::temp_directory_path() / ("portico-run-log-" + std::to_string(getpid()));
+};
+
+TEST_F(RunLogTest, ConversationIsLoggedInOneSession) {
+  Driver->Answers["*IDN?"] = "an instrument";
+  EXPECT_EQ(Run({u"*CLS", u"REM a remark", u"*idn?", u"*IDN?"}), 4);
+  EXPECT_EQ(Logged(),
+            (std::vector<std::string>{"Instruction *CLS\r\n", "Instruction *idn?\r\n", "Response failure -7\r\n",
+                                      "Instruction *IDN?\r\n", "Response an instrument\r\n"}));
+  EXPECT_EQ(Occurrences("<Session "), 1U);
+  EXPECT_EQ(Occurrences("SessionCloseTimeStamp"), 1U);
+}
+
+TEST_F(RunLogTest, ExistingLogIsExtendedUnlessItIsBegunAnew) {
+  EXPECT_EQ(Run({u"A"}), 0);
+  EXPECT_EQ(Run({u"B"}), 0);
+  EXPECT_EQ(Logged(), (std::vector<std::string>{"Instruction A\r\n", "Instruction B\r\n"}));
+  EXPECT_EQ(Occurrences("<Session "), 2U);
+  Options.Overwrite = true;
+  EXPECT_EQ(Run({u"C"}), 0);
+  EXPECT_EQ(Logged(), (std::vector<std::string>{"Instruction C\r\n"}));
+  EXPECT_EQ(Occurrences("<Session "), 1U);
+}
+
+TEST_F(RunLogTest, LogThatCannotBeMadeEndsTheRunBeforeAnythingIsSent) {
+  Options.LogFile = FromAscii((Folder / "absent" / "run.xml").string());
+  EXPECT_EQ(Run({u"A"}), 2);
+  EXPECT_EQ(Driver->Calls, Calls{});
+  EXPECT_EQ(Err.str().find("portico-run: cannot log to " + ToUtf8(Options.LogFile) + ": "), 0U) << Err.str();
+}
+
+TEST_F(RunLogTest, FileThatIsNoLogEndsTheRunAndStaysAsItIs) {
+  std::ofstream(ToUtf8(Options.LogFile)) << "*CLS\n";
+  EXPECT_EQ(Run({u"A"}), 2);
+  EXPECT_EQ(Driver->Calls, Calls{});
+  EXPECT_EQ(Err.str(), "portico-run: cannot log to " + ToUtf8(Options.LogFile) + ": The file, " +
+                           ToUtf8(Options.LogFile) + ", is not a valid data store.\n");
+  EXPECT_EQ(Content(), "*CLS\n");
+}
+
+TEST_F(RunLogTest, InterruptedRunClosesItsSession) {
+  Driver->OnCall = [](const std::string& call) {
+    if (call == "write A") raise(SIGINT);
+  };
+  EXPECT_EQ(Run({u"A", u"B"}), 130);
+  EXPECT_EQ(Logged(), (std::vector<std::string>{"Instruction A\r\n"}));
+  EXPECT_EQ(Occurrences("SessionCloseTimeStamp"), 1U);
+}
+
+TEST_F(RunLogTest, LogThatIsTakenAwayIsToldOnceAndTheRunGoesOn) {
+  Driver->OnCall = [&](const std::string& call) {
+    if (call == "write B") std::filesystem::remove_all(Folder);
+  };
+  EXPECT_EQ(Run({u"A", u"B", u"C"}), 0);
+  EXPECT_EQ(Driver->Calls.back(), "close");
+  const std::string text = Err.str();
+  EXPECT_EQ(text.find("portico-run: lines.cmd:2: the log cannot be written: "), 0U) << text;
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1) << text;
+}
+
+} // namespace
+} // namespace portico::terminal

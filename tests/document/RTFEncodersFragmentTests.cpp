@@ -60,8 +60,8 @@ TEST_F(RTFEncodersFragment, OfNoTextHasHeaderAndMarkOnly) {
 }
 
 TEST_F(RTFEncodersFragment, HoldsNoHiddenText) {
-  for (const String& fragment : {Encoder.Encode(Entity(u"a", u"Response")), Simple.Encode(u"a", u"Response"),
-                                 Simple.EncodeWhite(u"a")}) {
+  for (const String& fragment :
+       {Encoder.Encode(Entity(u"a", u"Response")), Simple.Encode(u"a", u"Response"), Simple.EncodeWhite(u"a")}) {
     EXPECT_EQ(fragment.find(u"<<<+++>>>"), String::npos);
     EXPECT_EQ(fragment.find(u"\\v"), String::npos);
   }

@@ -30,8 +30,8 @@ TEST_F(ReportEntities, TypeFollowsTheClass) {
 }
 
 TEST_F(ReportEntities, OtherClassesShowNothing) {
-  for (const auto* other : {u"CCloseCmd", u"CGetAttribCmd", u"CSetAttribCmd", u"CIntervalPacingCmd", u"CRun",
-                            u"cwritecmd", u"CReport"}) {
+  for (const auto* other :
+       {u"CCloseCmd", u"CGetAttribCmd", u"CSetAttribCmd", u"CIntervalPacingCmd", u"CRun", u"cwritecmd", u"CReport"}) {
     const auto report = ReportOf(other, u"data");
     report->SCPIInstruction = u"text";
     EXPECT_EQ(Converted(report), "nothing") << ToUtf8(other);
@@ -64,7 +64,7 @@ TEST_F(ReportEntities, WriteThatBeginsTheCurrentLineWasTypedWhateverItsCase) {
 TEST_F(ReportEntities, WriteOfAnythingElseIsAutomatic) {
   Running(u"MEAS:VOLT?");
   EXPECT_EQ(Converted(WriteOf(u"*OPC?")), "AutomaticInstruction: *OPC?\\r\\n");
-  EXPECT_EQ(Converted(WriteOf(u"VOLT?")), "AutomaticInstruction: VOLT?\\r\\n");        // inside, not at the beginning
+  EXPECT_EQ(Converted(WriteOf(u"VOLT?")), "AutomaticInstruction: VOLT?\\r\\n"); // inside, not at the beginning
   EXPECT_EQ(Converted(WriteOf(u"MEAS:VOLT? 1")), "AutomaticInstruction: MEAS:VOLT? 1\\r\\n"); // longer than the line
   Running(u"");
   EXPECT_EQ(Converted(WriteOf(u"*OPC?")), "AutomaticInstruction: *OPC?\\r\\n");

@@ -102,9 +102,9 @@ public:
   void SelLength(std::int32_t length) override {
     Note("SelLength " + std::to_string(length));
     HuntERR::Check(length >= 0, ErrorNumber::BadPropertyValue, u"SelLength");
-    m_length = std::min(static_cast<std::size_t>(length), m_cells.size() - m_start);
+    m_length = std::min(static_cast<std::size_t>(length), m_cells.size() - m_start + 1); // the end counts as one
   }
-  String SelText() const override { return Note("get SelText"), Units(m_start, m_length); }
+  String SelText() const override { return Note("get SelText"), Units(m_start, Selected()); }
   void SelText(StringView text) override {
     Note("SelText " + Escaped(text));
     const SelectionFormat format = StartFormat();
@@ -112,7 +112,7 @@ public:
   }
   String SelRTF() const override {
     Note("get SelRTF");
-    return Remember({m_cells.begin() + Offset(m_start), m_cells.begin() + Offset(m_start + m_length)});
+    return Remember({m_cells.begin() + Offset(m_start), m_cells.begin() + Offset(m_start + Selected())});
   }
   void SelRTF(StringView fragment) override {
     Note("SelRTF " + Escaped(fragment));
@@ -120,15 +120,15 @@ public:
   }
   SelectionFormat SelFormat() const override {
     Note("get SelFormat");
-    if (m_length == 0) return m_caret;
+    if (Selected() == 0) return m_caret;
     SelectionFormat common = m_cells[m_start].Format;
-    for (std::size_t i = m_start; i < m_start + m_length; ++i) Intersect(common, m_cells[i].Format);
+    for (std::size_t i = m_start; i < m_start + Selected(); ++i) Intersect(common, m_cells[i].Format);
     return common;
   }
   void SelFormat(const SelectionFormat& changes) override {
     Note("SelFormat " + FormatText(changes));
-    if (m_length == 0) Apply(m_caret, changes);
-    for (std::size_t i = m_start; i < m_start + m_length; ++i) Apply(m_cells[i].Format, changes);
+    if (Selected() == 0) Apply(m_caret, changes);
+    for (std::size_t i = m_start; i < m_start + Selected(); ++i) Apply(m_cells[i].Format, changes);
   }
 
   String Text() const override { return Note("get Text"), Contents(); }
@@ -173,19 +173,21 @@ private:
     m_journal.push_back(m_name + line);
     if (OnCall) OnCall(m_journal.back());
   }
+  /// How much there is of what was selected.
+  std::size_t Selected() const { return std::min(m_length, m_cells.size() - m_start); }
   String Units(std::size_t from, std::size_t count) const {
     String text;
     for (std::size_t i = from; i < from + count; ++i) text.push_back(m_cells[i].Unit);
     return text;
   }
-  SelectionFormat StartFormat() const { return m_length == 0 ? m_caret : m_cells[m_start].Format; }
+  SelectionFormat StartFormat() const { return Selected() == 0 ? m_caret : m_cells[m_start].Format; }
   /// The format of what stands in front; of the first unit at the beginning.
   void FormatCaret() {
     if (!m_cells.empty()) m_caret = m_cells[m_start == 0 ? 0 : m_start - 1].Format;
   }
   void Replace(const Cells& cells) {
-    if (m_length == 0 && cells.empty()) return;
-    const auto at = m_cells.erase(m_cells.begin() + Offset(m_start), m_cells.begin() + Offset(m_start + m_length));
+    if (Selected() == 0 && cells.empty()) return;
+    const auto at = m_cells.erase(m_cells.begin() + Offset(m_start), m_cells.begin() + Offset(m_start + Selected()));
     m_cells.insert(at, cells.begin(), cells.end());
     PlaceCaret(m_start + cells.size());
     m_change();

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "configuration/CSettings.h"
 #include "document/IDataEntity.h"
 #include "framework/Creator.h"
+
+#include <memory>
 
 namespace portico {
 
 /// The one implementation of a data entity. Made through the factory only. Members raise 0x80041460 before
 /// `Initialize`.
-class CDataEntity final : public IDataEntity {
+class CDataEntity final : public IDataEntity, public std::enable_shared_from_this<CDataEntity> {
 public:
   StringView ClassName() const override { return u"CDataEntity"; }
 
@@ -21,7 +24,7 @@ public:
   void TimeStamp(const String& newValue);
   void DataType(const String& newValue);
 
-  Ref<IPosition> Position(std::optional<std::int32_t> DataOffset) override;
+  Ref<IPosition> Position(std::optional<std::int32_t> DataOffset = {}) override;
   Ref<IAttributes> DataAttributes() const override;
   String DataAttribute(const String& Name) const override;
   void DataAttribute(const String& Name, const String& Value) override;
@@ -31,6 +34,18 @@ public:
   void UpdateData(const ByteArray& data) override;
   String TimeStamp() const override;
   std::int32_t CompareToMe(const Ref<IDataEntity>& DataEntity) const override;
+
+private:
+  /// Negative for an array whose length the entity cannot tell.
+  static std::int32_t CalculateDataLength(const ByteArray& data);
+  Ref<IPosition> CreatePosition(std::optional<std::int32_t> DataOffset);
+  bool CompareAttributes(const IDataEntity& other) const;
+  bool CompareData(const IDataEntity& other) const;
+  void CheckAccess() const;
+
+  bool m_initialized = false;
+  Ref<CSettings> m_attributes;
+  ByteArray m_data;
 };
 
 /// "DataEntity": byte array, data type, time stamp.

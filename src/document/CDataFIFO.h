@@ -4,14 +4,20 @@
 #include "framework/Creator.h"
 #include "framework/Event.h"
 
+#include <memory>
+
 namespace portico {
+
+class EntitySequence;
 
 /// The document behind the text windows: an ordered container of data entities, keyed by their stamps, with one
 /// selection. Readable as a queue, as a sequence with positions, and as a stream of bytes.
 ///
 /// Entities are found by content, never by reference. Every member but `MaximumCount` and `Initialize` raises
 /// 0x80041460 before `Initialize`. A stamp that is present raises 457, an absent position 5.
-class CDataFIFO final : public IIteratableObject, public ISelectableObject {
+class CDataFIFO final : public IIteratableObject,
+                        public ISelectableObject,
+                        public std::enable_shared_from_this<CDataFIFO> {
 public:
   CDataFIFO();
   ~CDataFIFO() override;
@@ -53,6 +59,24 @@ public:
   Ref<IPosition> StartOfSelection() const override;
   Ref<IPosition> EndOfSelection() const override;
   bool IsSelectionEmpty() const override;
+
+private:
+  void CheckAccess() const;
+  Ref<IDataEntity> RemoveEntityAtIndex(std::int64_t Index, bool RaiseEvent);
+  void InsertDataEntity(const Ref<IDataEntity>& DataEntity);
+  void EnforceMaximumCount();
+  void ResetSelection();
+  void Select(const Ref<IPosition>& Start, const Ref<IPosition>& End);
+  /// 1-based; behind the last for the end marker, 0 for an absent entity.
+  std::int64_t IndexOfPosition(const Ref<IPosition>& Position) const;
+  bool IsPositionInFIFO(const Ref<IPosition>& Position) const;
+  /// An end marker.
+  static Ref<CDataPosition> CreatePosition();
+  std::int64_t DataIndexOfEntity(const Ref<IDataEntity>& DataEntity) const;
+
+  std::int32_t m_maximumCount = -1;
+  std::shared_ptr<EntitySequence> m_entities; // none until `Initialize`
+  Ref<CDataSelection> m_selection;
 };
 
 /// "DataContainer": the maximum count.

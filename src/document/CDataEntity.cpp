@@ -1,0 +1,186 @@
+#include "document/CDataEntity.h"
+
+#include "document/CDataPosition.h"
+#include "document/ITimeStamp.h"
+#include "framework/ErrorNumbers.h"
+#include "framework/HuntERR.h"
+#include "framework/modGlobals.h"
+
+#include <limits>
+
+namespace portico {
+namespace {
+
+/// The parts of the answer of `CompareToMe`.
+constexpr std::int32_t AttributesDiffer = 2;
+constexpr std::int32_t DataDiffer = 4;
+
+} // namespace
+
+void CDataEntity::Initialize(const ByteArray& data, const String& DataType, const String& TimeStamp) try {
+  HuntERR::Check(bool(gTimeStamper), ErrorNumber::ObjectRequired,
+                 u"Data entity requires a time stamper. There is none.");
+  HuntERR::Check(CalculateDataLength(data) >= 0, ErrorNumber::InvalidArgument, u"Invalid data array.");
+  auto attributes = New<CSettings>();
+  HuntERR::Check(bool(attributes), ErrorNumber::CannotCreate, u"Cannot create data attributes collection.");
+  attributes->Initialize();
+  m_attributes = attributes;
+  m_data = data;
+  m_initialized = true;
+  this->DataType(DataType);
+  this->TimeStamp(TimeStamp);
+} catch (...) {
+  PassOn(u"CDataEntity.Initialize(data,DataType,TimeStamp)", {data, DataType, TimeStamp});
+}
+
+String CDataEntity::DataAttributeValue(const String& Name) const try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  return m_attributes->ItemValue(Name);
+} catch (...) {
+  PassOn(u"CDataEntity.DataAttributeValue(Name)", {Name});
+}
+
+void CDataEntity::DataAttributeValue(const String& Name, const String& Value) try {
+  CheckAccess();
+  m_attributes->ItemValue(Name, Value);
+} catch (...) {
+  PassOn(u"CDataEntity.DataAttributeValue(Name,Value)", {Name, Value});
+}
+
+void CDataEntity::TimeStamp(const String& newValue) try {
+  CheckAccess();
+  m_attributes->ItemValue(AttributeName::Timestamp, newValue.empty() ? gTimeStamper->TimeStamp() : newValue);
+} catch (...) {
+  PassOn(u"CDataEntity.TimeStamp(newValue)", {newValue});
+}
+
+void CDataEntity::DataType(const String& newValue) try {
+  CheckAccess();
+  m_attributes->ItemValue(AttributeName::DataType, newValue);
+} catch (...) {
+  PassOn(u"CDataEntity.DataType(newValue)", {newValue});
+}
+
+Ref<IPosition> CDataEntity::Position(std::optional<std::int32_t> DataOffset) try {
+  CheckAccess();
+  return CreatePosition(DataOffset);
+} catch (...) {
+  PassOn(u"CDataEntity.Position(DataOffset)", {DataOffset ? Value(*DataOffset) : Value()});
+}
+
+Ref<IAttributes> CDataEntity::DataAttributes() const try {
+  CheckAccess();
+  return m_attributes;
+} catch (...) {
+  PassOn(u"CDataEntity.DataAttributes");
+}
+
+String CDataEntity::DataAttribute(const String& Name) const try { return DataAttributeValue(Name); } catch (...) {
+  PassOn(u"CDataEntity.DataAttribute(Name)", {Name});
+}
+
+void CDataEntity::DataAttribute(const String& Name, const String& Value) try {
+  DataAttributeValue(Name, Value);
+} catch (...) {
+  PassOn(u"CDataEntity.DataAttribute(Name,Value)", {Name, Value});
+}
+
+std::int32_t CDataEntity::DataLength() const try {
+  CheckAccess();
+  return CalculateDataLength(m_data);
+} catch (...) {
+  PassOn(u"CDataEntity.DataLength");
+}
+
+String CDataEntity::DataType() const try {
+  CheckAccess();
+  return m_attributes->ItemValue(AttributeName::DataType);
+} catch (...) {
+  PassOn(u"CDataEntity.DataType");
+}
+
+ByteArray CDataEntity::ReadData() const try {
+  CheckAccess();
+  return m_data;
+} catch (...) {
+  PassOn(u"CDataEntity.ReadData");
+}
+
+void CDataEntity::UpdateData(const ByteArray& data) try {
+  CheckAccess();
+  HuntERR::Check(CalculateDataLength(data) >= 0, ErrorNumber::InvalidArgument, u"Invalid new data array.");
+  m_data = data;
+} catch (...) {
+  PassOn(u"CDataEntity.UpdateData(data)", {data});
+}
+
+String CDataEntity::TimeStamp() const try {
+  CheckAccess();
+  return m_attributes->ItemValue(AttributeName::Timestamp);
+} catch (...) {
+  PassOn(u"CDataEntity.TimeStamp");
+}
+
+std::int32_t CDataEntity::CompareToMe(const Ref<IDataEntity>& DataEntity) const try {
+  CheckAccess();
+  if (!DataEntity) return AttributesDiffer + DataDiffer;
+  const std::int32_t attributes = CompareAttributes(*DataEntity) ? 0 : AttributesDiffer;
+  return attributes + (CompareData(*DataEntity) ? 0 : DataDiffer);
+} catch (...) {
+  PassOn(u"CDataEntity.CompareToMe(DataEntity)", {DataEntity});
+}
+
+std::int32_t CDataEntity::CalculateDataLength(const ByteArray& data) {
+  if (data.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) return -1;
+  return static_cast<std::int32_t>(data.size());
+}
+
+Ref<IPosition> CDataEntity::CreatePosition(std::optional<std::int32_t> DataOffset) try {
+  auto position = New<CDataPosition>();
+  position->Initialize(Ref<IDataEntity>(shared_from_this()), DataOffset);
+  return position;
+} catch (...) {
+  // Positions are too many to box their parameters for a creator; its label stays.
+  PassOn(u"CtorDataPosition.ICreator_Create(Params)");
+}
+
+/// The other's attributes are asked.
+bool CDataEntity::CompareAttributes(const IDataEntity& other) const {
+  return other.DataAttributes()->IsSame(m_attributes, true);
+}
+
+bool CDataEntity::CompareData(const IDataEntity& other) const {
+  const auto* sibling = dynamic_cast<const CDataEntity*>(&other);
+  return sibling != nullptr ? m_data == sibling->m_data : m_data == other.ReadData();
+}
+
+void CDataEntity::CheckAccess() const {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+}
+
+namespace {
+
+Ref<IObject> MakeDataEntity(const Params& parameters) {
+  auto entity = New<CDataEntity>();
+  entity->Initialize(parameters[0].ToByteArray(), parameters[1].ToString(), parameters[2].ToString());
+  return entity;
+}
+
+} // namespace
+
+// Its errors bear the name of an older creator.
+const CreatorRow CtorDataEntity = {.Name = u"CtorDataEntity",
+                                   .Specification = u"DataEntity",
+                                   .ParamCount = 3,
+                                   .Make = MakeDataEntity,
+                                   .LabelName = u"CtorSubscriptionAgent"};
+
+Ref<CDataEntity> modDataDocument::CreateADataEntity(const ByteArray& data, const String& DataType,
+                                                    const String& TimeStamp) try {
+  HuntERR::Check(bool(gObjectFactory), ErrorNumber::CannotCarryOut, u"The object factory does not exist.");
+  return Create<CDataEntity>(u"DataEntity", modGlobals::VarArray(data, DataType, TimeStamp));
+} catch (...) {
+  PassOn(u"modDataDocument.CreateADataEntity(data,DataType,TimeStamp)", {data, DataType, TimeStamp});
+}
+
+} // namespace portico

@@ -1,0 +1,58 @@
+#include "document/CMockTimeStampServer.h"
+
+#include "framework/HuntERR.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace portico {
+namespace {
+
+String Padded(std::int32_t number, std::size_t width) {
+  const String digits = ToText(std::int64_t{number});
+  return String(width - std::min(width, digits.size()), u'0') + digits;
+}
+
+bool IsSameSecond(const std::tm& a, const std::tm& b) {
+  return a.tm_sec == b.tm_sec && a.tm_min == b.tm_min && a.tm_hour == b.tm_hour && a.tm_mday == b.tm_mday &&
+         a.tm_mon == b.tm_mon && a.tm_year == b.tm_year;
+}
+
+} // namespace
+
+CMockTimeStampServer::CMockTimeStampServer() try { AdvanceSequence(); } catch (...) {
+  FailConstruction(u"CMockTimeStampServer.Class_Initialize");
+}
+
+String CMockTimeStampServer::TimeStamp() try {
+  AdvanceSequence();
+  String stamp;
+  const String sequence = SequenceText();
+  const StringView zone = TimeZoneText();
+  stamp.reserve(m_secondText.size() + 1 + sequence.size() + zone.size());
+  return stamp.append(m_secondText).append(u".").append(sequence).append(zone);
+} catch (...) {
+  PassOn(u"CMockTimeStampServer.TimeStamp");
+}
+
+String CMockTimeStampServer::CurrentSecondText(const std::tm& second) {
+  constexpr std::int32_t firstYear = 1900; // of std::tm
+  return Padded(second.tm_year + firstYear, 4) + u"-" + Padded(second.tm_mon + 1, 2) + u"-" +
+         Padded(second.tm_mday, 2) + u"T" + Padded(second.tm_hour, 2) + u":" + Padded(second.tm_min, 2) + u":" +
+         Padded(second.tm_sec, 2);
+}
+
+String CMockTimeStampServer::SequenceText() const { return Padded(m_sequence, 9); }
+
+void CMockTimeStampServer::AdvanceSequence() {
+  const std::tm now = HuntERR::Environment().LocalTime();
+  if (!m_secondText.empty() && IsSameSecond(now, m_second)) {
+    ++m_sequence;
+    return;
+  }
+  m_secondText = CurrentSecondText(now);
+  m_second = now;
+  m_sequence = 0;
+}
+
+} // namespace portico

@@ -38,7 +38,8 @@ struct Names {
     return ToUtf8(Encoder().ClassName());
   }
 };
-TYPED_TEST_SUITE(RTFEncodersDecode, (::testing::Types<CRTFEncoder, CSimpleRTFEncoder>), Names);
+using BothEncoders = ::testing::Types<CRTFEncoder, CSimpleRTFEncoder>;
+TYPED_TEST_SUITE(RTFEncodersDecode, BothEncoders, Names);
 
 TYPED_TEST(RTFEncodersDecode, MakesAnEntityOfTheFirstLineWithAStampOfItsOwn) {
   this->Initialize();

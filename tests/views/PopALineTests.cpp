@@ -1,34 +1,13 @@
 #include "views/CPopALine.h"
 
-#include "memory/EventLoop.h"
-#include "support/FrameworkTest.h"
-#include "support/Labels.h"
-#include "support/RecordingTextBox.h"
+#include "support/ViewFixture.h"
 
 namespace portico::test {
 namespace {
 
-/// Calls out at each turn.
-class TurningLoop final : public IEventLoop {
-public:
-  void DoEvents() override {
-    ++Turns;
-    if (OnTurn) OnTurn();
-  }
-  void WaitForEvent() override { DoEvents(); }
-  std::unique_ptr<ITimer> MakeTimer() override { return {}; }
-
-  int Turns = 0;
-  std::function<void()> OnTurn;
-};
-
-class PopALine : public FrameworkTest {
+class PopALine : public ViewFixture {
 protected:
-  PopALine() {
-    gEventLoop = Loop;
-    Popper.CmdQueue(Box);
-  }
-  ~PopALine() override { gEventLoop.reset(); }
+  PopALine() { Popper.CmdQueue(Box); }
 
   /// "kind: line" of the next line.
   std::string Pop() {
@@ -36,16 +15,13 @@ protected:
     const String line = Popper.Pop(kind);
     return std::to_string(static_cast<int>(kind)) + ": " + Escaped(line);
   }
-  std::string Left() const { return Escaped(Box->Contents()); }
+  std::string Left() const { return Shown(); }
   static SelectionFormat Italic() {
     SelectionFormat format;
     format.SelItalic = true;
     return format;
   }
 
-  std::vector<std::string> Calls;
-  Ref<RecordingTextBox> Box = New<RecordingTextBox>(Calls);
-  std::shared_ptr<TurningLoop> Loop = std::make_shared<TurningLoop>();
   CPopALine Popper;
 };
 

@@ -8,7 +8,6 @@ namespace {
 class RunFrameTest : public RunFixture {
 protected:
   RunFrameTest() {
-    Box = New<RecordingTextBox>(BoxCalls, "future");
     Box->OnCall = [this](const std::string& call) {
       if (call == "future.SetFocus") Calls.push_back(call);
     };

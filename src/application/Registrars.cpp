@@ -75,6 +75,9 @@ void CRegistrarBase::UnregisterClasses(const Ref<IObjectFactory>& ObjectFactory)
   PassOn(String(ClassName()).append(u".IRegistrar_UnregisterClasses(ObjectFactory)"), {ObjectFactory});
 }
 
+void CFactoryRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) { gObjectFactory = ObjectFactory; }
+void CFactoryRegistrar::AfterRemoval() { gObjectFactory = nullptr; }
+
 Rows CRegistrar::Rows() const {
   static constexpr std::array rows = {&CtorStep,
                                       &CtorRun,
@@ -96,12 +99,12 @@ Rows CDataEntityRegistrar::Rows() const {
   return rows;
 }
 void CDataEntityRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) {
-  gObjectFactory = ObjectFactory;
+  CFactoryRegistrar::AfterRegistration(ObjectFactory);
   gTimeStamper = New<CMockTimeStampServer>();
 }
 void CDataEntityRegistrar::AfterRemoval() {
   gTimeStamper = nullptr;
-  gObjectFactory = nullptr;
+  CFactoryRegistrar::AfterRemoval();
 }
 
 Rows CConfigurationRegistrar::Rows() const {
@@ -140,10 +143,6 @@ Rows CCfgInstHndlrRegistrar::Rows() const {
                                       &CtorGetConfigCmd};
   return rows;
 }
-void CCfgInstHndlrRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) {
-  gObjectFactory = ObjectFactory;
-}
-void CCfgInstHndlrRegistrar::AfterRemoval() { gObjectFactory = nullptr; }
 
 Rows CCommInstHndlrRegistrar::Rows() const {
   static constexpr std::array rows = {&CtorCOMMInstHandler, &CtorCommCmdBuilder, &CtorSetAttribCmd, &CtorGetAttribCmd,
@@ -151,11 +150,11 @@ Rows CCommInstHndlrRegistrar::Rows() const {
   return rows;
 }
 void CCommInstHndlrRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) {
-  gObjectFactory = ObjectFactory;
+  CFactoryRegistrar::AfterRegistration(ObjectFactory);
   gChannel = Create<IChannel>(u"DriverSession", modGlobals::VarArray());
 }
 void CCommInstHndlrRegistrar::AfterRemoval() {
-  gObjectFactory = nullptr;
+  CFactoryRegistrar::AfterRemoval();
   gChannel = nullptr;
 }
 
@@ -165,9 +164,5 @@ Rows CSCPIInstHndlrRegistrar::Rows() const {
                                       &CtorIntervalTimer,   &CtorErrChkCmdBuilder,  &CtorNullCmdBuilder};
   return rows;
 }
-void CSCPIInstHndlrRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) {
-  gObjectFactory = ObjectFactory;
-}
-void CSCPIInstHndlrRegistrar::AfterRemoval() { gObjectFactory = nullptr; }
 
 } // namespace portico

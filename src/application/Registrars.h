@@ -26,6 +26,13 @@ protected:
   virtual void AfterRemoval() {}
 };
 
+/// A registrar that also sets `gObjectFactory`, and clears it.
+class CFactoryRegistrar : public CRegistrarBase {
+protected:
+  void AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) override;
+  void AfterRemoval() override;
+};
+
 /// The commands of the user, the views and the subscribers.
 class CRegistrar final : public CRegistrarBase {
 public:
@@ -37,8 +44,8 @@ private:
   bool StaysBehind(const CreatorRow& row) const override;
 };
 
-/// The data document. Sets `gObjectFactory` and `gTimeStamper`.
-class CDataEntityRegistrar final : public CRegistrarBase {
+/// The data document. Sets `gTimeStamper`.
+class CDataEntityRegistrar final : public CFactoryRegistrar {
 public:
   StringView ClassName() const override { return u"CDataEntityRegistrar"; }
 
@@ -83,19 +90,16 @@ private:
   void BeforeRemoval(const Ref<IObjectFactory>& ObjectFactory) override;
 };
 
-/// Sets `gObjectFactory`.
-class CCfgInstHndlrRegistrar final : public CRegistrarBase {
+class CCfgInstHndlrRegistrar final : public CFactoryRegistrar {
 public:
   StringView ClassName() const override { return u"CCfgInstHndlrRegistrar"; }
 
 private:
   std::span<const CreatorRow* const> Rows() const override;
-  void AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) override;
-  void AfterRemoval() override;
 };
 
-/// Sets `gObjectFactory`, and `gChannel` to the "DriverSession" in its closed state.
-class CCommInstHndlrRegistrar final : public CRegistrarBase {
+/// Sets `gChannel` to the "DriverSession" in its closed state.
+class CCommInstHndlrRegistrar final : public CFactoryRegistrar {
 public:
   StringView ClassName() const override { return u"CCommInstHndlrRegistrar"; }
 
@@ -105,15 +109,12 @@ private:
   void AfterRemoval() override;
 };
 
-/// Sets `gObjectFactory`.
-class CSCPIInstHndlrRegistrar final : public CRegistrarBase {
+class CSCPIInstHndlrRegistrar final : public CFactoryRegistrar {
 public:
   StringView ClassName() const override { return u"CSCPIInstHndlrRegistrar"; }
 
 private:
   std::span<const CreatorRow* const> Rows() const override;
-  void AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) override;
-  void AfterRemoval() override;
 };
 
 } // namespace portico

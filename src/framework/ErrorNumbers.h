@@ -16,6 +16,7 @@ inline constexpr std::int32_t TypeMismatch = 13;
 inline constexpr std::int32_t CannotCarryOut = 17;
 inline constexpr std::int32_t InternalState = 51;
 inline constexpr std::int32_t FileNotFound = 53;
+inline constexpr std::int32_t FileAccess = 75;
 inline constexpr std::int32_t MissingObject = 91;
 inline constexpr std::int32_t BadFileFormat = 321;
 inline constexpr std::int32_t BadPropertyValue = 380;

@@ -66,9 +66,11 @@ BatchRun::~BatchRun() {
   m_window->Unload();
 }
 
+std::size_t BatchRun::LinesDone() const { return m_linesRead - m_window->LinesLeft(); }
+
 std::string BatchRun::Place() const {
   if (m_source == nullptr) return {};
-  return m_source->Name() + ":" + std::to_string(m_linesRead - m_window->LinesLeft()) + ": ";
+  return m_source->Name() + ":" + std::to_string(LinesDone()) + ": ";
 }
 
 void BatchRun::Diagnose(const std::string& text) {
@@ -166,8 +168,9 @@ void BatchRun::RunSource(LineSource& source) {
       m_status.Note(ExitStatus::Usage);
       m_stop = true;
     }
-    if (batch.Lines.empty()) return;
+    if (batch.Lines.empty()) break;
   }
+  m_linesBefore += m_linesRead;
 }
 
 /// All complete lines that are at hand; waits for the first.
@@ -188,7 +191,7 @@ BatchRun::Batch BatchRun::NextBatch(LineSource& source) {
 
 void BatchRun::LineDone() {
   m_window->ForgetHistory();
-  if (m_progress) m_progress->LineDone();
+  if (m_progress) m_progress->Show(m_linesBefore + LinesDone());
 }
 
 void BatchRun::InstructionDone() {

@@ -45,6 +45,8 @@ private:
   void RunSources(const Sources& sources);
   void RunSource(LineSource& source);
   static Batch NextBatch(LineSource& source);
+  /// Of the source whose lines are being run, the one that is being run included.
+  std::size_t LinesDone() const;
   std::string Place() const;
   void LineDone();
   void InstructionDone();
@@ -66,6 +68,7 @@ private:
   RunStatus m_status;
   const LineSource* m_source = nullptr; // whose lines are being run
   std::size_t m_linesRead = 0;          // of that source, the batch that is being run included
+  std::size_t m_linesBefore = 0;        // of the sources before it
   bool m_stop = false;
 };
 

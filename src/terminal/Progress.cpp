@@ -24,13 +24,12 @@ std::string Clock(double seconds) {
 Progress::Progress(std::ostream& out, std::function<TimePoint()> now, std::optional<std::size_t> total)
     : m_out(out), m_now(std::move(now)), m_total(total), m_start(m_now()) {}
 
-void Progress::LineDone() {
-  ++m_done;
+void Progress::Show(std::size_t done) {
   const TimePoint now = m_now();
   if (m_shown && now - *m_shown < ShortestPause) return;
   m_shown = now;
   m_standing = true;
-  m_out << "\r" << Line(now) << "\x1B[K" << std::flush;
+  m_out << "\r" << Line(done, now) << "\x1B[K" << std::flush;
 }
 
 void Progress::Erase() {
@@ -40,18 +39,18 @@ void Progress::Erase() {
   m_out << "\r\x1B[K" << std::flush;
 }
 
-std::string Progress::Line(TimePoint now) const {
-  std::string line = std::to_string(m_done);
+std::string Progress::Line(std::size_t done, TimePoint now) const {
+  std::string line = std::to_string(done);
   if (m_total) line += " of " + std::to_string(*m_total);
-  line += m_done == 1 && !m_total ? " line" : " lines";
+  line += done == 1 && !m_total ? " line" : " lines";
   const double seconds = std::chrono::duration<double>(now - m_start).count();
   if (seconds <= 0) return line;
-  const double rate = static_cast<double>(m_done) / seconds;
+  const double rate = static_cast<double>(done) / seconds;
   char text[32];
   std::snprintf(text, sizeof text, rate < 10 ? ", %.1f/s" : ", %.0f/s", rate);
   line += text;
-  if (m_total && *m_total >= m_done) {
-    line += ", " + Clock(static_cast<double>(*m_total - m_done) / rate) + " left";
+  if (m_total && *m_total >= done) {
+    line += ", " + Clock(static_cast<double>(*m_total - done) / rate) + " left";
   }
   return line;
 }

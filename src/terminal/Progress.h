@@ -15,15 +15,16 @@ class Progress final {
 public:
   using TimePoint = std::chrono::steady_clock::time_point;
 
-  /// The stream must outlive it. `now` is asked once for each line done.
+  /// The stream must outlive it. `now` is asked once for each `Show`.
   Progress(std::ostream& out, std::function<TimePoint()> now, std::optional<std::size_t> total);
 
-  void LineDone();
-  /// Takes the line away, so that something else can be written; the next `LineDone` brings it back.
+  /// `done` lines of the total.
+  void Show(std::size_t done);
+  /// Takes the line away, so that something else can be written; the next `Show` brings it back.
   void Erase();
 
 private:
-  std::string Line(TimePoint now) const;
+  std::string Line(std::size_t done, TimePoint now) const;
 
   std::ostream& m_out;
   std::function<TimePoint()> m_now;
@@ -31,7 +32,6 @@ private:
   TimePoint m_start;
   std::optional<TimePoint> m_shown;
   bool m_standing = false;
-  std::size_t m_done = 0;
 };
 
 } // namespace portico::terminal

@@ -27,56 +27,56 @@ protected:
 TEST_F(ProgressTest, TellsLinesRateAndTimeLeft) {
   Progress progress = Of(100);
   Now += 500ms;
-  progress.LineDone();
+  progress.Show(1);
   EXPECT_EQ(Written(), "\r1 of 100 lines, 2.0/s, 0:50 left\x1B[K");
 }
 
 TEST_F(ProgressTest, WithoutATotalNoTimeIsLeft) {
   Progress progress = Of({});
   Now += 500ms;
-  progress.LineDone();
+  progress.Show(1);
   EXPECT_EQ(Written(), "\r1 line, 2.0/s\x1B[K");
   Now += 500ms;
-  progress.LineDone();
+  progress.Show(2);
   EXPECT_EQ(Written(), "\r2 lines, 2.0/s\x1B[K");
 }
 
 TEST_F(ProgressTest, StandsStillBetweenTwoTenthsOfASecond) {
   Progress progress = Of({});
   Now += 1s;
-  progress.LineDone();
+  progress.Show(1);
   Written();
-  for (int line = 0; line < 99; ++line) {
+  for (std::size_t line = 2; line <= 100; ++line) {
     Now += 1ms;
-    progress.LineDone();
+    progress.Show(line);
   }
   EXPECT_EQ(Written(), "");
   Now += 1ms;
-  progress.LineDone();
+  progress.Show(101);
   EXPECT_EQ(Written(), "\r101 lines, 92/s\x1B[K");
 }
 
 TEST_F(ProgressTest, WithoutTimeThereIsNoRate) {
   Progress progress = Of(7);
-  progress.LineDone();
+  progress.Show(1);
   EXPECT_EQ(Written(), "\r1 of 7 lines\x1B[K");
 }
 
 TEST_F(ProgressTest, LongTimesAreToldInHours) {
   Progress progress = Of(5001);
   Now += 2s;
-  progress.LineDone();
+  progress.Show(1);
   EXPECT_EQ(Written(), "\r1 of 5001 lines, 0.5/s, 2:46:40 left\x1B[K");
 }
 
 TEST_F(ProgressTest, ErasedLineComesBackWithTheNext) {
   Progress progress = Of({});
   Now += 1s;
-  progress.LineDone();
+  progress.Show(1);
   Written();
   progress.Erase();
   EXPECT_EQ(Written(), "\r\x1B[K");
-  progress.LineDone();
+  progress.Show(2);
   EXPECT_EQ(Written(), "\r2 lines, 2.0/s\x1B[K");
 }
 

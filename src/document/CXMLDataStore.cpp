@@ -1,0 +1,281 @@
+#include "document/CXMLDataStore.h"
+
+#include "document/CDataEntity.h"
+#include "document/CNullDataStore.h"
+#include "document/ITimeStamp.h"
+#include "document/LogText.h"
+#include "framework/Application.h"
+#include "framework/ErrorNumbers.h"
+#include "framework/HuntERR.h"
+#include "framework/modGlobals.h"
+
+#include <system_error>
+
+namespace portico {
+namespace {
+
+String SystemText(const std::system_error& error) { return FromUtf8(error.code().message()).Text; }
+
+} // namespace
+
+CXMLDataStore::~CXMLDataStore() {
+  if (!m_inSession) return;
+  try {
+    CloseCurrentSession();
+  } catch (...) {
+    SwallowInDestructor(u"CXMLDataStore.Class_Terminate");
+  }
+}
+
+void CXMLDataStore::Initialize(const String& FileName, bool OverWrite) try {
+  HuntERR::Check(!FileName.empty(), ErrorNumber::InvalidArgument, u"File name cannot be an empty string.");
+  auto encoder = New<CHexEncoder>();
+  HuntERR::Check(bool(encoder), ErrorNumber::CannotCreate, u"Failed to create a data encoder.");
+  InititalizeDataStore(FileName, OverWrite);
+  m_encoder = encoder;
+  m_fileName = FileName;
+  m_initialized = true;
+} catch (...) {
+  PassOn(Label(u".Initialize"));
+}
+
+void CXMLDataStore::InititalizeDataStore(const String& FileName, bool OverWrite) try {
+  m_fileName = FileName;
+  m_document = std::make_unique<LogWriter>(*m_disk, ToUtf8(FileName));
+  HuntERR::Check(bool(m_document), ErrorNumber::CannotCreate, u"Failed to create a DOM document.");
+  try {
+    if (OverWrite && FileExists(FileName)) m_disk->Remove(ToUtf8(FileName));
+  } catch (const std::system_error& error) {
+    HuntERR::Raise(ErrorNumber::FileAccess, ClassName(),
+                   u"The file, " + FileName + u", cannot be deleted: " + SystemText(error) + u".");
+  }
+  if (FileExists(FileName)) {
+    LoadStore();
+  } else {
+    CreateStoreSkeleton();
+  }
+} catch (...) {
+  PassOn(Label(u".InititalizeDataStore(FileName, OverWrite)"), {FileName, OverWrite});
+}
+
+bool CXMLDataStore::FileExists(const String& Name) const { return m_disk->Exists(ToUtf8(Name)); }
+
+void CXMLDataStore::LoadStore() {
+  ILogVisitor nobody;
+  LogFileIdentity identity;
+  LogReading reading = ReadStore(nobody, identity);
+  HuntERR::Check(StoreIsValid(reading), ErrorNumber::BadFileFormat, NotValid());
+  m_document->TakeUp(identity, std::move(reading));
+}
+
+LogReading CXMLDataStore::ReadStore(ILogVisitor& visitor, LogFileIdentity& identity) const {
+  LogReading reading;
+  try {
+    if (const auto file = m_disk->Open(ToUtf8(m_fileName), ILogDisk::Access::Read)) {
+      identity = file->Identity();
+      reading = LogReader::Read(*file, visitor);
+    }
+  } catch (const std::system_error&) { // what cannot be read is broken
+    reading.Ending = LogReading::End::Broken;
+  }
+  HuntERR::Check(reading.Ending != LogReading::End::Broken, ErrorNumber::BadFile, [this] { return NotValid(); });
+  return reading;
+}
+
+bool CXMLDataStore::StoreIsValid(const LogReading& reading) const try {
+  HuntERR::Check(reading.Headers > 0, ErrorNumber::BadFileFormat,
+                 u"This data store does not contain header information.");
+  HuntERR::Check(reading.Headers == 1, ErrorNumber::BadFileFormat, u"This data store contains more than one header.");
+  HuntERR::Check(reading.ApplicationName == ToUtf8(ApplicationTitle), ErrorNumber::BadFileFormat, u"");
+  return true;
+} catch (...) {
+  PassOn(Label(u".StoreIsValid"));
+}
+
+void CXMLDataStore::CreateStoreSkeleton() try {
+  try {
+    m_document->Create();
+  } catch (const std::system_error& error) {
+    HuntERR::Raise(ErrorNumber::FileAccess, ClassName(),
+                   u"The file, " + m_fileName + u", cannot be written: " + SystemText(error) + u".");
+  }
+} catch (...) {
+  PassOn(Label(u".CreateStoreSkeleton()"));
+}
+
+void CXMLDataStore::OpenSession() try { OpenNewSession(); } catch (...) {
+  PassOn(Label(u".IDataStore_OpenSession()"));
+}
+
+void CXMLDataStore::OpenNewSession() try {
+  // The wording is that of the opposite case; both sides share it.
+  HuntERR::Check(!m_inSession, ErrorNumber::CannotCarryOut, u"No session is currently open.");
+  Document().OpenSession(gTimeStamper->TimeStamp());
+  m_inSession = true;
+  Save();
+} catch (...) {
+  PassOn(Label(u".OpenSession()"));
+}
+
+void CXMLDataStore::AppendDataEntityToStore(const Ref<IDataEntity>& DataEntity) try {
+  AppendDataEntity(DataEntity);
+} catch (...) {
+  PassOn(Label(u".IDataStore_AppendDataEntityToStore(DataEntity)"), {DataEntity});
+}
+
+void CXMLDataStore::AppendDataEntity(const Ref<IDataEntity>& DataEntity) try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  HuntERR::Check(m_inSession, ErrorNumber::CannotCarryOut, u"No session is currently open.");
+  AppendEntityElement(DataEntity);
+  Save();
+} catch (...) {
+  PassOn(Label(u".AppendDataEntity(DataEntity)"), {DataEntity});
+}
+
+void CXMLDataStore::AppendEntityElement(const Ref<IDataEntity>& DataEntity) try {
+  Document().Append(DataEntityToElement(DataEntity));
+} catch (...) {
+  PassOn(Label(u".AppendEntityElement(DataEntity)"), {DataEntity});
+}
+
+std::string CXMLDataStore::DataEntityToElement(const Ref<IDataEntity>& DataEntity) const try {
+  HuntERR::Check(bool(DataEntity), ErrorNumber::InvalidArgument, u"Data entity cannot be nothing.");
+  const String type = DataEntity->DataType();
+  HuntERR::Check(LogText::IsName(type), ErrorNumber::CannotCreate, u"Cannot create an XML element.");
+  const std::string name = ToUtf8(type);
+  std::string element = "\n<" + name;
+  String format;
+  if (const auto attributes = DataEntity->DataAttributes()) {
+    for (const Ref<IAttribute>& attribute : attributes->NewEnum()) {
+      if (IsPrivateAttribute(attribute->Name())) continue;
+      if (attribute->Name() == AttributeName::DataFormat) format = attribute->Value();
+      HuntERR::Check(LogText::IsName(attribute->Name()), ErrorNumber::CannotCreate, u"Cannot create an XML attribute.");
+      LogText::AppendAttribute(element, StringView(attribute->Name()), StringView(attribute->Value()));
+    }
+  }
+  element += '>';
+  if (format == FromAscii(LogName::StringFormat)) {
+    LogText::AppendCharacterData(element, FromBytes(DataEntity->ReadData()));
+  } else {
+    element += "<![CDATA[";
+    CHexEncoder::AppendEncoded(element, DataEntity->ReadData());
+    element += "]]>";
+  }
+  return element.append("</").append(name).append(">");
+} catch (...) {
+  PassOn(Label(u".DataEntityToElement(DataEntity)"), {DataEntity});
+}
+
+bool CXMLDataStore::IsPrivateAttribute(StringView Name) { return !Name.empty() && Name.front() == u'_'; }
+
+void CXMLDataStore::CloseSession() try { CloseCurrentSession(); } catch (...) {
+  PassOn(Label(u".IDataStore_CloseSession()"));
+}
+
+void CXMLDataStore::CloseCurrentSession() try {
+  HuntERR::Check(m_inSession, ErrorNumber::CannotCarryOut, u"No session is currently open.");
+  Document().CloseSession(gTimeStamper->TimeStamp());
+  Save();
+  m_inSession = false;
+} catch (...) {
+  PassOn(Label(u".CloseSession()"));
+}
+
+LogWriter& CXMLDataStore::Document() const {
+  if (!m_document) RaiseUnsetReference();
+  return *m_document;
+}
+
+void CXMLDataStore::Save() {
+  ErrorRecord failure;
+  try {
+    return Document().Save();
+  } catch (const NoLogFault& fault) {
+    failure.Number = ErrorNumber::BadFile;
+    failure.Description =
+        u"The file, " + m_fileName + u", is not a valid data store: " + FromUtf8(fault.what()).Text + u".";
+  } catch (const std::system_error& error) {
+    failure.Number = ErrorNumber::FileAccess;
+    failure.Description = u"The file, " + m_fileName + u", cannot be written: " + SystemText(error) + u".";
+  }
+  failure.Source = ClassName();
+  SaveFailed(failure.Description.Text());
+  HuntERR::Raise(std::move(failure));
+}
+
+Ref<IIteratableObject> CXMLDataStore::FillDataContainerFromStore() try { return FillDataFIFOFromStore(); } catch (...) {
+  PassOn(Label(u".IDataStore_FillDataContainerFromStore()"));
+}
+
+/// Puts the entities of a log into a container.
+class CXMLDataStore::Filler final : public ILogVisitor {
+public:
+  Filler(const CXMLDataStore& store, CDataFIFO& fifo) : m_store(store), m_fifo(fifo) {}
+
+  void Entity(const LogElement& entity) override { m_fifo.Enqueue(m_store.ElementToDataEntity(&entity, *this)); }
+
+  /// Nearly all elements bear the same few attributes.
+  const String& Name(const std::string& name) {
+    for (const auto& [bytes, text] : m_names) {
+      if (bytes == name) return text;
+    }
+    if (m_names.size() == MostNames) m_names.clear();
+    return m_names.emplace_back(name, FromUtf8(name).Text).second;
+  }
+
+private:
+  static constexpr std::size_t MostNames = 8;
+
+  const CXMLDataStore& m_store;
+  CDataFIFO& m_fifo;
+  std::vector<std::pair<std::string, String>> m_names;
+};
+
+Ref<CDataFIFO> CXMLDataStore::FillDataFIFOFromStore() try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  m_inSession = false;
+  auto fifo = New<CDataFIFO>();
+  fifo->Initialize(0);
+  Filler filler(*this, *fifo);
+  LogFileIdentity identity;
+  ReadStore(filler, identity);
+  LogReader::Read(Document().Unsaved(), filler);
+  return fifo;
+} catch (...) {
+  PassOn(Label(u".FillDataFIFOFromStore()"));
+}
+
+Ref<IDataEntity> CXMLDataStore::ElementToDataEntity(const LogElement* Element, Filler& names) const try {
+  HuntERR::Check(Element != nullptr, ErrorNumber::InvalidArgument, u"XML element cannot be nothing.");
+  const Ref<IDataEntity> entity = modDataDocument::CreateADataEntity({}, u"", u"");
+  HuntERR::Check(bool(entity), ErrorNumber::CannotCreate, u"Cannot create a data entity.");
+  bool isString = false;
+  for (const LogAttribute& attribute : Element->Attributes) {
+    if (attribute.Name == LogName::DataFormat) isString = attribute.Value == LogName::StringFormat;
+    entity->DataAttribute(names.Name(attribute.Name), FromUtf8(attribute.Value).Text);
+  }
+  entity->UpdateData(Payload(Element->Text, isString));
+  return entity;
+} catch (...) {
+  PassOn(Label(u".ElementToDataEntity(Element)"));
+}
+
+ByteArray CXMLDataStore::Payload(std::string_view text, bool isString) const {
+  if (isString) return ToBytes(FromUtf8(text).Text);
+  if (auto data = CHexEncoder::TryDecode(text)) return std::move(*data);
+  return m_encoder->Decode(FromUtf8(text).Text); // raises what is wrong with it
+}
+
+const CreatorRow CtorXMLDataStore = {
+    .Name = u"CtorXMLDataStore",
+    .Specification = u"DataStore",
+    .ParamCount = 2,
+    .Make = [](const Params& Parameters) -> Ref<IObject> {
+      if (!modGlobals::XMLParserAvailable()) return New<CNullDataStore>();
+      auto store = New<CXMLDataStore>();
+      store->Initialize(Parameters[0].ToString(), Parameters[1].ToBoolean());
+      return store;
+    },
+};
+
+} // namespace portico

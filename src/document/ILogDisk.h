@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace portico {
+
+/// Tells one file from another of the same name, and one length of it from another.
+struct LogFileIdentity {
+  std::uint64_t Device = 0;
+  std::uint64_t File = 0;
+  std::uint64_t Size = 0;
+
+  bool operator==(const LogFileIdentity&) const = default;
+};
+
+/// An open file, closed when it is let go. Failures are thrown as std::system_error.
+class ILogFile {
+public:
+  virtual ~ILogFile() = default;
+
+  virtual LogFileIdentity Identity() const = 0;
+  /// Fills the buffer as far as the file goes; returns the number of bytes.
+  virtual std::size_t Read(std::uint64_t position, char* buffer, std::size_t size) const = 0;
+  /// Writes in the order of the bytes. Of a write that fails some may have been written.
+  virtual void Write(std::uint64_t position, std::string_view bytes) = 0;
+  virtual void Truncate(std::uint64_t size) = 0;
+};
+
+/// The place where logs lie. Paths are UTF-8. Failures are thrown as std::system_error.
+class ILogDisk {
+public:
+  enum class Access { Read, ReadAndWrite };
+  /// Calls its argument with the pieces of a new file, in order.
+  using Sink = std::function<void(std::string_view)>;
+
+  virtual ~ILogDisk() = default;
+
+  /// Something that is no directory has the name.
+  virtual bool Exists(const std::string& path) const = 0;
+  /// No file for an absent one. What is not a plain file is refused.
+  virtual std::unique_ptr<ILogFile> Open(const std::string& path, Access access) = 0;
+  /// Removes a plain file; leaves anything else alone.
+  virtual void Remove(const std::string& path) = 0;
+  /// Puts a new file in the place of the old, if there is one, in one step: nobody ever sees a part of it. `write`
+  /// is called once and hands the bytes over; if it throws, nothing changes.
+  virtual LogFileIdentity Replace(const std::string& path, const std::function<void(const Sink&)>& write) = 0;
+};
+
+} // namespace portico

@@ -1,0 +1,162 @@
+#include "document/LogFile.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace portico {
+namespace {
+
+[[noreturn]] void Fail() { throw std::system_error(errno, std::generic_category()); }
+
+class OpenFile final : public ILogFile {
+public:
+  explicit OpenFile(int descriptor) : m_descriptor(descriptor) {}
+  ~OpenFile() override { close(m_descriptor); }
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+
+  struct stat Status() const {
+    struct stat status {};
+    if (fstat(m_descriptor, &status) != 0) Fail();
+    return status;
+  }
+
+  LogFileIdentity Identity() const override {
+    const auto status = Status();
+    return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino),
+            static_cast<std::uint64_t>(status.st_size)};
+  }
+
+  std::size_t Read(std::uint64_t position, char* buffer, std::size_t size) const override {
+    std::size_t done = 0;
+    while (done < size) {
+      const auto count = pread(m_descriptor, buffer + done, size - done, static_cast<off_t>(position + done));
+      if (count == 0) break;
+      if (count < 0 && errno != EINTR) Fail();
+      if (count > 0) done += static_cast<std::size_t>(count);
+    }
+    return done;
+  }
+
+  void Write(std::uint64_t position, std::string_view bytes) override {
+    while (!bytes.empty()) {
+      const auto count = pwrite(m_descriptor, bytes.data(), bytes.size(), static_cast<off_t>(position));
+      if (count < 0 && errno != EINTR) Fail();
+      if (count <= 0) continue;
+      position += static_cast<std::uint64_t>(count);
+      bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+  }
+
+  void Truncate(std::uint64_t size) override {
+    while (ftruncate(m_descriptor, static_cast<off_t>(size)) != 0) {
+      if (errno != EINTR) Fail();
+    }
+  }
+
+  void Synchronize() const {
+    if (fsync(m_descriptor) != 0 && errno != EINVAL) Fail();
+  }
+
+  int Descriptor() const { return m_descriptor; }
+
+private:
+  int m_descriptor;
+};
+
+/// A new file beside another, removed again unless it has taken the other's place.
+class NewFile {
+public:
+  explicit NewFile(const std::filesystem::path& target)
+      : m_target(target), m_path(target.parent_path() / (".portico-log." + std::to_string(getpid()) + ".new")) {
+    unlink(m_path.c_str()); // one of a process that had our number and was killed
+    const int descriptor = open(m_path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (descriptor < 0) Fail();
+    m_file = std::make_unique<OpenFile>(descriptor);
+  }
+  ~NewFile() {
+    if (!m_path.empty()) unlink(m_path.c_str());
+  }
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+
+  OpenFile& File() { return *m_file; }
+
+  void TakePlace() {
+    struct stat old {};
+    if (stat(m_target.c_str(), &old) == 0) {
+      // What stood there may be all that somebody has: the new bytes are on the disk first.
+      if (fchmod(m_file->Descriptor(), old.st_mode & 07777U) != 0) Fail();
+      m_file->Synchronize();
+    }
+    if (rename(m_path.c_str(), m_target.c_str()) != 0) Fail();
+    m_path.clear();
+  }
+
+private:
+  std::filesystem::path m_target;
+  std::filesystem::path m_path;
+  std::unique_ptr<OpenFile> m_file;
+};
+
+/// The system would end the name at a zero character, and take another file.
+bool IsPath(const std::string& path) { return !path.empty() && path.find('\0') == std::string::npos; }
+
+void CheckPath(const std::string& path) {
+  if (!IsPath(path)) throw std::system_error(EINVAL, std::generic_category());
+}
+
+/// Behind symbolic links, so that a link stays one.
+std::filesystem::path Resolved(const std::string& path) {
+  std::error_code fault;
+  auto resolved = std::filesystem::canonical(path, fault);
+  return fault ? std::filesystem::path(path) : resolved;
+}
+
+} // namespace
+
+bool LogDisk::Exists(const std::string& path) const {
+  struct stat status {};
+  return IsPath(path) && stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+std::unique_ptr<ILogFile> LogDisk::Open(const std::string& path, Access access) {
+  CheckPath(path);
+  // Without waiting, because a named pipe would wait for its other end.
+  const int flags = (access == Access::Read ? O_RDONLY : O_RDWR) | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+  int descriptor = -1;
+  do {
+    descriptor = open(path.c_str(), flags);
+  } while (descriptor < 0 && errno == EINTR);
+  if (descriptor < 0 && errno == ENOENT) return {};
+  if (descriptor < 0) Fail();
+  auto file = std::make_unique<OpenFile>(descriptor);
+  if (!S_ISREG(file->Status().st_mode)) throw std::system_error(EINVAL, std::generic_category());
+  return file;
+}
+
+void LogDisk::Remove(const std::string& path) {
+  struct stat status {};
+  CheckPath(path);
+  if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
+  if (unlink(path.c_str()) != 0) Fail();
+}
+
+LogFileIdentity LogDisk::Replace(const std::string& path, const std::function<void(const Sink&)>& write) {
+  CheckPath(path);
+  NewFile file(Resolved(path));
+  std::uint64_t size = 0;
+  write([&](std::string_view bytes) {
+    file.File().Write(size, bytes);
+    size += bytes.size();
+  });
+  file.TakePlace();
+  return file.File().Identity();
+}
+
+} // namespace portico

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "document/LogReader.h"
+#include "framework/text.h"
+
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <vector>
+
+namespace portico {
+
+/// The file is no log of this application and is left alone.
+struct NoLogFault : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// Keeps a log on disk by adding to it. After each save the file is the document that all calls so far make, as if it
+/// had been written whole.
+///
+/// A save opens the file, makes sure that it is the one and the length that it left, writes the new bytes over the
+/// closing tags with the tags behind them, and closes it. What a failed save could not write goes out with the next. A
+/// file that somebody else has changed is extended by a session of its own, one that is gone is begun anew, and one
+/// that is no log any more is left alone. docs/formats/log.md tells what a cut through a write leaves.
+class LogWriter {
+public:
+  /// `disk` outlives the writer.
+  LogWriter(ILogDisk& disk, std::string path) : m_disk(disk), m_path(std::move(path)) {}
+
+  /// Writes a log without sessions in the place of whatever has the name.
+  void Create();
+  /// Takes up the file that the reading is of. Writes nothing.
+  void TakeUp(const LogFileIdentity& identity, LogReading reading);
+
+  // What is to be saved. The element begins with a line feed.
+  void OpenSession(StringView stamp);
+  void Append(std::string_view element) { m_text += element; }
+  /// Gives the session that was opened last a close stamp, or another one.
+  void CloseSession(StringView stamp);
+
+  /// Throws NoLogFault, or what the disk throws.
+  void Save();
+
+  /// A document of what has not been saved; empty if there is no such thing.
+  std::string Unsaved() const;
+
+private:
+  struct Session {
+    String OpenStamp;
+    String CloseStamp;
+    /// Of its tag, which begins with a line feed: in the text, or in the file.
+    std::uint64_t Position = 0;
+    std::string Tag() const;
+    std::uint64_t Room() const;
+  };
+
+  /// A close stamp for a session whose tag is in the file.
+  struct Stamping {
+    Session Closed;
+    std::string Field;
+  };
+
+  std::string_view ClosingTags() const;
+  bool StandsAsLeft(const ILogFile& file) const;
+  std::string TextOfItsOwn() const;
+  void LetGoOfFile();
+  void BeginAnew();
+  void TakeUpChanged(const ILogFile& file);
+  std::unique_ptr<ILogFile> Prepare(std::unique_ptr<ILogFile> file);
+  void Close(ILogFile& file);
+  void WriteText(ILogFile& file);
+  void TextIsSaved(const LogFileIdentity& identity);
+
+  ILogDisk& m_disk;
+  std::string m_path;
+
+  LogFileIdentity m_identity;
+  std::uint64_t m_end = 0; // where the next bytes go, and our closing tags stand once the file is prepared
+  bool m_isPrepared = false;
+  LogReading m_reading;               // of a file that is not prepared
+  std::optional<Session> m_openAtEnd; // the session of ours that m_end lies in
+
+  std::string m_text; // to be saved
+  std::optional<Session> m_last;
+  bool m_isLastInText = false;
+  std::optional<Stamping> m_stamping;
+};
+
+} // namespace portico

@@ -2,8 +2,10 @@
 
 #include "document/IDataStore.h"
 #include "document/ReportSubscribers.h"
+#include "framework/modGlobals.h"
 #include "support/Golden.h"
 #include "support/PipelineFixture.h"
+#include "support/Raised.h"
 #include "support/RecordingTextBox.h"
 #include "views/CInstructionRunner.h"
 #include "views/CSCPIViewHistory.h"
@@ -47,8 +49,8 @@ protected:
     Displayer = Create<CReportDisplayer>(u"ReportDisplayer", modGlobals::VarArray(Ref<IObject>(History)));
     SetAllOff();
     Driver->OnCall = [this](const std::string& line) {
-      if (line == "write *IDN?") Driver->Answer = "maker,model";
-      if (line == "write MEAS:VOLT?") Driver->Answer = "4.2E0";
+      if (line == "write *IDN?" || line == "write *idn?") Driver->Answer = "maker,model";
+      if (line == "write MEAS:VOLT? ") Driver->Answer = "4.2E0";
       if (line == "write *OPC?") Driver->Answer = "1";
       if (line == "write :SYST:ERR?") Driver->Answer = "0,\"No error\"";
     };
@@ -77,7 +79,8 @@ protected:
   std::string Transcript() const {
     std::string transcript;
     std::int32_t position = 0;
-    for (const StringView line : Split(Past->Text(), NewLine)) {
+    const String text = Past->Text();
+    for (const StringView line : Split(text, NewLine)) {
       if (line.empty() && position == Past->TextLength()) break;
       const bool marked = !line.empty() && (line.front() == ResponseMarker || line.front() == AutomaticMarker);
       Past->SelStart(position + (marked ? 1 : 0));
@@ -161,6 +164,28 @@ TEST_F(Conversation, FailedWriteShowsAsItsInstruction) {
   Frame->Run();
   EXPECT_EQ(test::Escaped(Past->Text()), "*RST\\r\\n");
   EXPECT_FALSE(Window->Executing());
+}
+
+TEST_F(Conversation, FailedOpenShowsTheDriversTextInRed) {
+  Driver->Failures["init DMM"] = -1;
+  Send(support::MakeInstruction(u"COMM", u"Open", {{u"ChannelName", u"DMM"}}));
+  EXPECT_EQ(Transcript(), "plain FF\tstatus -1\n");
+  EXPECT_EQ(Queue(), (List{": status -1\\r\\n", ": \\r\\n"}));
+}
+
+TEST_F(Conversation, OpeningWithoutAFailureShowsNothing) {
+  Send(support::MakeInstruction(u"COMM", u"Open", {{u"ChannelName", u"DMM"}}));
+  EXPECT_EQ(Transcript(), "");
+}
+
+TEST_F(Conversation, FailedReadShowsTheDriversTextAsAnAnswer) {
+  TurnAllOn();
+  Set(u"OPCPacing", u"Off");
+  Set(u"AutoErrorCheckingMode", u"Off");
+  Driver->Failures["read"] = -1;
+  Type(u"*IDN?\r\n");
+  Frame->Run();
+  EXPECT_EQ(Transcript(), "bold 0\t*IDN?\nitalic 0\t\u00AEstatus -1\n");
 }
 
 TEST_F(Conversation, FailedCloseIsAnEmptyLineInTheQueueOnly) {

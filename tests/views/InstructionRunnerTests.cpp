@@ -183,6 +183,14 @@ TEST_F(RunCommand, RunsOnUntilTheQueueIsEmpty) {
   EXPECT_EQ(Shown(), "");
 }
 
+TEST_F(RunCommand, EndsWithTheWindowBehindALastLineEnd) {
+  Initialize();
+  Box->Type(u"REM a\r\nREM b\r\n");
+  Start(u"Run");
+  EXPECT_EQ(Shown(), "");
+  EXPECT_EQ(Mode(), "Off");
+}
+
 TEST_F(RunCommand, InStepModeTakesOne) {
   Initialize();
   Box->Type(u"REM a\r\nREM b");

@@ -5,6 +5,7 @@
 #include <memory>
 #include <new>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include <expat.h>

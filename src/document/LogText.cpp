@@ -14,8 +14,6 @@ namespace {
 constexpr std::string_view CDataStart = "<![CDATA[";
 constexpr std::string_view CDataEnd = "]]>";
 
-bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 /// What XML 1.0 calls a character, unpaired surrogates aside.
 bool IsXmlUnit(char16_t unit) {

@@ -20,20 +20,20 @@ inline constexpr std::size_t LongestFontName = 100;
 /// value stays.
 struct SelectionFormat {
   // Of paragraphs.
-  std::optional<std::int32_t> SelAlignment; ///< 0 left, 1 right, 2 centred
-  std::optional<bool> SelBullet;
-  std::optional<std::int32_t> SelHangingIndent; ///< of the further lines, from the first one's left edge on
-  std::optional<std::int32_t> SelIndent;        ///< of the first line
-  std::optional<std::int32_t> SelRightIndent;
+  std::optional<std::int32_t> SelAlignment = {}; ///< 0 left, 1 right, 2 centred
+  std::optional<bool> SelBullet = {};
+  std::optional<std::int32_t> SelHangingIndent = {}; ///< of the further lines, from the first one's left edge on
+  std::optional<std::int32_t> SelIndent = {};        ///< of the first line
+  std::optional<std::int32_t> SelRightIndent = {};
   // Of characters.
-  std::optional<bool> SelBold;
-  std::optional<std::int32_t> SelCharOffset; ///< above the base line; below it if negative
-  std::optional<std::int32_t> SelColor;      ///< 0x00BBGGRR
-  std::optional<String> SelFontName;         ///< not empty
-  std::optional<double> SelFontSize;         ///< points
-  std::optional<bool> SelItalic;
-  std::optional<bool> SelStrikeThru;
-  std::optional<bool> SelUnderline;
+  std::optional<bool> SelBold = {};
+  std::optional<std::int32_t> SelCharOffset = {}; ///< above the base line; below it if negative
+  std::optional<std::int32_t> SelColor = {};      ///< 0x00BBGGRR
+  std::optional<String> SelFontName = {};         ///< not empty
+  std::optional<double> SelFontSize = {};         ///< points
+  std::optional<bool> SelItalic = {};
+  std::optional<bool> SelStrikeThru = {};
+  std::optional<bool> SelUnderline = {};
 
   bool operator==(const SelectionFormat&) const = default;
 };

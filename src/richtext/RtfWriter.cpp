@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace portico::richtext {
 namespace {
@@ -11,14 +12,14 @@ template <class T>
 class Table {
 public:
   std::size_t Place(const T& value) {
-    const auto found = std::find(m_values.begin(), m_values.end(), value);
-    const auto place = static_cast<std::size_t>(found - m_values.begin());
-    if (place == m_values.size()) m_values.push_back(value);
-    return place;
+    const auto [held, isNew] = m_places.try_emplace(value, m_values.size());
+    if (isNew) m_values.push_back(value);
+    return held->second;
   }
   const std::vector<T>& All() const { return m_values; }
 
 private:
+  std::map<T, std::size_t> m_places;
   std::vector<T> m_values;
 };
 

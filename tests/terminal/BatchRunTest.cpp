@@ -150,7 +150,7 @@ TEST_F(BatchRunTest, LeavesNoSubscriberBehind) {
 }
 
 TEST_F(BatchRunTest, DiagnosticsNameTheProgram) {
-  BatchRun(Options, Interrupts, Out, Err).Diagnose("a text");
+  BatchRun(Options, Window, Interrupts, Out, Err).Diagnose("a text");
   EXPECT_EQ(Err.str(), "portico-run: a text\n");
 }
 

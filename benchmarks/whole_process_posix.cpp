@@ -191,14 +191,23 @@ int main() {
   const pid_t server = fork();
   if (server == 0) Serve(listener);
 
+  const std::string log = file + ".xml";
+  const std::vector<Exchange> alone = {Exchanges[1]};
+  const std::vector<Exchange> cared = {Exchanges[0], Exchanges[1], Exchanges[2]};
+  const std::vector<std::string> off = {"--option", "SCPIProtocolOPCPacing=Off", "--option",
+                                        "SCPIProtocolAutoErrorChecking=Off"};
+  const std::vector<std::string> logging = {"--log", log, "--overwrite"};
+  std::vector<std::string> offLogging = off;
+  offLogging.insert(offLogging.end(), logging.begin(), logging.end());
   const std::vector<Case> cases = {
-      {"(a) pacing and checks off",
-       {Exchanges[1]},
-       {"--option", "SCPIProtocolOPCPacing=Off", "--option", "SCPIProtocolAutoErrorChecking=Off"}},
-      {"(b) OPC pacing, error check", {Exchanges[0], Exchanges[1], Exchanges[2]}, {}},
+      {"(a) pacing and checks off", alone, off},
+      {"(b) OPC pacing, error check", cared, {}},
+      {"(c) as (a), with the log", alone, offLogging},
+      {"(d) as (b), with the log", cared, logging},
   };
   for (const Case& run : cases) Compare(run, port, file);
   kill(server, SIGTERM);
   unlink(file.c_str());
+  unlink(log.c_str());
   return 0;
 }

@@ -16,10 +16,11 @@ void CDataFIFO::MaximumCount(std::int32_t newValue) { m_maximumCount = newValue;
 void CDataFIFO::Initialize(std::int32_t MaxCount) try {
   HuntERR::Check(MaxCount >= 0, ErrorNumber::InvalidArgument, u"Max count cannot be less than zero.");
   m_maximumCount = MaxCount;
-  auto entities = std::make_shared<EntitySequence>();
+  auto entities = m_entities ? m_entities : std::make_shared<EntitySequence>();
   HuntERR::Check(bool(entities), ErrorNumber::CannotCreate, u"Initialize could not create data entity collection.");
+  entities->Clear();
   ResetSelection();
-  m_entities = std::move(entities);
+  m_entities = entities;
 } catch (...) {
   PassOn(u"CDataFIFO.Initialize(MaxCount)", {MaxCount});
 }
@@ -28,7 +29,7 @@ void CDataFIFO::Enqueue(const Ref<IDataEntity>& DataEntity) try {
   if (!DataEntity) return;
   CheckAccess();
   const auto self = weak_from_this().lock(); // a handler may let the FIFO go
-  m_entities->Add(DataEntity, DataEntity->TimeStamp());
+  m_entities->Add(DataEntity);
   OnAdd(DataEntity, DataIndexOfEntity(DataEntity));
   EnforceMaximumCount();
 } catch (...) {
@@ -177,9 +178,10 @@ bool CDataFIFO::IsPositionInFIFO(const Ref<IPosition>& Position) const {
 std::int64_t CDataFIFO::DataIndexOfEntity(const Ref<IDataEntity>& DataEntity) const {
   const EntitySequence::Found found = m_entities->FindData(DataEntity);
   if (DataEntity) {
-    HuntERR::Check(found.Present, ErrorNumber::InternalState, u"Cannot find a data entity in this container.");
+    HuntERR::Check(found.IsPresent, ErrorNumber::InternalState, u"Cannot find a data entity in this container.");
   } else {
-    HuntERR::Check(!found.Present, ErrorNumber::InternalState, u"End of container marker was found in this container.");
+    HuntERR::Check(!found.IsPresent, ErrorNumber::InternalState,
+                   u"End of container marker was found in this container.");
   }
   return found.DataIndex;
 }

@@ -35,14 +35,16 @@ void RichTextLines::Load(FormattedText text) {
   Measure(m_lines.Count() - 1);
 }
 
+// The start of the text, where a run takes its lines from, needs no search.
 RichTextLines::Place RichTextLines::PlaceOf(std::int64_t position) const {
+  if (position == 0) return {0, 0};
   const std::size_t line = std::min(m_lines.FindSum(position), Count() - 1);
   const auto offset = static_cast<std::size_t>(position - m_lines.SumBefore(line));
   return {line, std::min(offset, m_lines[line]->Text.size())};
 }
 
 std::int64_t RichTextLines::PositionOf(Place place) const {
-  return m_lines.SumBefore(place.Line) + static_cast<std::int64_t>(place.Offset);
+  return (place.Line == 0 ? 0 : m_lines.SumBefore(place.Line)) + static_cast<std::int64_t>(place.Offset);
 }
 
 RichTextLines::Place RichTextLines::End() const { return {Count() - 1, m_lines[Count() - 1]->Text.size()}; }

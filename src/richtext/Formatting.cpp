@@ -14,6 +14,8 @@ struct Field {
   T Format::*Held;
   std::optional<T> SelectionFormat::*Described;
 };
+template <class Format, class T>
+Field(T Format::*, std::optional<T> SelectionFormat::*) -> Field<Format, T>;
 
 constexpr std::tuple CharacterFields{
     Field{&CharacterFormat::Bold, &SelectionFormat::SelBold},

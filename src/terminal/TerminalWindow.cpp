@@ -29,6 +29,8 @@ void TerminalWindow::Load() {
 }
 
 void TerminalWindow::Unload() {
+  Shown = {};
+  Remarked = {};
   if (m_displayer) Agent()->Unsubscribe(m_displayer);
   if (m_runner) Agent()->Unsubscribe(m_runner);
   m_displayer = nullptr;

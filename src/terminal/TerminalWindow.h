@@ -21,7 +21,7 @@ public:
 
   /// Makes the views and what subscribes to reports. The window must be `gMainForm`, the factory must be there.
   void Load();
-  /// Lets go of all that, before the factory goes.
+  /// Lets go of all that, and of whoever listens, before the factory goes.
   void Unload();
 
   /// Runs command lines; CR LF is added behind each.

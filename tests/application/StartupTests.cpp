@@ -23,6 +23,8 @@ public:
   void MousePointer(std::int32_t) override {}
   bool Executing() const override { return false; }
   void Executing(bool) override {}
+  bool StopRequested() const override { return false; }
+  void StopRequested(bool) override {}
   void UpdateUI(const String&, const String&) override {}
   void Show() override {
     m_calls.emplace_back("show");

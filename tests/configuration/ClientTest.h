@@ -68,6 +68,8 @@ public:
   void MousePointer(std::int32_t) override {}
   bool Executing() const override { return false; }
   void Executing(bool) override {}
+  bool StopRequested() const override { return false; }
+  void StopRequested(bool) override {}
   void UpdateUI(const String& Name, const String& Value) override {
     m_trace.push_back("UpdateUI '" + ToUtf8(Name) + "' '" + ToUtf8(Value) + "'");
     if (OnUpdate) OnUpdate();

@@ -26,6 +26,8 @@ public:
   void MousePointer(std::int32_t shape) override { Pointer = shape; }
   bool Executing() const override { return IsExecuting; }
   void Executing(bool newValue) override { IsExecuting = newValue; }
+  bool StopRequested() const override { return false; }
+  void StopRequested(bool) override {}
   void UpdateUI(const String&, const String&) override {}
 
   std::int32_t Pointer = 3;

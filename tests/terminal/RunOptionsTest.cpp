@@ -64,7 +64,7 @@ TEST(RunOptions, LogIsOffUnlessAskedFor) {
 }
 
 TEST(RunOptions, LogNeedsAName) {
-  EXPECT_EQ(ErrorOf({"--log=", "SIM::dmm::INSTR"}), "--log '': name a file in UTF-8");
+  EXPECT_EQ(ErrorOf({"--log", "", "SIM::dmm::INSTR"}), "--log '': name a file in UTF-8");
   EXPECT_EQ(ErrorOf({"--log", "\xFF.xml", "SIM::dmm::INSTR"}), "--log '\xFF.xml': name a file in UTF-8");
 }
 

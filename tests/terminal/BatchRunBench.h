@@ -17,10 +17,11 @@ namespace portico::test {
 /// The whole system on a driver that records, in time that stands still.
 class BatchRunBench : public FrameworkTest {
 protected:
-  BatchRunBench() {
+  /// Another driver takes the place of `Driver`.
+  explicit BatchRunBench(const std::shared_ptr<IInstrumentDriver>& driver = nullptr) {
     gEventLoop = Loop;
     gSettingsStore = std::make_shared<memory::SettingsStore>();
-    gInstrumentDriver = Driver;
+    gInstrumentDriver = driver ? driver : Driver;
     gMainForm = Window;
     gXMLParserAvailable = true;
     modAppGlobals::CreateObjectFactory();
@@ -59,9 +60,10 @@ protected:
   memory::ManualClock Clock;
   const std::shared_ptr<memory::EventLoop> Loop = std::make_shared<memory::EventLoop>(Clock);
   const terminal::Interrupts Interrupts{[this] { Loop->RequestQuit(); }};
-  const Ref<terminal::TerminalWindow> Window =
-      New<terminal::TerminalWindow>(New<memory::RichTextBox>(), New<memory::RichTextBox>(), New<memory::RichTextBox>(),
-                                    [this] { return Interrupts.Requested(); });
+  const Ref<memory::RichTextBox> Future = New<memory::RichTextBox>();
+  const Ref<memory::RichTextBox> Past = New<memory::RichTextBox>();
+  const Ref<terminal::TerminalWindow> Window = New<terminal::TerminalWindow>(Future, Past, New<memory::RichTextBox>(),
+                                                                             [this] { return Interrupts.Requested(); });
   const std::shared_ptr<RecordingDriver> Driver = std::make_shared<RecordingDriver>();
   terminal::RunOptions Options;
   std::ostringstream Out;

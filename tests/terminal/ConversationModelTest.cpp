@@ -1,0 +1,294 @@
+#include "ConversationModel.h"
+#include "BatchRunBench.h"
+#include "MixedLines.h"
+
+#include "document/CSelectionIterator.h"
+#include "document/ReportSubscribers.h"
+#include "support/CreatorOfOne.h"
+
+#include <filesystem>
+
+namespace portico::terminal {
+namespace {
+
+using test::Conversation;
+using test::Look;
+using test::ModelEntity;
+using test::ModelOptions;
+using Texts = std::vector<std::string>;
+
+/// The driver of the sample instrument. It writes down what it is called with.
+class SampleDriver final : public IInstrumentDriver {
+public:
+  Texts Calls;
+  std::function<long()> Milliseconds = [] { return 0; };
+
+  std::int32_t TVSCPI_init(const std::string& name, std::int32_t idQuery, std::int32_t reset,
+                           std::int32_t& session) override {
+    session = 5;
+    return Record("init(" + name + ", " + std::to_string(idQuery) + ", " + std::to_string(reset) + ")");
+  }
+  std::int32_t TVSCPI_close(std::int32_t session) override { return Record("close(" + std::to_string(session) + ")"); }
+  std::int32_t TVSCPI_WriteInstrData(std::int32_t session, const std::string& text) override {
+    Record("write(" + std::to_string(session) + ", " + text + ")");
+    return m_instrument.Write(text.substr(0, text.size() - 1));
+  }
+  std::int32_t TVSCPI_ReadInstrData(std::int32_t session, std::int32_t size, char* buffer,
+                                    std::int32_t& count) override {
+    Record("read(" + std::to_string(session) + ", " + std::to_string(size) + ")");
+    const test::SampleInstrument::Answer answer = m_instrument.Read();
+    std::copy(answer.Bytes.begin(), answer.Bytes.end(), buffer);
+    const bool read = answer.Status != test::SampleInstrument::NothingToRead;
+    count = read ? static_cast<std::int32_t>(answer.Bytes.size()) + 1 : 0;
+    return answer.Status;
+  }
+  std::int32_t TVSCPI_GetAttributeViInt32(std::int32_t, std::int32_t, std::int32_t, std::int32_t&) override {
+    return Record("get");
+  }
+  std::int32_t TVSCPI_GetAttributeViString(std::int32_t, std::int32_t, std::int32_t, std::int32_t, char*) override {
+    return Record("get");
+  }
+  std::int32_t TVSCPI_SetAttributeViInt32(std::int32_t session, std::int32_t zero, std::int32_t attribute,
+                                          std::int32_t value) override {
+    return Record("set(" + std::to_string(session) + ", " + std::to_string(zero) + ", " + std::to_string(attribute) +
+                  ", " + std::to_string(value) + ")");
+  }
+  std::int32_t TVSCPI_SetAttributeViString(std::int32_t, std::int32_t, std::int32_t, const std::string&) override {
+    return Record("set");
+  }
+  std::int32_t TVSCPI_error_message(std::int32_t session, std::int32_t status, char* buffer) override {
+    Record("error_message(" + std::to_string(session) + ", " + std::to_string(status) + ")");
+    const std::string text = test::SampleInstrument::Message(status) + '\n';
+    *std::copy(text.begin(), text.end(), buffer) = '\0';
+    return 0;
+  }
+
+private:
+  std::int32_t Record(const std::string& call) {
+    Calls.push_back(std::to_string(Milliseconds()) + " " + call);
+    return 0;
+  }
+
+  test::SampleInstrument m_instrument;
+};
+
+/// A set of options, told to the system and to the model.
+struct Setting {
+  std::string Name;
+  String Protocol;
+  std::vector<std::pair<String, String>> Options;
+  ModelOptions Model;
+  std::size_t Lines;
+};
+
+ModelOptions OtherProtocol() {
+  ModelOptions options;
+  options.OPCPacing = options.AutoRead = options.ErrorChecking = false;
+  return options;
+}
+
+ModelOptions Only(void (*change)(ModelOptions&)) {
+  ModelOptions options;
+  change(options);
+  return options;
+}
+
+const Setting kSettings[] = {
+    {"Defaults", u"SCPI", {}, {}, 10'000},
+    {"NoOpcPacing",
+     u"SCPI",
+     {{u"SCPIProtocolOPCPacing", u"Off"}},
+     Only([](ModelOptions& o) { o.OPCPacing = false; }),
+     2'000},
+    {"NoErrorChecking",
+     u"SCPI",
+     {{u"SCPIProtocolAutoErrorChecking", u"Off"}},
+     Only([](ModelOptions& o) { o.ErrorChecking = false; }),
+     2'000},
+    {"NoAutoRead",
+     u"SCPI",
+     {{u"SCPIProtocolAutoReadAfterQuery", u"Off"}},
+     Only([](ModelOptions& o) { o.AutoRead = false; }),
+     2'000},
+    {"OwnErrorQueryAndInterval",
+     u"SCPI",
+     {{u"SCPIProtocolErrorCheckingCommand", u"*opc?;:STAT:QUE?"},
+      {u"SCPIProtocolIntervalPacing", u"On"},
+      {u"SCPIProtocolPacingInterval", u"250"}},
+     Only([](ModelOptions& o) {
+       o.ErrorCheckingCommand = "*opc?;:STAT:QUE?";
+       o.PacingInterval = 250;
+     }),
+     2'000},
+    {"OtherProtocol", u"Other", {}, OtherProtocol(), 2'000},
+};
+
+/// Tells where two lists part, and nothing about the rest of them.
+void ExpectSame(const Texts& expected, const Texts& actual) {
+  const auto [theirs, ours] = std::mismatch(expected.begin(), expected.end(), actual.begin(), actual.end());
+  if (theirs == expected.end() && ours == actual.end()) return;
+  const auto show = [](const Texts& list, Texts::const_iterator at) {
+    return at == list.end() ? "nothing more" : "\"" + *at + "\"";
+  };
+  ADD_FAILURE() << "Entry " << theirs - expected.begin() << " is " << show(actual, ours) << " instead of "
+                << show(expected, theirs) << ", behind "
+                << (theirs == expected.begin() ? "nothing" : "\"" + *std::prev(theirs) + "\"");
+}
+
+Texts LinesOf(const std::string& text, const std::string& lineEnd) {
+  Texts lines;
+  std::size_t begin = 0;
+  for (std::size_t end = text.find(lineEnd); end != std::string::npos; end = text.find(lineEnd, begin)) {
+    lines.push_back(text.substr(begin, end - begin));
+    begin = end + lineEnd.size();
+  }
+  lines.push_back(text.substr(begin));
+  return lines;
+}
+
+std::string Stamp(int number) {
+  const std::string digits = std::to_string(number);
+  return "2004-02-09T08:05:03." + std::string(9 - digits.size(), '0') + digits + "-5:00";
+}
+
+/// An entity with all its attributes, in order.
+std::string Told(const ModelEntity& entity) {
+  std::string text = "DataType=" + entity.DataType + " Timestamp=" + Stamp(entity.Stamp);
+  if (entity.FragmentLength > 0) {
+    text += " _RTFSelectionLength= " + std::to_string(entity.FragmentLength) + " _RTFVisibleTextOffset=0";
+  }
+  return text + ": " + entity.Text;
+}
+std::string Told(const IDataEntity& entity) {
+  std::string text;
+  for (const auto& attribute : entity.DataAttributes()->NewEnum()) {
+    text += ToCodePage(attribute->Name() + u"=" + attribute->Value() + u" ");
+  }
+  text.back() = ':';
+  return text + " " + ToCodePage(FromBytes(entity.ReadData()));
+}
+
+Texts Told(const std::vector<ModelEntity>& entities) {
+  Texts texts;
+  for (const ModelEntity& entity : entities) texts.push_back(Told(entity));
+  return texts;
+}
+Texts Told(const Ref<IIteratableObject>& container) {
+  const auto iterator = Create<IIterator>(u"SelectionIterator", modGlobals::VarArray(u"IterateAll"));
+  iterator->Attach(container);
+  Texts texts;
+  for (Value item = iterator->FirstItem(); !iterator->IsDone(); item = iterator->NextItem()) {
+    texts.push_back(Told(*item.ToObject<IDataEntity>()));
+  }
+  return texts;
+}
+
+std::vector<String> Decoded(const Texts& lines) {
+  std::vector<String> decoded;
+  decoded.reserve(lines.size());
+  for (const std::string& line : lines) decoded.push_back(FromCodePage(line));
+  return decoded;
+}
+
+/// All thirteen values of what looks so.
+SelectionFormat FormatOf(Look look) {
+  SelectionFormat format{0, false, 0, 0, 0, true, 0, 0, u"Sans", 10.0, false, false, false};
+  if (look == Look::AutomaticInstruction) format.SelColor = 0xFF0000;
+  if (look == Look::Remark) format.SelColor = 0x007F00;
+  if (look == Look::Response) {
+    format.SelBold = false;
+    format.SelItalic = true;
+    format.SelIndent = 150;
+  }
+  return format;
+}
+
+class ConversationModelTest : public test::BatchRunBench, public ::testing::WithParamInterface<Setting> {
+protected:
+  ConversationModelTest() : ConversationModelTest(std::make_shared<SampleDriver>()) {}
+  ~ConversationModelTest() override { std::filesystem::remove(LogPath); }
+
+  /// Loads the window with views that the test sees.
+  void Load() {
+    View->Initialize(Future);
+    History->Initialize(Past);
+    gObjectFactory->Substitue(New<test::CreatorOfOne>(u"SCPIView", View));
+    gObjectFactory->Substitue(New<test::CreatorOfOne>(u"SCPIViewHistory", History));
+    Window->Load();
+    Window->Shown.Connect([this](const IDataEntity& entity) { Printer.Show(entity); });
+    Window->Remarked.Connect([this](const String& line) { Printer.Remark(line); });
+  }
+  static void ApplyOptions() {
+    for (const auto& [name, value] : GetParam().Options) gConfiguration->ItemValue(name, value);
+    gConfiguration->ItemValue(u"ProtocolName", GetParam().Protocol);
+  }
+  Ref<IDataStore> OpenStore() const {
+    return Create<IDataStore>(u"DataStore", modGlobals::VarArray(LogPath.u16string(), false));
+  }
+
+  void ExpectLooks(const Conversation& expected) const {
+    std::int32_t position = 0;
+    for (const test::Passage& passage : expected.History) {
+      Past->SelStart(position);
+      Past->SelLength(static_cast<std::int32_t>(passage.Text.size()));
+      position += static_cast<std::int32_t>(passage.Text.size());
+      const SelectionFormat format = Past->SelFormat();
+      if (passage.Is == Look::Marker ? format.SelColor == 0xFFFFFF : format == FormatOf(passage.Is)) continue;
+      ADD_FAILURE() << "\"" << passage.Text << "\" in front of " << position << " looks otherwise.";
+      return;
+    }
+  }
+
+  const std::shared_ptr<SampleDriver> Sample;
+  const Ref<CSCPIView> View = New<CSCPIView>();
+  const Ref<CSCPIViewHistory> History = New<CSCPIViewHistory>();
+  ConversationPrinter Printer{Out};
+  const std::filesystem::path LogPath;
+
+private:
+  explicit ConversationModelTest(std::shared_ptr<SampleDriver> driver)
+      : BatchRunBench(driver),
+        Sample(std::move(driver)),
+        LogPath(std::filesystem::path(testing::TempDir()) / ("ConversationModelTest." + GetParam().Name + ".xml")) {
+    std::filesystem::remove(LogPath);
+    Sample->Milliseconds = [this, start = Clock.Now()] {
+      return std::chrono::duration_cast<std::chrono::milliseconds>(Clock.Now() - start).count();
+    };
+  }
+};
+
+TEST_P(ConversationModelTest, WindowShowsAndLogsWhatTheModelSays) {
+  const Texts lines = test::MixedLines(2004).Make(GetParam().Lines);
+  const int sessionStamp = 1;
+  const Conversation expected = test::ModelConversation(lines, GetParam().Model, sessionStamp);
+  Load();
+  ApplyOptions();
+  const auto publisher = Create<IPublisher>(u"CmdSubscriptionAgent");
+  const auto logger = Create<CReportLogger>(u"ReportLogger", modGlobals::VarArray(OpenStore()));
+  logger->EnableLogging();
+  publisher->Subscribe(logger);
+
+  Window->RunLines(Decoded(lines));
+
+  publisher->Unsubscribe(logger);
+  logger->DisableLogging();
+  ExpectSame(expected.Calls, Sample->Calls);
+  ExpectSame(LinesOf(expected.HistoryText(), "\r\n"), LinesOf(ToCodePage(Past->Text()), "\r\n"));
+  ExpectLooks(expected);
+  ExpectSame(Told(expected.Queue), Told(History->Instructions()));
+  ExpectSame(Told(expected.Log), Told(OpenStore()->FillDataContainerFromStore()));
+  ExpectSame(LinesOf(expected.Printed, "\n"), LinesOf(ToCodePage(FromUtf8(Out.str()).Text), "\n"));
+  EXPECT_EQ(Future->Text(), u"");
+  EXPECT_EQ(View->Instructions()->Count(), 0);
+  EXPECT_EQ(Window->LinesLeft(), 0U);
+  EXPECT_FALSE(Window->Executing());
+  EXPECT_FALSE(Window->StopRequested());
+  EXPECT_EQ(gConfiguration->ItemValue(u"CurrentInstruction"), u"");
+  Window->Unload();
+}
+
+INSTANTIATE_TEST_SUITE_P(, ConversationModelTest, ::testing::ValuesIn(kSettings),
+                         [](const auto& setting) { return setting.param.Name; });
+
+} // namespace
+} // namespace portico::terminal

@@ -1,9 +1,18 @@
 #include "configuration/CSetting.h"
 
+#include "configuration/CSettings.h"
 #include "framework/ErrorNumbers.h"
 #include "framework/HuntERR.h"
 
 namespace portico {
+
+CSetting::~CSetting() {
+  if (m_collection != nullptr) m_collection->Forget(*this);
+}
+
+void CSetting::TellCollection() const {
+  if (m_collection != nullptr) m_collection->TakeOver(*this);
+}
 
 void CSetting::Initialize(const String& Name, const String& Value) try {
   HuntERR::Check(!Name.empty(), ErrorNumber::InvalidArgument, u"Setting name cannot be an empty string.");
@@ -11,6 +20,7 @@ void CSetting::Initialize(const String& Name, const String& Value) try {
   m_value = Value;
   m_washedValue = Value;
   m_initialized = true;
+  TellCollection();
 } catch (...) {
   PassOn(Label(u".Initialize"));
 }
@@ -20,7 +30,10 @@ bool CSetting::IsDirty() const try { return m_washedValue == m_value; } catch (.
   PassOn(Label(u".IsDirty()"));
 }
 
-void CSetting::Wash() try { m_washedValue = m_value; } catch (...) {
+void CSetting::Wash() try {
+  m_washedValue = m_value;
+  TellCollection();
+} catch (...) {
   PassOn(Label(u".Wash()"));
 }
 
@@ -42,6 +55,7 @@ const String& CSetting::Value() const try {
 void CSetting::Value(const String& newValue) try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
   m_value = newValue;
+  TellCollection();
 } catch (...) {
   PassOn(Label(u".Value(newValue)"), {newValue});
 }
@@ -56,6 +70,7 @@ const String& CSetting::Name() const try {
 void CSetting::Name(const String& newValue) try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
   m_name = newValue;
+  TellCollection();
 } catch (...) {
   PassOn(Label(u".Name(newValue)"), {newValue});
 }

@@ -2,11 +2,20 @@
 
 #include "configuration/IAttributes.h"
 
+#include <memory>
+
 namespace portico {
 
+class CSettings;
+
 /// One setting. Every member but `IsDirty` and `Wash` raises 0x80041460 before `Initialize`.
-class CSetting final : public IAttribute {
+///
+/// A collection makes such an object when somebody asks for one of its settings. As long as anybody holds it, what is
+/// written to one is written to the other.
+class CSetting final : public IAttribute, public std::enable_shared_from_this<CSetting> {
 public:
+  CSetting() = default;
+  ~CSetting() override;
   StringView ClassName() const override { return u"CSetting"; }
 
   /// An empty name raises 5.
@@ -21,9 +30,13 @@ public:
   void Name(const String& newValue);
 
 private:
+  friend class CSettings;
+
   String Label(StringView member) const { return String(ClassName()).append(member); }
+  void TellCollection() const;
 
   bool m_initialized = false;
+  CSettings* m_collection = nullptr; // none for a setting that is in none, or was taken out
   String m_washedValue;
   String m_name;
   String m_value;

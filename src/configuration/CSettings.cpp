@@ -3,15 +3,30 @@
 #include "framework/ErrorNumbers.h"
 #include "framework/HuntERR.h"
 
+#include <algorithm>
+#include <typeinfo>
+
 namespace portico {
 
-CSettings::Collection& CSettings::Settings() const {
-  if (!m_settings) RaiseUnsetReference();
-  return *m_settings;
+namespace {
+
+constexpr std::size_t UsualCount = 2; // every data entity has two from the start
+
+} // namespace
+
+CSettings::~CSettings() {
+  for (SettingRecord& record : m_records) Release(record);
+}
+
+CSettings::Records& CSettings::Settings() const {
+  if (!m_exists) RaiseUnsetReference();
+  return m_records;
 }
 
 void CSettings::Initialize() try {
-  m_settings = std::make_unique<Collection>();
+  Records records;
+  records.reserve(UsualCount);
+  Replace(std::move(records));
   m_initialized = true;
 } catch (...) {
   PassOn(Label(u".Initialize"));
@@ -19,31 +34,45 @@ void CSettings::Initialize() try {
 
 bool CSettings::IsDirty() const try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-  bool answer = false;
-  for (std::size_t i = 1; i <= m_settings->Count(); ++i) {
-    answer = m_settings->Item(i)->IsDirty();
-    if (!answer) break;
-  }
-  return answer;
+  return !m_records.empty() &&
+         std::all_of(m_records.begin(), m_records.end(), [](const SettingRecord& record) { return record.IsWashed(); });
 } catch (...) {
   PassOn(Label(u".IsDirty()"));
 }
 
 void CSettings::Wash() try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-  for (std::size_t i = 1; i <= m_settings->Count(); ++i) m_settings->Item(i)->Wash();
+  for (SettingRecord& record : m_records) {
+    if (record.Object() != nullptr) {
+      record.Object()->Wash();
+    } else {
+      record.Wash();
+    }
+  }
 } catch (...) {
   PassOn(Label(u".Wash()"));
 }
 
 bool CSettings::IsSame(const Ref<IAttributes>& Other, bool CaseSensitive) const {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  if (Other && typeid(*Other) == typeid(CSettings)) return IsSame(static_cast<const CSettings&>(*Other), CaseSensitive);
   if (Count() != Other->Count()) return false;
-  for (std::size_t i = 1; i <= m_settings->Count(); ++i) {
-    const Ref<CSetting>& setting = m_settings->Item(i);
+  for (SettingRecord& record : m_records) {
+    const Ref<CSetting> setting = ObjectOf(record);
     if (!setting->IsSame(Other->Item(setting->Name()), CaseSensitive)) return false;
   }
   return true;
+}
+
+bool CSettings::IsSame(const CSettings& Other, bool CaseSensitive) const {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  if (Count() != Other.Count()) return false;
+  return std::all_of(m_records.begin(), m_records.end(), [&](const SettingRecord& record) {
+    const SettingRecord* other = Other.FindRecord(record.Name());
+    if (other == nullptr) Other.RecordMissing(record.Name().ToString());
+    if (other == nullptr || !EqualNoCase(record.Name(), other->Name())) return false;
+    return CaseSensitive ? record.Value() == other->Value() : EqualNoCase(record.Value(), other->Value());
+  });
 }
 
 Ref<IAttribute> CSettings::Add(const String& AttributeName, const String& AttributeValue) try {
@@ -51,59 +80,142 @@ Ref<IAttribute> CSettings::Add(const String& AttributeName, const String& Attrib
   auto setting = New<CSetting>();
   HuntERR::Check(bool(setting), ErrorNumber::CannotCreate, u"Cannot create a new attribute.");
   setting->Initialize(AttributeName, AttributeValue);
-  m_settings->Add(setting, AttributeName);
+  if (FindRecord(AttributeName) != nullptr) HuntERR::RaiseStandard(ErrorNumber::DuplicateKey);
+  m_records.emplace_back(AttributeName, AttributeValue);
+  m_records.back().SetObject(setting.Get());
+  setting->m_collection = this;
+  Changed();
   return setting;
 } catch (...) {
   PassOn(Label(u".Add(AttributeName, AttributeValue)"), {AttributeName, AttributeValue});
 }
 
-void CSettings::Remove(const String& AttributeName) try { Settings().Remove(AttributeName); } catch (...) {
+void CSettings::Remove(const String& AttributeName) try {
+  Records& records = Settings();
+  SettingRecord* record = FindRecord(AttributeName);
+  if (record == nullptr) HuntERR::RaiseStandard(ErrorNumber::InvalidArgument);
+  Release(*record);
+  records.erase(records.begin() + (record - records.data()));
+  Changed();
+} catch (...) {
   PassOn(Label(u".Remove(AttributeName)"), {AttributeName});
 }
 
-const String& CSettings::Value(const String& Name) const {
+String CSettings::Value(const String& Name) const {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-  const Ref<CSetting>* setting = m_settings->Find(Name);
-  if (setting == nullptr) {
+  const PackedText* value = Find(Name);
+  if (value == nullptr) {
     HuntERR::Raise(ErrorNumber::BadIndex, ClassName(), u"Requested data attribute, " + Name + u", does not exist.");
   }
-  return (*setting)->Value();
+  return value->ToString();
 }
 
 void CSettings::Value(const String& Name, const String& Value) try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
-  if (const auto setting = Item(Name)) {
-    setting->Value(Value);
+  SettingRecord* record = FindRecord(Name);
+  if (record == nullptr) {
+    RecordMissing(Name);
+    if (Name.empty()) Add(Name, Value); // which refuses it
+    m_records.emplace_back(Name, Value);
+    Changed();
+  } else if (record->Object() != nullptr) {
+    record->Object()->Value(Value);
   } else {
-    Add(Name, Value);
+    record->SetValue(Shared(Value));
+    Changed();
   }
 } catch (...) {
   PassOn(u"Let " + Label(u".Value(Name, Value)"), {Name, Value});
 }
 
 Ref<IAttribute> CSettings::Item(const String& AttributeName) const try {
-  if (const Ref<CSetting>* setting = Settings().Find(AttributeName)) return *setting;
-  // A missing name is common and nobody's fault: it is recorded without unwinding.
-  RecordHere(HuntERR::StandardError(ErrorNumber::InvalidArgument), u"Get " + Label(u".Item(AttributeName)"),
-             {AttributeName});
+  Settings();
+  if (SettingRecord* record = FindRecord(AttributeName)) return ObjectOf(*record);
+  RecordMissing(AttributeName);
   return {};
 } catch (...) {
   StopHere(u"Get " + Label(u".Item(AttributeName)"), {AttributeName});
   return {};
 }
 
-std::int32_t CSettings::Count() const try { return static_cast<std::int32_t>(Settings().Count()); } catch (...) {
+// A missing name is common and nobody's fault: it is recorded without unwinding.
+void CSettings::RecordMissing(const String& AttributeName) const {
+  RecordHere(HuntERR::StandardError(ErrorNumber::InvalidArgument), u"Get " + Label(u".Item(AttributeName)"),
+             {AttributeName});
+}
+
+std::int32_t CSettings::Count() const try { return static_cast<std::int32_t>(Settings().size()); } catch (...) {
   PassOn(u"Get " + Label(u".Count()"));
 }
 
-void CSettings::Clear() try { m_settings = std::make_unique<Collection>(); } catch (...) {
+void CSettings::Clear() try {
+  Records records;
+  records.reserve(UsualCount);
+  Replace(std::move(records));
+} catch (...) {
   PassOn(Label(u".Clear()"));
 }
 
 std::vector<Ref<IAttribute>> CSettings::NewEnum() const {
   std::vector<Ref<IAttribute>> settings;
-  for (std::size_t i = 1; i <= Settings().Count(); ++i) settings.push_back(Settings().Item(i));
+  for (SettingRecord& record : Settings()) settings.push_back(ObjectOf(record));
   return settings;
+}
+
+const PackedText* CSettings::Find(StringView Name) const {
+  const SettingRecord* record = FindRecord(Name);
+  return record == nullptr ? nullptr : &record->Value();
+}
+
+bool CSettings::HasRenamed() const {
+  return std::any_of(m_records.begin(), m_records.end(),
+                     [](const SettingRecord& record) { return record.IsRenamed(); });
+}
+
+template <class Text>
+SettingRecord* CSettings::FindRecord(const Text& key) const {
+  const auto found = std::find_if(m_records.begin(), m_records.end(),
+                                  [&key](const SettingRecord& record) { return EqualNoCase(record.Key(), key); });
+  return found == m_records.end() ? nullptr : &*found;
+}
+
+Ref<CSetting> CSettings::ObjectOf(SettingRecord& record) const {
+  if (record.Object() != nullptr) return Ref<CSetting>(record.Object()->shared_from_this());
+  auto setting = New<CSetting>();
+  setting->m_name = record.Name().ToString();
+  setting->m_value = record.Value().ToString();
+  setting->m_washedValue = record.Washed().ToString();
+  setting->m_initialized = true;
+  record.SetObject(setting.Get());
+  setting->m_collection = const_cast<CSettings*>(this); // who holds the object may write through it
+  return setting;
+}
+
+void CSettings::Replace(Records records) noexcept {
+  for (SettingRecord& record : m_records) Release(record);
+  m_records = std::move(records);
+  m_exists = true;
+  Changed();
+}
+
+void CSettings::Release(SettingRecord& record) noexcept {
+  if (record.Object() != nullptr) record.Object()->m_collection = nullptr;
+}
+
+void CSettings::Changed() const noexcept {
+  if (m_observer != nullptr) m_observer->SettingsChanged();
+}
+
+void CSettings::TakeOver(const CSetting& setting) {
+  RecordOf(setting).Set(Shared(setting.m_name), Shared(setting.m_value), Shared(setting.m_washedValue));
+  Changed();
+}
+
+void CSettings::Forget(const CSetting& setting) noexcept { RecordOf(setting).SetObject(nullptr); }
+
+SettingRecord& CSettings::RecordOf(const CSetting& setting) {
+  return *std::find_if(m_records.begin(), m_records.end(),
+                       [&setting](const SettingRecord& record) { return record.Object() == &setting; });
 }
 
 } // namespace portico

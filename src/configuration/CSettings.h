@@ -1,28 +1,43 @@
 #pragma once
 
 #include "configuration/CSetting.h"
-#include "framework/KeyedList.h"
+#include "configuration/SettingRecord.h"
 
-#include <memory>
+#include <vector>
 
 namespace portico {
 
-/// An ordered collection of settings that owns them; `Add` and `Item` hand out shared references.
+/// Is told of every change of a collection's content: of what `IsSame` would see.
+class ISettingsObserver {
+public:
+  virtual void SettingsChanged() noexcept = 0;
+
+protected:
+  ~ISettingsObserver() = default;
+};
+
+/// An ordered collection of settings that owns them; `Add` and `Item` hand out shared references, the same one for as
+/// long as anybody holds it.
 ///
 /// Before `Initialize` there is no collection: the guarded members raise 0x80041460, the others 91.
 class CSettings final : public IAttributes {
 public:
+  CSettings() = default;
+  /// The observer, if any, is not owned; it outlives the collection or its last change.
+  explicit CSettings(ISettingsObserver* observer) : m_observer(observer) {}
+  ~CSettings() override;
   StringView ClassName() const override { return u"CSettings"; }
 
   void Initialize();
   bool IsDirty() const override;
   void Wash() override;
   bool IsSame(const Ref<IAttributes>& Other, bool CaseSensitive) const override;
+  bool IsSame(const CSettings& Other, bool CaseSensitive) const;
   Ref<IAttribute> Add(const String& AttributeName, const String& AttributeValue) override;
   void Remove(const String& AttributeName) override;
-  const String& Value(const String& Name) const;
+  String Value(const String& Name) const;
   void Value(const String& Name, const String& Value);
-  const String& ItemValue(const String& Name) const override { return Value(Name); }
+  String ItemValue(const String& Name) const override { return Value(Name); }
   void ItemValue(const String& Name, const String& NewValue) override { Value(Name, NewValue); }
   Ref<IAttribute> Item(const String& AttributeName) const override;
   std::int32_t Count() const override;
@@ -30,15 +45,34 @@ public:
   void Clear();
   std::vector<Ref<IAttribute>> NewEnum() const override;
 
+  /// As it is kept; null for an absent name. Good until the next change.
+  const PackedText* Find(StringView Name) const;
+  /// Some setting bears another name than the one under which it was added.
+  bool HasRenamed() const;
+
 private:
-  using Collection = KeyedList<Ref<CSetting>>;
+  friend class CSetting;
+  using Records = std::vector<SettingRecord>;
 
   String Label(StringView member) const { return String(ClassName()).append(member); }
   /// Raises 91 before `Initialize`.
-  Collection& Settings() const;
+  Records& Settings() const;
+  template <class Text>
+  SettingRecord* FindRecord(const Text& key) const;
+  SettingRecord& RecordOf(const CSetting& setting);
+  void RecordMissing(const String& AttributeName) const;
+  Ref<CSetting> ObjectOf(SettingRecord& record) const;
+  void Replace(Records records) noexcept;
+  static void Release(SettingRecord& record) noexcept;
+  void Changed() const noexcept;
+
+  void TakeOver(const CSetting& setting);
+  void Forget(const CSetting& setting) noexcept;
 
   bool m_initialized = false;
-  std::unique_ptr<Collection> m_settings;
+  bool m_exists = false; // `Clear` makes a collection too
+  ISettingsObserver* m_observer = nullptr;
+  mutable Records m_records; // handing an object out leaves a trace in its record
 };
 
 } // namespace portico

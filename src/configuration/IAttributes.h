@@ -34,7 +34,7 @@ public:
   /// Nothing for an absent name.
   virtual Ref<IAttribute> Item(const String& AttributeName) const = 0;
   /// An absent name raises 381.
-  virtual const String& ItemValue(const String& Name) const = 0;
+  virtual String ItemValue(const String& Name) const = 0;
   /// Adds the attribute if the name is new.
   virtual void ItemValue(const String& Name, const String& Value) = 0;
   virtual std::int32_t Count() const = 0;

@@ -1,12 +1,14 @@
 #include "document/CDataEntity.h"
 
 #include "document/CDataPosition.h"
+#include "document/EntitySlot.h"
 #include "document/ITimeStamp.h"
 #include "framework/ErrorNumbers.h"
 #include "framework/HuntERR.h"
 #include "framework/modGlobals.h"
 
 #include <limits>
+#include <typeinfo>
 
 namespace portico {
 namespace {
@@ -21,12 +23,9 @@ void CDataEntity::Initialize(const ByteArray& data, const String& DataType, cons
   HuntERR::Check(bool(gTimeStamper), ErrorNumber::ObjectRequired,
                  u"Data entity requires a time stamper. There is none.");
   HuntERR::Check(CalculateDataLength(data) >= 0, ErrorNumber::InvalidArgument, u"Invalid data array.");
-  auto attributes = New<CSettings>();
-  HuntERR::Check(bool(attributes), ErrorNumber::CannotCreate, u"Cannot create data attributes collection.");
-  attributes->Initialize();
-  m_attributes = attributes;
-  m_data = data;
+  m_attributes.Initialize();
   m_initialized = true;
+  UpdateData(data);
   this->DataType(DataType);
   this->TimeStamp(TimeStamp);
 } catch (...) {
@@ -35,28 +34,28 @@ void CDataEntity::Initialize(const ByteArray& data, const String& DataType, cons
 
 String CDataEntity::DataAttributeValue(const String& Name) const try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-  return m_attributes->ItemValue(Name);
+  return m_attributes.ItemValue(Name);
 } catch (...) {
   PassOn(u"CDataEntity.DataAttributeValue(Name)", {Name});
 }
 
 void CDataEntity::DataAttributeValue(const String& Name, const String& Value) try {
   CheckAccess();
-  m_attributes->ItemValue(Name, Value);
+  m_attributes.ItemValue(Name, Value);
 } catch (...) {
   PassOn(u"CDataEntity.DataAttributeValue(Name,Value)", {Name, Value});
 }
 
 void CDataEntity::TimeStamp(const String& newValue) try {
   CheckAccess();
-  m_attributes->ItemValue(AttributeName::Timestamp, newValue.empty() ? gTimeStamper->TimeStamp() : newValue);
+  m_attributes.ItemValue(AttributeName::Timestamp, newValue.empty() ? gTimeStamper->TimeStamp() : newValue);
 } catch (...) {
   PassOn(u"CDataEntity.TimeStamp(newValue)", {newValue});
 }
 
 void CDataEntity::DataType(const String& newValue) try {
   CheckAccess();
-  m_attributes->ItemValue(AttributeName::DataType, newValue);
+  m_attributes.ItemValue(AttributeName::DataType, newValue);
 } catch (...) {
   PassOn(u"CDataEntity.DataType(newValue)", {newValue});
 }
@@ -70,7 +69,8 @@ Ref<IPosition> CDataEntity::Position(std::optional<std::int32_t> DataOffset) try
 
 Ref<IAttributes> CDataEntity::DataAttributes() const try {
   CheckAccess();
-  return m_attributes;
+  const std::shared_ptr<const CDataEntity> self = shared_from_this();
+  return Ref<IAttributes>(std::shared_ptr<IAttributes>(self, const_cast<CSettings*>(&m_attributes)));
 } catch (...) {
   PassOn(u"CDataEntity.DataAttributes");
 }
@@ -94,7 +94,7 @@ std::int32_t CDataEntity::DataLength() const try {
 
 String CDataEntity::DataType() const try {
   CheckAccess();
-  return m_attributes->ItemValue(AttributeName::DataType);
+  return m_attributes.ItemValue(AttributeName::DataType);
 } catch (...) {
   PassOn(u"CDataEntity.DataType");
 }
@@ -110,13 +110,14 @@ void CDataEntity::UpdateData(const ByteArray& data) try {
   CheckAccess();
   HuntERR::Check(CalculateDataLength(data) >= 0, ErrorNumber::InvalidArgument, u"Invalid new data array.");
   m_data = data;
+  for (EntitySlot* slot = m_slots; slot != nullptr; slot = slot->NextOfEntity) slot->Holder->DataChanged(*slot);
 } catch (...) {
   PassOn(u"CDataEntity.UpdateData(data)", {data});
 }
 
 String CDataEntity::TimeStamp() const try {
   CheckAccess();
-  return m_attributes->ItemValue(AttributeName::Timestamp);
+  return m_attributes.ItemValue(AttributeName::Timestamp);
 } catch (...) {
   PassOn(u"CDataEntity.TimeStamp");
 }
@@ -124,8 +125,8 @@ String CDataEntity::TimeStamp() const try {
 std::int32_t CDataEntity::CompareToMe(const Ref<IDataEntity>& DataEntity) const try {
   CheckAccess();
   if (!DataEntity) return AttributesDiffer + DataDiffer;
-  const std::int32_t attributes = CompareAttributes(*DataEntity) ? 0 : AttributesDiffer;
-  return attributes + (CompareData(*DataEntity) ? 0 : DataDiffer);
+  const std::int32_t attributes = CompareAttributes(DataEntity) ? 0 : AttributesDiffer;
+  return attributes + (CompareData(DataEntity) ? 0 : DataDiffer);
 } catch (...) {
   PassOn(u"CDataEntity.CompareToMe(DataEntity)", {DataEntity});
 }
@@ -145,13 +146,38 @@ Ref<IPosition> CDataEntity::CreatePosition(std::optional<std::int32_t> DataOffse
 }
 
 /// The other's attributes are asked.
-bool CDataEntity::CompareAttributes(const IDataEntity& other) const {
-  return other.DataAttributes()->IsSame(m_attributes, true);
+bool CDataEntity::CompareAttributes(const Ref<IDataEntity>& other) const {
+  const CDataEntity* sibling = From(other);
+  if (sibling != nullptr && sibling->m_initialized) return sibling->m_attributes.IsSame(m_attributes, true);
+  return other->DataAttributes()->IsSame(DataAttributes(), true);
 }
 
-bool CDataEntity::CompareData(const IDataEntity& other) const {
-  const auto* sibling = dynamic_cast<const CDataEntity*>(&other);
-  return sibling != nullptr ? m_data == sibling->m_data : m_data == other.ReadData();
+bool CDataEntity::CompareData(const Ref<IDataEntity>& other) const {
+  if (const CDataEntity* sibling = From(other)) return m_data == sibling->m_data;
+  return m_data == other->ReadData();
+}
+
+CDataEntity* CDataEntity::From(const Ref<IDataEntity>& entity) {
+  IDataEntity* object = entity.Get();
+  return object != nullptr && typeid(*object) == typeid(CDataEntity) ? static_cast<CDataEntity*>(object) : nullptr;
+}
+
+void CDataEntity::Hold(EntitySlot& slot) { slot.NextOfEntity = std::exchange(m_slots, &slot); }
+
+void CDataEntity::Release(const EntitySlot& slot) noexcept {
+  EntitySlot** link = &m_slots;
+  while (*link != &slot) link = &(*link)->NextOfEntity;
+  *link = slot.NextOfEntity;
+}
+
+const EntitySlot* CDataEntity::SlotIn(const IEntityHolder& holder) const {
+  const EntitySlot* slot = m_slots;
+  while (slot != nullptr && slot->Holder != &holder) slot = slot->NextOfEntity;
+  return slot;
+}
+
+void CDataEntity::SettingsChanged() noexcept {
+  for (EntitySlot* slot = m_slots; slot != nullptr; slot = slot->NextOfEntity) slot->Holder->AttributesChanged(*slot);
 }
 
 void CDataEntity::CheckAccess() const {

@@ -8,9 +8,14 @@
 
 namespace portico {
 
+class IEntityHolder;
+struct EntitySlot;
+
 /// The one implementation of a data entity. Made through the factory only. Members raise 0x80041460 before
 /// `Initialize`.
-class CDataEntity final : public IDataEntity, public std::enable_shared_from_this<CDataEntity> {
+class CDataEntity final : public IDataEntity,
+                          public std::enable_shared_from_this<CDataEntity>,
+                          private ISettingsObserver {
 public:
   StringView ClassName() const override { return u"CDataEntity"; }
 
@@ -35,17 +40,31 @@ public:
   String TimeStamp() const override;
   std::int32_t CompareToMe(const Ref<IDataEntity>& DataEntity) const override;
 
+  // For who holds entities and finds them by their content. A slot is told of all changes until it is released.
+  /// The entity itself, or null if it is of another class.
+  static CDataEntity* From(const Ref<IDataEntity>& entity);
+  void Hold(EntitySlot& slot);
+  void Release(const EntitySlot& slot) noexcept;
+  /// Some slot of this holder, or null.
+  const EntitySlot* SlotIn(const IEntityHolder& holder) const;
+  /// As it is kept; null if there is none.
+  const PackedText* Stamp() const { return m_attributes.Find(AttributeName::Timestamp); }
+  /// Initialised, and without renamed attributes: what equals it has its stamp.
+  bool IsPlain() const { return m_initialized && !m_attributes.HasRenamed(); }
+
 private:
   /// Negative for an array whose length the entity cannot tell.
   static std::int32_t CalculateDataLength(const ByteArray& data);
   Ref<IPosition> CreatePosition(std::optional<std::int32_t> DataOffset);
-  bool CompareAttributes(const IDataEntity& other) const;
-  bool CompareData(const IDataEntity& other) const;
+  bool CompareAttributes(const Ref<IDataEntity>& other) const;
+  bool CompareData(const Ref<IDataEntity>& other) const;
   void CheckAccess() const;
+  void SettingsChanged() noexcept override;
 
   bool m_initialized = false;
-  Ref<CSettings> m_attributes;
+  CSettings m_attributes{this};
   ByteArray m_data;
+  EntitySlot* m_slots = nullptr; // where it is held
 };
 
 /// "DataEntity": byte array, data type, time stamp.

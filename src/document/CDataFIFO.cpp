@@ -16,10 +16,11 @@ void CDataFIFO::MaximumCount(std::int32_t newValue) { m_maximumCount = newValue;
 void CDataFIFO::Initialize(std::int32_t MaxCount) try {
   HuntERR::Check(MaxCount >= 0, ErrorNumber::InvalidArgument, u"Max count cannot be less than zero.");
   m_maximumCount = MaxCount;
-  auto entities = std::make_shared<EntitySequence>();
+  auto entities = m_entities ? m_entities : std::make_shared<EntitySequence>();
   HuntERR::Check(bool(entities), ErrorNumber::CannotCreate, u"Initialize could not create data entity collection.");
+  entities->Clear();
   ResetSelection();
-  m_entities = std::move(entities);
+  m_entities = entities;
 } catch (...) {
   PassOn(u"CDataFIFO.Initialize(MaxCount)", {MaxCount});
 }
@@ -28,7 +29,7 @@ void CDataFIFO::Enqueue(const Ref<IDataEntity>& DataEntity) try {
   if (!DataEntity) return;
   CheckAccess();
   const auto self = weak_from_this().lock(); // a handler may let the FIFO go
-  m_entities->Add(DataEntity, DataEntity->TimeStamp());
+  m_entities->Add(DataEntity);
   OnAdd(DataEntity, DataIndexOfEntity(DataEntity));
   EnforceMaximumCount();
 } catch (...) {
@@ -131,15 +132,14 @@ Value CDataFIFO::Item(const Ref<IPosition>& Index) const try {
 }
 
 Ref<IPosition> CDataFIFO::StartOfObject() const try {
-  CheckAccess();
-  if (m_entities->Count() == 0) return CreatePosition();
+  // Not refused before `Initialize`: an iterator may be attached to a container that does not work yet.
+  if (!m_entities || m_entities->Count() == 0) return CreatePosition();
   return m_entities->Item(1)->Position();
 } catch (...) {
   PassOn(u"CDataFIFO.IIteratableObject_StartOfObject()");
 }
 
 Ref<IPosition> CDataFIFO::EndOfObject() const try {
-  CheckAccess();
   return CreatePosition();
 } catch (...) {
   PassOn(u"CDataFIFO.IIteratableObject_EndOfObject()");
@@ -177,9 +177,10 @@ bool CDataFIFO::IsPositionInFIFO(const Ref<IPosition>& Position) const {
 std::int64_t CDataFIFO::DataIndexOfEntity(const Ref<IDataEntity>& DataEntity) const {
   const EntitySequence::Found found = m_entities->FindData(DataEntity);
   if (DataEntity) {
-    HuntERR::Check(found.Present, ErrorNumber::InternalState, u"Cannot find a data entity in this container.");
+    HuntERR::Check(found.IsPresent, ErrorNumber::InternalState, u"Cannot find a data entity in this container.");
   } else {
-    HuntERR::Check(!found.Present, ErrorNumber::InternalState, u"End of container marker was found in this container.");
+    HuntERR::Check(!found.IsPresent, ErrorNumber::InternalState,
+                   u"End of container marker was found in this container.");
   }
   return found.DataIndex;
 }

@@ -47,9 +47,9 @@ void CDataFIFO::InsertDataEntity(const Ref<IDataEntity>& DataEntity) {
   const auto entity = modDataDocument::CreateADataEntity(DataEntity->ReadData(), DataEntity->DataType(), {});
   const Ref<CDataPosition> end = m_selection->EndingPosition();
   if (end->IsLast()) {
-    m_entities->Add(entity, entity->TimeStamp());
+    m_entities->Add(entity);
   } else {
-    m_entities->InsertBefore(IndexOfPosition(end), entity, entity->TimeStamp());
+    m_entities->InsertBefore(IndexOfPosition(end), entity);
   }
   if (m_selection->IsEmpty()) SelectData(entity->Position(), end);
   OnAdd(entity, DataIndexOfEntity(entity));

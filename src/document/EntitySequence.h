@@ -1,48 +1,64 @@
 #pragma once
 
-#include "document/IDataEntity.h"
+#include "document/EntityIndex.h"
 
 #include <cstdint>
-#include <optional>
-#include <vector>
+#include <memory>
 
 namespace portico {
 
-/// The entities of a FIFO in their order; positions count from 1. Each is kept under a key that is unique without
-/// regard to case and stays what it was when the entity came. An absent position raises 5, a key that is present 457.
+class CDataEntity;
+
+/// The entities of a FIFO in their order; positions count from 1. Each is kept under a key, the stamp that it had when
+/// it came; keys are unique without regard to case. An absent position raises 5, a key that is present 457.
 ///
 /// Entities are found by `CompareToMe` of those that are held, from the first on: the first that answers 0 is meant.
-class EntitySequence {
+/// An index of the current stamps tells which can answer so. It is left aside, and everybody asked in turn, as soon as
+/// an entity takes part that is not a `CDataEntity`, not initialised, or has renamed attributes.
+class EntitySequence final : private IEntityHolder {
 public:
-  std::int64_t Count() const { return static_cast<std::int64_t>(m_slots.size()); }
+  EntitySequence() = default;
+  ~EntitySequence() { Clear(); }
+  EntitySequence(const EntitySequence&) = delete;
+  EntitySequence& operator=(const EntitySequence&) = delete;
+
+  std::int64_t Count() const { return static_cast<std::int64_t>(m_slots.Count()); }
   const Ref<IDataEntity>& Item(std::int64_t position) const;
-  void Add(const Ref<IDataEntity>& entity, const String& key);
-  void InsertBefore(std::int64_t position, const Ref<IDataEntity>& entity, const String& key);
+  void Add(const Ref<IDataEntity>& entity);
+  void InsertBefore(std::int64_t position, const Ref<IDataEntity>& entity);
   Ref<IDataEntity> Remove(std::int64_t position);
-  void Clear() { m_slots.clear(); }
+  void Clear();
 
   /// 0 for an absent entity.
   std::int64_t PositionOf(const Ref<IDataEntity>& entity) const;
-  bool Contains(const Ref<IDataEntity>& entity) const { return PositionOf(entity) != 0; }
-  /// The length of all data in front of an entity, or of all there is.
+  bool Contains(const Ref<IDataEntity>& entity) const;
+
   struct Found {
-    std::int64_t DataIndex;
-    bool Present;
+    std::int64_t DataIndex; // of the entity, or of the end if it is absent
+    bool IsPresent;
   };
   Found FindData(const Ref<IDataEntity>& entity) const;
   /// The first entity at which the running total of the lengths exceeds the index, or nothing.
   Ref<IDataEntity> AtDataIndex(std::int64_t index) const;
 
 private:
-  struct Slot {
-    Ref<IDataEntity> Entity;
-    String Key;
-  };
+  using Slots = SummedSequence<std::unique_ptr<EntitySlot>>;
+
+  void AttributesChanged(EntitySlot& slot) noexcept override;
+  void DataChanged(EntitySlot& slot) override;
 
   std::size_t Checked(std::int64_t position) const;
-  void Insert(std::size_t at, const Ref<IDataEntity>& entity, const String& key);
+  void Insert(std::size_t at, const Ref<IDataEntity>& entity, PackedText key);
+  /// All of the search may use the index.
+  bool IsIndexed(const Ref<IDataEntity>& entity) const;
+  const EntitySlot* FindSlot(const Ref<IDataEntity>& entity) const;
+  std::size_t PlaceOf(const EntitySlot& slot) const;
+  std::int64_t ScanPosition(const Ref<IDataEntity>& entity) const;
 
-  std::vector<Slot> m_slots;
+  Slots m_slots; // with the lengths of data; 0 for an entity that has to be asked
+  EntityKeys m_keys;
+  StrayStamps m_strays;
+  std::size_t m_asked = 0; // slots found by asking
 };
 
 } // namespace portico

@@ -1,10 +1,24 @@
 #pragma once
 
-#include "framework/ChunkList.h"
+#include "framework/SumTree.h"
 
 #include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <utility>
+#include <vector>
 
 namespace portico {
+
+/// Items of a sequence that stand together, with their lengths.
+template <class T>
+struct Chunk final : SumTree::Node {
+  static constexpr std::size_t Capacity = 128;
+
+  std::vector<T> Items;
+  std::vector<std::int64_t> Lengths;
+};
 
 /// An ordered sequence whose items have lengths, found by position or by the sum of the lengths in front of them.
 /// Positions count from 0. Every operation costs the logarithm of the count, or less.
@@ -14,67 +28,69 @@ namespace portico {
 template <class T>
 class SummedSequence {
 public:
-  std::size_t Count() const { return m_count; }
-  std::int64_t Total() const { return m_total; }
+  std::size_t Count() const { return static_cast<std::size_t>(m_chunks.Total(Measure::Count)); }
+  std::int64_t Total() const { return m_chunks.Total(Measure::Length); }
 
   T& operator[](std::size_t at) {
     const Place place = Locate(at);
-    return m_chunks[place.Chunk].Items[place.Offset];
+    return place.Home->Items[place.Offset];
   }
   const T& operator[](std::size_t at) const {
     const Place place = Locate(at);
-    return m_chunks[place.Chunk].Items[place.Offset];
+    return place.Home->Items[place.Offset];
   }
   std::int64_t LengthAt(std::size_t at) const {
     const Place place = Locate(at);
-    return m_chunks[place.Chunk].Lengths[place.Offset];
+    return place.Home->Lengths[place.Offset];
   }
 
   void SetLength(std::size_t at, std::int64_t length) {
     const Place place = Locate(at);
-    std::int64_t& held = m_chunks[place.Chunk].Lengths[place.Offset];
-    Sum(place.Chunk, 0, length - std::exchange(held, length));
+    std::int64_t& held = place.Home->Lengths[place.Offset];
+    m_chunks.Add(*place.Home, 0, length - std::exchange(held, length));
   }
 
   /// `at` is at most `Count()`.
   void Insert(std::size_t at, T item, std::int64_t length) {
     const Place place = MakeRoom(at);
-    Chunk<T>& chunk = m_chunks[place.Chunk];
-    SettleIn(item, &chunk);
+    SettleIn(item, place.Home);
     const auto offset = static_cast<std::ptrdiff_t>(place.Offset);
-    chunk.Items.insert(chunk.Items.begin() + offset, std::move(item));
-    chunk.Lengths.insert(chunk.Lengths.begin() + offset, length);
-    Sum(place.Chunk, 1, length);
+    place.Home->Items.insert(place.Home->Items.begin() + offset, std::move(item));
+    place.Home->Lengths.insert(place.Home->Lengths.begin() + offset, length);
+    m_chunks.Add(*place.Home, 1, length);
   }
 
   T Remove(std::size_t at) {
     const Place place = Locate(at);
-    Chunk<T>& chunk = m_chunks[place.Chunk];
+    Chunk<T>& chunk = *place.Home;
     T item = std::move(chunk.Items[place.Offset]);
-    const std::int64_t length = chunk.Lengths[place.Offset];
     const auto offset = static_cast<std::ptrdiff_t>(place.Offset);
+    m_chunks.Add(chunk, -1, -chunk.Lengths[place.Offset]);
     chunk.Items.erase(chunk.Items.begin() + offset);
     chunk.Lengths.erase(chunk.Lengths.begin() + offset);
-    Sum(place.Chunk, -1, -length);
-    if (m_chunks.Size() > SparseFrom && m_chunks.Size() * (Chunk<T>::Capacity / 8) > m_count) m_chunks.Repack();
+    if (chunk.Items.empty()) {
+      m_chunks.Erase(chunk);
+    } else if (chunk.Items.size() < Chunk<T>::Capacity / 4) {
+      Join(chunk);
+    }
     return item;
   }
 
   /// The lengths of all items in front of a position, which is at most `Count()`.
   std::int64_t SumBefore(std::size_t at) const {
-    if (at == m_count) return m_total;
+    if (at == Count()) return Total();
     const Place place = Locate(at);
-    std::int64_t sum = m_chunks.Sums().SumBefore(place.Chunk);
-    for (std::size_t i = 0; i < place.Offset; ++i) sum += m_chunks[place.Chunk].Lengths[i];
+    std::int64_t sum = m_chunks.SumBefore(Measure::Length, *place.Home);
+    for (std::size_t i = 0; i < place.Offset; ++i) sum += place.Home->Lengths[i];
     return sum;
   }
 
   /// The first item at which the running total exceeds `sum`, which is not negative; `Count()` if there is none.
   std::size_t FindSum(std::int64_t sum) const {
-    if (sum >= m_total) return m_count;
-    const std::size_t index = m_chunks.Sums().Find(sum);
-    std::size_t at = FirstOf(m_chunks[index]);
-    for (const std::int64_t length : m_chunks[index].Lengths) {
+    if (sum >= Total()) return Count();
+    const auto* home = static_cast<const Chunk<T>*>(m_chunks.Find(Measure::Length, sum));
+    std::size_t at = FirstOf(*home);
+    for (const std::int64_t length : home->Lengths) {
       if (length > sum) break;
       sum -= length;
       ++at;
@@ -94,46 +110,72 @@ public:
   }
 
 private:
-  static constexpr std::size_t SparseFrom = 8;
+  using Measure = SumTree::Measure;
 
   struct Place {
-    std::size_t Chunk;
+    Chunk<T>* Home;
     std::size_t Offset;
   };
 
+  static void SettleIn(T& item, Chunk<T>* chunk) {
+    if constexpr (requires { SetHome(item, chunk); }) SetHome(item, chunk);
+  }
+
   Place Locate(std::size_t at) const {
     auto rest = static_cast<std::int64_t>(at);
-    const std::size_t index = m_chunks.Counts().Find(rest);
-    return {index, static_cast<std::size_t>(rest)};
+    auto* home = static_cast<Chunk<T>*>(m_chunks.Find(Measure::Count, rest));
+    return {home, static_cast<std::size_t>(rest)};
   }
 
   std::size_t FirstOf(const Chunk<T>& chunk) const {
-    return static_cast<std::size_t>(m_chunks.Counts().SumBefore(chunk.Index));
+    return static_cast<std::size_t>(m_chunks.SumBefore(Measure::Count, chunk));
   }
 
   Place MakeRoom(std::size_t at) {
-    if (at == m_count) {
-      const std::size_t size = m_chunks.Size();
-      if (size == 0 || m_chunks[size - 1].Items.size() == Chunk<T>::Capacity) {
-        m_chunks.Append(std::make_unique<Chunk<T>>());
-      }
-      return {m_chunks.Size() - 1, m_chunks[m_chunks.Size() - 1].Items.size()};
+    if (at == Count()) {
+      auto* last = static_cast<Chunk<T>*>(m_chunks.Last());
+      if (last == nullptr || last->Items.size() == Chunk<T>::Capacity) last = NewBehind(last);
+      return {last, last->Items.size()};
     }
     const Place place = Locate(at);
-    if (m_chunks[place.Chunk].Items.size() < Chunk<T>::Capacity) return place;
-    m_chunks.Split(place.Chunk);
-    return Locate(at);
+    if (place.Home->Items.size() < Chunk<T>::Capacity) return place;
+    constexpr std::size_t half = Chunk<T>::Capacity / 2;
+    Chunk<T>* tail = NewBehind(place.Home);
+    MoveTail(*place.Home, half, *tail);
+    return place.Offset < half ? place : Place{tail, place.Offset - half};
   }
 
-  void Sum(std::size_t chunk, std::int64_t count, std::int64_t length) {
-    m_count += static_cast<std::size_t>(count);
-    m_total += length;
-    m_chunks.Sum(chunk, count, length);
+  Chunk<T>* NewBehind(const Chunk<T>* previous) {
+    auto chunk = std::make_unique<Chunk<T>>();
+    Chunk<T>* made = chunk.get();
+    m_chunks.InsertBehind(previous, std::move(chunk));
+    return made;
   }
 
-  ChunkList<T> m_chunks;
-  std::size_t m_count = 0;
-  std::int64_t m_total = 0;
+  /// Takes in the next chunk if the two fill no more than half of one.
+  void Join(Chunk<T>& chunk) {
+    auto* next = static_cast<Chunk<T>*>(SumTree::Neighbour(chunk));
+    if (next == nullptr || chunk.Items.size() + next->Items.size() > Chunk<T>::Capacity / 2) return;
+    MoveTail(*next, 0, chunk);
+    m_chunks.Erase(*next);
+  }
+
+  void MoveTail(Chunk<T>& from, std::size_t first, Chunk<T>& to) {
+    std::int64_t length = 0;
+    for (std::size_t i = first; i < from.Items.size(); ++i) {
+      SettleIn(from.Items[i], &to);
+      to.Items.push_back(std::move(from.Items[i]));
+      to.Lengths.push_back(from.Lengths[i]);
+      length += from.Lengths[i];
+    }
+    const auto count = static_cast<std::int64_t>(from.Items.size() - first);
+    from.Items.erase(from.Items.begin() + static_cast<std::ptrdiff_t>(first), from.Items.end());
+    from.Lengths.resize(first);
+    m_chunks.Add(from, -count, -length);
+    m_chunks.Add(to, count, length);
+  }
+
+  SumTree m_chunks; // its leaves are chunks
 };
 
 } // namespace portico

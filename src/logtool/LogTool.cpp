@@ -5,14 +5,17 @@
 #include "logtool/Outputs.h"
 #include "logtool/ShowOutput.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 
 namespace portico::logtool {
 namespace {
 
-/// Thrown through a reading to end it.
-struct OutputEnded {};
+/// Thrown through a reading to end it, with the system's error number.
+struct OutputEnded {
+  int Number;
+};
 struct NoLog {
   std::string Reason;
 };
@@ -45,7 +48,7 @@ public:
     } else {
       Complain(m_output.Add(std::get<Entry>(entry)));
     }
-    if (!m_out) throw OutputEnded{};
+    if (!m_out) throw OutputEnded{errno};
   }
   void SessionClosed() override { m_output.CloseSession(); }
 
@@ -103,6 +106,7 @@ std::string ReadFile(const std::string& name, ILogOutput& output, const Streams&
 
 ExitStatus Run(const ToolOptions& options, const Streams& streams) {
   auto status = ExitStatus::Success;
+  int outputFault = 0;
   const auto output = MakeOutput(options, streams.Out);
   try {
     for (const std::string& name : options.Files) {
@@ -115,9 +119,12 @@ ExitStatus Run(const ToolOptions& options, const Streams& streams) {
       status = ExitStatus::Damaged;
     }
     output->End();
-  } catch (const OutputEnded&) { // told below
+    if (!streams.Out.flush()) outputFault = errno;
+  } catch (const OutputEnded& ended) {
+    outputFault = ended.Number;
   }
-  if (!streams.Out.flush()) {
+  if (!streams.Out) {
+    if (outputFault == EPIPE) return status; // whoever reads has seen enough
     streams.Err << Diagnostic("the output cannot be written") << std::endl;
     status = ExitStatus::Damaged;
   }

@@ -79,6 +79,7 @@ public:
   void InsertBehind(const Node* previous, std::unique_ptr<Node> leaf);
   /// A leaf whose count and length are 0 by now.
   void Erase(const Node& leaf);
+  void Clear();
 
 private:
   static constexpr std::size_t Fan = 64;

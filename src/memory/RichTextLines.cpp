@@ -30,7 +30,7 @@ void JoinLines(FormattedLine& head, FormattedLine tail) {
 } // namespace
 
 void RichTextLines::Load(FormattedText text) {
-  m_lines = {};
+  m_lines.Clear();
   for (FormattedLine& line : text) Insert(m_lines.Count(), std::move(line));
   Measure(m_lines.Count() - 1);
 }

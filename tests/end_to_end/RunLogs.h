@@ -21,7 +21,7 @@ inline long CountOf(const std::string& text, const std::string& part) {
 
 /// A log with one text in the place of every stamp.
 inline std::string WithoutStamps(const std::string& log) {
-  static const std::regex kStamp(R"(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{9}-5:00)");
+  static const std::regex kStamp(R"re(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{9}-5:00)re");
   return std::regex_replace(log, kStamp, "STAMP");
 }
 
@@ -38,7 +38,7 @@ inline std::string FromPayload(const std::string& hexadecimal) {
 
 /// What a log tells, as `portico-run` would print it. Good for answers of one line.
 inline std::string Told(const std::string& log) {
-  static const std::regex kEntity(R"(<(\w+) DataType="(\w+)" Timestamp="[^"]+">\s*<!\[CDATA\[([0-9A-F]*)\]\]>)");
+  static const std::regex kEntity(R"re(<(\w+) DataType="(\w+)" Timestamp="[^"]+">\s*<!\[CDATA\[([0-9A-F]*)\]\]>)re");
   std::string told;
   for (std::sregex_iterator entity(log.begin(), log.end(), kEntity), end; entity != end; ++entity) {
     const std::string type = (*entity)[1];

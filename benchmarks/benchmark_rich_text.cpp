@@ -126,6 +126,7 @@ int main() {
   Compare("read a line's fragment", ReadLine, [](RichTextBox&) {});
   const portico::richtext::Formatting base = portico::richtext::StandardFormatting(u"Sans", 10);
   std::vector<double> reading;
+  reading.reserve(Rounds);
   for (int round = 0; round < Rounds; ++round) {
     reading.push_back(Time([&] {
       if (portico::richtext::ReadRtf(Fragment, base).size() != 2) std::abort();

@@ -21,6 +21,7 @@ String CSimpleRTFEncoder::EncodeWhite(const String& sData) const try {
 String CSimpleRTFEncoder::Format(String fragment, StringView DataType) const {
   ApplyDataTypeFormat(DataType);
   CopyFormatToDisplay();
+  static_cast<void>(ScratchArea()->TextRTF()); // a box that cannot write its text fails here, not at the insertion
   return fragment;
 }
 

@@ -88,7 +88,7 @@ private:
     const std::uint64_t position = m_parser->Position();
     if (position < m_windowStart || !m_structure.InRoot()) return false;
     const std::size_t tag = m_window.rfind(start, position - m_windowStart);
-    if (tag == std::string::npos) return false;
+    if (tag == std::string::npos || m_windowStart + tag < m_reading.SoundEnd) return false;
     const std::size_t quote = m_window.find_first_of("\"<>", tag + start.size());
     if (quote == std::string::npos || m_window[quote] != '"') return false;
     const std::size_t room = quote + 1;

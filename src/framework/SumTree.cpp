@@ -40,6 +40,13 @@ void SumTree::Erase(const Node& leaf) {
   Shrink();
 }
 
+void SumTree::Clear() {
+  m_root.Children.clear();
+  for (auto& sums : m_root.Sums) sums.clear();
+  m_levels = 1;
+  m_totals = {};
+}
+
 void SumTree::InsertInto(Branch* branch, std::size_t place, std::unique_ptr<Node> child) {
   if (branch->Children.size() == Fan) {
     if (branch == &m_root) {

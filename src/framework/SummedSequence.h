@@ -31,6 +31,8 @@ public:
   std::size_t Count() const { return static_cast<std::size_t>(m_chunks.Total(Measure::Count)); }
   std::int64_t Total() const { return m_chunks.Total(Measure::Length); }
 
+  void Clear() { m_chunks.Clear(); }
+
   T& operator[](std::size_t at) {
     const Place place = Locate(at);
     return place.Home->Items[place.Offset];

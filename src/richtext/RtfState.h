@@ -54,7 +54,8 @@ public:
   FormattedText Finish();
 
   void SelectFont(std::int32_t number);
-  void SetDefaultBullet() { m_bullet = true; }
+  /// The paragraph around the group that is being read has a bullet.
+  void NoteBullet() { m_bullet = true; }
   void SetColorPart(int shift, std::int32_t value);
   void SelectColor(std::int32_t number);
 

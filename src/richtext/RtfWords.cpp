@@ -78,7 +78,7 @@ void Plain(RtfDocument& document, RtfNumber) {
 void PlainParagraph(RtfDocument& document, RtfNumber) { document.Change().Format.Paragraph = {}; }
 
 void BulletLevel(RtfDocument& document, RtfNumber) {
-  if (document.State().Destination == RtfDestination::Bullet) document.SetDefaultBullet();
+  if (document.State().Destination == RtfDestination::Bullet) document.NoteBullet();
 }
 
 constexpr auto Ignore = Enter<RtfDestination::Nowhere>;

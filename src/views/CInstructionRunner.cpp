@@ -60,9 +60,9 @@ void CInstructionRunner::SendNextInstruction() {
     HuntERR::Check(bool(step), ErrorNumber::CannotCreate, u"Cannot create a step command.");
     step->Execute();
   }
-  const Ref<CDataFIFO> queue = m_source->Instructions();
-  queue->Dequeue();
-  if (queue->Count() == 0 || gConfiguration->ItemValue(RunningMode) == u"Step") m_stop->Execute();
+  m_source->Instructions()->Dequeue();
+  // The view is asked again: without the line's text its queue may end earlier than the one that the line came from.
+  if (m_source->Instructions()->Count() == 0 || gConfiguration->ItemValue(RunningMode) == u"Step") m_stop->Execute();
   m_source->Refresh();
 }
 

@@ -202,6 +202,12 @@ TEST(LogReaderTest, APieceOfACloseStampLeavesTheSessionOpen) {
   }
 }
 
+TEST(LogReaderTest, ADamageBehindASessionIsNotTakenForATornCloseStamp) {
+  const std::string start = LogText::Head() + LogText::SessionTag(u"t", u"") + "\n<X>41</X>";
+  EXPECT_EQ(EndOf(start + "\n</Session>\n<Session Log>\n</Other>"), End::Broken);
+  EXPECT_EQ(EndOf(start + "\n</Session>\n<Session SessionOpenTimeStamp=\"u\" x></Session>"), End::Broken);
+}
+
 TEST(LogReaderTest, SeveralTornCloseStampsAreAllPassed) {
   std::string room = " SessionCloseTimeStamp=\"20";
   room.resize(LogText::CloseStampRoom, ' ');

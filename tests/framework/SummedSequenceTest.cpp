@@ -103,6 +103,17 @@ TEST_F(SummedSequenceTest, RemovalAtTheFrontLeavesTheRest) {
   CompareAll();
 }
 
+TEST_F(SummedSequenceTest, ClearedSequenceBeginsAnew) {
+  for (std::int64_t i = 0; i < 1000; ++i) Insert(Names.size(), i % 7);
+  Sequence.Clear();
+  EXPECT_EQ(Sequence.Count(), 0u);
+  EXPECT_EQ(Sequence.Total(), 0);
+  Names.clear();
+  Lengths.clear();
+  for (std::int64_t i = 0; i < 300; ++i) Insert(0, i % 7);
+  CompareAll();
+}
+
 TEST_F(SummedSequenceTest, BehavesAsPlainVectorsUnderRandomOperations) {
   std::mt19937 random(7);
   const auto below = [&](std::size_t bound) {

@@ -27,8 +27,8 @@ TEST(RtfReaderTest, AnEncodedTextLosesItsOwnLineEndAndGetsOne) {
 TEST(RtfReaderTest, RawUnitsStandForThemselves) {
   String text;
   for (char32_t unit = 0; unit <= 0xFFFF; ++unit) {
-    if (StringView(u"\r\n\\{}").find(static_cast<char16_t>(unit)) == StringView::npos)
-      text += static_cast<char16_t>(unit);
+    const auto raw = static_cast<char16_t>(unit);
+    if (StringView(u"\r\n\\{}").find(raw) == StringView::npos) text += raw;
   }
   EXPECT_EQ(TextOf(text), text);
 }

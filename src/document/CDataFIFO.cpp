@@ -132,15 +132,14 @@ Value CDataFIFO::Item(const Ref<IPosition>& Index) const try {
 }
 
 Ref<IPosition> CDataFIFO::StartOfObject() const try {
-  CheckAccess();
-  if (m_entities->Count() == 0) return CreatePosition();
+  // Not refused before `Initialize`: an iterator may be attached to a container that does not work yet.
+  if (!m_entities || m_entities->Count() == 0) return CreatePosition();
   return m_entities->Item(1)->Position();
 } catch (...) {
   PassOn(u"CDataFIFO.IIteratableObject_StartOfObject()");
 }
 
 Ref<IPosition> CDataFIFO::EndOfObject() const try {
-  CheckAccess();
   return CreatePosition();
 } catch (...) {
   PassOn(u"CDataFIFO.IIteratableObject_EndOfObject()");

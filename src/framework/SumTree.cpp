@@ -66,13 +66,6 @@ void SumTree::InsertInto(Branch* branch, std::size_t place, std::unique_ptr<Node
   for (auto& sums : branch->Sums) sums.insert(sums.begin() + offset, 0);
 }
 
-void SumTree::Clear() {
-  m_root.Children.clear();
-  for (auto& sums : m_root.Sums) sums.clear();
-  m_levels = 1;
-  m_totals = {};
-}
-
 void SumTree::Grow() {
   auto below = std::make_unique<Branch>();
   MoveTail(m_root, 0, *below);

@@ -78,8 +78,6 @@ public:
     return item;
   }
 
-  void Clear() { m_chunks.Clear(); }
-
   /// The lengths of all items in front of a position, which is at most `Count()`.
   std::int64_t SumBefore(std::size_t at) const {
     if (at == Count()) return Total();

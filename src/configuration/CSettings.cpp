@@ -55,7 +55,10 @@ void CSettings::Wash() try {
 
 bool CSettings::IsSame(const Ref<IAttributes>& Other, bool CaseSensitive) const {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-  if (Other && typeid(*Other) == typeid(CSettings)) return IsSame(static_cast<const CSettings&>(*Other), CaseSensitive);
+  const IAttributes* other = Other.Get();
+  if (other != nullptr && typeid(*other) == typeid(CSettings)) {
+    return IsSame(static_cast<const CSettings&>(*other), CaseSensitive);
+  }
   if (Count() != Other->Count()) return false;
   for (SettingRecord& record : m_records) {
     const Ref<CSetting> setting = ObjectOf(record);

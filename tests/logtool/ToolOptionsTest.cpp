@@ -1,0 +1,46 @@
+#include "logtool/ToolOptions.h"
+
+#include <gtest/gtest.h>
+
+namespace portico::logtool {
+namespace {
+
+using Arguments = std::vector<const char*>;
+using Files = std::vector<std::string>;
+
+auto Parse(Arguments arguments) {
+  arguments.insert(arguments.begin(), "portico-log");
+  return ParseToolOptions(static_cast<int>(arguments.size()), arguments.data());
+}
+
+TEST(ToolOptionsTest, TakesACommandAndFiles) {
+  const auto options = std::get<ToolOptions>(Parse({"show", "a.xml", "-"}));
+  EXPECT_EQ(options.Wanted, Output::Show);
+  EXPECT_EQ(options.Files, (Files{"a.xml", "-"}));
+  EXPECT_EQ(std::get<ToolOptions>(Parse({"stats", "a.xml"})).Wanted, Output::Statistics);
+}
+
+TEST(ToolOptionsTest, TakesAFormatToExport) {
+  EXPECT_EQ(std::get<ToolOptions>(Parse({"export", "--format", "csv", "a"})).Wanted, Output::Csv);
+  EXPECT_EQ(std::get<ToolOptions>(Parse({"export", "a", "--format", "json"})).Wanted, Output::Json);
+  EXPECT_EQ(std::get<ToolOptions>(Parse({"export", "--format=cmd", "a"})).Wanted, Output::Commands);
+  EXPECT_EQ(std::get<UsageError>(Parse({"export", "--format", "xml", "a"})).Text, "--format xml: use csv, json or cmd");
+}
+
+TEST(ToolOptionsTest, RefusesEverythingElse) {
+  for (const Arguments& arguments : {Arguments{}, Arguments{"show"}, Arguments{"print", "a"}, Arguments{"export", "a"},
+                                     Arguments{"stats", "--format", "csv", "a"}, Arguments{"show", "stats"}}) {
+    const auto request = Parse(arguments);
+    if (arguments == Arguments{"show", "stats"}) continue; // a file may be called so
+    ASSERT_TRUE(std::holds_alternative<UsageError>(request));
+    EXPECT_NE(std::get<UsageError>(request).Text.find("; see portico-log --help"), std::string::npos);
+  }
+}
+
+TEST(ToolOptionsTest, HelpsAndTellsItsVersion) {
+  EXPECT_NE(std::get<HelpText>(Parse({"--help"})).Text.find("export"), std::string::npos);
+  EXPECT_EQ(std::get<HelpText>(Parse({"--version"})).Text, "portico-log 1.0.5\n");
+}
+
+} // namespace
+} // namespace portico::logtool

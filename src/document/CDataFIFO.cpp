@@ -131,16 +131,15 @@ Value CDataFIFO::Item(const Ref<IPosition>& Index) const try {
   PassOn(u"CDataFIFO.IIteratableObject_Item(Index)", {Index});
 }
 
+// The two ends can be asked for before `Initialize`: an iterator attaches to such a container, and fails when it begins.
 Ref<IPosition> CDataFIFO::StartOfObject() const try {
-  CheckAccess();
-  if (m_entities->Count() == 0) return CreatePosition();
+  if (!m_entities || m_entities->Count() == 0) return CreatePosition();
   return m_entities->Item(1)->Position();
 } catch (...) {
   PassOn(u"CDataFIFO.IIteratableObject_StartOfObject()");
 }
 
 Ref<IPosition> CDataFIFO::EndOfObject() const try {
-  CheckAccess();
   return CreatePosition();
 } catch (...) {
   PassOn(u"CDataFIFO.IIteratableObject_EndOfObject()");

@@ -14,7 +14,6 @@ namespace {
 constexpr std::string_view CDataStart = "<![CDATA[";
 constexpr std::string_view CDataEnd = "]]>";
 
-
 /// What XML 1.0 calls a character, unpaired surrogates aside.
 bool IsXmlUnit(char16_t unit) {
   if (unit < 0x20) return unit == u'\t' || unit == u'\n' || unit == u'\r';

@@ -1,24 +1,10 @@
 #pragma once
 
-#include "framework/SumTree.h"
+#include "framework/Chunks.h"
 
 #include <concepts>
-#include <cstddef>
-#include <cstdint>
-#include <memory>
-#include <utility>
-#include <vector>
 
 namespace portico {
-
-/// Items of a sequence that stand together, with their lengths.
-template <class T>
-struct Chunk final : SumTree::Node {
-  static constexpr std::size_t Capacity = 128;
-
-  std::vector<T> Items;
-  std::vector<std::int64_t> Lengths;
-};
 
 /// An ordered sequence whose items have lengths, found by position or by the sum of the lengths in front of them.
 /// Positions count from 0. Every operation costs the logarithm of the count, or less.
@@ -34,28 +20,28 @@ public:
   void Clear() { m_chunks.Clear(); }
 
   T& operator[](std::size_t at) {
-    const Place place = Locate(at);
+    const Place place = m_chunks.Locate(at);
     return place.Home->Items[place.Offset];
   }
   const T& operator[](std::size_t at) const {
-    const Place place = Locate(at);
+    const Place place = m_chunks.Locate(at);
     return place.Home->Items[place.Offset];
   }
   std::int64_t LengthAt(std::size_t at) const {
-    const Place place = Locate(at);
+    const Place place = m_chunks.Locate(at);
     return place.Home->Lengths[place.Offset];
   }
 
   void SetLength(std::size_t at, std::int64_t length) {
-    const Place place = Locate(at);
+    const Place place = m_chunks.Locate(at);
     std::int64_t& held = place.Home->Lengths[place.Offset];
     m_chunks.Add(*place.Home, 0, length - std::exchange(held, length));
   }
 
   /// `at` is at most `Count()`.
   void Insert(std::size_t at, T item, std::int64_t length) {
-    const Place place = MakeRoom(at);
-    SettleIn(item, place.Home);
+    const Place place = m_chunks.MakeRoom(at);
+    Chunks<T>::SettleIn(item, place.Home);
     const auto offset = static_cast<std::ptrdiff_t>(place.Offset);
     place.Home->Items.insert(place.Home->Items.begin() + offset, std::move(item));
     place.Home->Lengths.insert(place.Home->Lengths.begin() + offset, length);
@@ -63,25 +49,21 @@ public:
   }
 
   T Remove(std::size_t at) {
-    const Place place = Locate(at);
+    const Place place = m_chunks.Locate(at);
     Chunk<T>& chunk = *place.Home;
     T item = std::move(chunk.Items[place.Offset]);
     const auto offset = static_cast<std::ptrdiff_t>(place.Offset);
     m_chunks.Add(chunk, -1, -chunk.Lengths[place.Offset]);
     chunk.Items.erase(chunk.Items.begin() + offset);
     chunk.Lengths.erase(chunk.Lengths.begin() + offset);
-    if (chunk.Items.empty()) {
-      m_chunks.Erase(chunk);
-    } else if (chunk.Items.size() < Chunk<T>::Capacity / 4) {
-      Join(chunk);
-    }
+    m_chunks.Tidy(chunk);
     return item;
   }
 
   /// The lengths of all items in front of a position, which is at most `Count()`.
   std::int64_t SumBefore(std::size_t at) const {
     if (at == Count()) return Total();
-    const Place place = Locate(at);
+    const Place place = m_chunks.Locate(at);
     std::int64_t sum = m_chunks.SumBefore(Measure::Length, *place.Home);
     for (std::size_t i = 0; i < place.Offset; ++i) sum += place.Home->Lengths[i];
     return sum;
@@ -90,7 +72,7 @@ public:
   /// The first item at which the running total exceeds `sum`, which is not negative; `Count()` if there is none.
   std::size_t FindSum(std::int64_t sum) const {
     if (sum >= Total()) return Count();
-    const auto* home = static_cast<const Chunk<T>*>(m_chunks.Find(Measure::Length, sum));
+    const Chunk<T>* home = m_chunks.Find(Measure::Length, sum);
     std::size_t at = FirstOf(*home);
     for (const std::int64_t length : home->Lengths) {
       if (length > sum) break;
@@ -113,71 +95,13 @@ public:
 
 private:
   using Measure = SumTree::Measure;
-
-  struct Place {
-    Chunk<T>* Home;
-    std::size_t Offset;
-  };
-
-  static void SettleIn(T& item, Chunk<T>* chunk) {
-    if constexpr (requires { SetHome(item, chunk); }) SetHome(item, chunk);
-  }
-
-  Place Locate(std::size_t at) const {
-    auto rest = static_cast<std::int64_t>(at);
-    auto* home = static_cast<Chunk<T>*>(m_chunks.Find(Measure::Count, rest));
-    return {home, static_cast<std::size_t>(rest)};
-  }
+  using Place = typename Chunks<T>::Place;
 
   std::size_t FirstOf(const Chunk<T>& chunk) const {
     return static_cast<std::size_t>(m_chunks.SumBefore(Measure::Count, chunk));
   }
 
-  Place MakeRoom(std::size_t at) {
-    if (at == Count()) {
-      auto* last = static_cast<Chunk<T>*>(m_chunks.Last());
-      if (last == nullptr || last->Items.size() == Chunk<T>::Capacity) last = NewBehind(last);
-      return {last, last->Items.size()};
-    }
-    const Place place = Locate(at);
-    if (place.Home->Items.size() < Chunk<T>::Capacity) return place;
-    constexpr std::size_t half = Chunk<T>::Capacity / 2;
-    Chunk<T>* tail = NewBehind(place.Home);
-    MoveTail(*place.Home, half, *tail);
-    return place.Offset < half ? place : Place{tail, place.Offset - half};
-  }
-
-  Chunk<T>* NewBehind(const Chunk<T>* previous) {
-    auto chunk = std::make_unique<Chunk<T>>();
-    Chunk<T>* made = chunk.get();
-    m_chunks.InsertBehind(previous, std::move(chunk));
-    return made;
-  }
-
-  /// Takes in the next chunk if the two fill no more than half of one.
-  void Join(Chunk<T>& chunk) {
-    auto* next = static_cast<Chunk<T>*>(SumTree::Neighbour(chunk));
-    if (next == nullptr || chunk.Items.size() + next->Items.size() > Chunk<T>::Capacity / 2) return;
-    MoveTail(*next, 0, chunk);
-    m_chunks.Erase(*next);
-  }
-
-  void MoveTail(Chunk<T>& from, std::size_t first, Chunk<T>& to) {
-    std::int64_t length = 0;
-    for (std::size_t i = first; i < from.Items.size(); ++i) {
-      SettleIn(from.Items[i], &to);
-      to.Items.push_back(std::move(from.Items[i]));
-      to.Lengths.push_back(from.Lengths[i]);
-      length += from.Lengths[i];
-    }
-    const auto count = static_cast<std::int64_t>(from.Items.size() - first);
-    from.Items.erase(from.Items.begin() + static_cast<std::ptrdiff_t>(first), from.Items.end());
-    from.Lengths.resize(first);
-    m_chunks.Add(from, -count, -length);
-    m_chunks.Add(to, count, length);
-  }
-
-  SumTree m_chunks; // its leaves are chunks
+  Chunks<T> m_chunks;
 };
 
 } // namespace portico

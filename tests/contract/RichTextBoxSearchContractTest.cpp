@@ -113,17 +113,22 @@ TEST_P(RichTextSearchContract, SpanExtendsTheEndOverTheSet) {
   EXPECT_EQ(Spanned(0, 0, u""), u"");
 }
 
-TEST_P(RichTextSearchContract, SpanPassesLineEndsOverWhole) {
+TEST_P(RichTextSearchContract, SpanPassesALineEndIfTheSetHasBothItsUnits) {
   Load(u"ab\r\n\r\ncd\r\n");
-  EXPECT_EQ(Spanned(0, 2, u"\n"), u"ab\r\n\r\n");
-  EXPECT_EQ(Spanned(0, 2, u"\r"), u"ab\r\n\r\n");
-  EXPECT_EQ(Spanned(0, 4, u"\n"), u"ab\r\n\r\n");
-  EXPECT_EQ(Spanned(0, 6, u"\n"), u"ab\r\n\r\n");
-  EXPECT_EQ(Spanned(2, 0, u"\n"), u"\r\n\r\n");
-  EXPECT_EQ(Spanned(0, 1, u"\n"), u"a");
-  EXPECT_EQ(Spanned(0, 1, u"b\n"), u"ab\r\n\r\n");
-  EXPECT_EQ(Spanned(6, 2, u"\n"), u"cd\r\n");
+  EXPECT_EQ(Spanned(0, 2, u"\r\n"), u"ab\r\n\r\n");
+  EXPECT_EQ(Spanned(2, 0, u"\n\r"), u"\r\n\r\n");
+  EXPECT_EQ(Spanned(0, 1, u"\r\nb"), u"ab\r\n\r\n");
+  EXPECT_EQ(Spanned(6, 2, u"\r\n"), u"cd\r\n");
   EXPECT_EQ(Spanned(0, 2, u"x"), u"ab");
+}
+
+TEST_P(RichTextSearchContract, SpanStopsAtALineEndThatTheSetHasHalfOf) {
+  Load(u"ab\r\n\r\ncd\r\n");
+  EXPECT_EQ(Spanned(0, 2, u"\n"), u"ab");
+  EXPECT_EQ(Spanned(0, 4, u"\n"), u"ab\r\n");
+  EXPECT_EQ(Spanned(2, 0, u"\n"), u"");
+  EXPECT_EQ(Spanned(0, 2, u"\r"), u"ab");
+  EXPECT_EQ(Spanned(0, 1, u"b\n"), u"ab");
 }
 
 TEST_P(RichTextSearchContract, SpanAtTheEndOfTheTextLeavesTheSelection) {

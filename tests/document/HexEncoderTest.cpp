@@ -41,7 +41,8 @@ TEST_F(HexEncoderTest, RefusesOtherCharacters) {
 
 TEST_F(HexEncoderTest, RefusesEveryCharacterThatIsNoDigit) {
   for (char16_t unit = 0; unit < 0x200; ++unit) {
-    const bool digit = (unit >= u'0' && unit <= u'9') || (unit >= u'A' && unit <= u'F') || (unit >= u'a' && unit <= u'f');
+    const bool digit =
+        (unit >= u'0' && unit <= u'9') || (unit >= u'A' && unit <= u'F') || (unit >= u'a' && unit <= u'f');
     for (const String& text : {String{unit, u'0'}, String{u'0', unit}}) {
       if (digit) {
         EXPECT_EQ(Encoder.Decode(text).size(), 1U) << static_cast<int>(unit);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/CXMLDataStore.h"
 #include "DocumentTest.h"
+#include "document/CXMLDataStore.h"
 #include "support/MemoryLogDisk.h"
 
 #include <memory>

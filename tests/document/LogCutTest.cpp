@@ -98,14 +98,15 @@ const std::string kClosed = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<SCPICo
 
 INSTANTIATE_TEST_SUITE_P(
     , LogCutTest,
-    testing::Values(Course{"Fresh", "", {"make", "open", "1", "2", "close"}},
-                    Course{"TwoSessions", "", {"make", "open", "1", "close", "open", "2", "close"}},
-                    Course{"OnAClosedLog", kClosed, {"make", "open", "1", "close"}},
-                    Course{"OnALogInOneLine", LogOf("<Session><X Timestamp=\"x\">7800</X></Session>"),
-                        {"make", "open", "1", "close"}},
-                    Course{"OnALogWithAnEpilogue", kClosed + "<!-- behind -->", {"make", "open", "1", "close"}},
-                    Course{"OnATornLog", kClosed.substr(0, kClosed.find("7800")) + "78", {"make", "open", "1", "close"}},
-                    Course{"OnALogCutInItsTags", kClosed.substr(0, kClosed.size() - 20), {"make", "open", "1", "close"}}),
+    testing::Values(
+        Course{"Fresh", "", {"make", "open", "1", "2", "close"}},
+        Course{"TwoSessions", "", {"make", "open", "1", "close", "open", "2", "close"}},
+        Course{"OnAClosedLog", kClosed, {"make", "open", "1", "close"}},
+        Course{
+            "OnALogInOneLine", LogOf("<Session><X Timestamp=\"x\">7800</X></Session>"), {"make", "open", "1", "close"}},
+        Course{"OnALogWithAnEpilogue", kClosed + "<!-- behind -->", {"make", "open", "1", "close"}},
+        Course{"OnATornLog", kClosed.substr(0, kClosed.find("7800")) + "78", {"make", "open", "1", "close"}},
+        Course{"OnALogCutInItsTags", kClosed.substr(0, kClosed.size() - 20), {"make", "open", "1", "close"}}),
     [](const testing::TestParamInfo<Course>& test) { return test.param.Name; });
 
 /// A full disk makes a save undo what it has written; that can be cut off, too.

@@ -69,10 +69,11 @@ TEST(LogReaderTest, BytesThatAreNotOfTheEncodingBreakIt) {
 }
 
 TEST(LogReaderTest, WhatIsNotXmlIsBroken) {
-  for (const std::string& text : {std::string(), std::string("no"), std::string("<a></b>"), std::string("<a/><b/>"),
-                                  std::string("<a>"), std::string(1000, '\0'), LogOf("<Session><X a=\"1\" a=\"2\"/></Session>"),
-                                  LogOf("<Session>&unknown;</Session>"), LogOf("</Session>"), LogOf("") + "x",
-                                  LogOf("") + "<!-- open", LogOf("<X></Y>") }) {
+  for (const std::string& text :
+       {std::string(), std::string("no"), std::string("<a></b>"), std::string("<a/><b/>"), std::string("<a>"),
+        std::string(1000, '\0'), LogOf("<Session><X a=\"1\" a=\"2\"/></Session>"),
+        LogOf("<Session>&unknown;</Session>"), LogOf("</Session>"), LogOf("") + "x", LogOf("") + "<!-- open",
+        LogOf("<X></Y>")}) {
     EXPECT_EQ(EndOf(text), End::Broken) << text;
   }
 }
@@ -142,9 +143,9 @@ TEST(LogReaderTest, WhatAVisitorThrowsReachesTheCaller) {
 }
 
 TEST(LogReaderTest, AnyStartOfALogBehindItsHeaderIsTorn) {
-  const std::string log =
-      LogText::Head() + LogText::SessionTag(u"t", u"u") + "\n<X a=\"\xC3\xA9\"><![CDATA[41]]></X>" +
-      LogText::SessionTag(u"t", u"u").insert(0, LogText::SessionEnd) + std::string(LogText::SessionAndRootEnd);
+  const std::string log = LogText::Head() + LogText::SessionTag(u"t", u"u") + "\n<X a=\"\xC3\xA9\"><![CDATA[41]]></X>" +
+                          LogText::SessionTag(u"t", u"u").insert(0, LogText::SessionEnd) +
+                          std::string(LogText::SessionAndRootEnd);
   for (std::size_t length = 0; length + 1 < log.size(); ++length) {
     const bool hasHeader = length >= LogText::Head().size();
     EXPECT_EQ(EndOf(log.substr(0, length)), hasHeader ? End::Torn : End::Broken) << length;
@@ -179,9 +180,9 @@ TEST(LogReaderTest, AHalfOverwrittenTagIsRecognised) {
 TEST(LogReaderTest, OtherDamageIsNotTakenForATornWrite) {
   const std::string sound = LogText::Head() + LogText::SessionTag(u"t", u"") + "\n<X><![CDATA[41]]></X>";
   const std::string end(LogText::SessionAndRootEnd);
-  EXPECT_EQ(EndOf(sound + "\n<Respons</Session>\n</SCPICommLog>\n"), End::Broken);      // too long
-  EXPECT_EQ(EndOf(sound + "\n<Responsession>\n</SCPIComm>\n"), End::Broken);            // another end
-  EXPECT_EQ(EndOf(sound + "\n&& Response>\n</SCPICommLog>\n"), End::Broken);            // no element's start
+  EXPECT_EQ(EndOf(sound + "\n<Respons</Session>\n</SCPICommLog>\n"), End::Broken); // too long
+  EXPECT_EQ(EndOf(sound + "\n<Responsession>\n</SCPIComm>\n"), End::Broken);       // another end
+  EXPECT_EQ(EndOf(sound + "\n&& Response>\n</SCPICommLog>\n"), End::Broken);       // no element's start
   EXPECT_EQ(EndOf(sound + end.substr(0, end.size() - 1) + "x"), End::Broken);
 }
 
@@ -222,9 +223,11 @@ TEST(LogReaderTest, SeveralTornCloseStampsAreAllPassed) {
 
 TEST(LogReaderTest, ASessionTagThatIsBrokenOtherwiseStaysBroken) {
   const std::string blanks(LogText::CloseStampRoom - 2, ' ');
-  EXPECT_EQ(EndOf(LogOf("<Session SessionOpenTimeStamp=\"t\" x " + blanks + "></Session>")), End::Broken); // one too many
+  EXPECT_EQ(EndOf(LogOf("<Session SessionOpenTimeStamp=\"t\" x " + blanks + "></Session>")),
+            End::Broken); // one too many
   EXPECT_EQ(EndOf(LogOf("<Session SessionOpenTimeStamp=\"t\" x" + blanks.substr(2) + "></Session>")), End::Broken);
-  EXPECT_EQ(EndOf(LogOf("<Session><Session SessionOpenTimeStamp=\"t\" x" + blanks + "></Session></Session>")), End::Broken);
+  EXPECT_EQ(EndOf(LogOf("<Session><Session SessionOpenTimeStamp=\"t\" x" + blanks + "></Session></Session>")),
+            End::Broken);
 }
 
 } // namespace

@@ -28,8 +28,7 @@ TEST_F(XMLDataStoreBadInputTest, AFileThatIsNotXml) {
                                   std::string("<!DOCTYPE SCPICommLog>") + LogOf("")}) {
     const auto error = Opening(text);
     ExpectError(error, 31037, u"The file, conversation.xml, is not a valid data store.");
-    ExpectTrail(error,
-                {u"CXMLDataStore.InititalizeDataStore(FileName, OverWrite)", u"CXMLDataStore.Initialize"});
+    ExpectTrail(error, {u"CXMLDataStore.InititalizeDataStore(FileName, OverWrite)", u"CXMLDataStore.Initialize"});
   }
 }
 
@@ -91,8 +90,9 @@ TEST_F(XMLDataStoreBadInputTest, AnEmptyStringPayloadIsNoData) {
 }
 
 TEST_F(XMLDataStoreBadInputTest, ElementsOfAnyTypeAreEntities) {
-  Disk->Put(kPath, LogOf("<Session><Unknown DataType=\"Other\" Timestamp=\"t\" DataFormat=\"Binary\" _p=\"q\">7800</Unknown>"
-                         "</Session>"));
+  Disk->Put(kPath,
+            LogOf("<Session><Unknown DataType=\"Other\" Timestamp=\"t\" DataFormat=\"Binary\" _p=\"q\">7800</Unknown>"
+                  "</Session>"));
   const auto entity = FirstRead(Store());
   EXPECT_EQ(entity->DataType(), u"Other");
   EXPECT_EQ(entity->DataAttribute(u"DataFormat"), u"Binary");

@@ -240,8 +240,9 @@ TEST_F(XMLDataStoreFileTest, AnyFormOfALogIsExtended) {
       "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + LogOf("<Session n=\"\xE9\"><X>7800</X></Session>");
   for (const std::string& log :
        {LogOf(""), LogOf("<Session/>"), LogOf("<Session></Session>\n\n") + "\n\n", LogOf("<!-- last -->"),
-        LogOf("stray"), LogOf("<![CDATA[stray]]>"), LogOf("<Session><X>7800</X></Session>") + "<!-- behind --><?and this?>",
-        latin, "\xEF\xBB\xBF" + LogOf("<Session/>"), "<?xml version=\"1.0\"?>\r\n" + LogOf("<Session a='1'/>\r\n"),
+        LogOf("stray"), LogOf("<![CDATA[stray]]>"),
+        LogOf("<Session><X>7800</X></Session>") + "<!-- behind --><?and this?>", latin,
+        "\xEF\xBB\xBF" + LogOf("<Session/>"), "<?xml version=\"1.0\"?>\r\n" + LogOf("<Session a='1'/>\r\n"),
         LogOf("<Other>&lt;<!-- x --></Other>")}) {
     Disk->Put(kPath, log);
     auto expected = Tell(log);
@@ -261,8 +262,9 @@ TEST_F(XMLDataStoreFileTest, AnyFormOfALogIsExtended) {
 }
 
 TEST_F(XMLDataStoreFileTest, AnotherEncodingIsRewrittenFaithfully) {
-  std::string log = LogOf("<!-- c --><?p q?><Session a=\"&lt;&quot;&#9;&#13;\"><X b=\"\xC3\xA9\"><![CDATA[<&]]>&amp;&#13;"
-                          "<Y/><Z></Z></X></Session>");
+  std::string log =
+      LogOf("<!-- c --><?p q?><Session a=\"&lt;&quot;&#9;&#13;\"><X b=\"\xC3\xA9\"><![CDATA[<&]]>&amp;&#13;"
+            "<Y/><Z></Z></X></Session>");
   std::string wide = "\xFE\xFF";
   for (const char16_t unit : FromUtf8(log).Text) {
     wide.push_back(static_cast<char>(unit >> 8));
@@ -296,8 +298,7 @@ TEST_F(XMLDataStoreFileTest, ATornCloseStampIsBlankedWhenItsLogIsExtended) {
   Disk->Put(kPath, start + torn + rest + std::string(LogText::RootEnd));
   const auto store = Store();
   store->OpenSession();
-  EXPECT_EQ(Bytes().substr(0, Bytes().rfind("\n<Session ")),
-            start + std::string(LogText::CloseStampRoom, ' ') + rest);
+  EXPECT_EQ(Bytes().substr(0, Bytes().rfind("\n<Session ")), start + std::string(LogText::CloseStampRoom, ' ') + rest);
 }
 
 TEST_F(XMLDataStoreFileTest, ASkeletonThatCannotBeWrittenIsAnError) {

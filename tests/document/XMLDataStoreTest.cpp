@@ -36,8 +36,7 @@ TEST_F(ExampleTest, HasTheValuesAndPayloadsOfTheExample) {
       "session SessionOpenTimeStamp=2004-11-01T16:42:09.000000001-5:00 "
       "SessionCloseTimeStamp=2004-11-01T16:42:15.000000000-5:00",
       "Instruction DataType=Instruction Timestamp=2004-11-01T16:42:11.000000000-5:00 2A00490044004E003F000D000A00",
-      "Response DataType=Response Timestamp=2004-11-01T16:42:11.000000001-5:00 6F006B000D000A00",
-      "end"};
+      "Response DataType=Response Timestamp=2004-11-01T16:42:11.000000001-5:00 6F006B000D000A00", "end"};
   EXPECT_EQ(Tell(Bytes()), expected);
 }
 
@@ -106,8 +105,8 @@ TEST_F(XMLDataStoreTest, SeveralSessionsStandInOrderOfOpening) {
     store->CloseSession();
   }
   const auto lines = Tell(Bytes());
-  EXPECT_EQ(std::count_if(lines.begin(), lines.end(), [](const std::string& line) { return line.find("session ") == 0; }),
-            3);
+  EXPECT_EQ(
+      std::count_if(lines.begin(), lines.end(), [](const std::string& line) { return line.find("session ") == 0; }), 3);
   EXPECT_EQ(Read(store), (std::vector<std::string>{"a", "b", "c"}));
 }
 
@@ -144,8 +143,8 @@ TEST_F(XMLDataStoreTest, NothingWorksBeforeInitialize) {
               u"Property cannot be accessed before Initialize().");
   const auto error = Raised([&] { store->FillDataContainerFromStore(); });
   ExpectError(error, Hex(0x80041460), u"Property cannot be accessed before Initialize().");
-  ExpectTrail(error, {u"CXMLDataStore.FillDataFIFOFromStore()",
-                      u"CXMLDataStore.IDataStore_FillDataContainerFromStore()"});
+  ExpectTrail(error,
+              {u"CXMLDataStore.FillDataFIFOFromStore()", u"CXMLDataStore.IDataStore_FillDataContainerFromStore()"});
   EXPECT_EQ(Raised([&] { store->OpenSession(); }).Number, 91);
   ExpectError(Raised([&] { store->CloseSession(); }), 17, u"No session is currently open.");
 }
@@ -163,8 +162,7 @@ TEST_F(XMLDataStoreTest, NothingIsNoEntity) {
   const auto error = Raised([&] { store->AppendDataEntityToStore({}); });
   ExpectError(error, 5, u"Data entity cannot be nothing.");
   ExpectTrail(error, {u"CXMLDataStore.DataEntityToElement(DataEntity)",
-                      u"CXMLDataStore.AppendEntityElement(DataEntity)",
-                      u"CXMLDataStore.AppendDataEntity(DataEntity)",
+                      u"CXMLDataStore.AppendEntityElement(DataEntity)", u"CXMLDataStore.AppendDataEntity(DataEntity)",
                       u"CXMLDataStore.IDataStore_AppendDataEntityToStore(DataEntity)"});
 }
 
@@ -296,9 +294,9 @@ TEST_F(XMLDataStoreTest, AnEntityWithoutDataIsWrittenAndFailsTheReading) {
   EXPECT_EQ(Tell(Bytes()).size(), 5U);
   const auto error = Raised([&] { store->FillDataContainerFromStore(); });
   ExpectError(error, 9, u"Subscript out of range.");
-  ExpectTrail(error, {u"CHexEncoder.Decode(HexString)", u"CXMLDataStore.ElementToDataEntity(Element)",
-                      u"CXMLDataStore.FillDataFIFOFromStore()",
-                      u"CXMLDataStore.IDataStore_FillDataContainerFromStore()"});
+  ExpectTrail(error,
+              {u"CHexEncoder.Decode(HexString)", u"CXMLDataStore.ElementToDataEntity(Element)",
+               u"CXMLDataStore.FillDataFIFOFromStore()", u"CXMLDataStore.IDataStore_FillDataContainerFromStore()"});
 }
 
 TEST_F(XMLDataStoreTest, TheCreatorMakesAStoreWhereThereIsAParser) {
@@ -331,8 +329,7 @@ TEST_F(NullDataStoreTest, DoesNothingAndChecksNothing) {
 TEST_F(NullDataStoreTest, ItsContainerIsNotInitialized) {
   const auto iterator = Iterator(u"IterateAll");
   iterator->Attach(New<CNullDataStore>()->FillDataContainerFromStore());
-  ExpectError(Raised([&] { iterator->FirstItem(); }), Hex(0x80041460),
-              u"Method cannot be called before Initialize().");
+  ExpectError(Raised([&] { iterator->FirstItem(); }), Hex(0x80041460), u"Method cannot be called before Initialize().");
 }
 
 } // namespace

@@ -111,10 +111,8 @@ public:
   void Span(StringView set) {
     const std::size_t to = To();
     std::size_t end = to;
-    while (end < Last() &&
-           (m_slots[end].IsEnd() ? set.find_first_of(u"\r\n") : set.find(m_slots[end].Unit)) != StringView::npos) {
-      ++end;
-    }
+    const auto has = [&](char16_t unit) { return set.find(unit) != StringView::npos; };
+    while (end < Last() && (m_slots[end].IsEnd() ? has(u'\r') && has(u'\n') : has(m_slots[end].Unit))) ++end;
     if (end > to) Select(Start, PositionOf(end) - Start);
   }
   std::int32_t LineOf(std::int32_t position) const {

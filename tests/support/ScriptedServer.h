@@ -45,7 +45,7 @@ public:
 
   /// Waits until the received bytes end in `bytes`.
   void WaitForReceived(const std::string& bytes) const;
-  /// Waits until no client is connected any more.
+  /// Waits until a client has come and none is connected any more: a quick client can be gone before it is accepted.
   void WaitForNoClient() const;
 
   /// Sends to the client that connected last, asked or not.

@@ -113,7 +113,7 @@ void ScriptedServer::WaitForReceived(const std::string& bytes) const {
 
 void ScriptedServer::WaitForNoClient() const {
   std::unique_lock lock(m_mutex);
-  m_changed.wait(lock, [&] { return m_clients.empty(); });
+  m_changed.wait(lock, [&] { return m_connections > 0 && m_clients.empty(); });
 }
 
 void ScriptedServer::Send(const std::string& bytes) {
@@ -131,7 +131,8 @@ void ScriptedServer::DropClients() {
     for (Client& client : m_clients) client.closing = true;
   }
   Wake();
-  WaitForNoClient();
+  std::unique_lock lock(m_mutex);
+  m_changed.wait(lock, [&] { return m_clients.empty(); });
 }
 
 void ScriptedServer::StopListening() {

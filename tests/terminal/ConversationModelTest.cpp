@@ -20,12 +20,14 @@ using Texts = std::vector<std::string>;
 /// The driver of the sample instrument. It writes down what it is called with.
 class SampleDriver final : public IInstrumentDriver {
 public:
+  static constexpr std::int32_t Session = 5;
+
   Texts Calls;
   std::function<long()> Milliseconds = [] { return 0; };
 
   std::int32_t TVSCPI_init(const std::string& name, std::int32_t idQuery, std::int32_t reset,
                            std::int32_t& session) override {
-    session = 5;
+    session = Session;
     return Record("init(" + name + ", " + std::to_string(idQuery) + ", " + std::to_string(reset) + ")");
   }
   std::int32_t TVSCPI_close(std::int32_t session) override { return Record("close(" + std::to_string(session) + ")"); }
@@ -99,17 +101,17 @@ const Setting kSettings[] = {
      u"SCPI",
      {{u"SCPIProtocolOPCPacing", u"Off"}},
      Only([](ModelOptions& o) { o.OPCPacing = false; }),
-     2'000},
+     1'000},
     {"NoErrorChecking",
      u"SCPI",
      {{u"SCPIProtocolAutoErrorChecking", u"Off"}},
      Only([](ModelOptions& o) { o.ErrorChecking = false; }),
-     2'000},
+     1'000},
     {"NoAutoRead",
      u"SCPI",
      {{u"SCPIProtocolAutoReadAfterQuery", u"Off"}},
      Only([](ModelOptions& o) { o.AutoRead = false; }),
-     2'000},
+     1'000},
     {"OwnErrorQueryAndInterval",
      u"SCPI",
      {{u"SCPIProtocolErrorCheckingCommand", u"*opc?;:STAT:QUE?"},
@@ -119,8 +121,8 @@ const Setting kSettings[] = {
        o.ErrorCheckingCommand = "*opc?;:STAT:QUE?";
        o.PacingInterval = 250;
      }),
-     2'000},
-    {"OtherProtocol", u"Other", {}, OtherProtocol(), 2'000},
+     1'000},
+    {"OtherProtocol", u"Other", {}, OtherProtocol(), 1'000},
 };
 
 /// Tells where two lists part, and nothing about the rest of them.
@@ -285,6 +287,35 @@ TEST_P(ConversationModelTest, WindowShowsAndLogsWhatTheModelSays) {
   EXPECT_FALSE(Window->StopRequested());
   EXPECT_EQ(gConfiguration->ItemValue(u"CurrentInstruction"), u"");
   Window->Unload();
+}
+
+TEST_P(ConversationModelTest, RunPrintsSendsAndLogsWhatTheModelSays) {
+  const Texts lines = test::MixedLines(2026).Make(300);
+  ModelOptions model = GetParam().Model;
+  model.Session = SampleDriver::Session;
+  const Conversation expected = test::ModelConversation(lines, model, 0);
+  Options.Protocol = GetParam().Protocol;
+  Options.Options = GetParam().Options;
+  Options.LogFile = LogPath.u16string();
+
+  EXPECT_EQ(Run(Decoded(lines)), 4); // some of the lines find the instrument lost
+
+  ASSERT_GT(Sample->Calls.size(), 3U);
+  const std::string termination = GetParam().Protocol == u"Other" ? "10" : "0";
+  EXPECT_EQ(Sample->Calls.at(0), "0 init(the instrument, 0, 0)");
+  EXPECT_EQ(Sample->Calls.at(1), "0 set(5, 0, 1150007, " + termination + ")");
+  const auto time = Sample->Calls.back().find(' ');
+  EXPECT_EQ(Sample->Calls.back().substr(time + 1), "close(5)");
+  ExpectSame(expected.Calls, {Sample->Calls.begin() + 2, Sample->Calls.end() - 1});
+  ExpectSame(LinesOf(expected.Printed, "\n"), LinesOf(ToCodePage(FromUtf8(Out.str()).Text), "\n"));
+  const auto withoutStamp = [](std::string told) { return told.erase(told.find(" Timestamp="), 11 + Stamp(0).size()); };
+  Texts logged = Told(OpenStore()->FillDataContainerFromStore());
+  std::transform(logged.begin(), logged.end(), logged.begin(), withoutStamp);
+  Texts log = Told(expected.Log);
+  std::transform(log.begin(), log.end(), log.begin(), withoutStamp);
+  ExpectSame(log, logged);
+  EXPECT_EQ(Past->Text(), u"");
+  EXPECT_EQ(Future->Text(), u"");
 }
 
 INSTANTIATE_TEST_SUITE_P(, ConversationModelTest, ::testing::ValuesIn(kSettings),

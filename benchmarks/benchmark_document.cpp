@@ -1,0 +1,249 @@
+// What a long conversation costs: times at a thousand and at a million entities, and the memory of one.
+
+#include "document/CDataEntity.h"
+#include "document/CDataFIFO.h"
+#include "document/CMockTimeStampServer.h"
+#include "document/CSelectionIterator.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <new>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::size_t allocated = 0; // bytes that were asked for and not given back
+std::size_t blocks = 0;    // as many as they came in
+
+} // namespace
+
+// Every block carries its size in front of it.
+void* operator new(std::size_t size) {
+  auto* block = static_cast<std::size_t*>(std::malloc(size + 16));
+  if (block == nullptr) throw std::bad_alloc();
+  *block = size;
+  allocated += size;
+  ++blocks;
+  return block + 2;
+}
+void operator delete(void* memory) noexcept {
+  if (memory == nullptr) return;
+  std::size_t* block = static_cast<std::size_t*>(memory) - 2;
+  allocated -= *block;
+  --blocks;
+  std::free(block);
+}
+void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }
+
+namespace portico {
+namespace {
+
+constexpr std::size_t Small = 1000;
+constexpr std::size_t Large = 1000000;
+constexpr std::size_t Batch = 1000;
+
+Ref<IDataEntity> MakeEntity() {
+  static const ByteArray data = ToBytes(u"+1.23456789E+00,+2.34567890E-3\r\n"); // 30 characters and a line end
+  auto entity = New<CDataEntity>();
+  entity->Initialize(data, u"Response", {});
+  return entity;
+}
+
+std::vector<Ref<IDataEntity>> MakeEntities(std::size_t count) {
+  std::vector<Ref<IDataEntity>> entities;
+  for (std::size_t i = 0; i < count; ++i) entities.push_back(MakeEntity());
+  return entities;
+}
+
+/// A FIFO of so many entities, with a handler for each of its events, as a view has.
+struct Document {
+  explicit Document(std::size_t count) {
+    FIFO->Initialize(0);
+    const auto handler = [this](const Ref<IDataEntity>&, std::int64_t index) { Sum += index; };
+    FIFO->OnAdd.Connect(handler);
+    FIFO->OnRemove.Connect(handler);
+    for (std::size_t i = 0; i < count; ++i) FIFO->Enqueue(MakeEntity());
+    Collect();
+  }
+  void Collect() {
+    Positions.clear();
+    const auto end = FIFO->EndOfObject();
+    for (auto at = FIFO->StartOfObject(); FIFO->ComparePositions(at, end) == 1; at = FIFO->NextPosition(at)) {
+      Positions.push_back(at);
+    }
+  }
+  const Ref<IPosition>& Some() { return Positions[Random() % Positions.size()]; }
+
+  Ref<CDataFIFO> FIFO = New<CDataFIFO>();
+  std::vector<Ref<IPosition>> Positions;
+  std::mt19937 Random{1};
+  std::int64_t Sum = 0;
+};
+
+double Nanoseconds(const std::function<void()>& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - start).count();
+}
+
+using Measure = std::function<double(Document&)>; // nanoseconds for one operation
+
+double Append(Document& document) {
+  const auto entities = MakeEntities(Batch);
+  const double time = Nanoseconds([&] {
+    for (const auto& entity : entities) document.FIFO->Enqueue(entity);
+  });
+  for (std::size_t i = 0; i < Batch; ++i) document.FIFO->Dequeue();
+  return time / Batch;
+}
+
+double MakeAndAppend(Document& document) {
+  const double time = Nanoseconds([&] {
+    for (std::size_t i = 0; i < Batch; ++i) document.FIFO->Enqueue(MakeEntity());
+  });
+  for (std::size_t i = 0; i < Batch; ++i) document.FIFO->Dequeue();
+  return time / Batch;
+}
+
+double RemoveFirst(Document& document) {
+  const std::size_t count = std::min<std::size_t>(Batch, Small / 2);
+  std::vector<Ref<IDataEntity>> removed;
+  const double time = Nanoseconds([&] {
+    for (std::size_t i = 0; i < count; ++i) removed.push_back(document.FIFO->Dequeue());
+  });
+  for (std::size_t i = 0; i < count; ++i) document.FIFO->Enqueue(MakeEntity());
+  return time / static_cast<double>(count);
+}
+
+double Iterate(Document& document) {
+  auto iterator = New<CSelectionIterator>();
+  iterator->Initialize(u"IterateAll");
+  iterator->Attach(document.FIFO);
+  std::size_t count = 0;
+  const double time = Nanoseconds([&] {
+    for (Value item = iterator->FirstItem(); !iterator->IsDone(); item = iterator->NextItem()) ++count;
+  });
+  return time / static_cast<double>(count);
+}
+
+double Compare(Document& document) {
+  return Nanoseconds([&] {
+           for (std::size_t i = 0; i < Batch; ++i) {
+             document.Sum += document.FIFO->ComparePositions(document.Some(), document.Some());
+           }
+         }) /
+         Batch;
+}
+
+double Next(Document& document) {
+  return Nanoseconds([&] {
+           for (std::size_t i = 0; i < Batch; ++i) document.FIFO->NextPosition(document.Some());
+         }) /
+         Batch;
+}
+
+/// One entity goes out of the middle and a copy of it comes in at another place.
+double ReplaceInTheMiddle(Document& document) {
+  auto iterator = New<CSelectionIterator>();
+  iterator->Initialize(u"IterateAll");
+  const auto source = New<CDataFIFO>();
+  source->Initialize(0);
+  source->Enqueue(MakeEntity());
+  constexpr std::size_t turns = 200;
+  std::vector<Ref<IPosition>> places;
+  const std::size_t stride = document.Positions.size() / turns;
+  for (std::size_t i = 0; i < turns; ++i) places.push_back(document.Positions[i * stride]);
+  std::shuffle(places.begin(), places.end(), document.Random);
+  const double time = Nanoseconds([&] {
+    for (const auto& place : places) {
+      const auto next = document.FIFO->NextPosition(place);
+      document.FIFO->SelectData(place, next);
+      iterator->Attach(source);
+      document.FIFO->MergeData(iterator);
+    }
+  });
+  document.Collect();
+  return time / turns;
+}
+
+double Median(const Measure& measure, Document& document, int rounds) {
+  std::vector<double> times;
+  for (int i = 0; i < rounds; ++i) times.push_back(measure(document));
+  std::nth_element(times.begin(), times.begin() + rounds / 2, times.end());
+  return times[static_cast<std::size_t>(rounds / 2)];
+}
+
+/// Its product is one entity, without the checks of the real one.
+class EntityFactory final : public IObjectFactory {
+public:
+  StringView ClassName() const override { return u"EntityFactory"; }
+  Ref<IObject> CreateObject(const Value&, const Params& Parameters) override { return m_creator->Create(Parameters); }
+  Ref<ICreator> GetCreator(const Value&) override { return m_creator; }
+  void Add(const Ref<ICreator>&) override {}
+  void Remove(const Ref<ICreator>&) override {}
+  void Substitue(const Ref<ICreator>&) override {}
+
+private:
+  Ref<ICreator> m_creator = MakeCreator(CtorDataEntity);
+};
+
+void PrintMemory() {
+  const std::size_t bytesBefore = allocated;
+  const std::size_t blocksBefore = blocks;
+  auto fifo = New<CDataFIFO>();
+  fifo->Initialize(0);
+  for (std::size_t i = 0; i < Large; ++i) fifo->Enqueue(MakeEntity());
+  constexpr auto count = static_cast<double>(Large);
+  std::printf("memory of an entity of 64 bytes: %.0f bytes in %.2f blocks\n",
+              static_cast<double>(allocated - bytesBefore) / count, static_cast<double>(blocks - blocksBefore) / count);
+}
+
+void Run() {
+  gObjectFactory = New<EntityFactory>();
+  gTimeStamper = New<CMockTimeStampServer>();
+  PrintMemory();
+  struct Row {
+    const char* Name;
+    double Allowed;
+    int LargeRounds;
+    Measure Work;
+  };
+  const Row rows[] = {
+      {"append, with its event", 1.5, 101, Append},
+      {"make and append", 1.5, 101, MakeAndAppend},
+      {"remove at the front, with its event", 1.5, 101, RemoveFirst},
+      {"iterate in order", 1.5, 5, Iterate},
+      {"compare positions, at random", 4, 101, Compare},
+      {"next position, at random", 4, 101, Next},
+      {"replace in the middle", 4, 5, ReplaceInTheMiddle},
+  };
+  std::printf("%-38s %10s %10s %7s %9s\n", "operation, ns", "at 1e3", "at 1e6", "ratio", "allowed");
+  for (const Row& row : rows) {
+    double small = 0;
+    double large = 0;
+    {
+      Document document(Small);
+      small = Median(row.Work, document, 301);
+    }
+    {
+      Document document(Large);
+      large = Median(row.Work, document, row.LargeRounds);
+    }
+    std::printf("%-38s %10.0f %10.0f %7.2f %9.1f\n", row.Name, small, large, large / small, row.Allowed);
+  }
+  gTimeStamper = {};
+  gObjectFactory = {};
+}
+
+} // namespace
+} // namespace portico
+
+int main() {
+  portico::Run();
+  return 0;
+}

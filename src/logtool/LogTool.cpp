@@ -1,0 +1,136 @@
+#include "logtool/LogTool.h"
+
+#include "document/LogReader.h"
+#include "framework/Application.h"
+#include "logtool/Outputs.h"
+#include "logtool/ShowOutput.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+
+namespace portico::logtool {
+namespace {
+
+/// Thrown through a reading to end it, with the system's error number.
+struct OutputEnded {
+  int Number;
+};
+struct NoLog {
+  std::string Reason;
+};
+
+/// Hands a log on to an output, entity by entity.
+class Reading final : public ILogVisitor {
+public:
+  Reading(ILogOutput& output, const std::ostream& out) : m_output(output), m_out(out) {}
+
+  /// What could not be read or printed first, and how much more there was.
+  std::string Complaint() const {
+    if (m_complaints < 2) return m_first;
+    return m_first + " (and " + std::to_string(m_complaints - 1) + " more like it)";
+  }
+
+  void Header(const LogElement& header) override {
+    if (++m_headers > 1) throw NoLog{"it has more than one header"};
+    if (header.Attribute("ApplicationName") != ToUtf8(ApplicationTitle)) {
+      throw NoLog{"it is no log of " + ToUtf8(ApplicationTitle)};
+    }
+  }
+  void SessionOpened(const LogElement& session) override {
+    if (m_headers == 0) throw NoLog{"it has no header in front of its sessions"};
+    m_output.OpenSession(ReadSession(session));
+  }
+  void Entity(const LogElement& element) override {
+    const auto entry = ReadEntry(element);
+    if (const auto* complaint = std::get_if<std::string>(&entry)) {
+      Complain(*complaint);
+    } else {
+      Complain(m_output.Add(std::get<Entry>(entry)));
+    }
+    if (!m_out) throw OutputEnded{errno};
+  }
+  void SessionClosed() override { m_output.CloseSession(); }
+
+private:
+  void Complain(const std::string& text) {
+    if (text.empty()) return;
+    if (m_complaints++ == 0) m_first = text;
+  }
+
+  ILogOutput& m_output;
+  const std::ostream& m_out;
+  std::size_t m_headers = 0;
+  std::size_t m_complaints = 0;
+  std::string m_first;
+};
+
+LogReader::Source SourceOf(std::istream& in) {
+  return [&in](char* buffer, std::size_t size) {
+    return static_cast<std::size_t>(in.rdbuf()->sgetn(buffer, static_cast<std::streamsize>(size)));
+  };
+}
+
+std::string WhatIsWrong(const LogReading& reading) {
+  const std::string place = "line " + std::to_string(reading.Line) + ": " + reading.Reason;
+  if (reading.Ending == LogReading::End::Torn) return "its end is missing (" + place + ")";
+  if (reading.Ending == LogReading::End::Broken) return place;
+  if (!reading.IsLog || reading.Headers == 0) return "it is no log";
+  if (!reading.TornCloseStamps.empty()) return "a session's close stamp is damaged";
+  return {};
+}
+
+/// What is wrong with the log; empty if nothing is.
+std::string Read(std::istream& in, ILogOutput& output, const std::ostream& out) {
+  Reading visitor(output, out);
+  try {
+    const std::string fault = WhatIsWrong(LogReader::Read(SourceOf(in), visitor));
+    return fault.empty() ? visitor.Complaint() : fault;
+  } catch (const NoLog& fault) {
+    return fault.Reason;
+  } catch (const std::ios_base::failure&) {
+    return "it cannot be read";
+  }
+}
+
+std::string ReadFile(const std::string& name, ILogOutput& output, const Streams& streams) {
+  if (name == "-") return Read(streams.In, output, streams.Out);
+  std::error_code fault;
+  if (std::filesystem::is_directory(name, fault)) return "it is a directory";
+  std::ifstream file(name, std::ios::binary);
+  if (!file) return "it cannot be opened";
+  return Read(file, output, streams.Out);
+}
+
+} // namespace
+
+ExitStatus Run(const ToolOptions& options, const Streams& streams) {
+  auto status = ExitStatus::Success;
+  int outputFault = 0;
+  const auto output = MakeOutput(options, streams.Out);
+  try {
+    for (const std::string& name : options.Files) {
+      output->BeginFile(name);
+      const std::string fault = ReadFile(name, *output, streams);
+      output->EndFile();
+      if (fault.empty()) continue;
+      streams.Out.flush();
+      streams.Err << Diagnostic((name == "-" ? "standard input" : name) + ": " + fault) << std::endl;
+      status = ExitStatus::Damaged;
+    }
+    output->End();
+    if (!streams.Out.flush()) outputFault = errno;
+  } catch (const OutputEnded& ended) {
+    outputFault = ended.Number;
+  }
+  if (!streams.Out) {
+    if (outputFault == EPIPE) return status; // whoever reads has seen enough
+    streams.Err << Diagnostic("the output cannot be written") << std::endl;
+    status = ExitStatus::Damaged;
+  }
+  return status;
+}
+
+std::string Diagnostic(const std::string& text) { return "portico-log: " + Printable(FromUtf8(text).Text); }
+
+} // namespace portico::logtool

@@ -1,0 +1,27 @@
+#include "logtool/Outputs.h"
+
+#include "logtool/CommandOutput.h"
+#include "logtool/CsvOutput.h"
+#include "logtool/JsonOutput.h"
+#include "logtool/ShowOutput.h"
+#include "logtool/StatisticsOutput.h"
+
+namespace portico::logtool {
+
+std::unique_ptr<ILogOutput> MakeOutput(const ToolOptions& options, std::ostream& out) {
+  switch (options.Wanted) {
+  case Output::Csv:
+    return std::make_unique<CsvOutput>(out);
+  case Output::Json:
+    return std::make_unique<JsonOutput>(out);
+  case Output::Commands:
+    return std::make_unique<CommandOutput>(out);
+  case Output::Statistics:
+    return std::make_unique<StatisticsOutput>(out);
+  case Output::Show:
+    break;
+  }
+  return std::make_unique<ShowOutput>(out, options.Files.size() > 1);
+}
+
+} // namespace portico::logtool

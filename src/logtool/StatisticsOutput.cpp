@@ -1,0 +1,120 @@
+#include "logtool/StatisticsOutput.h"
+
+#include "logtool/ShowOutput.h"
+
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <iomanip>
+
+namespace portico::logtool {
+
+std::optional<std::int64_t> SecondsOf(std::string_view stamp) {
+  constexpr std::string_view form = "dddd-dd-ddTdd:dd:dd";
+  if (stamp.size() < form.size()) return {};
+  std::array<int, 6> fields{};
+  std::size_t field = 0;
+  for (std::size_t i = 0; i < form.size(); ++i) {
+    if (form[i] != 'd') {
+      if (stamp[i] != form[i]) return {};
+      ++field;
+    } else {
+      if (stamp[i] < '0' || stamp[i] > '9') return {};
+      fields[field] = fields[field] * 10 + (stamp[i] - '0');
+    }
+  }
+  const std::chrono::year_month_day date{std::chrono::year{fields[0]},
+                                         std::chrono::month{static_cast<unsigned>(fields[1])},
+                                         std::chrono::day{static_cast<unsigned>(fields[2])}};
+  if (!date.ok()) return {};
+  const std::int64_t days = std::chrono::sys_days(date).time_since_epoch().count();
+  return ((days * 24 + fields[3]) * 60 + fields[4]) * 60 + fields[5];
+}
+
+bool ReportsError(StringView answer) {
+  answer = TrimLeft(answer);
+  if (!answer.empty() && (answer.front() == u'+' || answer.front() == u'-')) answer.remove_prefix(1);
+  const auto digits = answer.substr(0, answer.find_first_not_of(u"0123456789"));
+  return digits.find_first_not_of(u'0') != StringView::npos;
+}
+
+void StatisticsOutput::Counts::Add(const Counts& more) {
+  Sessions += more.Sessions;
+  NotClosed += more.NotClosed;
+  Instructions += more.Instructions;
+  Automatic += more.Automatic;
+  Responses += more.Responses;
+  Others += more.Others;
+  Errors += more.Errors;
+  Seconds += more.Seconds;
+}
+
+void StatisticsOutput::BeginFile(const std::string& name) {
+  m_name = name;
+  m_file = {};
+  ++m_files;
+}
+
+void StatisticsOutput::OpenSession(const Session& session) {
+  ++m_file.Sessions;
+  if (!session.CloseStamp) ++m_file.NotClosed;
+  m_inSession = true;
+  m_asksForError = false;
+  m_first = session.OpenStamp;
+  m_last = session.CloseStamp.value_or("");
+}
+
+std::string StatisticsOutput::Add(const Entry& entry) {
+  const bool answersErrorQuery = m_asksForError && entry.Kind == "Response";
+  m_asksForError = false;
+  if (entry.Kind == "Instruction") {
+    ++m_file.Instructions;
+  } else if (entry.Kind == "AutomaticInstruction") {
+    ++m_file.Automatic;
+    // The one other thing that is sent by itself is the pacing query.
+    m_asksForError = !EqualNoCase(Trim(WithoutLineEnd(entry.Text)), u"*OPC?");
+  } else if (entry.Kind == "Response") {
+    ++m_file.Responses;
+    if (answersErrorQuery && ReportsError(entry.Text)) ++m_file.Errors;
+  } else {
+    ++m_file.Others;
+  }
+  if (!SecondsOf(m_last) || SecondsOf(m_last) < SecondsOf(entry.Stamp)) m_last = entry.Stamp;
+  return {};
+}
+
+void StatisticsOutput::EndSession() {
+  const auto first = SecondsOf(m_first);
+  const auto last = SecondsOf(m_last);
+  if (m_inSession && first && last && *last > *first) m_file.Seconds += *last - *first;
+  m_inSession = false;
+}
+
+void StatisticsOutput::EndFile() {
+  EndSession();
+  Print(Printable(FromUtf8(m_name).Text), m_file);
+  m_all.Add(m_file);
+}
+
+void StatisticsOutput::End() {
+  if (m_files > 1) Print("all files", m_all);
+}
+
+void StatisticsOutput::Print(const std::string& name, const Counts& counts) {
+  const auto line = [this](const char* what) -> std::ostream& {
+    return m_out << "  " << std::left << std::setw(23) << what;
+  };
+  m_out << name << '\n';
+  line("sessions") << counts.Sessions << '\n';
+  line("sessions not closed") << counts.NotClosed << '\n';
+  line("duration") << std::right << std::setfill('0') << counts.Seconds / 3600 << ':' << std::setw(2)
+                   << counts.Seconds / 60 % 60 << ':' << std::setw(2) << counts.Seconds % 60 << std::setfill(' ')
+                   << '\n';
+  line("instructions") << counts.Instructions << '\n';
+  line("automatic instructions") << counts.Automatic << '\n';
+  line("responses") << counts.Responses << '\n';
+  line("others") << counts.Others << '\n';
+  line("error answers") << counts.Errors << '\n';
+}
+
+} // namespace portico::logtool

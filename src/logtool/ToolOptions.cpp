@@ -1,0 +1,50 @@
+#include "logtool/ToolOptions.h"
+
+#include "framework/Application.h"
+
+#include <CLI/CLI.hpp>
+
+#include <map>
+
+namespace portico::logtool {
+
+std::variant<ToolOptions, HelpText, UsageError> ParseToolOptions(int argc, const char* const* argv) {
+  ToolOptions options;
+  std::string format;
+
+  CLI::App app("Reads logs of conversations with instruments.", "portico-log");
+  app.set_version_flag("--version", "portico-log " + ToUtf8(ApplicationVersion()), "Print the version and end");
+  app.require_subcommand(1);
+  const auto command = [&](const char* name, const char* does) {
+    CLI::App* sub = app.add_subcommand(name, does);
+    sub->add_option("FILE", options.Files, "Logs; - is standard input")->required();
+    return sub;
+  };
+  command("show", "Print the conversation as text");
+  CLI::App* exporting = command("export", "Print the conversation for other programs");
+  exporting->add_option("--format", format, "csv, json, or cmd: the typed instructions as a command file")
+      ->type_name("FORMAT")
+      ->required();
+  CLI::App* counting = command("stats", "Print counts, durations and error answers");
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    return HelpText{app.help()};
+  } catch (const CLI::CallForVersion&) {
+    return HelpText{app.version() + "\n"};
+  } catch (const CLI::ParseError& error) {
+    return UsageError{std::string(error.what()) + "; see portico-log --help"};
+  }
+
+  if (counting->parsed()) options.Wanted = Output::Statistics;
+  if (exporting->parsed()) {
+    const std::map<std::string, Output> formats = {
+        {"csv", Output::Csv}, {"json", Output::Json}, {"cmd", Output::Commands}};
+    const auto found = formats.find(format);
+    if (found == formats.end()) return UsageError{"--format " + format + ": use csv, json or cmd"};
+    options.Wanted = found->second;
+  }
+  return options;
+}
+
+} // namespace portico::logtool

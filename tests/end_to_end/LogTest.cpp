@@ -1,0 +1,176 @@
+#include "RunLogs.h"
+#include "support/Golden.h"
+#include "support/ScriptedServer.h"
+
+#include <csignal>
+
+namespace portico::test {
+namespace {
+
+const std::string kFirstSteps = std::string(PORTICO_EXAMPLES) + "/first-steps.cmd";
+
+class Log : public testing::Test {
+protected:
+  std::string Content() const { return BytesOf(Path); }
+
+  const CommandFiles Files;
+  const std::string Path = Files.Folder() + "/run.xml";
+};
+
+TEST_F(Log, FirstStepsOnTheSimulatedMultimeter) {
+  const Outcome outcome = RunPortico({"--log", Path, kSimulated, kFirstSteps});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  ExpectGolden("portico-run-first-steps-log.xml", WithoutStamps(Content()));
+}
+
+TEST_F(Log, HoldsTheConversationButForRemarksAndBlankLines) {
+  const Outcome outcome = RunPortico({"--log", Path, kSimulated, kFirstSteps});
+  EXPECT_NE(outcome.out, "");
+  EXPECT_EQ(Told(Content()), WithoutLines(outcome.out, "# "));
+}
+
+TEST_F(Log, ConversationIsPrintedAsWithoutALog) {
+  EXPECT_EQ(RunPortico({"--log", Path, kSimulated, kFirstSteps}).out, RunPortico({kSimulated, kFirstSteps}).out);
+}
+
+TEST_F(Log, IsKeptThoughNothingIsPrinted) {
+  EXPECT_EQ(RunPortico(kBare + Arguments{"--quiet", "--log", Path, kSimulated}, "*OPC?\n").out, "");
+  EXPECT_EQ(Told(Content()), "> *OPC?\n< 1\n");
+}
+
+TEST_F(Log, OfARunWithoutLinesHasAnEmptySession) {
+  EXPECT_EQ(RunPortico({"--log", Path, kSimulated}).status, 0);
+  const std::string log = Content();
+  EXPECT_EQ(CountOf(log, "<Session "), 1);
+  EXPECT_EQ(CountOf(log, "SessionCloseTimeStamp=\""), 1);
+  EXPECT_EQ(Told(log), "");
+}
+
+TEST_F(Log, ThatExistsIsExtendedByASession) {
+  ASSERT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*OPC?\n").status, 0);
+  const std::string before = Content();
+  EXPECT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*CLS\n").status, 0);
+  const std::string log = Content();
+  EXPECT_TRUE(IsComplete(log));
+  EXPECT_EQ(log.compare(0, before.rfind("</SCPICommLog>"), before, 0, before.rfind("</SCPICommLog>")), 0);
+  EXPECT_EQ(CountOf(log, "<Header "), 1);
+  EXPECT_EQ(CountOf(log, "<Session "), 2);
+  EXPECT_EQ(CountOf(log, "SessionCloseTimeStamp=\""), 2);
+  EXPECT_EQ(Told(log), "> *OPC?\n< 1\n> *CLS\n");
+}
+
+TEST_F(Log, IsBegunAnewOnRequest) {
+  ASSERT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*OPC?\n").status, 0);
+  EXPECT_EQ(RunPortico(kBare + Arguments{"--overwrite", "--log", Path, kSimulated}, "*CLS\n").status, 0);
+  EXPECT_EQ(CountOf(Content(), "<Session "), 1);
+  EXPECT_EQ(Told(Content()), "> *CLS\n");
+}
+
+TEST_F(Log, OfAnyFileCanBeBegunAnewOnRequest) {
+  Files.Add("run.xml", "no log");
+  EXPECT_EQ(RunPortico(kBare + Arguments{"--overwrite", "--log", Path, kSimulated}, "*CLS\n").status, 0);
+  EXPECT_EQ(Told(Content()), "> *CLS\n");
+}
+
+TEST_F(Log, ThatCannotBeMadeEndsTheRunBeforeTheInstrumentIsOpened) {
+  const ScriptedServer server({});
+  for (const std::string& path : {Files.Folder() + "/absent/run.xml", Files.Folder()}) {
+    const Outcome outcome = RunPortico(kBare + Arguments{"--log", path, server.ResourceName()}, "*CLS\n");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err.find("portico-run: cannot log to " + path + ": "), 0U) << outcome.err;
+    EXPECT_EQ(CountLines(outcome.err), 1) << outcome.err;
+  }
+  EXPECT_EQ(server.Connections(), 0U);
+}
+
+TEST_F(Log, IsNotMadeOfAnotherFile) {
+  const ScriptedServer server({});
+  for (const std::string text : {"*CLS\n", "", "<Other/>", "<SCPICommLog></SCPICommLog>"}) {
+    Files.Add("run.xml", text);
+    EXPECT_EQ(RunPortico(kBare + Arguments{"--log", Path, server.ResourceName()}, "*CLS\n").status, 2) << text;
+    EXPECT_EQ(Content(), text);
+  }
+  EXPECT_EQ(server.Connections(), 0U);
+}
+
+TEST_F(Log, IsOnDiskBeforeTheNextLineRuns) {
+  const ScriptedServer server({{"A?", Reaction::Answer("1\n")}});
+  Process process(PorticoRun(kBare + Arguments{"--log", Path, server.ResourceName()}));
+  process.Write("A?\n*CLS\n");
+  server.WaitForReceived("*CLS\r\n");
+  const std::string log = Content();
+  EXPECT_TRUE(IsComplete(log));
+  EXPECT_EQ(Told(log).find("> A?\n< 1\n"), 0U) << log;
+  EXPECT_EQ(process.Wait().status, 0);
+}
+
+TEST_F(Log, GrowsWhileTheInputStaysOpen) {
+  Process process(PorticoRun(kBare + Arguments{"--log", Path, kSimulated}));
+  std::string told;
+  for (int turn = 0; turn < 3; ++turn) {
+    process.Write("*OPC?\n");
+    EXPECT_EQ(process.ReadLine(), "> *OPC?");
+    EXPECT_EQ(process.ReadLine(), "< 1");
+    const std::string log = Content();
+    EXPECT_TRUE(IsComplete(log));
+    EXPECT_EQ(Told(log).find(told), 0U) << log; // the answer itself is printed before it is logged
+    told += "> *OPC?\n< 1\n";
+  }
+  EXPECT_EQ(CountOf(Content(), "SessionCloseTimeStamp=\""), 0);
+  EXPECT_EQ(process.Wait().status, 0);
+  EXPECT_EQ(Told(Content()), told);
+  EXPECT_EQ(CountOf(Content(), "SessionCloseTimeStamp=\""), 1);
+}
+
+TEST_F(Log, OfAnInterruptedRunHasItsSessionClosed) {
+  Process process(PorticoRun(kBare + Arguments{"--log", Path, kSimulated}));
+  process.Write("*OPC?\n");
+  process.WaitForOutput("< 1\n");
+  process.Signal(SIGINT);
+  EXPECT_EQ(process.Wait().status, 130);
+  EXPECT_EQ(Told(Content()), "> *OPC?\n< 1\n");
+  EXPECT_EQ(CountOf(Content(), "SessionCloseTimeStamp=\""), 1);
+}
+
+TEST_F(Log, OfARunThatEndsAtABadLineHasItsSessionClosed) {
+  EXPECT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*CLS\n\xFF\n").status, 2);
+  EXPECT_EQ(Told(Content()), "> *CLS\n");
+  EXPECT_EQ(CountOf(Content(), "SessionCloseTimeStamp=\""), 1);
+}
+
+TEST_F(Log, OfAKilledRunIsCompleteAndCanBeExtended) {
+  {
+    const ScriptedServer server({});
+    Process process(PorticoRun(kBare + Arguments{"--log", Path, server.ResourceName()}));
+    process.Write("*CLS\n*RST\n");
+    server.WaitForReceived("*RST\r\n");
+    process.Signal(SIGKILL);
+    EXPECT_EQ(process.Wait().status, -SIGKILL);
+  }
+  EXPECT_TRUE(IsComplete(Content()));
+  EXPECT_EQ(Told(Content()).find("> *CLS\n"), 0U);
+  EXPECT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*OPC?\n").status, 0);
+  const std::string told = Told(Content());
+  EXPECT_EQ(told.substr(told.size() - std::string("> *OPC?\n< 1\n").size()), "> *OPC?\n< 1\n");
+  EXPECT_EQ(CountOf(Content(), "<Session "), 2);
+  EXPECT_EQ(CountOf(Content(), "SessionCloseTimeStamp=\""), 1);
+}
+
+TEST_F(Log, HoldsWhatTheDriverSaysOfAFailure) {
+  const ScriptedServer server({});
+  const Outcome outcome =
+      RunPortico(kBare + Arguments{"--timeout", "50", "--log", Path, server.ResourceName()}, "A?\n");
+  EXPECT_EQ(outcome.status, 4);
+  EXPECT_EQ(CountLines(outcome.out), 2);
+  EXPECT_EQ(Told(Content()), outcome.out);
+}
+
+TEST_F(Log, IsMissingWhenNobodyAsksForIt) {
+  EXPECT_EQ(RunPortico({"--overwrite", kSimulated}, "*CLS\n").status, 2);
+  EXPECT_FALSE(std::filesystem::exists(Path));
+}
+
+} // namespace
+} // namespace portico::test

@@ -211,6 +211,20 @@ TEST_F(Conversation, StopInTheMiddleOfAnInstructionKeepsItsReports) {
   EXPECT_EQ(queue.back(), ": \\r\\n");
 }
 
+TEST_F(Conversation, ATimerCanStopTheRunBetweenTwoLines) {
+  const auto timer = Loop->MakeTimer();
+  timer->Interval(10);
+  timer->Timer().Connect([this] { Window->StopRequested(true); });
+  timer->Enabled(true);
+  Driver->OnCall = [this](const std::string& line) {
+    if (line == "write two") Clock.Advance(std::chrono::milliseconds(10));
+  };
+  Type(u"one\r\ntwo\r\nlost\r\nleft\r\n");
+  Frame->Run();
+  EXPECT_EQ(test::Escaped(Past->Text()), "one\\r\\ntwo\\r\\n");
+  EXPECT_EQ(test::Escaped(Future->Text()), "left\\r\\n");
+}
+
 /// The log of a conversation.
 class LoggedConversation : public Conversation {
 protected:

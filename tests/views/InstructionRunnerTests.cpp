@@ -36,6 +36,7 @@ using StopCommand = SecondEngine;
 TEST_F(InstructionRunner, WithoutASourceRaises) {
   const auto error = Raised([&] { Runner->Initialize({}); });
   ExpectError(error, 5, u"Instruction source cannot be nothing.");
+  ExpectTrail(error, {u"CInstructionRunner.Initialize(InstructionSource)"});
 }
 
 TEST_F(InstructionRunner, WithoutAFactoryRaises) {
@@ -54,7 +55,9 @@ TEST_F(InstructionRunner, BeforeInitializeRaises) {
 
 TEST_F(InstructionRunner, WithoutASubjectRaises) {
   Initialize();
-  ExpectError(Raised([&] { Runner->Update({}); }), 5, u"Subject cannot be nothing.");
+  const auto error = Raised([&] { Runner->Update({}); });
+  ExpectError(error, 5, u"Subject cannot be nothing.");
+  ExpectTrail(error, {u"CInstructionRunner.ISubscriber_Update(Subject)"});
 }
 
 TEST_F(InstructionRunner, KeepsItsSource) {
@@ -227,12 +230,15 @@ TEST_F(RunCommand, PosesAsAReport) {
 }
 
 TEST_F(RunCommand, WithoutARunnerRaises) {
-  ExpectError(Raised([&] { New<CRun>()->Initialize({}, u"Run"); }), 5, u"Runner cannot be nothing.");
+  const auto error = Raised([&] { New<CRun>()->Initialize({}, u"Run"); });
+  ExpectError(error, 5, u"Runner cannot be nothing.");
+  ExpectTrail(error, {u"CRun.Initialize(Runner, Mode)"});
 }
 
 TEST_F(RunCommand, BeforeInitializeRaises) {
   const auto error = Raised([&] { New<CRun>()->Execute(); });
   ExpectError(error, Hex(0x80041460), u"Method cannot be called before Initialize().");
+  ExpectTrail(error, {u"CRun.ICommand_Execute"});
 }
 
 TEST_F(RunCommand, WithoutAConfigurationServerRaises) {
@@ -272,8 +278,9 @@ TEST_F(StepCommand, GivenATextIsATypeMismatch) {
 }
 
 TEST_F(StepCommand, BeforeInitializeRaises) {
-  ExpectError(Raised([&] { New<CStep>()->Execute(); }), Hex(0x80041460),
-              u"Method cannot be called before Initialize().");
+  const auto error = Raised([&] { New<CStep>()->Execute(); });
+  ExpectError(error, Hex(0x80041460), u"Method cannot be called before Initialize().");
+  ExpectTrail(error, {u"CStep.ICommand_Execute"});
 }
 
 TEST_F(StepCommand, NeedsItsOneParameter) {
@@ -287,8 +294,9 @@ TEST_F(StopCommand, SetsTheModeOff) {
 }
 
 TEST_F(StopCommand, BeforeInitializeRaises) {
-  ExpectError(Raised([&] { New<CStop>()->Execute(); }), Hex(0x80041460),
-              u"Method cannot be called before Initialize().");
+  const auto error = Raised([&] { New<CStop>()->Execute(); });
+  ExpectError(error, Hex(0x80041460), u"Method cannot be called before Initialize().");
+  ExpectTrail(error, {u"CStop.ICommand_Execute"});
 }
 
 TEST_F(StopCommand, WithoutAConfigurationServerRaises) {

@@ -176,6 +176,12 @@ TEST_F(CommandRunner, ShowsBlankLinesForEverUntilStop) {
   EXPECT_EQ(Shown(), "  ");
 }
 
+TEST_F(CommandRunner, EndsAtATypedCharacter26AndLosesThatLine) {
+  Box->Type(u"one\r\n\x1A three\r\nfour\r\n");
+  EXPECT_EQ(Outcome(Run), List{"send one"});
+  EXPECT_EQ(Shown(), "four\\r\\n");
+}
+
 TEST_F(CommandRunner, RunsLinesThatAppearDuringTheRun) {
   Box->Type(u"one\r\n");
   Processor->OnSend = [&](const std::string& text) {

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -81,10 +82,10 @@ private:
     for (char& character : name) {
       if (character == '/') character = '-';
     }
-    return name;
+    return name + "." + std::to_string(std::random_device()());
   }
 
-  // Tests run side by side, each in a process of its own.
+  // Tests run side by side, each in a process of its own, and so do whole test programs.
   const std::filesystem::path m_folder = std::filesystem::path(testing::TempDir()) / TestName();
 };
 

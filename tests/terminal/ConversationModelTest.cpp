@@ -7,6 +7,7 @@
 #include "support/CreatorOfOne.h"
 
 #include <filesystem>
+#include <random>
 
 namespace portico::terminal {
 namespace {
@@ -251,8 +252,9 @@ private:
   explicit ConversationModelTest(std::shared_ptr<SampleDriver> driver)
       : BatchRunBench(driver),
         Sample(std::move(driver)),
-        LogPath(std::filesystem::path(testing::TempDir()) / ("ConversationModelTest." + GetParam().Name + ".xml")) {
-    std::filesystem::remove(LogPath);
+        // Tests run side by side, and so do whole test programs.
+        LogPath(std::filesystem::path(testing::TempDir()) /
+                ("ConversationModelTest." + std::to_string(std::random_device()()) + ".xml")) {
     Sample->Milliseconds = [this, start = Clock.Now()] {
       return std::chrono::duration_cast<std::chrono::milliseconds>(Clock.Now() - start).count();
     };

@@ -131,7 +131,8 @@ Value CDataFIFO::Item(const Ref<IPosition>& Index) const try {
   PassOn(u"CDataFIFO.IIteratableObject_Item(Index)", {Index});
 }
 
-// The two ends can be asked for before `Initialize`: an iterator attaches to such a container, and fails when it begins.
+// The two ends can be asked for before `Initialize`: an iterator attaches to such a container, and fails when it
+// begins.
 Ref<IPosition> CDataFIFO::StartOfObject() const try {
   if (!m_entities || m_entities->Count() == 0) return CreatePosition();
   return m_entities->Item(1)->Position();
@@ -139,9 +140,7 @@ Ref<IPosition> CDataFIFO::StartOfObject() const try {
   PassOn(u"CDataFIFO.IIteratableObject_StartOfObject()");
 }
 
-Ref<IPosition> CDataFIFO::EndOfObject() const try {
-  return CreatePosition();
-} catch (...) {
+Ref<IPosition> CDataFIFO::EndOfObject() const try { return CreatePosition(); } catch (...) {
   PassOn(u"CDataFIFO.IIteratableObject_EndOfObject()");
 }
 

@@ -109,9 +109,7 @@ private:
     if (m_positions.empty() || Below(8) == 0) return m_fifos[Below(2)]->EndOfObject();
     return m_positions[Below(m_positions.size())];
   }
-  Ref<IIterator> SomeIterator() {
-    return New<ShortIterator>(Below(2) == 0 ? u"IterateAll" : u"IterateSelection");
-  }
+  Ref<IIterator> SomeIterator() { return New<ShortIterator>(Below(2) == 0 ? u"IterateAll" : u"IterateSelection"); }
 
   Ref<IDataEntity> Keep(const Ref<IDataEntity>& entity) {
     if (m_entities.size() < 24) {

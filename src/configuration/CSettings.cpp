@@ -116,8 +116,7 @@ void CSettings::Value(const String& Name, const String& Value) try {
   if (record == nullptr) {
     RecordMissing(Name);
     if (Name.empty()) Add(Name, Value); // which refuses it
-    m_records.emplace_back(Name, Value);
-    Changed();
+    Append(Name, Value);
   } else if (record->Object() != nullptr) {
     record->Object()->Value(Value);
   } else {
@@ -160,6 +159,11 @@ std::vector<Ref<IAttribute>> CSettings::NewEnum() const {
   std::vector<Ref<IAttribute>> settings;
   for (SettingRecord& record : Settings()) settings.push_back(ObjectOf(record));
   return settings;
+}
+
+void CSettings::Append(StringView Name, StringView Value) {
+  m_records.emplace_back(Name, Value);
+  Changed();
 }
 
 const PackedText* CSettings::Find(StringView Name) const {

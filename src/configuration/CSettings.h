@@ -45,6 +45,8 @@ public:
   void Clear();
   std::vector<Ref<IAttribute>> NewEnum() const override;
 
+  /// Adds an attribute under a name that is known to be absent, and makes no object for it.
+  void Append(StringView Name, StringView Value);
   /// As it is kept; null for an absent name. Good until the next change.
   const PackedText* Find(StringView Name) const;
   /// Some setting bears another name than the one under which it was added.

@@ -48,14 +48,14 @@ void CDataEntity::DataAttributeValue(const String& Name, const String& Value) tr
 
 void CDataEntity::TimeStamp(const String& newValue) try {
   CheckAccess();
-  m_attributes.ItemValue(AttributeName::Timestamp, newValue.empty() ? gTimeStamper->TimeStamp() : newValue);
+  SetAttribute(AttributeName::Timestamp, newValue.empty() ? gTimeStamper->TimeStamp() : newValue);
 } catch (...) {
   PassOn(u"CDataEntity.TimeStamp(newValue)", {newValue});
 }
 
 void CDataEntity::DataType(const String& newValue) try {
   CheckAccess();
-  m_attributes.ItemValue(AttributeName::DataType, newValue);
+  SetAttribute(AttributeName::DataType, newValue);
 } catch (...) {
   PassOn(u"CDataEntity.DataType(newValue)", {newValue});
 }
@@ -176,7 +176,17 @@ const EntitySlot* CDataEntity::SlotIn(const IEntityHolder& holder) const {
   return slot;
 }
 
+/// Every entity is made without the attribute: that it is missing is not worth an error in the records.
+void CDataEntity::SetAttribute(StringView name, const String& value) {
+  if (m_attributes.Find(name) == nullptr) {
+    m_attributes.Append(name, value);
+  } else {
+    m_attributes.ItemValue(String(name), value);
+  }
+}
+
 void CDataEntity::SettingsChanged() noexcept {
+  m_plain = m_initialized && !m_attributes.HasRenamed();
   for (EntitySlot* slot = m_slots; slot != nullptr; slot = slot->NextOfEntity) slot->Holder->AttributesChanged(*slot);
 }
 

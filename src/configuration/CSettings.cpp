@@ -72,7 +72,6 @@ bool CSettings::IsSame(const CSettings& Other, bool CaseSensitive) const {
   if (Count() != Other.Count()) return false;
   return std::all_of(m_records.begin(), m_records.end(), [&](const SettingRecord& record) {
     const SettingRecord* other = Other.FindRecord(record.Name());
-    if (other == nullptr) Other.RecordMissing(record.Name().ToString());
     if (other == nullptr || !EqualNoCase(record.Name(), other->Name())) return false;
     return CaseSensitive ? record.Value() == other->Value() : EqualNoCase(record.Value(), other->Value());
   });
@@ -117,7 +116,6 @@ void CSettings::Value(const String& Name, const String& Value) try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
   SettingRecord* record = FindRecord(Name);
   if (record == nullptr) {
-    RecordMissing(Name);
     if (Name.empty()) Add(Name, Value); // which refuses it
     m_records.emplace_back(Name, Value);
     Changed();
@@ -134,17 +132,13 @@ void CSettings::Value(const String& Name, const String& Value) try {
 Ref<IAttribute> CSettings::Item(const String& AttributeName) const try {
   Settings();
   if (SettingRecord* record = FindRecord(AttributeName)) return ObjectOf(*record);
-  RecordMissing(AttributeName);
+  // A missing name is common and nobody's fault: it is recorded without unwinding.
+  RecordHere(HuntERR::StandardError(ErrorNumber::InvalidArgument), u"Get " + Label(u".Item(AttributeName)"),
+             {AttributeName});
   return {};
 } catch (...) {
   StopHere(u"Get " + Label(u".Item(AttributeName)"), {AttributeName});
   return {};
-}
-
-// A missing name is common and nobody's fault: it is recorded without unwinding.
-void CSettings::RecordMissing(const String& AttributeName) const {
-  RecordHere(HuntERR::StandardError(ErrorNumber::InvalidArgument), u"Get " + Label(u".Item(AttributeName)"),
-             {AttributeName});
 }
 
 std::int32_t CSettings::Count() const try { return static_cast<std::int32_t>(Settings().size()); } catch (...) {

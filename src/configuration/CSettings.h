@@ -60,7 +60,6 @@ private:
   template <class Text>
   SettingRecord* FindRecord(const Text& key) const;
   SettingRecord& RecordOf(const CSetting& setting);
-  void RecordMissing(const String& AttributeName) const;
   Ref<CSetting> ObjectOf(SettingRecord& record) const;
   void Replace(Records records) noexcept;
   static void Release(SettingRecord& record) noexcept;

@@ -177,6 +177,7 @@ const EntitySlot* CDataEntity::SlotIn(const IEntityHolder& holder) const {
 }
 
 void CDataEntity::SettingsChanged() noexcept {
+  m_plain = m_initialized && !m_attributes.HasRenamed();
   for (EntitySlot* slot = m_slots; slot != nullptr; slot = slot->NextOfEntity) slot->Holder->AttributesChanged(*slot);
 }
 

@@ -50,7 +50,7 @@ public:
   /// As it is kept; null if there is none.
   const PackedText* Stamp() const { return m_attributes.Find(AttributeName::Timestamp); }
   /// Initialised, and without renamed attributes: what equals it has its stamp.
-  bool IsPlain() const { return m_initialized && !m_attributes.HasRenamed(); }
+  bool IsPlain() const { return m_plain; }
 
 private:
   /// Negative for an array whose length the entity cannot tell.
@@ -61,10 +61,11 @@ private:
   void CheckAccess() const;
   void SettingsChanged() noexcept override;
 
-  bool m_initialized = false;
-  CSettings m_attributes{this};
-  ByteArray m_data;
   EntitySlot* m_slots = nullptr; // where it is held
+  bool m_initialized = false;
+  bool m_plain = false;
+  ByteArray m_data; // beside what a walk from entity to entity needs
+  CSettings m_attributes{this};
 };
 
 /// "DataEntity": byte array, data type, time stamp.

@@ -6,6 +6,12 @@
 #include "framework/HuntERR.h"
 
 namespace portico {
+namespace {
+
+/// Nothing for the end marker.
+const Ref<IDataEntity>& EntityOf(const Ref<IPosition>& position) { return Cast<CDataPosition>(position)->DataEntity(); }
+
+} // namespace
 
 CDataFIFO::CDataFIFO() = default;
 CDataFIFO::~CDataFIFO() = default;
@@ -102,8 +108,18 @@ std::int32_t CDataFIFO::ComparePositions(const Ref<IPosition>& Position1, const 
   HuntERR::Check(bool(m_entities), ErrorNumber::NotInitialized, MethodBeforeInitialize);
   HuntERR::Check(bool(Position1), ErrorNumber::InvalidArgument, u"Position1 cannot be nothing.");
   HuntERR::Check(bool(Position2), ErrorNumber::InvalidArgument, u"Position2 cannot be nothing.");
-  HuntERR::Check(IsPositionInFIFO(Position1), ErrorNumber::InvalidArgument, u"Position1 is not in FIFO.");
-  HuntERR::Check(IsPositionInFIFO(Position2), ErrorNumber::InvalidArgument, u"Position2 is not in FIFO.");
+  const Ref<IDataEntity>& entity1 = EntityOf(Position1);
+  const auto slot1 = m_entities->LookUp(entity1);
+  HuntERR::Check(slot1 ? !entity1 || *slot1 != nullptr : IsPositionInFIFO(Position1), ErrorNumber::InvalidArgument,
+                 u"Position1 is not in FIFO.");
+  const Ref<IDataEntity>& entity2 = EntityOf(Position2);
+  const auto slot2 = m_entities->LookUp(entity2);
+  HuntERR::Check(slot2 ? !entity2 || *slot2 != nullptr : IsPositionInFIFO(Position2), ErrorNumber::InvalidArgument,
+                 u"Position2 is not in FIFO.");
+  if (slot1 && slot2) { // nobody was asked, so the slots are still there
+    if (*slot1 == *slot2) return 0;
+    return EntitySequence::IsBefore(*slot1, *slot2) ? 1 : 2;
+  }
   const std::int64_t first = IndexOfPosition(Position1);
   const std::int64_t second = IndexOfPosition(Position2);
   if (first == second) return 0;
@@ -114,6 +130,10 @@ std::int32_t CDataFIFO::ComparePositions(const Ref<IPosition>& Position1, const 
 
 Ref<IPosition> CDataFIFO::NextPosition(const Ref<IPosition>& Index) const try {
   CheckAccess();
+  if (const auto slot = m_entities->LookUp(EntityOf(Index)); slot && *slot != nullptr) {
+    const EntitySlot* next = m_entities->Next(**slot);
+    return next == nullptr ? Ref<IPosition>(CreatePosition()) : Ref<IDataEntity>(next->Entity)->Position();
+  }
   const std::int64_t index = IndexOfPosition(Index);
   if (index >= m_entities->Count()) return CreatePosition();
   return m_entities->Item(index + 1)->Position();

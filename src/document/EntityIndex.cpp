@@ -43,7 +43,7 @@ EntitySlot* EntityKeys::Find(const PackedText& key) const {
 }
 
 void EntityKeys::Reserve(std::size_t count) {
-  if (count <= m_buckets.size()) return;
+  if (count * 2 <= m_buckets.size()) return; // half of them stay empty: a key that is new meets nobody as a rule
   constexpr std::size_t fewest = 8;
   std::vector<EntitySlot*> buckets(std::max(fewest, m_buckets.size() * 2), nullptr);
   buckets.swap(m_buckets);

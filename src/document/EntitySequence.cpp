@@ -5,15 +5,11 @@
 #include "framework/HuntERR.h"
 
 namespace portico {
-
-std::size_t EntitySequence::Checked(std::int64_t position) const {
-  if (position < 1 || position > Count()) HuntERR::RaiseStandard(ErrorNumber::InvalidArgument);
-  return static_cast<std::size_t>(position - 1);
-}
-
-const Ref<IDataEntity>& EntitySequence::Item(std::int64_t position) const { return m_slots[Checked(position)]->Entity; }
-
 namespace {
+
+auto Is(const EntitySlot& slot) {
+  return [&slot](const std::unique_ptr<EntitySlot>& other) { return other.get() == &slot; };
+}
 
 /// An entity that has a stamp shares its text.
 PackedText KeyOf(const Ref<IDataEntity>& entity) {
@@ -23,6 +19,13 @@ PackedText KeyOf(const Ref<IDataEntity>& entity) {
 }
 
 } // namespace
+
+std::size_t EntitySequence::Checked(std::int64_t position) const {
+  if (position < 1 || position > Count()) HuntERR::RaiseStandard(ErrorNumber::InvalidArgument);
+  return static_cast<std::size_t>(position - 1);
+}
+
+const Ref<IDataEntity>& EntitySequence::Item(std::int64_t position) const { return m_slots[Checked(position)]->Entity; }
 
 void EntitySequence::Add(const Ref<IDataEntity>& entity) {
   PackedText key = KeyOf(entity);
@@ -91,9 +94,11 @@ void EntitySequence::AttributesChanged(EntitySlot& slot) noexcept {
 
 void EntitySequence::DataChanged(EntitySlot& slot) { m_slots.SetLength(PlaceOf(slot), slot.Entity->DataLength()); }
 
-std::size_t EntitySequence::PlaceOf(const EntitySlot& slot) const {
-  return m_slots.PositionIn(*slot.Home,
-                            [&slot](const std::unique_ptr<EntitySlot>& other) { return other.get() == &slot; });
+std::size_t EntitySequence::PlaceOf(const EntitySlot& slot) const { return m_slots.PositionIn(*slot.Home, Is(slot)); }
+
+bool EntitySequence::IsBefore(const EntitySlot* slot, const EntitySlot* other) {
+  if (slot == nullptr || other == nullptr) return slot != nullptr;
+  return Slots::IsBefore(*slot->Home, Is(*slot), *other->Home, Is(*other));
 }
 
 bool EntitySequence::IsIndexed(const Ref<IDataEntity>& entity) const {
@@ -115,7 +120,7 @@ const EntitySlot* EntitySequence::FindSlot(const Ref<IDataEntity>& entity) const
   const EntitySlot* first = nullptr;
   const auto consider = [&](const EntitySlot& slot) {
     if (slot.Entity->CompareToMe(entity) != 0) return;
-    if (first == nullptr || PlaceOf(slot) < PlaceOf(*first)) first = &slot;
+    if (IsBefore(&slot, first)) first = &slot;
   };
   if (stamp != nullptr) {
     const EntitySlot* slot = m_keys.Find(*stamp);
@@ -138,7 +143,7 @@ bool EntitySequence::Contains(const Ref<IDataEntity>& entity) const {
 EntitySequence::Found EntitySequence::FindData(const Ref<IDataEntity>& entity) const {
   if (IsIndexed(entity)) {
     const EntitySlot* slot = FindSlot(entity);
-    return slot == nullptr ? Found{m_slots.Total(), false} : Found{m_slots.SumBefore(PlaceOf(*slot)), true};
+    return slot == nullptr ? Found{m_slots.Total(), false} : Found{m_slots.SumBefore(*slot->Home, Is(*slot)), true};
   }
   std::int64_t sum = 0;
   for (std::int64_t position = 1; position <= Count(); ++position) {
@@ -147,6 +152,16 @@ EntitySequence::Found EntitySequence::FindData(const Ref<IDataEntity>& entity) c
     sum += held->DataLength();
   }
   return {sum, false};
+}
+
+std::optional<const EntitySlot*> EntitySequence::LookUp(const Ref<IDataEntity>& entity) const {
+  if (!IsIndexed(entity)) return {};
+  return FindSlot(entity);
+}
+
+const EntitySlot* EntitySequence::Next(const EntitySlot& slot) const {
+  const std::unique_ptr<EntitySlot>* next = m_slots.Next(*slot.Home, Is(slot));
+  return next == nullptr ? nullptr : next->get();
 }
 
 Ref<IDataEntity> EntitySequence::AtDataIndex(std::int64_t index) const {

@@ -38,6 +38,14 @@ public:
     bool IsPresent;
   };
   Found FindData(const Ref<IDataEntity>& entity) const;
+
+  /// The slot that answers for an entity, or null if nobody does; no answer at all where everybody has to be asked.
+  std::optional<const EntitySlot*> LookUp(const Ref<IDataEntity>& entity) const;
+  /// Null stands for the end.
+  static bool IsBefore(const EntitySlot* slot, const EntitySlot* other);
+  /// Null at the end.
+  const EntitySlot* Next(const EntitySlot& slot) const;
+
   /// The first entity at which the running total of the lengths exceeds the index, or nothing.
   Ref<IDataEntity> AtDataIndex(std::int64_t index) const;
 

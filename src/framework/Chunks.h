@@ -13,7 +13,7 @@ namespace portico {
 /// Items of a sequence that stand together, with their lengths.
 template <class T>
 struct Chunk final : SumTree::Node {
-  static constexpr std::size_t Capacity = 128;
+  static constexpr std::size_t Capacity = 32; // an item is sought in its chunk from the first on
 
   std::vector<T> Items;
   std::vector<std::int64_t> Lengths;

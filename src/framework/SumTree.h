@@ -66,6 +66,21 @@ public:
     return sum;
   }
 
+  /// Neither is meant twice.
+  static bool IsBefore(const Node& leaf, const Node& other) {
+    const Node* a = &leaf;
+    const Node* b = &other;
+    while (a->m_parent != b->m_parent) { // all leaves are on one level
+      a = a->m_parent;
+      b = b->m_parent;
+    }
+    for (const auto& child : a->m_parent->Children) {
+      if (child.get() == a) return true;
+      if (child.get() == b) return false;
+    }
+    return false;
+  }
+
   /// The next leaf below the same branch, or null.
   static Node* Neighbour(const Node& leaf) {
     const Branch& branch = *leaf.m_parent;

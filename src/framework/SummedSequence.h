@@ -2,7 +2,9 @@
 
 #include "framework/Chunks.h"
 
+#include <algorithm>
 #include <concepts>
+#include <numeric>
 
 namespace portico {
 
@@ -82,20 +84,45 @@ public:
     return at;
   }
 
-  /// The position of the item of a chunk that `is` the one looked for.
+  // An item that knows its chunk is found there by `is`, a predicate that holds for it alone.
+
   template <std::predicate<const T&> Predicate>
   std::size_t PositionIn(const Chunk<T>& home, Predicate is) const {
-    std::size_t at = FirstOf(home);
-    for (const T& item : home.Items) {
-      if (is(item)) break;
-      ++at;
-    }
-    return at;
+    return FirstOf(home) + OffsetIn(home, is);
+  }
+
+  /// The lengths of all items in front of it.
+  template <std::predicate<const T&> Predicate>
+  std::int64_t SumBefore(const Chunk<T>& home, Predicate is) const {
+    const auto lengths = home.Lengths.begin();
+    return std::accumulate(lengths, lengths + static_cast<std::ptrdiff_t>(OffsetIn(home, is)),
+                           m_chunks.SumBefore(Measure::Length, home));
+  }
+
+  /// The item behind it, or null.
+  template <std::predicate<const T&> Predicate>
+  const T* Next(const Chunk<T>& home, Predicate is) const {
+    const std::size_t next = OffsetIn(home, is) + 1;
+    if (next < home.Items.size()) return &home.Items[next];
+    const std::size_t at = FirstOf(home) + next;
+    return at < Count() ? &(*this)[at] : nullptr;
+  }
+
+  /// The one item stands before the other one.
+  template <std::predicate<const T&> Predicate>
+  static bool IsBefore(const Chunk<T>& home, Predicate is, const Chunk<T>& otherHome, Predicate isOther) {
+    if (&home == &otherHome) return OffsetIn(home, is) < OffsetIn(home, isOther);
+    return SumTree::IsBefore(home, otherHome);
   }
 
 private:
   using Measure = SumTree::Measure;
   using Place = typename Chunks<T>::Place;
+
+  template <std::predicate<const T&> Predicate>
+  static std::size_t OffsetIn(const Chunk<T>& home, Predicate is) {
+    return static_cast<std::size_t>(std::find_if(home.Items.begin(), home.Items.end(), is) - home.Items.begin());
+  }
 
   std::size_t FirstOf(const Chunk<T>& chunk) const {
     return static_cast<std::size_t>(m_chunks.SumBefore(Measure::Count, chunk));

@@ -31,6 +31,12 @@ private:
   int m_items = 0;
 };
 
+class ForeignPosition final : public IPosition {
+public:
+  StringView ClassName() const override { return u"ForeignPosition"; }
+  String ID() const override { return {}; }
+};
+
 /// Entities, their attributes and positions, and two FIFOs that share them. A step draws one operation from a seed, so
 /// that two worlds go the same way.
 template <class FIFO>
@@ -107,6 +113,8 @@ private:
   }
   Ref<IPosition> SomePosition() {
     if (m_positions.empty() || Below(8) == 0) return m_fifos[Below(2)]->EndOfObject();
+    if (Below(50) == 0) return New<CDataPosition>();
+    if (Below(50) == 0) return New<ForeignPosition>();
     return m_positions[Below(m_positions.size())];
   }
   Ref<IIterator> SomeIterator() { return New<ShortIterator>(Below(2) == 0 ? u"IterateAll" : u"IterateSelection"); }

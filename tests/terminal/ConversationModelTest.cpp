@@ -102,17 +102,17 @@ const Setting kSettings[] = {
      u"SCPI",
      {{u"SCPIProtocolOPCPacing", u"Off"}},
      Only([](ModelOptions& o) { o.OPCPacing = false; }),
-     1'000},
+     500},
     {"NoErrorChecking",
      u"SCPI",
      {{u"SCPIProtocolAutoErrorChecking", u"Off"}},
      Only([](ModelOptions& o) { o.ErrorChecking = false; }),
-     1'000},
+     500},
     {"NoAutoRead",
      u"SCPI",
      {{u"SCPIProtocolAutoReadAfterQuery", u"Off"}},
      Only([](ModelOptions& o) { o.AutoRead = false; }),
-     1'000},
+     500},
     {"OwnErrorQueryAndInterval",
      u"SCPI",
      {{u"SCPIProtocolErrorCheckingCommand", u"*opc?;:STAT:QUE?"},
@@ -122,8 +122,8 @@ const Setting kSettings[] = {
        o.ErrorCheckingCommand = "*opc?;:STAT:QUE?";
        o.PacingInterval = 250;
      }),
-     1'000},
-    {"OtherProtocol", u"Other", {}, OtherProtocol(), 1'000},
+     500},
+    {"OtherProtocol", u"Other", {}, OtherProtocol(), 500},
 };
 
 /// Tells where two lists part, and nothing about the rest of them.

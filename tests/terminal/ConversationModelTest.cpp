@@ -26,6 +26,12 @@ public:
   Texts Calls;
   std::function<long()> Milliseconds = [] { return 0; };
 
+  /// As if everything had just been switched on.
+  void Restart() {
+    Calls.clear();
+    m_instrument = {};
+  }
+
   std::int32_t TVSCPI_init(const std::string& name, std::int32_t idQuery, std::int32_t reset,
                            std::int32_t& session) override {
     session = Session;
@@ -102,17 +108,17 @@ const Setting kSettings[] = {
      u"SCPI",
      {{u"SCPIProtocolOPCPacing", u"Off"}},
      Only([](ModelOptions& o) { o.OPCPacing = false; }),
-     1'000},
+     500},
     {"NoErrorChecking",
      u"SCPI",
      {{u"SCPIProtocolAutoErrorChecking", u"Off"}},
      Only([](ModelOptions& o) { o.ErrorChecking = false; }),
-     1'000},
+     500},
     {"NoAutoRead",
      u"SCPI",
      {{u"SCPIProtocolAutoReadAfterQuery", u"Off"}},
      Only([](ModelOptions& o) { o.AutoRead = false; }),
-     1'000},
+     500},
     {"OwnErrorQueryAndInterval",
      u"SCPI",
      {{u"SCPIProtocolErrorCheckingCommand", u"*opc?;:STAT:QUE?"},
@@ -122,8 +128,8 @@ const Setting kSettings[] = {
        o.ErrorCheckingCommand = "*opc?;:STAT:QUE?";
        o.PacingInterval = 250;
      }),
-     1'000},
-    {"OtherProtocol", u"Other", {}, OtherProtocol(), 1'000},
+     500},
+    {"OtherProtocol", u"Other", {}, OtherProtocol(), 500},
 };
 
 /// Tells where two lists part, and nothing about the rest of them.
@@ -288,6 +294,47 @@ TEST_P(ConversationModelTest, WindowShowsAndLogsWhatTheModelSays) {
   EXPECT_FALSE(Window->Executing());
   EXPECT_FALSE(Window->StopRequested());
   EXPECT_EQ(gConfiguration->ItemValue(u"CurrentInstruction"), u"");
+  Window->Unload();
+}
+
+// The history comes back with all its looks but without its hidden markers: answers are known by their italics, what
+// was sent automatically is not known any more.
+TEST_P(ConversationModelTest, PastedAnswersAreKnownByTheirLook) {
+  const Texts lines = test::MixedLines(7).Make(200);
+  const Conversation first = test::ModelConversation(lines, GetParam().Model, 0);
+  Load();
+  ApplyOptions();
+  Window->RunLines(Decoded(lines));
+  Past->SelStart(0);
+  Past->SelLength(Past->TextLength());
+  Future->SelRTF(Past->SelRTF());
+  std::string text;
+  for (const test::Passage& passage : first.History) {
+    if (passage.Is == Look::Marker) {
+      Future->SelStart(static_cast<std::int32_t>(text.size()));
+      Future->SelLength(1);
+      Future->SelText({});
+    } else {
+      text += passage.Text;
+    }
+  }
+  ASSERT_EQ(ToCodePage(Future->Text()), text);
+  Texts pasted;
+  for (const test::Passage& passage : first.History) {
+    if (passage.Is == Look::Marker) continue;
+    const std::string line = passage.Text.substr(0, passage.Text.size() - 2);
+    pasted.push_back(passage.Is == Look::Response ? "\xAE" + line : line);
+  }
+  Sample->Restart();
+
+  RunFrame(Future, Past).Run();
+
+  const auto withoutTime = [](const std::string& call) { return call.substr(call.find(' ')); };
+  Texts expected = test::ModelConversation(pasted, GetParam().Model, 0).Calls;
+  std::transform(expected.begin(), expected.end(), expected.begin(), withoutTime);
+  std::transform(Sample->Calls.begin(), Sample->Calls.end(), Sample->Calls.begin(), withoutTime);
+  ExpectSame(expected, Sample->Calls);
+  EXPECT_EQ(Future->Text(), u"");
   Window->Unload();
 }
 

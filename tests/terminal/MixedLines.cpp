@@ -135,7 +135,7 @@ std::vector<std::string> MixedLines::Pasted() {
 std::vector<std::string> MixedLines::Make(std::size_t count) {
   std::vector<std::string> lines;
   while (lines.size() < count) {
-    if (!Once(40)) {
+    if (!Once(8)) {
       lines.push_back(Line());
       continue;
     }

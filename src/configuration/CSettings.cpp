@@ -11,6 +11,7 @@ namespace portico {
 namespace {
 
 constexpr std::size_t UsualCount = 2; // every data entity has two from the start
+constexpr StringView LabelOfItem = u"Get CSettings.Item(AttributeName)";
 
 } // namespace
 
@@ -72,6 +73,7 @@ bool CSettings::IsSame(const CSettings& Other, bool CaseSensitive) const {
   if (Count() != Other.Count()) return false;
   return std::all_of(m_records.begin(), m_records.end(), [&](const SettingRecord& record) {
     const SettingRecord* other = Other.FindRecord(record.Name());
+    if (other == nullptr) RecordMissing(record.Name().ToString());
     if (other == nullptr || !EqualNoCase(record.Name(), other->Name())) return false;
     return CaseSensitive ? record.Value() == other->Value() : EqualNoCase(record.Value(), other->Value());
   });
@@ -116,6 +118,7 @@ void CSettings::Value(const String& Name, const String& Value) try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
   SettingRecord* record = FindRecord(Name);
   if (record == nullptr) {
+    RecordMissing(Name);
     if (Name.empty()) Add(Name, Value); // which refuses it
     m_records.emplace_back(Name, Value);
     Changed();
@@ -132,13 +135,16 @@ void CSettings::Value(const String& Name, const String& Value) try {
 Ref<IAttribute> CSettings::Item(const String& AttributeName) const try {
   Settings();
   if (SettingRecord* record = FindRecord(AttributeName)) return ObjectOf(*record);
-  // A missing name is common and nobody's fault: it is recorded without unwinding.
-  RecordHere(HuntERR::StandardError(ErrorNumber::InvalidArgument), u"Get " + Label(u".Item(AttributeName)"),
-             {AttributeName});
+  RecordMissing(AttributeName);
   return {};
 } catch (...) {
-  StopHere(u"Get " + Label(u".Item(AttributeName)"), {AttributeName});
+  StopHere(LabelOfItem, {AttributeName});
   return {};
+}
+
+// A missing name is common and nobody's fault: it is recorded without unwinding.
+void CSettings::RecordMissing(StringView AttributeName) {
+  HuntERR::RecordStandard(ErrorNumber::InvalidArgument, LabelOfItem, AttributeName);
 }
 
 std::int32_t CSettings::Count() const try { return static_cast<std::int32_t>(Settings().size()); } catch (...) {

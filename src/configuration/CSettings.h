@@ -64,6 +64,7 @@ private:
   void Replace(Records records) noexcept;
   static void Release(SettingRecord& record) noexcept;
   void Changed() const noexcept;
+  static void RecordMissing(StringView AttributeName);
 
   void TakeOver(const CSetting& setting);
   void Forget(const CSetting& setting) noexcept;

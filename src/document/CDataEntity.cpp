@@ -24,8 +24,8 @@ void CDataEntity::Initialize(const ByteArray& data, const String& DataType, cons
                  u"Data entity requires a time stamper. There is none.");
   HuntERR::Check(CalculateDataLength(data) >= 0, ErrorNumber::InvalidArgument, u"Invalid data array.");
   m_attributes.Initialize();
+  StoreData(data);
   m_initialized = true;
-  UpdateData(data);
   this->DataType(DataType);
   this->TimeStamp(TimeStamp);
 } catch (...) {
@@ -64,7 +64,7 @@ Ref<IPosition> CDataEntity::Position(std::optional<std::int32_t> DataOffset) try
   CheckAccess();
   return CreatePosition(DataOffset);
 } catch (...) {
-  PassOn(u"CDataEntity.Position(DataOffset)", {DataOffset ? Value(*DataOffset) : Value()});
+  PassOn(u"CDataEntity.IDataEntity_Position(DataOffset)", {DataOffset ? Value(*DataOffset) : Value()});
 }
 
 Ref<IAttributes> CDataEntity::DataAttributes() const try {
@@ -72,54 +72,53 @@ Ref<IAttributes> CDataEntity::DataAttributes() const try {
   const std::shared_ptr<const CDataEntity> self = shared_from_this();
   return Ref<IAttributes>(std::shared_ptr<IAttributes>(self, const_cast<CSettings*>(&m_attributes)));
 } catch (...) {
-  PassOn(u"CDataEntity.DataAttributes");
+  PassOn(u"CDataEntity.IDataEntity_DataAttributes");
 }
 
 String CDataEntity::DataAttribute(const String& Name) const try { return DataAttributeValue(Name); } catch (...) {
-  PassOn(u"CDataEntity.DataAttribute(Name)", {Name});
+  PassOn(u"CDataEntity.IDataEntity_DataAttribute(Name)", {Name});
 }
 
 void CDataEntity::DataAttribute(const String& Name, const String& Value) try {
   DataAttributeValue(Name, Value);
 } catch (...) {
-  PassOn(u"CDataEntity.DataAttribute(Name,Value)", {Name, Value});
+  PassOn(u"CDataEntity.IDataEntity_DataAttribute(Name,Value)", {Name, Value});
 }
 
 std::int32_t CDataEntity::DataLength() const try {
   CheckAccess();
   return CalculateDataLength(m_data);
 } catch (...) {
-  PassOn(u"CDataEntity.DataLength");
+  PassOn(u"CDataEntity.IDataEntity_DataLength");
 }
 
 String CDataEntity::DataType() const try {
   CheckAccess();
   return m_attributes.ItemValue(AttributeName::DataType);
 } catch (...) {
-  PassOn(u"CDataEntity.DataType");
+  PassOn(u"CDataEntity.IDataEntity_DataType");
 }
 
 ByteArray CDataEntity::ReadData() const try {
   CheckAccess();
   return m_data;
 } catch (...) {
-  PassOn(u"CDataEntity.ReadData");
+  PassOn(u"CDataEntity.IDataEntity_ReadData");
 }
 
 void CDataEntity::UpdateData(const ByteArray& data) try {
   CheckAccess();
   HuntERR::Check(CalculateDataLength(data) >= 0, ErrorNumber::InvalidArgument, u"Invalid new data array.");
-  m_data = data;
-  for (EntitySlot* slot = m_slots; slot != nullptr; slot = slot->NextOfEntity) slot->Holder->DataChanged(*slot);
+  StoreData(data);
 } catch (...) {
-  PassOn(u"CDataEntity.UpdateData(data)", {data});
+  PassOn(u"CDataEntity.IDataEntity_UpdateData(data)", {data});
 }
 
 String CDataEntity::TimeStamp() const try {
   CheckAccess();
   return m_attributes.ItemValue(AttributeName::Timestamp);
 } catch (...) {
-  PassOn(u"CDataEntity.TimeStamp");
+  PassOn(u"CDataEntity.IDataEntity_TimeStamp");
 }
 
 std::int32_t CDataEntity::CompareToMe(const Ref<IDataEntity>& DataEntity) const try {
@@ -128,12 +127,17 @@ std::int32_t CDataEntity::CompareToMe(const Ref<IDataEntity>& DataEntity) const 
   const std::int32_t attributes = CompareAttributes(DataEntity) ? 0 : AttributesDiffer;
   return attributes + (CompareData(DataEntity) ? 0 : DataDiffer);
 } catch (...) {
-  PassOn(u"CDataEntity.CompareToMe(DataEntity)", {DataEntity});
+  PassOn(u"CDataEntity.IDataEntity_CompareToMe(DataEntity)", {DataEntity});
 }
 
 std::int32_t CDataEntity::CalculateDataLength(const ByteArray& data) {
   if (data.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) return -1;
   return static_cast<std::int32_t>(data.size());
+}
+
+void CDataEntity::StoreData(const ByteArray& data) {
+  m_data = data;
+  for (EntitySlot* slot = m_slots; slot != nullptr; slot = slot->NextOfEntity) slot->Holder->DataChanged(*slot);
 }
 
 Ref<IPosition> CDataEntity::CreatePosition(std::optional<std::int32_t> DataOffset) try {

@@ -59,6 +59,7 @@ private:
   bool CompareAttributes(const Ref<IDataEntity>& other) const;
   bool CompareData(const Ref<IDataEntity>& other) const;
   void CheckAccess() const;
+  void StoreData(const ByteArray& data);
   void SettingsChanged() noexcept override;
 
   EntitySlot* m_slots = nullptr; // where it is held

@@ -9,7 +9,11 @@ namespace portico {
 namespace {
 
 /// Nothing for the end marker.
-const Ref<IDataEntity>& EntityOf(const Ref<IPosition>& position) { return Cast<CDataPosition>(position)->DataEntity(); }
+const Ref<IDataEntity>& EntityOf(const Ref<IPosition>& position) {
+  static const Ref<IDataEntity> nothing;
+  const auto at = Cast<CDataPosition>(position);
+  return at->IsLast() ? nothing : at->DataEntity();
+}
 
 } // namespace
 

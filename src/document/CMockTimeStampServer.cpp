@@ -32,7 +32,7 @@ String CMockTimeStampServer::TimeStamp() try {
   stamp.reserve(m_secondText.size() + 1 + sequence.size() + zone.size());
   return stamp.append(m_secondText).append(u".").append(sequence).append(zone);
 } catch (...) {
-  PassOn(u"CMockTimeStampServer.TimeStamp");
+  PassOn(u"CMockTimeStampServer.ITimeStamp_TimeStamp");
 }
 
 String CMockTimeStampServer::CurrentSecondText(const std::tm& second) {

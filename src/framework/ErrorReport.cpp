@@ -119,7 +119,7 @@ LazyText Compose(const ErrorRecord& error, bool passedBefore, const Passage& pas
   // Values are described now: an object may be gone, or have changed, by the time that the report is read.
   Call call = DescribeCall(names, passage.Values);
   std::optional<std::tm> time;
-  if (!passedBefore) time = HuntERR::Environment().LocalTime();
+  if (!passedBefore) time = passage.Time ? *passage.Time : HuntERR::Environment().LocalTime();
 
   return LazyText([error, time, method = std::move(method), call = std::move(call), collected] {
     String report =

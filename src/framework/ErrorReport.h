@@ -3,12 +3,16 @@
 #include "framework/ErrorRecord.h"
 #include "framework/Value.h"
 
+#include <ctime>
+#include <optional>
+
 namespace portico::ErrorReport {
 
 /// The procedure that an error passes.
 struct Passage {
   StringView MethodName;
   const Params& Values;
+  std::optional<std::tm> Time = {}; ///< if it is not now
 };
 
 /// The report of `error` with one more stack line. If it has passed a tail before, its description is the report so

@@ -14,6 +14,14 @@ namespace portico {
 namespace HuntERR {
 namespace {
 
+/// An error that was stopped where it arose, and that nobody has asked for yet.
+struct Stopped {
+  std::int32_t Number = 0; // 0: none
+  StringView Label;
+  String Value;
+  std::tm Time{};
+};
+
 struct State {
   ErrorRecord Current;
   ErrorRecord Saved;
@@ -21,10 +29,20 @@ struct State {
   LazyText Report;
   bool HasReport = false;
   String Collected; // by Check with number 0
+  Stopped Pending;  // newer than all of these
 };
 
-State& Module() {
+State& Records() {
   static State state;
+  return state;
+}
+
+void TakeIn(Stopped stopped);
+
+/// What is known, once all of it is on record.
+State& Module() {
+  State& state = Records();
+  if (state.Pending.Number != 0) TakeIn(std::exchange(state.Pending, {}));
   return state;
 }
 
@@ -94,7 +112,9 @@ void FailCheck(std::int32_t ErrNum, StringView Message, const Params& Values, St
   collected += message;
 }
 
-LazyText ErrorIn(StringView MethodName, const Params& Values, unsigned Flags) {
+namespace {
+
+LazyText PassTail(const ErrorReport::Passage& passage, unsigned Flags) {
   State& state = Module();
   if (state.Current.Number == 0 && !state.Preserved) {
     state.Current.Number = ErrorNumber::ERRMAP_APP_FIRST;
@@ -107,7 +127,7 @@ LazyText ErrorIn(StringView MethodName, const Params& Values, unsigned Flags) {
     state.HasReport = false;
   } else if ((Flags & AddToReport) != 0) {
     const bool passedBefore = state.Saved.Source == ReportSource;
-    state.Report = ErrorReport::Compose(state.Saved, passedBefore, {MethodName, Values}, state.Collected);
+    state.Report = ErrorReport::Compose(state.Saved, passedBefore, passage, state.Collected);
     state.HasReport = true;
     state.Saved.Source = ReportSource;
     state.Saved.Description = state.Report;
@@ -122,6 +142,17 @@ LazyText ErrorIn(StringView MethodName, const Params& Values, unsigned Flags) {
     Raise(std::move(passed));
   }
   return state.Report;
+}
+
+void TakeIn(Stopped stopped) {
+  Load(Error(StandardError(stopped.Number)));
+  PassTail({stopped.Label, Params{Value(std::move(stopped.Value))}, stopped.Time}, StopFlags);
+}
+
+} // namespace
+
+LazyText ErrorIn(StringView MethodName, const Params& Values, unsigned Flags) {
+  return PassTail({MethodName, Values, {}}, Flags);
 }
 
 void ErrPreserve() {
@@ -155,7 +186,13 @@ void Load(const Error& error) {
 
 const ErrorRecord& Err() { return Module().Current; }
 
-void Reset() { Module() = State{}; }
+void Reset() { Records() = State{}; }
+
+// Each one replaces all that the one before left behind, but for a text that was collected.
+void RecordStandard(std::int32_t Number, StringView Label, StringView Value) {
+  if (!Records().Collected.empty()) Module();
+  Records().Pending = {Number, Label, String(Value), Environment().LocalTime()};
+}
 
 } // namespace HuntERR
 

@@ -84,6 +84,9 @@ void WriteErrorReport(StringView LogFile) noexcept;
 void Load(const Error& error);
 /// The current error.
 const ErrorRecord& Err();
+/// A standard error that is stopped in the procedure in which it arises: what raising and stopping it would leave behind,
+/// without unwinding, and put on record only when somebody asks. The label must be a literal.
+void RecordStandard(std::int32_t Number, StringView Label, StringView Value);
 /// Forgets everything: current error, held copy, report, collected text.
 void Reset();
 
@@ -100,6 +103,7 @@ void StopHere(StringView Label, const Params& Values = {});
 [[noreturn]] void FailConstruction(StringView Label);
 /// Tail of a destructor: records, and swallows because a destructor must not throw.
 void SwallowInDestructor(StringView Label) noexcept;
+
 /// An error that is stopped where it arises: recorded as `StopHere` would, without unwinding.
 void RecordHere(ErrorRecord record, StringView Label, const Params& Values = {});
 

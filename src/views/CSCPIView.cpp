@@ -11,11 +11,14 @@ CSCPIView::~CSCPIView() {
 
 void CSCPIView::Initialize(const Ref<IRichTextBox>& InstructionDisplay) try {
   SetUp(InstructionDisplay);
-  if (m_txtFuture) m_txtFuture->Change().Disconnect(m_change);
-  m_txtFuture = InstructionDisplay;
-  m_change = m_txtFuture->Change().Connect([this] { m_txtFuture_Change(); });
 } catch (...) {
   PassOn(Label(u".Initialize(InstructionDisplay)"), {InstructionDisplay});
+}
+
+void CSCPIView::DisplayTaken() {
+  if (m_txtFuture) m_txtFuture->Change().Disconnect(m_change);
+  m_txtFuture = Display();
+  m_change = m_txtFuture->Change().Connect([this] { m_txtFuture_Change(); });
 }
 
 void CSCPIView::Instructions(const Ref<CDataFIFO>& newValue) try {
@@ -52,13 +55,13 @@ void CSCPIView::m_Instructions_OnAdd(const Ref<IDataEntity>& DataEntity, std::in
   Display()->Span(u"\n");
   Show(DataEntity);
 } catch (...) {
-  PassOn(Label(u".m_Instructions_OnAdd(DataEntity, Index)"), {DataEntity, ToText(Index)});
+  PassOn(Label(u".m_Instructions_OnAdd(DataEntity, Index)"), {DataEntity, static_cast<double>(Index)});
 }
 
 void CSCPIView::m_Instructions_MaximumCountExceded(const Ref<IDataEntity>& DataEntity, std::int64_t Index) try {
   RemoveText(DataEntity, Index);
 } catch (...) {
-  PassOn(Label(u".m_Instructions_MaximumCountExceded(DataEntity, Index)"), {DataEntity, ToText(Index)});
+  PassOn(Label(u".m_Instructions_MaximumCountExceded(DataEntity, Index)"), {DataEntity, static_cast<double>(Index)});
 }
 
 const CreatorRow CtorSCPIView = {u"CtorSCPIView", u"SCPIView", 1, [](const Params& Parameters) {

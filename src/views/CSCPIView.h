@@ -28,6 +28,7 @@ private:
   void m_Instructions_OnAdd(const Ref<IDataEntity>& DataEntity, std::int64_t Index) override;
   void m_Instructions_MaximumCountExceded(const Ref<IDataEntity>& DataEntity, std::int64_t Index) override;
   bool KeepsSelection() const override { return true; }
+  void DisplayTaken() override;
   void m_txtFuture_Change();
 
   bool m_executing = false;

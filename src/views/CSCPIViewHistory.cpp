@@ -32,7 +32,7 @@ void CSCPIViewHistory::m_Instructions_OnAdd(const Ref<IDataEntity>& DataEntity, 
   if (FromBytes(DataEntity->ReadData()) == NewLine) return; // an empty line is in the queue only
   Show(DataEntity);
 } catch (...) {
-  PassOn(Label(u".m_Instructions_OnAdd(DataEntity, Index)"), {DataEntity, ToText(Index)});
+  PassOn(Label(u".m_Instructions_OnAdd(DataEntity, Index)"), {DataEntity, static_cast<double>(Index)});
 }
 
 void CSCPIViewHistory::m_Instructions_MaximumCountExceded(const Ref<IDataEntity>& DataEntity, std::int64_t Index) try {

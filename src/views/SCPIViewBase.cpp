@@ -40,6 +40,7 @@ void SCPIViewBase::SetUp(const Ref<IRichTextBox>& InstructionDisplay) {
   encoder->Initialize(InstructionDisplay);
   m_encoder = encoder;
   m_display = InstructionDisplay;
+  DisplayTaken();
   m_bytesPerChar = MeasureBytesPerChar(); // before the queue, which a display with text needs it for
   m_viewState = ViewState::Stale;
   GetInstructionQueue();

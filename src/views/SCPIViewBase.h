@@ -36,6 +36,8 @@ protected:
   void RemoveText(const Ref<IDataEntity>& DataEntity, std::int64_t Index);
 
 private:
+  /// Before the display is read and redrawn.
+  virtual void DisplayTaken() {}
   void m_Instructions_OnRemove(const Ref<IDataEntity>& DataEntity, std::int64_t Index);
   virtual void m_Instructions_OnAdd(const Ref<IDataEntity>& DataEntity, std::int64_t Index) = 0;
   virtual void m_Instructions_MaximumCountExceded(const Ref<IDataEntity>& DataEntity, std::int64_t Index) = 0;

@@ -68,7 +68,7 @@ TEST_F(CDataEntityTest, WritingAnEmptyStampStoresANewOne) {
 TEST_F(CDataEntityTest, NewEntityHasNoDataFormat) {
   const ErrorRecord error = Raised([] { Entity(u"text")->DataAttribute(u"DataFormat"); });
   ExpectError(error, 381, u"Requested data attribute, DataFormat, does not exist.");
-  ExpectTrail(error, {u"CDataEntity.DataAttributeValue(Name)", u"CDataEntity.DataAttribute(Name)"});
+  ExpectTrail(error, {u"CDataEntity.DataAttributeValue(Name)", u"CDataEntity.IDataEntity_DataAttribute(Name)"});
 }
 
 TEST_F(CDataEntityTest, WritingAnAttributeAddsOrReplacesIt) {
@@ -158,7 +158,7 @@ INSTANTIATE_TEST_SUITE_P(
         Access{"AttributeRead",
                [](CDataEntity& e) { e.DataAttribute(u"A"); },
                kMethodTooEarly,
-               {u"CDataEntity.DataAttributeValue(Name)", u"CDataEntity.DataAttribute(Name)"}},
+               {u"CDataEntity.DataAttributeValue(Name)", u"CDataEntity.IDataEntity_DataAttribute(Name)"}},
         Access{"AttributeValueWrite",
                [](CDataEntity& e) { e.DataAttributeValue(u"A", u"b"); },
                kPropertyTooEarly,
@@ -166,35 +166,35 @@ INSTANTIATE_TEST_SUITE_P(
         Access{"AttributeWrite",
                [](CDataEntity& e) { e.DataAttribute(u"A", u"b"); },
                kPropertyTooEarly,
-               {u"CDataEntity.DataAttributeValue(Name,Value)", u"CDataEntity.DataAttribute(Name,Value)"}},
+               {u"CDataEntity.DataAttributeValue(Name,Value)", u"CDataEntity.IDataEntity_DataAttribute(Name,Value)"}},
         Access{"TimeStampWrite",
                [](CDataEntity& e) { e.TimeStamp(u"a"); },
                kPropertyTooEarly,
                {u"CDataEntity.TimeStamp(newValue)"}},
-        Access{"TimeStamp", [](CDataEntity& e) { e.TimeStamp(); }, kPropertyTooEarly, {u"CDataEntity.TimeStamp()"}},
+        Access{"TimeStamp", [](CDataEntity& e) { e.TimeStamp(); }, kPropertyTooEarly, {u"CDataEntity.IDataEntity_TimeStamp()"}},
         Access{"DataTypeWrite",
                [](CDataEntity& e) { e.DataType(u"a"); },
                kPropertyTooEarly,
                {u"CDataEntity.DataType(newValue)"}},
-        Access{"DataType", [](CDataEntity& e) { e.DataType(); }, kPropertyTooEarly, {u"CDataEntity.DataType()"}},
+        Access{"DataType", [](CDataEntity& e) { e.DataType(); }, kPropertyTooEarly, {u"CDataEntity.IDataEntity_DataType()"}},
         Access{"Position",
                [](CDataEntity& e) { e.Position({}); },
                kPropertyTooEarly,
-               {u"CDataEntity.Position(DataOffset)"}},
+               {u"CDataEntity.IDataEntity_Position(DataOffset)"}},
         Access{"DataAttributes",
                [](CDataEntity& e) { e.DataAttributes(); },
                kPropertyTooEarly,
-               {u"CDataEntity.DataAttributes()"}},
-        Access{"DataLength", [](CDataEntity& e) { e.DataLength(); }, kPropertyTooEarly, {u"CDataEntity.DataLength()"}},
-        Access{"ReadData", [](CDataEntity& e) { e.ReadData(); }, kPropertyTooEarly, {u"CDataEntity.ReadData()"}},
+               {u"CDataEntity.IDataEntity_DataAttributes()"}},
+        Access{"DataLength", [](CDataEntity& e) { e.DataLength(); }, kPropertyTooEarly, {u"CDataEntity.IDataEntity_DataLength()"}},
+        Access{"ReadData", [](CDataEntity& e) { e.ReadData(); }, kPropertyTooEarly, {u"CDataEntity.IDataEntity_ReadData()"}},
         Access{"UpdateData",
                [](CDataEntity& e) { e.UpdateData({}); },
                kPropertyTooEarly,
-               {u"CDataEntity.UpdateData(data)"}},
+               {u"CDataEntity.IDataEntity_UpdateData(data)"}},
         Access{"CompareToMe",
                [](CDataEntity& e) { e.CompareToMe({}); },
                kPropertyTooEarly,
-               {u"CDataEntity.CompareToMe(DataEntity)"}}),
+               {u"CDataEntity.IDataEntity_CompareToMe(DataEntity)"}}),
     [](const auto& test) { return test.param.Name; });
 
 class CMockTimeStampServerTest : public test::FrameworkTest {};

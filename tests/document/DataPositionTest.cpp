@@ -58,7 +58,7 @@ TEST_F(CDataPositionTest, EntityMakesItsPositionsUnderTheCreatorsLabel) {
   EXPECT_FALSE(position->IsLast());
   const ErrorRecord error = Raised([&] { entity->Position(4); });
   ExpectTrail(error, {u"CDataPosition.Initialize(DataEntity,DataOffset)", u"CtorDataPosition.ICreator_Create(Params)",
-                      u"CDataEntity.Position(DataOffset)"});
+                      u"CDataEntity.IDataEntity_Position(DataOffset)"});
 }
 
 TEST_F(CDataPositionTest, FactoryTakesAnOmittedOffset) {

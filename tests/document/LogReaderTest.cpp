@@ -209,6 +209,12 @@ TEST(LogReaderTest, ADamageBehindASessionIsNotTakenForATornCloseStamp) {
   EXPECT_EQ(EndOf(start + "\n</Session>\n<Session SessionOpenTimeStamp=\"u\" x></Session>"), End::Broken);
 }
 
+TEST(LogReaderTest, ATornCloseStampIsLookedForInFrontOfTheFault) {
+  const std::string tag = LogText::SessionTag(u"t", u"");
+  const std::string log = LogText::Head() + LogText::SessionTagStart(u"t") + " SessionCloseTimeStamp=\"2/>" + tag;
+  EXPECT_EQ(EndOf(log), End::Broken); // and does not take the tag behind the fault for the torn one
+}
+
 TEST(LogReaderTest, SeveralTornCloseStampsAreAllPassed) {
   std::string room = " SessionCloseTimeStamp=\"20";
   room.resize(LogText::CloseStampRoom, ' ');

@@ -161,6 +161,13 @@ TEST(LogReaderTest, ATornLogIsSoundUpToTheLastWholeThing) {
   EXPECT_TRUE(reading.InSession);
 }
 
+TEST(LogReaderTest, StrayTextIsKeptUpToItsLastCharacter) {
+  const std::string sound = LogText::Head() + "\n<Session>\n stray";
+  const auto reading = ReadingOf(sound + " \n\n<X>41");
+  EXPECT_EQ(reading.Ending, End::Torn);
+  EXPECT_EQ(reading.SoundEnd, sound.size());
+}
+
 TEST(LogReaderTest, AnotherApplicationsLogIsNotCompleted) {
   EXPECT_EQ(EndOf("<SCPICommLog><Header ApplicationName=\"Other\"/><Session>"), End::Broken);
   EXPECT_EQ(EndOf("<SCPICommLog>" + kHeader + kHeader + "<Session>"), End::Broken);

@@ -71,7 +71,7 @@ void CheckExtending(const std::string& bytes, const LogReading& reading, const s
   Told after;
   const LogReading extended = LogReader::Read(disk.Bytes(Path), after);
   Require(extended.Ending == LogReading::End::Complete && extended.IsOurs() && extended.TornCloseStamps.empty());
-  Require(after.Text == told + "SSession SessionOpenTimeStamp=open SessionCloseTimeStamp=close\nEX41\n");
+  Require(after.Text == told + "SSession SessionOpenTimeStamp=open SessionCloseTimeStamp=close\nEX\n41\n");
 }
 
 } // namespace

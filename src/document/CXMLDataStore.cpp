@@ -9,10 +9,17 @@
 #include "framework/HuntERR.h"
 #include "framework/modGlobals.h"
 
+#include <algorithm>
 #include <system_error>
 
 namespace portico {
 namespace {
+
+/// Nearly all that a log holds is ASCII, and there is much of it.
+String TextOf(std::string_view bytes) {
+  const bool ascii = std::all_of(bytes.begin(), bytes.end(), [](char byte) { return (byte & 0x80) == 0; });
+  return ascii ? FromAscii(bytes) : FromUtf8(bytes).Text;
+}
 
 String SystemText(const std::system_error& error) { return FromUtf8(error.code().message()).Text; }
 
@@ -252,7 +259,7 @@ Ref<IDataEntity> CXMLDataStore::ElementToDataEntity(const LogElement* Element, F
   bool isString = false;
   for (const LogAttribute& attribute : Element->Attributes) {
     if (attribute.Name == LogName::DataFormat) isString = attribute.Value == LogName::StringFormat;
-    entity->DataAttribute(names.Name(attribute.Name), FromUtf8(attribute.Value).Text);
+    entity->DataAttribute(names.Name(attribute.Name), TextOf(attribute.Value));
   }
   entity->UpdateData(Payload(Element->Text, isString));
   return entity;
@@ -261,7 +268,7 @@ Ref<IDataEntity> CXMLDataStore::ElementToDataEntity(const LogElement* Element, F
 }
 
 ByteArray CXMLDataStore::Payload(std::string_view text, bool isString) const {
-  if (isString) return ToBytes(FromUtf8(text).Text);
+  if (isString) return ToBytes(TextOf(text));
   if (auto data = CHexEncoder::TryDecode(text)) return std::move(*data);
   return m_encoder->Decode(FromUtf8(text).Text); // raises what is wrong with it
 }

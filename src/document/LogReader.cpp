@@ -29,7 +29,12 @@ public:
       switch (m_parser->Feed(bytes, m_ended)) {
       case LogParser::Status::Fine:
         if (m_ended) return Conclude(LogReading::End::Complete);
-        m_chunk = m_parser->HasMoved() ? ChunkSize : std::min(2 * m_chunk, LargestChunk);
+        // A tag that does not end is looked through again with each chunk: the chunks grow with it.
+        if (m_parser->HasMoved()) {
+          m_chunk = ChunkSize;
+        } else if (bytes.size() >= m_chunk) {
+          m_chunk = std::min(2 * m_chunk, LargestChunk);
+        }
         break;
       case LogParser::Status::EndsEarly:
         return Conclude(IsLogOfOurs() && !m_structure.RootEnded() ? LogReading::End::Torn : LogReading::End::Broken);
@@ -86,8 +91,8 @@ private:
   bool PassTornTag() {
     static const std::string start = "<Session " + std::string(LogName::OpenStamp) + "=\"";
     const std::uint64_t position = m_parser->Position();
-    if (position < m_windowStart || !m_structure.InRoot()) return false;
-    const std::size_t tag = m_window.rfind(start, position - m_windowStart);
+    if (position <= m_windowStart || !m_structure.InRoot()) return false;
+    const std::size_t tag = m_window.rfind(start, position - m_windowStart - 1);
     if (tag == std::string::npos || m_windowStart + tag < m_reading.SoundEnd) return false;
     const std::size_t quote = m_window.find_first_of("\"<>", tag + start.size());
     if (quote == std::string::npos || m_window[quote] != '"') return false;

@@ -58,7 +58,7 @@ void LogStructure::Characters(std::string_view text, std::uint64_t end) {
   if (place == Place::Entity) {
     m_text += text;
   } else if ((place == Place::Root || place == Place::Session) && !m_inCData && !IsWhite(text)) {
-    KeepUpTo(end);
+    KeepUpTo(end - (text.size() - 1 - text.find_last_not_of(WhiteSpace)));
   }
 }
 

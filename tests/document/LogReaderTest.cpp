@@ -161,6 +161,13 @@ TEST(LogReaderTest, ATornLogIsSoundUpToTheLastWholeThing) {
   EXPECT_TRUE(reading.InSession);
 }
 
+TEST(LogReaderTest, StrayTextIsKeptUpToItsLastCharacter) {
+  const std::string sound = LogText::Head() + "\n<Session>\n stray";
+  const auto reading = ReadingOf(sound + " \n\n<X>41");
+  EXPECT_EQ(reading.Ending, End::Torn);
+  EXPECT_EQ(reading.SoundEnd, sound.size());
+}
+
 TEST(LogReaderTest, AnotherApplicationsLogIsNotCompleted) {
   EXPECT_EQ(EndOf("<SCPICommLog><Header ApplicationName=\"Other\"/><Session>"), End::Broken);
   EXPECT_EQ(EndOf("<SCPICommLog>" + kHeader + kHeader + "<Session>"), End::Broken);
@@ -207,6 +214,12 @@ TEST(LogReaderTest, ADamageBehindASessionIsNotTakenForATornCloseStamp) {
   const std::string start = LogText::Head() + LogText::SessionTag(u"t", u"") + "\n<X>41</X>";
   EXPECT_EQ(EndOf(start + "\n</Session>\n<Session Log>\n</Other>"), End::Broken);
   EXPECT_EQ(EndOf(start + "\n</Session>\n<Session SessionOpenTimeStamp=\"u\" x></Session>"), End::Broken);
+}
+
+TEST(LogReaderTest, ATornCloseStampIsLookedForInFrontOfTheFault) {
+  const std::string tag = LogText::SessionTag(u"t", u"");
+  const std::string log = LogText::Head() + LogText::SessionTagStart(u"t") + " SessionCloseTimeStamp=\"2/>" + tag;
+  EXPECT_EQ(EndOf(log), End::Broken); // and does not take the tag behind the fault for the torn one
 }
 
 TEST(LogReaderTest, SeveralTornCloseStampsAreAllPassed) {

@@ -71,11 +71,18 @@ private:
       return m_file->Bytes.copy(buffer, size, position);
     }
     void Write(std::uint64_t position, std::string_view bytes) override {
+      std::string& file = m_file->Bytes;
+      if (!m_disk.BytesToLive && position + bytes.size() <= m_disk.Capacity) { // nothing can happen on the way
+        if (file.size() < position + bytes.size()) file.resize(position + bytes.size());
+        file.replace(position, bytes.size(), bytes);
+        m_disk.Steps += bytes.size();
+        return;
+      }
       for (const char byte : bytes) {
         if (position >= m_disk.Capacity) throw std::system_error(ENOSPC, std::generic_category());
         m_disk.Step();
-        if (position >= m_file->Bytes.size()) m_file->Bytes.resize(position + 1);
-        m_file->Bytes[position++] = byte;
+        if (position >= file.size()) file.resize(position + 1);
+        file[position++] = byte;
       }
     }
     void Truncate(std::uint64_t size) override {

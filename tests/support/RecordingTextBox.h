@@ -3,88 +3,33 @@
 #include "framework/ErrorNumbers.h"
 #include "framework/HuntERR.h"
 #include "platform/IRichTextBox.h"
+#include "support/Cells.h"
+#include "support/Journal.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <functional>
-#include <string>
-#include <vector>
 
 namespace portico::test {
 
-/// Line ends as they are written in source.
-inline std::string Escaped(StringView text) {
-  return ToUtf8(ReplaceAll(ReplaceAll(text, u"\r", u"\\r"), u"\n", u"\\n"));
-}
-
-/// The values of a format that are set.
-inline std::string FormatText(const SelectionFormat& format) {
-  std::string text;
-  const auto number = [&](const char* name, const auto& value) {
-    if (value) text += std::string(text.empty() ? "" : " ") + name + "=" + std::to_string(*value);
-  };
-  number("alignment", format.SelAlignment);
-  number("bold", format.SelBold);
-  number("bullet", format.SelBullet);
-  number("offset", format.SelCharOffset);
-  if (format.SelColor) {
-    text += std::string(text.empty() ? "" : " ") + "color=" + ToUtf8(ToHexText(std::uint32_t(*format.SelColor)));
-  }
-  if (format.SelFontName) text += " font=" + ToUtf8(*format.SelFontName);
-  if (format.SelFontSize) text += " size=" + ToUtf8(ToText(*format.SelFontSize));
-  number("hanging", format.SelHangingIndent);
-  number("indent", format.SelIndent);
-  number("italic", format.SelItalic);
-  number("right", format.SelRightIndent);
-  number("strike", format.SelStrikeThru);
-  number("underline", format.SelUnderline);
-  return text;
-}
-
 /// A box that writes every call down, reads with a "get " in front, and answers from a simple model: units with a
 /// format each. Of RTF it knows the encoders' fragments and what boxes of this kind have given out.
-class RecordingTextBox final : public IRichTextBox {
+class RecordingTextBox final : public IRichTextBox, public Writer {
 public:
-  using Journal = std::vector<std::string>;
-  struct Cell {
-    char16_t Unit;
-    SelectionFormat Format;
-  };
-  using Cells = std::vector<Cell>;
-
-  /// The journal must outlive the box.
-  explicit RecordingTextBox(Journal& journal, std::string name = {})
-      : m_journal(journal), m_name(name.empty() ? name : name + ".") {}
+  using Writer::Writer;
   StringView ClassName() const override { return u"RecordingTextBox"; }
-
-  /// What text has that nobody has formatted.
-  static SelectionFormat Standard() {
-    SelectionFormat format;
-    format.SelAlignment = format.SelHangingIndent = format.SelIndent = format.SelRightIndent = 0;
-    format.SelCharOffset = format.SelColor = 0;
-    format.SelBullet = format.SelBold = format.SelItalic = format.SelStrikeThru = format.SelUnderline = false;
-    format.SelFontName = u"Standard";
-    format.SelFontSize = 10;
-    return format;
-  }
-
-  /// Called with each line of the journal; may raise.
-  std::function<void(const std::string&)> OnCall;
 
   // Past the journal.
   String Contents() const { return Units(0, m_cells.size()); }
-  const Cells& Formatted() const { return m_cells; }
   SelectionFormat FormatAt(std::size_t position) const { return m_cells.at(position).Format; }
   /// Appends text in a format, as a user would have made it; the caret stays.
   void Type(StringView text, const SelectionFormat& changes = {}) {
-    SelectionFormat format = Standard();
-    Apply(format, changes);
+    SelectionFormat format = StandardFormat();
+    Formats::Apply(format, changes);
     for (const char16_t unit : text) m_cells.push_back({unit, format});
     m_change();
   }
   void PlaceCaret(std::size_t position) {
-    m_start = position;
-    m_length = 0;
+    Select(position, 0);
     FormatCaret();
   }
   void Select(std::size_t start, std::size_t length) {
@@ -108,40 +53,40 @@ public:
   void SelText(StringView text) override {
     Note("SelText " + Escaped(text));
     const SelectionFormat format = StartFormat();
-    Replace(Formatted(text, format));
+    Replace(Rtf::Formatted(text, format));
   }
   String SelRTF() const override {
     Note("get SelRTF");
-    return Remember({m_cells.begin() + Offset(m_start), m_cells.begin() + Offset(m_start + Selected())});
+    return Rtf::Remember({m_cells.begin() + Offset(m_start), m_cells.begin() + Offset(m_start + Selected())});
   }
   void SelRTF(StringView fragment) override {
     Note("SelRTF " + Escaped(fragment));
-    Replace(Read(fragment, StartFormat()));
+    Replace(Rtf::Read(fragment, StartFormat()));
   }
   SelectionFormat SelFormat() const override {
     Note("get SelFormat");
     if (Selected() == 0) return m_caret;
     SelectionFormat common = m_cells[m_start].Format;
-    for (std::size_t i = m_start; i < m_start + Selected(); ++i) Intersect(common, m_cells[i].Format);
+    for (std::size_t i = m_start; i < m_start + Selected(); ++i) Formats::Intersect(common, m_cells[i].Format);
     return common;
   }
   void SelFormat(const SelectionFormat& changes) override {
     Note("SelFormat " + FormatText(changes));
-    if (Selected() == 0) Apply(m_caret, changes);
-    for (std::size_t i = m_start; i < m_start + Selected(); ++i) Apply(m_cells[i].Format, changes);
+    if (Selected() == 0) Formats::Apply(m_caret, changes);
+    for (std::size_t i = m_start; i < m_start + Selected(); ++i) Formats::Apply(m_cells[i].Format, changes);
   }
 
   String Text() const override { return Note("get Text"), Contents(); }
   void Text(StringView text) override {
     Note("Text " + Escaped(text));
-    ReplaceAllBy(Formatted(text, StartFormat()));
+    ReplaceAllBy(Rtf::Formatted(text, StartFormat()));
   }
   std::int32_t TextLength() const override { return Note("get TextLength"), static_cast<std::int32_t>(m_cells.size()); }
-  String TextRTF() const override { return Note("get TextRTF"), Remember(m_cells); }
+  String TextRTF() const override { return Note("get TextRTF"), Rtf::Remember(m_cells); }
   void TextRTF(StringView text) override {
     Note("TextRTF " + Escaped(text));
-    m_caret = Standard();
-    ReplaceAllBy(Read(text, m_caret));
+    m_caret = StandardFormat();
+    ReplaceAllBy(Rtf::Read(text, m_caret));
     FormatCaret();
   }
   std::int32_t Find(StringView text, std::int32_t Start, std::int32_t End) override {
@@ -169,17 +114,9 @@ public:
 private:
   static std::ptrdiff_t Offset(std::size_t position) { return static_cast<std::ptrdiff_t>(position); }
 
-  void Note(const std::string& line) const {
-    m_journal.push_back(m_name + line);
-    if (OnCall) OnCall(m_journal.back());
-  }
   /// How much there is of what was selected.
   std::size_t Selected() const { return std::min(m_length, m_cells.size() - m_start); }
-  String Units(std::size_t from, std::size_t count) const {
-    String text;
-    for (std::size_t i = from; i < from + count; ++i) text.push_back(m_cells[i].Unit);
-    return text;
-  }
+  String Units(std::size_t from, std::size_t count) const { return UnitsOf(m_cells, from, count); }
   SelectionFormat StartFormat() const { return Selected() == 0 ? m_caret : m_cells[m_start].Format; }
   /// The format of what stands in front; of the first unit at the beginning.
   void FormatCaret() {
@@ -199,87 +136,11 @@ private:
     if (changes) m_change();
   }
 
-  template <class T>
-  static void Take(std::optional<T>& value, const std::optional<T>& change) {
-    if (change) value = change;
-  }
-  template <class T>
-  static void Keep(std::optional<T>& value, const std::optional<T>& other) {
-    if (value != other) value.reset();
-  }
-  template <class Do>
-  static void Each(SelectionFormat& a, const SelectionFormat& b, Do&& act) {
-    act(a.SelAlignment, b.SelAlignment);
-    act(a.SelBullet, b.SelBullet);
-    act(a.SelHangingIndent, b.SelHangingIndent);
-    act(a.SelIndent, b.SelIndent);
-    act(a.SelRightIndent, b.SelRightIndent);
-    act(a.SelBold, b.SelBold);
-    act(a.SelCharOffset, b.SelCharOffset);
-    act(a.SelColor, b.SelColor);
-    act(a.SelFontName, b.SelFontName);
-    act(a.SelFontSize, b.SelFontSize);
-    act(a.SelItalic, b.SelItalic);
-    act(a.SelStrikeThru, b.SelStrikeThru);
-    act(a.SelUnderline, b.SelUnderline);
-  }
-  static void Apply(SelectionFormat& format, const SelectionFormat& changes) {
-    Each(format, changes, [](auto& value, const auto& change) { Take(value, change); });
-  }
-  static void Intersect(SelectionFormat& format, const SelectionFormat& other) {
-    Each(format, other, [](auto& value, const auto& its) { Keep(value, its); });
-  }
-
-  static Cells Formatted(StringView text, const SelectionFormat& format) {
-    Cells cells;
-    for (const char16_t unit : text) cells.push_back({unit, format});
-    return cells;
-  }
-
-  // What boxes have given out stands under its number, so that formatting crosses from box to box.
-  static constexpr StringView Given = u"{\\rtf1\\given";
-  static std::vector<Cells>& Store() {
-    static std::vector<Cells> store;
-    return store;
-  }
-  static String Remember(Cells cells) {
-    Store().push_back(std::move(cells));
-    return String(Given) + ToText(static_cast<std::int64_t>(Store().size() - 1)) + u"}";
-  }
-  static Cells Read(StringView fragment, const SelectionFormat& format) {
-    static constexpr StringView header = u"{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1 ";
-    if (fragment.substr(0, Given.size()) == Given) {
-      const auto number = ReadNumber(fragment.substr(Given.size(), fragment.size() - Given.size() - 1));
-      return Store().at(static_cast<std::size_t>(number.value()));
-    }
-    if (fragment.substr(0, header.size()) != header) return Formatted(fragment, format);
-    String text;
-    for (const char16_t unit : ReplaceAll(fragment.substr(header.size()), u"\\par ", u"\u0001")) {
-      if (unit == u'\u0001') {
-        text += NewLine;
-      } else if (unit != u'\r' && unit != u'\n' && unit != u'{' && unit != u'}') {
-        text += unit;
-      }
-    }
-    return Formatted(text, format);
-  }
-
-  Journal& m_journal;
-  std::string m_name;
   Cells m_cells;
   std::size_t m_start = 0;
   std::size_t m_length = 0;
-  SelectionFormat m_caret = Standard();
+  SelectionFormat m_caret = StandardFormat();
   Event<> m_change;
 };
-
-/// The lines of a journal that change something.
-inline std::vector<std::string> Writes(const std::vector<std::string>& journal) {
-  std::vector<std::string> lines;
-  for (const auto& line : journal) {
-    if (line.find("get ") == std::string::npos) lines.push_back(line);
-  }
-  return lines;
-}
 
 } // namespace portico::test

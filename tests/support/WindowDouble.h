@@ -9,8 +9,6 @@ namespace portico::test {
 /// A main window that writes down what it is told, with a scratch area that does the same.
 class WindowDouble final : public IMainWindow, public IScratchArea {
 public:
-  using Journal = RecordingTextBox::Journal;
-
   /// Both journals must outlive the window.
   WindowDouble(Journal& journal, const Ref<IRichTextBox>& scratch) : m_journal(journal), m_scratch(scratch) {}
   StringView ClassName() const override { return u"WindowDouble"; }

@@ -84,8 +84,8 @@ void WriteErrorReport(StringView LogFile) noexcept;
 void Load(const Error& error);
 /// The current error.
 const ErrorRecord& Err();
-/// A standard error that is stopped in the procedure in which it arises: what raising and stopping it would leave behind,
-/// without unwinding, and put on record only when somebody asks. The label must be a literal.
+/// A standard error that is stopped in the procedure in which it arises: what raising and stopping it would leave
+/// behind, without unwinding, and put on record only when somebody asks. The label must be a literal.
 void RecordStandard(std::int32_t Number, StringView Label, StringView Value);
 /// Forgets everything: current error, held copy, report, collected text.
 void Reset();

@@ -9,9 +9,7 @@ CSCPIView::~CSCPIView() {
   if (m_txtFuture) m_txtFuture->Change().Disconnect(m_change);
 }
 
-void CSCPIView::Initialize(const Ref<IRichTextBox>& InstructionDisplay) try {
-  SetUp(InstructionDisplay);
-} catch (...) {
+void CSCPIView::Initialize(const Ref<IRichTextBox>& InstructionDisplay) try { SetUp(InstructionDisplay); } catch (...) {
   PassOn(Label(u".Initialize(InstructionDisplay)"), {InstructionDisplay});
 }
 

@@ -3,10 +3,10 @@
 #include "framework/ErrorNumbers.h"
 #include "framework/HuntERR.h"
 #include "framework/IConfiguration.h"
-#include "framework/IObjectFactory.h"
 #include "framework/modGlobals.h"
 #include "instructions/CInstGenerator.h"
 #include "platform/IEventLoop.h"
+#include "views/CommandCreation.h"
 #include "views/LineKind.h"
 
 namespace portico {
@@ -29,8 +29,7 @@ String InstructionText(const IDataEntity& entity) {
 void CInstructionRunner::Initialize(const Ref<CSCPIView>& InstructionSource) try {
   HuntERR::Check(bool(InstructionSource), ErrorNumber::InvalidArgument, u"Instruction source cannot be nothing.");
   HuntERR::Check(bool(gObjectFactory), ErrorNumber::ObjectRequired, u"This operation requires an object factory.");
-  m_stop = Create<ICommand>(u"Stop", modGlobals::VarArray());
-  HuntERR::Check(bool(m_stop), ErrorNumber::CannotCreate, u"Cannot create a stop command.");
+  m_stop = CreateCommand(u"Stop", modGlobals::VarArray(), u"Cannot create a stop command.");
   m_source = InstructionSource;
   const auto publisher = Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray());
   publisher->Subscribe(Ref<ISubscriber>(shared_from_this()));
@@ -56,9 +55,7 @@ void CInstructionRunner::Update(const Ref<IObject>& Subject) try {
 void CInstructionRunner::SendNextInstruction() {
   const String text = TakeInstructionText();
   if (!text.empty()) {
-    const auto step = Create<ICommand>(u"Step", modGlobals::VarArray(text));
-    HuntERR::Check(bool(step), ErrorNumber::CannotCreate, u"Cannot create a step command.");
-    step->Execute();
+    CreateCommand(u"Step", modGlobals::VarArray(text), u"Cannot create a step command.")->Execute();
   }
   m_source->Instructions()->Dequeue();
   // The view is asked again: without the line's text its queue may end earlier than the one that the line came from.

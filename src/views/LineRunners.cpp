@@ -1,14 +1,11 @@
 #include "views/LineRunners.h"
 
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
-#include "framework/ICommand.h"
 #include "framework/IConfiguration.h"
 #include "framework/IMainWindow.h"
-#include "framework/IObjectFactory.h"
 #include "framework/modGlobals.h"
 #include "instructions/CInstGenerator.h"
 #include "platform/IEventLoop.h"
+#include "views/CommandCreation.h"
 
 namespace portico {
 
@@ -42,9 +39,7 @@ bool LineRunner::SendLine(const String& line) {
   const Ref<CInstContainer> instruction = CInstGenerator().ConstructXMLSCPICmdString(line);
   gConfiguration->ItemValue(u"CurrentInstruction", line);
   if (instruction->FunctionName().empty()) return false;
-  const auto step = Create<ICommand>(u"Step", modGlobals::VarArray(instruction));
-  HuntERR::Check(bool(step), ErrorNumber::CannotCreate, u"Cannot create a step command.");
-  step->Execute();
+  CreateCommand(u"Step", modGlobals::VarArray(instruction), u"Cannot create a step command.")->Execute();
   return true;
 }
 

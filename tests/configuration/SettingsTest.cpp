@@ -80,6 +80,23 @@ TEST_F(CSettingsTest, WriteOfAMissingNameAddsIt) {
   EXPECT_EQ(Pair->Count(), 3);
 }
 
+TEST_F(CSettingsTest, WriteOfAMissingNameRecordsThatItWasMissing) {
+  HuntERR::Reset();
+  Pair->Value(u"Third", u"3");
+  EXPECT_EQ(HuntERR::ErrNumber(), 5);
+  EXPECT_EQ(test::Labels(HuntERR::ErrReport()), std::vector<String>{u"Get CSettings.Item(AttributeName)"});
+}
+
+TEST_F(CSettingsTest, IsSameRecordsANameThatIsMissing) {
+  const auto other = Settings();
+  other->Add(u"First", u"1");
+  other->Add(u"Third", u"2");
+  HuntERR::Reset();
+  EXPECT_FALSE(Pair->IsSame(other, true));
+  EXPECT_EQ(HuntERR::ErrNumber(), 5);
+  EXPECT_EQ(test::Labels(HuntERR::ErrReport()), std::vector<String>{u"Get CSettings.Item(AttributeName)"});
+}
+
 TEST_F(CSettingsTest, ItemValueOfTheInterfaceForwards) {
   const Ref<IAttributes> attributes = Pair;
   attributes->ItemValue(u"First", u"one");

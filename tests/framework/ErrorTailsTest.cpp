@@ -207,6 +207,45 @@ TEST_F(ErrorTailsTest, RecordHereRecordsWhatStopHereWould) {
   EXPECT_EQ(HuntERR::ErrSource(), u"HuntERR.ErrorIn");
 }
 
+TEST_F(ErrorTailsTest, RecordStandardRecordsWhatRaisingAndStoppingWould) {
+  try {
+    HuntERR::RaiseStandard(5);
+  } catch (...) {
+    StopHere(u"C.M(Name)", {u"a"});
+  }
+  const ErrorRecord stopped = HuntERR::Err();
+  HuntERR::Reset();
+  HuntERR::RecordStandard(5, u"C.M(Name)", u"a");
+  EXPECT_EQ(HuntERR::ErrReport(), stopped.Description.Text());
+  EXPECT_EQ(HuntERR::ErrNumber(), 5);
+  EXPECT_EQ(HuntERR::ErrSource(), u"HuntERR.ErrorIn");
+  EXPECT_EQ(HuntERR::Err().Number, stopped.Number);
+  EXPECT_EQ(HuntERR::Err().Source, stopped.Source);
+}
+
+TEST_F(ErrorTailsTest, RecordStandardTellsTheTimeAtWhichItWasCalled) {
+  HuntERR::RecordStandard(5, u"C.M(Name)", u"a");
+  Environment.Now = test::FakeErrorEnvironment::At(2031, 12, 24, 23, 59, 58);
+  EXPECT_NE(HuntERR::ErrReport().find(u"Time='02/09/04 08:05:03'"), String::npos) << ToUtf8(HuntERR::ErrReport());
+}
+
+TEST_F(ErrorTailsTest, OfSeveralRecordedErrorsTheLastStands) {
+  HuntERR::RecordStandard(5, u"C.M(Name)", u"a");
+  HuntERR::RecordStandard(9, u"C.N(Name)", u"b");
+  EXPECT_EQ(HuntERR::ErrNumber(), 9);
+  EXPECT_EQ(test::Labels(HuntERR::ErrReport()), std::vector<String>{u"C.N(Name)"});
+}
+
+TEST_F(ErrorTailsTest, RecordStandardTakesCollectedTextAlong) {
+  HuntERR::Check(false, 0, u"a hint");
+  HuntERR::RecordStandard(5, u"C.M(Name)", u"a");
+  EXPECT_NE(HuntERR::ErrReport().find(u"a hint"), String::npos);
+  HuntERR::Check(false, 0, u"another");
+  HuntERR::RecordStandard(5, u"C.M(Name)", u"a");
+  HuntERR::RecordStandard(9, u"C.N(Name)", u"b");
+  EXPECT_EQ(HuntERR::ErrReport().find(u"another"), String::npos); // the first one took it
+}
+
 TEST_F(ErrorTailsTest, QuitPassesEveryTailWithoutAReport) {
   EXPECT_THROW(Top([] { throw Quit{}; }), Quit);
   EXPECT_EQ(HuntERR::ErrNumber(), 0);

@@ -20,7 +20,8 @@ void LogStructure::StartElement(std::string_view name, const char* const* attrib
   } else if (place == Place::Root && name == LogName::Header) {
     TakeAttributes(attributes);
     const LogElement header = Element(name);
-    if (m_reading.Headers++ == 0) m_reading.ApplicationName = header.Attribute(LogName::ApplicationName).value_or("");
+    m_inHeader = true;
+    if (m_reading.Headers == 0) m_reading.ApplicationName = header.Attribute(LogName::ApplicationName).value_or("");
     m_visitor.Header(header);
   } else if (place == Place::Root && name == LogName::Session) {
     TakeAttributes(attributes);
@@ -45,6 +46,8 @@ void LogStructure::EndElement(std::uint64_t end) {
     m_visitor.Entity(entity);
   } else if (m_depth == 1) {
     const bool session = m_inSession;
+    if (m_inHeader) ++m_reading.Headers; // only a whole one counts
+    m_inHeader = false;
     m_inSession = false;
     KeepUpTo(end);
     if (session) m_visitor.SessionClosed();

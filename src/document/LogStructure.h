@@ -35,6 +35,7 @@ private:
   LogReading& m_reading;
   ILogVisitor& m_visitor;
   std::size_t m_depth = 0;
+  bool m_inHeader = false;
   bool m_inSession = false;
   bool m_rootEnded = false;
   bool m_inCData = false;

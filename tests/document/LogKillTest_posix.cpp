@@ -61,7 +61,7 @@ protected:
 TEST_F(LogKillTest, EveryLogOpensAndMissesAtMostTheEntityThatWasBeingWritten) {
   constexpr int kills = 300;
   std::mt19937 random(20041101);
-  std::uniform_int_distribution<long> instant(0, 4'000'000); // nanoseconds
+  std::uniform_int_distribution<long> instant(0, 2'500'000); // nanoseconds
   for (int kill = 0; kill < kills; ++kill) {
     if (kill % 4 == 0) std::filesystem::remove(m_path);
     const std::size_t before = TextsOf(Bytes()).size();

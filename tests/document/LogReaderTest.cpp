@@ -172,6 +172,7 @@ TEST(LogReaderTest, AnotherApplicationsLogIsNotCompleted) {
   EXPECT_EQ(EndOf("<SCPICommLog><Header ApplicationName=\"Other\"/><Session>"), End::Broken);
   EXPECT_EQ(EndOf("<SCPICommLog>" + kHeader + kHeader + "<Session>"), End::Broken);
   EXPECT_EQ(EndOf("<Other>" + kHeader + "<Session>"), End::Broken);
+  EXPECT_EQ(EndOf("<SCPICommLog><Header ApplicationName=\"Tolvane Portico\"><Session>"), End::Broken);
 }
 
 TEST(LogReaderTest, AHalfOverwrittenTagIsRecognised) {

@@ -125,7 +125,6 @@ TEST_F(SettingObjectsTest, ObserverIsToldOfEveryChange) {
   expectTold([&] { Settings->Value(u"B", u"x"); });
   expectTold([&] { Settings->Value(u"C", u"x"); });
   expectTold([&] { Settings->Add(u"D", u"x"); });
-  expectTold([&] { Settings->Append(u"E", u"x"); });
   expectTold([&] { item->Value(u"y"); });
   expectTold([&] { Cast<CSetting>(item)->Name(u"Other"); });
   expectTold([&] { Cast<CSetting>(item)->Initialize(u"A", u"z"); });

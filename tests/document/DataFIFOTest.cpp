@@ -258,8 +258,6 @@ TEST_F(CDataFIFOTest, MembersAreGuardedBeforeInitialize) {
   expect([&] { fifo->Clear(); }, u"CDataFIFO.Clear()");
   expect([&] { fifo->NextPosition(EndMarker()); }, u"CDataFIFO.IIteratableObject_NextPosition(Index)");
   expect([&] { fifo->Item(EndMarker()); }, u"CDataFIFO.IIteratableObject_Item(Index)");
-  expect([&] { fifo->StartOfObject(); }, u"CDataFIFO.IIteratableObject_StartOfObject()");
-  expect([&] { fifo->EndOfObject(); }, u"CDataFIFO.IIteratableObject_EndOfObject()");
   expect([&] { fifo->StartOfSelection(); }, u"CDataFIFO.ISelectableObject_StartOfSelection");
   expect([&] { fifo->EndOfSelection(); }, u"Get CDataFIFO.ISelectableObject_EndOfSelection");
   expect([&] { static_cast<void>(fifo->IsSelectionEmpty()); }, u"CDataFIFO.IIteratableObject_Item()");

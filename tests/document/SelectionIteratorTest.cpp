@@ -105,12 +105,30 @@ TEST_F(CSelectionIteratorTest, NothingCannotBeAttached) {
   ExpectTrail(error, {u"CSelectionIterator.IIterator_Attach(Object)"});
 }
 
+/// An object that knows no place.
+class Placeless final : public IIteratableObject {
+public:
+  StringView ClassName() const override { return u"Placeless"; }
+  std::int32_t ComparePositions(const Ref<IPosition>&, const Ref<IPosition>&) const override { return 1; }
+  Ref<IPosition> NextPosition(const Ref<IPosition>&) const override { return {}; }
+  Value Item(const Ref<IPosition>&) const override { return {}; }
+  Ref<IPosition> StartOfObject() const override { return {}; }
+  Ref<IPosition> EndOfObject() const override { return {}; }
+  std::int32_t Count() const override { return 0; }
+};
+
+TEST_F(CSelectionIteratorTest, AttachesToAnUninitialisedContainerAndFailsWhenItBegins) {
+  const auto iterator = Iterator(u"IterateAll");
+  iterator->Attach(New<CDataFIFO>());
+  ExpectError(Raised([&] { iterator->FirstItem(); }), Hex(0x80041460), u"Method cannot be called before Initialize().");
+}
+
 TEST_F(CSelectionIteratorTest, CurrentItemNeedsAnObjectAndAPosition) {
   const auto iterator = Iterator(u"IterateAll");
   const ErrorRecord object = Raised([&] { iterator->CurrentItem(); });
   ExpectError(object, 424, u"No iteratable object has been attached.");
   ExpectTrail(object, {u"CSelectionIterator.IIterator_CurrentItem()"});
-  EXPECT_EQ(Raised([&] { iterator->Attach(New<CDataFIFO>()); }).Number, Hex(0x80041460));
+  iterator->Attach(New<Placeless>());
   ExpectError(Raised([&] { iterator->CurrentItem(); }), 424, u"There is no current position.");
 }
 

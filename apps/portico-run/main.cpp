@@ -13,6 +13,7 @@
 #include "simulator/SimulatedInstrument.h"
 #include "terminal/BatchRun.h"
 #include "terminal/Diagnostic.h"
+#include "terminal/FileSizeLimit.h"
 #include "terminal/StandardStreams.h"
 
 #include <exception>
@@ -103,6 +104,7 @@ int Run(const RunOptions& options) {
 
 int main(int argc, char** argv) try {
   HoldClosedStandardStreams();
+  SurviveFileSizeLimit();
   std::ios::sync_with_stdio(false);
   const auto request = ParseRunOptions(argc, argv);
   if (const auto* help = std::get_if<HelpText>(&request)) {

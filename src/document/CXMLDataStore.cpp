@@ -48,6 +48,7 @@ void CXMLDataStore::Initialize(const String& FileName, bool OverWrite) try {
 
 void CXMLDataStore::InititalizeDataStore(const String& FileName, bool OverWrite) try {
   m_fileName = FileName;
+  m_inSession = false; // it was in the other document
   m_document = std::make_unique<LogWriter>(*m_disk, ToUtf8(FileName));
   HuntERR::Check(bool(m_document), ErrorNumber::CannotCreate, u"Failed to create a DOM document.");
   try {
@@ -56,11 +57,7 @@ void CXMLDataStore::InititalizeDataStore(const String& FileName, bool OverWrite)
     HuntERR::Raise(ErrorNumber::FileAccess, ClassName(),
                    u"The file, " + FileName + u", cannot be deleted: " + SystemText(error) + u".");
   }
-  if (FileExists(FileName)) {
-    LoadStore();
-  } else {
-    CreateStoreSkeleton();
-  }
+  if (FileExists(FileName) || !CreateStoreSkeleton()) LoadStore();
 } catch (...) {
   PassOn(Label(u".InititalizeDataStore(FileName, OverWrite)"), {FileName, OverWrite});
 }
@@ -99,9 +96,10 @@ bool CXMLDataStore::StoreIsValid(const LogReading& reading) const try {
   PassOn(Label(u".StoreIsValid"));
 }
 
-void CXMLDataStore::CreateStoreSkeleton() try {
+/// False if somebody else has made the file meanwhile.
+bool CXMLDataStore::CreateStoreSkeleton() try {
   try {
-    m_document->Create();
+    return m_document->Create();
   } catch (const std::system_error& error) {
     HuntERR::Raise(ErrorNumber::FileAccess, ClassName(),
                    u"The file, " + m_fileName + u", cannot be written: " + SystemText(error) + u".");
@@ -245,7 +243,7 @@ Ref<CDataFIFO> CXMLDataStore::FillDataFIFOFromStore() try {
   fifo->Initialize(0);
   Filler filler(*this, *fifo);
   LogFileIdentity identity;
-  ReadStore(filler, identity);
+  HuntERR::Check(StoreIsValid(ReadStore(filler, identity)), ErrorNumber::BadFileFormat, NotValid());
   LogReader::Read(Document().Unsaved(), filler);
   return fifo;
 } catch (...) {

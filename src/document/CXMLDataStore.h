@@ -24,9 +24,10 @@ public:
   /// A save has failed, with that text; the error follows.
   Event<StringView> SaveFailed;
 
-  /// Opens the file or makes it. An empty name raises 5.
+  /// Opens the file or makes it. An empty name raises 5. Forgets a session that is open in another file.
   void Initialize(const String& FileName, bool OverWrite);
 
+  /// Reads the file as it is now; one that is gone or no log any more raises 31037 or 321.
   /// Forgets the session that is open, whether it succeeds or not: a log that is looked at is not written. An element
   /// without payload raises 9, a stamp that stands twice 457.
   Ref<IIteratableObject> FillDataContainerFromStore() override;
@@ -50,7 +51,7 @@ private:
   std::string DataEntityToElement(const Ref<IDataEntity>& DataEntity) const;
   void AppendEntityElement(const Ref<IDataEntity>& DataEntity);
   bool StoreIsValid(const LogReading& reading) const;
-  void CreateStoreSkeleton();
+  bool CreateStoreSkeleton();
   void InititalizeDataStore(const String& FileName, bool OverWrite);
   bool FileExists(const String& Name) const;
 

@@ -29,6 +29,9 @@ public:
   /// Writes in the order of the bytes. Of a write that fails some may have been written.
   virtual void Write(std::uint64_t position, std::string_view bytes) = 0;
   virtual void Truncate(std::uint64_t size) = 0;
+  /// To be called behind the last write: some disks tell only here that they are full. The file cannot be used any
+  /// more.
+  virtual void Close() = 0;
 };
 
 /// The place where logs lie. Paths are UTF-8. Failures are thrown as std::system_error.
@@ -42,13 +45,16 @@ public:
 
   /// Something that is no directory has the name.
   virtual bool Exists(const std::string& path) const = 0;
-  /// No file for an absent one. What is not a plain file is refused.
+  /// No file for an absent one. What is not a plain file is refused. A file that is opened for writing is locked
+  /// against every other that is, until it is let go; one that somebody else keeps locked for too long is refused.
   virtual std::unique_ptr<ILogFile> Open(const std::string& path, Access access) = 0;
   /// Removes a plain file; leaves anything else alone.
   virtual void Remove(const std::string& path) = 0;
-  /// Puts a new file in the place of the old, if there is one, in one step: nobody ever sees a part of it. `write`
-  /// is called once and hands the bytes over; if it throws, nothing changes.
-  virtual LogFileIdentity Replace(const std::string& path, const std::function<void(const Sink&)>& write) = 0;
+  /// Makes a new file in one step: nobody ever sees a part of it. `write` is called once and hands the bytes over; if
+  /// it throws, nothing changes. The file is open for writing. No file if there is one of that name already.
+  virtual std::unique_ptr<ILogFile> Create(const std::string& path, const std::function<void(const Sink&)>& write) = 0;
+  /// Puts a new file in the place of the old, in the same way.
+  virtual std::unique_ptr<ILogFile> Replace(const std::string& path, const std::function<void(const Sink&)>& write) = 0;
 };
 
 } // namespace portico

@@ -10,7 +10,8 @@ public:
   bool Exists(const std::string& path) const override;
   std::unique_ptr<ILogFile> Open(const std::string& path, Access access) override;
   void Remove(const std::string& path) override;
-  LogFileIdentity Replace(const std::string& path, const std::function<void(const Sink&)>& write) override;
+  std::unique_ptr<ILogFile> Create(const std::string& path, const std::function<void(const Sink&)>& write) override;
+  std::unique_ptr<ILogFile> Replace(const std::string& path, const std::function<void(const Sink&)>& write) override;
 };
 
 } // namespace portico

@@ -1,10 +1,14 @@
 #include "document/LogFile.h"
 
 #include <cerrno>
+#include <ctime>
 #include <filesystem>
+#include <random>
 #include <system_error>
+#include <utility>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,7 +20,9 @@ namespace {
 class OpenFile final : public ILogFile {
 public:
   explicit OpenFile(int descriptor) : m_descriptor(descriptor) {}
-  ~OpenFile() override { close(m_descriptor); }
+  ~OpenFile() override {
+    if (m_descriptor >= 0) close(m_descriptor);
+  }
   OpenFile(const OpenFile&) = delete;
   OpenFile& operator=(const OpenFile&) = delete;
 
@@ -59,8 +65,29 @@ public:
     }
   }
 
+  /// Others hold the lock for one save. One that is held longer must not hold up a conversation.
+  void Lock() const {
+    constexpr int attempts = 1000;
+    constexpr timespec pause{0, 1'000'000};
+    for (int attempt = 1; flock(m_descriptor, LOCK_EX | LOCK_NB) != 0; ++attempt) {
+      if (errno != EWOULDBLOCK && errno != EINTR) return; // where there are no locks it must go without
+      if (attempt == attempts) Fail();
+      nanosleep(&pause, nullptr);
+    }
+  }
+
   void Synchronize() const {
     if (fsync(m_descriptor) != 0 && errno != EINVAL) Fail();
+  }
+
+  /// Closing one of two descriptors tells what the disk has to say, and keeps the lock.
+  void Settle() const {
+    const int descriptor = fcntl(m_descriptor, F_DUPFD_CLOEXEC, 0);
+    if (descriptor < 0 || close(descriptor) != 0) Fail();
+  }
+
+  void Close() override {
+    if (close(std::exchange(m_descriptor, -1)) != 0 && errno != EINTR) Fail();
   }
 
   int Descriptor() const { return m_descriptor; }
@@ -73,8 +100,8 @@ private:
 class NewFile {
 public:
   explicit NewFile(const std::filesystem::path& target)
-      : m_target(target), m_path(target.parent_path() / (".portico-log." + std::to_string(getpid()) + ".new")) {
-    unlink(m_path.c_str()); // one of a process that had our number and was killed
+      : m_target(target),
+        m_path(target.parent_path() / (".portico-log." + std::to_string(std::random_device()()) + ".new")) {
     const int descriptor = open(m_path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor < 0) Fail();
     m_file = std::make_unique<OpenFile>(descriptor);
@@ -85,9 +112,27 @@ public:
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
 
-  OpenFile& File() { return *m_file; }
+  void Fill(const std::function<void(const ILogDisk::Sink&)>& write) {
+    std::uint64_t size = 0;
+    write([&](std::string_view bytes) {
+      m_file->Write(size, bytes);
+      size += bytes.size();
+    });
+  }
 
-  void TakePlace() {
+  /// No file if there is another by now.
+  std::unique_ptr<OpenFile> TakeFreePlace() {
+    m_file->Lock();
+    m_file->Settle();
+    if (link(m_path.c_str(), m_target.c_str()) == 0) return std::move(m_file);
+    if (errno == EEXIST && LogDisk().Exists(m_target)) return {};
+    if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS) Fail();
+    return TakePlace(); // where a file cannot have two names
+  }
+
+  /// Nobody else can write the file before the caller has let it go.
+  std::unique_ptr<OpenFile> TakePlace() {
+    m_file->Lock();
     struct stat old {};
     if (stat(m_target.c_str(), &old) == 0) {
       // What stood there may be all that somebody has: the new bytes are on the disk first.
@@ -96,6 +141,7 @@ public:
     }
     if (rename(m_path.c_str(), m_target.c_str()) != 0) Fail();
     m_path.clear();
+    return std::move(m_file);
   }
 
 private:
@@ -112,10 +158,31 @@ void CheckPath(const std::string& path) {
 }
 
 /// Behind symbolic links, so that a link stays one.
-std::filesystem::path Resolved(const std::string& path) {
+std::filesystem::path Resolved(std::filesystem::path path) {
+  constexpr int mostLinks = 40;
   std::error_code fault;
-  auto resolved = std::filesystem::canonical(path, fault);
-  return fault ? std::filesystem::path(path) : resolved;
+  for (int links = 0; links < mostLinks && std::filesystem::is_symlink(path, fault); ++links) {
+    path = path.parent_path() / std::filesystem::read_symlink(path, fault);
+  }
+  return path;
+}
+
+std::unique_ptr<OpenFile> OpenPlainFile(const std::string& path, int mode) {
+  int descriptor = -1;
+  do { // without waiting, because a named pipe would wait for its other end
+    descriptor = open(path.c_str(), mode | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+  } while (descriptor < 0 && errno == EINTR);
+  if (descriptor < 0 && errno == ENOENT) return {};
+  if (descriptor < 0) Fail();
+  auto file = std::make_unique<OpenFile>(descriptor);
+  if (!S_ISREG(file->Status().st_mode)) throw std::system_error(EINVAL, std::generic_category());
+  return file;
+}
+
+bool IsAt(const std::string& path, const OpenFile& file) {
+  struct stat named {};
+  const auto status = file.Status();
+  return stat(path.c_str(), &named) == 0 && named.st_dev == status.st_dev && named.st_ino == status.st_ino;
 }
 
 } // namespace
@@ -127,36 +194,33 @@ bool LogDisk::Exists(const std::string& path) const {
 
 std::unique_ptr<ILogFile> LogDisk::Open(const std::string& path, Access access) {
   CheckPath(path);
-  // Without waiting, because a named pipe would wait for its other end.
-  const int flags = (access == Access::Read ? O_RDONLY : O_RDWR) | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-  int descriptor = -1;
-  do {
-    descriptor = open(path.c_str(), flags);
-  } while (descriptor < 0 && errno == EINTR);
-  if (descriptor < 0 && errno == ENOENT) return {};
-  if (descriptor < 0) Fail();
-  auto file = std::make_unique<OpenFile>(descriptor);
-  if (!S_ISREG(file->Status().st_mode)) throw std::system_error(EINVAL, std::generic_category());
-  return file;
+  for (;;) {
+    auto file = OpenPlainFile(path, access == Access::Read ? O_RDONLY : O_RDWR);
+    if (!file || access == Access::Read) return file;
+    file->Lock();
+    if (IsAt(path, *file)) return file; // else whoever had the lock has put another in its place
+  }
 }
 
 void LogDisk::Remove(const std::string& path) {
   struct stat status {};
   CheckPath(path);
   if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
-  if (unlink(path.c_str()) != 0) Fail();
+  if (unlink(Resolved(path).c_str()) != 0) Fail();
 }
 
-LogFileIdentity LogDisk::Replace(const std::string& path, const std::function<void(const Sink&)>& write) {
+std::unique_ptr<ILogFile> LogDisk::Create(const std::string& path, const std::function<void(const Sink&)>& write) {
   CheckPath(path);
   NewFile file(Resolved(path));
-  std::uint64_t size = 0;
-  write([&](std::string_view bytes) {
-    file.File().Write(size, bytes);
-    size += bytes.size();
-  });
-  file.TakePlace();
-  return file.File().Identity();
+  file.Fill(write);
+  return file.TakeFreePlace();
+}
+
+std::unique_ptr<ILogFile> LogDisk::Replace(const std::string& path, const std::function<void(const Sink&)>& write) {
+  CheckPath(path);
+  NewFile file(Resolved(path));
+  file.Fill(write);
+  return file.TakePlace();
 }
 
 } // namespace portico

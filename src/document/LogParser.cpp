@@ -9,15 +9,20 @@
 namespace portico {
 
 struct LogParser::Handlers {
+  /// A log has three levels; each takes memory until it is closed.
+  static constexpr int MostDepth = 256;
+
   static LogParser& Of(void* user) { return *static_cast<LogParser*>(user); }
 
   static void XMLCALL StartElement(void* user, const XML_Char* name, const XML_Char** attributes) {
     LogParser& parser = Of(user);
     if (parser.m_silent) return;
+    if (++parser.m_depth > MostDepth) return parser.Refuse("the elements are nested too deeply");
     parser.Tell([&] { parser.m_structure.StartElement(name, attributes, parser.End()); });
   }
   static void XMLCALL EndElement(void* user, const XML_Char* /*name*/) {
     LogParser& parser = Of(user);
+    --parser.m_depth;
     parser.Tell([&] { parser.m_structure.EndElement(parser.End()); });
   }
   static void XMLCALL Characters(void* user, const XML_Char* text, int length) {

@@ -53,6 +53,7 @@ private:
   LogReading& m_reading;
   std::uint64_t m_start;
   std::uint64_t m_firstLine;
+  int m_depth = 0;
   bool m_silent = false;
   bool m_moved = false;
   std::string m_refusal;

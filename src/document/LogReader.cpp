@@ -145,6 +145,26 @@ private:
   bool m_ended = false;
 };
 
+struct FileEnd {
+  std::uint64_t Size = 0;
+  std::string Tail;
+};
+
+/// The size of a file, and the bytes in front of it that a writer may write over. They are taken at one time, or a
+/// reading would find the old ones up to where it stopped for a while, and then new ones. A file that is being written
+/// is looked at until it is seen twice in one state.
+FileEnd EndOf(const ILogFile& file) {
+  constexpr int patience = 100;
+  FileEnd last;
+  for (int look = 0;; ++look) {
+    FileEnd now{file.Identity().Size, std::string(2 * LogText::SessionAndRootEnd.size(), '\0')};
+    now.Tail.resize(static_cast<std::size_t>(std::min<std::uint64_t>(now.Size, now.Tail.size())));
+    now.Tail.resize(file.Read(now.Size - now.Tail.size(), now.Tail.data(), now.Tail.size()));
+    if (look == patience || (look > 0 && now.Size == last.Size && now.Tail == last.Tail)) return now;
+    last = std::move(now);
+  }
+}
+
 } // namespace
 
 bool LogReading::IsOurs() const { return IsLog && Headers == 1 && ApplicationName == ToUtf8(ApplicationTitle); }
@@ -165,9 +185,32 @@ LogReading LogReader::Read(std::string_view bytes, ILogVisitor& visitor) {
 LogReading LogReader::Read(const ILogFile& file, ILogVisitor& visitor) { return Read(SourceOf(file), visitor); }
 
 LogReader::Source LogReader::SourceOf(const ILogFile& file) {
-  return [&file, position = std::uint64_t{0}](char* buffer, std::size_t size) mutable {
-    const std::size_t count = file.Read(position, buffer, size);
+  auto [end, tail] = EndOf(file);
+  const std::uint64_t tailStart = end - tail.size();
+  return [&file, tail = std::move(tail), tailStart, position = std::uint64_t{0}](char* buffer,
+                                                                                 std::size_t size) mutable {
+    std::size_t count = 0;
+    if (position < tailStart) {
+      count =
+          file.Read(position, buffer, static_cast<std::size_t>(std::min<std::uint64_t>(size, tailStart - position)));
+    } else {
+      count = tail.copy(buffer, size, static_cast<std::size_t>(position - tailStart));
+    }
     position += count;
+    return count;
+  };
+}
+
+LogReader::Source LogReader::MendedSourceOf(const ILogFile& file, const LogReading& reading) {
+  return [source = SourceOf(file), rooms = reading.TornCloseStamps,
+          start = std::uint64_t{0}](char* buffer, std::size_t size) mutable {
+    const std::size_t count = source(buffer, size);
+    for (const std::uint64_t room : rooms) {
+      const std::uint64_t from = std::clamp(room, start, start + count);
+      const std::uint64_t to = std::clamp(room + LogText::CloseStampRoom, start, start + count);
+      std::fill(buffer + (from - start), buffer + (to - start), ' ');
+    }
+    start += count;
     return count;
   };
 }

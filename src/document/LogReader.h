@@ -59,7 +59,10 @@ LogReading Read(const Source& source, ILogVisitor& visitor);
 /// The same of bytes in memory, and of an open file.
 LogReading Read(std::string_view bytes, ILogVisitor& visitor);
 LogReading Read(const ILogFile& file, ILogVisitor& visitor);
+/// The file as it is now: what a writer adds meanwhile is not read.
 Source SourceOf(const ILogFile& file);
+/// The same, with blanks in the room of each torn close stamp.
+Source MendedSourceOf(const ILogFile& file, const LogReading& reading);
 
 } // namespace LogReader
 } // namespace portico

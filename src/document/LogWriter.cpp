@@ -3,6 +3,7 @@
 #include "document/LogRewriter.h"
 #include "document/LogText.h"
 
+#include <algorithm>
 #include <exception>
 
 namespace portico {
@@ -13,20 +14,30 @@ bool Stands(const ILogFile& file, std::uint64_t position, std::string_view bytes
   return file.Read(position, found.data(), found.size()) == bytes.size() && found == bytes;
 }
 
+constexpr char ChangedMeanwhile[] = "it has been changed by another program meanwhile";
+
+/// Some programs take no notice of locks. The next save begins with another look.
+void CheckUnchanged(const ILogFile& file, const LogFileIdentity& identity, const LogReading& reading) {
+  if (!(file.Identity() == identity) || reading.Size != identity.Size) throw NoLogFault(ChangedMeanwhile);
+}
+
 } // namespace
 
 std::string LogWriter::Session::Tag() const { return LogText::SessionTag(OpenStamp, CloseStamp); }
 
 std::uint64_t LogWriter::Session::Room() const { return Position + LogText::SessionTagStart(OpenStamp).size(); }
 
-void LogWriter::Create() {
+bool LogWriter::Create() {
   const std::string head = LogText::Head();
-  m_identity = m_disk.Replace(m_path, [&](const ILogDisk::Sink& sink) {
+  const auto file = m_disk.Create(m_path, [&](const ILogDisk::Sink& sink) {
     sink(head);
     sink(LogText::RootEnd);
   });
+  if (!file) return false;
+  m_identity = file->Identity();
   m_end = head.size();
   m_isPrepared = true;
+  return true;
 }
 
 void LogWriter::TakeUp(const LogFileIdentity& identity, LogReading reading) {
@@ -58,12 +69,15 @@ void LogWriter::CloseSession(StringView stamp) {
 
 void LogWriter::Save() {
   auto file = m_disk.Open(m_path, ILogDisk::Access::ReadAndWrite);
-  if (!file) return BeginAnew();
+  while (!file) {
+    if (BeginAnew()) return;
+    file = m_disk.Open(m_path, ILogDisk::Access::ReadAndWrite); // somebody else has begun one
+  }
+  if (!m_attempt.empty() && IsTraceOfAttempt(*file)) Undo(*file);
+  m_attempt.clear();
   if (!StandsAsLeft(*file)) TakeUpChanged(*file);
   if (!m_isPrepared) file = Prepare(std::move(file));
-  if (!m_text.empty()) WriteText(*file);
-  if (m_stamping) file->Write(m_stamping->Closed.Room(), m_stamping->Field);
-  m_stamping.reset();
+  Write(*file);
 }
 
 std::string LogWriter::Unsaved() const {
@@ -75,7 +89,7 @@ std::string_view LogWriter::ClosingTags() const { return m_openAtEnd ? LogText::
 
 bool LogWriter::StandsAsLeft(const ILogFile& file) const {
   if (!(file.Identity() == m_identity)) return false;
-  if (!m_isPrepared) return true;
+  if (!m_isPrepared) return m_reading.TornCloseStamps.empty(); // what looked torn may have been in the writing
   if (!Stands(file, m_end, ClosingTags())) return false;
   if (!m_stamping) return true;
   const Session& closed = m_stamping->Closed;
@@ -108,17 +122,20 @@ void LogWriter::LetGoOfFile() {
   m_isPrepared = false;
 }
 
-void LogWriter::BeginAnew() {
+bool LogWriter::BeginAnew() {
+  m_attempt.clear();
   LetGoOfFile();
   const std::string head = LogText::Head();
-  const auto identity = m_disk.Replace(m_path, [&](const ILogDisk::Sink& sink) {
+  const auto file = m_disk.Create(m_path, [&](const ILogDisk::Sink& sink) {
     sink(head);
     sink(m_text);
     sink(LogText::SessionAndRootEnd);
   });
+  if (!file) return false;
   m_end = head.size();
   m_isPrepared = true;
-  TextIsSaved(identity);
+  TextIsSaved(file->Identity());
+  return true;
 }
 
 void LogWriter::TakeUpChanged(const ILogFile& file) {
@@ -128,21 +145,24 @@ void LogWriter::TakeUpChanged(const ILogFile& file) {
   if (reading.Ending == LogReading::End::Broken || !reading.IsOurs()) {
     throw NoLogFault("it has been changed by another program and is not a valid data store any more");
   }
+  CheckUnchanged(file, identity, reading);
   LetGoOfFile();
   TakeUp(identity, std::move(reading));
 }
 
 std::unique_ptr<ILogFile> LogWriter::Prepare(std::unique_ptr<ILogFile> file) {
   if (m_reading.IsUtf8 && !m_reading.HasEpilogue) {
+    CheckUnchanged(*file, m_identity, m_reading);
     Close(*file);
-    m_identity = file->Identity();
   } else {
-    const auto identity = m_disk.Replace(
-        m_path, [&](const ILogDisk::Sink& sink) { m_end = RewriteLog(LogReader::SourceOf(*file), sink); });
-    file = m_disk.Open(m_path, ILogDisk::Access::ReadAndWrite);
-    if (!file || !(file->Identity() == identity)) throw NoLogFault("it has been changed by another program meanwhile");
-    m_identity = identity;
+    file = m_disk.Replace(m_path, [&](const ILogDisk::Sink& sink) {
+      m_end = RewriteLog(LogReader::MendedSourceOf(*file, m_reading), sink);
+      const auto named = m_disk.Open(m_path, ILogDisk::Access::Read);
+      if (!named) throw NoLogFault(ChangedMeanwhile);
+      CheckUnchanged(*named, m_identity, m_reading);
+    });
   }
+  m_identity = file->Identity();
   m_isPrepared = true;
   return file;
 }
@@ -162,22 +182,54 @@ void LogWriter::Close(ILogFile& file) {
   m_end = end + (m_reading.InSession ? LogText::SessionEnd.size() : 0);
 }
 
-void LogWriter::WriteText(ILogFile& file) {
+void LogWriter::Write(ILogFile& file) {
   const std::size_t size = m_text.size();
-  m_text += LogText::SessionAndRootEnd;
   try {
-    file.Write(m_end, m_text);
+    if (size > 0) {
+      m_text += LogText::SessionAndRootEnd;
+      file.Write(m_end, m_text);
+      m_text.resize(size);
+    }
+    if (m_stamping) file.Write(m_stamping->Closed.Room(), m_stamping->Field);
+    file.Close();
   } catch (...) {
     m_text.resize(size);
-    try { // in this order every cut leaves the start of a log
-      file.Truncate(m_end);
-      file.Write(m_end, ClosingTags());
-    } catch (const std::exception&) { // the next save finds a torn log and completes it
+    if (size > 0) {
+      m_attempt = m_text;
+      m_attempt += LogText::SessionAndRootEnd;
+      try {
+        Undo(file);
+      } catch (const std::exception&) { // the next save sees to it
+      }
     }
     throw;
   }
-  m_text.resize(size);
-  TextIsSaved({m_identity.Device, m_identity.File, m_end + size + LogText::SessionAndRootEnd.size()});
+  m_stamping.reset();
+  if (size > 0) {
+    TextIsSaved({m_identity.Device, m_identity.File, m_end + size + LogText::SessionAndRootEnd.size()});
+  }
+}
+
+/// In this order every cut leaves the start of a log.
+void LogWriter::Undo(ILogFile& file) {
+  file.Truncate(m_end);
+  file.Write(m_end, ClosingTags());
+  m_attempt.clear();
+}
+
+/// Behind m_end stands what a failed save, or its undoing, has left there and nobody has touched since: the start of
+/// either's bytes, with the rest of the old tags behind it if it is a short one.
+bool LogWriter::IsTraceOfAttempt(const ILogFile& file) const {
+  const auto [device, number, size] = file.Identity();
+  if (device != m_identity.Device || number != m_identity.File) return false;
+  if (size < m_end || size - m_end > m_attempt.size()) return false;
+  std::string tail(static_cast<std::size_t>(size - m_end), '\0');
+  if (file.Read(m_end, tail.data(), tail.size()) != tail.size()) return false;
+  const std::string_view tags = ClosingTags();
+  const auto differs = std::mismatch(tail.begin(), tail.end(), m_attempt.begin()).first;
+  const auto written = static_cast<std::size_t>(differs - tail.begin());
+  if (written == tail.size() || tags.substr(0, tail.size()) == tail) return true;
+  return tail.size() == tags.size() && tags.substr(written) == std::string_view(tail).substr(written);
 }
 
 void LogWriter::TextIsSaved(const LogFileIdentity& identity) {

@@ -18,17 +18,18 @@ struct NoLogFault : std::runtime_error {
 /// Keeps a log on disk by adding to it. After each save the file is the document that all calls so far make, as if it
 /// had been written whole.
 ///
-/// A save opens the file, makes sure that it is the one and the length that it left, writes the new bytes over the
-/// closing tags with the tags behind them, and closes it. What a failed save could not write goes out with the next. A
-/// file that somebody else has changed is extended by a session of its own, one that is gone is begun anew, and one
-/// that is no log any more is left alone. docs/formats/log.md tells what a cut through a write leaves.
+/// A save opens and locks the file, makes sure that it is the one and the length that it left, writes the new bytes
+/// over the closing tags with the tags behind them, and closes it. What a failed save could not write goes out with the
+/// next. A file that somebody else has changed is extended by a session of its own, one that is gone is begun anew, and
+/// one that is no log any more is left alone. docs/formats/log.md tells what a cut through a write leaves.
 class LogWriter {
 public:
   /// `disk` outlives the writer.
   LogWriter(ILogDisk& disk, std::string path) : m_disk(disk), m_path(std::move(path)) {}
 
-  /// Writes a log without sessions in the place of whatever has the name.
-  void Create();
+  /// Makes a log without sessions.
+  /// False if somebody else has made a file of that name.
+  bool Create();
   /// Takes up the file that the reading is of. Writes nothing.
   void TakeUp(const LogFileIdentity& identity, LogReading reading);
 
@@ -64,11 +65,13 @@ private:
   bool StandsAsLeft(const ILogFile& file) const;
   std::string TextOfItsOwn() const;
   void LetGoOfFile();
-  void BeginAnew();
+  bool BeginAnew();
   void TakeUpChanged(const ILogFile& file);
   std::unique_ptr<ILogFile> Prepare(std::unique_ptr<ILogFile> file);
   void Close(ILogFile& file);
-  void WriteText(ILogFile& file);
+  bool IsTraceOfAttempt(const ILogFile& file) const;
+  void Write(ILogFile& file);
+  void Undo(ILogFile& file);
   void TextIsSaved(const LogFileIdentity& identity);
 
   ILogDisk& m_disk;
@@ -83,6 +86,7 @@ private:
   std::string m_text; // to be saved
   std::optional<Session> m_last;
   bool m_isLastInText = false;
+  std::string m_attempt; // what a save has tried to write at m_end and perhaps has
   std::optional<Stamping> m_stamping;
 };
 

@@ -1,13 +1,18 @@
 #include "logtool/LogTool.h"
 
+#include "document/LogFile.h"
 #include "document/LogReader.h"
 #include "framework/Application.h"
 #include "logtool/Outputs.h"
 #include "logtool/ShowOutput.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
+#include <memory>
+#include <streambuf>
+#include <system_error>
 
 namespace portico::logtool {
 namespace {
@@ -37,10 +42,7 @@ public:
       throw NoLog{"it is no log of " + ToUtf8(ApplicationTitle)};
     }
   }
-  void SessionOpened(const LogElement& session) override {
-    if (m_headers == 0) throw NoLog{"it has no header in front of its sessions"};
-    m_output.OpenSession(ReadSession(session));
-  }
+  void SessionOpened(const LogElement& session) override { m_output.OpenSession(ReadSession(session)); }
   void Entity(const LogElement& element) override {
     const auto entry = ReadEntry(element);
     if (const auto* complaint = std::get_if<std::string>(&entry)) {
@@ -65,9 +67,13 @@ private:
   std::string m_first;
 };
 
+/// Waits for what comes next, and no longer.
 LogReader::Source SourceOf(std::istream& in) {
-  return [&in](char* buffer, std::size_t size) {
-    return static_cast<std::size_t>(in.rdbuf()->sgetn(buffer, static_cast<std::streamsize>(size)));
+  return [&in](char* buffer, std::size_t size) -> std::size_t {
+    std::streambuf& stream = *in.rdbuf();
+    if (std::streambuf::traits_type::eq_int_type(stream.sgetc(), std::streambuf::traits_type::eof())) return 0;
+    const auto count = std::clamp<std::streamsize>(stream.in_avail(), 1, static_cast<std::streamsize>(size));
+    return static_cast<std::size_t>(stream.sgetn(buffer, count));
   };
 }
 
@@ -81,25 +87,34 @@ std::string WhatIsWrong(const LogReading& reading) {
 }
 
 /// What is wrong with the log; empty if nothing is.
-std::string Read(std::istream& in, ILogOutput& output, const std::ostream& out) {
+std::string Read(const LogReader::Source& source, ILogOutput& output, const std::ostream& out) {
   Reading visitor(output, out);
   try {
-    const std::string fault = WhatIsWrong(LogReader::Read(SourceOf(in), visitor));
+    const std::string fault = WhatIsWrong(LogReader::Read(source, visitor));
     return fault.empty() ? visitor.Complaint() : fault;
   } catch (const NoLog& fault) {
     return fault.Reason;
-  } catch (const std::ios_base::failure&) {
+  } catch (const std::system_error&) {
     return "it cannot be read";
   }
 }
 
 std::string ReadFile(const std::string& name, ILogOutput& output, const Streams& streams) {
-  if (name == "-") return Read(streams.In, output, streams.Out);
+  if (name == "-") return Read(SourceOf(streams.In), output, streams.Out);
   std::error_code fault;
   if (std::filesystem::is_directory(name, fault)) return "it is a directory";
-  std::ifstream file(name, std::ios::binary);
+  if (!std::filesystem::is_regular_file(name, fault)) {
+    std::ifstream stream(name, std::ios::binary);
+    if (!stream) return "it cannot be opened";
+    return Read(SourceOf(stream), output, streams.Out);
+  }
+  std::unique_ptr<ILogFile> file;
+  try {
+    file = LogDisk().Open(name, ILogDisk::Access::Read);
+  } catch (const std::system_error&) { // told below
+  }
   if (!file) return "it cannot be opened";
-  return Read(file, output, streams.Out);
+  return Read(LogReader::SourceOf(*file), output, streams.Out);
 }
 
 } // namespace

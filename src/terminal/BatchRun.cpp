@@ -213,7 +213,8 @@ void BatchRun::Close() {
 void BatchRun::CloseLog() try {
   if (m_log) m_log->Close();
 } catch (...) {
-  StopHere(u"BatchRun.CloseLog()"); // what could not be written has been told
+  StopHere(u"BatchRun.CloseLog()");
+  Diagnose("the log is incomplete: " + WhatFailed());
 }
 
 void BatchRun::JudgeDriver() {

@@ -16,9 +16,10 @@ RunLog::RunLog(const String& path, bool overwrite, std::function<void(StringView
   const auto store = Create<IDataStore>(u"DataStore", modGlobals::VarArray(path, overwrite));
   const auto logger = Create<CReportLogger>(u"ReportLogger", modGlobals::VarArray(store));
   logger->EnableLogging();
-  Cast<CXMLDataStore>(store)->SaveFailed.Connect([tell = std::move(onFailure), told = false](StringView text) mutable {
-    if (!std::exchange(told, true)) tell(text);
-  });
+  Cast<CXMLDataStore>(store)->SaveFailed.Connect(
+      [this, tell = std::move(onFailure), told = String()](StringView text) mutable {
+        if (m_logger && std::exchange(told, String(text)) != text) tell(text);
+      });
   Agent()->Subscribe(logger);
   m_logger = logger;
 }

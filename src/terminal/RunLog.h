@@ -9,14 +9,14 @@ namespace portico::terminal {
 /// The log of a run: a store with one session, and the logger that fills it.
 class RunLog final {
 public:
-  /// Opens or makes the file and opens the session; raises what the store raises. `onFailure` is told of the first save
-  /// that fails; later ones carry what it could not write.
+  /// Opens or makes the file and opens the session; raises what the store raises. `onFailure` is told of a save
+  /// that fails, unless the one before has failed in the same way; later ones carry what it could not write.
   RunLog(const String& path, bool overwrite, std::function<void(StringView)> onFailure);
   ~RunLog();
   RunLog(const RunLog&) = delete;
   RunLog& operator=(const RunLog&) = delete;
 
-  /// Closes the session.
+  /// Closes the session. What it raises means that the log misses what could not be written before.
   void Close();
 
 private:

@@ -71,6 +71,16 @@ TEST_F(LogFileTest, ASymbolicLinkStaysOne) {
   EXPECT_EQ(Tell(Get(Path("real.xml"))).size(), 3U);
 }
 
+TEST_F(LogFileTest, ALinkToNothingAndAnOverwrittenOneStayLinks) {
+  fs::create_symlink("real.xml", Path());
+  Store(Path())->OpenSession();
+  EXPECT_TRUE(fs::is_symlink(Path()));
+  EXPECT_EQ(Tell(Get(Path("real.xml"))).size(), 3U);
+  Store(Path(), true);
+  EXPECT_TRUE(fs::is_symlink(Path()));
+  EXPECT_EQ(Tell(Get(Path("real.xml"))).size(), 1U);
+}
+
 TEST_F(LogFileTest, AFileInTheOldOnesPlaceIsAnotherFile) {
   const auto store = Store(Path());
   store->OpenSession();

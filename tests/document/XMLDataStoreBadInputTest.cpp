@@ -1,5 +1,7 @@
 #include "LogBench.h"
 
+#include "document/LogText.h"
+
 namespace portico::test {
 namespace {
 
@@ -37,6 +39,34 @@ TEST_F(XMLDataStoreBadInputTest, AnotherRoot) {
   ExpectError(error, 321, u"This data store does not contain header information.");
   ExpectTrail(error, {u"CXMLDataStore.StoreIsValid", u"CXMLDataStore.InititalizeDataStore(FileName, OverWrite)",
                       u"CXMLDataStore.Initialize"});
+}
+
+TEST_F(XMLDataStoreBadInputTest, ElementsNestedTooDeeply) {
+  const auto nested = [](int levels) {
+    std::string open;
+    std::string close;
+    for (int level = 0; level < levels; ++level) {
+      open += "<X>";
+      close += "</X>";
+    }
+    return LogOf(open + close);
+  };
+  Disk->Put(kPath, nested(255));
+  EXPECT_TRUE(Read(Store()).empty());
+  ExpectError(Opening(nested(256)), 31037, u"The file, conversation.xml, is not a valid data store.");
+}
+
+TEST_F(XMLDataStoreBadInputTest, ATornCloseStampInALogWithACommentBehindTheRoot) {
+  std::string torn = " SessionCloseTimeSt";
+  torn.resize(LogText::CloseStampRoom, ' ');
+  Disk->Put(kPath, LogText::Head() + LogText::SessionTagStart(u"t") + torn + "><X>3100</X></Session></SCPICommLog>" +
+                       "<!-- behind -->");
+  const auto store = Store();
+  store->OpenSession();
+  Append(store, u"2");
+  EXPECT_EQ(TextsOf(Bytes()), (std::vector<std::string>{"3100", "3200"}));
+  EXPECT_EQ(Tell(Bytes())[1], "session SessionOpenTimeStamp=t");
+  EXPECT_NE(Bytes().find("<!-- behind -->"), std::string::npos);
 }
 
 TEST_F(XMLDataStoreBadInputTest, NoHeader) {

@@ -2,6 +2,10 @@
 
 #include "document/LogText.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <limits>
+
 namespace portico::test {
 namespace {
 
@@ -17,6 +21,10 @@ protected:
     store->OpenSession();
     Append(store, u"1");
     return store;
+  }
+  std::size_t CountSessions() {
+    const auto lines = Tell(Bytes());
+    return static_cast<std::size_t>(std::count(lines.begin(), lines.end(), "end"));
   }
   std::vector<std::string> Failures;
   static constexpr char16_t kFull[] = u"The file, conversation.xml, cannot be written: No space left on device.";
@@ -307,6 +315,69 @@ TEST_F(XMLDataStoreFileTest, ASkeletonThatCannotBeWrittenIsAnError) {
   ExpectError(error, 75, u"The file, conversation.xml, cannot be written: Read-only file system.");
   ExpectTrail(error, {u"CXMLDataStore.CreateStoreSkeleton()",
                       u"CXMLDataStore.InititalizeDataStore(FileName, OverWrite)", u"CXMLDataStore.Initialize"});
+}
+
+TEST_F(XMLDataStoreFileTest, AFileThatAppearsMeanwhileIsNotReplaced) {
+  Disk->BeforeCreation = [this] { Disk->Put(kPath, LogOf("<Session><X>7800</X></Session>")); };
+  const auto store = Store();
+  store->OpenSession();
+  Append(store, u"1");
+  EXPECT_EQ(TextsOf(Bytes()), (Texts{"7800", "3100"}));
+  Disk->Remove(kPath);
+  Disk->BeforeCreation = [this] { Disk->Put(kPath, LogOf("<Session><X>7900</X></Session>")); };
+  Append(store, u"2");
+  EXPECT_EQ(TextsOf(Bytes()), (Texts{"7900", "3200"}));
+}
+
+TEST_F(XMLDataStoreFileTest, ASaveWhoseUndoingFailsIsNotWrittenTwice) {
+  const auto store = Logging();
+  const std::size_t before = Bytes().size();
+  for (std::size_t room = 0; room < 100; ++room) {
+    Disk->TruncateFault = EIO;
+    Disk->Capacity = Bytes().size() + room;
+    Raised([&] { Append(store, u"2"); });
+    Raised([&] { Append(store, u"3"); });
+    Disk->TruncateFault = 0;
+    Disk->Capacity = std::numeric_limits<std::size_t>::max();
+    Append(store, u"4");
+    EXPECT_EQ(TextsOf(Bytes()).size(), 1 + 3 * (room + 1)) << room;
+    EXPECT_EQ(CountSessions(), 1U) << room;
+  }
+  EXPECT_GT(Bytes().size(), before);
+}
+
+TEST_F(XMLDataStoreFileTest, AFailingCloseIsAFailedSave) {
+  const auto store = Logging();
+  Disk->CloseFault = ENOSPC;
+  Disk->TruncateFault = EBADF;
+  for (const char16_t* text : {u"2", u"3"}) ExpectError(Raised([&] { Append(store, text); }), 75, kFull);
+  EXPECT_EQ(Raised([&] { store->CloseSession(); }).Number, 75);
+  Disk->CloseFault = 0;
+  Disk->TruncateFault = 0;
+  store->CloseSession();
+  EXPECT_EQ(Failures.size(), 3U);
+  EXPECT_EQ(Read(store), (Texts{"1", "2", "3"}));
+  EXPECT_EQ(CountSessions(), 1U);
+}
+
+TEST_F(XMLDataStoreFileTest, AStoreThatIsInitializedAgainHasNoSession) {
+  const auto store = Logging();
+  store->Initialize(u"other.xml", false);
+  EXPECT_EQ(Raised([&] { Append(store, u"2"); }).Number, 17);
+  EXPECT_EQ(Raised([&] { store->CloseSession(); }).Number, 17);
+  store->OpenSession();
+  Append(store, u"3");
+  EXPECT_EQ(TextsOf(Disk->Bytes("other.xml")), Texts{"3300"});
+  EXPECT_EQ(TextsOf(Bytes()), Texts{"3100"});
+}
+
+TEST_F(XMLDataStoreFileTest, ALogThatHasBecomeForeignIsNotRead) {
+  const auto store = Store();
+  Disk->Put(kPath, "<SCPICommLog><Header ApplicationName=\"Other\"/></SCPICommLog>");
+  ExpectError(Raised([&] { store->FillDataContainerFromStore(); }), 321, u"");
+  Disk->Put(kPath, "<Other/>");
+  ExpectError(Raised([&] { store->FillDataContainerFromStore(); }), 321,
+              u"This data store does not contain header information.");
 }
 
 TEST_F(XMLDataStoreFileTest, ALogThatHasGoneCannotBeRead) {

@@ -167,6 +167,20 @@ TEST_F(Log, HoldsWhatTheDriverSaysOfAFailure) {
   EXPECT_EQ(Told(Content()), outcome.out);
 }
 
+TEST_F(Log, ThatMayNotGrowAnyMoreStaysWholeAndTheRunGoesOn) {
+  std::string lines;
+  for (int i = 0; i < 40; ++i) lines += "*OPC?\n";
+  std::string command = "ulimit -f 4; exec \"$0\" \"$@\""; // blocks of 512 or 1024 bytes
+  Process process(Arguments{"/bin/sh", "-c", command} + PorticoRun(kBare + Arguments{"--log", Path, kSimulated}));
+  process.Write(lines);
+  const Outcome outcome = process.Wait();
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(CountOf(outcome.out, "> *OPC?\n"), 40);
+  EXPECT_NE(outcome.err.find("cannot be written: File too large"), std::string::npos) << outcome.err;
+  EXPECT_TRUE(IsComplete(Content()));
+  EXPECT_LT(CountOf(Content(), "<Instruction "), 40);
+}
+
 TEST_F(Log, IsMissingWhenNobodyAsksForIt) {
   EXPECT_EQ(RunPortico({"--overwrite", kSimulated}, "*CLS\n").status, 2);
   EXPECT_FALSE(std::filesystem::exists(Path));

@@ -115,7 +115,7 @@ TEST(LogToolTest, ExportsTheTypedInstructionsAsACommandFile) {
 }
 
 TEST(LogToolTest, AnInstructionThatNoCommandFileHoldsIsLeftOutAndNamed) {
-  for (const char* text : {"\xC2\xAE x", "  \xC2\xA9 x", "REM x", "\xE4\xB8\x80"}) {
+  for (const char* text : {"", "  ", "\n", "A\n\nB", "\xC2\xAE x", "  \xC2\xA9 x", "REM x", "\xE4\xB8\x80"}) {
     const auto result =
         RunOn(Output::Commands, Log(Session(Element("Instruction", "01", text) + Element("Instruction", "02", "OK"))));
     EXPECT_EQ(result.Out, "OK\n");
@@ -184,11 +184,51 @@ TEST(LogToolTest, SaysWhatIsNoLog) {
   EXPECT_EQ(complaint("x"), start + "line 1: syntax error\n");
   EXPECT_EQ(complaint("<Other/>"), start + "it is no log\n");
   EXPECT_EQ(complaint("<SCPICommLog/>"), start + "it is no log\n");
-  EXPECT_EQ(complaint("<SCPICommLog><Session/></SCPICommLog>"), start + "it has no header in front of its sessions\n");
   EXPECT_EQ(complaint(kHead + kHead.substr(13) + "</SCPICommLog>"), start + "it has more than one header\n");
   EXPECT_EQ(complaint("<SCPICommLog><Header ApplicationName=\"Other\"/></SCPICommLog>"),
             start + "it is no log of Tolvane Portico\n");
   EXPECT_EQ(complaint("<!DOCTYPE a>" + Log("")), start + "line 1: a document type is not allowed\n");
+}
+
+TEST(LogToolTest, TheHeaderMayStandBehindTheSessions) {
+  const auto result = RunOn(Output::Show, "<SCPICommLog>" + Session("") + kHead.substr(13) + "</SCPICommLog>");
+  EXPECT_EQ(result.Out, "# session from s, not closed\n");
+  EXPECT_EQ(result.Err, "");
+  const auto none = RunOn(Output::Show, "<SCPICommLog>" + Session("") + "</SCPICommLog>");
+  EXPECT_EQ(none.Err, "portico-log: standard input: it is no log\n");
+  EXPECT_EQ(none.Status, 1);
+}
+
+/// A pipe: gives what has been written, and is asked for more only when all of that is used up.
+class Pieces final : public std::streambuf {
+public:
+  Pieces(std::vector<std::string> pieces, const std::ostringstream& out) : m_pieces(std::move(pieces)), m_out(out) {}
+  std::vector<std::string> OutBefore; // what stood in the output each time
+
+protected:
+  int_type underflow() override {
+    OutBefore.push_back(m_out.str());
+    if (m_next == m_pieces.size()) return traits_type::eof();
+    std::string& piece = m_pieces[m_next++];
+    setg(piece.data(), piece.data(), piece.data() + piece.size());
+    return traits_type::to_int_type(piece.front());
+  }
+
+private:
+  std::vector<std::string> m_pieces;
+  std::size_t m_next = 0;
+  const std::ostringstream& m_out;
+};
+
+TEST(LogToolTest, APipeIsReadAsItComes) {
+  std::ostringstream out;
+  std::ostringstream err;
+  Pieces pieces({kHead + "<Session SessionOpenTimeStamp=\"s\">", "</Session></SCPICommLog>"}, out);
+  std::istream in(&pieces);
+  EXPECT_EQ(logtool::Run({Output::Show, {"-"}}, {in, out, err}), ExitStatus::Success);
+  ASSERT_GE(pieces.OutBefore.size(), 2U);
+  EXPECT_EQ(pieces.OutBefore[0], "");
+  EXPECT_EQ(pieces.OutBefore[1], "# session from s, not closed\n");
 }
 
 TEST(LogToolTest, ADamagedCloseStampIsNamed) {

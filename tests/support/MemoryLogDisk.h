@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 namespace portico::test {
 
@@ -24,10 +25,16 @@ public:
   /// The error number of each opening, and of each new file; 0 for none.
   int OpenFault = 0;
   int ReplaceFault = 0;
+  /// Of each truncation, and of each closing.
+  int TruncateFault = 0;
+  int CloseFault = 0;
   /// How many bytes may be written until nothing can be written any more, as when the process is killed.
   std::optional<std::size_t> BytesToLive;
   /// Bytes, truncations and new files so far.
   std::size_t Steps = 0;
+
+  /// What others do once, when it has been seen that there is no file.
+  std::function<void()> BeforeCreation;
 
   struct Killed {};
 
@@ -42,7 +49,13 @@ public:
 
   void Remove(const std::string& path) override { m_files.erase(path); }
 
-  LogFileIdentity Replace(const std::string& path, const std::function<void(const Sink&)>& write) override {
+  std::unique_ptr<ILogFile> Create(const std::string& path, const std::function<void(const Sink&)>& write) override {
+    if (const auto meanwhile = std::exchange(BeforeCreation, {})) meanwhile();
+    if (Exists(path)) return {};
+    return Replace(path, write);
+  }
+
+  std::unique_ptr<ILogFile> Replace(const std::string& path, const std::function<void(const Sink&)>& write) override {
     if (ReplaceFault != 0) throw std::system_error(ReplaceFault, std::generic_category());
     const auto file = std::make_shared<File>(File{++m_last, {}});
     write([&](std::string_view bytes) {
@@ -51,7 +64,7 @@ public:
     });
     Step();
     m_files[path] = file;
-    return {1, file->Number, file->Bytes.size()};
+    return std::make_unique<Handle>(*this, file);
   }
 
   /// As another program writes it: a file of its own.
@@ -86,8 +99,13 @@ private:
       }
     }
     void Truncate(std::uint64_t size) override {
+      if (m_disk.TruncateFault != 0) throw std::system_error(m_disk.TruncateFault, std::generic_category());
       m_disk.Step();
       m_file->Bytes.resize(size);
+    }
+
+    void Close() override {
+      if (m_disk.CloseFault != 0) throw std::system_error(m_disk.CloseFault, std::generic_category());
     }
 
   private:

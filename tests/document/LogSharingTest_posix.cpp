@@ -1,0 +1,116 @@
+#include "LogBench.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace portico::test {
+namespace {
+
+/// A log that several programs use at once.
+class LogSharingTest : public DocumentTest {
+protected:
+  ~LogSharingTest() override { std::filesystem::remove(m_path); }
+
+  Ref<CXMLDataStore> Store() const {
+    auto store = New<CXMLDataStore>();
+    store->Initialize(FromUtf8(m_path).Text, false);
+    return store;
+  }
+  std::string Bytes() const {
+    std::ifstream file(m_path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  }
+  /// A process that logs that many entities; its exit status is 0 if all could be saved.
+  pid_t Writer(int entities) const {
+    const pid_t child = fork();
+    if (child != 0) return child;
+    try {
+      const auto store = Store();
+      store->OpenSession();
+      for (int i = 0; i < entities; ++i) store->AppendDataEntityToStore(Entity(u"1"));
+      store->CloseSession();
+    } catch (...) {
+      std::_Exit(1);
+    }
+    std::_Exit(0);
+  }
+  static std::size_t Whole(const LogReader::Source& source, std::string& buffer) {
+    std::size_t done = 0;
+    while (done < buffer.size()) {
+      const std::size_t count = source(buffer.data() + done, buffer.size() - done);
+      if (count == 0) break;
+      done += count;
+    }
+    return done;
+  }
+  static int StatusOf(pid_t child) {
+    int status = -1;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    return status;
+  }
+
+  const std::string m_path = testing::TempDir() + "LogSharingTest." + std::to_string(getpid()) + ".xml";
+};
+
+TEST_F(LogSharingTest, WritersAtTheSameTimeLoseNothing) {
+  constexpr std::size_t entities = 150;
+  Store();
+  const pid_t one = Writer(entities);
+  const pid_t other = Writer(entities);
+  EXPECT_EQ(StatusOf(one), 0);
+  EXPECT_EQ(StatusOf(other), 0);
+  EXPECT_EQ(TextsOf(Bytes()).size(), 2 * entities);
+  Tell(Bytes());
+}
+
+TEST_F(LogSharingTest, AReadingIsOfTheLogAsItWasWhenItBegan) {
+  const auto store = Store();
+  store->OpenSession();
+  const auto file = LogDisk().Open(m_path, ILogDisk::Access::Read);
+  for (std::size_t early = 0; early < 60; ++early) { // bytes that are read after the log has grown
+    const std::string before = Bytes();
+    const auto source = LogReader::SourceOf(*file);
+    std::string read(before.size() - early, ' ');
+    ASSERT_EQ(Whole(source, read), read.size());
+    store->AppendDataEntityToStore(Entity(u"1"));
+    std::string rest(early + 1000, ' ');
+    rest.resize(Whole(source, rest));
+    EXPECT_EQ(read + rest, before);
+  }
+}
+
+TEST_F(LogSharingTest, AReaderAtTheSameTimeNeverFindsTheLogBroken) {
+  const auto keep = Store();
+  const pid_t writer = Writer(2000);
+  int status = 0;
+  while (waitpid(writer, &status, WNOHANG) == 0) {
+    const auto file = LogDisk().Open(m_path, ILogDisk::Access::Read);
+    ILogVisitor nobody;
+    const auto reading = LogReader::Read(*file, nobody);
+    ASSERT_NE(reading.Ending, LogReading::End::Broken) << reading.Reason;
+  }
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(LogSharingTest, ALockIsHeldForASaveOnly) {
+  const auto store = Store();
+  store->OpenSession();
+  const int descriptor = open(m_path.c_str(), O_RDONLY | O_CLOEXEC);
+  ASSERT_EQ(flock(descriptor, LOCK_EX | LOCK_NB), 0);
+  EXPECT_EQ(Tell(Bytes()).size(), 3U);
+  EXPECT_EQ(Store()->FillDataContainerFromStore()->ClassName(), u"CDataFIFO"); // a reading asks for no lock
+  const auto error = Raised([&] { store->AppendDataEntityToStore(Entity(u"1")); });
+  EXPECT_EQ(error.Number, 75);
+  close(descriptor);
+  store->AppendDataEntityToStore(Entity(u"2"));
+  EXPECT_EQ(TextsOf(Bytes()), (std::vector<std::string>{"3100", "3200"}));
+}
+
+} // namespace
+} // namespace portico::test

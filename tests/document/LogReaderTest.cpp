@@ -95,14 +95,18 @@ TEST(LogReaderTest, AnExpansionOfEntitiesIsRefusedBeforeItBegins) {
   EXPECT_EQ(reading.Reason, "a document type is not allowed");
 }
 
-TEST(LogReaderTest, DeepNestingIsOnlyDeep) {
-  std::string open;
-  std::string close;
-  for (int i = 0; i < 100000; ++i) {
-    open += "<a>";
-    close += "</a>";
-  }
-  EXPECT_EQ(TextsOf(LogOf("<Session>" + open + "41" + close + "</Session>")), Lines{"41"});
+TEST(LogReaderTest, NestingHasAnEnd) {
+  const auto nested = [](int levels) {
+    std::string open;
+    std::string close;
+    for (int i = 0; i < levels; ++i) {
+      open += "<a>";
+      close += "</a>";
+    }
+    return LogOf("<Session>" + open + "41" + close + "</Session>");
+  };
+  EXPECT_EQ(TextsOf(nested(200)), Lines{"41"});
+  EXPECT_EQ(ReadingOf(nested(100000)).Ending, End::Broken);
 }
 
 TEST(LogReaderTest, ALargePayloadComesWhole) {

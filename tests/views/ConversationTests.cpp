@@ -261,7 +261,9 @@ protected:
   Ref<CReportLogger> Logger;
 
 private:
-  std::filesystem::path m_path = std::filesystem::path(::testing::TempDir()) / "portico-logged-conversation.xml";
+  std::filesystem::path m_path =
+      std::filesystem::path(::testing::TempDir()) /
+      (std::string("portico-") + ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".xml");
 };
 
 TEST_F(LoggedConversation, HoldsWhatHasATypeAndNoRemarks) {

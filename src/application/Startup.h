@@ -1,19 +1,11 @@
 #pragma once
 
-#include "framework/IMainWindow.h"
+#include "framework/IMainForm.h"
 #include "framework/text.h"
 
 #include <functional>
 
 namespace portico {
-
-/// What `Main` needs of the main window beyond what the system below it needs.
-class IMainForm : public virtual IMainWindow {
-public:
-  /// Runs the window's `Form_Load`.
-  virtual void Show() = 0;
-  virtual void mnuFileOpenInstrument_Click() = 0;
-};
 
 namespace modAppGlobals {
 

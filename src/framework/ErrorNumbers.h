@@ -22,11 +22,18 @@ inline constexpr std::int32_t BadFileFormat = 321;
 inline constexpr std::int32_t BadPropertyValue = 380;
 inline constexpr std::int32_t BadIndex = 381;
 inline constexpr std::int32_t ObjectRequired = 424;
+inline constexpr std::int32_t PropertyNotFound = 438;
 inline constexpr std::int32_t NotImplemented = 445;
 inline constexpr std::int32_t WrongParameterCount = 450;
 inline constexpr std::int32_t DuplicateKey = 457;
+inline constexpr std::int32_t ControlNotFound = 730;
 inline constexpr std::int32_t CannotCreate = 31004;
 inline constexpr std::int32_t BadFile = 31037;
+/// Of the common dialogs: the user has cancelled.
+inline constexpr std::int32_t DialogCancelled = 32755;
+/// Of the status bar's panels and the toolbar's buttons.
+inline constexpr std::int32_t IndexOutOfBounds = 35600;
+inline constexpr std::int32_t ElementNotFound = 35601;
 
 constexpr std::int32_t Own(std::uint32_t number) { return static_cast<std::int32_t>(number); }
 

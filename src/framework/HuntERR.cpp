@@ -67,6 +67,16 @@ StringView StandardText(std::int32_t number) {
     return u"Invalid property value.";
   case ErrorNumber::DuplicateKey:
     return u"This key is in the list already.";
+  case ErrorNumber::PropertyNotFound:
+    return u"The object does not have this property or method.";
+  case ErrorNumber::ControlNotFound:
+    return u"The form has no control of this name.";
+  case ErrorNumber::DialogCancelled:
+    return u"Cancel was selected.";
+  case ErrorNumber::IndexOutOfBounds:
+    return u"Index out of bounds.";
+  case ErrorNumber::ElementNotFound:
+    return u"Element not found.";
   default:
     return u"Error of the run time.";
   }

@@ -18,8 +18,8 @@ public:
   void WaitForEvent() override;
   std::unique_ptr<ITimer> MakeTimer() override;
 
-  /// From now on every turn throws `Quit`. Safe in a signal handler.
-  void RequestQuit() noexcept;
+  /// Safe in a signal handler.
+  void RequestQuit() noexcept override;
 
 private:
   class LoopTimer;

@@ -30,6 +30,8 @@ public:
   virtual void DoEvents() = 0;
   /// Blocks until something happens, and processes it.
   virtual void WaitForEvent() = 0;
+  /// From now on every turn throws `Quit`, and so does whatever modal is shown.
+  virtual void RequestQuit() noexcept = 0;
   /// The timer belongs to the caller and must not outlive the loop.
   virtual std::unique_ptr<ITimer> MakeTimer() = 0;
 };

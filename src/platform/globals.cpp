@@ -1,11 +1,25 @@
+#include "platform/ICommonDialog.h"
+#include "platform/IDesktop.h"
 #include "platform/IEventLoop.h"
+#include "platform/IForm.h"
 #include "platform/IInstrumentDriver.h"
+#include "platform/IInstrumentList.h"
+#include "platform/IRegistry.h"
 #include "platform/ISettingsStore.h"
 
 namespace portico {
 
+Ref<ICommonDialog> gCommonDialog;
+std::shared_ptr<IClipboard> gClipboard;
 std::shared_ptr<IEventLoop> gEventLoop;
+std::shared_ptr<IForms> gForms;
+std::shared_ptr<IHelpViewer> gHelpViewer;
 std::shared_ptr<IInstrumentDriver> gInstrumentDriver;
+std::shared_ptr<IInstrumentList> gInstrumentList;
+std::shared_ptr<IKeyboard> gKeyboard;
+std::shared_ptr<IMessageBox> gMessageBox;
+std::shared_ptr<IPrinter> gPrinter;
+std::shared_ptr<IRegistry> gRegistry;
 std::shared_ptr<ISettingsStore> gSettingsStore;
 
 } // namespace portico

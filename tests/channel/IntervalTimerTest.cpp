@@ -173,6 +173,7 @@ public:
     Seen.emplace_back("WaitForEvent");
     (*Elapse)();
   }
+  void RequestQuit() noexcept override {}
   std::unique_ptr<ITimer> MakeTimer() override { return std::make_unique<RecordingTimer>(*this); }
 
   Notes Seen;

@@ -3,7 +3,7 @@
 set -u
 cd "$1" || exit 2
 
-everything_below_the_roof="framework platform richtext channel configuration instructions simulator drivers memory document views"
+everything_below_the_roof="framework platform richtext channel configuration instructions simulator drivers memory document views ui"
 declare -A may_include=(
   [framework]=""
   [platform]="framework"
@@ -18,7 +18,8 @@ declare -A may_include=(
   [views]="framework platform configuration document instructions"
   [terminal]="framework platform configuration instructions document views"
   [logtool]="framework platform configuration document"
-  [ui]="$everything_below_the_roof"
+  [ui]="framework platform configuration channel instructions document views"
+  [qt]="framework platform richtext"
   [application]="$everything_below_the_roof"
 )
 

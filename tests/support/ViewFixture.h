@@ -13,6 +13,7 @@ public:
     if (OnTurn) OnTurn();
   }
   void WaitForEvent() override { DoEvents(); }
+  void RequestQuit() noexcept override {}
   std::unique_ptr<ITimer> MakeTimer() override { return {}; }
 
   int Turns = 0;

@@ -3,6 +3,7 @@
 #include "memory/Bars.h"
 #include "memory/DialogControls.h"
 #include "memory/MakeControl.h"
+#include "memory/RichTextControl.h"
 #include "memory/Screen.h"
 
 #include <algorithm>
@@ -153,6 +154,10 @@ bool Form::PressKey(std::int32_t code, std::int32_t shift) {
   if ((shift & (CtrlState | AltState)) != 0) return true;
   if (code == TabKey) m_focus.MoveOn((shift & ShiftState) != 0);
   if (code != ReturnKey && code != EscapeKey) return true;
+  if (auto* box = dynamic_cast<RichTextControl*>(m_focus.Active()); code == ReturnKey && box != nullptr) {
+    box->Type(NewLine);
+    return true;
+  }
   auto* button = code == ReturnKey ? dynamic_cast<CommandButton*>(m_focus.Active()) : nullptr;
   if (button == nullptr) button = Button(code == ReturnKey ? &ControlDesign::IsDefault : &ControlDesign::IsCancel);
   if (button != nullptr) button->Press();

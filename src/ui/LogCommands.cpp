@@ -3,10 +3,9 @@
 #include "document/ReportSubscribers.h"
 #include "framework/Application.h"
 #include "framework/IConfiguration.h"
-#include "framework/IMainWindow.h"
 #include "framework/modGlobals.h"
 #include "platform/IDesktop.h"
-#include "ui/IMainFormParts.h"
+#include "ui/CommandSupport.h"
 #include "ui/frmSelectFile.h"
 #include "ui/frmViewLog.h"
 
@@ -17,31 +16,20 @@ constexpr StringView LogFileName = u"LogFileName";
 constexpr StringView Logging = u"Logging";
 constexpr StringView On = u"On";
 
-/// The open dialog serves for new files as well.
-constexpr std::int32_t OpenMode = 1;
-constexpr std::int32_t LogFilter = 5;
-constexpr std::int32_t LogOrAnyFilter = 4;
+/// Empty if the user has cancelled.
+String Ask(const Ref<frmSelectFile>& dialog, const String& title, std::int32_t filters) {
+  return dialog->SelectedFileName(SelectToOpen, title, filters);
+}
 
-void CheckReady(bool initialized) { HuntERR::Check(initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize); }
-
-Ref<IMainFormParts> MainForm() { return Cast<IMainFormParts>(gMainForm); }
-
-Ref<frmSelectFile> MakeDialog() {
-  auto dialog = New<frmSelectFile>();
+Ref<frmSelectFile> MakeSelectDialog() {
+  auto dialog = frmSelectFile::Make();
   HuntERR::Check(bool(dialog), ErrorNumber::CannotCreate, u"Cannot create a select-file dialog.");
   return dialog;
 }
 
 bool MayErase(const String& name) {
-  return gMessageBox->Show(u"Do you want to erase " + name + u"?", ApplicationTitle, MessageBoxButtons::YesNo) ==
+  return Wired(gMessageBox).Show(u"Do you want to erase " + name + u"?", ApplicationTitle, MessageBoxButtons::YesNo) ==
          MessageBoxAnswer::Yes;
-}
-
-template <class Command>
-Ref<IObject> Make(const Params&) {
-  auto command = New<Command>();
-  command->Initialize();
-  return command;
 }
 
 } // namespace
@@ -59,7 +47,7 @@ void CNewLogFile::Execute() try {
 }
 
 void CNewLogFile::OpenNewLogFile() try {
-  const String name = MakeDialog()->SelectedFileName(OpenMode, u"Open a log file", LogFilter);
+  const String name = Ask(MakeSelectDialog(), u"Open a log file", NewLogFilters);
   if (name.empty()) return;
   const bool overWrite = modGlobals::FileExists(name) && MayErase(name);
   const auto store = Create<IDataStore>(u"DataStore", modGlobals::VarArray(name, overWrite));
@@ -67,7 +55,7 @@ void CNewLogFile::OpenNewLogFile() try {
   gConfiguration->ItemValue(LogFileName, name);
   gConfiguration->ItemValue(Logging, On);
   store->OpenSession();
-  MainForm()->Logger(Create<ISubscriber>(u"ReportLogger", modGlobals::VarArray(store)));
+  MainFormParts()->Logger(Create<ISubscriber>(u"ReportLogger", modGlobals::VarArray(store)));
 } catch (...) {
   PassOn(u"CNewLogFile.OpenNewLogFile");
 }
@@ -75,14 +63,14 @@ void CNewLogFile::OpenNewLogFile() try {
 void CNewLogFile::CloseLogFile() try {
   gConfiguration->ItemValue(Logging, On); // left ready for the next log
   gConfiguration->ItemValue(LogFileName, {});
-  MainForm()->Logger({});
+  MainFormParts()->Logger({});
 } catch (...) {
   PassOn(u"CCloseLogFile.CloseLogFile");
 }
 
 void CToggleLogging::Execute() try {
   CheckReady(m_initialized);
-  const auto logger = Cast<CReportLogger>(MainForm()->Logger());
+  const auto logger = Cast<CReportLogger>(MainFormParts()->Logger());
   HuntERR::Check(bool(logger), ErrorNumber::ObjectRequired, u"This operation requires an open logger.");
   if (logger->IsLogging()) {
     logger->DisableLogging();
@@ -95,29 +83,35 @@ void CToggleLogging::Execute() try {
 
 void CViewLogFile::Execute() try {
   CheckReady(m_initialized);
-  const auto dialog = MakeDialog();
-  const auto viewer = New<frmViewLog>();
+  const auto dialog = MakeSelectDialog();
+  const auto viewer = frmViewLog::Make();
   HuntERR::Check(bool(viewer), ErrorNumber::CannotCreate, u"Cannot create a log file viewer.");
-  const String name = dialog->SelectedFileName(OpenMode, u"Select a log file", LogOrAnyFilter);
+  const String name = Ask(dialog, u"Select a log file", ViewLogFilters);
   if (name.empty()) return;
   viewer->FileName(name);
-  viewer->Show(&MainForm()->Form());
+  viewer->Show(&MainFormParts()->Form());
 } catch (...) {
   PassOn(u"CViewLogFile.ICommand_Execute");
 }
 
-const CreatorRow CtorNewLogFile = {
-    u"CtorNewLogFile", u"ToggleLogFile",          0,
-    Make<CNewLogFile>, ErrorNumber::CannotCreate, u"Cannot create a new log file command."};
+const CreatorRow CtorNewLogFile = {u"CtorNewLogFile",
+                                   u"ToggleLogFile",
+                                   0,
+                                   MakePlainCommand<CNewLogFile>,
+                                   ErrorNumber::CannotCreate,
+                                   u"Cannot create a new log file command."};
 
-const CreatorRow CtorToggleLogging = {
-    u"CtorToggleLogging", u"ToggleLogging",          0,
-    Make<CToggleLogging>, ErrorNumber::CannotCreate, u"Cannot create a toggle logging command."};
+const CreatorRow CtorToggleLogging = {u"CtorToggleLogging",
+                                      u"ToggleLogging",
+                                      0,
+                                      MakePlainCommand<CToggleLogging>,
+                                      ErrorNumber::CannotCreate,
+                                      u"Cannot create a toggle logging command."};
 
 const CreatorRow CtorViewLogFile = {u"CtorViewLogFile",
                                     u"ViewLogFile",
                                     0,
-                                    Make<CViewLogFile>,
+                                    MakePlainCommand<CViewLogFile>,
                                     ErrorNumber::CannotCreate,
                                     u"Cannot create a new log file command."};
 

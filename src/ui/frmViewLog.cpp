@@ -45,6 +45,11 @@ bool frmViewLog::Run(StringView handler, Body&& body) {
   return RunHandler(String(ClassName()).append(u".").append(handler), SentenceOf(handler), std::forward<Body>(body));
 }
 
+Ref<frmViewLog> frmViewLog::Make() {
+  if (!gForms) return {};
+  return New<frmViewLog>();
+}
+
 void frmViewLog::Show(IForm* Owner) {
   m_form = gForms->Load(ViewLogDesign());
   m_form->Keep(Ref<IObject>(shared_from_this()));
@@ -212,7 +217,7 @@ void frmViewLog::mnuFileClose_Click() {
 }
 
 void frmViewLog::mnuHelpAbout_Click() {
-  Run(u"mnuHelpAbout_Click", [this] { New<frmAbout>()->ShowModal(m_form.Get()); });
+  Run(u"mnuHelpAbout_Click", [this] { ShowAbout(m_form.Get()); });
 }
 
 void frmViewLog::tbToolBar_ButtonClick(IToolButton& Button) {

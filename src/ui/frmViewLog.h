@@ -17,6 +17,9 @@ namespace portico {
 /// where it never puts it.
 class frmViewLog final : public IObject, public std::enable_shared_from_this<frmViewLog> {
 public:
+  /// Nothing where there are no forms.
+  static Ref<frmViewLog> Make();
+
   StringView ClassName() const override { return u"frmViewLog"; }
 
   /// The log, by its path as it was given. To be set before `Show`.

@@ -72,8 +72,8 @@ public:
   String FontName() const override { return u"Sans"; }
   double FontSize() const override { return 10; }
 
-  /// The application's help file; empty if there is none.
-  String HelpFile{HelpFileName};
+  /// Empty if the application has none.
+  String HelpFile{portico::HelpFile};
 
 private:
   /// What a menu item does: a command without parameters, or an action of the window's.

@@ -3,7 +3,6 @@
 #include "framework/modAppGlobals.h"
 #include "framework/modGlobals.h"
 #include "platform/ICommonDialog.h"
-#include "ui/ProgramConstants.h"
 #include "ui/ShowFailure.h"
 #include "ui/frmAbout.h"
 #include "ui/frmMain.h"
@@ -239,7 +238,7 @@ void frmMain::tmrProcessCmd_Timer() {
   tmrProcessCmd->Enabled(true);
 }
 
-void frmMain::ShowAbout() { New<frmAbout>()->ShowModal(*m_form); }
+void frmMain::ShowAbout() { portico::ShowAbout(m_form.Get()); }
 
 void frmMain::ShowHelpTopics() {
   ShowHelp(HelpFinder, u"Unable to display help contents. There is no Help associated with this project.");

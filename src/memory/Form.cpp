@@ -97,9 +97,10 @@ void Form::Show() {
   m_screen->Show(*this);
 }
 
-void Form::ShowModal(IForm* /*Owner*/) {
+void Form::ShowModal(IForm* Owner) {
   if (m_screen == nullptr) throw std::logic_error("a form that was unloaded is shown: " + ToUtf8(Name()));
   const Keeper::Turn turn(m_life);
+  m_owner = Owner;
   m_screen->ShowModal(*this);
 }
 
@@ -165,7 +166,8 @@ bool Form::PressKey(std::int32_t code, std::int32_t shift) {
 }
 
 bool Form::Resize(double width, double height) {
-  if (!TakesInput() || m_windowState != portico::WindowState::Normal) return false;
+  const bool isSizable = m_design.Style == FormStyle::Window && m_windowState == portico::WindowState::Normal;
+  if (!isSizable || !TakesInput()) return false;
   Move(Left(), Top(), width, height);
   return true;
 }

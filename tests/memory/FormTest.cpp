@@ -353,6 +353,24 @@ TEST_F(FormTest, UserDragsTheFrame) {
   EXPECT_THAT(Calls, ElementsAre("Resize", "Resize"));
 }
 
+TEST_F(FormTest, DialogIsOfFixedSizeForTheUser) {
+  const auto dialog = gForms->Load({.Name = u"dialog", .Caption = u"", .Style = FormStyle::Dialog});
+  EXPECT_FALSE(Shown(dialog).Resize(9000, 6000));
+  dialog->Width(9000);
+  EXPECT_EQ(dialog->Width(), 9000);
+}
+
+TEST_F(FormTest, FormKnowsItsOwner) {
+  const Ref<IForm> other = OtherForm(u"other");
+  const Ref<IForm> dialog = OtherForm(u"dialog");
+  EXPECT_EQ(dynamic_cast<Form&>(*other).Owner(), nullptr);
+  other->Owner(Loaded.Get());
+  EXPECT_EQ(dynamic_cast<Form&>(*other).Owner(), Loaded.Get());
+  Platform.Screen->OnShowModal(u"dialog", [](Form& form) { form.Hide(); });
+  dialog->ShowModal(Loaded.Get());
+  EXPECT_EQ(dynamic_cast<Form&>(*dialog).Owner(), Loaded.Get());
+}
+
 TEST_F(FormTest, MinimizedFormTakesNoInput) {
   Loaded->Show();
   Loaded->WindowState(WindowState::Minimized);

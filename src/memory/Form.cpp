@@ -161,7 +161,11 @@ bool Form::PressKey(std::int32_t code, std::int32_t shift) {
   }
   auto* button = code == ReturnKey ? dynamic_cast<CommandButton*>(m_focus.Active()) : nullptr;
   if (button == nullptr) button = Button(code == ReturnKey ? &ControlDesign::IsDefault : &ControlDesign::IsCancel);
-  if (button != nullptr) button->Press();
+  if (button != nullptr) {
+    button->Press();
+  } else if (code == EscapeKey && m_design.Style == FormStyle::Dialog) {
+    Close();
+  }
   return true;
 }
 

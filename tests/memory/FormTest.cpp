@@ -171,11 +171,40 @@ TEST_F(FormTest, ModalFormTakesTheInputUntilItIsHidden) {
 }
 
 TEST_F(FormTest, QuitClosesAModalForm) {
-  const Ref<IForm> dialog = gForms->Load({.Name = u"frmAbout", .Caption = u""});
-  Platform.Screen->OnShowModal(u"frmAbout", [&](Form&) { gEventLoop->RequestQuit(); });
+  const Ref<IForm> dialog = OtherForm(u"dialog");
+  dialog->Events().Unload.Connect(Note("Unload"));
+  Platform.Screen->OnShowModal(u"dialog", [&](Form&) { gEventLoop->RequestQuit(); });
   EXPECT_THROW(dialog->ShowModal(nullptr), Quit);
-  EXPECT_FALSE(dynamic_cast<Form&>(*dialog).IsShown());
+  EXPECT_THAT(Calls, ElementsAre("Unload"));
+  EXPECT_FALSE(dynamic_cast<Form&>(*dialog).IsLoaded());
+}
+
+TEST_F(FormTest, ModalFormIsNotShownAfterQuit) {
+  const Ref<IForm> dialog = OtherForm(u"dialog");
+  dialog->Events().Activate.Connect(Note("Activate"));
+  dialog->Events().Unload.Connect(Note("Unload"));
+  gEventLoop->RequestQuit();
   EXPECT_THROW(dialog->ShowModal(nullptr), Quit);
+  EXPECT_THAT(Calls, ElementsAre("Unload"));
+}
+
+TEST_F(FormTest, QuitEndsAPopupMenu) {
+  Loaded->Show();
+  auto& menu = Find<MenuItem>(Loaded, u"mnuPopup");
+  Platform.Screen->OnPopup(u"mnuPopup", [&](MenuItem&) { gEventLoop->RequestQuit(); });
+  EXPECT_THROW(Loaded->PopupMenu(menu), Quit);
+  EXPECT_EQ(Main().OpenPopup(), nullptr);
+  EXPECT_THROW(Loaded->PopupMenu(menu), Quit);
+}
+
+TEST_F(FormTest, EscapeClosesADialogThatHasNoButtonForIt) {
+  const auto dialog = gForms->Load({.Name = u"dialog", .Caption = u"", .Style = FormStyle::Dialog});
+  dialog->Events().QueryUnload.Connect(Note("QueryUnload"));
+  Shown(dialog).PressKey(EscapeKey);
+  dialog->Hide();
+  Loaded->Events().QueryUnload.Connect(Note("window"));
+  Shown(Loaded).PressKey(EscapeKey);
+  EXPECT_THAT(Calls, ElementsAre("QueryUnload"));
 }
 
 TEST_F(FormTest, CloseAsksAndUnloadsOnlyByItselfIfNobodyAnswers) {
@@ -540,12 +569,11 @@ TEST_F(FormTest, ScriptsArePlayedInTheirOrderAndMissedWhenTheyAreNot) {
 }
 
 TEST_F(FormTest, QuitThatIsFinishedLetsFormsShowAgain) {
-  const Ref<IForm> dialog = OtherForm(u"dialog");
   Platform.Loop->RequestQuit();
-  EXPECT_THROW(dialog->ShowModal(nullptr), Quit);
+  EXPECT_THROW(OtherForm(u"dialog")->ShowModal(nullptr), Quit);
   Platform.Loop->FinishQuit();
   Platform.Screen->OnShowModal(u"dialog", [](Form& form) { form.Hide(); });
-  EXPECT_NO_THROW(dialog->ShowModal(nullptr));
+  EXPECT_NO_THROW(OtherForm(u"dialog")->ShowModal(nullptr));
 }
 
 TEST_F(FormTest, FormOutlivesItsScreenForWhoeverHoldsIt) {

@@ -4,13 +4,13 @@
 #include "qt/ComboBox.h"
 #include "qt/CommandButton.h"
 #include "qt/Holders.h"
+#include "qt/LineBox.h"
 #include "qt/PictureBox.h"
 #include "qt/PlainControls.h"
 #include "qt/SplitArea.h"
 #include "qt/StatusBar.h"
 #include "qt/TabStrip.h"
 #include "qt/Text.h"
-#include "qt/TextBox.h"
 #include "qt/ToolBar.h"
 
 #include <utility>
@@ -64,7 +64,7 @@ private:
       Make<Label>(design, new QLabel(&parent));
       break;
     case ControlKind::TextBox:
-      MakeStop<TextBox>(design, new QLineEdit(&parent));
+      MakeStop<LineBox>(design, new QLineEdit(&parent));
       break;
     case ControlKind::ComboBox:
       MakeStop<ComboBox>(design, new QComboBox(&parent));

@@ -1,4 +1,4 @@
-#include "qt/TextBox.h"
+#include "qt/LineBox.h"
 
 #include "qt/Text.h"
 
@@ -8,15 +8,15 @@
 
 namespace portico::qt {
 
-TextBox::TextBox(const ControlDesign& design, std::shared_ptr<FormLife> life, QLineEdit& edit)
+LineBox::LineBox(const ControlDesign& design, std::shared_ptr<FormLife> life, QLineEdit& edit)
     : TabStopControl(design, std::move(life), edit), m_edit(edit) {
   edit.setText(ToQt(design.Caption));
   QObject::connect(&edit, &QLineEdit::textChanged, &edit, [this] { EnterAndFire(m_change); });
 }
 
-String TextBox::Text() const { return FromQt(m_edit.text()); }
+String LineBox::Text() const { return FromQt(m_edit.text()); }
 
-void TextBox::Text(const String& newValue) {
+void LineBox::Text(const String& newValue) {
   if (newValue == Text()) return;
   {
     const QSignalBlocker quiet(m_edit);

@@ -185,6 +185,24 @@ TEST_F(InstrumentDialogTest, ButtonsFileTheirFailures) {
   EXPECT_EQ(FiledTrail(), std::vector<String>{u"frmInstrumentDialog.CancelButton_Click()"});
 }
 
+TEST_F(InstrumentDialogTest, CloseBoxFilesItsFailure) {
+  Platform.Screen->OnShowModal(u"frmInstrumentDialog", [&](memory::Form& form) {
+    form.Events().Unload.Connect([] { HuntERR::Check(false, 5, u"unload"); });
+    form.PressCloseBox();
+  });
+  MakeDialog<frmInstrumentDialog>()->ShowModal(nullptr);
+  EXPECT_EQ(FiledTrail(), std::vector<String>{u"frmInstrumentDialog.Form_QueryUnload()"});
+}
+
+TEST_F(InstrumentDialogTest, FormThatCannotBeUnloadedDoesNotKeepTheDialog) {
+  auto dialog = MakeDialog<frmInstrumentDialog>();
+  const auto form = Platform.Screen->Find(u"frmInstrumentDialog");
+  form->Events().Unload.Connect([] { HuntERR::Check(false, 5, u"unload"); });
+  dialog = {};
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_EQ(CallStack(HuntERR::ErrReport()), std::vector<String>{u"DialogForm.Class_Terminate()"});
+}
+
 TEST_F(InstrumentDialogTest, ControlsOutliveTheDialogHarmlessly) {
   const auto form = [this] {
     const auto dialog = MakeDialog<frmInstrumentDialog>();

@@ -1,64 +1,10 @@
-#include "ui/frmTVSCPIOptions.h"
-
-#include "UiFixture.h"
+#include "OptionsFixture.h"
 #include "configuration/CConfigurationClient.h"
 
 namespace portico::test {
 namespace {
 
-using memory::CheckBox;
-using memory::ComboBox;
-using memory::TabStrip;
-using memory::TextBox;
-
-const std::vector<std::pair<String, String>> Stored = {
-    {u"SCPIProtocolOPCPacing", u"Off"},
-    {u"SCPIProtocolIntervalPacing", u"On"},
-    {u"SCPIProtocolPacingInterval", u"250"},
-    {u"SCPIProtocolAutoReadAfterQuery", u"On"},
-    {u"SCPIProtocolAutoErrorChecking", u"Off"},
-    {u"SCPIProtocolErrorCheckingCommand", u":ERR?"},
-    {u"SCPIProtocolTerminationCharacter", u"CRLF"},
-    {u"OtherProtocolIntervalPacing", u"On"},
-    {u"OtherProtocolPacingInterval", u"20"},
-    {u"OtherProtocolTerminationCharacter", u"LFCR"},
-};
-
-class OptionsTest : public UiFixture {
-protected:
-  OptionsTest() {
-    gObjectFactory->Add(MakeCreator(CtorConfigOptions));
-    for (const auto& [item, value] : Stored) Configuration->Items[item] = value;
-    Configuration->Items[u"ProtocolName"] = u"SCPI";
-  }
-
-  /// The dialog while the user does that; then the user cancels, if it is still there.
-  void Show(const std::function<void(memory::Form&)>& act) {
-    Platform.Screen->OnShowModal(u"frmTVSCPIOptions", [&](memory::Form& form) {
-      act(form);
-      if (form.IsShown()) Press(form, u"cmdCancel");
-    });
-    Create<ICommand>(u"ConfigOptions")->Execute();
-  }
-  void With(StringView item, const String& value) { Configuration->Items[String(item)] = value; }
-
-  static bool IsChecked(memory::Form& form, StringView box) { return Find<CheckBox>(form, box).Value() == Checked; }
-  static void Click(memory::Form& form, StringView box) {
-    EXPECT_TRUE(Find<CheckBox>(form, box).Press()) << ToUtf8(box);
-  }
-  static std::string TextOf(memory::Form& form, StringView box) { return ToUtf8(Find<TextBox>(form, box).Text()); }
-  static double LeftOf(memory::Form& form, StringView page) { return Find<IPage>(form, page).Left(); }
-
-  /// What OK writes for the values as they are loaded.
-  List Saved() const {
-    List lines;
-    for (const auto& [item, value] : Stored) {
-      lines.push_back(ToUtf8(item) + "=" + ToUtf8(Configuration->Items.at(item)));
-    }
-    lines.push_back("ProtocolName=" + ToUtf8(Configuration->Items.at(u"ProtocolName")));
-    return lines;
-  }
-};
+class OptionsTest : public OptionsFixture {};
 
 TEST_F(OptionsTest, IsMadeUpOfThese) {
   Show([](memory::Form& form) {
@@ -378,79 +324,6 @@ TEST_F(OptionsTest, TopicOfHelpIsTakenByThePlaceOfTheTabStrip) {
     Press(form, u"cmdHelp");
   });
   EXPECT_EQ(Deeds, Journal{"ShowHelp 258 AL(`frmTVSCPIOptions.Other',1) TVPort.hlp"});
-}
-
-TEST_F(OptionsTest, StateThatIsNeitherOnNorOffIsFiledAndTheDialogShows) {
-  With(u"SCPIProtocolIntervalPacing", u"on");
-  Show([](memory::Form& form) { EXPECT_TRUE(form.IsShown()); });
-  EXPECT_EQ(Filed(), List{"on is not a valid state for a check box."});
-  EXPECT_EQ(HuntERR::ErrNumber(), 5);
-  EXPECT_EQ(FiledTrail(), std::vector<String>{u"frmTVSCPIOptions.Form_Load()"});
-}
-
-TEST_F(OptionsTest, GrayedCheckBoxIsFiledAndTheDialogStays) {
-  Show([](memory::Form& form) {
-    Find<CheckBox>(form, u"chkSCPITimed").Value(Grayed);
-    Press(form, u"cmdOK");
-    EXPECT_TRUE(form.IsShown());
-  });
-  EXPECT_EQ(Filed(), List{"A check box must be checked or unchecked."});
-  EXPECT_EQ(HuntERR::ErrNumber(), 5);
-  EXPECT_EQ(FiledTrail(), std::vector<String>{u"frmTVSCPIOptions.cmdOK_Click()"});
-}
-
-TEST_F(OptionsTest, HandlersFileTheirFailures) {
-  Dialog->OnCall = [](const std::string&) { HuntERR::Check(false, 53, u"no help"); };
-  Show([](memory::Form& form) { Press(form, u"cmdHelp"); });
-  EXPECT_EQ(FiledTrail(), std::vector<String>{u"frmTVSCPIOptions.cmdHelp_Click()"});
-  Show([](memory::Form& form) {
-    form.Events().Unload.Connect([] { HuntERR::Check(false, 5, u"unload"); });
-    Press(form, u"cmdCancel");
-  });
-  EXPECT_EQ(FiledTrail(), std::vector<String>{u"frmTVSCPIOptions.cmdCancel_Click()"});
-}
-
-TEST_F(OptionsTest, TabsFileTheirFailures) {
-  Show([](memory::Form& form) {
-    auto& tabs = Find<TabStrip>(form, u"tbsOptions");
-    tabs.AddTab(u"third", u"");
-    tabs.Choose(3); // it has no page
-  });
-  EXPECT_EQ(HuntERR::ErrNumber(), 9);
-  EXPECT_EQ(FiledTrail(), std::vector<String>{u"frmTVSCPIOptions.tbsOptions_Click()"});
-}
-
-TEST_F(OptionsTest, KeysFileTheirFailures) {
-  Show([](memory::Form& form) {
-    Find<TabStrip>(form, u"tbsOptions").Click().Connect([] { HuntERR::Check(false, 5, u"tab"); });
-    form.PressKey(9, 2);
-  });
-  EXPECT_EQ(Filed(), List{"tab"});
-  const auto trail = FiledTrail();
-  ASSERT_EQ(trail.size(), 1U);
-  EXPECT_TRUE(Bears(trail[0], u"frmTVSCPIOptions.Form_KeyDown(KeyCode,Shift)"));
-}
-
-TEST_F(OptionsTest, DialogThatCannotBeMadeRaises17) {
-  gForms.reset();
-  const auto error = Raised([] { Create<ICommand>(u"ConfigOptions")->Execute(); });
-  gForms = Platform.Screen;
-  ExpectError(error, 17, u"Failed to create option dialog box.");
-  ExpectTrail(error, {u"CConfigOptions.ICommand_Execute"});
-}
-
-TEST_F(OptionsTest, CannotBeExecutedBeforeInitialize) {
-  const auto error = Raised([] { CConfigOptions().Execute(); });
-  ExpectError(error, Hex(0x80041460), u"Method cannot be called before Initialize().");
-  ExpectTrail(error, {u"CConfigOptions.ICommand_Execute"});
-}
-
-TEST_F(OptionsTest, EndOfTheProgramEndsTheDialogWithoutATrace) {
-  Platform.Screen->OnShowModal(u"frmTVSCPIOptions", [this](memory::Form&) { Platform.Loop->RequestQuit(); });
-  EXPECT_THROW(Create<ICommand>(u"ConfigOptions")->Execute(), Quit);
-  EXPECT_EQ(HuntERR::ErrReport(), u"");
-  EXPECT_EQ(Calls, List{});
-  EXPECT_FALSE(Platform.Screen->Find(u"frmTVSCPIOptions"));
 }
 
 } // namespace

@@ -10,7 +10,7 @@ namespace portico {
 namespace {
 
 /// Where the two passes over the file end, as shares of the whole. Measured; the showing takes the rest.
-constexpr double CheckedShare = 0.05;
+constexpr double CheckedShare = 0.02;
 constexpr double ReadShare = 0.2;
 
 } // namespace

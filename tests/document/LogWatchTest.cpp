@@ -36,7 +36,14 @@ protected:
     Append(store, u"two");
     store->CloseSession();
   }
-  std::vector<std::string> Take() { return std::exchange(Told, {}); }
+  /// What was told, but for the places in the middle of the file: in which pieces it is read is the reader's affair.
+  std::vector<std::string> Take() {
+    std::erase_if(Told, [this](const std::string& line) {
+      const bool isPlace = line.find(" of ") != std::string::npos;
+      return isPlace && !line.ends_with(OfAll(0)) && !line.ends_with(OfAll(Bytes().size()));
+    });
+    return std::exchange(Told, {});
+  }
   std::string OfAll(std::size_t done) { return std::to_string(done) + " of " + std::to_string(Bytes().size()); }
 
   using List = std::vector<std::string>;
@@ -70,7 +77,7 @@ TEST_F(LogWatchTest, ALongLogIsToldOfInPieces) {
   store->CloseSession();
   const LogWatch watch(&Watching);
   Store();
-  const auto told = Take();
+  const auto told = std::exchange(Told, {});
   ASSERT_GT(told.size(), 3U);
   std::vector<std::uint64_t> places(told.size());
   for (std::size_t i = 0; i < told.size(); ++i) std::istringstream(told[i]) >> places[i];

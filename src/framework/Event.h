@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -29,6 +30,12 @@ public:
       if (slot.Name == connection) slot.Call.reset();
     }
     if (m_state->Running == 0) m_state->Sweep();
+  }
+
+  /// Whether there is a handler to call.
+  bool IsConnected() const {
+    return std::any_of(m_state->Slots.begin(), m_state->Slots.end(),
+                       [](const Slot& slot) { return slot.Call != nullptr; });
   }
 
   void operator()(Args... args) const {

@@ -1,13 +1,9 @@
-#include "memory/RichTextLines.h"
+#include "richtext/RichTextLines.h"
 
 #include <algorithm>
 #include <utility>
 
-namespace portico::memory {
-
-using richtext::FormattedLine;
-using richtext::FormattedText;
-using richtext::LineEndLength;
+namespace portico::richtext {
 
 namespace {
 
@@ -99,6 +95,12 @@ void RichTextLines::Replace(Place from, Place to, FormattedText text) {
   Measure(from.Line + text.size() - 1);
 }
 
+void RichTextLines::ReplaceLines(std::size_t first, std::size_t count, FormattedText lines) {
+  for (std::size_t i = 0; i < lines.size(); ++i) Insert(first + i, std::move(lines[i]));
+  for (std::size_t i = 0; i < count; ++i) m_lines.Remove(first + lines.size());
+  Measure(Count() - 1);
+}
+
 void RichTextLines::Delete(Place from, Place to) {
   if (from.Offset == 0) {
     for (std::size_t line = from.Line; line < to.Line; ++line) m_lines.Remove(from.Line);
@@ -129,7 +131,7 @@ void RichTextLines::Transform(Place from, Place to, const SelectionFormat& chang
     FormattedLine& held = *m_lines[line];
     const std::size_t first = line == from.Line ? from.Offset : 0;
     const std::size_t end = line == to.Line ? to.Offset : held.Text.size() + 1;
-    held.Runs.Transform(first, end - first, [&](richtext::CharacterFormat& format) { Apply(changes, format); });
+    held.Runs.Transform(first, end - first, [&](CharacterFormat& format) { Apply(changes, format); });
   }
 }
 
@@ -137,4 +139,4 @@ void RichTextLines::TransformParagraphs(std::size_t first, std::size_t last, con
   for (std::size_t line = first; line <= last; ++line) Apply(changes, m_lines[line]->Paragraph);
 }
 
-} // namespace portico::memory
+} // namespace portico::richtext

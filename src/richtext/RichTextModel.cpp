@@ -1,20 +1,15 @@
-#include "memory/RichTextBox.h"
+#include "richtext/RichTextModel.h"
 
 #include "framework/ErrorNumbers.h"
 #include "framework/HuntERR.h"
-#include "memory/RichTextSearch.h"
+#include "richtext/RichTextSearch.h"
 #include "richtext/RtfReader.h"
 #include "richtext/RtfWriter.h"
 
 #include <algorithm>
 #include <limits>
 
-namespace portico::memory {
-
-using richtext::CharacterFormat;
-using richtext::FormattedLine;
-using richtext::FormattedText;
-using richtext::Formatting;
+namespace portico::richtext {
 
 namespace {
 
@@ -40,37 +35,37 @@ std::size_t LastTouched(const RichTextLines::Place& from, const RichTextLines::P
 
 } // namespace
 
-RichTextBox::RichTextBox(StringView fontName, double fontSize)
-    : m_standard(richtext::StandardFormatting(fontName, fontSize)), m_lines(richtext::FormatPlain({}, m_standard)) {}
+RichTextModel::RichTextModel(StringView fontName, double fontSize)
+    : m_standard(StandardFormatting(fontName, fontSize)), m_lines(FormatPlain({}, m_standard)) {}
 
-std::int32_t RichTextBox::SelStart() const { return Narrow(m_start); }
+std::int32_t RichTextModel::SelStart() const { return Narrow(m_start); }
 
-void RichTextBox::SelStart(std::int32_t position) {
+void RichTextModel::SelStart(std::int32_t position) {
   CheckPosition(position);
   Select(m_lines.PositionOf(m_lines.PlaceOf(std::min<std::int64_t>(position, m_lines.Length()))), 0);
 }
 
-std::int32_t RichTextBox::SelLength() const { return Narrow(m_length); }
+std::int32_t RichTextModel::SelLength() const { return Narrow(m_length); }
 
-void RichTextBox::SelLength(std::int32_t length) {
+void RichTextModel::SelLength(std::int32_t length) {
   CheckPosition(length);
   // One more than there is to select, so that one up and one down again leaves a selection that reaches the end.
   Select(m_start, std::min<std::int64_t>(length, m_lines.Length() - m_start + 1));
 }
 
-String RichTextBox::SelText() const { return m_lines.Text(From(), To()); }
+String RichTextModel::SelText() const { return m_lines.Text(From(), To()); }
 
-void RichTextBox::SelText(StringView text) { Replace(richtext::FormatPlain(text, InsertionFormat())); }
+void RichTextModel::SelText(StringView text) { Replace(FormatPlain(text, InsertionFormat())); }
 
-String RichTextBox::SelRTF() const {
+String RichTextModel::SelRTF() const {
   const Place from = From();
   const Place to = To();
-  return WriteRtf(IsEmpty(from, to) ? richtext::FormatPlain({}, InsertionFormat()) : m_lines.Copy(from, to));
+  return WriteRtf(IsEmpty(from, to) ? FormatPlain({}, InsertionFormat()) : m_lines.Copy(from, to));
 }
 
-void RichTextBox::SelRTF(StringView fragment) { Replace(richtext::ReadRtf(fragment, InsertionFormat())); }
+void RichTextModel::SelRTF(StringView fragment) { Replace(ReadRtf(fragment, InsertionFormat())); }
 
-SelectionFormat RichTextBox::SelFormat() const {
+SelectionFormat RichTextModel::SelFormat() const {
   SelectionFormat description = Describe(InsertionFormat());
   const Place from = From();
   const Place to = To();
@@ -81,32 +76,38 @@ SelectionFormat RichTextBox::SelFormat() const {
   return description;
 }
 
-void RichTextBox::SelFormat(const SelectionFormat& changes) {
-  richtext::CheckRanges(changes);
+void RichTextModel::SelFormat(const SelectionFormat& changes) {
+  CheckRanges(changes);
   const Place from = From();
   const Place to = To();
-  if (richtext::SetsCharacters(changes)) {
+  if (SetsCharacters(changes)) {
     if (IsEmpty(from, to)) {
       m_caretFormat = InsertionFormat().Character;
       Apply(changes, *m_caretFormat);
+      OnSelection();
     } else {
       m_lines.Transform(from, to, changes);
+      OnLines(from.Line, to.Line + 1 - from.Line, to.Line + 1 - from.Line);
     }
   }
-  if (richtext::SetsParagraphs(changes)) m_lines.TransformParagraphs(from.Line, LastTouched(from, to), changes);
+  if (SetsParagraphs(changes)) {
+    const std::size_t last = LastTouched(from, to);
+    m_lines.TransformParagraphs(from.Line, last, changes);
+    OnLines(from.Line, last + 1 - from.Line, last + 1 - from.Line);
+  }
 }
 
-String RichTextBox::Text() const { return m_lines.Text({0, 0}, m_lines.End()); }
+String RichTextModel::Text() const { return m_lines.Text({0, 0}, m_lines.End()); }
 
-void RichTextBox::Text(StringView text) { Load(richtext::FormatPlain(text, InsertionFormat())); }
+void RichTextModel::Text(StringView text) { Load(FormatPlain(text, InsertionFormat())); }
 
-std::int32_t RichTextBox::TextLength() const { return Narrow(m_lines.Length()); }
+std::int32_t RichTextModel::TextLength() const { return Narrow(m_lines.Length()); }
 
-String RichTextBox::TextRTF() const { return WriteRtf(m_lines.CopyAll()); }
+String RichTextModel::TextRTF() const { return WriteRtf(m_lines.CopyAll()); }
 
-void RichTextBox::TextRTF(StringView text) { Load(richtext::ReadRtf(text, m_standard)); }
+void RichTextModel::TextRTF(StringView text) { Load(ReadRtf(text, m_standard)); }
 
-std::int32_t RichTextBox::Find(StringView text, std::int32_t Start, std::int32_t End) {
+std::int32_t RichTextModel::Find(StringView text, std::int32_t Start, std::int32_t End) {
   const std::int64_t start = std::max(Start, 0);
   const std::int64_t end = End < 0 ? m_lines.Length() : End;
   const auto length = static_cast<std::int64_t>(text.size());
@@ -119,17 +120,17 @@ std::int32_t RichTextBox::Find(StringView text, std::int32_t Start, std::int32_t
   return SelStart();
 }
 
-void RichTextBox::Span(StringView CharacterSet) {
+void RichTextModel::Span(StringView CharacterSet) {
   const Place end = To();
   const Place passed = PassOver(m_lines, end, CharacterSet);
   if (!IsEmpty(end, passed)) Select(m_start, m_lines.PositionOf(passed) - m_start);
 }
 
-std::int32_t RichTextBox::GetLineFromChar(std::int32_t position) const {
+std::int32_t RichTextModel::GetLineFromChar(std::int32_t position) const {
   return static_cast<std::int32_t>(m_lines.PlaceOf(std::max(position, 0)).Line);
 }
 
-Formatting RichTextBox::InsertionFormat() const {
+Formatting RichTextModel::InsertionFormat() const {
   const Place from = From();
   const FormattedLine& line = m_lines[from.Line];
   if (m_caretFormat) return {*m_caretFormat, line.Paragraph};
@@ -137,31 +138,43 @@ Formatting RichTextBox::InsertionFormat() const {
   return {line.Runs.At(isCaret && from.Offset > 0 ? from.Offset - 1 : from.Offset), line.Paragraph};
 }
 
-void RichTextBox::Select(std::int64_t start, std::int64_t length) {
+void RichTextModel::Select(std::int64_t start, std::int64_t length) {
   m_start = start;
   m_length = length;
   m_caretFormat.reset();
+  OnSelection();
 }
 
-void RichTextBox::Replace(FormattedText text) {
+bool RichTextModel::Put(FormattedText text) {
   const Place from = From();
   const Place to = To();
   const std::int64_t length = LengthOf(text);
   const std::int64_t removed = m_lines.PositionOf(to) - m_start;
   CheckLength(m_lines.Length() - removed + length);
+  const std::size_t lines = text.size();
   m_lines.Replace(from, to, std::move(text));
-  if (removed == 0 && length == 0) return; // the caret keeps its look
+  OnLines(from.Line, to.Line + 1 - from.Line, lines);
+  if (removed == 0 && length == 0) return false; // the caret keeps its look
   Select(m_start + length, 0);
-  m_change();
+  return true;
 }
 
-void RichTextBox::Load(FormattedText text) {
+bool RichTextModel::TakeLines(std::size_t first, std::size_t count, FormattedText lines) {
+  bool isChange = count != lines.size();
+  for (std::size_t i = 0; i < count && !isChange; ++i) isChange = m_lines[first + i].Text != lines[i].Text;
+  m_lines.ReplaceLines(first, count, std::move(lines));
+  return isChange;
+}
+
+void RichTextModel::Load(FormattedText text) {
   const std::int64_t length = LengthOf(text);
   CheckLength(length);
   const bool isChange = m_lines.Length() > 0 || length > 0;
+  const std::size_t before = m_lines.Count();
   m_lines.Load(std::move(text));
+  OnLines(0, before, m_lines.Count());
   Select(0, 0);
   if (isChange) m_change();
 }
 
-} // namespace portico::memory
+} // namespace portico::richtext

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "memory/RichTextLines.h"
+#include "richtext/RichTextLines.h"
 
 #include <optional>
 
-namespace portico::memory {
+namespace portico::richtext {
 
 /// The first place at or behind `from` at which `text` stands, with line ends as CR LF; unset if it begins in no line
 /// up to `lastLine`. Costs what lies between `from` and the match.
@@ -15,4 +15,4 @@ std::optional<RichTextLines::Place> FindText(const RichTextLines& lines, RichTex
 /// its units.
 RichTextLines::Place PassOver(const RichTextLines& lines, RichTextLines::Place from, StringView set);
 
-} // namespace portico::memory
+} // namespace portico::richtext

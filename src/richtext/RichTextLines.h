@@ -5,7 +5,7 @@
 
 #include <memory>
 
-namespace portico::memory {
+namespace portico::richtext {
 
 /// The text of a rich text box. Positions count UTF-16 units, a line end as two. Finding a place and replacing text
 /// there cost the logarithm of the count of lines and what is replaced, wherever it is.
@@ -17,13 +17,13 @@ public:
     std::size_t Offset;
   };
 
-  explicit RichTextLines(richtext::FormattedText text) { Load(std::move(text)); }
+  explicit RichTextLines(FormattedText text) { Load(std::move(text)); }
 
-  void Load(richtext::FormattedText text);
+  void Load(FormattedText text);
 
   std::size_t Count() const { return m_lines.Count(); }
   std::int64_t Length() const { return m_lines.Total(); }
-  const richtext::FormattedLine& operator[](std::size_t line) const { return *m_lines[line]; }
+  const FormattedLine& operator[](std::size_t line) const { return *m_lines[line]; }
 
   /// Of any position that is not negative: one inside a line end is the place in front of it, one behind the text its
   /// end.
@@ -33,13 +33,16 @@ public:
 
   String Text(Place from, Place to) const;
   /// The end of the copy looks like what is in front of it.
-  richtext::FormattedText Copy(Place from, Place to) const;
-  richtext::FormattedText CopyAll() const;
+  FormattedText Copy(Place from, Place to) const;
+  FormattedText CopyAll() const;
 
   /// Puts `text` between two places. Every line that it ends, and the last one that it begins, gets the look that it
   /// says; a piece within a line leaves that line's look, unless it is all that there is of it. What stands behind `to`
   /// keeps its own look if nothing comes to stand in front of it in its line.
-  void Replace(Place from, Place to, richtext::FormattedText text);
+  void Replace(Place from, Place to, FormattedText text);
+
+  /// Puts lines in place of others, as they are. At least one is left.
+  void ReplaceLines(std::size_t first, std::size_t count, FormattedText lines);
 
   void Transform(Place from, Place to, const SelectionFormat& changes);
   void TransformParagraphs(std::size_t first, std::size_t last, const SelectionFormat& changes);
@@ -49,7 +52,7 @@ public:
   template <class See>
   void Visit(Place from, Place to, See&& see) const {
     for (std::size_t line = from.Line; line <= to.Line; ++line) {
-      const richtext::FormattedLine& held = *m_lines[line];
+      const FormattedLine& held = *m_lines[line];
       const std::size_t first = line == from.Line ? from.Offset : 0;
       const std::size_t end = line == to.Line ? to.Offset : held.Text.size() + 1;
       see(held, first, end - first);
@@ -57,13 +60,13 @@ public:
   }
 
 private:
-  using LinePointer = std::unique_ptr<richtext::FormattedLine>;
+  using LinePointer = std::unique_ptr<FormattedLine>;
 
   void Delete(Place from, Place to);
-  void Insert(std::size_t at, richtext::FormattedLine line);
+  void Insert(std::size_t at, FormattedLine line);
   void Measure(std::size_t line);
 
   SummedSequence<LinePointer> m_lines; // with their line ends; the last one has none
 };
 
-} // namespace portico::memory
+} // namespace portico::richtext

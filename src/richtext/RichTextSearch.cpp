@@ -1,8 +1,8 @@
-#include "memory/RichTextSearch.h"
+#include "richtext/RichTextSearch.h"
 
 #include <algorithm>
 
-namespace portico::memory {
+namespace portico::richtext {
 namespace {
 
 using Place = RichTextLines::Place;
@@ -48,4 +48,4 @@ Place PassOver(const RichTextLines& lines, Place from, StringView set) {
   }
 }
 
-} // namespace portico::memory
+} // namespace portico::richtext

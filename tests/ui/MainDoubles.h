@@ -2,7 +2,6 @@
 
 #include "framework/ICommand.h"
 #include "framework/IObjectFactory.h"
-#include "platform/ICommonDialog.h"
 #include "platform/IDesktop.h"
 #include "platform/IForm.h"
 
@@ -53,28 +52,6 @@ public:
   void WinHelp(const String& HelpFile, std::int32_t Command, const String& Data) override {
     Calls.push_back(ToUtf8(HelpFile) + " " + std::to_string(Command) + " '" + ToUtf8(Data) + "'");
     if (OnHelp) OnHelp();
-  }
-};
-
-class CommonDialogDouble final : public ICommonDialog {
-public:
-  StringView ClassName() const override { return u"CommonDialogDouble"; }
-  std::vector<std::string> Calls;
-  std::function<void()> OnShow;
-  void ShowOpen(FileDialogSettings& settings) override {
-    Note("open '" + ToUtf8(settings.DialogTitle) + "' '" + ToUtf8(settings.Filter) + "'");
-  }
-  void ShowSave(FileDialogSettings&) override { Note("save"); }
-  Ref<IDeviceContext> ShowPrinter(const PrinterDialogSettings&) override {
-    Note("printer");
-    return {};
-  }
-  void ShowHelp(const HelpSettings&) override { Note("help"); }
-
-private:
-  void Note(const std::string& call) {
-    Calls.push_back(call);
-    if (OnShow) OnShow();
   }
 };
 

@@ -12,6 +12,7 @@
 #include "support/FrameworkTest.h"
 #include "support/Labels.h"
 #include "support/PipelineDriver.h"
+#include "ui/DesktopDoubles.h"
 #include "ui/MainDoubles.h"
 #include "ui/frmMain.h"
 
@@ -62,6 +63,21 @@ protected:
       return Ref<IMainForm>(Window);
     };
     modAppGlobals::Main({makeDocument, makeWindow, commandLine});
+  }
+  /// Runs something that ends the program; true if it did.
+  static bool Quits(const std::function<void()>& body) {
+    try {
+      body();
+      return false;
+    } catch (const Quit&) {
+      return true;
+    }
+  }
+  /// What the bottom of the stack does when `Quit` has come down to it.
+  void End() {
+    Loop->FinishQuit();
+    Window->Form_Unload();
+    Window->Form_Terminate();
   }
   void LetGo() {
     Window = nullptr;
@@ -144,7 +160,7 @@ protected:
     ASSERT_EQ(Box->Calls().size(), m_boxesSeen + 1) << ToUtf8(sentence);
     const memory::MessageBox::Call& call = Box->Calls().back();
     m_boxesSeen = Box->Calls().size();
-    const String head = String(sentence) + NewLine;
+    const String head = String(sentence).append(NewLine);
     EXPECT_EQ(ToUtf8(call.Prompt.substr(0, head.size())), ToUtf8(head));
     EXPECT_EQ(ToUtf8(call.Title), "Tolvane Portico");
     EXPECT_EQ(call.Buttons, MessageBoxButtons::OKOnly);
@@ -177,7 +193,8 @@ protected:
   std::shared_ptr<memory::MessageBox> Box = std::make_shared<memory::MessageBox>([this] { return Loop->IsQuitting(); });
   std::shared_ptr<ClipboardDouble> Clipboard = std::make_shared<ClipboardDouble>();
   std::shared_ptr<HelpViewerDouble> HelpViewer = std::make_shared<HelpViewerDouble>();
-  Ref<CommonDialogDouble> CommonDialog = New<CommonDialogDouble>();
+  Journal Dialogs;
+  Ref<CommonDialogDouble> CommonDialog = New<CommonDialogDouble>(Dialogs);
   support::Journal Wire;
   std::shared_ptr<support::PipelineDriver> Driver = std::make_shared<support::PipelineDriver>(Wire);
   Ref<frmMain> Window;

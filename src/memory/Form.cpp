@@ -150,6 +150,7 @@ bool Form::PressKey(std::int32_t code, std::int32_t shift) {
   if (item != nullptr && item->PressShortcut()) return true;
   m_events.KeyDown(code, shift);
   if (!TakesInput()) return true;
+  if ((shift & (CtrlState | AltState)) != 0) return true;
   if (code == TabKey) m_focus.MoveOn((shift & ShiftState) != 0);
   if (code != ReturnKey && code != EscapeKey) return true;
   auto* button = code == ReturnKey ? dynamic_cast<CommandButton*>(m_focus.Active()) : nullptr;

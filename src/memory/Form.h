@@ -55,6 +55,7 @@ public:
   /// What the user does meanwhile is up to `Screen::OnPopup`; without that nothing is chosen.
   void PopupMenu(IMenuItem& Menu) override;
   void Show() override;
+  void Owner(IForm* newValue) override { m_owner = newValue; }
   /// What the user does meanwhile is up to `Screen::OnShowModal`.
   void ShowModal(IForm* Owner) override;
   void Hide() override;
@@ -64,6 +65,7 @@ public:
 
   const FormDesign& Design() const { return m_design; }
   bool IsShown() const;
+  const IForm* Owner() const { return m_owner; }
   bool IsLoaded() const { return m_screen != nullptr; }
   /// What the user does reaches the form: it is on the screen, and no modal form is in front of it.
   bool TakesInput() const;
@@ -94,6 +96,7 @@ private:
   void Deactivate() { m_focus.GoDark(); }
 
   Screen* m_screen;
+  const IForm* m_owner = nullptr;
   FormDesign m_design;
   FormEvents m_events;
   String m_caption;

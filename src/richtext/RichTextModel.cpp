@@ -145,7 +145,7 @@ void RichTextModel::Select(std::int64_t start, std::int64_t length) {
   OnSelection();
 }
 
-void RichTextModel::Replace(FormattedText text) {
+bool RichTextModel::Put(FormattedText text) {
   const Place from = From();
   const Place to = To();
   const std::int64_t length = LengthOf(text);
@@ -154,9 +154,9 @@ void RichTextModel::Replace(FormattedText text) {
   const std::size_t lines = text.size();
   m_lines.Replace(from, to, std::move(text));
   OnLines(from.Line, to.Line + 1 - from.Line, lines);
-  if (removed == 0 && length == 0) return; // the caret keeps its look
+  if (removed == 0 && length == 0) return false; // the caret keeps its look
   Select(m_start + length, 0);
-  m_change();
+  return true;
 }
 
 bool RichTextModel::TakeLines(std::size_t first, std::size_t count, FormattedText lines) {

@@ -55,8 +55,13 @@ protected:
   /// selection nor `Change` follows by itself.
   bool TakeLines(std::size_t first, std::size_t count, FormattedText lines);
 
+  /// Puts text in place of the selection, as `SelRTF` does, but does not fire `Change`; returns whether it is to fire.
+  bool Put(FormattedText text);
+
 private:
-  void Replace(FormattedText text);
+  void Replace(FormattedText text) {
+    if (Put(std::move(text))) m_change();
+  }
   void Load(FormattedText text);
 
   Formatting m_standard;

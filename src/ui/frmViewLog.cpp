@@ -60,7 +60,6 @@ void frmViewLog::Show(IForm* Owner) {
   }
   m_form->Owner(Owner);
   m_form->Show();
-  Form_Resize();
 }
 
 void frmViewLog::Connect() {

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "memory/CommonDialog.h"
 #include "memory/EventLoop.h"
+#include "memory/InstrumentList.h"
 #include "memory/Keyboard.h"
 #include "memory/MessageBox.h"
+#include "memory/Registry.h"
 #include "memory/SettingsStore.h"
 #include "support/FrameworkTest.h"
 
@@ -21,6 +24,9 @@ public:
     gKeyboard = Keyboard;
     gPrinter = Printer;
     gHelpViewer = HelpViewer;
+    gCommonDialog = CommonDialog;
+    gInstrumentList = InstrumentList;
+    gRegistry = Registry;
   }
   WindowPlatform(const WindowPlatform&) = delete;
   WindowPlatform& operator=(const WindowPlatform&) = delete;
@@ -29,6 +35,11 @@ public:
     for (const auto& name : Screen->Unplayed()) ADD_FAILURE() << "not shown: " << ToUtf8(name);
     for (const auto& call : MessageBox->Unexpected()) ADD_FAILURE() << "unexpected message: " << ToUtf8(call.Prompt);
     EXPECT_EQ(MessageBox->AnswersLeft(), 0U) << "a message box that was expected has not come";
+    EXPECT_TRUE(CommonDialog->Unexpected().empty()) << "unexpected common dialog";
+    EXPECT_EQ(CommonDialog->AnswersLeft(), 0U) << "a common dialog that was expected has not come";
+    gRegistry.reset();
+    gInstrumentList.reset();
+    gCommonDialog = {};
     gHelpViewer.reset();
     gPrinter.reset();
     gKeyboard.reset();
@@ -48,6 +59,9 @@ public:
   std::shared_ptr<memory::Keyboard> Keyboard = std::make_shared<memory::Keyboard>(Screen, Clipboard);
   std::shared_ptr<memory::Printer> Printer = std::make_shared<memory::Printer>();
   std::shared_ptr<memory::HelpViewer> HelpViewer = std::make_shared<memory::HelpViewer>();
+  Ref<memory::CommonDialog> CommonDialog = New<memory::CommonDialog>(IsQuitting());
+  std::shared_ptr<memory::InstrumentList> InstrumentList = std::make_shared<memory::InstrumentList>();
+  std::shared_ptr<memory::Registry> Registry = std::make_shared<memory::Registry>();
 
 private:
   std::function<bool()> IsQuitting() const {

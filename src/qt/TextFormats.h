@@ -1,0 +1,62 @@
+#pragma once
+
+#include "richtext/Formatting.h"
+
+#include <QTextBlockFormat>
+#include <QTextCharFormat>
+
+#include <map>
+#include <optional>
+#include <tuple>
+#include <vector>
+
+namespace portico::qt {
+
+/// The looks of a text in the toolkit's terms. Each of them bears a number under which it is found again, so that a
+/// look comes back from the document as it went in, whatever the toolkit can show of it.
+class TextFormats {
+public:
+  /// Font and size of the standard formatting are left to the widget.
+  explicit TextFormats(const richtext::CharacterFormat& standard);
+
+  /// How much larger than their own size all other sizes are shown.
+  void Zoom(double factor);
+  /// A size or a distance has been in use that follows `Zoom` only if it is asked for again.
+  bool HasOwnSizes() const { return m_hasOwnSizes; }
+
+  const QTextCharFormat& Of(const richtext::CharacterFormat& format);
+  /// The look of a line with its end.
+  QTextBlockFormat Of(const richtext::ParagraphFormat& format, const richtext::CharacterFormat& lineEnd);
+
+  /// A format that is not from here is the standard one.
+  const richtext::CharacterFormat& CharacterOf(const QTextFormat& format) const;
+  const richtext::ParagraphFormat& ParagraphOf(const QTextFormat& format) const;
+  const richtext::CharacterFormat& LineEndOf(const QTextFormat& format) const;
+
+  /// A character that stands for a unit that the document cannot hold.
+  static void StandFor(QTextCharFormat& format, char16_t unit);
+  static std::optional<char16_t> UnitOf(const QTextFormat& format);
+  /// A character that stands for a text that is not shown; its number is at least 0.
+  static void StandForHidden(QTextCharFormat& format, int number);
+  static std::optional<int> HiddenOf(const QTextFormat& format);
+
+private:
+  using Key = std::tuple<String, double, std::int32_t, std::int32_t, bool, bool, bool, bool>;
+  struct Character {
+    richtext::CharacterFormat Look;
+    QTextCharFormat Format;
+  };
+
+  std::size_t NumberOf(const richtext::CharacterFormat& format);
+  QTextCharFormat Make(const richtext::CharacterFormat& format, std::size_t number);
+
+  richtext::CharacterFormat m_standard;
+  double m_zoom = 1;
+  bool m_hasOwnSizes = false;
+  std::map<Key, std::size_t> m_numbers;
+  std::vector<Character> m_characters;
+  std::size_t m_last = 0; // asked for
+  std::vector<richtext::ParagraphFormat> m_paragraphs;
+};
+
+} // namespace portico::qt

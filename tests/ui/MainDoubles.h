@@ -2,11 +2,15 @@
 
 #include "framework/ICommand.h"
 #include "framework/IObjectFactory.h"
+#include "memory/Clock.h"
 #include "platform/IDesktop.h"
 #include "platform/IForm.h"
 
+#include <algorithm>
 #include <functional>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace portico::test {
@@ -53,6 +57,28 @@ public:
     Calls.push_back(ToUtf8(HelpFile) + " " + std::to_string(Command) + " '" + ToUtf8(Data) + "'");
     if (OnHelp) OnHelp();
   }
+};
+
+/// Time that stands still until somebody moves it or waits for it, and a wait in which a test can act.
+class TestClock final : public memory::Clock {
+public:
+  TimePoint Now() const override { return m_now; }
+  void Advance(std::chrono::milliseconds duration) { m_now += duration; }
+  void WaitUntil(std::optional<TimePoint> deadline) override {
+    if (OnWait) OnWait(deadline ? std::chrono::duration_cast<std::chrono::milliseconds>(*deadline - m_now)
+                                : std::chrono::milliseconds(-1));
+    if (std::exchange(m_woken, false)) return;
+    if (!deadline) throw std::logic_error("a wait that nothing can end");
+    m_now = std::max(m_now, *deadline);
+  }
+  void Wake() noexcept override { m_woken = true; }
+
+  /// Called with what is to be waited, -1 for ever.
+  std::function<void(std::chrono::milliseconds)> OnWait;
+
+private:
+  TimePoint m_now{};
+  bool m_woken = false;
 };
 
 /// Forms that say of another control that it has the focus.

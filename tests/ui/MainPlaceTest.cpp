@@ -101,7 +101,7 @@ TEST_P(OddPlaceTest, FailsTheLoad) {
   Save(String(GetParam().Key), String(GetParam().Text));
   EXPECT_TRUE(Quits([this] { Start(); }));
   ASSERT_EQ(Box->Calls().size(), 1U);
-  EXPECT_TRUE(BeginsWith(Box->Calls()[0].Prompt, u"An error occured while loading.\r\n"));
+  EXPECT_EQ(Box->Calls()[0].Prompt.find(u"An error occured while loading.\r\n"), 0U);
   const auto calls = CallStack(Box->Calls()[0].Prompt);
   ASSERT_FALSE(calls.empty());
   EXPECT_TRUE(Bears(calls.back(), u"frmMain.Form_Load"));

@@ -186,7 +186,7 @@ protected:
   std::function<void(const std::string&)> OnCommand;
   std::vector<String> LastTrail;
 
-  memory::ManualClock Clock;
+  TestClock Clock;
   std::shared_ptr<memory::EventLoop> Loop = std::make_shared<memory::EventLoop>(Clock);
   std::shared_ptr<memory::SettingsStore> Store = std::make_shared<memory::SettingsStore>();
   std::shared_ptr<memory::Screen> Screen = std::make_shared<memory::Screen>([this] { return Loop->IsQuitting(); });

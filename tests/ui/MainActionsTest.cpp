@@ -3,8 +3,7 @@
 namespace portico::test {
 namespace {
 
-constexpr StringView NoServer =
-    u"The configuration server is required for this operation, but it does not exist.";
+constexpr StringView NoServer = u"The configuration server is required for this operation, but it does not exist.";
 constexpr StringView FocusSentence = u"An error occured while changing focus.";
 
 class MainActionsTest : public MainWindowFixture {
@@ -152,10 +151,12 @@ TEST_F(MainActionsTest, TheReadButtonShowsOnlyForAnOpenInstrumentOfTheOtherProto
 TEST_F(MainActionsTest, TheProtocolMenuNeedsAConfiguration) {
   gConfiguration = nullptr;
   Click(u"mnuSCPI");
-  ExpectOneBox(u"Can't use SCPI protocol.", u"frmMain.mnuSCPI_Click", u"This operation requires a configuration client.");
+  ExpectOneBox(u"Can't use SCPI protocol.", u"frmMain.mnuSCPI_Click",
+               u"This operation requires a configuration client.");
   EXPECT_NE(Box->Calls().back().Prompt.find(u"  Number: 424 = "), String::npos);
   Click(u"mnuDDC");
-  ExpectOneBox(u"Can't use SCPI protocol.", u"frmMain.mnuSCPI_Click", u"This operation requires a configuration client.");
+  ExpectOneBox(u"Can't use SCPI protocol.", u"frmMain.mnuSCPI_Click",
+               u"This operation requires a configuration client.");
 }
 
 // Help.

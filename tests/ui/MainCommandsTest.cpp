@@ -218,10 +218,10 @@ TEST_F(MainCommandsTest, OtherCommandsLeaveTheFocus) {
 
 TEST_F(MainCommandsTest, AnOpenThatMovesNoFocusUpdatesTheWindowAllTheSame) {
   Window->txtFuture()->SetFocus();
-  Offer(u"OpenInstrument", [](const Params&) {
+  Offer(u"OpenInstrument", [this](const Params&) {
     SetItem(u"InstrumentName", u"DMM");
     SetItem(u"InstrumentOpened", u"True");
-    static_cast<frmMain&>(*gMainForm).txtFuture()->SetFocus();
+    Window->txtFuture()->SetFocus();
   });
   Click(u"mnuFileOpenInstrument");
   EXPECT_EQ(ToUtf8(Panel(1).Text()), "DMM ");

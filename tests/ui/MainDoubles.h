@@ -65,8 +65,9 @@ public:
   TimePoint Now() const override { return m_now; }
   void Advance(std::chrono::milliseconds duration) { m_now += duration; }
   void WaitUntil(std::optional<TimePoint> deadline) override {
-    if (OnWait) OnWait(deadline ? std::chrono::duration_cast<std::chrono::milliseconds>(*deadline - m_now)
-                                : std::chrono::milliseconds(-1));
+    if (OnWait)
+      OnWait(deadline ? std::chrono::duration_cast<std::chrono::milliseconds>(*deadline - m_now)
+                      : std::chrono::milliseconds(-1));
     if (std::exchange(m_woken, false)) return;
     if (!deadline) throw std::logic_error("a wait that nothing can end");
     m_now = std::max(m_now, *deadline);

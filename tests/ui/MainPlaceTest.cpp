@@ -13,8 +13,8 @@ protected:
   }
   std::vector<std::string> Saved() {
     std::vector<std::string> saved;
-    for (const char16_t* key : {u"MainLeft", u"MainTop", u"MainWidth", u"MainHeight", u"MainWindowState",
-                                u"SplitPercent"}) {
+    for (const char16_t* key :
+         {u"MainLeft", u"MainTop", u"MainWidth", u"MainHeight", u"MainWindowState", u"SplitPercent"}) {
       saved.push_back(Setting(key));
     }
     return saved;
@@ -137,7 +137,8 @@ TEST_P(ShareTest, IsTakenAsItStands) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Odd, ShareTest,
-                         ::testing::Values(Share{u"0", 0}, Share{u"100", 1}, Share{u"62.5", 0.62}, Share{u" 5 ", 0.05}));
+                         ::testing::Values(Share{u"0", 0}, Share{u"100", 1}, Share{u"62.5", 0.62},
+                                           Share{u" 5 ", 0.05}));
 
 class MainResizeTest : public MainWindowFixture {
 protected:

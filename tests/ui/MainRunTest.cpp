@@ -290,8 +290,7 @@ TEST_P(RunFailureTest, OfTheProcessorReadsThatNothingWasHandled) {
 INSTANTIATE_TEST_SUITE_P(
     OfEachRun, RunFailureTest,
     ::testing::Values(Failing{u"mnuRun", u"Can't run instructions.", u"frmMain.mnuRun_Click"},
-                      Failing{u"mnuRunToCursor", u"Can't run instructions to cursor.",
-                              u"frmMain.mnuRunToCursor_Click"},
+                      Failing{u"mnuRunToCursor", u"Can't run instructions to cursor.", u"frmMain.mnuRunToCursor_Click"},
                       Failing{u"mnuStep", u"Can't run an instruction.", u"frmMain.mnuStep_Click"}));
 
 } // namespace

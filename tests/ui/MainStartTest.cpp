@@ -67,8 +67,8 @@ TEST_F(MainStartTest, PrintIsOffUntilTheHistoryHasText) {
 TEST_F(MainStartTest, MakesItsObjectsInOrder) {
   std::vector<std::string> made;
   OnFactory = [&] {
-    for (const char16_t* name : {u"SCPIView", u"InstructionRunner", u"Configuration", u"SCPIViewHistory",
-                                 u"ReportDisplayer"}) {
+    for (const char16_t* name :
+         {u"SCPIView", u"InstructionRunner", u"Configuration", u"SCPIViewHistory", u"ReportDisplayer"}) {
       Watch(name, [&made, name](const Params& parameters) {
         made.push_back(ToUtf8(name) + "(" + std::to_string(parameters.size()) + ")");
       });
@@ -82,7 +82,8 @@ TEST_F(MainStartTest, MakesItsObjectsInOrder) {
 TEST_F(MainStartTest, GivesTheViewsTheirBoxes) {
   OnFactory = [&] {
     Watch(u"SCPIView", [&](const Params& parameters) {
-      EXPECT_TRUE(IsSameObject(parameters[0].ToObject<IObject>(), Window ? Window->txtFuture() : Ref<IRichTextControl>()));
+      EXPECT_TRUE(
+          IsSameObject(parameters[0].ToObject<IObject>(), Window ? Window->txtFuture() : Ref<IRichTextControl>()));
     });
     Watch(u"SCPIViewHistory", [&](const Params& parameters) {
       EXPECT_TRUE(IsSameObject(parameters[0].ToObject<IObject>(), Window->txtPast()));
@@ -122,9 +123,8 @@ TEST_F(MainStartTest, HasItsTextsItsPlaceAndItsItemsBeforeTheHistoryStands) {
 
 TEST_F(MainStartTest, ThePanelIsSplitOnlyAfterTheDisplayerStands) {
   OnFactory = [&] {
-    Watch(u"ReportDisplayer", [&](const Params&) {
-      EXPECT_EQ(FindControl<IRichTextControl>(Loading(), u"txtPast").Height(), 0);
-    });
+    Watch(u"ReportDisplayer",
+          [&](const Params&) { EXPECT_EQ(FindControl<IRichTextControl>(Loading(), u"txtPast").Height(), 0); });
   };
   Start();
   EXPECT_GT(Past().Height(), 0);
@@ -206,7 +206,8 @@ class MainLoadFailureTest : public MainStartTest, public ::testing::WithParamInt
 
 TEST_P(MainLoadFailureTest, IsShownAndUnloadsTheWindow) {
   OnFactory = [] {
-    gObjectFactory->Substitue(New<NotingCreator>(gObjectFactory->GetCreator(GetParam()), [](const Params&) { Fail(); }));
+    gObjectFactory->Substitue(
+        New<NotingCreator>(gObjectFactory->GetCreator(GetParam()), [](const Params&) { Fail(); }));
   };
   EXPECT_TRUE(Quits([this] { Start(); }));
   ASSERT_TRUE(Window);

@@ -4,8 +4,7 @@ namespace portico::test {
 namespace {
 
 constexpr StringView FocusSentence = u"An error occured while changing focus.";
-constexpr StringView NoServer =
-    u"The configuration server is required for this operation, but it does not exist.";
+constexpr StringView NoServer = u"The configuration server is required for this operation, but it does not exist.";
 
 class MainTypingTest : public MainWindowFixture {
 protected:

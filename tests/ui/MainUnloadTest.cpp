@@ -69,9 +69,11 @@ TEST_F(MainUnloadTest, LetsGoOfSubscribersAndViews) {
   const auto agent = Create<IPublisher>(u"CmdSubscriptionAgent");
   Unload();
   EXPECT_FALSE(Window->Logger());
-  ExpectError(Raised([this] { static_cast<void>(Window->Executing()); }), 91, u"Object variable or With block variable not set");
+  ExpectError(Raised([this] { static_cast<void>(Window->Executing()); }), 91,
+              u"Object variable or With block variable not set");
   SetItem(u"CurrentInstruction", u"*RST");
-  agent->Notify(Create<IObject>(u"Report", modGlobals::VarArray(u"COMPLETE", Ref<IObject>(), ErrorNumber::InstructionComplete, u"", u"")));
+  agent->Notify(Create<IObject>(
+      u"Report", modGlobals::VarArray(u"COMPLETE", Ref<IObject>(), ErrorNumber::InstructionComplete, u"", u"")));
   EXPECT_EQ(Item(u"CurrentInstruction"), "*RST") << "the runner hears nothing any more";
   EXPECT_EQ(ToUtf8(Past().Text()), "") << "nor does the displayer";
 }

@@ -92,6 +92,7 @@ protected:
     try {
       gObjectFactory->Remove(creator);
     } catch (const Error&) { // it is a new one
+      HuntERR::Reset();
     }
     gObjectFactory->Add(creator);
   }
@@ -99,9 +100,10 @@ protected:
     Offer(specification, [](const Params&) { Fail(); });
   }
   void OfferSpies() {
-    for (const char16_t* name : {u"OpenInstrument", u"CloseInstrument", u"ToggleLogFile", u"ViewLogFile",
-                                 u"ToggleLogging", u"Print", u"PrintSetup", u"Cut", u"Copy", u"Paste", u"Copyto",
-                                 u"Pastefrom", u"ReadInstrumentData", u"WaitforOPC", u"QueryStatus", u"ConfigOptions"}) {
+    for (const char16_t* name :
+         {u"OpenInstrument", u"CloseInstrument", u"ToggleLogFile", u"ViewLogFile", u"ToggleLogging", u"Print",
+          u"PrintSetup", u"Cut", u"Copy", u"Paste", u"Copyto", u"Pastefrom", u"ReadInstrumentData", u"WaitforOPC",
+          u"QueryStatus", u"ConfigOptions"}) {
       Offer(name, [this, name](const Params& parameters) {
         Commands.push_back(ToUtf8(name));
         LastParameters = parameters;
@@ -110,16 +112,12 @@ protected:
       });
     }
   }
-  [[noreturn]] static void Fail() {
-    HuntERR::Raise(ErrorNumber::CannotCarryOut, u"Somewhere", u"It broke.");
-  }
+  [[noreturn]] static void Fail() { HuntERR::Raise(ErrorNumber::CannotCarryOut, u"Somewhere", u"It broke."); }
 
   IForm& Form() { return Window->Form(); }
   memory::Form& MemoryForm() { return dynamic_cast<memory::Form&>(Window->Form()); }
   memory::MenuItem& Menu(StringView name) { return FindControl<memory::MenuItem>(Form(), name); }
-  memory::ToolButton& Button(StringView key) {
-    return FindControl<memory::ToolBar>(Form(), ToolBarName).Buttons(key);
-  }
+  memory::ToolButton& Button(StringView key) { return FindControl<memory::ToolBar>(Form(), ToolBarName).Buttons(key); }
   memory::RichTextControl& Future() { return FindControl<memory::RichTextControl>(Form(), u"txtFuture"); }
   memory::RichTextControl& Past() { return FindControl<memory::RichTextControl>(Form(), u"txtPast"); }
   IStatusPanel& Panel(std::int32_t index) { return FindControl<IStatusBar>(Form(), StatusBarName).Panels(index); }
@@ -151,9 +149,7 @@ protected:
   std::string Setting(const String& key, const String& section = u"frmMain") {
     return ToUtf8(Store->GetSetting(u"Tolvane Portico", section, key, u"(none)"));
   }
-  void Save(const String& key, const String& value) {
-    Store->SaveSetting(u"Tolvane Portico", u"frmMain", key, value);
-  }
+  void Save(const String& key, const String& value) { Store->SaveSetting(u"Tolvane Portico", u"frmMain", key, value); }
 
   /// One box has come up: this sentence, a line end and the report, whose trail ends with the label.
   void ExpectOneBox(StringView sentence, StringView label, StringView text = u"It broke.") {

@@ -4,6 +4,7 @@
 #include "platform/IForm.h"
 #include "platform/IInstrumentDriver.h"
 #include "platform/IInstrumentList.h"
+#include "platform/IProgress.h"
 #include "platform/IRegistry.h"
 #include "platform/ISettingsStore.h"
 
@@ -19,6 +20,7 @@ std::shared_ptr<IInstrumentList> gInstrumentList;
 std::shared_ptr<IKeyboard> gKeyboard;
 std::shared_ptr<IMessageBox> gMessageBox;
 std::shared_ptr<IPrinter> gPrinter;
+std::shared_ptr<IProgressDisplay> gProgressDisplay;
 std::shared_ptr<IRegistry> gRegistry;
 std::shared_ptr<ISettingsStore> gSettingsStore;
 

@@ -48,13 +48,23 @@ function(portico_library name)
   endif()
 endfunction()
 
-# What nearly every test includes is compiled once for all of them.
+# What nearly every test includes is compiled once for all of them, and once more for those that use Qt, which wants
+# position-independent code of its users: a precompiled header serves only what is compiled the same way.
 function(portico_precompile_for_tests)
   file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/test_precompiled.cpp" CONTENT "")
-  add_library(test_precompiled OBJECT "${PROJECT_BINARY_DIR}/test_precompiled.cpp")
-  target_link_libraries(test_precompiled PRIVATE GTest::gmock_main portico_options)
-  target_precompile_headers(test_precompiled PRIVATE
-    <gtest/gtest.h> <algorithm> <filesystem> <functional> <map> <optional> <sstream> <string> <vector>)
+  set(kinds test_precompiled)
+  if(PORTICO_WINDOW)
+    list(APPEND kinds test_precompiled_qt)
+  endif()
+  foreach(kind ${kinds})
+    add_library(${kind} OBJECT "${PROJECT_BINARY_DIR}/test_precompiled.cpp")
+    target_link_libraries(${kind} PRIVATE GTest::gmock_main portico_options)
+    target_precompile_headers(${kind} PRIVATE
+      <gtest/gtest.h> <algorithm> <filesystem> <functional> <map> <optional> <sstream> <string> <vector>)
+  endforeach()
+  if(PORTICO_WINDOW)
+    target_link_libraries(test_precompiled_qt PRIVATE Qt6::Core)
+  endif()
 endfunction()
 
 # portico_test(NAME SOURCES ... LINK ...): one GoogleTest program; each of its tests is a test of ctest's.
@@ -63,7 +73,11 @@ function(portico_test name)
   add_executable(test_${name} ${ARG_SOURCES})
   target_include_directories(test_${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(test_${name} PRIVATE ${ARG_LINK} GTest::gmock_main portico_options)
-  target_precompile_headers(test_${name} REUSE_FROM test_precompiled)
+  if("${ARG_LINK}" MATCHES "Qt6::|portico_qt")
+    target_precompile_headers(test_${name} REUSE_FROM test_precompiled_qt)
+  else()
+    target_precompile_headers(test_${name} REUSE_FROM test_precompiled)
+  endif()
   set_target_properties(test_${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
   gtest_discover_tests(test_${name} TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES PROPERTIES TIMEOUT 120)
 endfunction()

@@ -2,14 +2,21 @@
 
 #include "framework/IErrorEnvironment.h"
 
+#include <filesystem>
+
 namespace portico {
 
 /// The machine and the program as they are.
 class HostEnvironment final : public IErrorEnvironment {
 public:
+  HostEnvironment();
+  /// As if the program's file were this one.
+  explicit HostEnvironment(std::filesystem::path program);
+
   std::tm LocalTime() const override;
   String ComputerName() const override;
   String ProgramFileName() const override;
+  /// Where the program stands or, if the user cannot write there, the user's directory for its state; see OwnFiles.h.
   String ProgramDirectory() const override;
   String ProgramVersion() const override;
   String SystemMessage(std::uint32_t number) const override;
@@ -17,6 +24,9 @@ public:
   bool AppendToFile(const String& path, const String& text) override;
   std::chrono::milliseconds Ticks() const override;
   void Sleep(std::chrono::milliseconds duration) override;
+
+private:
+  std::filesystem::path m_program;
 };
 
 } // namespace portico

@@ -1,12 +1,14 @@
 #include "application/HostEnvironment.h"
 
+#include "application/OwnFiles.h"
 #include "framework/Application.h"
 
 #include <array>
-#include <filesystem>
+#include <cstdlib>
 #include <fstream>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include <unistd.h>
 
@@ -18,9 +20,17 @@ std::filesystem::path ProgramPath() {
   return std::filesystem::read_symlink("/proc/self/exe", fault);
 }
 
+std::string Variable(const char* name) {
+  const char* const value = std::getenv(name);
+  return value == nullptr ? std::string() : value;
+}
+
 String FromPath(const std::filesystem::path& path) { return FromUtf8(path.string()).Text; }
 
 } // namespace
+
+HostEnvironment::HostEnvironment() : HostEnvironment(ProgramPath()) {}
+HostEnvironment::HostEnvironment(std::filesystem::path program) : m_program(std::move(program)) {}
 
 std::tm HostEnvironment::LocalTime() const {
   const std::time_t now = std::time(nullptr);
@@ -35,8 +45,14 @@ String HostEnvironment::ComputerName() const {
   return FromUtf8(name.data()).Text;
 }
 
-String HostEnvironment::ProgramFileName() const { return FromPath(ProgramPath().filename()); }
-String HostEnvironment::ProgramDirectory() const { return FromPath(ProgramPath().parent_path()); }
+String HostEnvironment::ProgramFileName() const { return FromPath(m_program.filename()); }
+
+String HostEnvironment::ProgramDirectory() const {
+  return FromPath(
+      OwnFilesDirectory({m_program.parent_path(), Variable("XDG_STATE_HOME"), Variable("HOME"),
+                         [](const std::filesystem::path& path) { return access(path.c_str(), W_OK) == 0; }}));
+}
+
 String HostEnvironment::ProgramVersion() const { return ApplicationVersion(); }
 
 String HostEnvironment::SystemMessage(std::uint32_t number) const {

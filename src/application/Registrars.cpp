@@ -25,6 +25,12 @@
 #include "instructions/CNullCmdBuilder.h"
 #include "instructions/CSCPICmdBuilder.h"
 #include "instructions/PacingBuilders.h"
+#include "ui/EditCommands.h"
+#include "ui/InstrumentCommands.h"
+#include "ui/LogCommands.h"
+#include "ui/MergeCommands.h"
+#include "ui/PrintCommands.h"
+#include "ui/frmTVSCPIOptions.h"
 #include "views/CSCPIViewHistory.h"
 #include "views/RunCommands.h"
 
@@ -79,14 +85,18 @@ void CFactoryRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFacto
 void CFactoryRegistrar::AfterRemoval() { gObjectFactory = nullptr; }
 
 Rows CRegistrar::Rows() const {
-  static constexpr std::array rows = {&CtorStep,
-                                      &CtorRun,
-                                      &CtorStop,
-                                      &CtorSCPIView,
-                                      &CtorSCPIViewHistory,
-                                      &CtorReportDisplayer,
-                                      &CtorReportLogger,
-                                      &CtorInstructionRunner,
+  static constexpr std::array rows = {&CtorOpenInstrument, &CtorCloseInstrument,
+                                      &CtorPrintSetup,     &CtorPrint,
+                                      &CtorCopy,           &CtorCopyTo,
+                                      &CtorPaste,          &CtorPasteFrom,
+                                      &CtorClearHistory,   &CtorConfigOptions,
+                                      &CtorStep,           &CtorRun,
+                                      &CtorStop,           &CtorReadInstrumentData,
+                                      &CtorWaitOPC,        &CtorQueryStatus,
+                                      &CtorSCPIView,       &CtorSCPIViewHistory,
+                                      &CtorNewLogFile,     &CtorToggleLogging,
+                                      &CtorViewLogFile,    &CtorReportDisplayer,
+                                      &CtorReportLogger,   &CtorInstructionRunner,
                                       &CtorReport};
   return rows;
 }
@@ -94,8 +104,8 @@ Rows CRegistrar::Rows() const {
 bool CRegistrar::StaysBehind(const CreatorRow& row) const { return &row == &CtorSCPIViewHistory; }
 
 Rows CDataEntityRegistrar::Rows() const {
-  static constexpr std::array rows = {&CtorDataEntity, &CtorDataFIFO, &CtorDataPosition, &CtorIterator,
-                                      &CtorXMLDataStore};
+  static constexpr std::array rows = {&CtorDataEntity,   &CtorDataFIFO,  &CtorDataPosition, &CtorIterator,
+                                      &CtorXMLDataStore, &CtorMergeFrom, &CtorMerge};
   return rows;
 }
 void CDataEntityRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) {

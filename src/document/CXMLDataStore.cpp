@@ -4,6 +4,7 @@
 #include "document/CNullDataStore.h"
 #include "document/ITimeStamp.h"
 #include "document/LogText.h"
+#include "document/LogWatch.h"
 #include "framework/Application.h"
 #include "framework/ErrorNumbers.h"
 #include "framework/HuntERR.h"
@@ -19,6 +20,15 @@ namespace {
 String TextOf(std::string_view bytes) {
   const bool ascii = std::all_of(bytes.begin(), bytes.end(), [](char byte) { return (byte & 0x80) == 0; });
   return ascii ? FromAscii(bytes) : FromUtf8(bytes).Text;
+}
+
+LogReader::Source Watched(LogReader::Source source, std::uint64_t total) {
+  return [source = std::move(source), total, done = std::uint64_t{0}](char* buffer, std::size_t size) mutable {
+    LogWatch::TellBytes(done, total);
+    const std::size_t count = source(buffer, size);
+    done += count;
+    return count;
+  };
 }
 
 String SystemText(const std::system_error& error) { return FromUtf8(error.code().message()).Text; }
@@ -77,7 +87,7 @@ LogReading CXMLDataStore::ReadStore(ILogVisitor& visitor, LogFileIdentity& ident
   try {
     if (const auto file = m_disk->Open(ToUtf8(m_fileName), ILogDisk::Access::Read)) {
       identity = file->Identity();
-      reading = LogReader::Read(*file, visitor);
+      reading = LogReader::Read(Watched(LogReader::SourceOf(*file), identity.Size), visitor);
     }
   } catch (const std::system_error&) { // what cannot be read is broken
     reading.Ending = LogReading::End::Broken;
@@ -217,7 +227,10 @@ class CXMLDataStore::Filler final : public ILogVisitor {
 public:
   Filler(const CXMLDataStore& store, CDataFIFO& fifo) : m_store(store), m_fifo(fifo) {}
 
-  void Entity(const LogElement& entity) override { m_fifo.Enqueue(m_store.ElementToDataEntity(&entity, *this)); }
+  void Entity(const LogElement& entity) override {
+    m_fifo.Enqueue(m_store.ElementToDataEntity(&entity, *this));
+    LogWatch::TellEntity();
+  }
 
   /// Nearly all elements bear the same few attributes.
   const String& Name(const std::string& name) {

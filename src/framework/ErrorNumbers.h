@@ -42,6 +42,8 @@ inline constexpr std::int32_t ApplicationBase = Own(0x80040000);
 /// For errors in this range no report is made: they pass along with their own description.
 inline constexpr std::int32_t FirstExpected = Own(0x80041065);
 inline constexpr std::int32_t LastExpected = Own(0x8004144D);
+/// The user has given up a long piece of work.
+inline constexpr std::int32_t WorkGivenUp = FirstExpected;
 /// The general error, also raised by `ErrorIn` itself.
 inline constexpr std::int32_t ERRMAP_APP_FIRST = Own(0x8004144E);
 

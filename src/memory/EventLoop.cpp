@@ -50,7 +50,7 @@ private:
 };
 
 void EventLoop::ThrowIfQuitting() const {
-  if (m_quit) throw Quit{};
+  if (IsQuitting()) throw Quit{};
 }
 
 EventLoop::LoopTimer* EventLoop::NextTimer() const {
@@ -62,6 +62,7 @@ EventLoop::LoopTimer* EventLoop::NextTimer() const {
 }
 
 void EventLoop::DoEvents() {
+  if (m_finished) return;
   ThrowIfQuitting();
   // Against one reading of the clock, so that a handler which takes longer than an interval cannot hold the turn.
   const auto now = m_clock.Now();
@@ -70,6 +71,7 @@ void EventLoop::DoEvents() {
 }
 
 void EventLoop::WaitForEvent() {
+  if (m_finished) return;
   ThrowIfQuitting();
   const LoopTimer* next = NextTimer();
   m_clock.WaitUntil(next != nullptr ? std::optional(next->Due()) : std::nullopt);

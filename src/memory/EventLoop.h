@@ -20,6 +20,11 @@ public:
 
   /// Safe in a signal handler.
   void RequestQuit() noexcept override;
+  /// Whether turns throw `Quit`.
+  bool IsQuitting() const noexcept { return m_quit && !m_finished; }
+  /// `Quit` has arrived where the program ends: from now on a turn does nothing and throws nothing, so that what is
+  /// left to do at the end can be done.
+  void FinishQuit() noexcept { m_finished = true; }
 
 private:
   class LoopTimer;
@@ -31,6 +36,7 @@ private:
   Clock& m_clock;
   std::vector<LoopTimer*> m_timers;
   std::atomic<bool> m_quit = false;
+  bool m_finished = false;
 };
 
 } // namespace portico::memory

@@ -2,29 +2,24 @@
 
 #include "framework/text.h"
 
-#include <cstdint>
 #include <memory>
 
 namespace portico {
 
-/// A piece of work that may take long. It goes when the work is done or given up.
+/// Shows the user how far a long piece of work has come, with a way to give it up. Nothing shows of work that takes
+/// less than half a second. While it shows, the program's windows go on painting, and only the way out takes input.
 class IProgress {
 public:
   virtual ~IProgress() = default;
-  /// To be called now and then; costs next to nothing. False if the user has cancelled the work. Throws `Quit` when the
-  /// program has been told to end.
-  virtual bool Step(std::int64_t done, std::int64_t total) = 0;
+
+  /// Work within other work, begun and ended inside it, is part of that: it shows nothing of its own.
+  virtual void Begin(const String& Prompt) = 0;
+  /// To be called as often as there is something to tell: most calls cost a look at the clock. False once the user has
+  /// given the work up. Throws `Quit` as the event loop does.
+  virtual bool Step(double Done, double Total) = 0;
+  virtual void End() noexcept = 0;
 };
 
-/// Shows work that takes longer than half a second, and lets the user cancel it. Meanwhile the windows stay alive, and
-/// take no input.
-class IProgressDisplay {
-public:
-  virtual ~IProgressDisplay() = default;
-  virtual std::unique_ptr<IProgress> Begin(const String& text) = 0;
-};
-
-/// Null where nobody watches.
-extern std::shared_ptr<IProgressDisplay> gProgressDisplay;
+extern std::shared_ptr<IProgress> gProgress;
 
 } // namespace portico

@@ -20,7 +20,7 @@ std::shared_ptr<IInstrumentList> gInstrumentList;
 std::shared_ptr<IKeyboard> gKeyboard;
 std::shared_ptr<IMessageBox> gMessageBox;
 std::shared_ptr<IPrinter> gPrinter;
-std::shared_ptr<IProgressDisplay> gProgressDisplay;
+std::shared_ptr<IProgress> gProgress;
 std::shared_ptr<IRegistry> gRegistry;
 std::shared_ptr<ISettingsStore> gSettingsStore;
 

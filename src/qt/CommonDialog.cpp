@@ -68,8 +68,7 @@ void CommonDialog::Show(FileDialogSettings& settings, QFileDialog& dialog) {
     return;
   }
   settings.FileName = FromQt(dialog.selectedFiles().constFirst());
-  settings.FilterIndex =
-      static_cast<std::int32_t>(dialog.nameFilters().indexOf(dialog.selectedNameFilter())) + 1;
+  settings.FilterIndex = static_cast<std::int32_t>(dialog.nameFilters().indexOf(dialog.selectedNameFilter())) + 1;
   m_folder = dialog.directory().absolutePath();
 }
 

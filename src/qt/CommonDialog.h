@@ -13,8 +13,8 @@ namespace portico::qt {
 
 class EventLoop;
 
-/// The toolkit's own dialogs: those of the desktop take no name of a file that is new. File dialogs begin where the last
-/// one ended. Pages cannot be chosen to print.
+/// The toolkit's own dialogs: those of the desktop take no name of a file that is new. File dialogs begin where the
+/// last one ended. Pages cannot be chosen to print.
 class CommonDialog final : public ICommonDialog {
 public:
   /// The loop must outlive it.

@@ -23,7 +23,8 @@ void Press(QWidget& widget, char16_t unit, Qt::KeyboardModifiers modifiers) {
 } // namespace
 
 void Keyboard::SendKeys(const String& keys) {
-  QMetaObject::invokeMethod(&m_context, [this, keys] { Type(keys); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      &m_context, [this, keys] { Type(keys); }, Qt::QueuedConnection);
 }
 
 void Keyboard::Type(const String& keys) const {

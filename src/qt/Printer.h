@@ -9,8 +9,8 @@
 
 namespace portico::qt {
 
-/// The default printer, looked up when it is first used, which takes a while. What the user sets up stays for as long as
-/// the program runs.
+/// The default printer, looked up when it is first used, which takes a while. What the user sets up stays for as long
+/// as the program runs.
 class Printer final : public IPrinter {
 public:
   void Print(const String& text) override;

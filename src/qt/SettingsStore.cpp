@@ -19,8 +19,7 @@ auto SettingsStore::With(const String& title, Use&& use) const {
   return use(settings);
 }
 
-String SettingsStore::GetSetting(const String& Title, const String& Section, const String& Key,
-                                 const String& Default) {
+String SettingsStore::GetSetting(const String& Title, const String& Section, const String& Key, const String& Default) {
   return With(Title, [&](const QSettings& settings) {
     const QVariant value = settings.value(Path(Section, Key));
     return value.isValid() ? FromQt(value.toString()) : Default;

@@ -15,6 +15,8 @@ public:
   void RunToCursor();
   /// While it lasts, the window still shows the idle state.
   void Step();
+  /// Writes a remark or a blank line into the history, as a run does.
+  void Add2History(const String& Line);
 
   /// A remark or a blank line has been written into the history.
   Event<const String&> Remarked;
@@ -23,7 +25,6 @@ private:
   void Prepare(LineRunner& runner) const;
   void RunLines(LineRunner& runner);
   void Finish(LineRunner& runner);
-  void Add2History(const String& Line);
 
   Ref<IRichTextBox> m_txtFuture;
   Ref<IRichTextBox> m_txtPast;

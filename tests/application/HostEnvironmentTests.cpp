@@ -1,5 +1,9 @@
 #include "application/HostEnvironment.h"
 
+#include "framework/HuntERR.h"
+#include "framework/modGlobals.h"
+#include "support/EnvironmentVariable.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -17,6 +21,35 @@ TEST(HostEnvironment, KnowsTheProgram) {
   EXPECT_EQ(host.ProgramFileName(), u"test_application");
   EXPECT_TRUE(std::filesystem::exists(ToUtf8(host.ProgramDirectory() + u"/" + host.ProgramFileName())));
   EXPECT_EQ(host.PathSeparator(), u'/');
+}
+
+TEST(HostEnvironment, AProgramWhoseDirectoryCannotBeWrittenReportsToTheUsersStateDirectory) {
+  const auto state = std::filesystem::path(::testing::TempDir()) / "portico-host-environment-state";
+  std::filesystem::remove_all(state);
+  const EnvironmentVariable stateHome("XDG_STATE_HOME", state.c_str());
+  HostEnvironment host("/no such directory/portico");
+  EXPECT_EQ(host.ProgramFileName(), u"portico");
+  EXPECT_EQ(host.ProgramDirectory(), Path(state / "portico"));
+
+  HuntERR::SetEnvironment(&host);
+  try {
+    HuntERR::Raise(5, u"Somewhere", u"Something");
+  } catch (...) {
+    StopHere(u"Somewhere.Else");
+  }
+  modGlobals::LogErrorReport();
+  HuntERR::SetEnvironment(nullptr);
+  EXPECT_TRUE(std::filesystem::exists(state / "portico" / "SCPIComm.log"));
+  std::filesystem::remove_all(state);
+}
+
+TEST(HostEnvironment, WithoutAStateHomeItIsTheHomeDirectorys) {
+  const auto home = std::filesystem::path(::testing::TempDir()) / "portico-host-environment-home";
+  std::filesystem::remove_all(home);
+  const EnvironmentVariable noStateHome("XDG_STATE_HOME", nullptr);
+  const EnvironmentVariable homeVariable("HOME", home.c_str());
+  EXPECT_EQ(HostEnvironment("/no such directory/portico").ProgramDirectory(), Path(home / ".local/state/portico"));
+  std::filesystem::remove_all(home);
 }
 
 TEST(HostEnvironment, TheVersionIsMajorMinorAndRevision) {

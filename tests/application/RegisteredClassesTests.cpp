@@ -9,6 +9,10 @@
 #include "framework/modGlobals.h"
 #include "instructions/CInstDirector.h"
 #include "support/PipelineFixture.h"
+#include "ui/EditCommands.h"
+#include "ui/LogCommands.h"
+#include "ui/MergeCommands.h"
+#include "ui/PrintCommands.h"
 
 #include <set>
 
@@ -143,6 +147,34 @@ TEST_F(RegisteredClasses, CutIsNotAmongThem) {
                                                  u"CObjectFactory.IObjectFactory_CreateObject(Specification,Params)"}));
 }
 
+TEST_F(RegisteredClasses, CopyAndPasteAreAmongThem) {
+  EXPECT_EQ(Create<ICommand>(u"Copy")->ClassName(), u"CCopy");
+  EXPECT_EQ(Create<ICommand>(u"Paste")->ClassName(), u"CPaste");
+}
+
+TEST_F(RegisteredClasses, BeginWithOpenInstrumentAndCloseInstrument) {
+  EXPECT_EQ(Creators().Item(0)->Specification().ToString(), u"OpenInstrument");
+  EXPECT_EQ(Creators().Item(1)->Specification().ToString(), u"CloseInstrument");
+}
+
+TEST_F(RegisteredClasses, TheUsersCommandsBearNamesThatAreNotAlwaysTheirClasses) {
+  const std::vector<std::pair<StringView, StringView>> commands = {{u"OpenInstrument", u"COpenInstrument"},
+                                                                   {u"CloseInstrument", u"CCloseInstrument"},
+                                                                   {u"Copyto", u"CCopyTo"},
+                                                                   {u"Pastefrom", u"CPasteFrom"},
+                                                                   {u"ClearHistory", u"CClearHistory"},
+                                                                   {u"ConfigOptions", u"CConfigOptions"},
+                                                                   {u"ReadInstrumentData", u"CReadInstrumentData"},
+                                                                   {u"WaitforOPC", u"CWaitOPC"},
+                                                                   {u"QueryStatus", u"CQueryStatus"},
+                                                                   {u"ToggleLogFile", u"CNewLogFile"},
+                                                                   {u"ToggleLogging", u"CToggleLogging"},
+                                                                   {u"ViewLogFile", u"CViewLogFile"}};
+  for (const auto& [specification, product] : commands) {
+    EXPECT_EQ(Create<ICommand>(specification)->ClassName(), product);
+  }
+}
+
 TEST_F(RegisteredClasses, AutoReadIsNoBuilderOfItsOwn) {
   EXPECT_EQ(FailureOf([] { Create<IObject>(u"AutoReadAfterQueryCommandBuilder"); }).Number, 5);
 }
@@ -162,10 +194,26 @@ TEST(CreatorsWithoutProduct, RaiseTheirOwnText) {
     EXPECT_EQ(failure.Source, u"HuntERR.Check");
   };
   expect(CtorReport, 31004, u"Cannot create a report command.");
+  expect(CtorClearHistory, 31004, u"Cannot create a clearHistory command.");
+  expect(CtorCopy, 31004, u"Cannot create a copy command.");
+  expect(CtorCut, 31004, u"Cannot create a cut command.");
+  expect(CtorMerge, 31004, u"Cannot create a merge command.");
+  expect(CtorMergeFrom, 31004, u"Cannot create a merge from command.");
+  expect(CtorPaste, 31004, u"Cannot create a paste command.");
+  expect(CtorPrint, 31004, u"Cannot create a Print command.");
+  expect(CtorPrintSetup, 31004, u"Cannot create a PrintSetup command.");
+  expect(CtorToggleLogging, 31004, u"Cannot create a toggle logging command.");
   expect(CtorConfiguration, 31004, u"Configuration object does not exist.");
   expect(CtorDriverSession, 31004, u"Driver session object does not exist.");
   expect(CtorInstProcessor, 31004, u"Instruction processor object does not exist.");
   expect(CtorIntervalTimer, 5, u"Interval timer is invalid.");
+}
+
+TEST(CreatorsWithoutProduct, TwoPairsSayTheSame) {
+  EXPECT_EQ(FailureWithoutProduct(CtorCopyTo).Text, u"Cannot create a paste from command.");
+  EXPECT_EQ(FailureWithoutProduct(CtorPasteFrom).Text, u"Cannot create a paste from command.");
+  EXPECT_EQ(FailureWithoutProduct(CtorNewLogFile).Text, u"Cannot create a new log file command.");
+  EXPECT_EQ(FailureWithoutProduct(CtorViewLogFile).Text, u"Cannot create a new log file command.");
 }
 
 TEST(CreatorsWithoutProduct, TheSubscriptionAgentsHasNoSuchCheck) {

@@ -159,5 +159,28 @@ TEST(Event, ADisconnectedHandlerIsReleased) {
   EXPECT_EQ(held.use_count(), 1);
 }
 
+TEST(Event, TellsWhetherItHasAHandler) {
+  Event<> event;
+  EXPECT_FALSE(event.IsConnected());
+  const auto first = event.Connect([] {});
+  const auto second = event.Connect([] {});
+  event.Disconnect(first);
+  EXPECT_TRUE(event.IsConnected());
+  event.Disconnect(second);
+  EXPECT_FALSE(event.IsConnected());
+}
+
+TEST(Event, HandlerThatDisconnectsItselfIsNoneAtOnce) {
+  Event<> event;
+  Event<>::Connection connection = 0;
+  bool connected = true;
+  connection = event.Connect([&] {
+    event.Disconnect(connection);
+    connected = event.IsConnected();
+  });
+  event();
+  EXPECT_FALSE(connected);
+}
+
 } // namespace
 } // namespace portico

@@ -295,5 +295,19 @@ TEST_F(EventLoopTest, ErrorOfAHandlerLeavesTheTurnAndTheTimerRunning) {
   EXPECT_EQ(Fired, "aa");
 }
 
+TEST_F(EventLoopTest, TurnsDoNothingOnceQuitIsFinished) {
+  const auto timer = Started('a', 10);
+  EXPECT_FALSE(Loop.IsQuitting());
+  Loop.RequestQuit();
+  EXPECT_TRUE(Loop.IsQuitting());
+  EXPECT_THROW(Loop.DoEvents(), Quit);
+  Loop.FinishQuit();
+  EXPECT_FALSE(Loop.IsQuitting());
+  EXPECT_NO_THROW(AdvanceAndTurn(100ms));
+  EXPECT_NO_THROW(Loop.WaitForEvent()); // with nothing to wait for
+  EXPECT_EQ(Fired, "");
+  EXPECT_EQ(Elapsed(), 100ms);
+}
+
 } // namespace
 } // namespace portico::memory

@@ -58,7 +58,9 @@ protected:
     }
     return count;
   }
+  /// Without the caret.
   QImage Picture() {
+    View().clearFocus();
     QImage image(View().viewport()->size(), QImage::Format_RGB32);
     View().viewport()->render(&image);
     return image;

@@ -11,8 +11,8 @@ write src/framework/Angle.cpp '#  include <platform/Clean.h>\n'
 sees "the same between angle brackets" src/framework/Angle.cpp
 write src/instructions/Aside.h '#include "platform/Clean.h"\n'
 sees "an include past the layer between" src/instructions/Aside.h
-write src/application/Roof.cpp '#include "ui/Window.h"\n'
-sees "an include from one roof to the other" src/application/Roof.cpp
+write src/ui/Window.cpp '#include "application/Startup.h"\n'
+sees "an include of the roof" src/ui/Window.cpp
 write src/platform/Bare.cpp '#include "Clean.h"\n'
 sees "an include without a folder" src/platform/Bare.cpp
 write src/novelty/New.cpp '#include "framework/Base.h"\n'

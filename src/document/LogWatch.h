@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+
+namespace portico {
+
+/// Is told how far the reading of a log has come, and may use the program meanwhile. What it throws ends the reading
+/// and reaches whoever has asked for it.
+class ILogWatcher {
+public:
+  virtual ~ILogWatcher() = default;
+  /// Called before each piece of a pass over the file, first with 0. A log may be read in more passes than one.
+  virtual void BytesRead(std::uint64_t done, std::uint64_t total) = 0;
+  /// An entity has been put into the container that is being filled.
+  virtual void EntityRead() = 0;
+};
+
+/// Lets a watcher see what is read while this lives; without one nobody is told. Watches are given up in the reverse of
+/// their order, and the last one counts. What a watcher reads itself while it is being told is not told to it.
+class LogWatch final {
+public:
+  explicit LogWatch(ILogWatcher* watcher);
+  ~LogWatch();
+  LogWatch(const LogWatch&) = delete;
+  LogWatch& operator=(const LogWatch&) = delete;
+
+  static void TellBytes(std::uint64_t done, std::uint64_t total);
+  static void TellEntity();
+
+private:
+  ILogWatcher* m_before;
+};
+
+} // namespace portico

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/FormDesign.h"
+
+namespace portico {
+
+// How the dialogs are made up. Their names are the names of their classes.
+
+extern const FormDesign InstrumentDialogDesign;
+extern const FormDesign OptionsDesign;
+extern const FormDesign AboutDesign;
+
+} // namespace portico

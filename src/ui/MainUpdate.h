@@ -1,0 +1,67 @@
+#pragma once
+
+#include "platform/IRichTextControl.h"
+#include "platform/IStatusBar.h"
+#include "ui/ActionGroup.h"
+
+namespace portico {
+
+/// Recomputes every enabled, checked and visible state of the main window, its texts and the placeholder of the command
+/// window, from the configuration and the focus. It decides nothing else, and keeps nothing between two updates.
+class MainUpdate {
+public:
+  /// The form of the main window, which must outlive this, and its two text boxes.
+  MainUpdate(IForm& form, const Ref<IRichTextControl>& txtFuture, const Ref<IRichTextControl>& txtPast);
+
+  /// What the configuration does not know.
+  struct Circumstances {
+    bool CommandHasFocus;
+    bool Executing;
+  };
+  /// Needs the global configuration (424). Ends with a turn of the event loop, in which it can be entered again.
+  void Run(const Circumstances& now) const;
+
+private:
+  struct State;
+
+  void ShowInstrument(const State& state) const;
+  void ShowPlaceholder(const State& state) const;
+  void ShowProtocol(const State& state) const;
+  void ShowLog(const State& state) const;
+  void ShowEditing(const State& state) const;
+  void ShowRunning(const State& state) const;
+
+  IForm& m_form;
+  Ref<IRichTextControl> m_txtFuture;
+  Ref<IRichTextControl> m_txtPast;
+  IStatusPanel& m_status;
+  IStatusPanel& m_protocol;
+  IMenuItem& mnuFileOpenInstrument;
+  IMenuItem& mnuFileCloseInstrument;
+  IMenuItem& mnuFileNewLog;
+  IMenuItem& mnuFilePause;
+  IMenuItem& mnuCloseLog;
+  IMenuItem& mnuFilePrint;
+  IMenuItem& mnuPasteFrom;
+  IMenuItem& mnuRead;
+  IMenuItem& mnuOPC;
+  IMenuItem& mnuGetStatus;
+  IMenuItem& mnuSCPI;
+  IMenuItem& mnuDDC;
+  IToolButton& m_openButton;
+  IToolButton& m_loggerButton;
+  IToolButton& m_pauseButton;
+  IToolButton& m_readButton;
+  ActionGroup m_pause;
+  ActionGroup m_cut;
+  ActionGroup m_copy;
+  ActionGroup m_paste;
+  ActionGroup m_pasteFrom;
+  ActionGroup m_copyTo;
+  ActionGroup m_step;
+  ActionGroup m_run;
+  ActionGroup m_runToCursor;
+  ActionGroup m_stop;
+};
+
+} // namespace portico

@@ -1,0 +1,111 @@
+#include "ui/MainPicture.h"
+#include "ui/MainWindowFixture.h"
+
+#include <tuple>
+
+namespace portico::test {
+namespace {
+
+using ActiveControl = UpdateInputs::Control;
+
+/// Calls `visit` with every combination of the members of `inputs` that are not surroundings.
+template <class Visit>
+void ForAll(UpdateInputs in, Visit&& visit) {
+  constexpr bool both[] = {false, true};
+  for (in.Opened = false;; in.Opened = true) {
+    for (const StringView protocol : {u"SCPI", u"Other", u"Neither"}) {
+      in.Protocol = protocol;
+      for (const StringView log : {u"", u"C:\\first.log"}) {
+        in.LogFile = log;
+        for (in.Active = ActiveControl::None;;
+             in.Active = static_cast<ActiveControl>(static_cast<int>(in.Active) + 1)) {
+          // The other yes-or-no inputs, as the bits of a number.
+          for (unsigned bits = 0; bits < 128; ++bits) {
+            in.Logging = both[bits & 1U];
+            in.ModeOff = both[bits >> 1U & 1U];
+            in.Executing = both[bits >> 2U & 1U];
+            in.HasSelection = both[bits >> 3U & 1U];
+            in.HasClipboard = both[bits >> 4U & 1U];
+            in.WasSCPI = both[bits >> 5U & 1U];
+            in.TabStop = both[bits >> 6U & 1U];
+            visit(in);
+          }
+          if (in.Active == ActiveControl::HistoryWindow) break;
+        }
+      }
+    }
+    if (in.Opened) break;
+  }
+}
+
+class UpdateUITable : public MainWindowFixture,
+                      public ::testing::WithParamInterface<std::tuple<StringView, StringView, bool>> {
+protected:
+  UpdateUITable() {
+    Start();
+    gForms = Focus;
+  }
+  ~UpdateUITable() override { gForms = Screen; }
+
+  static void Select(IRichTextControl& box, bool hasSelection) {
+    box.SelStart(0);
+    box.SelLength(hasSelection ? 1 : 0);
+  }
+
+  void Arrange(const UpdateInputs& in) {
+    // First to where no update touches the text.
+    SetItem(u"InstrumentOpened", u"True");
+    Future().TabStop(true);
+    if (Future().Text() != in.CommandText) Future().Text(in.CommandText);
+    SetItem(u"InstrumentOpened", in.Opened ? u"True" : u"False");
+    SetItem(u"InstrumentName", in.Opened ? OpenName : StringView{});
+    SetItem(u"ProtocolName", in.Protocol);
+    SetItem(u"LogFileName", in.LogFile);
+    SetItem(u"Logging", in.Logging ? u"On" : u"Off");
+    SetItem(u"RunningMode", in.ModeOff ? u"Off" : u"Continuous");
+    Window->Executing(in.Executing);
+    Clipboard->Text = in.HasClipboard ? u"text" : u"";
+    Select(Future(), in.Active == ActiveControl::CommandWindow && in.HasSelection);
+    Select(Past(), in.Active == ActiveControl::HistoryWindow && in.HasSelection);
+    IControl* const controls[] = {nullptr, &FindControl<IPictureBox>(Form(), u"picLogo"), &Future(), &Past()};
+    Focus->Active = controls[static_cast<std::size_t>(in.Active)];
+    Menu(u"mnuSCPI").Checked(in.WasSCPI);
+    Menu(u"mnuDDC").Checked(!in.WasSCPI);
+    Future().TabStop(in.TabStop);
+  }
+
+  std::shared_ptr<FocusDouble> Focus = std::make_shared<FocusDouble>(Screen);
+};
+
+TEST_P(UpdateUITable, ShowsWhatEveryCombinationCallsFor) {
+  UpdateInputs surroundings;
+  std::tie(surroundings.CommandText, surroundings.HistoryText, surroundings.CommandHadFocus) = GetParam();
+  const Event<> gotFocus = surroundings.CommandHadFocus ? Future().GotFocus() : Past().GotFocus();
+  gotFocus();
+  Past().Text(surroundings.HistoryText);
+  int seen = 0;
+  int faults = 0;
+  ForAll(surroundings, [&](const UpdateInputs& in) {
+    ++seen;
+    if (faults >= 5) return;
+    Arrange(in);
+    const Picture expected = AfterUpdate(in, TakePicture(Form()));
+    Window->UpdateUI(u"", u"");
+    const Picture actual = TakePicture(Form());
+    if (actual == expected) return;
+    ++faults;
+    ADD_FAILURE() << Described(in) << "\n" << Differences(expected, actual);
+  });
+  EXPECT_EQ(seen, 2 * 3 * 2 * 4 * 128);
+  ExpectNoBox();
+}
+
+constexpr StringView CommandTexts[] = {u"", u"*IDN?\r\n", u"OPEN AN INSTRUMENT!", u"OPEN AN INSTRUMENT!\r\n"};
+constexpr StringView HistoryTexts[] = {u"", u"answer\r\n"};
+
+INSTANTIATE_TEST_SUITE_P(All, UpdateUITable,
+                         ::testing::Combine(::testing::ValuesIn(CommandTexts), ::testing::ValuesIn(HistoryTexts),
+                                            ::testing::Bool()));
+
+} // namespace
+} // namespace portico::test

@@ -3,6 +3,7 @@
 #include "framework/ErrorNumbers.h"
 #include "framework/HuntERR.h"
 #include "platform/IPictureBox.h"
+#include "qt/Icons.h"
 #include "qt/Text.h"
 
 #include <QFile>
@@ -51,9 +52,13 @@ QColor ColorOf(std::int32_t number, const QPalette& palette) {
   return {number & 0xFF, (number >> 8) & 0xFF, (number >> 16) & 0xFF};
 }
 
-QIcon IconOf(StringView key) { return QFile::exists(PathOf(key)) ? QIcon(PathOf(key)) : LetterIcon(key); }
+QIcon IconOf(StringView key) {
+  const QIcon icon = Icon(ToQt(key));
+  return icon.isNull() ? LetterIcon(key) : icon;
+}
 
 QSize IconSizeOf(StringView key) {
+  InitIcons();
   return QFile::exists(PathOf(key)) ? QSvgRenderer(PathOf(key)).defaultSize() : QSize();
 }
 

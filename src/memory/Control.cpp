@@ -69,6 +69,6 @@ FocusControl::FocusControl(Form& form, const ControlDesign& design, Control* con
 
 void FocusControl::TakeFocus() { Owner().Focus().MoveTo(*this); }
 
-bool FocusControl::HasFocus() const { return Owner().Focus().IsLit() && Owner().Focus().Active() == this; }
+bool FocusControl::HasFocus() const { return Owner().Focus().Current() == this; }
 
 } // namespace portico::memory

@@ -4,6 +4,7 @@
 #include "framework/HuntERR.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace portico::memory {
 
@@ -19,14 +20,9 @@ void FocusChain::IndexOf(FocusControl& control, std::int32_t newValue) {
 }
 
 void FocusChain::MoveTo(FocusControl& control) {
-  if (&control == m_active || !IsReachable(control)) return;
-  const Keeper::Turn turn(m_life);
-  FocusControl* const old = m_active;
+  if (!IsReachable(control)) return;
   m_active = &control;
-  if (!m_lit) return;
-  if (old != nullptr) Fire(old->m_lostFocus);
-  // A handler may have moved it on.
-  if (m_lit && m_active == &control) Fire(control.m_gotFocus);
+  Tell();
 }
 
 void FocusChain::MoveOn(bool backward) {
@@ -41,19 +37,23 @@ void FocusChain::MoveOn(bool backward) {
 }
 
 void FocusChain::LightUp() {
-  if (m_lit) return;
   m_lit = true;
-  if (m_active != nullptr) {
-    Fire(m_active->m_gotFocus);
-  } else {
-    MoveOn(false);
-  }
+  if (m_active == nullptr) MoveOn(false);
+  Tell();
 }
 
 void FocusChain::GoDark() {
-  if (!m_lit) return;
   m_lit = false;
-  if (m_active != nullptr) Fire(m_active->m_lostFocus);
+  Tell();
+}
+
+void FocusChain::Tell() {
+  const Keeper::Turn turn(m_life);
+  if (m_told == Current()) return;
+  if (const FocusControl* old = std::exchange(m_told, nullptr); old != nullptr) old->m_lostFocus();
+  // A handler may have moved it on, and told that.
+  FocusControl* const now = Current();
+  if (std::exchange(m_told, now) != now && now != nullptr) now->m_gotFocus();
 }
 
 bool FocusChain::IsReachable(const FocusControl& control) {
@@ -61,11 +61,6 @@ bool FocusChain::IsReachable(const FocusControl& control) {
     if (!part->Enabled()) return false;
   }
   return control.IsInSight();
-}
-
-void FocusChain::Fire(const Event<>& event) const {
-  const Keeper::Turn turn(m_life);
-  event();
 }
 
 } // namespace portico::memory

@@ -20,7 +20,8 @@ public:
 
   /// The control that has the focus, or will have it as soon as the form has; null if none had it.
   FocusControl* Active() const { return m_active; }
-  bool IsLit() const { return m_lit; }
+  /// The control that has the focus now; null while the form has it not.
+  FocusControl* Current() const { return m_lit ? m_active : nullptr; }
   void MoveTo(FocusControl& control);
   /// To the next tab stop that can be used, or the one before, around the end.
   void MoveOn(bool backward);
@@ -30,11 +31,13 @@ public:
 
 private:
   static bool IsReachable(const FocusControl& control);
-  void Fire(const Event<>& event) const;
+  /// Lets the controls know who has the focus.
+  void Tell();
 
   Keeper& m_life;
   std::vector<FocusControl*> m_order;
   FocusControl* m_active = nullptr;
+  FocusControl* m_told = nullptr; // that it has the focus
   bool m_lit = false;
 };
 

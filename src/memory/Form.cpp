@@ -3,6 +3,7 @@
 #include "memory/Bars.h"
 #include "memory/DialogControls.h"
 #include "memory/MakeControl.h"
+#include "memory/RichTextControl.h"
 #include "memory/Screen.h"
 
 #include <algorithm>
@@ -96,9 +97,10 @@ void Form::Show() {
   m_screen->Show(*this);
 }
 
-void Form::ShowModal(IForm* /*Owner*/) {
+void Form::ShowModal(IForm* Owner) {
   if (m_screen == nullptr) throw std::logic_error("a form that was unloaded is shown: " + ToUtf8(Name()));
   const Keeper::Turn turn(m_life);
+  m_owner = Owner;
   m_screen->ShowModal(*this);
 }
 
@@ -153,14 +155,23 @@ bool Form::PressKey(std::int32_t code, std::int32_t shift) {
   if ((shift & (CtrlState | AltState)) != 0) return true;
   if (code == TabKey) m_focus.MoveOn((shift & ShiftState) != 0);
   if (code != ReturnKey && code != EscapeKey) return true;
+  if (auto* box = dynamic_cast<RichTextControl*>(m_focus.Active()); code == ReturnKey && box != nullptr) {
+    box->Type(NewLine);
+    return true;
+  }
   auto* button = code == ReturnKey ? dynamic_cast<CommandButton*>(m_focus.Active()) : nullptr;
   if (button == nullptr) button = Button(code == ReturnKey ? &ControlDesign::IsDefault : &ControlDesign::IsCancel);
-  if (button != nullptr) button->Press();
+  if (button != nullptr) {
+    button->Press();
+  } else if (code == EscapeKey && m_design.Style == FormStyle::Dialog) {
+    Close();
+  }
   return true;
 }
 
 bool Form::Resize(double width, double height) {
-  if (!TakesInput() || m_windowState != portico::WindowState::Normal) return false;
+  const bool isSizable = m_design.Style == FormStyle::Window && m_windowState == portico::WindowState::Normal;
+  if (!isSizable || !TakesInput()) return false;
   Move(Left(), Top(), width, height);
   return true;
 }

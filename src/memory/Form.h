@@ -65,6 +65,7 @@ public:
 
   const FormDesign& Design() const { return m_design; }
   bool IsShown() const;
+  /// The owner that it was given last; null if none was.
   const IForm* Owner() const { return m_owner; }
   bool IsLoaded() const { return m_screen != nullptr; }
   /// What the user does reaches the form: it is on the screen, and no modal form is in front of it.
@@ -79,7 +80,7 @@ public:
   /// A key: the shortcut of a menu item; else `KeyDown` and what the key does by itself, if that is to move the focus
   /// or to press a button.
   bool PressKey(std::int32_t code, std::int32_t shift = 0);
-  /// Drags the frame.
+  /// Drags the frame. False for a dialog, too.
   bool Resize(double width, double height);
 
 private:

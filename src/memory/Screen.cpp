@@ -58,7 +58,7 @@ void Screen::Show(Form& form) {
 }
 
 void Screen::ShowModal(Form& form) {
-  if (IsQuitting()) throw Quit{};
+  CloseIfQuitting(form);
   const Script<Form>::Act act = m_modalScript.Take(form.Name());
   if (!act) {
     m_unexpected.emplace_back(form.Name());
@@ -72,12 +72,18 @@ void Screen::ShowModal(Form& form) {
   try {
     Show(form);
     act(form);
-    if (IsQuitting()) throw Quit{};
+    CloseIfQuitting(form);
     if (IsShown(form)) throw std::logic_error("nobody closes the modal form " + ToUtf8(form.Name()));
   } catch (...) {
     end();
     throw;
   }
+}
+
+void Screen::CloseIfQuitting(Form& form) const {
+  if (!IsQuitting()) return;
+  form.Unload();
+  throw Quit{};
 }
 
 void Screen::Hide(Form& form) {
@@ -106,7 +112,9 @@ bool Screen::TakesInput(const Form& form) const {
 }
 
 void Screen::PlayPopup(MenuItem& menu) {
+  if (IsQuitting()) throw Quit{};
   if (const auto act = m_popupScript.Take(menu.Name())) act(menu);
+  if (IsQuitting()) throw Quit{};
 }
 
 } // namespace portico::memory

@@ -10,7 +10,7 @@ namespace portico::memory {
 /// down before it is shown.
 class Screen final : public IForms {
 public:
-  /// `isQuitting`: the program has been told to end, and modal forms throw `Quit`.
+  /// `isQuitting`: the program has been told to end, and modal forms and popup menus throw `Quit`.
   explicit Screen(std::function<bool()> isQuitting = {}) : m_isQuitting(std::move(isQuitting)) {}
   /// Forms that are still loaded are let go of; no event of theirs fires.
   ~Screen() override;
@@ -46,6 +46,7 @@ private:
   void Show(Form& form);
   void ShowModal(Form& form);
   void Hide(Form& form);
+  void CloseIfQuitting(Form& form) const;
   /// The form is none of the screen's any more.
   void Forget(Form& form);
   bool IsShown(const Form& form) const;

@@ -14,6 +14,7 @@ using richtext::FormatRuns;
 using richtext::FormattedLine;
 using richtext::FormattedText;
 
+constexpr char16_t HiddenMark = u'\u2026';
 constexpr char16_t LineSeparator = u'\u2028';
 
 // What ends blocks, lines or frames of a document, or stands for objects in it.
@@ -79,73 +80,79 @@ void TextBlocks::WriteHidden(QTextCursor& cursor, const FormattedLine& line, std
   QTextCharFormat format = m_formats.Of(line.Runs.At(from));
   TextFormats::StandForHidden(format, m_lastHidden);
   format.setBackground(Qt::lightGray);
-  cursor.insertText(QStringLiteral(u"\u2026"), format);
+  cursor.insertText(QString(QChar(HiddenMark)), format);
+}
+
+template <class See>
+void TextBlocks::Visit(const QTextBlock& block, See&& see) const {
+  for (auto at = block.begin(); !at.atEnd(); ++at) {
+    const QTextCharFormat look = at.fragment().charFormat();
+    const String text = FromQt(at.fragment().text());
+    const auto unit = TextFormats::UnitOf(look);
+    const auto hidden = m_hidden.find(TextFormats::HiddenOf(look).value_or(0));
+    if (!unit && hidden == m_hidden.end()) {
+      see(Piece{text.size(), text, {text.size(), m_formats.CharacterOf(look)}, true});
+      continue;
+    }
+    // Somebody may have written behind the character in its own look.
+    for (const char16_t& shown : text) {
+      if (hidden != m_hidden.end() && shown == HiddenMark) {
+        see(Piece{1, hidden->second.Text, hidden->second.Runs});
+      } else {
+        const bool isSubstitute = unit && shown == QChar::ReplacementCharacter;
+        see(Piece{1, StringView(isSubstitute ? &*unit : &shown, 1), {1, m_formats.CharacterOf(look)}});
+      }
+    }
+  }
 }
 
 void TextBlocks::Read(const QTextBlock& block, FormattedText& lines) const {
   const QTextBlockFormat format = block.blockFormat();
-  const auto open = [&]() -> FormattedLine& {
-    return lines.emplace_back(String(), FormatRuns(), m_formats.ParagraphOf(format));
-  };
-  const auto close = [&](FormattedLine& line) { line.Runs.Append(1, m_formats.LineEndOf(format)); };
-  FormattedLine* line = &open();
-  for (auto at = block.begin(); !at.atEnd(); ++at) {
-    const QTextFragment fragment = at.fragment();
-    const QTextCharFormat look = fragment.charFormat();
-    const auto hidden = TextFormats::HiddenOf(look);
-    if (const auto held = m_hidden.find(hidden.value_or(0)); held != m_hidden.end()) {
-      line->Text += held->second.Text;
-      line->Runs.Append(held->second.Runs);
-      continue;
+  const auto open = [&] { lines.push_back({{}, {}, m_formats.ParagraphOf(format)}); };
+  const auto close = [&] { lines.back().Runs.Append(1, m_formats.LineEndOf(format)); };
+  open();
+  Visit(block, [&](Piece piece) {
+    for (std::size_t end = 0; piece.StandsForItself && (end = piece.Text.find(LineSeparator)) != StringView::npos;) {
+      FormatRuns behind = piece.Runs.Cut(end).Cut(1);
+      lines.back().Text += piece.Text.substr(0, end);
+      lines.back().Runs.Append(std::exchange(piece.Runs, std::move(behind)));
+      piece.Text.remove_prefix(end + 1);
+      close();
+      open();
     }
-    const auto unit = TextFormats::UnitOf(look);
-    String text = unit ? String(static_cast<std::size_t>(fragment.length()), *unit) : FromQt(fragment.text());
-    for (std::size_t separator = unit ? String::npos : text.find(LineSeparator); separator != String::npos;
-         separator = text.find(LineSeparator)) {
-      line->Text.append(text, 0, separator);
-      line->Runs.Append(separator, m_formats.CharacterOf(look));
-      close(*line);
-      line = &open();
-      text.erase(0, separator + 1);
-    }
-    line->Text += text;
-    line->Runs.Append(text.size(), m_formats.CharacterOf(look));
-  }
-  close(*line);
-}
-
-std::size_t TextBlocks::LengthOf(const QTextFragment& fragment) const {
-  const auto hidden = m_hidden.find(TextFormats::HiddenOf(fragment.charFormat()).value_or(0));
-  return hidden == m_hidden.end() ? static_cast<std::size_t>(fragment.length()) : hidden->second.Text.size();
+    lines.back().Text += piece.Text;
+    lines.back().Runs.Append(std::move(piece.Runs));
+  });
+  close();
 }
 
 int TextBlocks::ToBlock(const QTextBlock& block, std::size_t lineLength, std::size_t offset, bool isEnd) const {
   const auto shown = static_cast<std::size_t>(block.length() - 1);
   if (shown == lineLength) return static_cast<int>(offset);
-  for (auto at = block.begin(); !at.atEnd(); ++at) {
-    const QTextFragment fragment = at.fragment();
-    const std::size_t length = LengthOf(fragment);
-    if (offset > length) {
-      offset -= length;
-      continue;
+  std::size_t place = 0;
+  bool isFound = false;
+  Visit(block, [&](const Piece& piece) {
+    if (isFound) return;
+    const std::size_t length = piece.Text.size();
+    isFound = offset < length || (offset == length && isEnd);
+    if (length == piece.Length) {
+      place += std::min(offset, length);
+    } else if (!isFound || (isEnd && offset > 0)) {
+      place += piece.Length;
     }
-    const int start = fragment.position() - block.position();
-    if (length == static_cast<std::size_t>(fragment.length())) return start + static_cast<int>(offset);
-    if (offset == 0 || (offset < length && !isEnd)) return start;
-    return start + fragment.length();
-  }
-  return block.length() - 1;
+    if (!isFound) offset -= length;
+  });
+  return static_cast<int>(std::min(place, shown));
 }
 
 std::size_t TextBlocks::FromBlock(const QTextBlock& block, std::size_t lineLength, int offset) const {
-  if (static_cast<std::size_t>(block.length() - 1) == lineLength) return static_cast<std::size_t>(offset);
+  auto left = static_cast<std::size_t>(offset);
+  if (static_cast<std::size_t>(block.length() - 1) == lineLength) return left;
   std::size_t place = 0;
-  for (auto at = block.begin(); !at.atEnd(); ++at) {
-    const QTextFragment fragment = at.fragment();
-    const int behind = offset - (fragment.position() - block.position());
-    if (behind < fragment.length()) return place + static_cast<std::size_t>(behind);
-    place += LengthOf(fragment);
-  }
+  Visit(block, [&](const Piece& piece) {
+    place += left < piece.Length ? left : piece.Text.size();
+    left -= std::min(left, piece.Length);
+  });
   return place;
 }
 

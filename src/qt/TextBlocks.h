@@ -44,12 +44,21 @@ public:
   void ForgetHidden();
 
 private:
+  struct Piece {
+    std::size_t Length; ///< in the block
+    StringView Text;    ///< in the line, for as long as it is seen
+    richtext::FormatRuns Runs;
+    bool StandsForItself = false;
+  };
+
   QTextCursor Clear(int first, int oldCount);
   void WriteLine(QTextCursor& cursor, const richtext::FormattedLine& line, bool isFirst);
   void WriteRuns(QTextCursor& cursor, const richtext::FormattedLine& line, std::size_t from, std::size_t end);
   void WriteText(QTextCursor& cursor, StringView text, const QTextCharFormat& format);
   void WriteHidden(QTextCursor& cursor, const richtext::FormattedLine& line, std::size_t from, std::size_t end);
-  std::size_t LengthOf(const QTextFragment& fragment) const;
+  /// `see(Piece)` for what stands in a block.
+  template <class See>
+  void Visit(const QTextBlock& block, See&& see) const;
 
   QTextDocument& m_document;
   TextFormats m_formats;

@@ -73,6 +73,8 @@ void TextBox::Show() {
 void TextBox::Flush(bool isUserEdit) {
   const QScopedValueRollback writing(m_isWriting, true);
   m_frame.stop();
+  const QTextCursor before = m_view->textCursor();
+  const bool isBackwards = !m_awaitsSelection && before.position() < before.anchor();
   if (!m_changes.IsEmpty()) {
     if (!isUserEdit) m_document.setUndoRedoEnabled(false);
     QTextCursor cursor(&m_document);
@@ -86,7 +88,7 @@ void TextBox::Flush(bool isUserEdit) {
     }
     m_changes.Clear();
   }
-  ShowSelection();
+  ShowSelection(isBackwards);
 }
 
 /// A stretch without lines, or without blocks, takes in a neighbour.
@@ -104,15 +106,15 @@ void TextBox::WriteStretch(const richtext::LineChanges::Stretch& stretch) {
                  [&](std::size_t i) -> const richtext::FormattedLine& { return Lines()[first + i]; });
 }
 
-void TextBox::ShowSelection() {
+void TextBox::ShowSelection(bool isBackwards) {
   const Place from = From();
   const Place to = To();
   const bool isCaret = from.Line == to.Line && from.Offset == to.Offset;
   const Range selected{ToDocument(from, false), ToDocument(to, !isCaret)};
   QTextCursor cursor = m_view->textCursor();
   if (Range{cursor.selectionStart(), cursor.selectionEnd()} != selected) {
-    cursor.setPosition(selected.Start);
-    cursor.setPosition(selected.End, QTextCursor::KeepAnchor);
+    cursor.setPosition(isBackwards ? selected.End : selected.Start);
+    cursor.setPosition(isBackwards ? selected.Start : selected.End, QTextCursor::KeepAnchor);
     m_view->setTextCursor(cursor);
   }
   m_selected = selected;

@@ -53,7 +53,7 @@ private:
   void Await();
   void Flush(bool isUserEdit);
   void WriteStretch(const richtext::LineChanges::Stretch& stretch);
-  void ShowSelection();
+  void ShowSelection(bool isBackwards);
   void UserPut(richtext::FormattedText text);
   void ReadContents(int position, int added);
   void ReadSelection();

@@ -156,7 +156,8 @@ void TextView::keyPressEvent(QKeyEvent* event) {
 }
 
 void TextView::inputMethodEvent(QInputMethodEvent* event) {
-  if (m_owner != nullptr && !isReadOnly()) {
+  if (isReadOnly()) return event->ignore();
+  if (m_owner != nullptr) {
     const QTextCharFormat format = m_owner->TypingFormat();
     if (textCursor().hasSelection() && !(event->commitString().isEmpty() && event->preeditString().isEmpty())) {
       textCursor().removeSelectedText();

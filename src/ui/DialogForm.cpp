@@ -40,7 +40,7 @@ void DialogForm::ShowHelp(StringView topic) {
   HelpSettings settings;
   settings.HelpCommand = HelpMacro;
   settings.HelpKey = u"AL(`" + String(topic) + u"',1)";
-  settings.HelpFile = HelpFile;
+  settings.HelpFile = ApplicationHelpFile;
   gCommonDialog->ShowHelp(settings);
 }
 

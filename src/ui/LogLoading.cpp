@@ -10,12 +10,12 @@ namespace portico {
 namespace {
 
 /// Where the two passes over the file end, as shares of the whole. Measured; the showing takes the rest.
-constexpr double CheckedShare = 0.05;
+constexpr double CheckedShare = 0.02;
 constexpr double ReadShare = 0.2;
 
 } // namespace
 
-LogLoading::LogLoading(const String& FileName) : m_watch(this) {
+LogLoading::LogLoading(const String& FileName) : m_watch(std::in_place, this) {
   if (gProgress) gProgress->Begin(u"Reading " + FileName);
 }
 
@@ -25,6 +25,7 @@ LogLoading::~LogLoading() {
 }
 
 void LogLoading::Follow(const Ref<CDataFIFO>& container) {
+  m_watch.reset();
   m_container = container;
   m_added = m_container->OnAdd.Connect([this](const Ref<IDataEntity>&, std::int64_t) { EntityShown(); });
 }

@@ -3,6 +3,8 @@
 #include "document/CDataFIFO.h"
 #include "document/LogWatch.h"
 
+#include <optional>
+
 namespace portico {
 
 /// Shows how far the opening of a log has come, for as long as it lives: the file is read twice, first to see whether
@@ -15,7 +17,7 @@ public:
   LogLoading(const LogLoading&) = delete;
   LogLoading& operator=(const LogLoading&) = delete;
 
-  /// Every entity that the container gets from now on has been shown.
+  /// All has been read: every entity that the container gets from now on has been shown.
   void Follow(const Ref<CDataFIFO>& container);
 
   void BytesRead(std::uint64_t done, std::uint64_t total) override;
@@ -26,7 +28,7 @@ private:
   /// Of the work as a whole, from 0 to 1.
   static void Tell(double share);
 
-  LogWatch m_watch;
+  std::optional<LogWatch> m_watch; // until all is read
   Ref<CDataFIFO> m_container;
   CDataFIFO::EntityEvent::Connection m_added = 0;
   int m_pass = 0;

@@ -108,8 +108,13 @@ void MainUpdate::ShowPlaceholder(const State& state) const {
     box.Text(OpenedPlaceholder);
     box.SelStart(box.TextLength());
   }
-  // Setting the text updates the window, which must come to an end.
-  if (wasOpened && !state.Opened && box.Text() != ClosedPlaceholder) box.Text(ClosedPlaceholder);
+  if (wasOpened && !state.Opened) {
+    if (box.Text() == ClosedPlaceholder) {
+      box.SelStart(0); // as setting it would; that updates the window, which must come to an end
+    } else {
+      box.Text(ClosedPlaceholder);
+    }
+  }
   box.TabStop(state.Opened);
 }
 

@@ -3,6 +3,6 @@
 namespace portico {
 
 /// The application's help file. Empty would mean that there is no help.
-inline constexpr char16_t HelpFile[] = u"TVPort.hlp";
+inline constexpr char16_t ApplicationHelpFile[] = u"TVPort.hlp";
 
 } // namespace portico

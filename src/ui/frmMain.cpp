@@ -15,6 +15,7 @@ namespace portico {
 namespace {
 
 constexpr double BarPixels = 3;
+constexpr std::uint8_t DefaultPercent = 75;
 constexpr char16_t Section[] = u"frmMain";
 
 float ReadSingle(const String& key, const String& standard) {
@@ -49,6 +50,8 @@ frmMain::frmMain(const std::function<void()>& CreateObjectFactory) : m_form(gFor
   m_scratchArea = TextBox(u"rtfScratchArea");
   m_txtPast->Locked(true);
   m_update.emplace(*m_form, m_txtFuture, m_txtPast);
+  splitterNow.emplace(FindControl<ISplitArea>(*m_form, u"splitterNow"));
+  splitterNow->SplitPercent(DefaultPercent);
   const bool made = RunHandler(u"frmMain.Form_Initialize", u"An error occured while initializing.", [&] {
     CreateObjectFactory();
     m_runs.emplace(m_txtFuture, m_txtPast);
@@ -116,14 +119,14 @@ void frmMain::HideWhatIsNotOffered() {
 
 void frmMain::SetUpSplitter() {
   auto& area = FindControl<ISplitArea>(*m_form, u"splitterNow");
-  splitterNow.emplace(area);
   Form_Resize(); // the bar is never wider than the panel, which has no size so far
   splitterNow->HorizontalSplit(true);
   area.Top(FindControl<IToolBar>(*m_form, ToolBarName).Height() + m_form->ScaleTop());
   area.Left(m_form->ScaleLeft());
   splitterNow->Control1(m_txtPast.Get());
   splitterNow->Control2(m_txtFuture.Get());
-  const Value percent = gSettingsStore->GetSetting(ApplicationTitle, Section, u"SplitPercent", u"75");
+  const Value percent =
+      gSettingsStore->GetSetting(ApplicationTitle, Section, u"SplitPercent", ToText(std::int64_t{DefaultPercent}));
   splitterNow->SplitPercent(ToByte(percent.ToLong()));
   splitterNow->SplitWidth(ToByte(static_cast<std::int32_t>(BarPixels * FormUnitsPerPixel)));
 }

@@ -73,7 +73,7 @@ public:
   double FontSize() const override { return 10; }
 
   /// Empty if the application has none.
-  String HelpFile{portico::HelpFile};
+  String HelpFile{ApplicationHelpFile};
 
 private:
   /// What a menu item does: a command without parameters, or an action of the window's.

@@ -16,7 +16,6 @@ class Toolkit final : public testing::Environment {
 public:
   void SetUp() override {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_LOGGING_RULES", "qt.text.font.db=false"); // no font has all of the units that are tried
     m_application = std::make_unique<QApplication>(m_count, m_arguments);
   }
   void TearDown() override { m_application.reset(); }
@@ -130,6 +129,7 @@ void TextWindow::Type(const QString& text) {
 }
 
 void TextWindow::SelectInView(int anchor, int caret) {
+  box.Show();
   QTextCursor cursor = View().textCursor();
   cursor.setPosition(anchor);
   cursor.setPosition(caret, QTextCursor::KeepAnchor);

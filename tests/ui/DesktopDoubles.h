@@ -49,24 +49,6 @@ private:
   }
 };
 
-class MessageBoxDouble final : public IMessageBox, public Writer {
-public:
-  using Writer::Writer;
-  MessageBoxAnswer Show(const String& Prompt, const String& Title, MessageBoxButtons Buttons,
-                        MessageBoxIcon Icon) override {
-    Note("MsgBox '" + ToUtf8(Prompt) + "' '" + ToUtf8(Title) + "' " +
-         std::to_string(static_cast<int>(Buttons) + static_cast<int>(Icon)));
-    return Answer;
-  }
-  MessageBoxAnswer Answer = MessageBoxAnswer::OK;
-};
-
-class KeyboardDouble final : public IKeyboard, public Writer {
-public:
-  using Writer::Writer;
-  void SendKeys(const String& keys) override { Note("SendKeys " + ToUtf8(keys)); }
-};
-
 class PrinterDouble final : public IPrinter, public Writer {
 public:
   using Writer::Writer;

@@ -1,5 +1,6 @@
 #include "LogFixture.h"
 
+#include "support/ReportDouble.h"
 #include "ui/ShowFailure.h"
 #include "ui/frmViewLog.h"
 
@@ -121,8 +122,11 @@ TEST_F(NewLogTest, AnExistingFileThatIsNoLogWithNoIsRefused) {
 TEST_F(NewLogTest, TheReportsOfCommandsReachTheLog) {
   Run(u"ToggleLogFile");
   const auto agent = Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray());
-  const ErrorRecord error = Raised([&] { agent->Notify({}); }); // the logger hears it, and refuses nothing
-  EXPECT_EQ(Labels(error).front(), u"modAppGlobals.Report2DataEntity(Report)");
+  agent->Notify(ReportOf(u"CReadCmd", u"1.5"));
+  EXPECT_EQ(CountOf(Read("run.log"), "<Response "), 1U);
+  Run(u"ToggleLogFile");
+  agent->Notify(ReportOf(u"CReadCmd", u"2.5"));
+  EXPECT_EQ(CountOf(Read("run.log"), "<Response "), 1U);
 }
 
 TEST_F(NewLogTest, ClosesTheLogThatIsOpen) {

@@ -89,6 +89,7 @@ protected:
     }
     Configuration->Items = {{u"LogFileName", u""}, {u"Logging", u"On"}};
     Main->Form().Show();
+    std::filesystem::remove_all(Directory); // what a test that was killed has left
     std::filesystem::create_directories(Directory);
   }
   ~LogFixture() override {

@@ -2,12 +2,15 @@
 
 #include "framework/ICommand.h"
 #include "framework/IObjectFactory.h"
-#include "platform/ICommonDialog.h"
+#include "memory/Clock.h"
 #include "platform/IDesktop.h"
 #include "platform/IForm.h"
 
+#include <algorithm>
 #include <functional>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace portico::test {
@@ -56,26 +59,27 @@ public:
   }
 };
 
-class CommonDialogDouble final : public ICommonDialog {
+/// Time that stands still until somebody moves it or waits for it, and a wait in which a test can act.
+class TestClock final : public memory::Clock {
 public:
-  StringView ClassName() const override { return u"CommonDialogDouble"; }
-  std::vector<std::string> Calls;
-  std::function<void()> OnShow;
-  void ShowOpen(FileDialogSettings& settings) override {
-    Note("open '" + ToUtf8(settings.DialogTitle) + "' '" + ToUtf8(settings.Filter) + "'");
+  TimePoint Now() const override { return m_now; }
+  void Advance(std::chrono::milliseconds duration) { m_now += duration; }
+  void WaitUntil(std::optional<TimePoint> deadline) override {
+    if (OnWait)
+      OnWait(deadline ? std::chrono::duration_cast<std::chrono::milliseconds>(*deadline - m_now)
+                      : std::chrono::milliseconds(-1));
+    if (std::exchange(m_woken, false)) return;
+    if (!deadline) throw std::logic_error("a wait that nothing can end");
+    m_now = std::max(m_now, *deadline);
   }
-  void ShowSave(FileDialogSettings&) override { Note("save"); }
-  Ref<IDeviceContext> ShowPrinter(const PrinterDialogSettings&) override {
-    Note("printer");
-    return {};
-  }
-  void ShowHelp(const HelpSettings&) override { Note("help"); }
+  void Wake() noexcept override { m_woken = true; }
+
+  /// Called with what is to be waited, -1 for ever.
+  std::function<void(std::chrono::milliseconds)> OnWait;
 
 private:
-  void Note(const std::string& call) {
-    Calls.push_back(call);
-    if (OnShow) OnShow();
-  }
+  TimePoint m_now{};
+  bool m_woken = false;
 };
 
 /// Forms that say of another control that it has the focus.

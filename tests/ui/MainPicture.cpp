@@ -134,7 +134,8 @@ Picture TakePicture(IForm& form) {
       picture.StatusTip = status->Panels(1).ToolTipText();
       picture.ProtocolText = status->Panels(2).Text();
       picture.ProtocolTip = status->Panels(2).ToolTipText();
-    } else if (const auto* box = dynamic_cast<IRichTextControl*>(control); box != nullptr && box->Name() == u"txtFuture") {
+    } else if (const auto* box = dynamic_cast<IRichTextControl*>(control);
+               box != nullptr && box->Name() == u"txtFuture") {
       picture.CommandText = box->Text();
       picture.TabStop = box->TabStop();
     }

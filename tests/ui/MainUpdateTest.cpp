@@ -8,7 +8,6 @@ namespace {
 
 using ActiveControl = UpdateInputs::Control;
 
-
 /// Calls `visit` with every combination of the members of `inputs` that are not surroundings.
 template <class Visit>
 void ForAll(UpdateInputs in, Visit&& visit) {
@@ -18,7 +17,8 @@ void ForAll(UpdateInputs in, Visit&& visit) {
       in.Protocol = protocol;
       for (const StringView log : {u"", u"C:\\first.log"}) {
         in.LogFile = log;
-        for (in.Active = ActiveControl::None;; in.Active = static_cast<ActiveControl>(static_cast<int>(in.Active) + 1)) {
+        for (in.Active = ActiveControl::None;;
+             in.Active = static_cast<ActiveControl>(static_cast<int>(in.Active) + 1)) {
           // The other yes-or-no inputs, as the bits of a number.
           for (unsigned bits = 0; bits < 128; ++bits) {
             in.Logging = both[bits & 1U];

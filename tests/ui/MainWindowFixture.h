@@ -12,6 +12,7 @@
 #include "support/FrameworkTest.h"
 #include "support/Labels.h"
 #include "support/PipelineDriver.h"
+#include "ui/DesktopDoubles.h"
 #include "ui/MainDoubles.h"
 #include "ui/frmMain.h"
 
@@ -63,6 +64,21 @@ protected:
     };
     modAppGlobals::Main({makeDocument, makeWindow, commandLine});
   }
+  /// Runs something that ends the program; true if it did.
+  static bool Quits(const std::function<void()>& body) {
+    try {
+      body();
+      return false;
+    } catch (const Quit&) {
+      return true;
+    }
+  }
+  /// What the bottom of the stack does when `Quit` has come down to it.
+  void End() {
+    Loop->FinishQuit();
+    Window->Form_Unload();
+    Window->Form_Terminate();
+  }
   void LetGo() {
     Window = nullptr;
     gMainForm = nullptr;
@@ -76,6 +92,7 @@ protected:
     try {
       gObjectFactory->Remove(creator);
     } catch (const Error&) { // it is a new one
+      HuntERR::Reset();
     }
     gObjectFactory->Add(creator);
   }
@@ -83,9 +100,10 @@ protected:
     Offer(specification, [](const Params&) { Fail(); });
   }
   void OfferSpies() {
-    for (const char16_t* name : {u"OpenInstrument", u"CloseInstrument", u"ToggleLogFile", u"ViewLogFile",
-                                 u"ToggleLogging", u"Print", u"PrintSetup", u"Cut", u"Copy", u"Paste", u"Copyto",
-                                 u"Pastefrom", u"ReadInstrumentData", u"WaitforOPC", u"QueryStatus", u"ConfigOptions"}) {
+    for (const char16_t* name :
+         {u"OpenInstrument", u"CloseInstrument", u"ToggleLogFile", u"ViewLogFile", u"ToggleLogging", u"Print",
+          u"PrintSetup", u"Cut", u"Copy", u"Paste", u"Copyto", u"Pastefrom", u"ReadInstrumentData", u"WaitforOPC",
+          u"QueryStatus", u"ConfigOptions"}) {
       Offer(name, [this, name](const Params& parameters) {
         Commands.push_back(ToUtf8(name));
         LastParameters = parameters;
@@ -94,16 +112,12 @@ protected:
       });
     }
   }
-  [[noreturn]] static void Fail() {
-    HuntERR::Raise(ErrorNumber::CannotCarryOut, u"Somewhere", u"It broke.");
-  }
+  [[noreturn]] static void Fail() { HuntERR::Raise(ErrorNumber::CannotCarryOut, u"Somewhere", u"It broke."); }
 
   IForm& Form() { return Window->Form(); }
   memory::Form& MemoryForm() { return dynamic_cast<memory::Form&>(Window->Form()); }
   memory::MenuItem& Menu(StringView name) { return FindControl<memory::MenuItem>(Form(), name); }
-  memory::ToolButton& Button(StringView key) {
-    return FindControl<memory::ToolBar>(Form(), ToolBarName).Buttons(key);
-  }
+  memory::ToolButton& Button(StringView key) { return FindControl<memory::ToolBar>(Form(), ToolBarName).Buttons(key); }
   memory::RichTextControl& Future() { return FindControl<memory::RichTextControl>(Form(), u"txtFuture"); }
   memory::RichTextControl& Past() { return FindControl<memory::RichTextControl>(Form(), u"txtPast"); }
   IStatusPanel& Panel(std::int32_t index) { return FindControl<IStatusBar>(Form(), StatusBarName).Panels(index); }
@@ -135,16 +149,14 @@ protected:
   std::string Setting(const String& key, const String& section = u"frmMain") {
     return ToUtf8(Store->GetSetting(u"Tolvane Portico", section, key, u"(none)"));
   }
-  void Save(const String& key, const String& value) {
-    Store->SaveSetting(u"Tolvane Portico", u"frmMain", key, value);
-  }
+  void Save(const String& key, const String& value) { Store->SaveSetting(u"Tolvane Portico", u"frmMain", key, value); }
 
   /// One box has come up: this sentence, a line end and the report, whose trail ends with the label.
   void ExpectOneBox(StringView sentence, StringView label, StringView text = u"It broke.") {
     ASSERT_EQ(Box->Calls().size(), m_boxesSeen + 1) << ToUtf8(sentence);
     const memory::MessageBox::Call& call = Box->Calls().back();
     m_boxesSeen = Box->Calls().size();
-    const String head = String(sentence) + NewLine;
+    const String head = String(sentence).append(NewLine);
     EXPECT_EQ(ToUtf8(call.Prompt.substr(0, head.size())), ToUtf8(head));
     EXPECT_EQ(ToUtf8(call.Title), "Tolvane Portico");
     EXPECT_EQ(call.Buttons, MessageBoxButtons::OKOnly);
@@ -170,14 +182,15 @@ protected:
   std::function<void(const std::string&)> OnCommand;
   std::vector<String> LastTrail;
 
-  memory::ManualClock Clock;
+  TestClock Clock;
   std::shared_ptr<memory::EventLoop> Loop = std::make_shared<memory::EventLoop>(Clock);
   std::shared_ptr<memory::SettingsStore> Store = std::make_shared<memory::SettingsStore>();
   std::shared_ptr<memory::Screen> Screen = std::make_shared<memory::Screen>([this] { return Loop->IsQuitting(); });
   std::shared_ptr<memory::MessageBox> Box = std::make_shared<memory::MessageBox>([this] { return Loop->IsQuitting(); });
   std::shared_ptr<ClipboardDouble> Clipboard = std::make_shared<ClipboardDouble>();
   std::shared_ptr<HelpViewerDouble> HelpViewer = std::make_shared<HelpViewerDouble>();
-  Ref<CommonDialogDouble> CommonDialog = New<CommonDialogDouble>();
+  Journal Dialogs;
+  Ref<CommonDialogDouble> CommonDialog = New<CommonDialogDouble>(Dialogs);
   support::Journal Wire;
   std::shared_ptr<support::PipelineDriver> Driver = std::make_shared<support::PipelineDriver>(Wire);
   Ref<frmMain> Window;

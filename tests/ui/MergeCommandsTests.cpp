@@ -111,7 +111,7 @@ TEST_F(MergeTest, CreationReadsTheFileAndExecuteMerges) {
 TEST_F(MergeTest, FileThatIsNotALogFailsAtCreationNotAtExecute) {
   std::ofstream(Path) << "*IDN?\n";
   const auto error = Raised([&] { MakeMergeFrom(Container({}), Iterator()); });
-  ExpectError(error, 31037, Path.u16string() + u", is not a valid data store.");
+  ExpectError(error, 31037, u"The file, " + Path.u16string() + u", is not a valid data store.");
   const auto calls = CallStack(error);
   ASSERT_GE(calls.size(), 3U);
   EXPECT_TRUE(Bears(calls[calls.size() - 3], u"CMergeFrom.Initialize()"));

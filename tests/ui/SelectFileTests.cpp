@@ -1,8 +1,8 @@
 #include "ui/frmSelectFile.h"
 
+#include "DesktopDoubles.h"
 #include "support/FrameworkTest.h"
 #include "support/Labels.h"
-#include "DesktopDoubles.h"
 
 namespace portico::test {
 namespace {

@@ -212,7 +212,7 @@ TEST_F(ViewLogLoadTest, APlaceThatIsNoNumberFailsTheLoading) {
   Store(u"MainTop", u"high");
   Platform.MessageBox->Answer();
   const auto viewer = ViewOf({u"*IDN?\r\n"});
-  ExpectBox(u"An error occured while loading.", u"frmViewLog.Form_Load", u"Type mismatch");
+  ExpectBox(u"An error occured while loading.", u"frmViewLog.Form_Load", u"Type mismatch.");
   EXPECT_EQ(Past(viewer).Text(), u"");
 }
 

@@ -256,7 +256,7 @@ TEST_F(ViewLogTest, AFailedCopyIsTold) {
   const auto viewer = ViewWithSelection();
   gKeyboard.reset();
   Fail([&] { Menu(viewer, u"mnuCopy").Choose(); }, u"Can't perform copy operation.", u"frmViewLog.mnuCopy_Click",
-       u"Object variable or With block variable not set");
+       u"Object reference is not set.");
 }
 
 TEST_F(ViewLogTest, AFailedCopyOfTheToolbarIsToldAsTheMenusIs) {
@@ -264,7 +264,7 @@ TEST_F(ViewLogTest, AFailedCopyOfTheToolbarIsToldAsTheMenusIs) {
   Bar(viewer).Buttons(u"Copy").Enabled(true);
   gKeyboard.reset();
   Fail([&] { Bar(viewer).Buttons(u"Copy").Press(); }, u"Can't perform copy operation.", u"frmViewLog.mnuCopy_Click",
-       u"Object variable or With block variable not set");
+       u"Object reference is not set.");
 }
 
 TEST_F(ViewLogTest, AFailureThatIsLeftToTheToolbarIsToldWithTheButtonsKey) {

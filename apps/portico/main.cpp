@@ -1,0 +1,93 @@
+// The window. Only wires: the work is done in src/.
+
+#include "application/HostEnvironment.h"
+#include "application/Startup.h"
+#include "channel/IChannel.h"
+#include "drivers/DriverRegistry.h"
+#include "drivers/InstrumentDriver.h"
+#include "drivers/StandardTransports.h"
+#include "drivers/SteadyClock.h"
+#include "framework/Application.h"
+#include "framework/HuntERR.h"
+#include "framework/Quit.h"
+#include "qt/EventLoop.h"
+#include "qt/Toolkit.h"
+#include "simulator/SimulatedInstrument.h"
+#include "ui/KnownInstruments.h"
+#include "ui/frmMain.h"
+
+#include <QApplication>
+
+namespace {
+
+using namespace portico;
+
+constexpr std::uint64_t SimulatorSeed = 1; // a simulated instrument measures the same each time
+
+/// The whole command line is an instrument's name.
+String CommandLine(int argc, char** argv) {
+  String line;
+  for (int i = 1; i < argc; ++i) {
+    if (i > 1) line += u' ';
+    line += FromUtf8(argv[i]).Text;
+  }
+  return line;
+}
+
+/// What is neither toolkit nor window. Lets go of it in the reverse order; the channel closes with the factory.
+struct Wiring {
+  Wiring() {
+    HuntERR::SetEnvironment(&m_environment);
+    gInstrumentDriver = std::make_shared<InstrumentDriver>(
+        StandardTransports(
+            [](std::string_view device) { return simulator::SimulatedInstrument::Make(device, SimulatorSeed); },
+            m_clock),
+        SessionOptions{m_clock});
+    gInstrumentList = std::make_shared<KnownInstruments>();
+    gRegistry = std::make_shared<DriverRegistry>(ToUtf8(ApplicationVersion()));
+  }
+  Wiring(const Wiring&) = delete;
+  Wiring& operator=(const Wiring&) = delete;
+  ~Wiring() {
+    modAppGlobals::ReleaseObjectFactory();
+    gMainForm = nullptr;
+    gRegistry = nullptr;
+    gInstrumentList = nullptr;
+    gInstrumentDriver = nullptr;
+    HuntERR::SetEnvironment(nullptr);
+  }
+
+private:
+  HostEnvironment m_environment;
+  SteadyClock m_clock;
+};
+
+/// The bottom of the stack: whatever was running when the program was told to end has come down to here.
+int RunWindow(qt::EventLoop& loop, const String& commandLine) {
+  Ref<frmMain> window;
+  const auto makeWindow = [&](const std::function<void()>& createObjectFactory) {
+    return window = New<frmMain>(createObjectFactory);
+  };
+  const auto makeDocument = [] {}; // the parser is linked into the program: it cannot be missing
+  try {
+    modAppGlobals::Main({makeDocument, makeWindow, commandLine});
+    loop.Run();
+  } catch (const Quit&) { // NOLINT(bugprone-empty-catch): it has done what it is for
+  }
+  loop.FinishQuit();
+  if (!window) return 1;
+  window->Form_Unload();
+  window->Form_Terminate();
+  return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  const String commandLine = CommandLine(argc, argv);
+  int ownArguments = 1; // the rest is not for the toolkit
+  QApplication application(ownArguments, argv);
+  const qt::Toolkit toolkit(qt::FindHelpFolder());
+  const Wiring wiring;
+  return RunWindow(toolkit.Loop(), commandLine);
+}

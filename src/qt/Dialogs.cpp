@@ -1,0 +1,32 @@
+#include "qt/Dialogs.h"
+
+#include "qt/EventLoop.h"
+
+#include <QApplication>
+#include <QWindow>
+
+namespace portico::qt {
+
+void SetOwner(QWidget& window) {
+  const QWidget* owner = QApplication::activeWindow();
+  window.winId(); // makes the window that can have an owner
+  if (owner != nullptr && owner != &window) window.windowHandle()->setTransientParent(owner->windowHandle());
+}
+
+int Exec(QDialog& dialog, EventLoop& loop) {
+  int result = QDialog::Rejected;
+  {
+    const ModalTurn turn(loop, [&dialog] { dialog.reject(); });
+    if (const QWidget* owner = QApplication::activeWindow()) {
+      dialog.ensurePolished();
+      dialog.adjustSize();
+      dialog.move(owner->frameGeometry().center() - dialog.rect().center());
+    }
+    SetOwner(dialog);
+    result = dialog.exec();
+  }
+  loop.ThrowIfQuitting();
+  return result;
+}
+
+} // namespace portico::qt

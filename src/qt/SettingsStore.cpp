@@ -1,0 +1,33 @@
+#include "qt/SettingsStore.h"
+
+#include "qt/Text.h"
+
+namespace portico::qt {
+namespace {
+
+QString Path(const String& section, const String& key) { return ToQt(section) + '/' + ToQt(key); }
+
+} // namespace
+
+template <class Use>
+auto SettingsStore::With(const String& title, Use&& use) const {
+  if (m_folder.isEmpty()) {
+    QSettings settings(ToQt(title), ToQt(title));
+    return use(settings);
+  }
+  QSettings settings(m_folder + '/' + ToQt(title) + ".conf", QSettings::IniFormat);
+  return use(settings);
+}
+
+String SettingsStore::GetSetting(const String& Title, const String& Section, const String& Key, const String& Default) {
+  return With(Title, [&](const QSettings& settings) {
+    const QVariant value = settings.value(Path(Section, Key));
+    return value.isValid() ? FromQt(value.toString()) : Default;
+  });
+}
+
+void SettingsStore::SaveSetting(const String& Title, const String& Section, const String& Key, const String& Value) {
+  With(Title, [&](QSettings& settings) { settings.setValue(Path(Section, Key), ToQt(Value)); });
+}
+
+} // namespace portico::qt

@@ -1,0 +1,15 @@
+#include "qt/SplitArea.h"
+
+namespace portico::qt {
+
+SplitArea::SplitArea(const ControlDesign& design, std::shared_ptr<FormLife> life, QWidget& widget)
+    : PlacedControl(design, life, widget),
+      m_splitter({.Kind = ControlKind::PictureBox, .Name = u"Splitter"}, life, *new QWidget(&widget)) {}
+
+void SplitArea::Put(const QRect& place) {
+  const QSize before = Widget().size();
+  PlacedControl::Put(place);
+  if (Widget().size() != before) Fire(m_resize);
+}
+
+} // namespace portico::qt

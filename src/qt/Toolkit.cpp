@@ -1,0 +1,67 @@
+#include "qt/Toolkit.h"
+
+#include "platform/IProgress.h"
+#include "qt/Clipboard.h"
+#include "qt/CommonDialog.h"
+#include "qt/EventLoop.h"
+#include "qt/HelpViewer.h"
+#include "qt/Icons.h"
+#include "qt/Keyboard.h"
+#include "qt/MessageBox.h"
+#include "qt/Printer.h"
+#include "qt/Progress.h"
+#include "qt/RichTextBox.h"
+#include "qt/Screen.h"
+#include "qt/SettingsStore.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+namespace portico::qt {
+namespace {
+
+constexpr StringView FontName = u"Sans";
+constexpr double FontSize = 10;
+
+std::shared_ptr<IRichTextControl> MakeRichText(const ControlDesign& design, QWidget& parent) {
+  return std::make_shared<RichTextBox>(design, parent, FontName, FontSize);
+}
+
+} // namespace
+
+Toolkit::Toolkit(const QString& helpFolder) : m_loop(std::make_shared<EventLoop>()), m_signals(*m_loop) {
+  InitIcons();
+  gEventLoop = m_loop;
+  gSettingsStore = std::make_shared<SettingsStore>();
+  const auto screen = std::make_shared<Screen>(*m_loop, MakeRichText);
+  gForms = screen;
+  gMessageBox = std::make_shared<MessageBox>(*m_loop);
+  gClipboard = std::make_shared<Clipboard>();
+  gKeyboard = std::make_shared<Keyboard>(*screen);
+  const auto printer = std::make_shared<Printer>();
+  gPrinter = printer;
+  gCommonDialog = New<CommonDialog>(*m_loop, printer);
+  gHelpViewer = std::make_shared<HelpViewer>(helpFolder);
+  gProgress = std::make_shared<Progress>(*m_loop);
+}
+
+Toolkit::~Toolkit() {
+  gProgress = nullptr;
+  gHelpViewer = nullptr;
+  gCommonDialog = nullptr;
+  gPrinter = nullptr;
+  gKeyboard = nullptr;
+  gClipboard = nullptr;
+  gMessageBox = nullptr;
+  gForms = nullptr;
+  gSettingsStore = nullptr;
+  gEventLoop = nullptr;
+}
+
+QString FindHelpFolder() {
+  const QDir program(QCoreApplication::applicationDirPath());
+  const QString installed = program.filePath(QStringLiteral("../share/portico/help"));
+  return QDir(installed).exists() ? installed : program.filePath(QStringLiteral("../../../docs/manual"));
+}
+
+} // namespace portico::qt

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "qt/QuitSignals.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace portico::qt {
+
+class EventLoop;
+
+/// All seams that the toolkit implements, wired for as long as this lives: event loop, forms, boxes and dialogs,
+/// clipboard, keyboard, printer, settings, help. Made after the application object, before the factory; what stands on
+/// the seams goes first.
+class Toolkit {
+public:
+  /// The folder of the manual's pages.
+  explicit Toolkit(const QString& helpFolder);
+  Toolkit(const Toolkit&) = delete;
+  Toolkit& operator=(const Toolkit&) = delete;
+  ~Toolkit();
+
+  EventLoop& Loop() const { return *m_loop; }
+
+private:
+  std::shared_ptr<EventLoop> m_loop;
+  QuitSignals m_signals;
+};
+
+/// Where the manual lies beside a program: as it is installed, or else in a build folder of the sources.
+QString FindHelpFolder();
+
+} // namespace portico::qt

@@ -1,0 +1,131 @@
+#include "support/Journal.h"
+#include "ui/MainWindowFixture.h"
+
+namespace portico::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Runs that are asked for in the popup menu start when its call has returned.
+class MainDeferredRunTest : public MainWindowFixture {
+protected:
+  MainDeferredRunTest() {
+    HasSpies = false;
+    Start(u"DMM");
+    for (const auto* item : {u"IntervalPacing", u"OPCPacing", u"AutoReadAfterQueryMode", u"AutoErrorCheckingMode"}) {
+      SetItem(item, u"Off");
+    }
+    Future().Text(u"one\r\ntwo\r\nthree\r\n");
+    Future().SelStart(Future().TextLength());
+    Wire.clear();
+  }
+  void PassTenMilliseconds() {
+    Clock.Advance(10ms);
+    Loop->DoEvents();
+  }
+  using Lines = support::Journal;
+};
+
+TEST_F(MainDeferredRunTest, NothingRunsInsideTheMenusCall) {
+  Click(u"mnuPopupCMDRun");
+  EXPECT_EQ(Wire, Lines{});
+  Loop->DoEvents();
+  Clock.Advance(9ms);
+  Loop->DoEvents();
+  EXPECT_EQ(Wire, Lines{});
+  Clock.Advance(1ms);
+  Loop->DoEvents();
+  EXPECT_EQ(Wire.size(), 3U);
+}
+
+TEST_F(MainDeferredRunTest, ARequestIsServedOnce) {
+  Click(u"mnuPopupCMDStep");
+  PassTenMilliseconds();
+  EXPECT_EQ(Wire, Lines{"write one"});
+  PassTenMilliseconds();
+  PassTenMilliseconds();
+  EXPECT_EQ(Wire, Lines{"write one"}) << "the timer goes on and finds nothing to do";
+}
+
+TEST_F(MainDeferredRunTest, TheTimerStaysEnabled) {
+  Click(u"mnuPopupCMDStep");
+  PassTenMilliseconds();
+  Clock.Advance(5ms);
+  Click(u"mnuPopupCMDStep");
+  Clock.Advance(5ms);
+  Loop->DoEvents();
+  EXPECT_EQ(Wire, (Lines{"write one", "write two"})) << "the interval was under way";
+}
+
+TEST_F(MainDeferredRunTest, TheTimerIsOffUntilItIsUsed) {
+  bool hasWaited = false;
+  Clock.OnWait = [&](std::chrono::milliseconds rest) {
+    EXPECT_EQ(rest, -1ms) << "no timer is running";
+    hasWaited = true;
+    Clock.Wake();
+  };
+  Loop->WaitForEvent();
+  EXPECT_TRUE(hasWaited);
+}
+
+TEST_F(MainDeferredRunTest, StepWins) {
+  Click(u"mnuPopupCMDRun2Cursor");
+  Click(u"mnuPopupCMDRun");
+  Click(u"mnuPopupCMDStep");
+  PassTenMilliseconds();
+  EXPECT_EQ(Wire, Lines{"write one"});
+  PassTenMilliseconds();
+  EXPECT_EQ(Wire, Lines{"write one"}) << "the other requests are forgotten";
+}
+
+TEST_F(MainDeferredRunTest, RunWinsOverRunToCursor) {
+  Future().SelStart(6); // in the second line
+  Click(u"mnuPopupCMDRun2Cursor");
+  Click(u"mnuPopupCMDRun");
+  PassTenMilliseconds();
+  EXPECT_EQ(Wire.size(), 3U);
+}
+
+TEST_F(MainDeferredRunTest, RunToCursorStopsAtTheCaret) {
+  Future().SelStart(11); // in the third line
+  Click(u"mnuPopupCMDRun2Cursor");
+  PassTenMilliseconds();
+  EXPECT_EQ(Wire, (Lines{"write one", "write two"}));
+  EXPECT_EQ(Escaped(Future().Text()), "three\\r\\n");
+}
+
+TEST_F(MainDeferredRunTest, TheTimerIsOffWhileItsRunLasts) {
+  int depth = 0;
+  int deepest = 0;
+  Offer(u"Step", [&](const Params&) {
+    deepest = std::max(deepest, ++depth);
+    PassTenMilliseconds();
+    --depth;
+  });
+  Click(u"mnuPopupCMDRun");
+  PassTenMilliseconds();
+  EXPECT_EQ(deepest, 1);
+  EXPECT_EQ(Escaped(Future().Text()), "");
+}
+
+TEST_F(MainDeferredRunTest, AFailureIsShownByTheRunItself) {
+  OfferFailure(u"Step");
+  Click(u"mnuPopupCMDRun");
+  PassTenMilliseconds();
+  ExpectOneBox(u"Can't run instructions.", u"frmMain.mnuRun_Click");
+  PassTenMilliseconds();
+  ExpectNoBox();
+}
+
+TEST_F(MainDeferredRunTest, ComesFromTheMenuThatTheMouseBringsUp) {
+  Screen->OnPopup(u"mnuPopupCMD", [this](memory::MenuItem&) {
+    EXPECT_TRUE(Menu(u"mnuPopupCMDStep").Choose());
+    EXPECT_EQ(Wire, Lines{});
+  });
+  ASSERT_TRUE(Future().PressMouse({.Button = RightButton}));
+  PassTenMilliseconds();
+  EXPECT_EQ(Wire, Lines{"write one"});
+}
+
+} // namespace
+} // namespace portico::test

@@ -6,11 +6,11 @@ namespace portico {
 
 /// What a file dialog is shown with.
 struct FileDialogSettings {
-  String FileName; ///< the one proposed; when the dialog has been accepted, the one chosen
-  String DialogTitle;
-  String Filter; ///< pairs of a name and a pattern, all separated by '|'
+  String FileName = {}; ///< the one proposed; when the dialog has been accepted, the one chosen
+  String DialogTitle = {};
+  String Filter = {}; ///< pairs of a name and a pattern, all separated by '|'
   std::int32_t FilterIndex = 1;
-  String DefaultExt; ///< with its dot; added to a name that has none
+  String DefaultExt = {}; ///< with its dot; added to a name that has none
   std::int32_t Flags = 0;
   bool CancelError = false; ///< a cancelled dialog raises 32755
 };
@@ -23,7 +23,7 @@ inline constexpr std::int32_t PrintSetupForm = 64;
 inline constexpr std::int32_t PrintReturnsContext = 256;
 
 struct PrinterDialogSettings {
-  String DialogTitle;
+  String DialogTitle = {};
   std::int32_t Flags = 0;
   bool CancelError = false;
 };
@@ -35,8 +35,8 @@ inline constexpr std::int32_t HelpPartialKey = 261;
 
 struct HelpSettings {
   std::int32_t HelpCommand = 0;
-  String HelpKey;
-  String HelpFile;
+  String HelpKey = {};
+  String HelpFile = {};
 };
 
 /// The dialogs that every program has. Modal; they throw `Quit` as a modal form does.

@@ -48,8 +48,9 @@ void MenuItem::Checked(bool newValue) {
 }
 
 void MenuItem::ShowCaption() {
-  m_action.setSeparator(Caption() == Bar);
-  m_action.setText(ToQt(Caption()));
+  const bool isBar = Caption() == Bar;
+  m_action.setSeparator(isBar);
+  m_action.setText(isBar ? QString() : ToQt(Caption())); // a style would write it beside the line
   if (m_menu != nullptr) m_menu->setAccessibleName(m_action.iconText());
 }
 

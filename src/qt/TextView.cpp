@@ -1,5 +1,6 @@
 #include "qt/TextView.h"
 
+#include "qt/FindBar.h"
 #include "qt/Text.h"
 #include "qt/TextLayout.h"
 
@@ -72,9 +73,13 @@ void TextView::Zoom(double factor) {
   if (m_owner != nullptr) m_owner->Zoom(m_zoom);
 }
 
+void TextView::BringUpToDate() const {
+  if (m_owner != nullptr) m_owner->Show();
+}
+
 template <class Call>
 bool TextView::Around(Call&& call) {
-  if (m_owner != nullptr) m_owner->Show();
+  BringUpToDate();
   const bool isDone = call();
   if (m_owner != nullptr) m_owner->Settle();
   return isDone;
@@ -110,7 +115,7 @@ bool TextView::viewportEvent(QEvent* event) {
 }
 
 QVariant TextView::inputMethodQuery(Qt::InputMethodQuery query) const {
-  if (m_owner != nullptr) m_owner->Show();
+  BringUpToDate();
   return QPlainTextEdit::inputMethodQuery(query);
 }
 
@@ -125,6 +130,13 @@ bool TextView::ZoomKey(const QKeyEvent& event) {
   } else {
     return false;
   }
+  return true;
+}
+
+bool TextView::FindKey(const QKeyEvent& event) {
+  if (!event.matches(QKeySequence::Find)) return false;
+  if (m_find == nullptr) m_find = new FindBar(*this);
+  m_find->Open();
   return true;
 }
 
@@ -147,7 +159,7 @@ bool TextView::EditKey(const QKeyEvent& event) {
 }
 
 void TextView::keyPressEvent(QKeyEvent* event) {
-  if (ZoomKey(*event) || EditKey(*event)) {
+  if (ZoomKey(*event) || FindKey(*event) || EditKey(*event)) {
     event->accept();
     return;
   }
@@ -238,6 +250,11 @@ void TextView::dropEvent(QDropEvent* event) {
   QPlainTextEdit::dragLeaveEvent(&leave);
   m_owner->Drop(*event->mimeData(), place, isMove ? m_dragged : QTextCursor());
   event->acceptProposedAction();
+}
+
+void TextView::resizeEvent(QResizeEvent* event) {
+  QPlainTextEdit::resizeEvent(event);
+  if (m_find != nullptr) m_find->Place();
 }
 
 void TextView::showEvent(QShowEvent* event) {

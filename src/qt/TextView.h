@@ -13,6 +13,7 @@
 
 namespace portico::qt {
 
+class FindBar;
 class TextLayout;
 
 /// The box whose text a view shows. It outlives no event of the view's that it is told of.
@@ -52,6 +53,8 @@ public:
   /// What the size of the standard text is multiplied with to make it larger or smaller.
   void Zoom(double factor);
   double Zoom() const { return m_zoom; }
+  /// What is still to be shown is shown.
+  void BringUpToDate() const;
 
   QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
@@ -65,6 +68,7 @@ protected:
   void mouseReleaseEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -77,12 +81,14 @@ private:
   template <class Call>
   bool Around(Call&& call);
   bool ZoomKey(const QKeyEvent& event);
+  bool FindKey(const QKeyEvent& event);
   bool EditKey(const QKeyEvent& event);
   MouseEvent Translated(const QMouseEvent& event) const;
   void Drag();
 
   ITextViewOwner* m_owner = nullptr;
   TextLayout* m_layout;
+  FindBar* m_find = nullptr; // once it has been asked for
   double m_zoom = 1;
   double m_pointSize = 0; // before it is zoomed
   std::optional<QPoint> m_dragFrom;

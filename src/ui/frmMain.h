@@ -102,6 +102,7 @@ private:
   void Defer(bool frmMain::*request);
   void tmrProcessCmd_Timer();
   void OpenInstrument();
+  void CloseInstrument();
   void Exit();
   void UseProtocol(StringView protocol, bool canRead);
   void UseSCPI() { UseProtocol(u"SCPI", false); }
@@ -139,7 +140,6 @@ private:
   bool RunRequested = false;
   bool RunToCursorRequested = false;
   bool m_gotFocus = false;
-
   Ref<CSCPIView> m_commandView;
   Ref<CSCPIViewHistory> m_historyView;
   Ref<ISubscriber> m_displayer;

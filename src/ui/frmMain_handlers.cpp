@@ -30,7 +30,7 @@ struct frmMain::MenuRow {
 std::span<const frmMain::MenuRow> frmMain::MenuRows() {
   static constexpr MenuRow rows[] = {
       {u"mnuFileOpenInstrument", u"Can't open instrument.", {}, {}, &frmMain::OpenInstrument},
-      {u"mnuFileCloseInstrument", u"Can't open instrument.", {}, u"CloseInstrument"},
+      {u"mnuFileCloseInstrument", u"Can't open instrument.", {}, {}, &frmMain::CloseInstrument},
       {u"mnuFileNewLog", u"Can't open new log file.", {}, u"ToggleLogFile"},
       {u"mnuFileViewLog", u"Can't view a log file.", {}, u"ViewLogFile"},
       {u"mnuFilePause", u"Can't open new log file.", u"frmMain.mnuFileNewLog_Click", u"ToggleLogging"},
@@ -185,6 +185,12 @@ void frmMain::OpenInstrument() {
   modAppGlobals::ExecutionEventHandler(u"OpenInstrument", modGlobals::VarArray());
   // The command gives the focus to the command window, which updates the window, unless it has been there all along.
   if (!m_gotFocus) UpdateUI({}, {});
+}
+
+// The command writes to the server, of which the window hears nothing, and moves no focus.
+void frmMain::CloseInstrument() {
+  modAppGlobals::ExecutionEventHandler(u"CloseInstrument", modGlobals::VarArray());
+  UpdateUI({}, {});
 }
 
 void frmMain::Print() {

@@ -127,5 +127,56 @@ TEST_F(MainDeferredRunTest, ComesFromTheMenuThatTheMouseBringsUp) {
   EXPECT_EQ(Wire, Lines{"write one"});
 }
 
+/// A loop whose timers cannot be enabled while it is told so.
+class BrittleLoop final : public IEventLoop {
+public:
+  explicit BrittleLoop(std::shared_ptr<IEventLoop> loop) : m_loop(std::move(loop)) {}
+  void DoEvents() override { m_loop->DoEvents(); }
+  void WaitForEvent() override { m_loop->WaitForEvent(); }
+  void RequestQuit() noexcept override { m_loop->RequestQuit(); }
+  std::unique_ptr<ITimer> MakeTimer() override { return std::make_unique<BrittleTimer>(m_loop->MakeTimer(), Breaks); }
+
+  bool Breaks = false;
+
+private:
+  class BrittleTimer final : public ITimer {
+  public:
+    BrittleTimer(std::unique_ptr<ITimer> timer, const bool& breaks) : m_timer(std::move(timer)), m_breaks(breaks) {}
+    void Interval(std::int32_t milliseconds) override { m_timer->Interval(milliseconds); }
+    void Enabled(bool newValue) override {
+      if (m_breaks) HuntERR::Raise(ErrorNumber::CannotCarryOut, u"Somewhere", u"It broke.");
+      m_timer->Enabled(newValue);
+    }
+    bool Enabled() const override { return m_timer->Enabled(); }
+    Event<>& Timer() override { return m_timer->Timer(); }
+
+  private:
+    std::unique_ptr<ITimer> m_timer;
+    const bool& m_breaks;
+  };
+
+  std::shared_ptr<IEventLoop> m_loop;
+};
+
+class BrokenDeferralTest : public MainWindowFixture {};
+
+TEST_F(BrokenDeferralTest, IsShownUnderTheItemOfThePopup) {
+  const auto brittle = std::make_shared<BrittleLoop>(Loop);
+  gEventLoop = brittle;
+  Start();
+  brittle->Breaks = true;
+  Click(u"mnuPopupCMDStep");
+  ExpectOneBox(u"Can't run an instruction.", u"frmMain.mnuPopupCMDStep_Click");
+  Click(u"mnuPopupCMDRun");
+  ExpectOneBox(u"Can't run instructions.", u"frmMain.mnuPopupCMDRun_Click");
+  Click(u"mnuPopupCMDRun2Cursor");
+  ExpectOneBox(u"Can't run instructions to cursor.", u"frmMain.mnuPopupCMDRun2Cursor_Click");
+  brittle->Breaks = false;
+  Clock.Advance(10ms);
+  Loop->DoEvents();
+  ExpectNoBox();
+  LetGo(); // its timers know the loop
+}
+
 } // namespace
 } // namespace portico::test

@@ -1,0 +1,243 @@
+// The window, mapped on a display: runs of queries on the simulated instrument against portico-run, start-up against an
+// empty window, and what the program costs while nothing happens. Ratios within one run; medians.
+
+#include "application/HostEnvironment.h"
+#include "application/Startup.h"
+#include "document/IDataStore.h"
+#include "drivers/DriverRegistry.h"
+#include "drivers/InstrumentDriver.h"
+#include "drivers/StandardTransports.h"
+#include "drivers/SteadyClock.h"
+#include "framework/HuntERR.h"
+#include "framework/IConfiguration.h"
+#include "framework/IObjectFactory.h"
+#include "framework/modGlobals.h"
+#include "qt/EventLoop.h"
+#include "qt/Toolkit.h"
+#include "simulator/SimulatedInstrument.h"
+#include "ui/KnownInstruments.h"
+#include "ui/frmMain.h"
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <vector>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace {
+
+using namespace portico;
+using Clock = std::chrono::steady_clock;
+
+constexpr int Queries = 10'000;
+constexpr int Rounds = 5;
+constexpr char Name[] = "SIM::dmm::INSTR";
+
+double Seconds(Clock::time_point since) { return std::chrono::duration<double>(Clock::now() - since).count(); }
+
+double ProcessorSeconds() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  const auto seconds = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+  };
+  return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+double Median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  return values[values.size() / 2];
+}
+
+long ResidentKilobytes() {
+  std::ifstream statm("/proc/self/statm");
+  long total = 0;
+  long resident = 0;
+  statm >> total >> resident;
+  return resident * (sysconf(_SC_PAGESIZE) / 1024);
+}
+
+/// Answered at once, where a measurement takes its time.
+String Lines(int count) {
+  String text;
+  for (int i = 0; i < count; ++i) text += u"*IDN?\r\n";
+  return text;
+}
+
+void SetOptions(bool on) {
+  const StringView value = on ? u"On" : u"Off";
+  for (const StringView option : {u"SCPIProtocolOPCPacing", u"SCPIProtocolAutoErrorChecking"}) {
+    gConfiguration->ItemValue(option, value);
+  }
+  gConfiguration->ItemValue(u"ProtocolName", u"SCPI");
+}
+
+double RunInWindow(frmMain& window, const String& lines) {
+  window.txtFuture()->Text(lines);
+  const auto start = Clock::now();
+  window.mnuRun_Click();
+  return Seconds(start);
+}
+
+double RunInTerminal(const std::string& file, bool on) {
+  std::string command = std::string(PORTICO_RUN) + " " + Name + " " + file + " --quiet";
+  for (const char* option : {"SCPIProtocolOPCPacing", "SCPIProtocolAutoErrorChecking"}) {
+    command += std::string(" --option ") + option + (on ? "=On" : "=Off");
+  }
+  const auto start = Clock::now();
+  if (std::system(command.c_str()) != 0) std::abort();
+  return Seconds(start);
+}
+
+void CompareRuns(frmMain& window, const std::string& file) {
+  const String lines = Lines(Queries);
+  for (const bool on : {false, true}) {
+    SetOptions(on);
+    std::vector<double> inWindow;
+    std::vector<double> inTerminal;
+    for (int round = 0; round < Rounds; ++round) {
+      inWindow.push_back(RunInWindow(window, lines));
+      inTerminal.push_back(RunInTerminal(file, on));
+    }
+    std::printf("%d queries, options %s: window %.1f us, portico-run %.1f us a query: %.1f times\n", Queries,
+                on ? "on" : "off", Median(inWindow) / Queries * 1e6, Median(inTerminal) / Queries * 1e6,
+                Median(inWindow) / Median(inTerminal));
+  }
+}
+
+/// The share of a core that the program takes while nothing happens.
+double Idle(qt::EventLoop& loop, double seconds) {
+  const auto start = Clock::now();
+  const double used = ProcessorSeconds();
+  const auto timer = loop.MakeTimer();
+  timer->Interval(static_cast<std::int32_t>(seconds * 1000));
+  timer->Enabled(true);
+  bool over = false;
+  timer->Timer().Connect([&] { over = true; });
+  while (!over) loop.WaitForEvent();
+  return (ProcessorSeconds() - used) / Seconds(start);
+}
+
+void MeasureIdle(frmMain& window, qt::EventLoop& loop) {
+  std::printf("idle: %.2f %% of a core\n", Idle(loop, 5) * 100);
+  FindControl<IMenuItem>(window.Form(), u"mnuPopupCMDStep").Click()();
+  loop.DoEvents();
+  std::printf("idle after a run from the popup menu: %.2f %% of a core\n", Idle(loop, 5) * 100);
+}
+
+void MeasureIntervalWait(frmMain& window) {
+  gConfiguration->ItemValue(u"SCPIProtocolIntervalPacing", u"On");
+  gConfiguration->ItemValue(u"SCPIProtocolPacingInterval", u"5000");
+  gConfiguration->ItemValue(u"ProtocolName", u"SCPI");
+  window.txtFuture()->Text(Lines(2)); // the second waits for the first one's interval
+  const auto start = Clock::now();
+  const double used = ProcessorSeconds();
+  window.mnuRun_Click();
+  std::printf("waiting for the interval: %.2f %% of a core over %.1f s\n",
+              (ProcessorSeconds() - used) / Seconds(start) * 100, Seconds(start));
+  gConfiguration->ItemValue(u"SCPIProtocolIntervalPacing", u"Off");
+  gConfiguration->ItemValue(u"ProtocolName", u"SCPI");
+}
+
+double ShowTime(const std::function<QWidget*()>& show) {
+  const auto start = Clock::now();
+  QWidget* const shown = show();
+  if (!QTest::qWaitForWindowExposed(shown)) std::abort();
+  return Seconds(start);
+}
+
+/// Bytes an entity, at a fifth of the way and at the end.
+void Soak(frmMain& window, const QString& folder, int lines) {
+  SetOptions(false);
+  // As the command does it behind its dialog.
+  const auto store = Create<IObject>(u"DataStore", modGlobals::VarArray(folder.toStdU16String() + u"/soak.log", false));
+  Cast<IDataStore>(store)->OpenSession();
+  window.Logger(Create<ISubscriber>(u"ReportLogger", modGlobals::VarArray(store)));
+  gConfiguration->ItemValue(u"Logging", u"On");
+  const long before = ResidentKilobytes();
+  const int step = lines / 10;
+  for (int done = step; done <= lines; done += step) {
+    RunInWindow(window, Lines(step));
+    const double entities = 2.0 * done;
+    std::printf("%d lines: %.0f bytes an entity\n", done,
+                static_cast<double>(ResidentKilobytes() - before) * 1024 / entities);
+    std::fflush(stdout);
+  }
+  window.Logger(nullptr);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  const int soak = argc > 1 ? std::atoi(argv[1]) : 0;
+  int ownArguments = 1;
+  QApplication application(ownArguments, argv);
+  const QTemporaryDir folder;
+  qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+
+  std::vector<double> empty;
+  for (int round = 0; round < Rounds; ++round) {
+    QMainWindow window;
+    empty.push_back(ShowTime([&] {
+      window.show();
+      return &window;
+    }));
+  }
+
+  HostEnvironment environment;
+  HuntERR::SetEnvironment(&environment);
+  SteadyClock clock;
+  const qt::Toolkit toolkit(qt::FindHelpFolder());
+  gInstrumentDriver = std::make_shared<InstrumentDriver>(
+      StandardTransports([](std::string_view device) { return simulator::SimulatedInstrument::Make(device, 1); },
+                         clock),
+      SessionOptions{clock});
+  gInstrumentList = std::make_shared<KnownInstruments>();
+  gRegistry = std::make_shared<DriverRegistry>("1");
+
+  Ref<frmMain> window;
+  const auto makeWindow = [&](const std::function<void()>& createObjectFactory) {
+    return window = New<frmMain>(createObjectFactory);
+  };
+  const double start = ShowTime([&] {
+    modAppGlobals::Main({[] {}, makeWindow, {}});
+    const QWidgetList shown = QApplication::topLevelWidgets();
+    return *std::find_if(shown.begin(), shown.end(), [](const QWidget* widget) { return widget->isVisible(); });
+  });
+  std::printf("start: %.1f ms to the shown window, an empty one %.1f ms: %.1f times\n", start * 1e3,
+              Median(empty) * 1e3, start / Median(empty));
+
+  gConfiguration->ItemValue(u"InstrumentName", u"SIM::dmm::INSTR");
+  Create<IConfiguration>(u"Configuration", {})->ItemValue(u"OpenfromTree", u"True");
+  window->mnuFileOpenInstrument_Click();
+
+  const std::string file = folder.filePath("queries.cmd").toStdString();
+  std::ofstream(file) << ToUtf8(Lines(Queries));
+  if (soak > 0) {
+    Soak(*window, folder.path(), soak);
+  } else {
+    CompareRuns(*window, file);
+    MeasureIdle(*window, toolkit.Loop());
+    MeasureIntervalWait(*window);
+  }
+
+  toolkit.Loop().FinishQuit();
+  window->Form_Unload();
+  window->Form_Terminate();
+  window = nullptr;
+  modAppGlobals::ReleaseObjectFactory();
+  gMainForm = nullptr;
+  gInstrumentDriver = nullptr;
+  gInstrumentList = nullptr;
+  gRegistry = nullptr;
+  HuntERR::SetEnvironment(nullptr);
+  return 0;
+}

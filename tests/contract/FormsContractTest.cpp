@@ -1,0 +1,276 @@
+// Forms and their controls, as far as the program alone can tell.
+
+#include "contract/FormsBench.h"
+
+#include "framework/Quit.h"
+#include "platform/IDialogControls.h"
+#include "platform/IMenuItem.h"
+#include "platform/IPictureBox.h"
+#include "platform/IStatusBar.h"
+#include "platform/IToolBar.h"
+#include "support/Raised.h"
+
+#include <array>
+
+namespace portico::test {
+namespace {
+
+INSTANTIATE_TEST_SUITE_P(AllForms, FormsContract, testing::ValuesIn(AllFormsBenches()), FormsBenchName);
+
+constexpr std::array Menus{
+    MenuDesign{.Name = u"mnuFile", .Caption = u"1000"},
+    MenuDesign{.Name = u"mnuOpen", .Caption = u"1001", .Parent = u"mnuFile", .Shortcut = u"Ctrl+N"},
+    MenuDesign{.Name = u"mnuBar", .Caption = u"-", .Parent = u"mnuFile"},
+    MenuDesign{.Name = u"mnuHidden", .Caption = u"1002", .Parent = u"mnuFile", .Visible = false, .Checked = true},
+};
+constexpr std::array Buttons{
+    ToolButtonDesign{.Key = u"Open", .ToolTipText = u"8010", .Style = ToolButtonStyle::Check},
+    ToolButtonDesign{.Key = u"Sep0", .Style = ToolButtonStyle::Separator},
+};
+constexpr std::array Panels{StatusPanelDesign{.Key = u"Status"}, StatusPanelDesign{.Key = u"SCPI"}};
+constexpr std::array Areas{
+    ControlDesign{.Kind = ControlKind::SplitPanel, .Name = u"splitter"},
+    ControlDesign{.Kind = ControlKind::PictureBox, .Name = u"picLogo", .ToolTipText = u"Logo"},
+};
+constexpr FormDesign Window{.Name = u"frmWindow",
+                            .Caption = u"Window",
+                            .Menus = Menus,
+                            .ToolButtons = Buttons,
+                            .StatusPanels = Panels,
+                            .Controls = Areas,
+                            .Tag = u"12"};
+
+constexpr std::array Fields{
+    ControlDesign{.Kind = ControlKind::TabStrip, .Name = u"tabs"},
+    ControlDesign{.Kind = ControlKind::Page, .Name = u"page"},
+    ControlDesign{.Kind = ControlKind::CheckBox, .Name = u"check", .Caption = u"&Wait", .Parent = u"page"},
+    ControlDesign{.Kind = ControlKind::Label, .Name = u"label", .Caption = u"Name", .Tag = u"77"},
+    ControlDesign{.Kind = ControlKind::TextBox, .Name = u"text", .Caption = u"100"},
+    ControlDesign{.Kind = ControlKind::ComboBox, .Name = u"list"},
+    ControlDesign{.Kind = ControlKind::ComboBox, .Name = u"typed", .Tag = u"typed"},
+    ControlDesign{.Kind = ControlKind::CommandButton, .Name = u"ok", .Caption = u"OK", .Visible = false},
+};
+constexpr FormDesign Dialog{.Name = u"frmDialog", .Caption = u"Dialog", .Style = FormStyle::Dialog, .Controls = Fields};
+
+class Kept final : public IObject {
+public:
+  explicit Kept(bool& isGone) : m_isGone(isGone) {}
+  ~Kept() override { m_isGone = true; }
+  StringView ClassName() const override { return u"Kept"; }
+
+private:
+  bool& m_isGone;
+};
+
+TEST_P(FormsContract, AFormIsAsItsTablesHaveIt) {
+  const Ref<IForm> form = Forms().Load(Window);
+  EXPECT_EQ(form->Name(), u"frmWindow");
+  EXPECT_EQ(form->Caption(), u"Window");
+  EXPECT_EQ(form->Tag(), u"12");
+  std::vector<String> names;
+  for (const IControl* control : form->Controls()) names.emplace_back(control->Name());
+  EXPECT_EQ(names, (std::vector<String>{u"mnuFile", u"mnuOpen", u"mnuBar", u"mnuHidden", String(ToolBarName),
+                                        String(StatusBarName), u"splitter", u"picLogo"}));
+  EXPECT_EQ(FindControl<IMenuItem>(*form, u"mnuOpen").Caption(), u"1001");
+  EXPECT_FALSE(FindControl<IMenuItem>(*form, u"mnuHidden").Visible());
+  EXPECT_TRUE(FindControl<IMenuItem>(*form, u"mnuHidden").Checked());
+  EXPECT_TRUE(FindControl<IMenuItem>(*form, u"mnuHidden").Enabled());
+  EXPECT_EQ(FindControl<IPictureBox>(*form, u"picLogo").ToolTipText(), u"Logo");
+}
+
+TEST_P(FormsContract, FormsAreListedInTheOrderOfTheirLoadingUntilTheyAreUnloaded) {
+  const Ref<IForm> first = Forms().Load(Window);
+  const Ref<IForm> second = Forms().Load(Dialog);
+  ASSERT_EQ(Forms().Forms().size(), 2);
+  EXPECT_TRUE(IsSameObject(Forms().Forms()[0], first));
+  first->Unload();
+  ASSERT_EQ(Forms().Forms().size(), 1);
+  EXPECT_TRUE(IsSameObject(Forms().Forms()[0], second));
+}
+
+TEST_P(FormsContract, UnloadFiresOnceAndLetsGoOfWhatTheFormKeeps) {
+  const Ref<IForm> form = Forms().Load(Window);
+  bool isGone = false;
+  int unloaded = 0;
+  form->Keep(New<Kept>(isGone));
+  form->Events().Unload.Connect([&] {
+    ++unloaded;
+    EXPECT_FALSE(isGone);
+  });
+  form->Unload();
+  form->Unload();
+  EXPECT_EQ(unloaded, 1);
+  EXPECT_TRUE(isGone);
+}
+
+TEST_P(FormsContract, WhatAFormKeepsStaysWhileItsHandlerRuns) {
+  const Ref<IForm> form = Forms().Load(Dialog);
+  bool isGone = false;
+  bool wasGone = true;
+  form->Keep(New<Kept>(isGone));
+  auto& check = FindControl<ICheckBox>(*form, u"check");
+  check.Click().Connect([&] {
+    form->Unload();
+    wasGone = isGone;
+  });
+  check.Value(Checked);
+  EXPECT_FALSE(wasGone);
+  EXPECT_TRUE(isGone);
+}
+
+TEST_P(FormsContract, CloseAsksTheHandlerAndUnloadsAFormWithoutOne) {
+  const Ref<IForm> asked = Forms().Load(Window);
+  int questions = 0;
+  asked->Events().QueryUnload.Connect([&] { ++questions; });
+  asked->Close();
+  asked->Close();
+  EXPECT_EQ(questions, 2);
+  EXPECT_EQ(Forms().Forms().size(), 1);
+  const Ref<IForm> other = Forms().Load(Window);
+  other->Close();
+  EXPECT_EQ(Forms().Forms().size(), 1);
+}
+
+TEST_P(FormsContract, PlacesAreInFormUnitsAndASizeBelowZeroRaises380) {
+  const Ref<IForm> form = Forms().Load(Window);
+  form->Move(150, 300, 7500, 6000);
+  EXPECT_EQ(form->Left(), 150);
+  EXPECT_EQ(form->Top(), 300);
+  EXPECT_EQ(form->Width(), 7500);
+  EXPECT_EQ(form->Height(), 6000);
+  EXPECT_LE(form->ScaleWidth(), 7500);
+  EXPECT_GT(form->ScaleWidth(), 7000);
+  EXPECT_LT(form->ScaleHeight(), 6000); // there is a menu bar
+  EXPECT_GT(form->ScaleHeight(), 4500);
+  auto& area = FindControl<ISplitArea>(*form, u"splitter");
+  EXPECT_EQ(Raised([&] { form->Width(-15); }).Number, 380);
+  EXPECT_EQ(Raised([&] { area.Height(-15); }).Number, 380);
+}
+
+TEST_P(FormsContract, AnAreaTellsEachChangeOfItsSizeAtOnce) {
+  const Ref<IForm> form = Forms().Load(Window);
+  auto& area = FindControl<ISplitArea>(*form, u"splitter");
+  int resized = 0;
+  area.Resize().Connect([&] { ++resized; });
+  area.Width(1500);
+  area.Height(3000);
+  area.Left(30);
+  area.Height(3000);
+  EXPECT_EQ(resized, 2);
+  EXPECT_EQ(area.ScaleWidth(), 1500);
+  EXPECT_EQ(area.ScaleHeight(), 3000);
+}
+
+TEST_P(FormsContract, APropertyThatAKindDoesNotHaveReadsAsEmptyAndRaises438) {
+  const Ref<IForm> form = Forms().Load(Dialog);
+  auto& text = FindControl<ITextBox>(*form, u"text");
+  EXPECT_EQ(text.Caption(), u"");
+  EXPECT_EQ(Raised([&] { text.Caption(u"x"); }).Number, 438);
+  auto& page = FindControl<IPage>(*form, u"page");
+  EXPECT_EQ(page.ToolTipText(), u"");
+  EXPECT_EQ(Raised([&] { page.ToolTipText(u"x"); }).Number, 438);
+}
+
+TEST_P(FormsContract, EnabledAndVisibleAreWhatWasSet) {
+  const Ref<IForm> form = Forms().Load(Window);
+  auto& hidden = FindControl<IMenuItem>(*form, u"mnuHidden");
+  hidden.Enabled(false);
+  hidden.Visible(true);
+  EXPECT_FALSE(hidden.Enabled());
+  hidden.Visible(false);
+  hidden.Enabled(true);
+  EXPECT_TRUE(hidden.Enabled());
+  EXPECT_FALSE(hidden.Visible());
+}
+
+TEST_P(FormsContract, BarsFindTheirPartsByKeyAndByNumber) {
+  const Ref<IForm> form = Forms().Load(Window);
+  auto& tools = FindControl<IToolBar>(*form, ToolBarName);
+  EXPECT_EQ(tools.Buttons().size(), 2);
+  EXPECT_EQ(tools.Buttons(u"Open").ToolTipText(), u"8010");
+  tools.Buttons(u"Open").Value(1);
+  EXPECT_EQ(tools.Buttons(u"Open").Value(), 1);
+  EXPECT_EQ(Raised([&] { tools.Buttons(u"Open").Value(2); }).Number, 380);
+  EXPECT_EQ(Raised([&] { tools.Buttons(u"None"); }).Number, 35601);
+  auto& status = FindControl<IStatusBar>(*form, StatusBarName);
+  status.Panels(2).Text(u"SCPI");
+  EXPECT_EQ(status.Panels(2).Text(), u"SCPI");
+  EXPECT_EQ(Raised([&] { status.Panels(0); }).Number, 35600);
+  EXPECT_EQ(Raised([&] { status.Panels(3); }).Number, 35600);
+}
+
+TEST_P(FormsContract, ValuesFireOncePerChange) {
+  const Ref<IForm> form = Forms().Load(Dialog);
+  int fired = 0;
+  const auto count = [&] { ++fired; };
+  auto& check = FindControl<ICheckBox>(*form, u"check");
+  check.Click().Connect(count);
+  check.Value(Grayed);
+  check.Value(Grayed);
+  EXPECT_EQ(fired, 1);
+  EXPECT_EQ(Raised([&] { check.Value(3); }).Number, 380);
+  auto& text = FindControl<ITextBox>(*form, u"text");
+  EXPECT_EQ(text.Text(), u"100");
+  text.Change().Connect(count);
+  text.Text(u"x");
+  text.Text(u"x");
+  EXPECT_EQ(fired, 2);
+  auto& tabs = FindControl<ITabStrip>(*form, u"tabs");
+  tabs.Click().Connect(count);
+  tabs.AddTab(u"A", u"a");
+  tabs.AddTab(u"B", u"b");
+  EXPECT_EQ(tabs.SelectedItem(), 1);
+  tabs.SelectedItem(2);
+  tabs.SelectedItem(2);
+  EXPECT_EQ(fired, 3);
+}
+
+TEST_P(FormsContract, NothingIsSelectedInAListUntilItIsSet) {
+  const Ref<IForm> form = Forms().Load(Dialog);
+  auto& list = FindControl<IComboBox>(*form, u"list");
+  int clicks = 0;
+  list.Click().Connect([&] { ++clicks; });
+  list.AddItem(u"Auto ");
+  list.AddItem(u"CR");
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_EQ(list.ListCount(), 2);
+  list.ListIndex(1);
+  list.ListIndex(1);
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(list.Text(), u"CR");
+  EXPECT_EQ(Raised([&] { list.ListIndex(2); }).Number, 380);
+  auto& typed = FindControl<IComboBox>(*form, u"typed");
+  typed.AddItem(u"Visa->A");
+  typed.Text(u"SIM::DMM::INSTR");
+  EXPECT_EQ(typed.Text(), u"SIM::DMM::INSTR");
+  EXPECT_EQ(typed.ListIndex(), -1);
+}
+
+TEST_P(FormsContract, PlacesInTheTabOrderMoveTheOthers) {
+  const Ref<IForm> form = Forms().Load(Dialog);
+  auto& tabs = FindControl<ITabStrip>(*form, u"tabs");
+  auto& text = FindControl<ITextBox>(*form, u"text");
+  EXPECT_EQ(tabs.TabIndex(), 0);
+  EXPECT_TRUE(text.TabStop());
+  text.TabIndex(0);
+  EXPECT_EQ(text.TabIndex(), 0);
+  EXPECT_EQ(tabs.TabIndex(), 1);
+  EXPECT_EQ(Raised([&] { text.TabIndex(-1); }).Number, 380);
+}
+
+TEST_P(FormsContract, AModalFormReturnsWhenItIsUnloaded) {
+  const Ref<IForm> form = Forms().Load(Dialog);
+  Bench().WhileModal(u"frmDialog", [&] { form->Unload(); });
+  EXPECT_NO_THROW(form->ShowModal(nullptr));
+  EXPECT_TRUE(Forms().Forms().empty());
+}
+
+TEST_P(FormsContract, AModalFormIsUnloadedAndThrowsQuitWhenTheProgramEnds) {
+  const Ref<IForm> form = Forms().Load(Dialog);
+  Bench().WhileModal(u"frmDialog", [&] { Loop().RequestQuit(); });
+  EXPECT_THROW(form->ShowModal(nullptr), Quit);
+  EXPECT_TRUE(Forms().Forms().empty());
+}
+
+} // namespace
+} // namespace portico::test

@@ -1,0 +1,101 @@
+"""A desktop for one test: an X server, a window manager, a home, and the accessibility bus to look at it with.
+
+To be run under dbus-run-session, which gives it a bus of its own.
+"""
+
+import contextlib
+import os
+import shutil
+import subprocess
+import tempfile
+import time
+
+PATIENCE = 30.0  # seconds; long, because a loaded machine is slow and a test that waits in vain has failed anyway
+POLL = 0.02
+
+
+def wait_for(question, what, patience=PATIENCE):
+    """Asks until the answer is true, and returns it."""
+    end = time.monotonic() + patience
+    while True:
+        answer = question()
+        if answer:
+            return answer
+        if time.monotonic() > end:
+            raise AssertionError(f"waited in vain for {what}")
+        time.sleep(POLL)
+
+
+class Desktop:
+    """Owns all that it starts; `close` ends it."""
+
+    def __init__(self, scale=1):
+        self._stack = contextlib.ExitStack()
+        self.home = tempfile.mkdtemp(prefix="portico-desktop-")
+        self._stack.callback(shutil.rmtree, self.home, ignore_errors=True)
+        self.environment = dict(os.environ)
+        self.environment.update(
+            HOME=self.home,
+            XDG_CONFIG_HOME=f"{self.home}/config",
+            XDG_STATE_HOME=f"{self.home}/state",
+            XDG_DATA_HOME=f"{self.home}/data",
+            XDG_RUNTIME_DIR=self._folder("runtime"),
+            LC_ALL="C.UTF-8",
+            QT_QPA_PLATFORM="xcb",
+            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+            QT_SCALE_FACTOR=str(scale),
+            NO_AT_BRIDGE="0",
+        )
+        try:
+            self._start_display()
+            self._start_window_manager()
+        except BaseException:
+            self.close()
+            raise
+
+    def close(self):
+        self._stack.close()
+
+    def _folder(self, name):
+        path = f"{self.home}/{name}"
+        os.makedirs(path, mode=0o700, exist_ok=True)
+        return path
+
+    def start(self, *command, **options):
+        """A program on this desktop, ended with it."""
+        process = subprocess.Popen(command, env=self.environment, **options)
+        self._stack.callback(self._end, process)
+        return process
+
+    @staticmethod
+    def _end(process):
+        if process.poll() is None:
+            process.terminate()
+            try:
+                process.wait(PATIENCE)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
+        for stream in (process.stdout, process.stderr):
+            if stream:
+                stream.close()
+
+    def _start_display(self):
+        read, write = os.pipe()
+        self.start("Xvfb", "-displayfd", str(write), "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
+                   pass_fds=(write,), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as number:
+            display = f":{number.readline().strip()}"
+        self.environment["DISPLAY"] = display
+        os.environ["DISPLAY"] = display
+
+    def _start_window_manager(self):
+        ready = f"{self.home}/window-manager-ready"
+        self.start("openbox", "--sm-disable", "--startup", f"touch {ready}",
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait_for(lambda: os.path.exists(ready), "the window manager")
+
+    def xdotool(self, *arguments):
+        return subprocess.run(("xdotool",) + tuple(map(str, arguments)), env=self.environment, check=True,
+                              capture_output=True, text=True).stdout.strip()

@@ -1,0 +1,102 @@
+"""Cut, copy, paste, clear and print, by menu, popup, toolbar and key."""
+
+import os
+import unittest
+
+from case import WindowCase
+
+CONVERSATION = "REM Enter commands here.\n*OPC?\n1\n*IDN?\n"
+
+
+class Editing(WindowCase):
+    def talk(self, *lines):
+        portico = self.open(self.simulator().name)
+        portico.type_lines(*lines)
+        portico.key("F5")
+        portico.wait_for_history(lines[-1] + "\n")
+        portico.wait_until_idle()
+        return portico
+
+    def test_a_pasted_conversation_runs_as_it_was_typed(self):
+        portico = self.talk("*IDN?", "MEAS:VOLT:DC?")
+        portico.click(portico.find("txtPast", "text"))
+        portico.key("ctrl+a")
+        portico.choose("Edit", "Copy                       Ctrl+C")
+        portico.click(portico.find("txtFuture", "text"))
+        portico.key("ctrl+v")
+        portico.wait(lambda: portico.commands.count("*OPC?") == 2, "the conversation in the command window")
+        before = portico.history
+        portico.key("F5")
+        # The automatic lines and the answers are passed over: only the two instructions go out again.
+        portico.wait(lambda: portico.history.count("*IDN?") == 2 and portico.history.count("MEAS:VOLT:DC?") == 2,
+                     "the conversation again")
+        portico.wait_until_idle()
+        self.assertTrue(portico.history.startswith(before))
+        self.assertEqual(portico.history.count("*OPC?"), 4)
+
+    def test_cut_in_the_menu_fails_and_its_keys_cut(self):
+        portico = self.open(self.simulator().name)
+        portico.type_lines("*IDN?")
+        portico.key("ctrl+a")
+        portico.choose("Edit", "Cut                          Ctrl+X")
+        portico.message("Can't perform cut operation.")
+        portico.key("Return")
+        portico.wait_until_message_closed()
+        self.assertIn("*IDN?", portico.commands)
+        portico.click(portico.button("Cut"))
+        portico.message("Can't perform Cut operation.")
+        portico.key("Return")
+        portico.wait_until_message_closed()
+        portico.key("ctrl+x")
+        portico.wait(lambda: portico.commands == "", "the text to be cut")
+        portico.click(portico.button("Paste"))
+        portico.wait(lambda: "*IDN?" in portico.commands, "the text to be back")
+
+    def test_the_windows_are_cleared(self):
+        portico = self.talk("*IDN?")
+        portico.type_lines("*RST")
+        portico.choose("Edit", "Clear Command Window")
+        portico.wait(lambda: portico.commands == "", "an empty command window")
+        portico.choose("Edit", "Clear History Window")
+        portico.wait(lambda: portico.history == "", "an empty history")
+        portico.type_lines("*IDN?")
+        portico.popup("txtFuture", "Down", "Return")
+        portico.wait(lambda: portico.commands == "", "an empty command window")
+
+    def test_the_history_is_cleared_from_its_popup(self):
+        portico = self.talk("*IDN?")
+        portico.popup("txtPast", "Up", "Return")
+        portico.wait(lambda: portico.history == "", "an empty history")
+
+    def test_the_history_cannot_be_typed_into(self):
+        portico = self.talk("*IDN?")
+        before = portico.history
+        portico.click(portico.find("txtPast", "text"))
+        portico.type("nothing")
+        portico.key("BackSpace", "ctrl+x", "Delete")
+        portico.wait(lambda: not portico.button("Run to Cursor").enabled, "the history to have the focus")
+        self.assertEqual(portico.history, before)
+
+    def test_the_history_is_printed_to_a_file(self):
+        portico = self.talk("*IDN?")
+        path = os.path.join(self.desktop.home, "history.pdf")
+        portico.key("ctrl+p")
+        dialog = portico.window("Print")
+        field = portico.find_text_field(dialog)
+        portico.click(field)
+        portico.key("ctrl+a")
+        portico.type(path)
+        portico.click(portico.find("Print", "push button", within=dialog))
+        portico.wait(lambda: os.path.exists(path) and open(path, "rb").read().rstrip().endswith(b"%%EOF"),
+                     "the printed file")
+
+    def test_a_cancelled_print_is_told(self):
+        portico = self.talk("*IDN?")
+        portico.click(portico.button("Print"))
+        portico.window("Print")
+        portico.key("Escape")
+        self.assertIn("32755", portico.message("Can't perform print operation."))
+
+
+if __name__ == "__main__":
+    unittest.main()

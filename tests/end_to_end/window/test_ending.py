@@ -1,0 +1,80 @@
+"""How the program ends, whatever it is doing, and what it remembers."""
+
+import signal
+import unittest
+
+from case import WindowCase
+
+
+class Ending(WindowCase):
+    def slow(self):
+        """Open, with an interval of a minute between the instructions."""
+        portico = self.open(self.simulator().name)
+        portico.choose("Tools", "Options...")
+        options = portico.window("Tolvane Portico Options")
+        portico.click(portico.find("Timed Interval:", "check box", within=options))
+        portico.key("Tab")
+        portico.key("ctrl+a")
+        portico.type("60000")
+        portico.click(portico.find("OK", "push button", within=options))
+        portico.wait_until_closed("Tolvane Portico Options")
+        return portico
+
+    def test_exit_from_the_menu(self):
+        portico = self.open(self.simulator().name)
+        portico.choose("File", "Exit")
+        self.assertEqual(portico.wait_until_ended(), 0)
+
+    def test_the_close_box_ends_an_idle_program(self):
+        portico = self.open()
+        portico.key("alt+F4")  # what the window manager makes of it is what its close box does
+        self.assertEqual(portico.wait_until_ended(), 0)
+
+    def test_the_close_box_ends_a_wait_at_once(self):
+        portico = self.slow()
+        portico.type_lines("*IDN?", "*OPT?")
+        portico.key("F5")
+        portico.wait(lambda: portico.button("Stop").enabled, "the run to wait")
+        portico.key("alt+F4")  # what the window manager makes of it is what its close box does
+        self.assertEqual(portico.wait_until_ended(), 0)
+
+    def test_signals_end_it_with_a_dialog_open(self):
+        for number in (signal.SIGTERM, signal.SIGINT):
+            with self.subTest(number):
+                portico = self.open()
+                portico.key("ctrl+n")
+                portico.window("Open an Instrument")
+                portico.process.send_signal(number)
+                self.assertEqual(portico.wait_until_ended(), 0)
+
+    def test_a_signal_ends_it_with_a_message_box_open(self):
+        portico = self.open(self.simulator().name)
+        portico.type_lines("*IDN?")
+        portico.key("ctrl+a")
+        portico.choose("Edit", "Cut                          Ctrl+X")
+        portico.message("Can't perform cut operation.")
+        portico.process.send_signal(signal.SIGTERM)
+        self.assertEqual(portico.wait_until_ended(), 0)
+
+    def test_place_and_options_are_there_again(self):
+        portico = self.open()
+        window = self.desktop.xdotool("search", "--pid", portico.process.pid, "--name", "Tolvane Portico$").split()[0]
+        self.desktop.xdotool("windowsize", "--sync", window, 700, 600)
+        self.desktop.xdotool("windowmove", "--sync", window, 200, 150)
+        portico.wait(lambda: portico.main.extents().width == 700, "the new size")
+        portico.choose("Tools", "Communication Protocol", "Other")
+        portico.wait(lambda: portico.panels()[1] == "Other", "the protocol in the status bar")
+        place = portico.main.extents()
+        portico.choose("File", "Exit")
+        self.assertEqual(portico.wait_until_ended(), 0)
+
+        again = self.open()
+        restored = again.wait(lambda: again.main.extents() if again.main.extents().x == place.x else None,
+                              "the window at its place")
+        self.assertEqual((restored.x, restored.y, restored.width, restored.height),
+                         (place.x, place.y, place.width, place.height))
+        self.assertEqual(again.panels()[1], "Other")
+
+
+if __name__ == "__main__":
+    unittest.main()

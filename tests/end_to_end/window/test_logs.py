@@ -1,0 +1,96 @@
+"""A log from its beginning to its viewer."""
+
+import os
+import unittest
+
+from case import WindowCase
+
+
+class Logs(WindowCase):
+    def choose_file(self, portico, title, path):
+        dialog = portico.window(title)
+        portico.key("ctrl+a")
+        portico.type(path)
+        portico.key("Return")
+        portico.wait_until_closed(title)
+        return dialog
+
+    def test_a_log_from_new_to_viewed(self):
+        path = os.path.join(self.desktop.home, "talk.log")
+        portico = self.open(self.simulator().name)
+        self.assertTrue(portico.item("New Log...").enabled)
+        self.assertFalse(portico.item("Close Log").enabled)
+
+        portico.choose("File", "New Log...")
+        self.choose_file(portico, "Open a log file", path[: -len(".log")])  # the extension comes by itself
+        portico.wait(lambda: portico.main.name == f"{path} - Tolvane Portico", "the log's name in the title")
+        self.assertFalse(portico.item("New Log...").enabled)
+        self.assertTrue(portico.item("Pause Logging").enabled)
+        portico.type_lines("*IDN?")
+        portico.key("F5")
+        portico.wait_for_history("*IDN?\n")
+        portico.wait_until_idle()
+
+        portico.choose("File", "Pause Logging")
+        portico.wait(lambda: portico.item("Resume Logging").enabled, "the log to be paused")
+        portico.type_lines("MEAS:VOLT:DC?")
+        portico.key("F5")
+        portico.wait_for_history("MEAS:VOLT:DC?\n")
+        portico.wait_until_idle()
+        portico.click(portico.button("Resume Logging"))
+        portico.wait(lambda: portico.item("Pause Logging").enabled, "the log to go on")
+        portico.type_lines("MEAS:CURR:DC?")
+        portico.key("F5")
+        portico.wait_for_history("MEAS:CURR:DC?\n")
+        portico.wait_until_idle()
+
+        portico.choose("File", "Close Log")
+        portico.wait(lambda: portico.main.name == "Tolvane Portico", "the title alone")
+        self.assertTrue(portico.item("New Log...").enabled)
+        with open(path, encoding="utf-8") as log:
+            self.assertEqual(log.read().count("<Session"), 2)
+
+        portico.choose("File", "View Log...")
+        self.choose_file(portico, "Select a log file", path)
+        viewer = portico.window(f"Log Viewer - {path}")
+        text = portico.find("txtPast", "text", within=viewer)
+        portico.wait(lambda: "MEAS:CURR:DC?" in text.text, "the log in the viewer")
+        self.assertIn("*IDN?", text.text)
+        self.assertNotIn("MEAS:VOLT:DC?", text.text)
+
+        # A selection is what Copy waits for.
+        copy = portico.find("Copy", "push button", within=viewer)
+        self.assertFalse(copy.enabled)
+        portico.click(text)
+        portico.key("ctrl+a")
+        portico.wait(lambda: copy.enabled, "Copy to be offered")
+        portico.key("alt+f")
+        portico.key("c")  # Close
+        portico.wait_until_closed("Log Viewer")
+
+    def test_a_file_that_is_no_log_is_refused(self):
+        path = os.path.join(self.desktop.home, "notes.log")
+        with open(path, "w", encoding="utf-8") as notes:
+            notes.write("no log\n")
+        portico = self.open(self.simulator().name)
+        portico.click(portico.button("New Log File..."))
+        self.choose_file(portico, "Open a log file", path)
+        portico.message(f"Do you want to erase {path}?")
+        portico.key("alt+n")
+        self.assertIn(" is not a valid data store.", portico.message("Can't perform Logger operation."))
+        portico.key("Return")
+        portico.wait(lambda: portico.main.name == "Tolvane Portico", "the title alone")
+        with open(path, encoding="utf-8") as notes:
+            self.assertEqual(notes.read(), "no log\n")
+
+    def test_a_cancelled_dialog_changes_nothing(self):
+        portico = self.open(self.simulator().name)
+        portico.choose("File", "New Log...")
+        portico.window("Open a log file")
+        portico.key("Escape")
+        portico.wait_until_closed("Open a log file")
+        self.assertTrue(portico.item("New Log...").enabled)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,32 @@
+#include "contract/FormsBench.h"
+
+#include "qt/EventLoop.h"
+#include "qt/PlainTextControl.h"
+#include "qt/Screen.h"
+
+#include <QApplication>
+#include <QTimer>
+
+namespace portico::test {
+namespace {
+
+class QtFormsBench final : public FormsBench {
+public:
+  IEventLoop& Loop() override { return m_loop; }
+  IForms& Forms() override { return m_screen; }
+  void WhileModal(StringView /*form*/, std::function<void()> call) override {
+    QTimer::singleShot(0, qApp, std::move(call));
+  }
+
+private:
+  qt::EventLoop m_loop;
+  qt::Screen m_screen{m_loop, PlainTextControl::Make};
+};
+
+} // namespace
+
+std::vector<FormsBenchKind> AllFormsBenches() {
+  return {{"Qt", []() -> std::unique_ptr<FormsBench> { return std::make_unique<QtFormsBench>(); }}};
+}
+
+} // namespace portico::test

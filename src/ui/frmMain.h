@@ -11,7 +11,6 @@
 #include "views/CSCPIViewHistory.h"
 #include "views/RunFrame.h"
 
-#include <functional>
 #include <optional>
 #include <span>
 
@@ -58,8 +57,7 @@ public:
   void mnuRun_Click() { Click(u"mnuRun"); }
   void mnuRunToCursor_Click() { Click(u"mnuRunToCursor"); }
   void mnuStop_Click() { Click(u"mnuStop"); }
-  // No menu item leads here.
-  void mnuHelpSearchForHelpOn_Click();
+  void mnuHelpSearchForHelpOn_Click(); // no menu item leads here, nor to the next
   void mnuFileOpen_Click();
 
   IForm& Form() override { return *m_form; }
@@ -101,6 +99,7 @@ private:
   void ResetTypingFormat();
   void Defer(bool frmMain::*request);
   void tmrProcessCmd_Timer();
+  void tmrSelection_Timer();
   void OpenInstrument();
   void CloseInstrument();
   void Exit();
@@ -130,6 +129,7 @@ private:
   Ref<IRichTextControl> m_txtPast;
   Ref<IRichTextControl> m_scratchArea;
   std::unique_ptr<ITimer> tmrProcessCmd;
+  std::unique_ptr<ITimer> tmrSelection;
   std::optional<SplitPanel> splitterNow;
   std::optional<MainUpdate> m_update;
   std::optional<RunFrame> m_runs;

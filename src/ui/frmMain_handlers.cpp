@@ -14,6 +14,7 @@ namespace {
 
 constexpr StringView FocusFailure = u"An error occured while changing focus.";
 constexpr std::int32_t DeferralMilliseconds = 10;
+constexpr std::int32_t KeyMilliseconds = 1; // until a key has reached the selection
 
 } // namespace
 
@@ -137,6 +138,14 @@ void frmMain::Connect() {
   tmrProcessCmd = gEventLoop->MakeTimer();
   tmrProcessCmd->Interval(DeferralMilliseconds);
   tmrProcessCmd->Timer().Connect([this] { tmrProcessCmd_Timer(); });
+  tmrSelection = gEventLoop->MakeTimer();
+  tmrSelection->Interval(KeyMilliseconds);
+  tmrSelection->Timer().Connect([this] { tmrSelection_Timer(); });
+  const auto selected = [this] { tmrSelection->Enabled(true); };
+  m_form->Events().KeyDown.Connect([selected](std::int32_t, std::int32_t) { selected(); });
+  for (const auto& box : {m_txtFuture, m_txtPast}) {
+    box->MouseUp().Connect([selected](const MouseEvent&) { selected(); });
+  }
   m_txtFuture->Change().Connect([this] { txtFuture_Change(); });
   m_txtFuture->GotFocus().Connect([this] { TextGotFocus(true, u"frmMain.txtFuture_GotFocus"); });
   m_txtPast->GotFocus().Connect([this] { TextGotFocus(false, u"frmMain.txtPast_GotFocus"); });
@@ -243,6 +252,12 @@ void frmMain::tmrProcessCmd_Timer() {
   RunRequested = false;
   RunToCursorRequested = false;
   tmrProcessCmd->Enabled(true);
+}
+
+/// What can be cut and copied follows what the user selects, with no menu opened.
+void frmMain::tmrSelection_Timer() {
+  tmrSelection->Enabled(false);
+  RunHandler(u"frmMain.tmrSelection_Timer", FocusFailure, [this] { UpdateUI({}, {}); });
 }
 
 void frmMain::ShowAbout() { portico::ShowAbout(m_form.Get()); }

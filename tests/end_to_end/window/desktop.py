@@ -10,7 +10,7 @@ import subprocess
 import tempfile
 import time
 
-PATIENCE = 30.0  # seconds; long, because a loaded machine is slow and a test that waits in vain has failed anyway
+PATIENCE = 60.0  # seconds; long, because a loaded machine is slow and a test that waits in vain has failed anyway
 POLL = 0.02
 
 

@@ -83,6 +83,7 @@ class Portico:
 
     def __init__(self, desktop, *arguments):
         self.desktop = desktop
+        Atspi.get_desktop(0).get_child_count()  # so that the bus is there before the program asks for it
         self.process = desktop.start(PORTICO, *arguments, stderr=subprocess.PIPE)
         self.application = wait_for(self._find_application, "Portico among the accessible programs")
         self.application.set_cache_mask(Atspi.Cache.NONE)

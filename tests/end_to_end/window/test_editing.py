@@ -5,9 +5,6 @@ import unittest
 
 from case import WindowCase
 
-CONVERSATION = "REM Enter commands here.\n*OPC?\n1\n*IDN?\n"
-
-
 class Editing(WindowCase):
     def talk(self, *lines):
         portico = self.open(self.simulator().name)
@@ -51,6 +48,39 @@ class Editing(WindowCase):
         portico.wait(lambda: portico.commands == "", "the text to be cut")
         portico.click(portico.button("Paste"))
         portico.wait(lambda: "*IDN?" in portico.commands, "the text to be back")
+
+    def test_copy_and_paste_by_button_menu_and_popup(self):
+        portico = self.talk("*IDN?")
+        portico.click(portico.find("txtPast", "text"))
+        portico.key("ctrl+a")
+        portico.click(portico.button("Copy"))
+        portico.click(portico.find("txtFuture", "text"))  # while the history has the focus, nothing can be pasted
+        portico.choose("Edit", "Paste                       Ctrl+V")
+        portico.wait(lambda: portico.commands.count("*IDN?") == 1, "the conversation in the command window")
+        portico.popup("txtFuture", *["Down"] * 1, "Return")  # Paste: there is nothing selected to cut or to copy
+        portico.wait(lambda: portico.commands.count("*IDN?") == 2, "the conversation once more")
+        portico.click(portico.find("txtPast", "text"))
+        portico.key("ctrl+a")
+        portico.popup("txtPast", "Down", "Return")  # Copy
+        portico.click(portico.find("txtFuture", "text"))
+        portico.key("ctrl+a")
+        portico.popup("txtFuture", "Down", "Down", "Down", "Return")  # Cut, Copy, Paste
+        portico.wait(lambda: portico.commands.count("*IDN?") == 1, "the conversation in place of what was selected")
+
+    def test_typing_can_be_undone(self):
+        portico = self.open(self.simulator().name)
+        portico.type_lines("*IDN?")
+        portico.key("ctrl+z")
+        portico.wait(lambda: "*IDN?" not in portico.commands or not portico.commands.endswith("*IDN?\n"),
+                     "the last of the typing to be undone")
+
+    def test_the_page_setup_opens_and_cancels_quietly(self):
+        portico = self.open(self.simulator().name)
+        portico.choose("File", "Print Setup...")
+        portico.window("Print Setup")
+        portico.key("Escape")
+        portico.wait_until_closed("Print Setup")
+        self.assertTrue(portico.item("Close Instrument").enabled)
 
     def test_the_windows_are_cleared(self):
         portico = self.talk("*IDN?")

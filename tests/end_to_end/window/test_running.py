@@ -59,6 +59,21 @@ class Running(WindowCase):
         portico.wait(lambda: portico.commands == "", "the command window to be empty")
         portico.wait_for_history("*IDN?")
 
+    def test_the_popup_menu_steps_and_runs_to_the_cursor(self):
+        portico = self.open(self.simulator().name)
+        portico.type_lines("*IDN?", "*OPT?", "*ESR?")
+        portico.popup("txtFuture", "Down", "Down", "Return")  # Clear Command Window, Step
+        portico.wait(lambda: portico.commands == "*OPT?\n*ESR?\n", "the first line to be gone")
+        portico.wait_until_idle()
+        portico.click(portico.find("txtFuture", "text"))
+        portico.key("ctrl+End", "Up")
+        portico.click(portico.button("Run to Cursor"))
+        portico.wait(lambda: portico.commands == "*ESR?\n", "the cursor's line alone")
+        portico.wait_until_idle()
+        portico.click(portico.button("Run"))
+        portico.wait(lambda: portico.commands == "", "the command window to be empty")
+        portico.wait_for_history("*ESR?\n")
+
     def test_stop_lets_the_current_instruction_finish(self):
         portico = self.open(self.simulator().name)
         portico.choose("Tools", "Options...")
@@ -72,7 +87,7 @@ class Running(WindowCase):
         portico.type_lines(*[f"MEAS:VOLT:DC? {n}" for n in range(1, 9)])
         portico.key("F5")
         portico.wait_for_history("MEAS:VOLT:DC? 2")
-        portico.key("F9")
+        portico.click(portico.button("Stop"))
         portico.wait_until_idle()
         sent = [n for n in range(1, 9) if f"MEAS:VOLT:DC? {n}\n" in portico.history]
         left = [n for n in range(1, 9) if f"MEAS:VOLT:DC? {n}\n" in portico.commands]

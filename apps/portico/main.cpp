@@ -69,6 +69,12 @@ int RunWindow(qt::EventLoop& loop, const String& commandLine) {
     return window = New<frmMain>(createObjectFactory);
   };
   const auto makeDocument = [] {}; // the parser is linked into the program: it cannot be missing
+  // By whatever road: a signal and the end of the desktop's session ask nobody else.
+  loop.Quitting().Connect([&window] {
+    if (!window) return;
+    window->StopRequested(true);
+    window->Form().Hide();
+  });
   try {
     modAppGlobals::Main({makeDocument, makeWindow, commandLine});
     loop.Run();

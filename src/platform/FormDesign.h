@@ -89,6 +89,7 @@ struct FormDesign {
   std::span<const StatusPanelDesign> StatusPanels = {};
   std::span<const ControlDesign> Controls = {};
   StringView Tag = {};
+  bool IsCentred = false; ///< a dialog: on the screen, not over its owner
 };
 
 /// The names under which a form's toolbar and status bar are found.

@@ -57,7 +57,7 @@ public:
 
   virtual void Show() = 0;
   /// To be set before `Show`: the form stays in front of its owner.
-  virtual void Owner(IForm* /*newValue*/) {}
+  virtual void Owner(IForm* newValue) = 0;
   /// Returns when the form is hidden or unloaded. Throws `Quit` when the program has been told to end meanwhile, which
   /// closes it.
   virtual void ShowModal(IForm* Owner) = 0;

@@ -12,6 +12,7 @@ namespace portico::qt {
 namespace {
 
 constexpr StringView Typed = u"typed";
+constexpr int TypedCharacters = 40; // an instrument's whole name can be seen
 
 } // namespace
 
@@ -21,6 +22,7 @@ ComboBox::ComboBox(const ControlDesign& design, std::shared_ptr<FormLife> life, 
   box.setSizeAdjustPolicy(QComboBox::AdjustToContents);
   if (design.Tag == Typed) {
     box.setEditable(true);
+    box.setMinimumContentsLength(TypedCharacters);
     box.setCompleter(nullptr); // what is typed stays as it is
     box.setEditText(ToQt(design.Caption));
   }

@@ -38,6 +38,7 @@ private:
 Form::Form(const FormDesign& design, FormParts parts, std::weak_ptr<FormList> list, EventLoop& loop)
     : m_name(design.Name),
       m_tag(design.Tag),
+      m_isCentred(design.IsCentred),
       m_parts(std::move(parts)),
       m_list(std::move(list)),
       m_loop(loop),
@@ -51,6 +52,7 @@ Form::Form(const FormDesign& design, FormParts parts, std::weak_ptr<FormList> li
 }
 
 Form::~Form() {
+  if (const auto list = m_list.lock()) std::erase(list->Shown, this);
   m_parts.Life->Gone = true;
   m_parts.Window->hide();
   (new Remains(std::move(m_parts)))->deleteLater();
@@ -98,7 +100,7 @@ void Form::PopupMenu(IMenuItem& Menu) {
 
 void Form::ComeToFront() {
   const auto list = m_list.lock();
-  if (!list) return;
+  if (!list || m_unloading) return; // a window that is being hidden may still be told that it is active
   std::erase(list->Shown, this);
   list->Shown.push_back(this);
 }
@@ -112,10 +114,17 @@ void Form::LeaveScreen() {
 void Form::Show() {
   if (m_parts.Life->Gone) return;
   ComeToFront();
-  if (!Window().isVisible()) PrepareToShow(Window(), m_isPlaced);
+  if (!Window().isVisible()) PrepareToShow(Window(), m_isPlaced, m_isCentred ? nullptr : m_owner.data());
   Window().show();
   Window().raise();
   Window().activateWindow();
+}
+
+void Form::Owner(IForm* newValue) {
+  Window().winId(); // makes the window that can have an owner
+  const auto* owner = dynamic_cast<Form*>(newValue);
+  m_owner = owner != nullptr ? &owner->Window() : nullptr;
+  Window().windowHandle()->setTransientParent(m_owner != nullptr ? m_owner->windowHandle() : nullptr);
 }
 
 void Form::ShowModal(IForm* Owner) {
@@ -125,9 +134,7 @@ void Form::ShowModal(IForm* Owner) {
   {
     const ModalTurn turn(m_loop, [&loop] { loop.quit(); });
     Window().setWindowModality(Qt::ApplicationModal);
-    Window().winId(); // makes the window that can have an owner
-    const auto* owner = dynamic_cast<Form*>(Owner);
-    Window().windowHandle()->setTransientParent(owner != nullptr ? owner->Window().windowHandle() : nullptr);
+    this->Owner(Owner);
     Show();
     QEventLoop* const outer = std::exchange(m_modal, &loop);
     if (Window().isVisible()) loop.exec();

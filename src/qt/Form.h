@@ -7,6 +7,7 @@
 
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QPointer>
 
 #include <memory>
 #include <optional>
@@ -51,6 +52,7 @@ public:
   void PopupMenu(IMenuItem& Menu) override;
 
   void Show() override;
+  void Owner(IForm* newValue) override;
   void ShowModal(IForm* Owner) override;
   void Hide() override;
   void Close() override;
@@ -82,12 +84,14 @@ private:
 
   StringView m_name;
   StringView m_tag;
+  bool m_isCentred;
   FormParts m_parts;
   std::weak_ptr<FormList> m_list;
   EventLoop& m_loop;
   FormEvents m_events;
   std::vector<Ref<IObject>> m_kept;
   QEventLoop* m_modal = nullptr;
+  QPointer<QWidget> m_owner;
   IControl* m_active = nullptr;
   std::int32_t m_pointer = 0;
   bool m_isPlaced = false;

@@ -37,6 +37,7 @@ public:
           Keep(std::make_shared<StatusBar>(m_design.StatusPanels, m_parts.Life, *new QStatusBar(m_parts.Area)));
     }
     for (const ControlDesign& control : m_design.Controls) Add(control);
+    m_holders.Finish();
   }
 
 private:
@@ -142,7 +143,8 @@ FormParts BuildForm(const FormDesign& design, const RichTextFactory& makeRichTex
     window->setCentralWidget(parts.Area);
     BuildMenus(design, *window, parts);
   } else {
-    parts.Window = new QDialog;
+    parts.Window = new QDialog(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                            Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
     parts.Area = parts.Window;
   }
   parts.Window->setObjectName(ToQt(design.Name));

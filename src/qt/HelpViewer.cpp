@@ -11,14 +11,37 @@
 #include <QStyle>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextTable>
 #include <QToolBar>
+#include <QToolButton>
 #include <QWindow>
 
 namespace portico::qt {
+namespace {
+
+constexpr double PageMargin = 12; // pixels
+
+} // namespace
 
 void HelpBrowser::doSetSource(const QUrl& url, QTextDocument::ResourceType type) {
   QTextBrowser::doSetSource(url, type);
+  Dress();
   if (url.hasFragment()) GoToHeading(url.fragment());
+}
+
+void HelpBrowser::Dress() {
+  document()->setDocumentMargin(PageMargin);
+  for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
+    auto* table = qobject_cast<QTextTable*>(frame);
+    if (table == nullptr) continue;
+    QTextTableFormat format = table->format();
+    format.setBorderCollapse(true);
+    format.setBorder(1);
+    format.setCellPadding(4);
+    format.setTopMargin(4);
+    format.setBottomMargin(8);
+    table->setFormat(format);
+  }
 }
 
 void HelpBrowser::GoToHeading(const QString& name) {
@@ -34,7 +57,7 @@ void HelpViewer::Build() {
   if (m_window) return;
   m_window = std::make_unique<QMainWindow>();
   m_window->setObjectName(QStringLiteral("helpViewer"));
-  m_window->setWindowTitle(QStringLiteral("Help"));
+  m_window->setWindowTitle(QStringLiteral("Tolvane Portico Help"));
   m_window->resize(760, 620);
   m_browser = new HelpBrowser(m_window.get());
   m_browser->setObjectName(QStringLiteral("helpPage"));
@@ -56,6 +79,7 @@ void HelpViewer::Build() {
   QAction* forward = add("helpForward", "Forward", QStyle::SP_ArrowForward, QKeySequence::Forward);
   back->setEnabled(false);
   forward->setEnabled(false);
+  qobject_cast<QToolButton*>(bar->widgetForAction(contents))->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   QObject::connect(contents, &QAction::triggered, m_browser, [this] { m_browser->setSource(m_pages.Contents()); });
   QObject::connect(back, &QAction::triggered, m_browser, &QTextBrowser::backward);
   QObject::connect(forward, &QAction::triggered, m_browser, &QTextBrowser::forward);

@@ -20,6 +20,8 @@ protected:
   void doSetSource(const QUrl& url, QTextDocument::ResourceType type) override;
 
 private:
+  /// A manual page comes without any margins.
+  void Dress();
   void GoToHeading(const QString& name);
 };
 

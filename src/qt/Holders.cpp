@@ -7,7 +7,8 @@
 namespace portico::qt {
 namespace {
 
-constexpr int WidestText = 420; // pixels; a longer one goes on in the next line
+constexpr int NarrowestDialog = 300; // pixels
+constexpr int WidestText = 420;      // pixels; a longer one goes on in the next line
 
 void Spread(QWidget& space, const QBoxLayout& layout) {
   const bool isRow = layout.direction() == QBoxLayout::LeftToRight;
@@ -23,6 +24,7 @@ Holders::Holders(QWidget& area, bool isLaidOut) {
   if (!isLaidOut) return;
   form.Layout = new QVBoxLayout(&area);
   form.Layout->setSizeConstraint(QLayout::SetFixedSize);
+  form.Layout->addSpacerItem(new QSpacerItem(NarrowestDialog, 0)); // so that its title can be read
 }
 
 void Holders::PlacePage(Holder& holder, QWidget& widget) const {
@@ -31,6 +33,12 @@ void Holders::PlacePage(Holder& holder, QWidget& widget) const {
     holder.Layout->addLayout(holder.Pages);
   }
   holder.Pages->addWidget(&widget, 0, 0);
+}
+
+void Holders::Finish() {
+  for (auto& [name, holder] : m_holders) {
+    if (holder.IsPage) holder.Layout->addStretch(); // the tallest page makes the room for all
+  }
 }
 
 void Holders::NameAfter(QWidget* last, QWidget& field) {
@@ -73,7 +81,7 @@ void Holders::Place(const ControlDesign& design, QWidget& widget) {
   case ControlKind::Page: {
     auto* layout = new QVBoxLayout(&widget);
     if (design.Kind == ControlKind::Page) layout->setContentsMargins(0, 0, 0, 0);
-    m_holders[design.Name] = {.Widget = &widget, .Layout = layout};
+    m_holders[design.Name] = {.Widget = &widget, .Layout = layout, .IsPage = design.Kind == ControlKind::Page};
     break;
   }
   case ControlKind::Row: {

@@ -20,6 +20,8 @@ public:
   QWidget& WidgetOf(StringView name) const { return *m_holders.at(name).Widget; }
   /// Puts a control's widget where its table says, and has it hold others if it is of that kind.
   void Place(const ControlDesign& design, QWidget& widget);
+  /// To be called when all controls stand.
+  void Finish();
 
 private:
   struct Holder {
@@ -27,6 +29,7 @@ private:
     QBoxLayout* Layout = nullptr; ///< none if the program places what it holds
     QGridLayout* Pages = nullptr; ///< the place that its pages share
     QWidget* Last = nullptr;      ///< what was put there last
+    bool IsPage = false;
   };
 
   /// A field is named by the label or check box in front of it.

@@ -14,7 +14,7 @@
 #include "qt/Screen.h"
 #include "qt/SettingsStore.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDir>
 
 namespace portico::qt {
@@ -30,7 +30,8 @@ std::shared_ptr<IRichTextControl> MakeRichText(const ControlDesign& design, QWid
 } // namespace
 
 Toolkit::Toolkit(const QString& helpFolder) : m_loop(std::make_shared<EventLoop>()), m_signals(*m_loop) {
-  InitIcons();
+  QApplication::setDesktopFileName("portico"); // the entry that a desktop shows the windows under
+  QApplication::setWindowIcon(Icon("portico"));
   gEventLoop = m_loop;
   gSettingsStore = std::make_shared<SettingsStore>();
   const auto screen = std::make_shared<Screen>(*m_loop, MakeRichText);

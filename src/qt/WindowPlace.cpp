@@ -9,6 +9,8 @@
 #include <QScreen>
 #include <QVariant>
 
+#include <algorithm>
+
 namespace portico::qt {
 namespace {
 
@@ -56,11 +58,15 @@ void SetPointer(QWidget& window, std::int32_t shape) {
   }
 }
 
-void PrepareToShow(QWidget& window, bool isPlaced) {
+void PrepareToShow(QWidget& window, bool isPlaced, const QWidget* owner) {
   const QScreen* screen = window.screen();
   if (qobject_cast<QDialog*>(&window) != nullptr && !isPlaced) {
     window.adjustSize();
-    window.move(Middle(screen->availableGeometry(), window.size()));
+    const QRect around = owner != nullptr ? owner->geometry() : screen->availableGeometry();
+    const QPoint middle = Middle(around, window.size());
+    const QRect all = screen->availableGeometry(); // an owner at its edge does not take the dialog along
+    window.move(std::max(std::min(middle.x(), all.right() - window.width()), all.left()),
+                std::max(std::min(middle.y(), all.bottom() - window.height()), all.top()));
     return;
   }
   const QRect place(window.pos(), window.size());

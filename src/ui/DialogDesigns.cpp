@@ -102,7 +102,8 @@ constinit const FormDesign InstrumentDialogDesign = {.Name = u"frmInstrumentDial
 constinit const FormDesign OptionsDesign = {.Name = u"frmTVSCPIOptions",
                                             .Caption = u"Tolvane Portico Options",
                                             .Style = FormStyle::Dialog,
-                                            .Controls = OptionsControls};
+                                            .Controls = OptionsControls,
+                                            .IsCentred = true};
 
 constinit const FormDesign AboutDesign = {
     .Name = u"frmAbout", .Caption = u"About Tolvane Portico", .Style = FormStyle::Dialog, .Controls = AboutControls};

@@ -183,8 +183,9 @@ void frmMain::tbToolBar_ButtonClick(IToolButton& Button) {
 void frmMain::OpenInstrument() {
   m_gotFocus = false;
   modAppGlobals::ExecutionEventHandler(u"OpenInstrument", modGlobals::VarArray());
-  // The command gives the focus to the command window, which updates the window, unless it has been there all along.
-  if (!m_gotFocus) UpdateUI({}, {});
+  // An open gives the focus to the command window, which updates the window, unless it has been there all along.
+  const bool opened = Value(gConfiguration->ItemValue(u"InstrumentOpened")).ToBoolean();
+  if (opened && !m_gotFocus) UpdateUI({}, {});
 }
 
 // The command writes to the server, of which the window hears nothing, and moves no focus.

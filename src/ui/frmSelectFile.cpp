@@ -26,7 +26,7 @@ constexpr std::array FilterSets = {
     FilterRow{u"Command (*.cmd)", u".cmd"}, // a name without a pattern
 };
 
-/// No read-only box, and no file that can only be read.
+/// No read-only box (4), and no answer that is read-only (0x8000). The name need not be that of a file.
 constexpr std::int32_t FileFlags = 0x8004;
 
 void Apply(const FilterRow& row, FileDialogSettings& settings) {

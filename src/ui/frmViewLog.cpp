@@ -88,6 +88,7 @@ bool frmViewLog::Form_Load() {
   bool givenUp = false;
   Run(u"Form_Load", [&] {
     txtPast().Locked(true);
+    HideWhatIsNotOffered(); // its table cannot say so, and a load may fail
     modAppGlobals::LoadResStrings(*m_form);
     PlaceForm();
     txtPast().Text({});

@@ -52,13 +52,16 @@ void EventLoop::EndLoops() {
   if (m_running) QCoreApplication::exit(0);
 }
 
+QEventLoop::ProcessEventsFlags EventLoop::HandledAt(int depth) {
+  return depth > DeepestInput ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents;
+}
+
 void EventLoop::DoEvents() {
   if (m_finished) return;
   ThrowIfQuitting();
   {
     const Nesting nested(m_depth);
-    QCoreApplication::processEvents(m_depth > DeepestInput ? QEventLoop::ExcludeUserInputEvents
-                                                           : QEventLoop::AllEvents);
+    QCoreApplication::processEvents(HandledAt(m_depth));
   }
   ThrowIfQuitting();
 }

@@ -4,6 +4,7 @@
 #include "platform/IEventLoop.h"
 #include "qt/WakePipe.h"
 
+#include <QEventLoop>
 #include <QSocketNotifier>
 
 #include <atomic>
@@ -35,6 +36,9 @@ public:
   void ThrowIfQuitting() const;
   /// Fires for each order to quit, from within whatever loop is running: what is modal closes itself.
   Event<>& Quitting() { return m_quitting; }
+
+  /// What a turn handles that is the so-manieth of those that run inside one another.
+  static QEventLoop::ProcessEventsFlags HandledAt(int depth);
 
 private:
   void EndLoops();

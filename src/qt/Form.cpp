@@ -129,6 +129,7 @@ void Form::Owner(IForm* newValue) {
 
 void Form::ShowModal(IForm* Owner) {
   const std::shared_ptr<Form> self = shared_from_this();
+  const HandlerTurn kept; // what the form keeps may be what shows it
   QEventLoop loop;
   {
     const ModalTurn turn(m_loop, [&loop] { loop.quit(); });

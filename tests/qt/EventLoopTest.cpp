@@ -7,9 +7,7 @@
 #include "support/Raised.h"
 
 #include <QApplication>
-#include <QMouseEvent>
 #include <QTimer>
-#include <QWidget>
 
 #include <csignal>
 #include <functional>
@@ -137,6 +135,25 @@ TEST_F(EventLoopTest, RunReturnsWhenTheProgramIsToldToEndHoweverDeepItIs) {
   EXPECT_EQ(loop.Run(), 0);
   EXPECT_EQ(depth, 5);
   EXPECT_EQ(loop.Run(), 0);
+}
+
+TEST_F(EventLoopTest, KeysAndMouseWaitWhileTurnsAreNestedDeeperThanTwenty) {
+  EXPECT_EQ(qt::EventLoop::HandledAt(1), QEventLoop::AllEvents);
+  EXPECT_EQ(qt::EventLoop::HandledAt(20), QEventLoop::AllEvents);
+  EXPECT_EQ(qt::EventLoop::HandledAt(21), QEventLoop::ExcludeUserInputEvents);
+}
+
+TEST_F(EventLoopTest, TurnsMayNestDeeperThanTwenty) {
+  int depth = 0;
+  const std::function<void()> nest = [&] {
+    qt::Enter([&] {
+      if (++depth < 30) QTimer::singleShot(0, qApp, nest);
+      loop.DoEvents();
+    });
+  };
+  QTimer::singleShot(0, qApp, nest);
+  loop.DoEvents();
+  EXPECT_EQ(depth, 30);
 }
 
 TEST_F(EventLoopTest, WhatIsLeftToDoAfterTheEndTakesTurnsThatDoNothing) {

@@ -236,6 +236,20 @@ TEST_F(FormTest, AModalFormReturnsWhenItIsHiddenOrUnloaded) {
   EXPECT_EQ(screen.Forms().size(), 1);
 }
 
+TEST_F(FormTest, WhatAModalFormKeepsLivesUntilItReturns) {
+  const Ref<IForm> form = screen.Load({.Name = u"frmDialog", .Caption = u"Dialog", .Style = FormStyle::Dialog});
+  bool gone = false;
+  bool goneMeanwhile = true;
+  form->Keep(New<Kept>(gone));
+  Later([&] {
+    AsForm(form).Window().close();
+    goneMeanwhile = gone;
+  });
+  form->ShowModal(nullptr);
+  EXPECT_FALSE(goneMeanwhile);
+  EXPECT_TRUE(gone);
+}
+
 TEST_F(FormTest, AModalFormIsUnloadedAndThrowsQuitWhenTheProgramEnds) {
   const Ref<IForm> form = screen.Load({.Name = u"frmDialog", .Caption = u"Dialog", .Style = FormStyle::Dialog});
   int unloaded = 0;

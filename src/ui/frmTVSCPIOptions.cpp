@@ -94,7 +94,7 @@ void frmTVSCPIOptions::FillControls() {
     auto& list = Control<IComboBox>(name);
     for (StringView item : {u"Auto ", u"CR", u"LF", u"CRLF", u"LFCR"}) list.AddItem(String(item));
   }
-  Control<IPage>(Pages[1]).Left(PageOffScreen); // also when the options cannot be loaded
+  Control<IPage>(Pages[1]).Left(PageOffScreen);                  // also when the options cannot be loaded
   EnableBeside(u"chkSCPITimed", u"lblUnit", u"txtSCPIInterval"); // their boxes need not change when they are loaded
   EnableBeside(u"chkOtherTimed", u"lblOtherUnit", u"txtOtherInterval");
 }

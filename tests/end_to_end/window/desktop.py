@@ -1,6 +1,6 @@
 """A desktop for one test: an X server, a window manager, a home, and the accessibility bus to look at it with.
 
-To be run under dbus-run-session, which gives it a bus of its own.
+To be run by own_session.sh, which gives it a bus of its own.
 """
 
 import contextlib

@@ -50,20 +50,7 @@ protected:
   }
 
   /// Runs the program's entry. `Quit` ends it as it ends the program: with what the bottom of the stack does.
-  void Start(const String& commandLine = {}) {
-    const auto makeDocument = [this] {
-      if (!HasParser) throw std::runtime_error("no parser");
-    };
-    const auto makeWindow = [this](const std::function<void()>& makeFactory) {
-      Window = New<frmMain>([this, makeFactory] {
-        makeFactory();
-        if (OnFactory) OnFactory();
-        if (HasSpies) OfferSpies();
-      });
-      return Ref<IMainForm>(Window);
-    };
-    modAppGlobals::Main({makeDocument, makeWindow, commandLine});
-  }
+  void Start(const String& commandLine = {});
   /// Runs something that ends the program; true if it did.
   static bool Quits(const std::function<void()>& body) {
     try {
@@ -87,31 +74,11 @@ protected:
   }
 
   /// From now on the factory makes a command that does this.
-  void Offer(const String& specification, const std::function<void(const Params&)>& execute) {
-    const Ref<ICreator> creator = New<SpyCreator>(specification, execute);
-    try {
-      gObjectFactory->Remove(creator);
-    } catch (const Error&) { // it is a new one
-      HuntERR::Reset();
-    }
-    gObjectFactory->Add(creator);
-  }
+  void Offer(const String& specification, const std::function<void(const Params&)>& execute);
   void OfferFailure(const String& specification) {
     Offer(specification, [](const Params&) { Fail(); });
   }
-  void OfferSpies() {
-    for (const char16_t* name :
-         {u"OpenInstrument", u"CloseInstrument", u"ToggleLogFile", u"ViewLogFile", u"ToggleLogging", u"Print",
-          u"PrintSetup", u"Cut", u"Copy", u"Paste", u"Copyto", u"Pastefrom", u"ReadInstrumentData", u"WaitforOPC",
-          u"QueryStatus", u"ConfigOptions"}) {
-      Offer(name, [this, name](const Params& parameters) {
-        Commands.push_back(ToUtf8(name));
-        LastParameters = parameters;
-        PointerInside = Window->MousePointer();
-        if (OnCommand) OnCommand(ToUtf8(name));
-      });
-    }
-  }
+  void OfferSpies();
   [[noreturn]] static void Fail() { HuntERR::Raise(ErrorNumber::CannotCarryOut, u"Somewhere", u"It broke."); }
 
   IForm& Form() { return Window->Form(); }
@@ -127,13 +94,7 @@ protected:
     click();
   }
   /// The click of a button, enabled or not; a button of check style has this value then.
-  void ClickButton(StringView key, std::int32_t value = 0) {
-    auto& bar = FindControl<memory::ToolBar>(Form(), ToolBarName);
-    auto& button = bar.Buttons(key);
-    button.Value(value);
-    const Event<IToolButton&> click = bar.ButtonClick();
-    click(button);
-  }
+  void ClickButton(StringView key, std::int32_t value = 0);
 
   /// The configuration's server, whose writes tell the window nothing.
   static void SetItem(StringView name, StringView value) {
@@ -152,22 +113,7 @@ protected:
   void Save(const String& key, const String& value) { Store->SaveSetting(u"Tolvane Portico", u"frmMain", key, value); }
 
   /// One box has come up: this sentence, a line end and the report, whose trail ends with the label.
-  void ExpectOneBox(StringView sentence, StringView label, StringView text = u"It broke.") {
-    ASSERT_EQ(Box->Calls().size(), m_boxesSeen + 1) << ToUtf8(sentence);
-    const memory::MessageBox::Call& call = Box->Calls().back();
-    m_boxesSeen = Box->Calls().size();
-    const String head = String(sentence).append(NewLine);
-    EXPECT_EQ(ToUtf8(call.Prompt.substr(0, head.size())), ToUtf8(head));
-    EXPECT_EQ(ToUtf8(call.Title), "Tolvane Portico");
-    EXPECT_EQ(call.Buttons, MessageBoxButtons::OKOnly);
-    EXPECT_EQ(call.Icon, MessageBoxIcon::None);
-    const String report = call.Prompt.substr(std::min(head.size(), call.Prompt.size()));
-    EXPECT_EQ(ToUtf8(FirstDescription(report)), ToUtf8(text));
-    const auto calls = CallStack(report);
-    ASSERT_FALSE(calls.empty()) << ToUtf8(report);
-    EXPECT_TRUE(Bears(calls.back(), label)) << ToUtf8(calls.back()) << "\ninstead of\n" << ToUtf8(label);
-    LastTrail = calls;
-  }
+  void ExpectOneBox(StringView sentence, StringView label, StringView text = u"It broke.");
   void ExpectNoBox() {
     EXPECT_EQ(Box->Calls().size(), m_boxesSeen);
     if (Box->Calls().size() > m_boxesSeen) ADD_FAILURE() << ToUtf8(Box->Calls().back().Prompt);

@@ -5,35 +5,6 @@
 #include "memory/Form.h"
 
 namespace portico::memory {
-namespace {
-
-bool HasCaption(ControlKind kind) {
-  switch (kind) {
-  case ControlKind::Menu:
-  case ControlKind::Label:
-  case ControlKind::CheckBox:
-  case ControlKind::CommandButton:
-  case ControlKind::Frame:
-    return true;
-  default:
-    return false;
-  }
-}
-
-bool HasToolTip(ControlKind kind) {
-  switch (kind) {
-  case ControlKind::Menu:
-  case ControlKind::Row:
-  case ControlKind::Page:
-  case ControlKind::Line:
-  case ControlKind::Space:
-    return false;
-  default:
-    return true;
-  }
-}
-
-} // namespace
 
 Control::Control(Form& form, const ControlDesign& design, Control* container)
     : m_form(form), m_design(design), m_container(container), m_visible(design.Visible) {

@@ -32,6 +32,10 @@ enum class ControlKind : std::uint8_t {
   Space, ///< takes what is left over
 };
 
+/// What a kind of control has; one that has it not refuses to have it set.
+bool HasCaption(ControlKind kind);
+bool HasToolTip(ControlKind kind);
+
 /// A menu title, an item, or a bar. A caption is the id of a resource string until the form's strings are loaded; '&'
 /// stands in front of its mnemonic. Items follow their menu in the order of the table.
 struct MenuDesign {

@@ -8,36 +8,6 @@
 #include <utility>
 
 namespace portico::qt {
-namespace {
-
-bool HasCaption(ControlKind kind) {
-  switch (kind) {
-  case ControlKind::Menu:
-  case ControlKind::Label:
-  case ControlKind::CheckBox:
-  case ControlKind::CommandButton:
-  case ControlKind::Frame:
-    return true;
-  default:
-    return false;
-  }
-}
-
-bool HasToolTip(ControlKind kind) {
-  switch (kind) {
-  case ControlKind::Menu:
-  case ControlKind::Row:
-  case ControlKind::Page:
-  case ControlKind::Line:
-  case ControlKind::Space:
-    return false;
-  default:
-    return true;
-  }
-}
-
-} // namespace
-
 Control::Control(const ControlDesign& design, std::shared_ptr<FormLife> life)
     : m_name(design.Name), m_kind(design.Kind), m_tag(design.Tag), m_visible(design.Visible), m_life(std::move(life)) {
   if (HasCaption(m_kind)) m_caption = design.Caption;

@@ -1,0 +1,31 @@
+#include "platform/FormDesign.h"
+
+namespace portico {
+
+bool HasCaption(ControlKind kind) {
+  switch (kind) {
+  case ControlKind::Menu:
+  case ControlKind::Label:
+  case ControlKind::CheckBox:
+  case ControlKind::CommandButton:
+  case ControlKind::Frame:
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool HasToolTip(ControlKind kind) {
+  switch (kind) {
+  case ControlKind::Menu:
+  case ControlKind::Row:
+  case ControlKind::Page:
+  case ControlKind::Line:
+  case ControlKind::Space:
+    return false;
+  default:
+    return true;
+  }
+}
+
+} // namespace portico

@@ -30,8 +30,6 @@ Ref<IDataStore> OpenStore(const String& name) {
 
 } // namespace
 
-void EditCommand::CheckInitialized() const { CheckReady(m_initialized); }
-
 void CCut::Execute() try {
   CheckInitialized();
   Press(u"^X");

@@ -1,37 +1,27 @@
 #pragma once
 
 #include "framework/Creator.h"
-#include "framework/ICommand.h"
+#include "ui/PlainCommand.h"
 
 namespace portico {
 
-/// The commands of the Edit menu. `Execute` raises 0x80041460 before `Initialize`.
-class EditCommand : public ICommand {
-public:
-  void Initialize() { m_initialized = true; }
-
-protected:
-  void CheckInitialized() const;
-
-private:
-  bool m_initialized = false;
-};
+// The commands of the Edit menu.
 
 // Clipboard work goes to whichever control has the focus, by its key. The key arrives after `Execute` has returned.
 
-class CCut final : public EditCommand {
+class CCut final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CCut"; }
   void Execute() override;
 };
 
-class CCopy final : public EditCommand {
+class CCopy final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CCopy"; }
   void Execute() override;
 };
 
-class CPaste final : public EditCommand {
+class CPaste final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CPaste"; }
   void Execute() override;
@@ -41,7 +31,7 @@ public:
 // no error. Without a dialog, or without a store, they raise 31004.
 
 /// A new name leaves an empty log; an existing file is kept, whatever the user answers.
-class CCopyTo final : public EditCommand {
+class CCopyTo final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CCopyTo"; }
   void Execute() override;
@@ -52,7 +42,7 @@ private:
 };
 
 /// A file that does not exist raises 53.
-class CPasteFrom final : public EditCommand {
+class CPasteFrom final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CPasteFrom"; }
   void Execute() override;
@@ -62,7 +52,7 @@ private:
 };
 
 /// Raises 17 at once.
-class CClearHistory final : public EditCommand {
+class CClearHistory final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CClearHistory"; }
   void Execute() override;

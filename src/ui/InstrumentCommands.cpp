@@ -46,8 +46,6 @@ String AskForInstrument() {
 
 } // namespace
 
-void InstrumentCommand::CheckInitialized() const { CheckReady(m_initialized); }
-
 void COpenInstrument::Execute() try {
   CheckInitialized();
   const auto configuration = Server();

@@ -35,7 +35,7 @@ bool MayErase(const String& name) {
 } // namespace
 
 void CNewLogFile::Execute() try {
-  CheckReady(m_initialized);
+  CheckInitialized();
   HuntERR::Check(bool(gConfiguration), ErrorNumber::ObjectRequired, u"This operation requires a configuration server.");
   if (gConfiguration->ItemValue(LogFileName).empty()) {
     OpenNewLogFile();
@@ -69,7 +69,7 @@ void CNewLogFile::CloseLogFile() try {
 }
 
 void CToggleLogging::Execute() try {
-  CheckReady(m_initialized);
+  CheckInitialized();
   const auto logger = Cast<CReportLogger>(MainFormParts()->Logger());
   HuntERR::Check(bool(logger), ErrorNumber::ObjectRequired, u"This operation requires an open logger.");
   if (logger->IsLogging()) {
@@ -82,7 +82,7 @@ void CToggleLogging::Execute() try {
 }
 
 void CViewLogFile::Execute() try {
-  CheckReady(m_initialized);
+  CheckInitialized();
   const auto dialog = MakeSelectDialog();
   const auto viewer = frmViewLog::Make();
   HuntERR::Check(bool(viewer), ErrorNumber::CannotCreate, u"Cannot create a log file viewer.");

@@ -217,7 +217,7 @@ void frmTVSCPIOptions::cmdHelp_Click() {
 }
 
 void CConfigOptions::Execute() try {
-  CheckReady(m_initialized);
+  CheckInitialized();
   const auto dialog = MakeDialog<frmTVSCPIOptions>(u"Failed to create option dialog box.");
   dialog->ShowModal(&MainFormParts()->Form());
 } catch (...) {

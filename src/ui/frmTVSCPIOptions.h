@@ -1,9 +1,9 @@
 #pragma once
 
 #include "framework/Creator.h"
-#include "framework/ICommand.h"
 #include "platform/IDialogControls.h"
 #include "ui/DialogForm.h"
+#include "ui/PlainCommand.h"
 
 namespace portico {
 
@@ -38,14 +38,10 @@ private:
 
 /// Lets the user edit the options. `Execute` raises 0x80041460 before `Initialize`, and 17 if the dialog cannot be
 /// made.
-class CConfigOptions final : public ICommand {
+class CConfigOptions final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CConfigOptions"; }
-  void Initialize() { m_initialized = true; }
   void Execute() override;
-
-private:
-  bool m_initialized = false;
 };
 
 /// "ConfigOptions".

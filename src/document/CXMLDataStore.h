@@ -23,6 +23,8 @@ public:
 
   /// A save has failed, with that text; the error follows.
   Event<StringView> SaveFailed;
+  /// Something was to be saved and is not in the file: the last save has failed, or there was none.
+  bool IsAnythingUnwritten() const { return m_document && m_document->IsAnythingUnsaved(); }
 
   /// Opens the file or makes it. An empty name raises 5. Forgets a session that is open in another file.
   void Initialize(const String& FileName, bool OverWrite);

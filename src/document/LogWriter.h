@@ -42,6 +42,7 @@ public:
   /// Throws NoLogFault, or what the disk throws.
   void Save();
 
+  bool IsAnythingUnsaved() const { return !m_text.empty() || m_stamping; }
   /// A document of what has not been saved; empty if there is no such thing.
   std::string Unsaved() const;
 

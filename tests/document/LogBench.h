@@ -85,4 +85,20 @@ protected:
   std::shared_ptr<MemoryLogDisk> Disk = std::make_shared<MemoryLogDisk>();
 };
 
+/// A store that logs, and whose failed saves are written down.
+class LoggingTest : public StoreTest {
+protected:
+  /// With an open session that holds "1".
+  Ref<CXMLDataStore> Logging() {
+    auto store = Store();
+    store->SaveFailed.Connect([this](StringView text) { Failures.push_back(ToUtf8(text)); });
+    store->OpenSession();
+    Append(store, u"1");
+    return store;
+  }
+
+  std::vector<std::string> Failures;
+  static constexpr char16_t kFull[] = u"The file, conversation.xml, cannot be written: No space left on device.";
+};
+
 } // namespace portico::test

@@ -12,22 +12,12 @@ namespace {
 using Texts = std::vector<std::string>;
 
 /// A log that others change, and a disk that fails.
-class XMLDataStoreFileTest : public StoreTest {
+class XMLDataStoreFileTest : public LoggingTest {
 protected:
-  /// A store with an open session that holds "1", and the texts of failed saves.
-  Ref<CXMLDataStore> Logging() {
-    auto store = Store();
-    store->SaveFailed.Connect([this](StringView text) { Failures.push_back(ToUtf8(text)); });
-    store->OpenSession();
-    Append(store, u"1");
-    return store;
-  }
   std::size_t CountSessions() {
     const auto lines = Tell(Bytes());
     return static_cast<std::size_t>(std::count(lines.begin(), lines.end(), "end"));
   }
-  std::vector<std::string> Failures;
-  static constexpr char16_t kFull[] = u"The file, conversation.xml, cannot be written: No space left on device.";
 };
 
 TEST_F(XMLDataStoreFileTest, AnAppendTouchesNothingInFrontOfTheClosingTags) {

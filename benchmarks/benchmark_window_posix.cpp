@@ -14,7 +14,7 @@
 #include "framework/modGlobals.h"
 #include "qt/EventLoop.h"
 #include "qt/Toolkit.h"
-#include "simulator/SimulatedInstrument.h"
+#include "simulator/DeviceRack.h"
 #include "ui/KnownInstruments.h"
 #include "ui/frmMain.h"
 
@@ -197,7 +197,8 @@ int main(int argc, char** argv) {
   SteadyClock clock;
   const qt::Toolkit toolkit(qt::FindHelpFolder());
   gInstrumentDriver = std::make_shared<InstrumentDriver>(
-      StandardTransports([](std::string_view device) { return simulator::SimulatedInstrument::Make(device, 1); },
+      StandardTransports([devices = std::make_shared<simulator::DeviceRack>(1)](
+                             std::string_view device) { return devices->Connect(device); },
                          clock),
       SessionOptions{clock});
   gInstrumentList = std::make_shared<KnownInstruments>();

@@ -1,6 +1,7 @@
 // Feeds a multimeter any bytes, in pieces of any size and at any times, and reads what it answers.
 
-#include "simulator/SimulatedInstrument.h"
+#include "simulator/Device.h"
+#include "simulator/StreamConnection.h"
 
 #include <algorithm>
 #include <chrono>
@@ -8,11 +9,13 @@
 #include <cstdint>
 #include <string_view>
 
-using portico::simulator::SimulatedInstrument;
+using portico::simulator::Device;
+using portico::simulator::StreamConnection;
 using portico::simulator::TimePoint;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const auto instrument = SimulatedInstrument::Make("dmm", 1);
+  const auto device = Device::Make("dmm", 1);
+  StreamConnection connection(*device);
   // An answer without end gives a piece at each of its events: two are as good as all.
   constexpr int kMostEvents = 2;
   std::string_view input(reinterpret_cast<const char*>(data), size);
@@ -23,11 +26,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     input.remove_prefix(1);
     const std::string_view piece = input.substr(0, control + 1U);
     input.remove_prefix(piece.size());
-    instrument->Write(piece, now);
+    connection.Write(piece, now);
     for (int i = 0; i < kMostEvents; ++i) {
-      while (instrument->Read(now)) {
+      while (connection.Read(now)) {
       }
-      const auto next = instrument->NextEvent();
+      const auto next = connection.NextEvent();
       if (!next) break;
       now = std::max(now, *next);
     }

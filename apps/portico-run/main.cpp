@@ -10,7 +10,7 @@
 #include "memory/EventLoop.h"
 #include "memory/RichTextBox.h"
 #include "memory/SettingsStore.h"
-#include "simulator/SimulatedInstrument.h"
+#include "simulator/DeviceRack.h"
 #include "terminal/BatchRun.h"
 #include "terminal/Diagnostic.h"
 #include "terminal/FileSizeLimit.h"
@@ -85,9 +85,9 @@ int Run(const RunOptions& options) {
   gEventLoop = loop;
   gSettingsStore = std::make_shared<memory::SettingsStore>();
   gInstrumentDriver = std::make_shared<InstrumentDriver>(
-      StandardTransports(
-          [](std::string_view device) { return simulator::SimulatedInstrument::Make(device, SimulatorSeed); },
-          driverClock),
+      StandardTransports([devices = std::make_shared<simulator::DeviceRack>(SimulatorSeed)](
+                             std::string_view device) { return devices->Connect(device); },
+                         driverClock),
       SessionOptions{driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &notice});
   const auto window = New<TerminalWindow>(New<memory::RichTextBox>(), New<memory::RichTextBox>(),
                                           New<memory::RichTextBox>(), [&] { return interrupts.Requested(); });

@@ -1,3 +1,4 @@
+#include "simulator/Device.h"
 #include "simulator/SocketServer.h"
 
 #include <CLI/CLI.hpp>
@@ -6,12 +7,14 @@
 #include <csignal>
 #include <cstdint>
 #include <iostream>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <system_error>
 
 namespace {
 
+using portico::simulator::Device;
 using portico::simulator::SocketServer;
 
 constexpr int kUsageError = 2;
@@ -37,16 +40,16 @@ std::string WholeNumber(const std::string& text) {
 
 int main(int argc, char** argv) {
   SocketServer::Options options;
-  CLI::App app("Serves a simulated instrument over TCP; each connection gets an instrument of its own.", "portico-sim");
+  std::string kind = "dmm";
+  std::uint64_t seed = 1;
+  CLI::App app("Serves a simulated instrument over TCP, one for all connections.", "portico-sim");
   app.set_version_flag("--version", "portico-sim " PORTICO_VERSION);
-  app.add_option("--device", options.device, "The kind of instrument: dmm, psu or scope")->capture_default_str();
+  app.add_option("--device", kind, "The kind of instrument: dmm, psu or scope")->capture_default_str();
   app.add_option("--port", options.port, "The TCP port; 0 picks a free one")
       ->check(CLI::Range(0, 65535))
       ->capture_default_str();
   app.add_option("--bind", options.address, "The IPv4 or IPv6 address to listen on")->capture_default_str();
-  app.add_option("--seed", options.seed, "The start of all that looks random")
-      ->check(WholeNumber)
-      ->capture_default_str();
+  app.add_option("--seed", seed, "The start of all that looks random")->check(WholeNumber)->capture_default_str();
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -54,8 +57,11 @@ int main(int argc, char** argv) {
     return Complain(error.what(), "try portico-sim --help");
   }
 
+  const std::unique_ptr<Device> device = Device::Make(kind, seed);
+  if (!device)
+    return Complain("'" + kind + "' is not a device; there are dmm, psu and scope", "try portico-sim --help");
   try {
-    SocketServer server(options);
+    SocketServer server(*device, options);
     running = &server;
     std::signal(SIGINT, StopServer);
     std::signal(SIGTERM, StopServer);

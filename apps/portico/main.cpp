@@ -12,7 +12,7 @@
 #include "framework/Quit.h"
 #include "qt/EventLoop.h"
 #include "qt/Toolkit.h"
-#include "simulator/SimulatedInstrument.h"
+#include "simulator/DeviceRack.h"
 #include "ui/KnownInstruments.h"
 #include "ui/frmMain.h"
 
@@ -39,9 +39,9 @@ struct Wiring {
   Wiring() {
     HuntERR::SetEnvironment(&m_environment);
     gInstrumentDriver = std::make_shared<InstrumentDriver>(
-        StandardTransports(
-            [](std::string_view device) { return simulator::SimulatedInstrument::Make(device, SimulatorSeed); },
-            m_clock),
+        StandardTransports([devices = std::make_shared<simulator::DeviceRack>(SimulatorSeed)](
+                               std::string_view device) { return devices->Connect(device); },
+                           m_clock),
         SessionOptions{m_clock});
     gInstrumentList = std::make_shared<KnownInstruments>();
     gRegistry = std::make_shared<DriverRegistry>(ToUtf8(ApplicationVersion()));

@@ -4,24 +4,24 @@
 
 namespace portico {
 
-SimulatedTransport::SimulatedTransport(std::string device, SimulatedInstrumentFactory factory, IClock& clock)
-    : m_device(std::move(device)), m_factory(std::move(factory)), m_clock(clock) {}
+SimulatedTransport::SimulatedTransport(std::string device, SimulatorConnector connect, IClock& clock)
+    : m_device(std::move(device)), m_connect(std::move(connect)), m_clock(clock) {}
 
 DriverResult SimulatedTransport::Open(TimePoint /*deadline*/) {
   Close();
-  m_instrument = m_factory(m_device);
-  if (m_instrument == nullptr) return {DriverStatus::UnknownSimulatedDevice, m_device};
+  m_connection = m_connect(m_device);
+  if (m_connection == nullptr) return {DriverStatus::UnknownSimulatedDevice, m_device};
   return {};
 }
 
 void SimulatedTransport::Close() noexcept {
-  m_instrument.reset();
+  m_connection.reset();
   m_response.clear();
   m_position = 0;
 }
 
 DriverResult SimulatedTransport::Write(std::string_view bytes, TimePoint /*deadline*/) {
-  m_instrument->Write(bytes, m_clock.Now());
+  m_connection->Write(bytes, m_clock.Now());
   return {};
 }
 
@@ -37,12 +37,12 @@ bool SimulatedTransport::AwaitResponse(TimePoint deadline) {
   for (;;) {
     const TimePoint now = m_clock.Now();
     if (now >= deadline) return false;
-    if (auto response = m_instrument->Read(now); response && !response->empty()) {
+    if (auto response = m_connection->Read(now); response && !response->empty()) {
       m_response = std::move(*response);
       m_position = 0;
       return true;
     }
-    const auto event = m_instrument->NextEvent();
+    const auto event = m_connection->NextEvent();
     m_clock.SleepUntil(event && *event > now ? std::min(*event, deadline) : deadline);
   }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drivers/ITransport.h"
-#include "simulator/SimulatedInstrument.h"
+#include "simulator/SimulatedConnection.h"
 
 #include <functional>
 #include <memory>
@@ -9,18 +9,18 @@
 
 namespace portico {
 
-/// Makes the simulated instrument of a device name; a null pointer if there is none of that name.
-using SimulatedInstrumentFactory =
-    std::function<std::unique_ptr<simulator::SimulatedInstrument>(const std::string& device)>;
+/// Connects to the simulated instrument of a device name; a null pointer if there is none of that name. The instruments
+/// live as long as the function.
+using SimulatorConnector = std::function<std::unique_ptr<simulator::SimulatedConnection>(const std::string& device)>;
 
 /// A simulated instrument in this process. It carries a plain stream of bytes, so that an instrument behaves here just
 /// as it does when it is served over a socket.
 class SimulatedTransport final : public ITransport {
 public:
   /// `clock` must outlive the transport.
-  SimulatedTransport(std::string device, SimulatedInstrumentFactory factory, IClock& clock);
+  SimulatedTransport(std::string device, SimulatorConnector connect, IClock& clock);
 
-  /// Makes a fresh instrument.
+  /// Makes a fresh connection; the instrument is as the last one left it.
   DriverResult Open(TimePoint deadline) override;
   void Close() noexcept override;
   DriverResult Write(std::string_view bytes, TimePoint deadline) override;
@@ -32,9 +32,9 @@ private:
   bool AwaitResponse(TimePoint deadline);
 
   const std::string m_device;
-  const SimulatedInstrumentFactory m_factory;
+  const SimulatorConnector m_connect;
   IClock& m_clock;
-  std::unique_ptr<simulator::SimulatedInstrument> m_instrument;
+  std::unique_ptr<simulator::SimulatedConnection> m_connection;
   std::string m_response;
   /// How much of `m_response` has been read.
   std::size_t m_position = 0;

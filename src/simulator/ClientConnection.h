@@ -1,25 +1,24 @@
 #pragma once
 
 #include "simulator/FileDescriptor.h"
-#include "simulator/Instrument.h"
+#include "simulator/StreamConnection.h"
 
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <string>
 
 namespace portico::simulator {
 
-/// One client of the server, with an instrument of its own.
+/// One client of the server and its connection to the device.
 ///
 /// No more is read from a client that does not take its answers, so that neither side's memory grows without bound.
 class ClientConnection {
 public:
-  /// `socket` is connected and does not block.
-  ClientConnection(FileDescriptor socket, std::unique_ptr<Instrument> instrument);
+  /// `socket` is connected and does not block; `device` must outlive the connection.
+  ClientConnection(FileDescriptor socket, Device& device);
 
   int Descriptor() const { return m_socket.Get(); }
-  bool WantsInput() const { return !m_inputEnded && m_output.empty() && m_instrument->AcceptsInput(); }
+  bool WantsInput() const { return !m_inputEnded && m_output.empty() && m_connection.AcceptsInput(); }
   bool WantsOutput() const { return !m_output.empty(); }
   /// When Exchange() is next due though nothing arrives.
   std::optional<TimePoint> NextEvent() const;
@@ -37,7 +36,7 @@ private:
   void Collect(TimePoint now);
 
   FileDescriptor m_socket;
-  std::unique_ptr<Instrument> m_instrument;
+  StreamConnection m_connection;
   std::string m_output;
   std::size_t m_sent = 0; ///< of m_output
   bool m_inputEnded = false;

@@ -10,7 +10,7 @@
 namespace portico::simulator {
 namespace {
 
-// What Instrument::AcceptsInput() promises room for.
+// What Connection::AcceptsInput() promises room for.
 constexpr std::size_t kReceiveBytes = 65536;
 
 /// Answers are gathered up to this size before they are sent: a client may ask many questions at once.
@@ -20,27 +20,27 @@ bool WouldBlock(int error) { return error == EAGAIN || error == EWOULDBLOCK || e
 
 } // namespace
 
-ClientConnection::ClientConnection(FileDescriptor socket, std::unique_ptr<Instrument> instrument)
-    : m_socket(std::move(socket)), m_instrument(std::move(instrument)) {}
+ClientConnection::ClientConnection(FileDescriptor socket, Device& device)
+    : m_socket(std::move(socket)), m_connection(device) {}
 
 std::optional<TimePoint> ClientConnection::NextEvent() const {
   if (!m_output.empty()) return std::nullopt; // first the client takes what there is
-  return m_instrument->NextEvent();
+  return m_connection.NextEvent();
 }
 
 void ClientConnection::Exchange(bool readable, TimePoint now) {
   if (readable) Receive(now);
   Send(now);
   // A client that only ended its own side still gets the answers that are under way.
-  const bool over = m_inputEnded || m_instrument->CloseRequested();
-  if (over && m_output.empty() && !m_instrument->NextEvent()) m_finished = true;
+  const bool over = m_inputEnded || m_connection.CloseRequested();
+  if (over && m_output.empty() && !m_connection.Busy()) m_finished = true;
 }
 
 void ClientConnection::Receive(TimePoint now) {
   std::array<char, kReceiveBytes> buffer; // not cleared: that would cost more than a short message does
   const ssize_t count = recv(m_socket.Get(), buffer.data(), buffer.size(), 0);
   if (count > 0) {
-    m_instrument->Write(std::string_view(buffer.data(), static_cast<std::size_t>(count)), now);
+    m_connection.Write(std::string_view(buffer.data(), static_cast<std::size_t>(count)), now);
   } else if (count == 0) {
     m_inputEnded = true;
   } else if (!WouldBlock(errno)) {
@@ -67,7 +67,7 @@ void ClientConnection::Send(TimePoint now) {
 
 void ClientConnection::Collect(TimePoint now) {
   while (m_output.size() < kSendBytes) {
-    auto response = m_instrument->Read(now);
+    auto response = m_connection.Read(now);
     if (!response) return;
     if (m_output.empty()) {
       m_output = std::move(*response);

@@ -42,7 +42,7 @@ void CommonCommands::EventEnable(const Call& /*call*/) { m_executor.Respond(std:
 
 void CommonCommands::EventStatus(const Call& /*call*/) { m_executor.Respond(std::to_string(m_status.TakeEvent())); }
 
-void CommonCommands::Identification(const Call& /*call*/) { m_executor.Respond(m_device.Identification()); }
+void CommonCommands::Identification(const Call& /*call*/) { m_executor.Respond(m_model.Identification()); }
 
 void CommonCommands::OperationComplete(const Call& /*call*/) { m_executor.ReportCompletion(); }
 
@@ -53,7 +53,7 @@ void CommonCommands::AwaitCompletion(const Call& /*call*/) {
 void CommonCommands::Reset(const Call& /*call*/) {
   m_executor.ForgetCompletion();
   m_executor.CancelOperation();
-  m_device.Reset();
+  m_model.Reset();
   m_executor.StartOperation(kResetTime, 0);
   m_executor.WhenIdle([] {});
 }
@@ -67,7 +67,7 @@ void CommonCommands::ServiceEnable(const Call& /*call*/) {
 }
 
 void CommonCommands::StatusByte(const Call& /*call*/) {
-  m_executor.Respond(std::to_string(m_status.StatusByte(m_executor.MessageAvailable())));
+  m_executor.Respond(std::to_string(m_status.StatusByte(m_executor.Current().MessageAvailable())));
 }
 
 void CommonCommands::SelfTest(const Call& /*call*/) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "simulator/CommandTree.h"
-#include "simulator/Device.h"
 #include "simulator/Executor.h"
+#include "simulator/InstrumentModel.h"
 #include "simulator/StatusModel.h"
 
 namespace portico::simulator {
@@ -10,8 +10,8 @@ namespace portico::simulator {
 /// The common commands of IEEE 488.2.
 class CommonCommands {
 public:
-  CommonCommands(Device& device, Executor& executor, StatusModel& status)
-      : m_device(device), m_executor(executor), m_status(status) {}
+  CommonCommands(InstrumentModel& model, Executor& executor, StatusModel& status)
+      : m_model(model), m_executor(executor), m_status(status) {}
 
   void AddTo(CommandTree& tree);
 
@@ -30,7 +30,7 @@ private:
   void SelfTest(const Call& call);
   void Wait(const Call& call);
 
-  Device& m_device;
+  InstrumentModel& m_model;
   Executor& m_executor;
   StatusModel& m_status;
 };

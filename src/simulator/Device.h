@@ -1,24 +1,41 @@
 #pragma once
 
-#include "simulator/CommandTree.h"
+#include "simulator/CommonCommands.h"
+#include "simulator/FaultCommands.h"
+#include "simulator/InstrumentModel.h"
+#include "simulator/SystemCommands.h"
 
+#include <cstdint>
+#include <functional>
+#include <memory>
 #include <string_view>
 
 namespace portico::simulator {
 
-/// What makes one kind of instrument different from another: its identity, its settings and its own commands.
+/// A simulated instrument as a whole. It carries out complete program messages for any number of connections, by
+/// whatever protocol they come, and holds all that outlives a connection: settings, stored data, the status registers,
+/// the error queue, and what is under way.
+///
+/// It belongs to whoever wires a driver or a server, and must outlive the connections to it.
 class Device {
 public:
-  virtual ~Device() = default;
+  /// Makes an instrument in the state after power-on: "dmm", "psu" or "scope", in any case. An unknown kind gives a
+  /// null pointer.
+  static std::unique_ptr<Device> Make(std::string_view kind, std::uint64_t seed);
 
-  /// The answer to `*IDN?`: maker, model, serial number and firmware version.
-  virtual std::string_view Identification() const = 0;
+  using ModelMaker = std::function<std::unique_ptr<InstrumentModel>(Executor&, StatusModel&)>;
+  Device(const ModelMaker& makeModel, std::uint64_t seed);
 
-  /// `*RST`: gives every setting its default and forgets what was measured.
-  virtual void Reset() = 0;
+private:
+  friend class Connection;
 
-  /// Adds the device's own commands.
-  virtual void AddTo(CommandTree& tree) = 0;
+  StatusModel m_status;
+  CommandTree m_tree;
+  Executor m_executor{m_tree, m_status};
+  std::unique_ptr<InstrumentModel> m_model;
+  CommonCommands m_common;
+  SystemCommands m_system{m_executor, m_status};
+  FaultCommands m_faults;
 };
 
 } // namespace portico::simulator

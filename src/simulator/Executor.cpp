@@ -8,9 +8,6 @@
 namespace portico::simulator {
 namespace {
 
-/// What a message in the queue costs besides its characters.
-constexpr std::size_t kQueuedMessageBytes = sizeof(std::string);
-
 /// After a command or query error the rest of the message is not to be trusted, or not to be answered. An execution
 /// error fails its own unit only.
 bool AbandonsMessage(ErrorCode code) {
@@ -20,15 +17,14 @@ bool AbandonsMessage(ErrorCode code) {
 
 } // namespace
 
-Executor::Executor(const CommandTree& commands, StatusModel& status, ResponseQueue& responses)
-    : m_commands(commands), m_status(status), m_responses(responses) {}
+Executor::Executor(const CommandTree& commands, StatusModel& status) : m_commands(commands), m_status(status) {}
 
-void Executor::Submit(std::string message) {
-  m_inputBytes += message.size() + kQueuedMessageBytes;
-  m_input.push_back(std::move(message));
+std::shared_ptr<MessageExchange> Executor::Join() {
+  return m_exchanges.emplace_back(std::make_shared<MessageExchange>());
 }
 
 void Executor::Run(TimePoint now) {
+  Proceed(); // a connection that was lost since may have let go of its input
   while (m_operation && m_operation->end <= now) {
     m_clock = m_operation->end;
     EndOperation();
@@ -36,48 +32,60 @@ void Executor::Run(TimePoint now) {
   }
   m_clock = std::max(m_clock, now);
   Proceed();
+  std::erase_if(m_exchanges, [](const auto& exchange) { return exchange->Abandoned() && !exchange->Busy(); });
 }
 
 std::optional<TimePoint> Executor::OperationEnd() const {
-  if (!m_operation) return std::nullopt;
+  if (!m_operation || m_operation->end == TimePoint::max()) return std::nullopt;
   return m_operation->end;
 }
 
 void Executor::Proceed() {
-  for (;;) {
-    if (m_hold) {
-      if (m_operation) return;
-      Guard(std::exchange(m_hold, nullptr));
-    } else if (m_message) {
-      if (!ExecuteUnit()) FinishMessage();
-    } else if (!BeginMessage()) {
-      return;
+  for (bool more = true; more;) {
+    more = false;
+    while (ReleaseOne()) {
+    }
+    for (const auto& exchange : m_exchanges) {
+      if (!exchange->Begin()) continue;
+      CarryOn(exchange);
+      more = true;
     }
   }
 }
 
-bool Executor::BeginMessage() {
-  if (m_halted || m_input.empty() || m_responses.Full()) return false;
-  m_message = std::move(m_input.front());
-  m_input.pop_front();
-  m_inputBytes -= m_message->size() + kQueuedMessageBytes;
-  m_parser = UnitParser(*m_message);
+/// Goes on with the message that may go on first: one that awaited a certain operation before those that were only
+/// waiting for their turn.
+bool Executor::ReleaseOne() {
+  auto released = std::find_if(m_holds.begin(), m_holds.end(), [this](const Hold& hold) {
+    return hold.operation && !(m_operation && m_operation->number == *hold.operation);
+  });
+  if (released == m_holds.end() && !m_operation) released = m_holds.begin();
+  if (released == m_holds.end()) return false;
+  Hold hold = std::move(*released);
+  m_holds.erase(released);
+  CarryOn(hold.exchange, std::move(hold.then));
   return true;
+}
+
+/// Goes on with a message until its end or until it is held.
+void Executor::CarryOn(const std::shared_ptr<MessageExchange>& exchange, std::function<void()> first) {
+  m_current = exchange;
+  m_currentHeld = false;
+  if (first) Guard(std::move(first));
+  while (!m_currentHeld && exchange->Begun()) {
+    if (!ExecuteUnit()) FinishMessage();
+  }
+  m_current.reset();
 }
 
 /// False at the end of the message.
 bool Executor::ExecuteUnit() {
   bool more = false;
   Guard([this, &more] {
-    more = !m_halted && m_parser.Next(m_unit);
+    more = m_current->Next(m_unit);
     if (more) m_commands.Invoke(m_unit);
   });
   return more;
-}
-
-void Executor::FinishMessage() {
-  m_message.reset();
-  if (std::exchange(m_responding, false)) m_responses.Push(std::exchange(m_response, {}), m_clock);
 }
 
 template <class Action>
@@ -90,19 +98,10 @@ void Executor::Guard(Action action) {
   }
 }
 
-void Executor::Respond(std::string_view data) {
-  if (m_response.size() + data.size() >= kLongestResponse) {
-    m_response = {};
-    m_responding = false;
-    throw ScpiError(ErrorCode::QueryDeadlocked);
-  }
-  if (std::exchange(m_responding, true)) m_response += ';';
-  m_response += data;
-}
-
 void Executor::StartOperation(Duration duration, std::uint16_t condition, std::function<void()> atEnd) {
   if (m_operation) m_status.Operation().Clear(m_operation->condition);
-  m_operation = {m_clock + duration, condition, std::move(atEnd)};
+  const TimePoint end = duration == kForever ? TimePoint::max() : m_clock + duration;
+  m_operation = {end, condition, std::move(atEnd), ++m_operations};
   m_status.Operation().Set(condition);
 }
 
@@ -117,15 +116,31 @@ void Executor::EndOperation() {
   m_operation.reset();
   m_status.Operation().Clear(ended.condition);
   if (ended.atEnd) ended.atEnd();
+  if (m_operation) return;
   if (std::exchange(m_reportCompletion, false)) m_status.SetEvent(event::kOperationComplete);
 }
 
 void Executor::WhenIdle(std::function<void()> then) {
   if (m_operation) {
-    m_hold = std::move(then);
+    AddHold(std::move(then), std::nullopt);
   } else {
     then();
   }
+}
+
+void Executor::Await(std::function<void()> then) { AddHold(std::move(then), m_operation->number); }
+
+void Executor::Supersede(std::function<void()> then) {
+  const bool awaited = m_operation && std::any_of(m_holds.begin(), m_holds.end(), [this](const Hold& hold) {
+                         return hold.operation == m_operation->number;
+                       });
+  if (!awaited) CancelOperation();
+  WhenIdle(std::move(then));
+}
+
+void Executor::AddHold(std::function<void()> then, std::optional<std::uint64_t> operation) {
+  m_holds.push_back({m_current, std::move(then), operation});
+  m_currentHeld = true;
 }
 
 void Executor::ReportCompletion() {

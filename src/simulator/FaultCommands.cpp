@@ -9,7 +9,7 @@ namespace {
 
 constexpr Limits kDelaySeconds{0, 3600, 0, Quantity::Time};
 constexpr std::int64_t kDefaultGarbageBytes = 256;
-constexpr std::int64_t kMostBytes = Executor::kLongestResponse - 1;
+constexpr std::int64_t kMostBytes = MessageExchange::kLongestResponse - 1;
 
 } // namespace
 
@@ -28,15 +28,15 @@ void FaultCommands::AddTo(CommandTree& tree) {
 
 void FaultCommands::Delay(const Call& call) {
   const std::chrono::duration<double> delay(call.Number(0, kDelaySeconds));
-  m_responses.DelayNext(std::chrono::duration_cast<ResponseQueue::Duration>(delay));
+  m_executor.Faults().delay = std::chrono::duration_cast<Executor::Duration>(delay);
 }
 
-void FaultCommands::Silent(const Call& call) { m_responses.SetSilent(call.Boolean(0)); }
+void FaultCommands::Silent(const Call& call) { m_executor.Faults().silent = call.Boolean(0); }
 
-void FaultCommands::Close(const Call& /*call*/) { m_executor.Halt(); }
+void FaultCommands::Close(const Call& /*call*/) { m_executor.Current().Halt(); }
 
 void FaultCommands::Endless(const Call& /*call*/) {
-  m_responses.MakeNextEndless();
+  m_executor.Current().MakeEndless();
   m_executor.Respond("7");
 }
 

@@ -3,7 +3,6 @@
 #include "simulator/CommandTree.h"
 #include "simulator/Executor.h"
 #include "simulator/Random.h"
-#include "simulator/ResponseQueue.h"
 #include "simulator/StatusModel.h"
 
 #include <cstdint>
@@ -13,8 +12,8 @@ namespace portico::simulator {
 /// The SIMulator subsystem, which no real instrument has: it makes every device misbehave, for tests of clients.
 class FaultCommands {
 public:
-  FaultCommands(Executor& executor, StatusModel& status, ResponseQueue& responses, std::uint64_t seed)
-      : m_executor(executor), m_status(status), m_responses(responses), m_random(seed) {}
+  FaultCommands(Executor& executor, StatusModel& status, std::uint64_t seed)
+      : m_executor(executor), m_status(status), m_random(seed) {}
 
   void AddTo(CommandTree& tree);
 
@@ -29,7 +28,6 @@ private:
 
   Executor& m_executor;
   StatusModel& m_status;
-  ResponseQueue& m_responses;
   Random m_random;
 };
 

@@ -160,7 +160,7 @@ void Multimeter::Reset() {
 
 // What is measured, and how.
 
-void Multimeter::ConfigureFrom(Function function, const Call& call) {
+Multimeter::Setup Multimeter::SetupFrom(Function function, const Call& call) {
   const FunctionTraits& traits = kFunctions[function];
   Setup setup{traits.standardRange, true, kCycles.standard};
   if (call.Count() > 0 && !call.IsKeyword(0, "AUTO") && !call.IsKeyword(0, "DEFault")) {
@@ -172,6 +172,10 @@ void Multimeter::ConfigureFrom(Function function, const Call& call) {
     const double usual = setup.range * ResolutionOf(kCycles.standard);
     setup.cycles = CyclesFor(call.Number(1, {finest, setup.range, usual, traits.quantity}) / setup.range);
   }
+  return setup;
+}
+
+void Multimeter::ConfigureTo(Function function, const Setup& setup) {
   m_function = function;
   m_setups[function] = setup;
   m_samples = m_triggers = 1;
@@ -179,15 +183,15 @@ void Multimeter::ConfigureFrom(Function function, const Call& call) {
 
 template <Multimeter::Function function>
 void Multimeter::Configure(const Call& call) {
-  m_executor.CancelOperation();
-  ConfigureFrom(function, call);
+  m_executor.Supersede([this, setup = SetupFrom(function, call)] { ConfigureTo(function, setup); });
 }
 
 template <Multimeter::Function function>
 void Multimeter::Measure(const Call& call) {
-  m_executor.CancelOperation();
-  ConfigureFrom(function, call);
-  ReadWhenIdle();
+  m_executor.Supersede([this, setup = SetupFrom(function, call)] {
+    ConfigureTo(function, setup);
+    MeasureAndRespond();
+  });
 }
 
 void Multimeter::Configuration(const Call& /*call*/) {
@@ -272,11 +276,9 @@ void Multimeter::StartMeasurement() {
                             [this, taken = std::move(readings)]() mutable { m_readings = std::move(taken); });
 }
 
-void Multimeter::ReadWhenIdle() {
-  m_executor.WhenIdle([this] {
-    StartMeasurement();
-    m_executor.WhenIdle([this] { RespondReadings(); });
-  });
+void Multimeter::MeasureAndRespond() {
+  StartMeasurement();
+  m_executor.Await([this] { RespondReadings(); });
 }
 
 void Multimeter::RespondReadings() {
@@ -295,7 +297,9 @@ void Multimeter::Fetch(const Call& /*call*/) {
   m_executor.WhenIdle([this] { RespondReadings(); });
 }
 
-void Multimeter::Read(const Call& /*call*/) { ReadWhenIdle(); }
+void Multimeter::Read(const Call& /*call*/) {
+  m_executor.WhenIdle([this] { MeasureAndRespond(); });
+}
 
 void Multimeter::SetSamples(const Call& call) { m_samples = call.Integer(0, 1, kMostSamples); }
 

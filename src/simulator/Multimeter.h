@@ -1,7 +1,7 @@
 #pragma once
 
-#include "simulator/Device.h"
 #include "simulator/Executor.h"
+#include "simulator/InstrumentModel.h"
 #include "simulator/Random.h"
 #include "simulator/StatusModel.h"
 
@@ -15,7 +15,7 @@ namespace portico::simulator {
 
 /// The device "dmm": a bench multimeter that measures a steady source with noise, in the time that its integration
 /// over power line cycles of 50 Hz takes.
-class Multimeter final : public Device {
+class Multimeter final : public InstrumentModel {
 public:
   Multimeter(Executor& executor, StatusModel& status, std::uint64_t seed);
 
@@ -72,9 +72,10 @@ private:
   void SetTrace(const Call& call);
   void Trace(const Call& call);
 
-  void ConfigureFrom(Function function, const Call& call);
+  static Setup SetupFrom(Function function, const Call& call);
+  void ConfigureTo(Function function, const Setup& setup);
   void StartMeasurement();
-  void ReadWhenIdle();
+  void MeasureAndRespond();
   double Reading();
   void RespondReadings();
   std::string MakeTrace(std::size_t points);

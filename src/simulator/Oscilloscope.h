@@ -1,7 +1,7 @@
 #pragma once
 
-#include "simulator/Device.h"
 #include "simulator/Executor.h"
+#include "simulator/InstrumentModel.h"
 #include "simulator/Random.h"
 
 #include <array>
@@ -12,7 +12,7 @@
 namespace portico::simulator {
 
 /// The device "scope": four channels, each with a sine of its own frequency, and records of one byte a point.
-class Oscilloscope final : public Device {
+class Oscilloscope final : public InstrumentModel {
 public:
   Oscilloscope(Executor& executor, StatusModel& status, std::uint64_t seed);
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "simulator/Device.h"
 #include "simulator/Executor.h"
+#include "simulator/InstrumentModel.h"
 #include "simulator/Random.h"
 
 #include <array>
@@ -12,7 +12,7 @@ namespace portico::simulator {
 
 /// The device "psu": a supply of two outputs, each with a resistor across it. A header without a channel suffix means
 /// the output that `INSTrument:NSELect` chose.
-class PowerSupply final : public Device {
+class PowerSupply final : public InstrumentModel {
 public:
   PowerSupply(Executor& executor, StatusModel& status, std::uint64_t seed);
 

@@ -12,16 +12,16 @@ constexpr auto kPieceInterval = std::chrono::milliseconds(1);
 
 } // namespace
 
-void ResponseQueue::Push(std::string message, TimePoint now) {
-  if (m_silent || m_nextPiece) return; // behind an answer without end nothing can ever be read
-  TimePoint readyAt = now + std::exchange(m_delay, Duration::zero());
+void ResponseQueue::Push(std::string message, TimePoint readyAt, bool endless) {
+  if (m_nextPiece) return; // behind an answer without end nothing can ever be read
   if (!m_messages.empty()) readyAt = std::max(readyAt, m_messages.back().readyAt);
-  if (std::exchange(m_nextIsEndless, false)) {
+  if (endless) {
     m_nextPiece = readyAt;
   } else {
     message += '\n';
   }
   m_bytes += message.size();
+  ++m_count;
   m_messages.push_back({std::move(message), readyAt});
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/SimulatedInstrument.h"
+#include "simulator/SimulatedConnection.h"
 
 #include <cstddef>
 #include <deque>
@@ -9,20 +9,18 @@
 
 namespace portico::simulator {
 
-/// The output of an instrument: response messages in the order in which they were made, each ready from some time on.
-/// It also plays the faults that concern answers.
+/// The output to one connection: response messages in the order in which they were made, each ready from some time on.
 class ResponseQueue {
 public:
-  using Duration = TimePoint::duration;
-
   static constexpr std::size_t kMostMessages = 1024;
   static constexpr std::size_t kMostBytes = 4U << 20U;
 
   /// No more messages are to be added until one was taken. One message alone may be larger than the bound.
   bool Full() const { return m_messages.size() >= kMostMessages || m_bytes >= kMostBytes; }
 
-  /// Adds a response message without its line feed, which is added here.
-  void Push(std::string message, TimePoint now);
+  /// Adds a response message without its line feed, which is added here. It is ready at `readyAt`, and not before those
+  /// ahead of it. An endless one goes on in pieces, without a line feed, for as long as they are taken.
+  void Push(std::string message, TimePoint readyAt, bool endless = false);
 
   /// The next message that is ready at `now`, or the next piece of an answer without end.
   std::optional<std::string> Pop(TimePoint now);
@@ -31,14 +29,9 @@ public:
   std::optional<TimePoint> NextReady() const;
 
   bool Empty() const { return m_messages.empty(); }
+  /// How many messages have been added.
+  std::size_t Count() const { return m_count; }
   void Clear();
-
-  /// The next message becomes ready this much later than it was made.
-  void DelayNext(Duration delay) { m_delay = delay; }
-  /// While silent, answers are dropped.
-  void SetSilent(bool silent) { m_silent = silent; }
-  /// The next message never ends: it goes on in pieces, without a line feed, for as long as they are taken.
-  void MakeNextEndless() { m_nextIsEndless = true; }
 
 private:
   struct Message {
@@ -48,9 +41,7 @@ private:
 
   std::deque<Message> m_messages;
   std::size_t m_bytes = 0;
-  Duration m_delay{};
-  bool m_silent = false;
-  bool m_nextIsEndless = false;
+  std::size_t m_count = 0;
   std::optional<TimePoint> m_nextPiece; ///< of the answer without end
 };
 

@@ -11,25 +11,21 @@
 
 namespace portico::simulator {
 
-/// Serves a simulated instrument over TCP, in one thread: bytes only, as instruments do on port 5025.
-///
-/// Each connection gets an instrument of its own, fresh and with the same seed, so that clients do not disturb each
-/// other and every session can be repeated.
+/// Serves a device over TCP, in one thread: bytes only, as instruments do on port 5025. All clients meet the same one.
 class SocketServer {
 public:
   /// The port that IANA has registered for SCPI over a raw socket.
   static constexpr std::uint16_t kStandardPort = 5025;
 
   struct Options {
-    std::string device = "dmm";         ///< as in SimulatedInstrument::Make()
     std::string address = "127.0.0.1";  ///< of the interface, IPv4 or IPv6, in figures
     std::uint16_t port = kStandardPort; ///< 0 picks a free one
-    std::uint64_t seed = 1;
   };
 
-  /// Listens from now on; connections are accepted while Run() runs. Throws std::invalid_argument for an unknown device
-  /// or what is not an address, and std::system_error if the operating system refuses.
-  explicit SocketServer(Options options);
+  /// Listens from now on; connections are accepted while Run() runs. `device` must outlive the server, and while Run()
+  /// runs only the server uses it. Throws std::invalid_argument for what is not an address, and std::system_error if
+  /// the operating system refuses.
+  SocketServer(Device& device, Options options);
 
   std::uint16_t Port() const { return m_port; }
   /// `127.0.0.1:5025` or `[::1]:5025`.
@@ -47,7 +43,8 @@ private:
   std::optional<TimePoint> NextEvent() const;
   void Serve(TimePoint now, const std::vector<short>& events);
 
-  Options m_options;
+  Device& m_device;
+  const Options m_options;
   std::uint16_t m_port = 0;
   FileDescriptor m_listener;
   FileDescriptor m_wakeUpReader;

@@ -61,10 +61,7 @@ std::optional<timespec> Timeout(std::optional<TimePoint> next, TimePoint now) {
 
 } // namespace
 
-SocketServer::SocketServer(Options options) : m_options(std::move(options)) {
-  if (!Instrument::Make(m_options.device, m_options.seed)) {
-    throw std::invalid_argument("'" + m_options.device + "' is not a device; there are dmm, psu and scope");
-  }
+SocketServer::SocketServer(Device& device, Options options) : m_device(device), m_options(std::move(options)) {
   std::array<int, 2> ends{};
   if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
     throw std::system_error(errno, std::generic_category(), "cannot make a pipe");
@@ -149,8 +146,7 @@ void SocketServer::Accept(TimePoint now) {
       return;
     }
     SetOption(accepted.Get(), IPPROTO_TCP, TCP_NODELAY);
-    m_clients.push_back(
-        std::make_unique<ClientConnection>(std::move(accepted), Instrument::Make(m_options.device, m_options.seed)));
+    m_clients.push_back(std::make_unique<ClientConnection>(std::move(accepted), m_device));
   }
 }
 

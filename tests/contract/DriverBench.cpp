@@ -3,7 +3,7 @@
 #include "drivers/StandardTransports.h"
 #include "drivers/SteadyClock.h"
 #include "support/ManualClock.h"
-#include "support/ScriptedInstrument.h"
+#include "support/ScriptedConnection.h"
 #include "support/ScriptedServer.h"
 
 #include <array>
@@ -37,7 +37,7 @@ public:
   SimulatedBench(InstrumentScript script, std::chrono::milliseconds timeout)
       : m_driver(StandardTransports(
                      [this, script = std::move(script)](const std::string&) {
-                       return std::make_unique<ScriptedInstrument>(script, m_received);
+                       return std::make_unique<ScriptedConnection>(script, m_received);
                      },
                      m_clock),
                  {m_clock, timeout, &observer}) {}

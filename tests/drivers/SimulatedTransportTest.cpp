@@ -1,7 +1,7 @@
 #include "drivers/SimulatedTransport.h"
 
 #include "support/ManualClock.h"
-#include "support/ScriptedInstrument.h"
+#include "support/ScriptedConnection.h"
 
 #include <array>
 #include <gmock/gmock.h>
@@ -29,7 +29,7 @@ protected:
   SimulatedTransport transport{"dmm",
                                [this](const std::string& device) {
                                  devices.push_back(device);
-                                 return std::make_unique<ScriptedInstrument>(script, received);
+                                 return std::make_unique<ScriptedConnection>(script, received);
                                },
                                clock};
 };
@@ -84,7 +84,7 @@ TEST_F(SimulatedTransportTest, AResponseIsGivenInPiecesOfTheBuffersSize) {
   EXPECT_EQ(Read(In(milliseconds(1)), 4), "5\n");
 }
 
-TEST_F(SimulatedTransportTest, OpeningAgainGivesAFreshInstrument) {
+TEST_F(SimulatedTransportTest, OpeningAgainGivesAFreshConnection) {
   script["Q?"] = Reaction::Answer("12345\n");
   ASSERT_TRUE(transport.Open(In(milliseconds(1))).Succeeded());
   EXPECT_TRUE(transport.Write("Q?\r\nQ?\r\n", In(milliseconds(1))).Succeeded());

@@ -28,11 +28,18 @@ TEST(SimulatorProgram, ServesClientsSideBySide) {
   one.Write("SENS:VOLT:DC:NPLC 10\nSENS:VOLT:DC:NPLC?\n");
   one.WaitForOutput("< +1.00000000E+01\n");
   two.Write("SENS:VOLT:DC:NPLC?\n");
-  two.WaitForOutput("< +1.00000000E+00\n"); // each has an instrument of its own
+  two.WaitForOutput("< +1.00000000E+01\n"); // they share the instrument
   one.Write("*OPC?\n");
   one.WaitForOutput("< 1\n");
   EXPECT_EQ(one.Wait().status, 0);
   EXPECT_EQ(two.Wait().status, 0);
+}
+
+TEST(SimulatorProgram, ServesOneInstrumentForAsLongAsItRuns) {
+  const SimulatorProgram simulator({"--device", "psu"});
+  RunPortico(kBare + Arguments{simulator.ResourceName()}, "VOLT 5\nOUTP ON\n*OPC?\n");
+  const Outcome outcome = RunPortico(kBare + Arguments{simulator.ResourceName()}, "VOLT?\nOUTP?\n");
+  EXPECT_EQ(outcome.out, "> VOLT?\n< +5.00000000E+00\n> OUTP?\n< 1\n");
 }
 
 TEST(SimulatorProgram, ServesTheDeviceThatIsAskedFor) {

@@ -22,7 +22,7 @@ protected:
     std::array<int, 2> ends{-1, -1};
     EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0, ends.data()), 0);
     m_peer = FileDescriptor(ends[0]);
-    m_connection = std::make_unique<ClientConnection>(FileDescriptor(ends[1]), Instrument::Make("dmm", 1));
+    m_connection = std::make_unique<ClientConnection>(FileDescriptor(ends[1]), *m_device);
   }
 
   void Arrive(std::string_view bytes) {
@@ -40,6 +40,7 @@ protected:
     }
   }
 
+  const std::unique_ptr<Device> m_device = Device::Make("dmm", 1);
   FileDescriptor m_peer;
   std::unique_ptr<ClientConnection> m_connection;
   TimePoint m_now{std::chrono::hours(1)};
@@ -106,6 +107,20 @@ TEST_F(ClientConnectionTest, EndsOnlyAfterTheAnswersUnderWay) {
   m_now += std::chrono::seconds(1);
   m_connection->Exchange(false, m_now);
   EXPECT_EQ(Received(), "0\n");
+  EXPECT_TRUE(m_connection->Finished());
+}
+
+TEST_F(ClientConnectionTest, AnEndedInputWaitsForWhatAnotherClientReleases) {
+  StreamConnection other(*m_device);
+  other.Write("VOLT:NPLC 100;:INIT\n", m_now);
+  Arrive("*OPC?\n");
+  shutdown(m_peer.Get(), SHUT_WR);
+  m_connection->Exchange(true, m_now);
+  EXPECT_FALSE(m_connection->Finished());
+  other.Write("ABOR\n", m_now);
+  ASSERT_LE(m_connection->NextEvent(), m_now);
+  m_connection->Exchange(false, m_now);
+  EXPECT_EQ(Received(), "1\n");
   EXPECT_TRUE(m_connection->Finished());
 }
 

@@ -84,10 +84,10 @@ TEST(CommonCommands, CompletionQueryAnswersWhenTheOperationEnds) {
   Session session;
   session.Send("INIT;*OPC?");
   EXPECT_FALSE(session.Read());
-  EXPECT_EQ(session.TheInstrument().NextEvent(), session.Now() + milliseconds(20));
+  EXPECT_EQ(session.Connection().NextEvent(), session.Now() + milliseconds(20));
   session.Advance(milliseconds(20));
   EXPECT_EQ(session.Read(), "1");
-  EXPECT_FALSE(session.TheInstrument().NextEvent());
+  EXPECT_FALSE(session.Connection().NextEvent());
 }
 
 TEST(CommonCommands, WaitHoldsWhatFollows) {

@@ -15,7 +15,7 @@ TEST(FaultCommands, DelaysTheNextAnswerOnly) {
   session.Send("SIM:DEL 1.5");
   session.Send("*ESE?");
   EXPECT_FALSE(session.Read());
-  EXPECT_EQ(session.TheInstrument().NextEvent(), session.Now() + milliseconds(1500));
+  EXPECT_EQ(session.Connection().NextEvent(), session.Now() + milliseconds(1500));
   session.Advance(milliseconds(1500));
   EXPECT_EQ(session.Read(), "0");
   session.Send("*ESE?");
@@ -25,7 +25,7 @@ TEST(FaultCommands, DelaysTheNextAnswerOnly) {
 TEST(FaultCommands, TakesTheDelayInMilliseconds) {
   Session session;
   session.Send("SIMULATOR:DELAY 20 MS;*ESE?");
-  EXPECT_EQ(session.TheInstrument().NextEvent(), session.Now() + milliseconds(20));
+  EXPECT_EQ(session.Connection().NextEvent(), session.Now() + milliseconds(20));
 }
 
 TEST(FaultCommands, AnswersBehindADelayedOneWaitForIt) {
@@ -51,7 +51,7 @@ TEST(FaultCommands, SilenceDropsAnswersButCarriesOutCommands) {
 TEST(FaultCommands, CloseEndsTheSessionAfterTheAnswersSoFar) {
   Session session;
   session.Send("*ESE?;SIM:CLOS;*IDN?");
-  EXPECT_TRUE(session.TheInstrument().CloseRequested());
+  EXPECT_TRUE(session.Connection().CloseRequested());
   EXPECT_EQ(session.Read(), "0");
   EXPECT_EQ(session.Ask("*IDN?"), "(none)");
 }
@@ -63,7 +63,7 @@ TEST(FaultCommands, AnEndlessAnswerComesInPiecesWithoutAnEnd) {
   for (int i = 0; i < 10; ++i) answer += session.Await();
   EXPECT_GT(answer.size(), 100'000U);
   EXPECT_EQ(answer.find('\n'), std::string::npos);
-  EXPECT_TRUE(session.TheInstrument().NextEvent());
+  EXPECT_TRUE(session.Connection().NextEvent());
 }
 
 TEST(FaultCommands, AnEndlessAnswerIsBoundedAtAnyOneTime) {
@@ -86,9 +86,9 @@ TEST(FaultCommands, NothingIsReadBehindAnEndlessAnswer) {
 TEST(FaultCommands, GarbageHasEveryKindOfByte) {
   Session session;
   session.Send("SIM:GARB?");
-  EXPECT_EQ(session.TheInstrument().Read(session.Now())->size(), 257U);
+  EXPECT_EQ(session.Connection().Read(session.Now())->size(), 257U);
   session.Send("SIM:GARB? 10000");
-  const std::string garbage = *session.TheInstrument().Read(session.Now());
+  const std::string garbage = *session.Connection().Read(session.Now());
   EXPECT_EQ(garbage.size(), 10001U);
   EXPECT_EQ(std::set<char>(garbage.begin(), garbage.end()).size(), 256U);
 }
@@ -112,6 +112,45 @@ TEST(FaultCommands, ErrorsCanBeAskedFor) {
   EXPECT_EQ(session.Error(), "-224,\"Illegal parameter value\"");
   session.Send("SIM:ERR 0");
   EXPECT_EQ(session.Error(), "-224,\"Illegal parameter value\"");
+}
+
+TEST(FaultCommands, SilenceAndDelayAreTheDevicesOwn) {
+  Session one;
+  Session two = one.Another();
+  one.Send("SIM:SIL ON");
+  EXPECT_EQ(two.Ask("*IDN?"), "(none)");
+  two.Send("SIM:SIL OFF;DEL 2");
+  one.Send("*ESE?");
+  EXPECT_EQ(one.Connection().NextEvent(), one.Now() + seconds(2));
+  EXPECT_EQ(two.Ask("*ESE?"), "0");
+}
+
+TEST(FaultCommands, CloseEndsItsOwnConnectionOnly) {
+  Session one;
+  Session two = one.Another();
+  one.Send("SIM:CLOS");
+  EXPECT_TRUE(one.Connection().CloseRequested());
+  EXPECT_FALSE(two.Connection().CloseRequested());
+  EXPECT_EQ(two.Ask("*ESE?"), "0");
+  EXPECT_EQ(two.Another().Ask("*ESE?"), "0");
+}
+
+TEST(FaultCommands, AnEndlessAnswerEndsWithItsConnection) {
+  Session one;
+  {
+    Session two = one.Another();
+    two.Send("SIM:ENDL?");
+    EXPECT_EQ(two.Await(), "7");
+  }
+  EXPECT_EQ(one.Ask("*ESE?"), "0");
+}
+
+TEST(FaultCommands, AnEndlessAnswerThatIsDroppedLeavesTheNextAlone) {
+  Session session;
+  session.Send("SIM:SIL ON;ENDL?");
+  session.Send("SIM:SIL OFF");
+  EXPECT_EQ(session.Ask("*ESE?"), "0");
+  EXPECT_FALSE(session.Read());
 }
 
 TEST(FaultCommands, EveryDeviceHasThem) {

@@ -158,7 +158,7 @@ TEST(Multimeter, AbortLeavesNothingToFetch) {
   Session session;
   session.Send("INIT;:ABOR;:FETC?");
   EXPECT_EQ(session.Error(), "-230,\"Data corrupt or stale\"");
-  EXPECT_FALSE(session.TheInstrument().NextEvent());
+  EXPECT_FALSE(session.Connection().NextEvent());
 }
 
 TEST(Multimeter, Display) {
@@ -173,7 +173,7 @@ TEST(Multimeter, Display) {
 TEST(Multimeter, TheTraceIsABlockWithLineFeeds) {
   Session session;
   session.Send("TRAC:POIN 300;DATA?");
-  const std::string answer = *session.TheInstrument().Read(session.Now());
+  const std::string answer = *session.Connection().Read(session.Now());
   ASSERT_EQ(answer.size(), 5U + 300U + 1U);
   EXPECT_EQ(answer.substr(0, 5), "#3300");
   EXPECT_EQ(answer[5], '\n');

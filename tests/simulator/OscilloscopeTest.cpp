@@ -52,7 +52,7 @@ TEST(Oscilloscope, DataIsABlockOfTheSine) {
   Session session("scope");
   session.Send("WAV:POIN 500;:SING;:WAV:DATA?");
   session.Advance(milliseconds(10));
-  const std::string answer = *session.TheInstrument().Read(session.Now());
+  const std::string answer = *session.Connection().Read(session.Now());
   ASSERT_EQ(answer.size(), 5U + 500U + 1U);
   EXPECT_EQ(answer.substr(0, 5), "#3500");
   const auto code = [&](std::size_t i) { return static_cast<int>(static_cast<unsigned char>(answer[5 + i])); };

@@ -1,32 +1,36 @@
 #pragma once
 
-#include "simulator/Instrument.h"
+#include "simulator/Device.h"
+#include "simulator/StreamConnection.h"
 
 #include <chrono>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace portico::simulator {
 
-/// A client of an instrument in a time of its own, which only moves when a test says so.
+/// A client of a device in a time of its own, which only moves when a test says so.
 class Session {
 public:
-  explicit Session(std::string_view device = "dmm", std::uint64_t seed = 1)
-      : m_instrument(Instrument::Make(device, seed)) {}
+  explicit Session(std::string_view kind = "dmm", std::uint64_t seed = 1)
+      : Session(std::make_shared<World>(Device::Make(kind, seed))) {}
 
-  Instrument& TheInstrument() { return *m_instrument; }
-  TimePoint Now() const { return m_now; }
-  void Advance(TimePoint::duration time) { m_now += time; }
+  /// A further client of the same device, in the same time.
+  Session Another() const { return Session(m_world); }
+
+  StreamConnection& Connection() { return *m_connection; }
+  TimePoint Now() const { return m_world->now; }
+  void Advance(TimePoint::duration time) { m_world->now += time; }
 
   /// Sends a message; the line feed is added.
-  void Send(std::string_view message) { m_instrument->Write(std::string(message) + '\n', m_now); }
-  void SendRaw(std::string_view bytes) { m_instrument->Write(bytes, m_now); }
+  void Send(std::string_view message) { m_connection->Write(std::string(message) + '\n', Now()); }
+  void SendRaw(std::string_view bytes) { m_connection->Write(bytes, Now()); }
 
   /// What can be read now, without its line feed.
   std::optional<std::string> Read() {
-    auto response = m_instrument->Read(m_now);
+    auto response = m_connection->Read(Now());
     if (response && response->ends_with('\n')) response->pop_back();
     return response;
   }
@@ -40,9 +44,9 @@ public:
   std::string Await() {
     for (;;) {
       if (auto response = Read()) return *response;
-      const auto next = m_instrument->NextEvent();
+      const auto next = m_connection->NextEvent();
       if (!next) return "(none)";
-      m_now = *next;
+      m_world->now = *next;
     }
   }
 
@@ -50,8 +54,18 @@ public:
   std::string Error() { return Ask("SYST:ERR?"); }
 
 private:
-  std::unique_ptr<Instrument> m_instrument;
-  TimePoint m_now{std::chrono::hours(1)};
+  struct World {
+    explicit World(std::unique_ptr<Device> made) : device(std::move(made)) {}
+
+    const std::unique_ptr<Device> device;
+    TimePoint now{std::chrono::hours(1)};
+  };
+
+  explicit Session(std::shared_ptr<World> world)
+      : m_world(std::move(world)), m_connection(std::make_unique<StreamConnection>(*m_world->device)) {}
+
+  std::shared_ptr<World> m_world;
+  std::unique_ptr<StreamConnection> m_connection;
 };
 
 } // namespace portico::simulator

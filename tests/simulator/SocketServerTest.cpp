@@ -7,6 +7,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <thread>
 #include <vector>
@@ -14,14 +15,13 @@
 namespace portico::simulator {
 namespace {
 
-SocketServer::Options AnyPort(std::string device = "dmm", std::string address = "127.0.0.1") {
-  return {std::move(device), std::move(address), 0, 1};
-}
+SocketServer::Options AnyPort(std::string address = "127.0.0.1") { return {std::move(address), 0}; }
 
-/// A server that runs in a thread of its own for as long as the test.
+/// A server of a fresh device that runs in a thread of its own for as long as the test.
 class RunningServer {
 public:
-  explicit RunningServer(SocketServer::Options options = AnyPort()) : m_server(std::move(options)) {}
+  explicit RunningServer(std::string_view kind = "dmm", SocketServer::Options options = AnyPort())
+      : m_device(Device::Make(kind, 1)), m_server(*m_device, std::move(options)) {}
   ~RunningServer() {
     m_server.Stop();
     m_thread.join();
@@ -32,6 +32,7 @@ public:
   std::uint16_t Port() const { return m_server.Port(); }
 
 private:
+  const std::unique_ptr<Device> m_device;
   SocketServer m_server;
   std::thread m_thread{[this] { m_server.Run(); }};
 };
@@ -45,7 +46,7 @@ TEST(SocketServer, AnswersOverASocket) {
 }
 
 TEST(SocketServer, ServesTheDeviceAskedFor) {
-  RunningServer server(AnyPort("PSU"));
+  RunningServer server("PSU");
   TestClient client(server.Port());
   client.Send("VOLT 2;VOLT?\n");
   EXPECT_EQ(client.ReadLine(), "+2.00000000E+00\n");
@@ -54,7 +55,7 @@ TEST(SocketServer, ServesTheDeviceAskedFor) {
 TEST(SocketServer, ListensOnIpv6) {
   std::unique_ptr<RunningServer> server;
   try {
-    server = std::make_unique<RunningServer>(AnyPort("dmm", "::1"));
+    server = std::make_unique<RunningServer>("dmm", AnyPort("::1"));
   } catch (const std::system_error& error) {
     EXPECT_NE(error.code().value(), 0); // a machine without IPv6 says so
     return;
@@ -66,37 +67,70 @@ TEST(SocketServer, ListensOnIpv6) {
 }
 
 TEST(SocketServer, NamesItsEndpoint) {
-  const SocketServer server(AnyPort());
+  const auto device = Device::Make("dmm", 1);
+  const SocketServer server(*device, AnyPort());
   EXPECT_NE(server.Port(), 0);
   EXPECT_EQ(server.Endpoint(), "127.0.0.1:" + std::to_string(server.Port()));
 }
 
-TEST(SocketServer, EachClientHasAnInstrumentOfItsOwn) {
-  RunningServer server;
-  std::vector<std::unique_ptr<TestClient>> clients(8);
-  for (auto& client : clients) client = std::make_unique<TestClient>(server.Port());
-  for (std::size_t i = 0; i < clients.size(); ++i) clients[i]->Send("*ESE " + std::to_string(i + 1) + "\n");
-  for (std::size_t i = 0; i < clients.size(); ++i) {
-    clients[i]->Send("*ESE?\n");
-    EXPECT_EQ(clients[i]->ReadLine(), std::to_string(i + 1) + "\n");
-  }
-}
-
-TEST(SocketServer, ClientsMeasureAtTheSameTimeAndAlike) {
+TEST(SocketServer, AllClientsMeetOneDevice) {
   RunningServer server;
   TestClient first(server.Port());
   TestClient second(server.Port());
-  first.Send("READ?\n");
-  second.Send("READ?\n");
-  const std::string reading = first.ReadLine();
-  EXPECT_EQ(reading.size(), 16U);
-  EXPECT_EQ(second.ReadLine(), reading);
+  first.Send("*ESE 5;BAD\n*OPC?\n");
+  EXPECT_EQ(first.ReadLine(), "1\n");
+  second.Send("*ESE?;:SYST:ERR?\n");
+  EXPECT_EQ(second.ReadLine(), "5;-113,\"Undefined header\"\n");
+}
+
+TEST(SocketServer, TheDeviceOutlivesItsClients) {
+  RunningServer server("psu");
+  {
+    TestClient client(server.Port());
+    client.Send("VOLT 5;:OUTP ON;*OPC?\n");
+    EXPECT_EQ(client.ReadLine(), "1\n");
+  }
+  TestClient client(server.Port());
+  client.Send("VOLT?;:OUTP?\n");
+  EXPECT_EQ(client.ReadLine(), "+5.00000000E+00;1\n");
+}
+
+TEST(SocketServer, EachClientGetsItsOwnAnswers) {
+  RunningServer server;
+  std::vector<std::unique_ptr<TestClient>> clients(8);
+  for (auto& client : clients) client = std::make_unique<TestClient>(server.Port());
+  for (std::size_t i = 0; i < clients.size(); ++i) clients[i]->Send("SIM:LENG? " + std::to_string(i + 1) + "\n");
+  for (std::size_t i = 0; i < clients.size(); ++i) {
+    EXPECT_EQ(clients[i]->ReadLine(), std::string(i + 1, '5') + "\n");
+  }
+}
+
+TEST(SocketServer, ClientsMeasureInTurn) {
+  RunningServer server;
+  TestClient first(server.Port());
+  TestClient second(server.Port());
+  first.Send("MEAS:VOLT?\n");
+  second.Send("MEAS:RES?\n");
+  EXPECT_EQ(first.ReadLine().substr(0, 5), "+1.00");
+  EXPECT_EQ(second.ReadLine().substr(0, 5), "+4.70");
+}
+
+TEST(SocketServer, OneClientReleasesAnothersAnswer) {
+  RunningServer server;
+  TestClient waiting(server.Port());
+  waiting.Send("VOLT:NPLC 100;:SAMP:COUN 1000;:INIT;*ESE 1;*OPC?\n"); // 2000 s
+  TestClient other(server.Port());
+  do {
+    other.Send("*ESE?\n");
+  } while (other.ReadLine() != "1\n"); // until the first client's message has arrived
+  other.Send("ABOR\n");
+  EXPECT_EQ(waiting.ReadLine(), "1\n");
 }
 
 TEST(SocketServer, OneClientsWaitDoesNotHoldAnother) {
   RunningServer server;
   TestClient waiting(server.Port());
-  waiting.Send("SIM:SIL ON;*IDN?\n");
+  waiting.Send("SIM:DEL 3600;*IDN?\n");
   TestClient other(server.Port());
   other.Send("*ESE?\n");
   EXPECT_EQ(other.ReadLine(), "0\n");
@@ -167,7 +201,8 @@ TEST(SocketServer, OutlivesAClientThatGoesInTheMiddle) {
 }
 
 TEST(SocketServer, StopBeforeRunEndsIt) {
-  SocketServer server(AnyPort());
+  const auto device = Device::Make("dmm", 1);
+  SocketServer server(*device, AnyPort());
   server.Stop();
   server.Run();
   SUCCEED();
@@ -183,12 +218,12 @@ TEST(SocketServer, StopClosesTheConnections) {
 }
 
 TEST(SocketServer, RefusesWhatItCannotServe) {
-  EXPECT_THROW(SocketServer{AnyPort("toaster")}, std::invalid_argument);
-  EXPECT_THROW(SocketServer{AnyPort("dmm", "nowhere")}, std::invalid_argument);
-  const SocketServer first(AnyPort());
+  const auto device = Device::Make("dmm", 1);
+  EXPECT_THROW((SocketServer{*device, AnyPort("nowhere")}), std::invalid_argument);
+  const SocketServer first(*device, AnyPort());
   SocketServer::Options same = AnyPort();
   same.port = first.Port();
-  EXPECT_THROW(SocketServer{same}, std::system_error);
+  EXPECT_THROW((SocketServer{*device, same}), std::system_error);
 }
 
 } // namespace

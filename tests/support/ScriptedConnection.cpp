@@ -1,11 +1,11 @@
-#include "support/ScriptedInstrument.h"
+#include "support/ScriptedConnection.h"
 
 namespace portico::test {
 
-ScriptedInstrument::ScriptedInstrument(InstrumentScript script, std::string& received)
+ScriptedConnection::ScriptedConnection(InstrumentScript script, std::string& received)
     : m_script(std::move(script)), m_received(received) {}
 
-void ScriptedInstrument::Write(std::string_view bytes, simulator::TimePoint now) {
+void ScriptedConnection::Write(std::string_view bytes, simulator::TimePoint now) {
   m_received.append(bytes);
   m_input.append(bytes);
   for (std::string command; TakeCommand(m_input, command);) {
@@ -15,14 +15,14 @@ void ScriptedInstrument::Write(std::string_view bytes, simulator::TimePoint now)
   }
 }
 
-std::optional<std::string> ScriptedInstrument::Read(simulator::TimePoint now) {
+std::optional<std::string> ScriptedConnection::Read(simulator::TimePoint now) {
   if (m_responses.empty() || m_responses.front().ready > now) return std::nullopt;
   std::string text = std::move(m_responses.front().text);
   m_responses.pop_front();
   return text;
 }
 
-std::optional<simulator::TimePoint> ScriptedInstrument::NextEvent() const {
+std::optional<simulator::TimePoint> ScriptedConnection::NextEvent() const {
   if (m_responses.empty()) return std::nullopt;
   return m_responses.front().ready;
 }

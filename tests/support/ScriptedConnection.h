@@ -1,17 +1,17 @@
 #pragma once
 
-#include "simulator/SimulatedInstrument.h"
+#include "simulator/SimulatedConnection.h"
 #include "support/InstrumentScript.h"
 
 #include <deque>
 
 namespace portico::test {
 
-/// A simulated instrument that does what a script says. It knows answers and silence.
-class ScriptedInstrument final : public simulator::SimulatedInstrument {
+/// A connection to a simulated instrument that does what a script says. It knows answers and silence.
+class ScriptedConnection final : public simulator::SimulatedConnection {
 public:
-  /// Adds all that is written to `received`, which must outlive the instrument.
-  ScriptedInstrument(InstrumentScript script, std::string& received);
+  /// Adds all that is written to `received`, which must outlive the connection.
+  ScriptedConnection(InstrumentScript script, std::string& received);
 
   void Write(std::string_view bytes, simulator::TimePoint now) override;
   std::optional<std::string> Read(simulator::TimePoint now) override;

@@ -17,14 +17,8 @@ void SumTree::Add(const Node& leaf, std::int64_t count, std::int64_t length) {
 }
 
 void SumTree::InsertBehind(const Node* previous, std::unique_ptr<Node> leaf) {
-  if (previous != nullptr) {
-    Branch* branch = previous->m_parent;
-    InsertInto(branch, branch->PlaceOf(*previous) + 1, std::move(leaf));
-    return;
-  }
-  Branch* branch = &m_root;
-  for (std::size_t level = 1; level < m_levels; ++level) branch = static_cast<Branch*>(branch->Children.front().get());
-  InsertInto(branch, 0, std::move(leaf));
+  Branch* branch = previous == nullptr ? &m_root : previous->m_parent;
+  InsertInto(branch, previous == nullptr ? 0 : branch->PlaceOf(*previous) + 1, std::move(leaf));
 }
 
 void SumTree::Erase(const Node& leaf) {

@@ -90,7 +90,7 @@ public:
 
   /// A leaf's count and length have changed by that much.
   void Add(const Node& leaf, std::int64_t count, std::int64_t length);
-  /// A leaf without count and length; `previous` is null for the first place.
+  /// A leaf without count and length; `previous` is null in an empty tree, and only there.
   void InsertBehind(const Node* previous, std::unique_ptr<Node> leaf);
   /// A leaf whose count and length are 0 by now.
   void Erase(const Node& leaf);

@@ -31,6 +31,14 @@ TEST(Utf8, AnUnpairedSurrogateIsWrittenAsReplacementCharacter) {
   EXPECT_EQ(ToUtf8(String{0xD83D, 0xD83D, 0xDE00}), replacement + "\xF0\x9F\x98\x80");
 }
 
+TEST(Utf8, APairIsAHighAndALowSurrogateUpToTheEndsOfBothRanges) {
+  const std::string replacement = "\xEF\xBF\xBD";
+  EXPECT_EQ(ToUtf8(String{0xD800, 0xDBFF}), replacement + replacement);
+  EXPECT_EQ(ToUtf8(String{0xD800, 0xE000}), replacement + "\xEE\x80\x80");
+  EXPECT_EQ(ToUtf8(String{0xD7FF, 0xDC00}), "\xED\x9F\xBF" + replacement);
+  EXPECT_EQ(ToUtf8(String{0xDFFF, 0xDC00}), replacement + replacement);
+}
+
 struct Malformed {
   const char* What;
   std::string Bytes;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <utility>
 
 namespace portico {
 namespace {
@@ -35,9 +36,21 @@ TEST(Text, CaseFoldsForLatinGreekAndCyrillic) {
   EXPECT_EQ(FoldCase(u'\u0401'), u'\u0451');
 }
 
+TEST(Text, CaseFoldsReachBothEndsOfEachAlphabet) {
+  using Pair = std::pair<char16_t, char16_t>;
+  for (const auto& [capital, small] :
+       {Pair{0x00C0, 0x00E0}, Pair{0x00DE, 0x00FE}, Pair{0x0136, 0x0137}, Pair{0x0139, 0x013A}, Pair{0x0147, 0x0148},
+        Pair{0x014A, 0x014B}, Pair{0x0176, 0x0177}, Pair{0x0179, 0x017A}, Pair{0x0391, 0x03B1}, Pair{0x03AB, 0x03CB},
+        Pair{0x0400, 0x0450}, Pair{0x040F, 0x045F}, Pair{0x0410, 0x0430}, Pair{0x042F, 0x044F}}) {
+    EXPECT_EQ(FoldCase(capital), small) << static_cast<unsigned>(capital);
+    EXPECT_EQ(FoldCase(small), small) << static_cast<unsigned>(small);
+  }
+}
+
 TEST(Text, CaseFoldsLeaveOtherUnitsAlone) {
   for (const char16_t unit :
-       {u'@', u'[', u'a', u'0', u'\u00D7', u'\u00DF', u'\u00F7', u'\u0130', u'\u03A2', u'\u2126', u'\xD83D'}) {
+       {u'@', u'[', u'a', u'0', u'\u00BF', u'\u00D7', u'\u00DF', u'\u00F7', u'\u0130', u'\u0138', u'\u0149', u'\u017F',
+        u'\u0390', u'\u03A2', u'\u03AC', u'\u03FF', u'\u0460', u'\u2126', u'\xD83D'}) {
     EXPECT_EQ(FoldCase(unit), unit) << static_cast<unsigned>(unit);
   }
 }

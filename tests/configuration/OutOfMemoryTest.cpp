@@ -2,6 +2,7 @@
 
 #include "configuration/CConfiguration.h"
 #include "configuration/CSettings.h"
+#include "configuration/PackedText.h"
 #include "support/Labels.h"
 
 namespace portico {
@@ -37,6 +38,20 @@ TEST_F(ConfigurationOutOfMemory, CollectionThatCannotBeMadePassesItsFailureOn) {
   settings.Add(u"A", u"1");
   ExpectTrail(OutOfMemory(1, [&] { settings.Clear(); }), {u"CSettings.Clear()"});
   EXPECT_EQ(settings.Count(), 1);
+}
+
+TEST(PackedTextMemory, IsOneForAllCopiesAndGoesWithTheLast) {
+  using test::allocation::alive;
+  const std::size_t before = alive;
+  {
+    PackedText copy;
+    {
+      const PackedText text(u"shared");
+      copy = text;
+    }
+    EXPECT_EQ(alive, before + 1);
+  }
+  EXPECT_EQ(alive, before);
 }
 
 } // namespace

@@ -6,7 +6,8 @@ namespace portico {
 namespace {
 
 TEST(PackedTextTest, GivesBackWhatItHolds) {
-  for (const String& text : {String(), String(u"abc"), String(u"\u00FF"), String(u"\u0100x"), String(1, u'\0')}) {
+  for (const String& text :
+       {String(), String(u"abc"), String(u"\u00FF"), String(u"\u0100"), String(u"\u0100x"), String(1, u'\0')}) {
     EXPECT_EQ(PackedText(text).ToString(), text);
     EXPECT_EQ(PackedText(text).Length(), text.size());
     EXPECT_TRUE(PackedText(text).Equals(text));

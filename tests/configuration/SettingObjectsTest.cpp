@@ -18,10 +18,18 @@ protected:
     Changes = 0;
   }
   ~SettingObjectsTest() override { HuntERR::Reset(); }
-  void SettingsChanged() noexcept override { ++Changes; }
+  void SettingsChanged() noexcept override {
+    ++Changes;
+    Seen.clear();
+    for (const StringView name : {u"A", u"B", u"C", u"D"}) {
+      const PackedText* value = Settings->Find(name);
+      Seen.push_back(value == nullptr ? u"-" : value->ToString());
+    }
+  }
 
   Ref<CSettings> Settings = New<CSettings>(static_cast<ISettingsObserver*>(this));
   int Changes = 0;
+  std::vector<String> Seen; // by the observer: the values of A to D
 };
 
 /// Attributes of another class.
@@ -134,6 +142,22 @@ TEST_F(SettingObjectsTest, ObserverIsToldOfEveryChange) {
   Changes = 0;
   item->Value(u"taken out");
   EXPECT_EQ(Changes, 0);
+}
+
+TEST_F(SettingObjectsTest, ObserverSeesTheChangeThatItIsToldOf) {
+  const auto item = Settings->Item(u"A");
+  Settings->Value(u"B", u"x");
+  EXPECT_EQ(Seen, (std::vector<String>{u"1", u"x", u"-", u"-"}));
+  Settings->Value(u"C", u"y");
+  EXPECT_EQ(Seen, (std::vector<String>{u"1", u"x", u"y", u"-"}));
+  Settings->Add(u"D", u"z");
+  EXPECT_EQ(Seen, (std::vector<String>{u"1", u"x", u"y", u"z"}));
+  item->Value(u"w");
+  EXPECT_EQ(Seen, (std::vector<String>{u"w", u"x", u"y", u"z"}));
+  Settings->Remove(u"B");
+  EXPECT_EQ(Seen, (std::vector<String>{u"w", u"-", u"y", u"z"}));
+  Settings->Clear();
+  EXPECT_EQ(Seen, (std::vector<String>{u"-", u"-", u"-", u"-"}));
 }
 
 TEST_F(SettingObjectsTest, FindShowsTheValueAsItIsKept) {

@@ -10,11 +10,18 @@
 // Replaces the allocation of the whole test program: to be included in one of its sources only.
 
 namespace portico::test::allocation {
-inline std::size_t left = 0; // how many still succeed, counted from 1; 0 lets all succeed
+inline std::size_t left = 0;  // how many still succeed, counted from 1; 0 lets all succeed
+inline std::size_t alive = 0; // how many have not been given back
 
 inline void* Allocate(std::size_t size) {
   if (left != 0 && --left == 0) return nullptr;
+  ++alive;
   return std::malloc(size == 0 ? 1 : size);
+}
+
+inline void Free(void* memory) noexcept {
+  if (memory != nullptr) --alive;
+  std::free(memory);
 }
 } // namespace portico::test::allocation
 
@@ -26,8 +33,8 @@ void* operator new(std::size_t size) {
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   return portico::test::allocation::Allocate(size);
 }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void* memory) noexcept { portico::test::allocation::Free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { portico::test::allocation::Free(memory); }
 
 namespace portico::test {
 

@@ -134,6 +134,13 @@ TEST_F(DriverSessionTest, DestructionClosesAnOpenSession) {
   EXPECT_EQ(Driver->Calls, (Calls{"close(7)"}));
 }
 
+TEST_F(DriverSessionTest, DestructionClosesASessionWithTheSmallestHandle) {
+  Driver->Handle = 1;
+  Open();
+  Session = nullptr;
+  EXPECT_EQ(Driver->Calls, (Calls{"close(1)"}));
+}
+
 TEST_F(DriverSessionTest, DestructionIgnoresAFailingClose) {
   Open();
   Driver->Status["close"] = -3;

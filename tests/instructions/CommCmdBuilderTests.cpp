@@ -63,6 +63,12 @@ TEST_F(CCommCmdBuilderTest, AnUnknownFunctionIsASyntaxError) {
   }
 }
 
+TEST_F(CCommCmdBuilderTest, AFailureShowsTheParametersUnderTheirNames) {
+  const auto failure = support::FailureOf([&] { Builder(Comm)->Build({}, MakeInstruction(u"COMM", u"Writes")); });
+  EXPECT_EQ(failure.Trail,
+            std::vector<String>{u"CCommCmdBuilder.IBuilder_Build(InnerCommand={Null}, Instruction={CInstContainer})"});
+}
+
 TEST_F(CCommCmdBuilderTest, OnlyThePositionOfAParameterCounts) {
   EXPECT_EQ(Links(Comm, MakeInstruction(u"COMM", u"SetAttribute", {{u"Value", u"TERMCHAR"}, {u"Name", u"CR"}})),
             (Journal{"set 1150007 13", "inner"}));

@@ -15,19 +15,26 @@ fault() {
 }
 must_exist() { [[ -s $place/$1 ]] || fault "$1 is missing or empty"; }
 
-for file in README.md CHANGELOG.md LICENSE copyright docs/portico-run.md docs/formats/log.md examples/first-steps.cmd; do
+must_be_gzip() { gzip -t "$place/$1" || fault "$1 is missing or not compressed"; }
+
+for file in README.md LICENSE copyright docs/portico-run.md docs/formats/log.md examples/first-steps.cmd; do
   must_exist "share/doc/portico/$file"
 done
 
 for program in portico-run portico-log portico-sim; do
   must_exist "bin/$program"
-  must_exist "share/man/man1/$program.1"
+  must_be_gzip "share/man/man1/$program.1.gz"
   [[ $("$place/bin/$program" --version) == "$program $version" ]] || fault "$program does not tell version $version"
 done
 
+must_be_gzip share/doc/portico/changelog.gz
+must_be_gzip share/doc/portico/changelog.Debian.gz
+[[ $(zcat "$place/share/doc/portico/changelog.Debian.gz") == "portico ($version-"*") "* ]] ||
+  fault "the package's changes do not begin with version $version"
+
 # Every option that a program tells is on its page.
 options_of() { "$place/bin/$@" --help | grep -oE -- '--[a-z][a-z-]*' | sort -u; }
-page_of() { sed 's/\\-/-/g' "$place/share/man/man1/$1.1"; }
+page_of() { zcat "$place/share/man/man1/$1.1.gz" | sed 's/\\-/-/g'; }
 seen=0
 while read -r program option; do
   seen=$((seen + 1))
@@ -40,19 +47,21 @@ done < <(
 
 if [[ $window == 1 ]]; then
   must_exist bin/portico
-  must_exist share/man/man1/portico.1
+  must_be_gzip share/man/man1/portico.1.gz
   entry=share/applications/portico.desktop
   must_exist "$entry"
   must_exist "bin/$(sed -n 's/^Exec=//p' "$place/$entry")"
   must_exist "share/icons/hicolor/scalable/apps/$(sed -n 's/^Icon=//p' "$place/$entry").svg"
-  if command -v desktop-file-validate > /dev/null; then
-    desktop-file-validate "$place/$entry" >&2 || fault "the desktop entry is not valid"
-  fi
+  desktop-file-validate "$place/$entry" >&2 || fault "the desktop entry is not valid"
+  metadata=share/metainfo/localhost.tolvane.portico.metainfo.xml
+  appstreamcli validate --no-net "$place/$metadata" >&2 || fault "what software centres are told is not valid"
+  must_exist "share/applications/$(sed -n 's/.*<launchable type="desktop-id">\(.*\)<.*/\1/p' "$place/$metadata")"
+  while read -r program; do must_exist "bin/$program"; done < <(sed -n 's/.*<binary>\(.*\)<.*/\1/p' "$place/$metadata")
   must_exist share/portico/help/topics.txt
   while read -r _ page; do must_exist "share/portico/help/${page%%#*}"; done \
     < <(grep -v '^#' "$place/share/portico/help/topics.txt")
 else
-  for file in bin/portico share/applications share/portico; do
+  for file in bin/portico share/applications share/metainfo share/portico; do
     [[ ! -e $place/$file ]] || fault "$file is there, but no window"
   done
 fi

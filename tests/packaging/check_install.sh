@@ -24,6 +24,7 @@ done
 for program in portico-run portico-log portico-sim; do
   must_exist "bin/$program"
   must_be_gzip "share/man/man1/$program.1.gz"
+  must_exist "share/bash-completion/completions/$program"
   [[ $("$place/bin/$program" --version) == "$program $version" ]] || fault "$program does not tell version $version"
 done
 

@@ -1,0 +1,78 @@
+# Completion in bash for portico-run, portico-sim and portico-log. A test holds it against what --help lists.
+
+# _portico_offer WORD...: those that begin with $word. Readline completes no more than what stands behind the last
+# character that breaks words.
+_portico_offer() {
+  local tail=$word
+  if [[ $COMP_WORDBREAKS == *=* ]]; then tail=${tail##*=}; fi
+  if [[ $COMP_WORDBREAKS == *:* ]]; then tail=${tail##*:}; fi
+  local head=${word%"$tail"} found
+  while IFS= read -r found; do COMPREPLY+=("${found#"$head"}"); done < <(compgen -W "$*" -- "$word")
+}
+
+# _portico_option: for --option of portico-run, a name and an equals sign, or a name with a value.
+_portico_option() {
+  local name=${word%%=*}
+  if [[ $word != *=* ]]; then
+    compopt -o nospace
+    if [[ ${words[*]} =~ --protocol[\ =]Other ]]; then
+      _portico_offer OtherProtocol{IntervalPacing,PacingInterval,TerminationCharacter}=
+    else
+      _portico_offer SCPIProtocol{OPCPacing,IntervalPacing,PacingInterval,AutoReadAfterQuery,AutoErrorChecking}= \
+        SCPIProtocol{ErrorCheckingCommand,TerminationCharacter}=
+    fi
+    return
+  fi
+  case $name in
+    *TerminationCharacter) _portico_offer "$name"={Auto,CR,LF,CRLF,LFCR} ;;
+    *PacingInterval | *ErrorCheckingCommand) ;;
+    *) _portico_offer "$name"={On,Off} ;;
+  esac
+}
+
+_portico() {
+  local program=${1##*/} line=${COMP_LINE:0:COMP_POINT} options positional=0 index
+  local -a words
+  read -ra words <<< "$line"
+  if [[ $line == *[[:blank:]] ]]; then words+=(""); fi
+  local word=${words[-1]} previous=${words[-2]}
+  COMPREPLY=()
+
+  local with_value='--protocol|--option|--log|--timeout|--device|--port|--bind|--seed|--format'
+  for ((index = 1; index < ${#words[@]} - 1; ++index)); do
+    if [[ ${words[index]} != -?* && ! ${words[index - 1]} =~ ^($with_value)$ ]]; then positional=$((positional + 1)); fi
+  done
+  if [[ $word =~ ^($with_value)= ]]; then
+    previous=${word%%=*}
+    word=${word#*=}
+  fi
+
+  case $previous in
+    --protocol) _portico_offer SCPI Other ;;
+    --option) _portico_option ;;
+    --log) compopt -o default ;;
+    --device) _portico_offer dmm psu scope ;;
+    --format) _portico_offer csv json cmd ;;
+    --timeout | --port | --bind | --seed) ;;
+    *)
+      options='-h --help --version'
+      case "$program ${words[*]:1}" in
+        portico-run*) options+=' --protocol --option --log --overwrite --timeout --stop-on-error --quiet' ;;
+        portico-sim*) options+=' --device --port --bind --seed' ;;
+        'portico-log export '*) options='-h --help --format' ;;
+        'portico-log show '* | 'portico-log stats '*) options='-h --help' ;;
+      esac
+      if [[ $word == -* ]]; then
+        _portico_offer "$options"
+      elif [[ $program == portico-run && $positional == 0 ]]; then
+        _portico_offer SIM::{dmm,psu,scope}::INSTR
+      elif [[ $program == portico-log && $positional == 0 ]]; then
+        _portico_offer show export stats
+      elif [[ $program != portico-sim ]]; then
+        compopt -o default
+      fi
+      ;;
+  esac
+}
+
+complete -F _portico portico-run portico-sim portico-log

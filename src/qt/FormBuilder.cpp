@@ -138,6 +138,7 @@ FormParts BuildForm(const FormDesign& design, const RichTextFactory& makeRichTex
   FormParts parts;
   if (design.Style == FormStyle::Window) {
     auto* window = new QMainWindow;
+    window->resize(window->size()); // or it would shrink when it is shown, if it was given this very size
     parts.Window = window;
     parts.Area = new QWidget(window);
     window->setCentralWidget(parts.Area);

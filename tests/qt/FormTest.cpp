@@ -60,6 +60,16 @@ TEST_F(FormTest, PlacesThatWereReadPutTheWindowWhereItWas) {
   EXPECT_EQ(AsForm(other).Window().geometry(), AsForm(form).Window().geometry());
 }
 
+TEST_F(FormTest, ShowsInTheSizeThatItIsGivenThoughItHasItAlready) {
+  const Ref<IForm> form = screen.Load(SampleWindow);
+  form->Width(9600); // 640 by 480 pixels, as the toolkit begins
+  form->Height(7200);
+  form->Show();
+  loop.DoEvents();
+  EXPECT_EQ(form->Width(), 9600);
+  EXPECT_EQ(form->Height(), 7200);
+}
+
 TEST_F(FormTest, ItsAreaIsWhatTheMenuBarLeavesShownOrNot) {
   const Ref<IForm> form = screen.Load(SampleWindow);
   form->Move(0, 0, 6000, 4500);

@@ -30,6 +30,24 @@ TEST_F(Log, HoldsTheConversationButForRemarksAndBlankLines) {
   EXPECT_EQ(Told(Content()), WithoutLines(outcome.out, "# "));
 }
 
+TEST_F(Log, AndOutputHoldBracesAndBackslashesAsTheyCame) {
+  const ScriptedServer server({{"JSON?", Reaction::Answer("{\"volt\":1.5}\n")},
+                               {"PATH?", Reaction::Answer("C:\\data\\new.csv\n")},
+                               {"LINES?", Reaction::Answer("one\\par two\n")},
+                               {"OPEN?", Reaction::Answer("a{b\n")},
+                               {"CLOSE?", Reaction::Answer("a}b\n")}});
+  const Outcome outcome = RunPortico(kBare + Arguments{"--log", Path, server.ResourceName()},
+                                     "JSON?\nPATH?\nLINES?\nOPEN?\nCLOSE?\nDISP:TEXT \"{A}\"\n");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "> JSON?\n< {\"volt\":1.5}\n"
+                         "> PATH?\n< C:\\data\\new.csv\n"
+                         "> LINES?\n< one\\par two\n"
+                         "> OPEN?\n< a{b\n"
+                         "> CLOSE?\n< a}b\n"
+                         "> DISP:TEXT \"{A}\"\n");
+  EXPECT_EQ(Told(Content()), outcome.out);
+}
+
 TEST_F(Log, ConversationIsPrintedAsWithoutALog) {
   EXPECT_EQ(RunPortico({"--log", Path, kSimulated, kFirstSteps}).out, RunPortico({kSimulated, kFirstSteps}).out);
 }

@@ -158,6 +158,38 @@ TEST_F(Conversation, CanBeCopiedAndRunAgain) {
   EXPECT_EQ(written, (List{"write *IDN?", "write *RST"}));
 }
 
+TEST_F(Conversation, BracesAndBackslashesFormatTheWindowAndStayInTheQueue) {
+  Set(u"AutoReadAfterQueryMode", u"On");
+  Driver->OnCall = [this](const std::string& line) {
+    if (line == "write JSON?") Driver->Answer = "{\"volt\":1.5}";
+    if (line == "write PATH?") Driver->Answer = "C:\\data\\new.csv";
+    if (line == "write LINES?") Driver->Answer = "one\\par two";
+    if (line == "write OPEN?") Driver->Answer = "a{b";
+    if (line == "write CLOSE?") Driver->Answer = "a}b";
+  };
+  Type(u"JSON?\r\nPATH?\r\nLINES?\r\nOPEN?\r\nCLOSE?\r\nDISP:TEXT \"{A}\"\r\n");
+  Frame->Run();
+  EXPECT_EQ(ToUtf8(Past->Text()), ToUtf8(u"JSON?\r\n\u00AE\"volt\":1.5\r\n"
+                                         u"PATH?\r\n\u00AEC:.csv\r\n"
+                                         u"LINES?\r\n\u00AEone\r\ntwo\r\n"
+                                         u"OPEN?\r\n\u00AEab\r\n"
+                                         u"CLOSE?\r\n\u00AEaDISP:TEXT \"A\"\r\n"));
+  List answers = Queue();
+  std::erase_if(answers, [](const std::string& line) { return !line.starts_with("Response: "); });
+  EXPECT_EQ(answers, (List{"Response: {\"volt\":1.5}\\r\\n", "Response: C:\\data\\new.csv\\r\\n",
+                           "Response: one\\par two\\r\\n", "Response: a{b\\r\\n", "Response: a}b\\r\\n"}));
+}
+
+TEST_F(Conversation, LineEndsWithinAnAnswerAreNotInTheWindow) {
+  Set(u"AutoReadAfterQueryMode", u"On");
+  Driver->OnCall = [this](const std::string& line) {
+    if (line == "write DATA?") Driver->Answer = "#15a\nb\nc";
+  };
+  Type(u"DATA?\r\n");
+  Frame->Run();
+  EXPECT_EQ(ToUtf8(Past->Text()), ToUtf8(u"DATA?\r\n\u00AE#15abc\r\n"));
+}
+
 TEST_F(Conversation, FailedWriteShowsAsItsInstruction) {
   Driver->Failures["write *RST"] = -1073807339;
   Type(u"*RST\r\n");

@@ -7,6 +7,8 @@
 #include "ui/MainDesign.h"
 #include "ui/ResourceStrings.h"
 
+#include <utility>
+
 namespace portico {
 namespace {
 
@@ -18,7 +20,7 @@ IStatusPanel& Panel(IForm& form, std::int32_t index) {
 
 } // namespace
 
-/// All that an update depends on, read once.
+/// What an update reads once.
 struct MainUpdate::State {
   bool Opened = Value(gConfiguration->ItemValue(u"InstrumentOpened")).ToBoolean();
   String Name = gConfiguration->ItemValue(u"InstrumentName");
@@ -27,15 +29,14 @@ struct MainUpdate::State {
   bool Logging = gConfiguration->ItemValue(u"Logging") == u"On";
   bool ModeOff = gConfiguration->ItemValue(u"RunningMode") == u"Off";
   bool HasCommands;
-  Circumstances Now;
-  /// The command window has the focus, as far as the edit and run groups care.
-  bool CmdFocus = false;
 };
 
-MainUpdate::MainUpdate(IForm& form, const Ref<IRichTextControl>& txtFuture, const Ref<IRichTextControl>& txtPast)
+MainUpdate::MainUpdate(IForm& form, const Ref<IRichTextControl>& txtFuture, const Ref<IRichTextControl>& txtPast,
+                       Circumstances circumstances)
     : m_form(form),
       m_txtFuture(txtFuture),
       m_txtPast(txtPast),
+      m_circumstances(std::move(circumstances)),
       m_status(Panel(form, 1)),
       m_protocol(Panel(form, 2)),
       mnuFileOpenInstrument(Menu(form, u"mnuFileOpenInstrument")),
@@ -65,23 +66,16 @@ MainUpdate::MainUpdate(IForm& form, const Ref<IRichTextControl>& txtFuture, cons
       m_runToCursor(form, {u"mnuRunToCursor", u"mnuPopupCMDRun2Cursor"}, {u"Run to Cursor"}),
       m_stop(form, {u"mnuStop", u"mnuPopupCMDStop"}, {u"Stop"}) {}
 
-void MainUpdate::Run(const Circumstances& now) const {
+void MainUpdate::Run() const {
   HuntERR::Check(bool(gConfiguration), ErrorNumber::ObjectRequired,
                  u"The configuration server is required for this operation, but it does not exist.");
-  State state{.HasCommands = m_txtFuture->TextLength() != 0, .Now = now};
+  const State state{.HasCommands = m_txtFuture->TextLength() != 0};
   ShowInstrument(state);
   ShowPlaceholder(state);
   ShowProtocol(state);
   ShowLog(state);
-  const auto* box = dynamic_cast<const IRichTextBox*>(gForms->ActiveControl());
-  const bool hasSelection = box != nullptr && !box->SelText().empty();
-  state.CmdFocus = box != nullptr && now.CommandHasFocus;
-  m_cut.Enabled(hasSelection && state.CmdFocus);
-  m_copy.Enabled(hasSelection);
-  m_paste.Enabled(state.CmdFocus && !gClipboard->GetText().empty());
-  m_pasteFrom.Enabled(state.CmdFocus);
-  m_copyTo.Enabled(hasSelection);
-  ShowRunning(state);
+  const bool cmdFocus = ShowEditing();
+  ShowRunning(state, cmdFocus);
   mnuFilePrint.Enabled(m_txtPast->TextLength() != 0);
   gEventLoop->DoEvents();
 }
@@ -142,12 +136,25 @@ void MainUpdate::ShowLog(const State& state) const {
   m_pause.Enabled(hasLog);
 }
 
-void MainUpdate::ShowRunning(const State& state) const {
-  const bool canRun = !state.Now.Executing && state.ModeOff && state.Opened && state.HasCommands;
+bool MainUpdate::ShowEditing() const {
+  const auto* box = dynamic_cast<const IRichTextBox*>(gForms->ActiveControl());
+  const bool hasSelection = box != nullptr && !box->SelText().empty();
+  const bool cmdFocus = box != nullptr && m_circumstances.CommandHasFocus();
+  m_cut.Enabled(hasSelection && cmdFocus);
+  m_copy.Enabled(hasSelection);
+  m_paste.Enabled(cmdFocus && !gClipboard->GetText().empty());
+  m_pasteFrom.Enabled(cmdFocus);
+  m_copyTo.Enabled(hasSelection);
+  return cmdFocus;
+}
+
+void MainUpdate::ShowRunning(const State& state, bool cmdFocus) const {
+  const bool isExecuting = m_circumstances.Executing();
+  const bool canRun = !isExecuting && state.ModeOff && state.Opened && state.HasCommands;
   m_step.Enabled(canRun);
   m_run.Enabled(canRun);
-  m_runToCursor.Enabled(canRun && state.CmdFocus);
-  m_stop.Enabled(state.Now.Executing && state.Opened);
+  m_runToCursor.Enabled(canRun && cmdFocus);
+  m_stop.Enabled(isExecuting && state.Opened);
 }
 
 } // namespace portico

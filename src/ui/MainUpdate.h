@@ -4,22 +4,26 @@
 #include "platform/IStatusBar.h"
 #include "ui/ActionGroup.h"
 
+#include <functional>
+
 namespace portico {
 
 /// Recomputes every enabled, checked and visible state of the main window, its texts and the placeholder of the command
 /// window, from the configuration and the focus. It decides nothing else, and keeps nothing between two updates.
 class MainUpdate {
 public:
-  /// The form of the main window, which must outlive this, and its two text boxes.
-  MainUpdate(IForm& form, const Ref<IRichTextControl>& txtFuture, const Ref<IRichTextControl>& txtPast);
-
-  /// What the configuration does not know.
+  /// What the configuration does not know. It is asked where an update needs it, since what an update changes on the
+  /// way may give the event loop a turn.
   struct Circumstances {
-    bool CommandHasFocus;
-    bool Executing;
+    std::function<bool()> CommandHasFocus;
+    std::function<bool()> Executing;
   };
+  /// The form of the main window, which must outlive this, and its two text boxes.
+  MainUpdate(IForm& form, const Ref<IRichTextControl>& txtFuture, const Ref<IRichTextControl>& txtPast,
+             Circumstances circumstances);
+
   /// Needs the global configuration (424). Ends with a turn of the event loop, in which it can be entered again.
-  void Run(const Circumstances& now) const;
+  void Run() const;
 
 private:
   struct State;
@@ -28,12 +32,14 @@ private:
   void ShowPlaceholder(const State& state) const;
   void ShowProtocol(const State& state) const;
   void ShowLog(const State& state) const;
-  void ShowEditing(const State& state) const;
-  void ShowRunning(const State& state) const;
+  /// True if the command window has the focus, as far as the run group cares, too.
+  bool ShowEditing() const;
+  void ShowRunning(const State& state, bool cmdFocus) const;
 
   IForm& m_form;
   Ref<IRichTextControl> m_txtFuture;
   Ref<IRichTextControl> m_txtPast;
+  Circumstances m_circumstances;
   IStatusPanel& m_status;
   IStatusPanel& m_protocol;
   IMenuItem& mnuFileOpenInstrument;

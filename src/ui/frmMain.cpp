@@ -49,7 +49,9 @@ frmMain::frmMain(const std::function<void()>& CreateObjectFactory) : m_form(gFor
   m_txtPast = TextBox(u"txtPast");
   m_scratchArea = TextBox(u"rtfScratchArea");
   m_txtPast->Locked(true);
-  m_update.emplace(*m_form, m_txtFuture, m_txtPast);
+  m_update.emplace(*m_form, m_txtFuture, m_txtPast,
+                   MainUpdate::Circumstances{.CommandHasFocus = [this] { return m_CommandHasFocus; },
+                                             .Executing = [this] { return Executing(); }});
   splitterNow.emplace(FindControl<ISplitArea>(*m_form, u"splitterNow"));
   splitterNow->SplitPercent(DefaultPercent);
   const bool made = RunHandler(u"frmMain.Form_Initialize", u"An error occured while initializing.", [&] {
@@ -206,9 +208,7 @@ void frmMain::Logger(const Ref<ISubscriber>& newValue) {
   m_logger = newValue;
 }
 
-void frmMain::UpdateUI(const String&, const String&) try {
-  m_update->Run({.CommandHasFocus = m_CommandHasFocus, .Executing = Executing()});
-} catch (...) {
+void frmMain::UpdateUI(const String&, const String&) try { m_update->Run(); } catch (...) {
   PassOn(u"frmMain.UpdateUI()");
 }
 

@@ -107,5 +107,65 @@ INSTANTIATE_TEST_SUITE_P(All, UpdateUITable,
                          ::testing::Combine(::testing::ValuesIn(CommandTexts), ::testing::ValuesIn(HistoryTexts),
                                             ::testing::Bool()));
 
+/// A text that is put into the command window updates the window, which gives the loop a turn within the update.
+class UpdateTurnTest : public MainWindowFixture {
+protected:
+  UpdateTurnTest() { Start(); }
+
+  /// Does that in the next turn.
+  void InTheNextTurn(const std::function<void()>& act) {
+    m_timer = Loop->MakeTimer();
+    m_timer->Interval(1);
+    m_timer->Enabled(true);
+    m_timer->Timer().Connect([this, act] {
+      m_timer->Enabled(false);
+      act();
+    });
+    Clock.Advance(std::chrono::milliseconds(1));
+  }
+
+private:
+  std::unique_ptr<ITimer> m_timer;
+};
+
+TEST_F(UpdateTurnTest, AFocusThatMovesWithinTheUpdateCounts) {
+  SetOpened();
+  Clipboard->Text = u"text";
+  Window->txtPast()->SetFocus();
+  SetItem(u"InstrumentOpened", u"False");
+  InTheNextTurn([this] { Window->txtFuture()->SetFocus(); });
+  Window->UpdateUI({}, {});
+  EXPECT_EQ(ToUtf8(Future().Text()), "OPEN AN INSTRUMENT!");
+  EXPECT_TRUE(Future().HasFocus());
+  EXPECT_TRUE(Menu(u"mnuEditPaste").Enabled());
+  EXPECT_TRUE(Menu(u"mnuPasteFrom").Enabled());
+}
+
+TEST_F(UpdateTurnTest, ARunThatBeginsWithinTheUpdateCounts) {
+  SetItem(u"InstrumentOpened", u"True");
+  InTheNextTurn([this] { Window->Executing(true); });
+  Window->UpdateUI({}, {});
+  EXPECT_EQ(ToUtf8(Future().Text()), "REM Enter commands here.\r\n");
+  EXPECT_TRUE(Menu(u"mnuStop").Enabled());
+  EXPECT_FALSE(Menu(u"mnuRun").Enabled());
+}
+
+TEST_F(UpdateTurnTest, WhetherThereIsTextIsReadOnce) {
+  SetItem(u"InstrumentOpened", u"True");
+  InTheNextTurn([this] { Future().Text(u""); });
+  Window->UpdateUI({}, {});
+  EXPECT_TRUE(Menu(u"mnuRun").Enabled());
+  Window->UpdateUI({}, {});
+  EXPECT_FALSE(Menu(u"mnuRun").Enabled()) << "the next update sees it";
+}
+
+TEST_F(UpdateTurnTest, TheConfigurationIsRequiredFirstAlsoWithoutACommandView) {
+  Window->Form_Unload();
+  gConfiguration = nullptr;
+  const ErrorRecord error = Raised([this] { Window->UpdateUI({}, {}); });
+  ExpectError(error, 424, u"The configuration server is required for this operation, but it does not exist.");
+  ExpectTrail(error, {u"frmMain.UpdateUI()"});
+}
+
 } // namespace
 } // namespace portico::test

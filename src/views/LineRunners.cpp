@@ -9,17 +9,6 @@
 
 namespace portico {
 
-void LineRunner::Execute() {
-  CPopALine popper;
-  popper.CmdQueue(m_queue);
-  Begin();
-  LineKind kind = LineKind::None;
-  String line;
-  do {
-    line = popper.Pop(kind);
-  } while (Handle(line, kind));
-}
-
 bool LineRunner::IsOver(StringView line) { return BeginsWith(line, EndOfText) || gMainForm->StopRequested(); }
 
 bool LineRunner::Act(const String& line, LineKind kind) {
@@ -43,29 +32,45 @@ bool LineRunner::SendLine(const String& line) {
   return true;
 }
 
-bool CCommandRunner::Handle(const String& line, LineKind kind) {
-  if (!std::exchange(m_first, false)) gEventLoop->DoEvents();
-  if (IsOver(line)) return false;
-  Act(line, kind);
-  return true;
+void CCommandRunner::Execute() {
+  CPopALine popper;
+  popper.CmdQueue(Queue());
+  LineKind kind = LineKind::None;
+  String line = popper.Pop(kind);
+  while (!IsOver(line)) {
+    Act(line, kind);
+    line = popper.Pop(kind);
+    gEventLoop->DoEvents();
+  }
 }
 
-bool CCommandStepper::Handle(const String& line, LineKind kind) {
-  const bool sent = Act(line, kind);
-  gEventLoop->DoEvents();
-  return !sent && !IsOver(line);
+void CCommandStepper::Execute() {
+  CPopALine popper;
+  popper.CmdQueue(Queue());
+  LineKind kind = LineKind::None;
+  String line;
+  bool isSent = false;
+  do {
+    line = popper.Pop(kind);
+    isSent = Act(line, kind);
+    gEventLoop->DoEvents();
+  } while (!isSent && !IsOver(line));
 }
 
-void CCommandCursorRunner::Begin() {
-  m_target = Queue().GetLineFromChar(Queue().SelStart());
-  m_count = 0;
-}
-
-bool CCommandCursorRunner::Handle(const String& line, LineKind kind) {
-  ++m_count;
-  Act(line, kind);
-  gEventLoop->DoEvents();
-  return m_count != m_target && !IsOver(line);
+void CCommandCursorRunner::Execute() {
+  // In lines of the box, while what is counted are lines taken off.
+  const std::int32_t target = Queue()->GetLineFromChar(Queue()->SelStart());
+  std::int32_t count = 0;
+  CPopALine popper;
+  popper.CmdQueue(Queue());
+  LineKind kind = LineKind::None;
+  String line;
+  do {
+    line = popper.Pop(kind);
+    ++count;
+    Act(line, kind);
+    gEventLoop->DoEvents();
+  } while (count != target && !IsOver(line));
 }
 
 } // namespace portico

@@ -267,6 +267,25 @@ TEST_F(CommandCursorRunner, StopLosesNoLine) {
   EXPECT_EQ(Shown(), "two\\r\\nthree\\r\\nfour\\r\\n");
 }
 
+TEST_F(CommandCursorRunner, GivesTwoTurnsToEachLine) {
+  Box->Type(u"REM a\r\none\r\ntwo\r\n");
+  Box->PlaceCaret(12); // in the third line
+  EXPECT_EQ(Outcome(Cursor), (List{"show REM a", "send one"}));
+  EXPECT_EQ(Loop->Turns, 4); // one to each pop, one to each pass
+}
+
+TEST_F(CommandCursorRunner, AnotherRunWithinItLeavesItsTargetAndItsCount) {
+  Box->Type(u"one\r\ntwo\r\nthree\r\nfour\r\nfive\r\n");
+  Box->PlaceCaret(17); // in the fourth line
+  Processor->OnSend = [&](const std::string& text) {
+    if (text != "one") return;
+    Box->PlaceCaret(5); // in what is the second line now
+    Cursor.Execute();
+  };
+  EXPECT_EQ(Outcome(Cursor), (List{"send one", "send two", "send three", "send four"}));
+  EXPECT_EQ(Shown(), "five\\r\\n");
+}
+
 TEST_F(CommandCursorRunner, CanRunAgainWithANewTarget) {
   Box->Type(u"one\r\ntwo\r\nthree\r\n");
   for (const auto* expected : {"send one", "send two"}) {

@@ -287,6 +287,24 @@ TEST_F(FormTest, ADialogComesUpInTheMiddleOfTheScreen) {
   EXPECT_LE((middle - qApp->primaryScreen()->availableGeometry().center()).manhattanLength(), 60);
 }
 
+TEST_F(FormTest, ADialogComesUpOverItsOwnerUnlessItsTableCentresIt) {
+  const Ref<IForm> owner = Shown(SampleWindow);
+  owner->Move(0, 0, 4500, 3000);
+  loop.DoEvents();
+  const QPoint middleOfScreen = qApp->primaryScreen()->availableGeometry().center();
+  const QPoint middleOfOwner = AsForm(owner).Window().geometry().center();
+  ASSERT_GT((middleOfScreen - middleOfOwner).manhattanLength(), 200);
+  for (const bool isCentred : {false, true}) {
+    const Ref<IForm> form =
+        screen.Load({.Name = u"frmDialog", .Caption = u"Dialog", .Style = FormStyle::Dialog, .IsCentred = isCentred});
+    form->Owner(owner.Get());
+    form->Show();
+    const QPoint middle = AsForm(form).Window().geometry().center();
+    EXPECT_LE((middle - (isCentred ? middleOfScreen : middleOfOwner)).manhattanLength(), 60) << isCentred;
+    form->Unload();
+  }
+}
+
 TEST_F(FormTest, KeysAreSeenOnceBeforeTheControlWithTheFocus) {
   const Ref<IForm> form = Shown(SampleWindow);
   auto* edit = Find<QPlainTextEdit>(form, "txtUpper");

@@ -48,13 +48,15 @@ protected:
   static std::string TextOf(memory::Form& form, StringView box) { return ToUtf8(Find<TextBox>(form, box).Text()); }
   static double LeftOf(memory::Form& form, StringView page) { return Find<IPage>(form, page).Left(); }
 
-  /// What OK writes for the values as they are loaded.
-  List Saved() const {
+  /// What OK writes: what is stored, but for these, and the protocol.
+  static List Written(const std::map<String, String>& others) {
     List lines;
-    for (const auto& [item, value] : Stored) {
-      lines.push_back(ToUtf8(item) + "=" + ToUtf8(Configuration->Items.at(item)));
-    }
-    lines.push_back("ProtocolName=" + ToUtf8(Configuration->Items.at(u"ProtocolName")));
+    const auto add = [&](const String& item, const String& value) {
+      const auto other = others.find(item);
+      lines.push_back(ToUtf8(item) + "=" + ToUtf8(other == others.end() ? value : other->second));
+    };
+    for (const auto& [item, value] : Stored) add(item, value);
+    add(u"ProtocolName", u"SCPI");
     return lines;
   }
 };

@@ -1,5 +1,4 @@
 #include "OptionsFixture.h"
-#include "configuration/CConfigurationClient.h"
 
 namespace portico::test {
 namespace {
@@ -41,6 +40,13 @@ TEST_F(OptionsTest, TextsOfTheDesignStandUntilTheOptionsAreLoaded) {
   EXPECT_EQ(TextOf(*form, u"txtOtherInterval"), "");
   EXPECT_EQ(Find<ComboBox>(*form, u"cboSCPITermChar").ListIndex(), -1);
   EXPECT_EQ(Find<ComboBox>(*form, u"cboOtherTermChar").ListIndex(), -1);
+}
+
+TEST_F(OptionsTest, StandsInTheMiddleOfTheScreenAndBelongsToTheMainWindow) {
+  Show([this](memory::Form& form) {
+    EXPECT_TRUE(form.Design().IsCentred);
+    EXPECT_EQ(form.Owner(), &MainForm->Form());
+  });
 }
 
 TEST_F(OptionsTest, TabsAreThese) {
@@ -91,31 +97,6 @@ TEST_F(OptionsTest, LoadingRunsTheClickHandlers) {
   Show([](memory::Form& form) { EXPECT_FALSE(IsChecked(form, u"chkSCPIAutoRead")); });
 }
 
-TEST_F(OptionsTest, UnknownTerminationSelectsNothingAndIsSavedEmpty) {
-  With(u"SCPIProtocolTerminationCharacter", u"auto");
-  Show([](memory::Form& form) {
-    EXPECT_EQ(Find<ComboBox>(form, u"cboSCPITermChar").ListIndex(), -1);
-    Press(form, u"cmdOK");
-  });
-  EXPECT_EQ(Configuration->Items[u"SCPIProtocolTerminationCharacter"], u"");
-}
-
-TEST_F(OptionsTest, FirstTerminationIsStoredWithoutItsBlank) {
-  Show([](memory::Form& form) {
-    Find<ComboBox>(form, u"cboSCPITermChar").Choose(u"Auto ");
-    Press(form, u"cmdOK");
-  });
-  EXPECT_EQ(Configuration->Items[u"SCPIProtocolTerminationCharacter"], u"Auto");
-}
-
-TEST_F(OptionsTest, EachTerminationComesBackAsItWasStored) {
-  for (StringView termination : {u"Auto", u"CR", u"LF", u"CRLF", u"LFCR"}) {
-    With(u"OtherProtocolTerminationCharacter", String(termination));
-    Show([](memory::Form& form) { Press(form, u"cmdOK"); });
-    EXPECT_EQ(Configuration->Items[u"OtherProtocolTerminationCharacter"], termination);
-  }
-}
-
 TEST_F(OptionsTest, OpensOnThePageOfTheProtocol) {
   Show([](memory::Form& form) {
     EXPECT_EQ(Find<TabStrip>(form, u"tbsOptions").SelectedItem(), 1);
@@ -132,7 +113,7 @@ TEST_F(OptionsTest, WithProtocolNameOtherOpensOnTab2AndOKSavesTheUnseenTab1AsItW
     EXPECT_EQ(LeftOf(form, u"picOptions(1)"), 120);
     Press(form, u"cmdOK");
   });
-  EXPECT_EQ(Calls, Saved());
+  EXPECT_EQ(Calls, Written({{u"ProtocolName", u"Other"}}));
 }
 
 TEST_F(OptionsTest, AnyOtherProtocolNameOpensOnTab1) {
@@ -194,20 +175,6 @@ TEST_F(OptionsTest, TimedEnablesItsIntervalAndUnit) {
   });
 }
 
-TEST_F(OptionsTest, WithTimedUncheckedTheIntervalCannotBeEditedButIsSavedAllTheSame) {
-  With(u"SCPIProtocolIntervalPacing", u"Off");
-  With(u"OtherProtocolIntervalPacing", u"Off");
-  Show([](memory::Form& form) {
-    EXPECT_FALSE(Find<TextBox>(form, u"txtSCPIInterval").Type(u"7"));
-    EXPECT_FALSE(Find<IControl>(form, u"lblUnit").Enabled());
-    EXPECT_FALSE(Find<IControl>(form, u"txtOtherInterval").Enabled());
-    EXPECT_FALSE(Find<IControl>(form, u"lblOtherUnit").Enabled());
-    Press(form, u"cmdOK");
-  });
-  EXPECT_EQ(Calls, Saved());
-  EXPECT_EQ(Configuration->Items[u"SCPIProtocolPacingInterval"], u"250");
-}
-
 TEST_F(OptionsTest, UncheckingAutoReadWhileOPCOrStatusIsCheckedLeavesItChecked) {
   for (StringView box : {u"chkSCPIOPC", u"chkSCPIGetStatus"}) {
     Show([&](memory::Form& form) {
@@ -237,54 +204,6 @@ TEST_F(OptionsTest, CheckingOPCOrStatusChecksAutoRead) {
       EXPECT_TRUE(IsChecked(form, u"chkSCPIAutoRead"));
     });
   }
-}
-
-TEST_F(OptionsTest, OKSavesBothPagesInOrderAndThenTheProtocolUnchanged) {
-  Show([](memory::Form& form) {
-    Find<TextBox>(form, u"txtErrQueryCmd").Type(u"");
-    Press(form, u"cmdOK");
-    EXPECT_FALSE(form.IsLoaded());
-  });
-  EXPECT_EQ(Configuration->Items[u"SCPIProtocolErrorCheckingCommand"], u"");
-  EXPECT_EQ(Calls, Saved());
-  EXPECT_EQ(Calls.size(), 11U);
-}
-
-TEST_F(OptionsTest, LettersInTheIntervalAreStored) {
-  Show([](memory::Form& form) {
-    Find<TextBox>(form, u"txtSCPIInterval").Type(u"abc");
-    Press(form, u"cmdOK");
-  });
-  EXPECT_EQ(Configuration->Items[u"SCPIProtocolPacingInterval"], u"abc");
-}
-
-TEST_F(OptionsTest, CancelEscapeAndTheCloseBoxStoreNothing) {
-  const std::vector<std::function<void(memory::Form&)>> ways = {
-      [](memory::Form& form) { Press(form, u"cmdCancel"); },
-      [](memory::Form& form) { form.PressKey(memory::EscapeKey); },
-      [](memory::Form& form) { form.PressCloseBox(); },
-  };
-  for (const auto& leave : ways) {
-    Show([&](memory::Form& form) {
-      Click(form, u"chkSCPIOPC");
-      leave(form);
-      EXPECT_FALSE(form.IsLoaded());
-    });
-  }
-  EXPECT_EQ(Calls, List{});
-}
-
-TEST_F(OptionsTest, SavingBringsTheOptionsIntoEffect) {
-  gObjectFactory->Substitue(New<CreatorOfOne>(u"Configuration", Server));
-  gConfiguration = New<CConfigurationClient>();
-  EXPECT_EQ(Server->Items[u"PacingInterval"], u"1000");
-  Show([](memory::Form& form) {
-    Click(form, u"chkSCPITimed");
-    Find<TextBox>(form, u"txtSCPIInterval").Type(u"abc");
-    Press(form, u"cmdOK");
-  });
-  EXPECT_EQ(Server->Items[u"PacingInterval"], u"abc");
-  EXPECT_EQ(Server->Items[u"IntervalPacing"], u"On");
 }
 
 TEST_F(OptionsTest, CtrlTabGoesToTheNextTabAndFromTheLastToTheFirst) {

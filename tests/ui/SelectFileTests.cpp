@@ -54,14 +54,6 @@ TEST_F(SelectFileTest, EachFilterSetHasItsFiltersAndExtension) {
   expect(6, u"Command (*.cmd)", u".cmd");
 }
 
-TEST_F(SelectFileTest, CallersNameTheirSets) {
-  EXPECT_EQ(CopyToFilters, 1);
-  EXPECT_EQ(PasteFromFilters, 3);
-  EXPECT_EQ(ViewLogFilters, 4);
-  EXPECT_EQ(NewLogFilters, 5);
-  EXPECT_EQ(SelectToOpen, 1);
-}
-
 TEST_F(SelectFileTest, CancelReturnsTheEmptyStringAndNoErrorIsRaised) {
   EXPECT_EQ(frmSelectFile::Make()->SelectedFileName(1, u"Copy to file...", 1), u"");
   EXPECT_EQ(frmSelectFile::Make()->SelectedFileName(0, u"", 0), u"");

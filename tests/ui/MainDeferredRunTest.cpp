@@ -78,6 +78,20 @@ TEST_F(MainDeferredRunTest, StepWins) {
   EXPECT_EQ(Wire, Lines{"write one"}) << "the other requests are forgotten";
 }
 
+TEST_F(MainDeferredRunTest, WhatIsAskedForDuringARunIsForgottenAtItsEnd) {
+  for (const StringView item : {u"mnuPopupCMDStep", u"mnuPopupCMDRun", u"mnuPopupCMDRun2Cursor"}) {
+    Future().Text(u"one\r\ntwo\r\nthree\r\n");
+    Wire.clear();
+    Driver->OnCall = [&](const std::string& line) {
+      if (line == "write one") Click(item);
+    };
+    Click(u"mnuPopupCMDStep");
+    PassTenMilliseconds();
+    PassTenMilliseconds();
+    EXPECT_EQ(Wire, Lines{"write one"}) << ToUtf8(item);
+  }
+}
+
 TEST_F(MainDeferredRunTest, RunWinsOverRunToCursor) {
   Future().SelStart(6); // in the second line
   Click(u"mnuPopupCMDRun2Cursor");

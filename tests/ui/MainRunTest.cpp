@@ -110,6 +110,20 @@ TEST_F(MainRunTest, StepStillShowsTheIdleStateWhenItBegins) {
   EXPECT_EQ(Offered(), "Step Run RunToCursor");
 }
 
+TEST_F(MainRunTest, AStepOffersWhatIsOfferedIdleUntilItsLineIsTakenAndStopAloneFromThenOn) {
+  Type(u"*RST\r\n*CLS\r\n");
+  Window->txtFuture()->SetFocus();
+  Lines seen;
+  OnEveryTurn([&] {
+    const std::string now = Left() + " " + Offered();
+    if (seen.empty() || seen.back() != now) seen.push_back(now);
+  });
+  Click(u"mnuStep");
+  EXPECT_EQ(seen, (Lines{"*RST\\r\\n*CLS\\r\\n Step Run RunToCursor", "*CLS\\r\\n Stop", "*CLS\\r\\n Step Run",
+                         "*CLS\\r\\n Step Run RunToCursor"}))
+      << "and behind it the idle state again, with the focus at last in the command window";
+}
+
 TEST_F(MainRunTest, AStepPassesOverRemarksAndLeavesWhatIsBehindItsInstruction) {
   Type(u"REM one\r\n\r\n*RST\r\nREM two\r\n*CLS\r\n");
   Click(u"mnuStep");

@@ -228,9 +228,10 @@ TEST_F(MainCommandsTest, AnOpenThatMovesNoFocusUpdatesTheWindowAllTheSame) {
   EXPECT_EQ(Button(u"OpenInstrument").Value(), 1);
 }
 
-TEST_F(MainCommandsTest, AnOpenThatIsCancelledShowsTheButtonReleasedAgain) {
+TEST_F(MainCommandsTest, AnOpenThatIsCancelledShowsTheButtonReleasedAtTheNextUpdate) {
   ClickButton(u"OpenInstrument", 1);
   EXPECT_EQ(Commands, std::vector<std::string>{"OpenInstrument"});
+  EXPECT_EQ(Button(u"OpenInstrument").Value(), 1) << "as the press left it";
   Window->UpdateUI({}, {});
   EXPECT_EQ(Button(u"OpenInstrument").Value(), 0);
 }

@@ -168,6 +168,13 @@ TEST_F(MainResizeTest, FollowsAToolbarOfAnotherPlaceAndHeight) {
   EXPECT_EQ(Logo().Top(), 30);
 }
 
+TEST_F(MainResizeTest, TheLogoStandsAtTheRightEndWhateverItsWidth) {
+  EXPECT_EQ(Logo().Left(), 6500 - 8 * 15 - 32 * 15) << "without the frame";
+  Logo().Width(900);
+  ASSERT_TRUE(MemoryForm().Resize(12000, 9000));
+  EXPECT_EQ(Logo().Left(), 12000 - 8 * 15 - 900);
+}
+
 TEST_F(MainResizeTest, AStepThatFailsMovesOnToTheNext) {
   const double height = Area().Height();
   ASSERT_TRUE(MemoryForm().Resize(12000, 100)); // too low for the two bars

@@ -1,4 +1,5 @@
 #include "framework/IPublisher.h"
+#include "ui/FormSpy.h"
 #include "ui/MainTables.h"
 #include "ui/MainWindowFixture.h"
 
@@ -118,6 +119,16 @@ TEST_F(MainStartTest, HasItsTextsItsPlaceAndItsItemsBeforeTheHistoryStands) {
     });
   };
   Start();
+  ExpectNoBox();
+}
+
+TEST_F(MainStartTest, LoadsItsTextsAsIfExecutingAndRestoresItsPlaceBeforeItsState) {
+  std::vector<std::string> noted;
+  gForms = std::make_shared<SpiedForms>(Screen, [&](const std::string& what) {
+    noted.push_back(what + (Window && Window->Executing() ? ", executing" : ""));
+  });
+  Start();
+  EXPECT_EQ(noted, (std::vector<std::string>{"strings, executing", "Left", "Top", "Width", "Height", "WindowState"}));
   ExpectNoBox();
 }
 

@@ -149,6 +149,25 @@ TEST_F(MainTypingTest, WhatIsTypedAfterAPasteIsPlainBlack) {
   EXPECT_EQ(Future().SelFormat().SelColor, 0x0000FF);
 }
 
+TEST_F(MainTypingTest, TheWindowIsUpdatedBeforeTypingIsPlainAgain) {
+  SetOpened();
+  Future().Text(u"ab");
+  Future().SelStart(0);
+  Future().SelLength(2);
+  Future().SelFormat({.SelBold = true});
+  const String fragment = Future().SelRTF();
+  std::vector<bool> bold; // at the caret, in each turn
+  const auto turns = Loop->MakeTimer();
+  turns->Interval(1);
+  turns->Enabled(true);
+  turns->Timer().Connect([&] { bold.push_back(Future().SelFormat().SelBold == true); });
+  Clock.Advance(std::chrono::milliseconds(1));
+  Future().SelStart(2);
+  Future().SelRTF(fragment);
+  EXPECT_EQ(bold, std::vector<bool>{true});
+  EXPECT_EQ(Future().SelFormat().SelBold, false);
+}
+
 TEST_F(MainTypingTest, TheCaretStaysBehindALineEnd) {
   SetOpened();
   Future().Text(u"");
@@ -181,19 +200,20 @@ TEST_F(MainTypingTest, ARightPressInTheCommandWindowGivesItTheFocusAndShowsItsMe
   ExpectNoBox();
 }
 
-TEST_F(MainTypingTest, TheLoopGetsATurnWhenTheMenuHasClosed) {
+TEST_F(MainTypingTest, TheLoopGetsATurnBeforeTheMenuIsUpdatedAndOneWhenItHasClosed) {
   SetOpened();
-  int fired = 0;
+  Window->txtFuture()->SetFocus(); // so that the press moves no focus, which would give a turn, too
+  SetItem(u"LogFileName", u"first.log");
+  std::vector<std::string> captions;
   const auto timer = Loop->MakeTimer();
   timer->Interval(10);
   timer->Enabled(true);
-  timer->Timer().Connect([&] { ++fired; });
-  Screen->OnPopup(u"mnuPopupCMD", [&](memory::MenuItem&) {
-    fired = 0;
-    Clock.Advance(std::chrono::milliseconds(10));
-  });
+  timer->Timer().Connect([&] { captions.push_back(ToUtf8(Form().Caption())); });
+  const auto passTenMilliseconds = [this] { Clock.Advance(std::chrono::milliseconds(10)); };
+  Screen->OnPopup(u"mnuPopupCMD", [&](memory::MenuItem&) { passTenMilliseconds(); });
+  passTenMilliseconds();
   ASSERT_TRUE(Future().PressMouse({.Button = RightButton}));
-  EXPECT_EQ(fired, 1);
+  EXPECT_EQ(captions, (std::vector<std::string>{"Tolvane Portico", "first.log - Tolvane Portico"}));
 }
 
 TEST_F(MainTypingTest, OtherButtonsShowNoMenuInTheCommandWindow) {

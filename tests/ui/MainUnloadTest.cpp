@@ -1,4 +1,5 @@
 #include "framework/IPublisher.h"
+#include "support/CreatorOfOne.h"
 #include "ui/MainWindowFixture.h"
 
 namespace portico::test {
@@ -75,6 +76,26 @@ TEST_F(MainUnloadTest, LetsGoOfSubscribersAndViews) {
       u"Report", modGlobals::VarArray(u"COMPLETE", Ref<IObject>(), ErrorNumber::InstructionComplete, u"", u"")));
   EXPECT_EQ(Item(u"CurrentInstruction"), "*RST") << "the runner hears nothing any more";
   EXPECT_EQ(ToUtf8(Past().Text()), "") << "nor does the displayer";
+}
+
+/// An agent that writes down who leaves.
+class AgentSpy final : public IPublisher {
+public:
+  StringView ClassName() const override { return u"AgentSpy"; }
+  void Subscribe(const Ref<ISubscriber>&) override {}
+  void Unsubscribe(const Ref<ISubscriber>& Subscriber) override { Left.push_back(ToUtf8(Subscriber->ClassName())); }
+  void Notify(const Ref<IObject>&) override {}
+
+  std::vector<std::string> Left;
+};
+
+TEST_F(MainUnloadTest, UnsubscribesTheDisplayerThenTheRunner) {
+  Start();
+  const auto agent = New<AgentSpy>();
+  gObjectFactory->Substitue(New<CreatorOfOne>(u"CmdSubscriptionAgent", agent));
+  Unload();
+  EXPECT_EQ(agent->Left, (Texts{"CReportDisplayer", "CInstructionRunner"}));
+  ExpectNoBox();
 }
 
 class LoggerSpy final : public ISubscriber {

@@ -207,7 +207,9 @@ INSTANTIATE_TEST_SUITE_P(Texts, BadXmlTest,
                                            u"<Parameters/><Parameters/>", u"<Parameters/>tail", u"head<Parameters/>",
                                            u"<Parameters><Parameter Name=\"A></Parameters>", u"<!-- only -->",
                                            u"<Parameters/><![CDATA[x]]>", u"<Parameters>&#xD800;</Parameters>",
-                                           u"<Parameters a=\"&#x110000;\"/>"));
+                                           u"<Parameters a=\"&#x110000;\"/>", u"<Parameters>&#0;</Parameters>",
+                                           u"<Parameters>a&#x000;b</Parameters>", u"<Parameters a=\"&#00;\"/>",
+                                           u"<Parameters><a><![CDATA[]]>&#0;</a></Parameters>"));
 
 TEST_P(BadXmlTest, IsRefusedByUpdateAndRetrieve) {
   for (const auto& call :
@@ -217,6 +219,32 @@ TEST_P(BadXmlTest, IsRefusedByUpdateAndRetrieve) {
     ExpectTrail(error, {u"CConfiguration.Update(Configuration)"});
   }
   ExpectAll(u"<Parameters/>");
+}
+
+TEST_F(CConfigurationTest, DocumentThatHoldsU0000IsNoXMLWhereverItStands) {
+  const String document = u"<Parameters><Parameter Name=\"A\">1</Parameter><!-- x --></Parameters>";
+  for (std::size_t at = 0; at <= document.size(); ++at) {
+    String spoilt = document;
+    spoilt.insert(at, 1, u'\0');
+    ExpectError(Raised([&] { Server->Update(spoilt); }), 5, u"Syntax Error: Configuration is not valid XML");
+    ExpectError(Raised([&] { Server->Retrieve(spoilt); }), 5, u"Syntax Error: Configuration is not valid XML");
+  }
+  ExpectAll(u"<Parameters/>");
+}
+
+TEST_F(CConfigurationTest, WhatOnlyLooksLikeAReferenceIsText) {
+  Server->Update(
+      u"<Parameters><!-- &#0; --><Parameter Name=\"A\"><![CDATA[&#0;]]>&amp;#0;&#48;</Parameter></Parameters>");
+  EXPECT_EQ(Server->ItemValue(u"A"), u"&#0;&#0;0");
+}
+
+TEST_F(CConfigurationTest, U0000InAValueOrANameIsLeftOutOfTheXML) {
+  Server->ItemValue(StringView(u"A\0B", 3), StringView(u"\0a\0\0b\0", 6));
+  Server->ItemValue(u"C", StringView(u"\0", 1));
+  ExpectAll(u"<Parameters><Parameter Name=\"AB\">ab</Parameter><Parameter Name=\"C\"/></Parameters>");
+  ExpectSuccess(Server->Retrieve(u"<Parameters><Parameter Name=\"C\">old</Parameter></Parameters>"),
+                u"<Parameters><Parameter Name=\"C\"/></Parameters>");
+  EXPECT_EQ(Server->ItemValue(u"C").size(), 1U) << "the value itself stays";
 }
 
 TEST_F(CConfigurationTest, UpdateOfNothingIsNoXML) {

@@ -231,6 +231,8 @@ void LoadCaught() {
     record.Source = u"Portico";
     record.Description = FromUtf8(other.what()).Text;
     HuntERR::Load(Error(std::move(record)));
+  } catch (...) { // nothing is known of it, which counts as information that was lost
+    HuntERR::Load(Error(ErrorRecord{}));
   }
 }
 

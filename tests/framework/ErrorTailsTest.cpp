@@ -290,6 +290,35 @@ TEST_F(ErrorTailsTest, AnyOtherExceptionIsTheGeneralErrorWithItsOwnText) {
   EXPECT_EQ(FirstDescription(HuntERR::ErrReport()), u"5 \u00B5V");
 }
 
+TEST_F(ErrorTailsTest, AThrowOfAForeignTypeIsTheGeneralError) {
+  Top([] { Fail(); }); // which must not be taken for it
+  EXPECT_EQ(NumberOf(42), Hex(0x8004144E));
+  EXPECT_EQ(FirstDescription(HuntERR::ErrReport()), u"ErrorIn: Error information was lost. To fix: call ErrPreserve "
+                                                    u"before doing anything in error handler.");
+  EXPECT_EQ(CallStack(HuntERR::ErrReport()), ThreeCalls);
+}
+
+TEST_F(ErrorTailsTest, AThrowOfAForeignTypeIsRecordedByADestructorsTail) {
+  try {
+    throw "text";
+  } catch (...) {
+    SwallowInDestructor(u"C.Class_Terminate");
+  }
+  EXPECT_EQ(HuntERR::ErrNumber(), Hex(0x8004144E));
+  EXPECT_EQ(CallStack(HuntERR::ErrReport()), (std::vector<String>{u"C.Class_Terminate()"}));
+}
+
+TEST_F(ErrorTailsTest, AThrowOfAForeignTypeFailsAConstructorAsAnyErrorDoes) {
+  struct Foreign {
+    Foreign() try { throw 42; } catch (...) {
+      FailConstruction(u"Foreign.Class_Initialize");
+    }
+  };
+  Top([] { Foreign(); });
+  EXPECT_EQ(HuntERR::ErrNumber(), Hex(0x8004144E));
+  EXPECT_EQ(CallStack(HuntERR::ErrReport()).front(), u"Foreign.Class_Initialize()");
+}
+
 TEST(ErrorNumbers, StandWhereTheyBelong) {
   EXPECT_EQ(ErrorNumber::InvalidArgument, 5);
   EXPECT_EQ(ErrorNumber::BadSubscript, 9);

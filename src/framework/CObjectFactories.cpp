@@ -10,8 +10,7 @@ std::size_t CObjectFactories::Count() const try { return m_creators.Count(); } c
 
 Ref<ICreator> CObjectFactories::Item(const Value& IndexOrKey) const try {
   if (!IndexOrKey.IsNumeric()) return ItemByValue(m_creators, IndexOrKey);
-  const std::int64_t position = std::int64_t{IndexOrKey.ToLong()} + 1;
-  return m_creators.Item(static_cast<std::size_t>(position > 0 ? position : 0));
+  return m_creators.Item(PositionOf(IndexOrKey, 0));
 } catch (...) {
   PassOn(u"CObjectFactories.Item(IndexOrKey)", {IndexOrKey});
 }

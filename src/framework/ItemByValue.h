@@ -3,12 +3,16 @@
 #include "framework/KeyedList.h"
 #include "framework/Value.h"
 
+#include <cmath>
+#include <limits>
+
 namespace portico {
 
-/// The position that a value means; positions below 1 are as absent as those beyond the end.
-inline std::size_t PositionOf(const Value& index) {
-  const std::int32_t number = index.ToLong();
-  return number < 1 ? 0 : static_cast<std::size_t>(number);
+/// The position, from 1, that a value means which counts from `first`; 0, which is absent, for what is no position that
+/// a list can reach. An object or an array raises 13.
+inline std::size_t PositionOf(const Value& index, std::int32_t first = 1) {
+  const double position = std::nearbyint(ReadNumber(index.ToString()).value_or(first - 1)) - first + 1;
+  return position >= 1 && position <= std::numeric_limits<std::int32_t>::max() ? static_cast<std::size_t>(position) : 0;
 }
 
 /// A text is a key, anything else a position, which counts from 1. Absent raises 5.

@@ -60,6 +60,23 @@ TEST_F(CObjectFactoriesTest, AbsentItemsRaise5) {
   }
 }
 
+TEST_F(CObjectFactoriesTest, APositionBeyond32BitsIsAbsentLikeAnyOther) {
+  for (const Value& beyond : {Value(2147483648.0), Value(4294967296.0), Value(-4294967296.0), Value(1e300)}) {
+    EXPECT_EQ(Raised([&] { Creators.Item(beyond); }).Number, 5) << ToUtf8(beyond.TextForm());
+    EXPECT_EQ(Raised([&] { Creators.Remove(beyond); }).Number, 5) << ToUtf8(beyond.TextForm());
+  }
+  EXPECT_EQ(Raised([&] { Creators.Item(u"4294967296"); }).Number, 5);
+  EXPECT_EQ(Raised([&] { Creators.Remove(4294967297.0); }).Number, 5);
+  EXPECT_EQ(Creators.Count(), 3U);
+}
+
+TEST_F(CObjectFactoriesTest, AFractionIsRoundedBeforeItIsCounted) {
+  EXPECT_EQ(SpecificationAt(0.5), u"OpenInstrument");
+  EXPECT_EQ(SpecificationAt(1.5), u"CopyTo");
+  Creators.Remove(1.5);
+  EXPECT_EQ(All(), (std::vector<String>{u"OpenInstrument", u"CopyTo"}));
+}
+
 TEST_F(CObjectFactoriesTest, RemoveCountsFromOneUnlikeItem) {
   Creators.Remove(1);
   EXPECT_EQ(All(), (std::vector<String>{u"CloseInstrument", u"CopyTo"}));

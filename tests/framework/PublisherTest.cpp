@@ -52,7 +52,7 @@ TEST_F(CSubscribersTest, ItemsAreFoundByPositionFromOneAndByKey) {
 
 TEST_F(CSubscribersTest, AbsentItemsRaise5) {
   Subscribers.Add(New<SubscriberOf>(), u"Display");
-  for (const Value& absent : {Value(0), Value(-1), Value(2), Value(u"Log")}) {
+  for (const Value& absent : {Value(0), Value(-1), Value(2), Value(4294967297.0), Value(u"Log")}) {
     EXPECT_EQ(Raised([&] { Subscribers.Item(absent); }).Number, 5) << ToUtf8(absent.TextForm());
     EXPECT_EQ(Raised([&] { Subscribers.Remove(absent); }).Number, 5) << ToUtf8(absent.TextForm());
   }

@@ -49,6 +49,13 @@ TEST_F(CInstProcessorsTest, AnAbsentItemIsNothingAndNoError) {
   EXPECT_FALSE(m_processors.Item(-1));
 }
 
+TEST_F(CInstProcessorsTest, AnItemBeyond32BitsIsAbsentToo) {
+  m_processors.Add(Processor("one"), u"SCPI");
+  EXPECT_FALSE(m_processors.Item(4294967297.0));
+  EXPECT_EQ(FailureOf([&] { m_processors.Remove(4294967297.0); }).Number, 5);
+  EXPECT_EQ(m_processors.Count(), 1U);
+}
+
 TEST_F(CInstProcessorsTest, AnyOtherErrorOfItemPassesTheTail) {
   const auto failure = FailureOf([&] { m_processors.Item(Params{u"SCPI"}); });
   EXPECT_EQ(failure.Number, 13);

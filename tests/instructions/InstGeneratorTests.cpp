@@ -66,7 +66,7 @@ TEST(CInstGenerator, AnEmptyCommandLineFailsWithTheAttributeText) {
 
 TEST(CInstGenerator, OnlyOpenHasATail) {
   const auto open = FailureOf([] { CInstGenerator().ConstructXMLOpenCmdString(u""); });
-  EXPECT_EQ(open.Labels, List{u"CInstGenerator.ConstructXMLOpenCmdString(Instrument)"});
+  EXPECT_EQ(open.Trail, List{u"CInstGenerator.ConstructXMLOpenCmdString(Instrument='')"});
   EXPECT_EQ(open.Source, u"HuntERR.Check");
 
   const CInstGenerator generator;

@@ -126,7 +126,26 @@ TEST_F(CInstHandlerTest, InitializeChecksPrefixThenListThenElements) {
   expect(u"SCPI", {u"outer", u""}, u"A CommandBuilderSpec cannot be an empty string.");
 }
 
-TEST_F(CInstHandlerTest, KeepsThePrefix) { EXPECT_EQ(m_handler.Prefix(), u"SCPI"); }
+TEST_F(CInstHandlerTest, ASecondInitializeThatFailsLeavesItWorkingAsBefore) {
+  const std::vector<std::pair<String, StringArray>> refused = {
+      {u"", {u"inner"}}, {u"COMM", {}}, {u"COMM", {u"inner", u""}}};
+  for (const auto& [prefix, specifications] : refused) {
+    EXPECT_EQ(FailureOf([&] { m_handler.Initialize(prefix, specifications); }).Number, 5);
+    EXPECT_EQ(m_handler.Prefix(), u"SCPI");
+    m_calls.clear();
+    EXPECT_EQ(Send(), 0);
+    EXPECT_EQ(m_calls, (Journal{"build inner around nothing", "build outer around a command", "run outer", "run inner",
+                                "report SCPIInstructionProcessor"}));
+  }
+}
+
+TEST_F(CInstHandlerTest, KeepsThePrefixAsItWasGiven) {
+  EXPECT_EQ(m_handler.Prefix(), u"SCPI");
+  m_handler.Initialize(u"ScPi", {u"inner"});
+  EXPECT_EQ(m_handler.Prefix(), u"ScPi");
+  EXPECT_EQ(Send(u"SCPI"), 0);
+  EXPECT_EQ(m_calls.back(), "report ScPiInstructionProcessor");
+}
 
 TEST_F(CInstHandlerTest, KeepsACopyOfTheList) {
   StringArray specifications = {u"inner"};

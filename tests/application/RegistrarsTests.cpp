@@ -2,6 +2,7 @@
 
 #include "application/RegisteredRows.h"
 
+#include "document/ITimeStamp.h"
 #include "framework/CObjectFactory.h"
 #include "instructions/CInstDirector.h"
 #include "support/PipelineFixture.h"
@@ -129,6 +130,24 @@ TEST_F(Registrars, TheChannelIsTheDriverSessionInItsClosedState) {
   EXPECT_FALSE(gChannel);
 }
 
+TEST_F(Registrars, TheTimeStamperComesAndGoesWithTheDataDocument) {
+  ASSERT_FALSE(gTimeStamper);
+  CDataEntityRegistrar registrar;
+  registrar.RegisterClasses(m_factory);
+  ASSERT_TRUE(gTimeStamper);
+  EXPECT_EQ(gTimeStamper->ClassName(), u"CMockTimeStampServer");
+  registrar.UnregisterClasses(m_factory);
+  EXPECT_FALSE(gTimeStamper);
+}
+
+TEST_F(Registrars, EachRegistrationOfTheDataDocumentMakesATimeStamperOfItsOwn) {
+  CDataEntityRegistrar registrar;
+  registrar.RegisterClasses(m_factory);
+  const auto first = gTimeStamper;
+  registrar.RegisterClasses(m_factory = New<CObjectFactory>());
+  EXPECT_FALSE(IsSameObject(gTimeStamper, first));
+}
+
 TEST_F(Registrars, TheCommunicationClassesNeedTheDriverSession) {
   EXPECT_EQ(FailureOf([&] { CCommInstHndlrRegistrar().RegisterClasses(m_factory); }).Number, 5);
 }
@@ -141,6 +160,20 @@ TEST_F(Registrars, RemovingTheProcessorClearsFactoryAndChannel) {
   CInstDirectorRegistrar().UnregisterClasses(m_factory);
   EXPECT_FALSE(gObjectFactory);
   EXPECT_FALSE(gChannel);
+}
+
+TEST_F(Registrars, TheHandlersLeaveInTheReverseOrderAndTheProcessorLast) {
+  RegisterWhatInstructionsNeed();
+  CInstDirectorRegistrar().RegisterClasses(m_factory);
+  const auto spy = New<support::InstructionSpyFactory>();
+  spy->StandBefore(m_factory);
+  CInstDirectorRegistrar().UnregisterClasses(spy);
+  Names expected;
+  for (const auto* group :
+       {u"CSCPIInstHndlrRegistrar", u"CCommInstHndlrRegistrar", u"CCfgInstHndlrRegistrar", u"CInstDirectorRegistrar"}) {
+    Append(expected, SpecificationsOf(group));
+  }
+  EXPECT_EQ(spy->Removed, expected);
 }
 
 TEST_F(Registrars, TheProcessorIsRemovedWholeThroughTheGlobalItself) {

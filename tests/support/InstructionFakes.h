@@ -111,7 +111,10 @@ public:
   }
   Ref<ICreator> GetCreator(const Value& Specification) override { return m_real->GetCreator(Specification); }
   void Add(const Ref<ICreator>& Creator) override { m_real->Add(Creator); }
-  void Remove(const Ref<ICreator>& Creator) override { m_real->Remove(Creator); }
+  void Remove(const Ref<ICreator>& Creator) override {
+    Removed.push_back(Creator->Specification().ToString());
+    m_real->Remove(Creator);
+  }
   void Substitue(const Ref<ICreator>& Creator) override { m_real->Substitue(Creator); }
 
   /// The requests for one specification.
@@ -124,6 +127,7 @@ public:
   }
 
   std::vector<Request> Requests;
+  std::vector<String> Removed;
   /// Asked instead of the real factory.
   std::map<String, InstructionCreator::Function> StandIns;
 

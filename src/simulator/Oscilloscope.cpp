@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace portico::simulator {
 namespace {
@@ -13,8 +14,6 @@ constexpr Limits kVoltsPerDivision{0.001, 10, 0.5, Quantity::Voltage};
 constexpr Limits kOffsetVolts{-40, 40, 0, Quantity::Voltage};
 constexpr Limits kSecondsPerDivision{1E-9, 1, 1E-3, Quantity::Time};
 constexpr double kDivisionsAcross = 10;
-constexpr double kCodesPerDivision = 25;
-constexpr double kCentreCode = 128;
 constexpr std::int64_t kDefaultAverages = 8;
 constexpr std::int64_t kMostAverages = 1024;
 constexpr std::size_t kDefaultPoints = 1000;
@@ -64,8 +63,9 @@ void Oscilloscope::AddTo(CommandTree& tree) {
 }
 
 void Oscilloscope::Reset() {
-  m_channels.fill({kVoltsPerDivision.standard, kOffsetVolts.standard, false, {}});
+  m_channels.fill({kVoltsPerDivision.standard, kOffsetVolts.standard, false});
   m_channels.front().shown = true;
+  m_records = {};
   m_timeScale = kSecondsPerDivision.standard;
   m_averaging = false;
   m_averages = kDefaultAverages;
@@ -103,33 +103,44 @@ void Oscilloscope::SetAverages(const Call& call) { m_averages = call.Integer(0, 
 
 void Oscilloscope::Averages(const Call& /*call*/) { m_executor.Respond(std::to_string(m_averages)); }
 
-/// An acquisition lasts as long as what it records.
+/// An acquisition lasts as long as what it records, which is of the settings at its start.
 void Oscilloscope::Single(const Call& /*call*/) {
   const std::chrono::duration<double> sweep(m_timeScale * kDivisionsAcross);
   const double sweeps = m_averaging ? static_cast<double>(m_averages) : 1;
-  m_executor.StartOperation(std::chrono::round<Executor::Duration>(sweep * sweeps), operation::kSweeping, [this] {
-    for (std::size_t i = 0; i < m_channels.size(); ++i) {
-      m_channels[i].record = m_channels[i].shown ? MakeRecord(i) : std::string();
-    }
-  });
+  m_executor.StartOperation(std::chrono::round<Executor::Duration>(sweep * sweeps), operation::kSweeping,
+                            [this, taken = TakeRecords()]() mutable { m_records = std::move(taken); });
 }
 
 void Oscilloscope::Stop(const Call& /*call*/) { m_executor.CancelOperation(); }
 
-std::string Oscilloscope::MakeRecord(std::size_t channel) {
-  const Signal& signal = kSignals[channel];
+WaveformScale Oscilloscope::ScaleOf(std::size_t channel) const {
   const double step = m_timeScale * kDivisionsAcross / static_cast<double>(m_points);
+  return {m_points, step, m_channels[channel].scale, m_channels[channel].offset};
+}
+
+WaveformRecord Oscilloscope::MakeRecord(std::size_t channel) {
+  const Signal& signal = kSignals[channel];
   const double noise = m_averaging ? 1 / std::sqrt(static_cast<double>(m_averages)) : 1;
-  std::string record(m_points, '\0');
+  WaveformRecord record{ScaleOf(channel), {}};
+  record.codes.resize(record.scale.points);
   double time = 0;
-  for (char& point : record) {
+  for (char& point : record.codes) {
     const double volts = signal.amplitude * std::sin(2 * std::numbers::pi * signal.frequency * time);
-    const double divisions = (volts - m_channels[channel].offset) / m_channels[channel].scale;
-    const double code = kCentreCode + divisions * kCodesPerDivision + noise * m_random.Noise();
+    const double divisions = (volts - record.scale.centreVolts) / record.scale.voltsPerDivision;
+    const double code =
+        WaveformScale::kCentreCode + divisions * WaveformScale::kCodesPerDivision + noise * m_random.Noise();
     point = static_cast<char>(static_cast<unsigned char>(std::clamp(code, 0.0, 255.0)));
-    time += step;
+    time += record.scale.secondsPerPoint;
   }
   return record;
+}
+
+Oscilloscope::Records Oscilloscope::TakeRecords() {
+  Records records;
+  for (std::size_t i = 0; i < m_channels.size(); ++i) {
+    if (m_channels[i].shown) records[i] = MakeRecord(i);
+  }
+  return records;
 }
 
 std::size_t Oscilloscope::ChannelNamed(const Call& call) {
@@ -148,17 +159,18 @@ void Oscilloscope::Points(const Call& /*call*/) { m_executor.Respond(std::to_str
 
 void Oscilloscope::Data(const Call& /*call*/) {
   m_executor.WhenIdle([this] {
-    if (m_channels[m_source].record.empty()) throw ScpiError(ErrorCode::DataCorruptOrStale);
-    m_executor.Respond(FormatBlock(m_channels[m_source].record));
+    const auto& record = m_records[m_source];
+    if (!record) throw ScpiError(ErrorCode::DataCorruptOrStale);
+    m_executor.Respond(record->Data());
   });
 }
 
-/// Points, seconds a point, volts a code, volts at the centre, and the code of the centre.
+/// Of the record; without one, of that which the settings would give.
 void Oscilloscope::Preamble(const Call& /*call*/) {
-  const Channel& channel = m_channels[m_source];
-  const double step = m_timeScale * kDivisionsAcross / static_cast<double>(m_points);
-  m_executor.Respond(std::to_string(m_points) + ',' +
-                     FormatReals(std::array{step, channel.scale / kCodesPerDivision, channel.offset, kCentreCode}));
+  m_executor.WhenIdle([this] {
+    const auto& record = m_records[m_source];
+    m_executor.Respond((record ? record->scale : ScaleOf(m_source)).Preamble());
+  });
 }
 
 void Oscilloscope::PeakToPeak(const Call& call) {

@@ -3,11 +3,12 @@
 #include "simulator/Executor.h"
 #include "simulator/InstrumentModel.h"
 #include "simulator/Random.h"
+#include "simulator/WaveformRecord.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <string>
+#include <optional>
 
 namespace portico::simulator {
 
@@ -25,8 +26,8 @@ private:
     double scale; ///< volts per division
     double offset;
     bool shown;
-    std::string record;
   };
+  using Records = std::array<std::optional<WaveformRecord>, 4>;
 
   void SetScale(const Call& call);
   void Scale(const Call& call);
@@ -53,11 +54,14 @@ private:
 
   Channel& Of(const Call& call) { return m_channels[call.Suffix(0) - 1]; }
   static std::size_t ChannelNamed(const Call& call);
-  std::string MakeRecord(std::size_t channel);
+  WaveformScale ScaleOf(std::size_t channel) const;
+  WaveformRecord MakeRecord(std::size_t channel);
+  Records TakeRecords();
 
   Executor& m_executor;
   Random m_random;
   std::array<Channel, 4> m_channels{};
+  Records m_records;
   double m_timeScale = 0; ///< seconds per division
   bool m_averaging = false;
   std::int64_t m_averages = 0;

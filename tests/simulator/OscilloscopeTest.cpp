@@ -95,5 +95,27 @@ TEST(Oscilloscope, ResetGivesTheDefaults) {
             "+5.00000000E-01;+1.00000000E-03;NORM;1000;CHAN1");
 }
 
+TEST(Oscilloscope, ThePreambleIsTheRecordsOwn) {
+  Session session("scope");
+  session.Ask("CHAN1:SCAL 1;:SING;*OPC?");
+  session.Send("TIM:SCAL 1;:WAV:POIN 50;:CHAN1:SCAL 2;OFFS 3");
+  EXPECT_EQ(session.Ask("WAV:PRE?"), "1000,+1.00000000E-05,+4.00000000E-02,+0.00000000E+00,+1.28000000E+02");
+  EXPECT_EQ(session.Ask("WAV:DATA?").substr(0, 6), "#41000");
+}
+
+TEST(Oscilloscope, ThePreambleWaitsForItsRecord) {
+  Session session("scope");
+  session.Ask("SING;*OPC?");
+  EXPECT_EQ(session.Ask("WAV:POIN 50;:SING;:WAV:PRE?"),
+            "50,+2.00000000E-04,+2.00000000E-02,+0.00000000E+00,+1.28000000E+02");
+}
+
+TEST(Oscilloscope, ARecordIsOfTheSettingsAtItsStart) {
+  Session session("scope");
+  session.Send("SING;:WAV:POIN 50;:TIM:SCAL 1");
+  EXPECT_EQ(session.Ask("WAV:PRE?"), "1000,+1.00000000E-05,+2.00000000E-02,+0.00000000E+00,+1.28000000E+02");
+  EXPECT_EQ(session.Ask("WAV:DATA?").substr(0, 6), "#41000");
+}
+
 } // namespace
 } // namespace portico::simulator

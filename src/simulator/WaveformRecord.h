@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace portico::simulator {
+
+/// What makes seconds and volts of a record.
+struct WaveformScale {
+  static constexpr double kCodesPerDivision = 25;
+  static constexpr double kCentreCode = 128;
+
+  std::size_t points;
+  double secondsPerPoint;
+  double voltsPerDivision;
+  double centreVolts;
+
+  /// Points, seconds a point, volts a code, volts at the centre, and the code
+  /// of the centre.
+  std::string Preamble() const;
+};
+
+/// What a channel held at the end of an acquisition, with the scale of that
+/// time.
+struct WaveformRecord {
+  WaveformScale scale;
+  std::string codes; ///< one byte a point
+
+  /// A block of one byte a point, or of two with the more significant first, or
+  /// volts joined by commas.
+  std::string Data() const;
+};
+
+} // namespace portico::simulator

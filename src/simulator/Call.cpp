@@ -14,6 +14,8 @@ namespace {
 
 using Kind = Parameter::Kind;
 
+constexpr std::string_view kBooleans[] = {"OFF", "ON"};
+
 ErrorCode NotAllowed(Kind kind) {
   switch (kind) {
   case Kind::Decimal:
@@ -93,13 +95,20 @@ std::int64_t Call::Integer(std::size_t index, std::int64_t minimum, std::int64_t
   return static_cast<std::int64_t>(value);
 }
 
+std::int64_t Call::Whole(std::size_t index, const Limits& limits) const {
+  const Parameter& parameter = m_unit.parameters[index];
+  const auto whole = [](double limit) { return static_cast<std::int64_t>(limit); };
+  if (parameter.kind == Kind::Character) return whole(LimitNamed(parameter.text, limits));
+  return Integer(index, whole(limits.minimum), whole(limits.maximum));
+}
+
 bool Call::Boolean(std::size_t index) const {
   const Parameter& parameter = At(index, {Kind::Decimal, Kind::NonDecimal, Kind::Character});
-  if (parameter.kind == Kind::Character) return Keyword(index, {"OFF", "ON"}) == 1;
+  if (parameter.kind == Kind::Character) return Keyword(index, kBooleans) == 1;
   return std::round(Value(parameter, Quantity::None)) != 0;
 }
 
-std::size_t Call::Keyword(std::size_t index, std::initializer_list<std::string_view> choices) const {
+std::size_t Call::Keyword(std::size_t index, std::span<const std::string_view> choices) const {
   At(index, {Kind::Character});
   const auto found = std::find_if(choices.begin(), choices.end(),
                                   [this, index](std::string_view choice) { return IsKeyword(index, choice); });
@@ -126,6 +135,10 @@ std::string_view Call::Block(std::size_t index) const { return At(index, {Kind::
 
 double Call::LimitOr(double value, const Limits& limits) const {
   return Count() == 0 ? value : LimitNamed(At(0, {Kind::Character}).text, limits);
+}
+
+std::int64_t Call::WholeOr(std::int64_t value, const Limits& limits) const {
+  return static_cast<std::int64_t>(LimitOr(static_cast<double>(value), limits));
 }
 
 } // namespace portico::simulator

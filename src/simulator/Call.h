@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -39,9 +40,11 @@ public:
   double Number(std::size_t index, const Limits& limits) const;
   /// A number rounded to an integer, as IEEE 488.2 asks of `*ESE` and its like.
   std::int64_t Integer(std::size_t index, std::int64_t minimum, std::int64_t maximum) const;
+  /// The same, or a named limit.
+  std::int64_t Whole(std::size_t index, const Limits& limits) const;
   bool Boolean(std::size_t index) const;
   /// Which of the mnemonics, each written like `AVERage`, was given.
-  std::size_t Keyword(std::size_t index, std::initializer_list<std::string_view> choices) const;
+  std::size_t Keyword(std::size_t index, std::span<const std::string_view> choices) const;
   /// Whether the parameter is this keyword; of no other type does it complain.
   bool IsKeyword(std::size_t index, std::string_view mnemonic) const;
   std::string String(std::size_t index) const;
@@ -49,6 +52,7 @@ public:
 
   /// The answer to a query such as `RANGe? [MINimum|MAXimum|DEFault]`: that limit, or else the present value.
   double LimitOr(double value, const Limits& limits) const;
+  std::int64_t WholeOr(std::int64_t value, const Limits& limits) const;
 
 private:
   const Parameter& At(std::size_t index, std::initializer_list<Parameter::Kind> allowed) const;

@@ -1,5 +1,7 @@
 #include "simulator/CommonCommands.h"
 
+#include "simulator/ScpiError.h"
+
 #include <string>
 
 namespace portico::simulator {
@@ -7,6 +9,11 @@ namespace {
 
 constexpr auto kResetTime = std::chrono::milliseconds(2);
 constexpr auto kSelfTestTime = std::chrono::milliseconds(5);
+
+/// Of the memory of settings.
+std::size_t Place(const Call& call) {
+  return static_cast<std::size_t>(call.Integer(0, 0, InstrumentModel::kPlaces - 1));
+}
 
 } // namespace
 
@@ -19,10 +26,14 @@ void CommonCommands::AddTo(CommandTree& tree) {
       {"*IDN?", &CommonCommands::Identification},
       {"*OPC", &CommonCommands::OperationComplete},
       {"*OPC?", &CommonCommands::AwaitCompletion},
+      {"*OPT?", &CommonCommands::Options},
+      {"*RCL", &CommonCommands::Recall, 1, 1},
       {"*RST", &CommonCommands::Reset},
+      {"*SAV", &CommonCommands::Save, 1, 1},
       {"*SRE", &CommonCommands::SetServiceEnable, 1, 1},
       {"*SRE?", &CommonCommands::ServiceEnable},
       {"*STB?", &CommonCommands::StatusByte},
+      {"*TRG", &CommonCommands::Trigger},
       {"*TST?", &CommonCommands::SelfTest},
       {"*WAI", &CommonCommands::Wait},
   };
@@ -49,6 +60,18 @@ void CommonCommands::OperationComplete(const Call& /*call*/) { m_executor.Report
 void CommonCommands::AwaitCompletion(const Call& /*call*/) {
   m_executor.WhenIdle([this] { m_executor.Respond("1"); });
 }
+
+void CommonCommands::Options(const Call& /*call*/) { m_executor.Respond("0"); }
+
+void CommonCommands::Save(const Call& call) { m_model.Save(Place(call)); }
+
+void CommonCommands::Recall(const Call& call) {
+  const std::size_t place = Place(call);
+  if (!m_model.HasSaved(place)) throw ScpiError(ErrorCode::IllegalParameterValue);
+  m_executor.Supersede([this, place] { m_model.Recall(place); });
+}
+
+void CommonCommands::Trigger(const Call& /*call*/) { m_model.Trigger(); }
 
 void CommonCommands::Reset(const Call& /*call*/) {
   m_executor.ForgetCompletion();

@@ -23,10 +23,14 @@ private:
   void Identification(const Call& call);
   void OperationComplete(const Call& call);
   void AwaitCompletion(const Call& call);
+  void Options(const Call& call);
+  void Recall(const Call& call);
   void Reset(const Call& call);
+  void Save(const Call& call);
   void SetServiceEnable(const Call& call);
   void ServiceEnable(const Call& call);
   void StatusByte(const Call& call);
+  void Trigger(const Call& call);
   void SelfTest(const Call& call);
   void Wait(const Call& call);
 

@@ -24,4 +24,8 @@ Mnemonic::Mnemonic(std::string_view pattern) {
 
 bool Mnemonic::Matches(std::string_view text) const { return EqualsUpper(text, m_short) || EqualsUpper(text, m_long); }
 
+std::string ShortOf(std::span<const std::string_view> keywords, std::size_t index) {
+  return Mnemonic(keywords[index]).Short();
+}
+
 } // namespace portico::simulator

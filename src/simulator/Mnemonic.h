@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -21,5 +23,8 @@ private:
   std::string m_short;
   std::string m_long;
 };
+
+/// The short form of one of several keywords, as a query answers which was chosen.
+std::string ShortOf(std::span<const std::string_view> keywords, std::size_t index);
 
 } // namespace portico::simulator

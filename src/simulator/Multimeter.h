@@ -1,9 +1,10 @@
 #pragma once
 
 #include "simulator/Executor.h"
+#include "simulator/FrontPanel.h"
 #include "simulator/InstrumentModel.h"
+#include "simulator/MultimeterFunctions.h"
 #include "simulator/Random.h"
-#include "simulator/StatusModel.h"
 
 #include <array>
 #include <cstddef>
@@ -13,43 +14,66 @@
 
 namespace portico::simulator {
 
-/// The device "dmm": a bench multimeter that measures a steady source with noise, in the time that its integration
-/// over power line cycles of 50 Hz takes.
-class Multimeter final : public InstrumentModel {
+/// What can be set on the multimeter, with its defaults.
+struct MultimeterSettings {
+  enum class TriggerSource : std::size_t { Immediate, Bus, External };
+
+  /// How often and when a measurement takes its readings.
+  struct Trigger {
+    TriggerSource source = TriggerSource::Immediate;
+    std::int64_t count = 1;
+    std::int64_t samples = 1; ///< for each trigger
+    double delay = 0;         ///< seconds before each reading
+    bool autoDelay = true;    ///< none is needed
+  };
+
+  MultimeterSettings();
+
+  Measurand measurand = Measurand::DcVoltage;
+  std::array<MeasurandSetup, kMeasurands> setups;
+  Trigger trigger;
+  std::size_t transducer = 0;
+  std::size_t temperatureUnit = 0;
+};
+
+/// The device "dmm": a bench multimeter that measures a steady source with noise, in the time that its integration over
+/// power line cycles of 50 Hz takes.
+class Multimeter final : public ModelWithSettings<MultimeterSettings> {
 public:
   Multimeter(Executor& executor, StatusModel& status, std::uint64_t seed);
 
   std::string_view Identification() const override { return "TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0"; }
   void Reset() override;
+  void Trigger() override;
   void AddTo(CommandTree& tree) override;
 
 private:
-  enum Function : std::size_t { DcVoltage, AcVoltage, DcCurrent, AcCurrent, Resistance, FunctionCount };
-
-  /// What `CONFigure` and `SENSe` set for one function.
-  struct Setup {
-    double range;
-    bool autoRange;
-    double cycles; ///< of the power line, for which a reading is integrated
-  };
-
-  template <Function function>
+  template <Measurand measurand>
   void Configure(const Call& call);
-  template <Function function>
+  template <Measurand measurand>
   void Measure(const Call& call);
-  template <Function function>
+  template <Measurand measurand>
   void SetRange(const Call& call);
-  template <Function function>
+  template <Measurand measurand>
   void Range(const Call& call);
-  template <Function function>
+  template <Measurand measurand>
   void SetAutoRange(const Call& call);
-  template <Function function>
+  template <Measurand measurand>
   void AutoRange(const Call& call);
-  template <Function function>
+  template <Measurand measurand>
   void SetCycles(const Call& call);
-  template <Function function>
+  template <Measurand measurand>
   void Cycles(const Call& call);
 
+  void AddSettingsTo(CommandTree& tree);
+  void ConfigureTemperature(const Call& call);
+  void MeasureTemperature(const Call& call);
+  void SetAperture(const Call& call);
+  void Aperture(const Call& call);
+  void SetTransducer(const Call& call);
+  void Transducer(const Call& call);
+  void SetTemperatureUnit(const Call& call);
+  void TemperatureUnit(const Call& call);
   void Configuration(const Call& call);
   void SetFunction(const Call& call);
   void SenseFunction(const Call& call);
@@ -61,20 +85,26 @@ private:
   void Samples(const Call& call);
   void SetTriggers(const Call& call);
   void Triggers(const Call& call);
+  void SetTriggerSource(const Call& call);
+  void TriggerSource(const Call& call);
+  void SetDelay(const Call& call);
+  void Delay(const Call& call);
+  void SetAutoDelay(const Call& call);
+  void AutoDelay(const Call& call);
   void Terminals(const Call& call);
-  void SetDisplay(const Call& call);
-  void Display(const Call& call);
-  void SetText(const Call& call);
-  void Text(const Call& call);
-  void ClearText(const Call& call);
   void SetPoints(const Call& call);
   void Points(const Call& call);
   void SetTrace(const Call& call);
   void Trace(const Call& call);
 
-  static Setup SetupFrom(Function function, const Call& call);
-  void ConfigureTo(Function function, const Setup& setup);
+  void Recalled() override { m_readings.clear(); }
+  MeasurandSetup& SetupOf(Measurand measurand) { return m_settings.setups[static_cast<std::size_t>(measurand)]; }
+  void ConfigureTo(Measurand measurand, const MeasurandSetup& setup);
+  void ConfigureFor(std::size_t transducer);
+  static std::size_t TransducerOf(const Call& call);
   void StartMeasurement();
+  void AwaitTrigger();
+  void TakeReadings(std::int64_t count);
   void MeasureAndRespond();
   double Reading();
   void RespondReadings();
@@ -83,14 +113,10 @@ private:
   Executor& m_executor;
   StatusModel& m_status;
   Random m_random;
-
-  Function m_function = DcVoltage;
-  std::array<Setup, FunctionCount> m_setups{};
-  std::int64_t m_samples = 1;
-  std::int64_t m_triggers = 1;
-  std::vector<double> m_readings;
-  bool m_displayOn = true;
-  std::string m_text;
+  FrontPanel m_panel{m_executor};
+  std::vector<double> m_readings;  ///< of the last measurement that is over
+  std::vector<double> m_taken;     ///< of the one that is under way
+  std::int64_t m_triggersLeft = 0; ///< likewise
   std::string m_trace;
 };
 

@@ -21,11 +21,17 @@ namespace operation {
 constexpr std::uint16_t kSettling = 1U << 1U;
 constexpr std::uint16_t kSweeping = 1U << 3U;
 constexpr std::uint16_t kMeasuring = 1U << 4U;
+constexpr std::uint16_t kWaitingForTrigger = 1U << 5U;
 } // namespace operation
 namespace questionable {
 constexpr std::uint16_t kVoltage = 1U << 0U;
 constexpr std::uint16_t kCurrent = 1U << 1U;
+constexpr std::uint16_t kTemperature = 1U << 4U;
+constexpr std::uint16_t kFrequency = 1U << 5U;
+// From bit 9 on they are each model's own.
 constexpr std::uint16_t kResistance = 1U << 9U;
+constexpr std::uint16_t kOvervoltage = 1U << 9U;
+constexpr std::uint16_t kOvercurrent = 1U << 10U;
 } // namespace questionable
 
 /// A SCPI status register: a condition, an event that latches each rise of a condition, and a mask for the summary.

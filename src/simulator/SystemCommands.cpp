@@ -13,6 +13,9 @@ void SystemCommands::AddTo(CommandTree& tree) {
       {"SYSTem:ERRor:ALL?", &Self::AllErrors},
       {"SYSTem:ERRor:COUNt?", &Self::ErrorCount},
       {"SYSTem:VERSion?", &Self::Version},
+      {"SYSTem:BEEPer[:IMMediate]", &Self::Beep, 0, 3},
+      {"SYSTem:BEEPer:STATe", &Self::SetBeeper, 1, 1},
+      {"SYSTem:BEEPer:STATe?", &Self::Beeper},
       {"STATus:PRESet", &Self::PresetStatus},
       {"STATus:OPERation[:EVENt]?", &Self::Event<kOperation>},
       {"STATus:OPERation:CONDition?", &Self::Condition<kOperation>},
@@ -33,6 +36,17 @@ void SystemCommands::AllErrors(const Call& /*call*/) { m_executor.Respond(m_stat
 void SystemCommands::ErrorCount(const Call& /*call*/) { m_executor.Respond(std::to_string(m_status.Errors().Size())); }
 
 void SystemCommands::Version(const Call& /*call*/) { m_executor.Respond("1999.0"); }
+
+/// Nobody hears it.
+void SystemCommands::Beep(const Call& call) {
+  static constexpr Limits kPitchLengthVolume[] = {
+      {20, 20000, 1000, Quantity::Frequency}, {0, 60, 0.1, Quantity::Time}, {0, 1, 1}};
+  for (std::size_t i = 0; i < call.Count(); ++i) call.Number(i, kPitchLengthVolume[i]);
+}
+
+void SystemCommands::SetBeeper(const Call& call) { m_beeperOn = call.Boolean(0); }
+
+void SystemCommands::Beeper(const Call& /*call*/) { m_executor.Respond(FormatBoolean(m_beeperOn)); }
 
 void SystemCommands::PresetStatus(const Call& /*call*/) { m_status.Preset(); }
 

@@ -20,6 +20,9 @@ private:
   void AllErrors(const Call& call);
   void ErrorCount(const Call& call);
   void Version(const Call& call);
+  void Beep(const Call& call);
+  void SetBeeper(const Call& call);
+  void Beeper(const Call& call);
   void PresetStatus(const Call& call);
 
   template <RegisterOf Register>
@@ -33,6 +36,7 @@ private:
 
   Executor& m_executor;
   StatusModel& m_status;
+  bool m_beeperOn = true;
 };
 
 } // namespace portico::simulator

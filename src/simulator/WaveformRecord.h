@@ -5,6 +5,9 @@
 
 namespace portico::simulator {
 
+/// How a record is handed out.
+enum class WaveformFormat : std::size_t { Byte, Word, Ascii };
+
 /// What makes seconds and volts of a record.
 struct WaveformScale {
   static constexpr double kCodesPerDivision = 25;
@@ -15,20 +18,17 @@ struct WaveformScale {
   double voltsPerDivision;
   double centreVolts;
 
-  /// Points, seconds a point, volts a code, volts at the centre, and the code
-  /// of the centre.
-  std::string Preamble() const;
+  /// Points, seconds a point, volts a code, volts at the centre, and the code of the centre.
+  std::string Preamble(WaveformFormat format) const;
 };
 
-/// What a channel held at the end of an acquisition, with the scale of that
-/// time.
+/// What a channel held at the end of an acquisition, with the scale of that time.
 struct WaveformRecord {
   WaveformScale scale;
   std::string codes; ///< one byte a point
 
-  /// A block of one byte a point, or of two with the more significant first, or
-  /// volts joined by commas.
-  std::string Data() const;
+  /// A block of one byte a point, or of two with the more significant first, or volts joined by commas.
+  std::string Data(WaveformFormat format) const;
 };
 
 } // namespace portico::simulator

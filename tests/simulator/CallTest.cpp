@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <functional>
 #include <string>
 
@@ -79,7 +80,10 @@ TEST(Call, TypesThatDoNotFit) {
   EXPECT_EQ(ErrorOf([] { With("#H1", [](const Call& call) { return call.String(0); }); }), -128);
   EXPECT_EQ(ErrorOf([] { With("MAX", [](const Call& call) { return call.String(0); }); }), -148);
   EXPECT_EQ(ErrorOf([] { With("MAX", [](const Call& call) { return call.Block(0); }); }), -148);
-  EXPECT_EQ(ErrorOf([] { With("1", [](const Call& call) { return call.Keyword(0, {"ON"}); }); }), -128);
+  EXPECT_EQ(ErrorOf([] {
+              With("1", [](const Call& call) { return call.Keyword(0, std::array<std::string_view, 1>{"ON"}); });
+            }),
+            -128);
 }
 
 TEST(Call, IntegersAreRounded) {
@@ -106,9 +110,25 @@ TEST(Call, Booleans) {
   EXPECT_EQ(ErrorOf([&] { boolean("'ON'"); }), -158);
 }
 
+TEST(Call, WholeNumbersTakeNamedLimits) {
+  constexpr Limits kCount{2, 10, 5};
+  const auto whole = [&](const std::string& text) {
+    return With(text, [&](const Call& call) { return call.Whole(0, kCount); });
+  };
+  EXPECT_EQ(whole("3.6"), 4);
+  EXPECT_EQ(whole("MIN"), 2);
+  EXPECT_EQ(whole("MAXIMUM"), 10);
+  EXPECT_EQ(whole("def"), 5);
+  EXPECT_EQ(ErrorOf([&] { whole("11"); }), -222);
+  EXPECT_EQ(ErrorOf([&] { whole("MOST"); }), -141);
+  EXPECT_EQ(ErrorOf([&] { whole("'MAX'"); }), -158);
+}
+
 TEST(Call, Keywords) {
   const auto keyword = [](const std::string& text) {
-    return With(text, [](const Call& call) { return call.Keyword(0, {"NORMal", "AVERage"}); });
+    return With(text, [](const Call& call) {
+      return call.Keyword(0, std::array<std::string_view, 2>{"NORMal", "AVERage"});
+    });
   };
   EXPECT_EQ(keyword("NORM"), 0U);
   EXPECT_EQ(keyword("average"), 1U);

@@ -127,5 +127,62 @@ TEST(CommonCommands, ResetAbortsAndForgetsTheCompletion) {
   EXPECT_EQ(session.Error(), "-230,\"Data corrupt or stale\"");
 }
 
+TEST(CommonCommands, ThereAreNoOptions) {
+  for (const char* kind : {"dmm", "psu", "scope"}) EXPECT_EQ(Session(kind).Ask("*OPT?"), "0") << kind;
+}
+
+TEST(CommonCommands, SettingsAreSavedAndRecalled) {
+  Session dmm;
+  dmm.Send("CONF:RES 100;:RES:NPLC 10;:SAMP:COUN 5;*SAV 3");
+  dmm.Send("*RST;*RCL 3");
+  EXPECT_EQ(dmm.Ask("FUNC?;:RES:RANG?;NPLC?;:SAMP:COUN?"), "\"RES\";+1.00000000E+02;+1.00000000E+01;5");
+  Session psu("psu");
+  psu.Send("INST CH2;:APPL 5,2;:OUTP ON;*SAV 0;*RST;*RCL 0");
+  EXPECT_EQ(psu.Ask("INST?;:APPL?;:OUTP?"), "CH2;\"+5.00000000E+00,+2.00000000E+00\";1");
+  Session scope("scope");
+  scope.Send("CHAN2:SCAL 1;DISP ON;:WAV:POIN 10;*SAV 9;*RST;*RCL 9");
+  EXPECT_EQ(scope.Ask("CHAN2:SCAL?;DISP?;:WAV:POIN?"), "+1.00000000E+00;1;10");
+}
+
+TEST(CommonCommands, EachPlaceHasItsOwnSettings) {
+  Session session("psu");
+  session.Send("VOLT 1;*SAV 1;:VOLT 2;*SAV 2;:VOLT 3");
+  EXPECT_EQ(session.Ask("*RCL 1;:VOLT?;*RCL 2;:VOLT?"), "+1.00000000E+00;+2.00000000E+00");
+}
+
+TEST(CommonCommands, APlaceWithoutSettingsIsRefused) {
+  Session session("psu");
+  session.Send("VOLT 1;*RCL 4");
+  EXPECT_EQ(session.Error(), "-224,\"Illegal parameter value\"");
+  EXPECT_EQ(session.Ask("VOLT?"), "+1.00000000E+00");
+  session.Send("*SAV 10");
+  EXPECT_EQ(session.Error(), "-222,\"Data out of range\"");
+  session.Send("*RCL -1");
+  EXPECT_EQ(session.Error(), "-222,\"Data out of range\"");
+}
+
+TEST(CommonCommands, WhatIsSavedLeavesTheStatusAlone) {
+  Session session;
+  session.Send("*CLS;*ESE 1;*SAV 0;*ESE 2;BAD");
+  session.Send("*RCL 0");
+  EXPECT_EQ(session.Ask("*ESE?"), "2");
+  EXPECT_EQ(session.Error(), "-113,\"Undefined header\"");
+}
+
+TEST(CommonCommands, ARecallForgetsTheReadings) {
+  Session session;
+  session.Ask("*SAV 0;READ?");
+  session.Send("*RCL 0;FETC?");
+  EXPECT_EQ(session.Error(), "-230,\"Data corrupt or stale\"");
+}
+
+TEST(CommonCommands, ATriggerThatNothingWaitsForIsIgnored) {
+  for (const char* kind : {"dmm", "psu", "scope"}) {
+    Session session(kind);
+    session.Send("*TRG");
+    EXPECT_EQ(session.Error(), "-211,\"Trigger ignored\"") << kind;
+  }
+}
+
 } // namespace
 } // namespace portico::simulator

@@ -96,7 +96,8 @@ TEST(Multimeter, FunctionsHaveNames) {
   EXPECT_EQ(session.Ask("FUNC \"voltage:ac\";FUNC?"), "\"VOLT:AC\"");
   EXPECT_EQ(session.Ask("FUNC:ON 'CURR:DC';:FUNC?"), "\"CURR\"");
   EXPECT_EQ(session.Ask("FUNC 'RESISTANCE';FUNC?"), "\"RES\"");
-  session.Send("FUNC 'TEMP'");
+  EXPECT_EQ(session.Ask("FUNC 'FRES';FUNC?;FUNC 'frequency';FUNC?;FUNC 'TEMP';FUNC?"), "\"FRES\";\"FREQ\";\"TEMP\"");
+  session.Send("FUNC 'DIOD'");
   EXPECT_EQ(session.Error(), "-224,\"Illegal parameter value\"");
   session.Send("FUNC RES");
   EXPECT_EQ(session.Error(), "-148,\"Character data not allowed\"");
@@ -198,6 +199,24 @@ TEST(Multimeter, ResetGivesTheDefaults) {
   session.Send("CONF:RES 100;:RES:NPLC 10;:SAMP:COUN 5;:DISP OFF;:DISP:TEXT 'x';*RST");
   EXPECT_EQ(session.Ask("FUNC?;:RES:RANG?;NPLC?;:SAMP:COUN?;:DISP?;:DISP:TEXT?"),
             "\"VOLT\";+1.00000000E+03;+1.00000000E+00;1;1;\"\"");
+}
+
+TEST(Multimeter, RangesOnce) {
+  Session session;
+  session.Send("RES:RANG 100;RANG:AUTO ONCE");
+  EXPECT_EQ(session.Ask("RES:RANG?;RANG:AUTO?"), "+1.00000000E+04;0");
+  session.Send("RES:RANG:AUTO TWICE");
+  EXPECT_EQ(session.Error(), "-224,\"Illegal parameter value\"");
+}
+
+TEST(Multimeter, CountsHaveLimits) {
+  Session session;
+  EXPECT_EQ(session.Ask("SAMP:COUN MAX;COUN?;COUN? MIN;COUN? MAX;COUN? DEF"), "1000;1;1000;1");
+  EXPECT_EQ(session.Ask("TRIG:COUN MAX;COUN?;COUN MIN;COUN?;COUN? MAX"), "10;1;10");
+  session.Send("SAMP:COUN 1001");
+  EXPECT_EQ(session.Error(), "-222,\"Data out of range\"");
+  session.Send("SAMP:COUN MANY");
+  EXPECT_EQ(session.Error(), "-141,\"Invalid character data\"");
 }
 
 } // namespace

@@ -117,5 +117,10 @@ TEST(Oscilloscope, ARecordIsOfTheSettingsAtItsStart) {
   EXPECT_EQ(session.Ask("WAV:DATA?").substr(0, 6), "#41000");
 }
 
+TEST(Oscilloscope, CountsHaveLimits) {
+  Session session("scope");
+  EXPECT_EQ(session.Ask("WAV:POIN MIN;POIN?;POIN? MAX;:ACQ:COUN MAX;COUN?;COUN? DEF"), "10;1000000;1024;8");
+}
+
 } // namespace
 } // namespace portico::simulator

@@ -75,5 +75,23 @@ TEST(SystemCommands, Preset) {
   EXPECT_EQ(session.Ask("STAT:OPER:ENAB?;:STAT:QUES:ENAB?"), "0;0");
 }
 
+TEST(SystemCommands, Beeps) {
+  for (const char* kind : {"dmm", "psu", "scope"}) {
+    Session session(kind);
+    session.Send("SYST:BEEP;:SYSTEM:BEEPER:IMMEDIATE 440 HZ,100 MS,MAX;:SYST:BEEP 2 KHZ");
+    EXPECT_EQ(session.Error(), "0,\"No error\"") << kind;
+  }
+  Session session;
+  session.Send("SYST:BEEP 10");
+  EXPECT_EQ(session.Error(), "-222,\"Data out of range\"");
+  session.Send("SYST:BEEP 440,1,1.5");
+  EXPECT_EQ(session.Error(), "-222,\"Data out of range\"");
+}
+
+TEST(SystemCommands, TheBeeperCanBeSwitchedOff) {
+  Session session;
+  EXPECT_EQ(session.Ask("SYST:BEEP:STAT?;STAT OFF;STAT?;*RST;STAT?"), "1;0;0");
+}
+
 } // namespace
 } // namespace portico::simulator

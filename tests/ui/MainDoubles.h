@@ -43,6 +43,28 @@ private:
   std::function<void(const Params&)> m_execute;
 };
 
+/// Tells that another creator is asked, asks it, and tells what it has made.
+class NotingCreator final : public ICreator {
+public:
+  NotingCreator(Ref<ICreator> inner, std::function<void(const Params&)> note,
+                std::function<void(const Ref<IObject>&)> made = {})
+      : m_inner(std::move(inner)), m_note(std::move(note)), m_made(std::move(made)) {}
+  StringView ClassName() const override { return u"NotingCreator"; }
+  Value Specification() const override { return m_inner->Specification(); }
+  bool IsMatch(const Value& Specification) const override { return m_inner->IsMatch(Specification); }
+  Ref<IObject> Create(const Params& Parameters) override {
+    if (m_note) m_note(Parameters);
+    Ref<IObject> product = m_inner->Create(Parameters);
+    if (m_made) m_made(product);
+    return product;
+  }
+
+private:
+  Ref<ICreator> m_inner;
+  std::function<void(const Params&)> m_note;
+  std::function<void(const Ref<IObject>&)> m_made;
+};
+
 class ClipboardDouble final : public IClipboard {
 public:
   String Text;

@@ -8,24 +8,6 @@
 namespace portico::test {
 namespace {
 
-/// Notes that another creator is asked, and asks it.
-class NotingCreator final : public ICreator {
-public:
-  NotingCreator(Ref<ICreator> inner, std::function<void(const Params&)> note)
-      : m_inner(std::move(inner)), m_note(std::move(note)) {}
-  StringView ClassName() const override { return u"NotingCreator"; }
-  Value Specification() const override { return m_inner->Specification(); }
-  bool IsMatch(const Value& Specification) const override { return m_inner->IsMatch(Specification); }
-  Ref<IObject> Create(const Params& Parameters) override {
-    m_note(Parameters);
-    return m_inner->Create(Parameters);
-  }
-
-private:
-  Ref<ICreator> m_inner;
-  std::function<void(const Params&)> m_note;
-};
-
 class MainStartTest : public MainWindowFixture {
 protected:
   MainStartTest() { HasSpies = false; }

@@ -18,12 +18,14 @@ public:
   }
   void SaveSetting(const String& Title, const String& Section, const String& Key, const String& Value) override {
     if (Section == u"frmMain") Keys.push_back(ToUtf8(Key));
+    if (OnSave) OnSave();
     if (Key == FailingKey) HuntERR::Raise(ErrorNumber::CannotCarryOut, u"Somewhere", u"It broke.");
     m_store->SaveSetting(Title, Section, Key, Value);
   }
 
   std::vector<std::string> Keys;
   String FailingKey;
+  std::function<void()> OnSave;
 
 private:
   std::shared_ptr<ISettingsStore> m_store;
@@ -76,6 +78,24 @@ TEST_F(MainUnloadTest, LetsGoOfSubscribersAndViews) {
       u"Report", modGlobals::VarArray(u"COMPLETE", Ref<IObject>(), ErrorNumber::InstructionComplete, u"", u"")));
   EXPECT_EQ(Item(u"CurrentInstruction"), "*RST") << "the runner hears nothing any more";
   EXPECT_EQ(ToUtf8(Past().Text()), "") << "nor does the displayer";
+}
+
+TEST_F(MainUnloadTest, KeepsNoneOfItsObjects) {
+  constexpr const char16_t* specifications[] = {u"SCPIView", u"InstructionRunner", u"SCPIViewHistory",
+                                                u"ReportDisplayer"};
+  std::vector<std::weak_ptr<IObject>> made;
+  OnFactory = [&] {
+    for (const auto* specification : specifications) {
+      gObjectFactory->Substitue(
+          New<NotingCreator>(gObjectFactory->GetCreator(specification), nullptr,
+                             [&](const Ref<IObject>& product) { made.emplace_back(product.Shared()); }));
+    }
+  };
+  Start();
+  ASSERT_EQ(made.size(), std::size(specifications));
+  for (const auto& object : made) EXPECT_FALSE(object.expired());
+  Unload();
+  for (std::size_t i = 0; i < made.size(); ++i) EXPECT_TRUE(made[i].expired()) << ToUtf8(specifications[i]);
 }
 
 /// An agent that writes down who leaves.
@@ -171,7 +191,13 @@ TEST_F(MainUnloadTest, TerminatingLetsGoOfTheConfigurationBeforeTheFactory) {
   Unload();
   EXPECT_TRUE(gConfiguration) << "options are saved by the termination only";
   EXPECT_EQ(Setting(u"SCPIProtocolPacingInterval", u"Configuration"), "(none)");
+  int saved = 0;
+  Spy->OnSave = [&] {
+    ++saved;
+    EXPECT_TRUE(gObjectFactory) << "it goes when the options are saved";
+  };
   Window->Form_Terminate();
+  EXPECT_EQ(saved, 11);
   EXPECT_FALSE(gConfiguration);
   EXPECT_FALSE(gObjectFactory);
   EXPECT_EQ(Setting(u"SCPIProtocolPacingInterval", u"Configuration"), "250");

@@ -24,7 +24,7 @@ using namespace portico;
 
 constexpr std::uint64_t SimulatorSeed = 1; // a simulated instrument measures the same each time
 
-/// The whole command line is an instrument's name.
+/// The whole command line is an instrument's name. One that is not UTF-8 names no instrument, and so it fails to open.
 String CommandLine(int argc, char** argv) {
   String line;
   for (int i = 1; i < argc; ++i) {

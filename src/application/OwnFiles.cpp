@@ -1,5 +1,7 @@
 #include "application/OwnFiles.h"
 
+#include "framework/text.h"
+
 #include <system_error>
 
 namespace portico {
@@ -7,11 +9,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// The program names its files in text, which has no way to tell a byte that is not UTF-8.
+bool HasTextName(const fs::path& directory) { return !FromUtf8(directory.native()).BadByte; }
+
+bool Counts(const fs::path& named) { return named.is_absolute() && HasTextName(named); }
+
 fs::path StateDirectory(const OwnFilesPlaces& places) {
   const fs::path state = places.StateHome;
-  if (state.is_absolute()) return state / "portico";
+  if (Counts(state)) return state / "portico";
   const fs::path home = places.Home;
-  if (home.is_absolute()) return home / ".local" / "state" / "portico";
+  if (Counts(home)) return home / ".local" / "state" / "portico";
   return {};
 }
 
@@ -26,7 +33,9 @@ bool IsMade(const fs::path& directory) {
 } // namespace
 
 fs::path OwnFilesDirectory(const OwnFilesPlaces& places) {
-  if (places.IsWritable(places.ProgramDirectory)) return places.ProgramDirectory;
+  if (HasTextName(places.ProgramDirectory) && places.IsWritable(places.ProgramDirectory)) {
+    return places.ProgramDirectory;
+  }
   const fs::path state = StateDirectory(places);
   return !state.empty() && IsMade(state) ? state : places.ProgramDirectory;
 }

@@ -53,7 +53,7 @@ std::optional<double> ReadNumber(StringView Text);
 /// UTF-8. An unpaired surrogate is written as U+FFFD.
 std::string ToUtf8(StringView Text);
 
-/// The text, or the position in bytes of the first byte that is not well-formed UTF-8.
+/// The text, with U+FFFD for each byte that is not part of well-formed UTF-8, and the position in bytes of the first.
 struct Utf8Text {
   String Text;
   std::optional<std::size_t> BadByte;

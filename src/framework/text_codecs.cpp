@@ -20,6 +20,8 @@ std::optional<char> CodePageByte(char16_t unit) {
   return static_cast<char>(0x80 + (found - UpperControls.begin()));
 }
 
+constexpr char16_t ReplacementCharacter = 0xFFFD;
+
 bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
@@ -74,7 +76,7 @@ std::string ToUtf8(StringView Text) {
     if (IsHighSurrogate(point) && i + 1 < Text.size() && IsLowSurrogate(Text[i + 1])) {
       point = 0x10000 + ((point - 0xD800) << 10) + (static_cast<char32_t>(Text[++i]) - 0xDC00);
     } else if (IsHighSurrogate(point) || IsLowSurrogate(point)) {
-      point = 0xFFFD;
+      point = ReplacementCharacter;
     }
     AppendUtf8(bytes, point);
   }
@@ -87,8 +89,10 @@ Utf8Text FromUtf8(std::string_view Bytes) {
   for (std::size_t at = 0; at < Bytes.size();) {
     const auto [length, point] = FrontSequence(Bytes.substr(at));
     if (length == 0) {
-      result.BadByte = at;
-      return result;
+      if (!result.BadByte) result.BadByte = at;
+      result.Text.push_back(ReplacementCharacter);
+      ++at;
+      continue;
     }
     if (point < 0x10000) {
       result.Text.push_back(static_cast<char16_t>(point));

@@ -16,6 +16,18 @@ namespace {
 
 String Path(const std::filesystem::path& path) { return FromUtf8(path.string()).Text; }
 
+/// On a failure that is called "Something".
+void WriteAReport(HostEnvironment& host) {
+  HuntERR::SetEnvironment(&host);
+  try {
+    HuntERR::Raise(5, u"Somewhere", u"Something");
+  } catch (...) {
+    StopHere(u"Somewhere.Else");
+  }
+  modGlobals::LogErrorReport();
+  HuntERR::SetEnvironment(nullptr);
+}
+
 TEST(HostEnvironment, KnowsTheProgram) {
   const HostEnvironment host;
   EXPECT_EQ(host.ProgramFileName(), u"test_application");
@@ -30,17 +42,33 @@ TEST(HostEnvironment, AProgramWhoseDirectoryCannotBeWrittenReportsToTheUsersStat
   HostEnvironment host("/no such directory/portico");
   EXPECT_EQ(host.ProgramFileName(), u"portico");
   EXPECT_EQ(host.ProgramDirectory(), Path(state / "portico"));
-
-  HuntERR::SetEnvironment(&host);
-  try {
-    HuntERR::Raise(5, u"Somewhere", u"Something");
-  } catch (...) {
-    StopHere(u"Somewhere.Else");
-  }
-  modGlobals::LogErrorReport();
-  HuntERR::SetEnvironment(nullptr);
+  WriteAReport(host);
   EXPECT_TRUE(std::filesystem::exists(state / "portico" / "SCPIComm.log"));
   std::filesystem::remove_all(state);
+}
+
+TEST(HostEnvironment, AProgramWhoseDirectoryIsNotUtf8ReportsToTheUsersStateDirectory) {
+  const auto ground = std::filesystem::path(::testing::TempDir()) / "portico-host-environment-bytes";
+  const auto state = ground / "state";
+  const auto program = ground / "be\xFFside";
+  std::filesystem::remove_all(ground);
+  std::filesystem::create_directories(program);
+  std::filesystem::create_directories(ground / "be"); // where a name that is cut would lead
+  const EnvironmentVariable stateHome("XDG_STATE_HOME", state.c_str());
+  HostEnvironment host(program / "portico");
+  EXPECT_EQ(host.ProgramDirectory(), Path(state / "portico"));
+  WriteAReport(host);
+  std::ifstream file(state / "portico" / "SCPIComm.log", std::ios::binary);
+  const std::string report{std::istreambuf_iterator<char>(file), {}};
+  EXPECT_NE(report.find("Something"), std::string::npos) << report;
+  EXPECT_NE(report.find("Somewhere.Else"), std::string::npos) << report;
+  EXPECT_TRUE(std::filesystem::is_empty(program));
+  EXPECT_TRUE(std::filesystem::is_empty(ground / "be"));
+  std::filesystem::remove_all(ground);
+}
+
+TEST(HostEnvironment, AProgramsNameThatIsNotUtf8IsToldWhole) {
+  EXPECT_EQ(HostEnvironment("/no such directory/por\xFFtico").ProgramFileName(), u"por\uFFFDtico");
 }
 
 TEST(HostEnvironment, WithoutAStateHomeItIsTheHomeDirectorys) {

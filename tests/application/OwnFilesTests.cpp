@@ -58,6 +58,16 @@ TEST_F(OwnFiles, ANamedDirectoryThatIsNotAbsoluteDoesNotCount) {
   EXPECT_FALSE(fs::exists("state"));
 }
 
+TEST_F(OwnFiles, ADirectoryWhoseNameIsNotUtf8DoesNotCount) {
+  const auto always = [](const fs::path&) { return true; };
+  EXPECT_EQ(OwnFilesDirectory({"/opt/so\xFFme/bin", At("state"), At("home"), always}), m_ground / "state" / "portico");
+  EXPECT_EQ(OwnFilesDirectory({m_program, At("st\xFFte"), At("home"), Never}),
+            m_ground / "home" / ".local" / "state" / "portico");
+  EXPECT_FALSE(fs::exists(At("st\xFFte")));
+  EXPECT_EQ(OwnFilesDirectory({m_program, "", At("h\xFFme"), Never}), m_program);
+  EXPECT_FALSE(fs::exists(At("h\xFFme")));
+}
+
 TEST_F(OwnFiles, ANewDirectoryIsForItsOwnerAlone) {
   const fs::path directory = OwnFilesDirectory({m_program, At("state"), "", Never});
   EXPECT_EQ(fs::status(directory).permissions(), fs::perms::owner_all);

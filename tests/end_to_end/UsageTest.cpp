@@ -47,6 +47,13 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{"OptionUnknown",
                 {kSimulated, "--option", "Pacing=On"},
                 "--option Pacing: the protocol SCPI has no such option; it has " + kScpiOptions},
+        Mistake{"OptionNameNotUtf8",
+                {kSimulated, "--option", "SCPIProtocolOPCPacing\xFFjunk=Off"},
+                "--option SCPIProtocolOPCPacing\xFFjunk: the protocol SCPI has no such option; it has " + kScpiOptions},
+        Mistake{"OptionValueNotUtf8",
+                {kSimulated, "--option", "SCPIProtocolErrorCheckingCommand=ERR?\xFF"},
+                "--option SCPIProtocolErrorCheckingCommand: 'ERR?\xFF' is not a value of it; "
+                "use characters of the instrument's code page on one line"},
         Mistake{"OptionOfTheOtherProtocol",
                 {kSimulated, "--option", "OtherProtocolPacingInterval=5"},
                 "--option OtherProtocolPacingInterval: the protocol SCPI has no such option; it has " + kScpiOptions},

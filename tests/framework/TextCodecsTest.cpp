@@ -66,6 +66,15 @@ INSTANTIATE_TEST_SUITE_P(
                       Malformed{"ByteFF", "\xFF", 0}, Malformed{"Latin1", "gr\xFC\xDF", 2}),
     [](const auto& sequence) { return std::string(sequence.param.What); });
 
+TEST(Utf8, ABadByteIsReadAsReplacementCharacterAndCutsNothing) {
+  EXPECT_EQ(FromUtf8("a\xFFz").Text, u"a\uFFFDz");
+  EXPECT_EQ(FromUtf8("\xC3\xA4\xC3").Text, u"\u00E4\uFFFD");
+  EXPECT_EQ(FromUtf8("\xFF\xFEz\xFD").Text, u"\uFFFD\uFFFDz\uFFFD");
+  EXPECT_EQ(FromUtf8("\xE2\x82z").Text, u"\uFFFD\uFFFDz"); // one for each byte
+}
+
+TEST(Utf8, TheFirstOfSeveralBadBytesIsReported) { EXPECT_EQ(FromUtf8("ab\xFFz\xFE").BadByte, 2U); }
+
 TEST(Utf8, NeighboursOfMalformedSequencesAreWellFormed) {
   for (const char* bytes :
        {"\xC2\x80", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xEE\x80\x80", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {

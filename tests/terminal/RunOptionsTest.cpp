@@ -198,8 +198,9 @@ constexpr char kScpiNames[] =
     "SCPIProtocolAutoErrorChecking, SCPIProtocolErrorCheckingCommand, SCPIProtocolTerminationCharacter";
 
 TEST(RunOptions, UnknownOptionIsToldTheKnownOnes) {
-  for (const std::string name : {"SCPIProtocolPacing", "scpiprotocolopcpacing", "OPCPacing", "ProtocolName", "",
-                                 "OtherProtocolPacingInterval", "SCPIProtocolOPCPacing "}) {
+  for (const std::string name :
+       {"SCPIProtocolPacing", "scpiprotocolopcpacing", "OPCPacing", "ProtocolName", "", "OtherProtocolPacingInterval",
+        "SCPIProtocolOPCPacing ", "SCPIProtocolOPCPacing\xFF", "SCPIProtocolOPCPacing\xFFjunk"}) {
     EXPECT_EQ(ErrorOf({kSimulated, "--option", name + "=On"}),
               "--option " + name + ": the protocol SCPI has no such option; it has " + kScpiNames);
   }

@@ -24,6 +24,12 @@ class Running(WindowCase):
         self.assertFalse(portico.item("Open Instrument...").enabled)
         self.assertTrue(portico.item("Close Instrument").enabled)
 
+    def test_a_name_that_is_not_utf8_is_not_cut_and_fails_to_open_in_sight(self):
+        portico = self.open("SIM::dmm::INSTR\udcff")  # the byte FF
+        portico.wait_for_history("The instrument name is not valid")
+        self.assertEqual(portico.panels()[0], "Open an instrument. ")
+        self.assertEqual(portico.commands, "OPEN AN INSTRUMENT!")
+
     def test_run_by_key_sends_all_lines(self):
         portico = self.open(self.simulator().name)
         portico.type_lines("*IDN?", "REM a remark", "MEAS:VOLT:DC?")

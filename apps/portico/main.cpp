@@ -2,6 +2,7 @@
 
 #include "application/HostEnvironment.h"
 #include "application/Startup.h"
+#include "application/WindowProgram.h"
 #include "channel/IChannel.h"
 #include "drivers/DriverRegistry.h"
 #include "drivers/InstrumentDriver.h"
@@ -9,12 +10,10 @@
 #include "drivers/SteadyClock.h"
 #include "framework/Application.h"
 #include "framework/HuntERR.h"
-#include "framework/Quit.h"
 #include "qt/EventLoop.h"
 #include "qt/Toolkit.h"
 #include "simulator/DeviceRack.h"
 #include "ui/KnownInstruments.h"
-#include "ui/frmMain.h"
 
 #include <QApplication>
 
@@ -62,31 +61,6 @@ private:
   SteadyClock m_clock;
 };
 
-/// The bottom of the stack: whatever was running when the program was told to end has come down to here.
-int RunWindow(qt::EventLoop& loop, const String& commandLine) {
-  Ref<frmMain> window;
-  const auto makeWindow = [&](const std::function<void()>& createObjectFactory) {
-    return window = New<frmMain>(createObjectFactory);
-  };
-  const auto makeDocument = [] {}; // the parser is linked into the program: it cannot be missing
-  // By whatever road: a signal and the end of the desktop's session ask nobody else.
-  loop.Quitting().Connect([&window] {
-    if (!window) return;
-    window->StopRequested(true);
-    window->Form().Hide();
-  });
-  try {
-    modAppGlobals::Main({makeDocument, makeWindow, commandLine});
-    loop.Run();
-  } catch (const Quit&) { // NOLINT(bugprone-empty-catch): it has done what it is for
-  }
-  loop.FinishQuit();
-  if (!window) return 1;
-  window->Form_Unload();
-  window->Form_Terminate();
-  return 0;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -95,5 +69,6 @@ int main(int argc, char** argv) {
   QApplication application(ownArguments, argv);
   const qt::Toolkit toolkit(qt::FindHelpFolder());
   const Wiring wiring;
-  return RunWindow(toolkit.Loop(), commandLine);
+  qt::EventLoop& loop = toolkit.Loop();
+  return RunWindow({[&loop] { loop.Run(); }, [&loop] { loop.FinishQuit(); }, loop.Quitting()}, commandLine);
 }

@@ -1,3 +1,4 @@
+#include "application/WindowProgram.h"
 #include "support/Journal.h"
 #include "ui/MainWindowFixture.h"
 
@@ -8,6 +9,22 @@ namespace {
 class MainProgramTest : public MainWindowFixture {
 protected:
   MainProgramTest() { HasSpies = false; }
+
+  /// The whole program, whose loop does this.
+  int RunProgram(const std::function<void()>& run) {
+    return RunWindow({run, [this] { Loop->FinishQuit(); }, m_quitting}, u"DMM");
+  }
+
+private:
+  Event<> m_quitting;
+};
+
+/// No window can be made.
+class NoForms final : public IForms {
+public:
+  Ref<IForm> Load(const FormDesign&) override { throw std::bad_alloc(); }
+  std::vector<Ref<IForm>> Forms() const override { return {}; }
+  IControl* ActiveControl() const override { return nullptr; }
 };
 
 TEST_F(MainProgramTest, ACommandLineOfBlanksOpensNothing) {
@@ -84,6 +101,23 @@ TEST_F(MainProgramTest, AFailingCommandIsShownByTheItemsOwnHandler) {
   Start(u"DMM");
   ExpectOneBox(u"Can't open instrument.", u"frmMain.mnuFileOpenInstrument_Click");
   EXPECT_TRUE(MemoryForm().IsShown());
+}
+
+TEST_F(MainProgramTest, WithoutAWindowItEndsWithOneAndWaitsForNothing) {
+  gForms = std::make_shared<NoForms>();
+  bool hasWaited = false;
+  EXPECT_EQ(RunProgram([&] { hasWaited = true; }), 1);
+  EXPECT_FALSE(hasWaited);
+  EXPECT_EQ(Wire, support::Journal{});
+}
+
+TEST_F(MainProgramTest, WithAWindowItWaitsForTheEndAndClosesTheInstrument) {
+  std::string lastOfTheStart;
+  EXPECT_EQ(RunProgram([&] { lastOfTheStart = Wire.back(); }), 0);
+  EXPECT_EQ(Wire.front(), "init DMM");
+  EXPECT_NE(lastOfTheStart, "close");
+  EXPECT_EQ(Wire.back(), "close");
+  EXPECT_FALSE(gConfiguration);
 }
 
 } // namespace

@@ -114,6 +114,7 @@ int main(int argc, char** argv) try {
   if (const auto* error = std::get_if<UsageError>(&request)) return Fail(error->Text);
   RunOptions options = std::get<RunOptions>(request);
   options.ShowProgress = IsProgressWelcome();
+  options.ToTerminal = IsOutputShown();
   return Run(options);
 } catch (const std::exception& error) {
   std::cerr << "portico-run: internal error\n" << error.what() << std::endl;

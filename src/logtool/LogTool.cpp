@@ -3,8 +3,8 @@
 #include "document/LogFile.h"
 #include "document/LogReader.h"
 #include "framework/Application.h"
+#include "framework/Printable.h"
 #include "logtool/Outputs.h"
-#include "logtool/ShowOutput.h"
 
 #include <algorithm>
 #include <cerrno>

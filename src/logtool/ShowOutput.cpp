@@ -1,5 +1,7 @@
 #include "logtool/ShowOutput.h"
 
+#include "framework/Printable.h"
+
 namespace portico::logtool {
 namespace {
 
@@ -11,14 +13,6 @@ const char* MarkOf(const std::string& kind) {
 }
 
 } // namespace
-
-std::string Printable(StringView line) {
-  String text(line);
-  for (char16_t& unit : text) {
-    if ((unit < 0x20 && unit != u'\t') || (unit >= 0x7F && unit < 0xA0)) unit = u'?';
-  }
-  return ToUtf8(text);
-}
 
 void ShowOutput::BeginFile(const std::string& name) {
   if (m_namesFiles) m_out << "# " << Printable(FromUtf8(name).Text) << '\n';

@@ -21,7 +21,4 @@ private:
   bool m_namesFiles;
 };
 
-/// The line with question marks for the control characters that would spoil a terminal.
-std::string Printable(StringView line);
-
 } // namespace portico::logtool

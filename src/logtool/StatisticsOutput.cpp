@@ -1,6 +1,6 @@
 #include "logtool/StatisticsOutput.h"
 
-#include "logtool/ShowOutput.h"
+#include "framework/Printable.h"
 
 #include <array>
 #include <charconv>

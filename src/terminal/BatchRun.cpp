@@ -50,7 +50,7 @@ BatchRun::BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window,
       m_interrupts(interrupts),
       m_out(out),
       m_err(err),
-      m_printer(out),
+      m_printer(out, options.ToTerminal),
       m_faults(New<FaultMonitor>()) {
   m_window->Load();
   m_faults->Completed.Connect([this] { InstructionDone(); });

@@ -1,5 +1,7 @@
 #include "terminal/ConversationPrinter.h"
 
+#include "framework/Printable.h"
+
 namespace portico::terminal {
 namespace {
 
@@ -25,7 +27,7 @@ void ConversationPrinter::Show(const IDataEntity& entity) {
 }
 
 void ConversationPrinter::Print(std::string_view mark, StringView text) {
-  m_line.assign(mark).append(ToUtf8(text)).push_back('\n');
+  m_line.assign(mark).append(m_toTerminal ? Printable(text) : ToUtf8(text)).push_back('\n');
   m_out.write(m_line.data(), static_cast<std::streamsize>(m_line.size())).flush();
 }
 

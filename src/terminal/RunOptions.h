@@ -26,6 +26,8 @@ struct RunOptions {
   bool Overwrite = false;
   /// Nobody asks for it: it follows from what the standard streams are.
   bool ShowProgress = false;
+  /// Likewise: the conversation is shown on a terminal.
+  bool ToTerminal = false;
 };
 
 /// A text for standard output after which the program ends well: help, or the version.

@@ -9,4 +9,7 @@ void HoldClosedStandardStreams();
 /// Somebody watches standard error, and standard output goes elsewhere: a progress line disturbs nobody.
 bool IsProgressWelcome();
 
+/// Standard output is a terminal.
+bool IsOutputShown();
+
 } // namespace portico::terminal

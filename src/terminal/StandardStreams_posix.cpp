@@ -14,6 +14,8 @@ void HoldClosedStandardStreams() {
   }
 }
 
-bool IsProgressWelcome() { return isatty(STDERR_FILENO) == 1 && isatty(STDOUT_FILENO) != 1; }
+bool IsProgressWelcome() { return isatty(STDERR_FILENO) == 1 && !IsOutputShown(); }
+
+bool IsOutputShown() { return isatty(STDOUT_FILENO) == 1; }
 
 } // namespace portico::terminal

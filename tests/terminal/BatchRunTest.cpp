@@ -149,6 +149,17 @@ TEST_F(BatchRunTest, LeavesNoSubscriberBehind) {
   EXPECT_EQ(Out.str(), "> A\n> B\n");
 }
 
+TEST_F(BatchRunTest, ControlCharactersAreQuestionMarksOnATerminal) {
+  TurnOffPacingAndChecking();
+  Driver->Answers["Q?"] = "\x1B[2Jred\a\tend";
+  EXPECT_EQ(Run({u"Q?", u"REM \a"}), 0);
+  EXPECT_EQ(Out.str(), "> Q?\n< \x1B[2Jred\a\tend\n# REM \a\n");
+  Out.str({});
+  Options.ToTerminal = true;
+  EXPECT_EQ(Run({u"Q?", u"REM \a"}), 0);
+  EXPECT_EQ(Out.str(), "> Q?\n< ?[2Jred?\tend\n# REM ?\n");
+}
+
 TEST_F(BatchRunTest, DiagnosticsNameTheProgram) {
   BatchRun(Options, Window, Interrupts, Out, Err).Diagnose("a text");
   EXPECT_EQ(Err.str(), "portico-run: a text\n");

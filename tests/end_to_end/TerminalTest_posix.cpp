@@ -1,4 +1,5 @@
 #include "RunLogs.h"
+#include "support/ScriptedServer.h"
 
 #include <array>
 #include <cstdlib>
@@ -35,7 +36,8 @@ private:
   int m_end;
 };
 
-class ProgressLine : public testing::Test {
+/// The program with a terminal for some of its streams.
+class OnATerminal : public testing::Test {
 protected:
   /// Runs portico-run on the lines of a file, with the streams that a shell makes of `redirections`; $T is the
   /// terminal, $F a file.
@@ -52,6 +54,8 @@ protected:
   const std::string Lines = Files.Add("lines.cmd", "*CLS\n*OPC?\n\nREM three\n*RST\n");
   const PseudoTerminal Terminal;
 };
+
+class ProgressLine : public OnATerminal {};
 
 TEST_F(ProgressLine, StandsOnTheTerminalWhileTheConversationGoesElsewhere) {
   EXPECT_EQ(Run("2>\"$T\" >\"$F\"", {kSimulated, Lines}).status, 0);
@@ -93,6 +97,23 @@ TEST_F(ProgressLine, IsMissingWithoutATerminal) {
   const Outcome outcome = Run("", {kSimulated, Lines});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
+}
+
+class ControlCharacters : public OnATerminal {
+protected:
+  /// Of an answer and of a remark: an escape sequence, a bell, a tab, and a control of the upper half.
+  const ScriptedServer Instrument{{{"Q?", Reaction::Answer("\x1B[31mred\a\tend\x81.\n")}}};
+  const std::string Remark = "REM \x1B]0;title\a\n";
+};
+
+TEST_F(ControlCharacters, AreQuestionMarksWhereTheyWouldSpoilTheTerminal) {
+  EXPECT_EQ(Run(">\"$T\"", {Instrument.ResourceName()}, "Q?\n" + Remark).status, 0);
+  EXPECT_EQ(Terminal.Shown(), "> Q?\r\n< ?[31mred?\tend?.\r\n# REM ?]0;title?\r\n");
+}
+
+TEST_F(ControlCharacters, AreAsTheyCameElsewhere) {
+  EXPECT_EQ(Run(">\"$F\" 2>\"$T\"", {Instrument.ResourceName()}, "Q?\n" + Remark).status, 0);
+  EXPECT_EQ(BytesOf(OutputFile()), "> Q?\n< \x1B[31mred\a\tend\xC2\x81.\n# " + Remark);
 }
 
 } // namespace

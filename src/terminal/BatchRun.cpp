@@ -69,7 +69,7 @@ BatchRun::~BatchRun() {
 std::size_t BatchRun::LinesDone() const { return m_linesRead - m_window->LinesLeft(); }
 
 std::string BatchRun::Place() const {
-  if (m_source == nullptr) return {};
+  if (m_source == nullptr || LinesDone() == 0) return {};
   return m_source->Name() + ":" + std::to_string(LinesDone()) + ": ";
 }
 
@@ -89,7 +89,7 @@ ExitStatus BatchRun::Run(const Sources& sources) {
       }
     }
   } catch (const Quit&) {
-    m_status.Note(ExitStatus::Interrupted);
+    NoteInterrupt();
   } catch (...) {
     StopHere(u"BatchRun.Run(sources)");
     Diagnose("internal error");
@@ -99,7 +99,7 @@ ExitStatus BatchRun::Run(const Sources& sources) {
   m_source = nullptr;
   if (m_progress) m_progress->Erase();
   CloseLog();
-  if (m_interrupts.Requested()) m_status.Note(ExitStatus::Interrupted);
+  if (m_interrupts.Requested()) NoteInterrupt();
   if (!m_out) {
     Diagnose("standard output cannot be written");
     m_status.Note(ExitStatus::Internal);
@@ -150,7 +150,7 @@ bool BatchRun::Open() {
 void BatchRun::RunSources(const Sources& sources) {
   if (m_options.ShowProgress) m_progress.emplace(m_err, std::chrono::steady_clock::now, TotalOf(sources));
   for (const auto& source : sources) {
-    if (!m_stop) RunSource(*source);
+    if (!m_stop && !m_interrupts.Requested()) RunSource(*source);
   }
   m_source = nullptr;
 }
@@ -171,6 +171,7 @@ void BatchRun::RunSource(LineSource& source) {
     if (batch.Lines.empty()) break;
   }
   m_linesBefore += m_linesRead;
+  if (m_interrupts.Requested()) NoteInterrupt();
 }
 
 /// All complete lines that are at hand; waits for the first.
@@ -209,6 +210,7 @@ void BatchRun::Close() {
   gConfiguration->ItemValue(u"InstrumentOpened", Value(false).ToString());
   JudgeDriver();
 }
+  if (m_interrupts.Requested()) NoteInterrupt(); // before the next line is taken off
 
 void BatchRun::CloseLog() try {
   if (m_log) m_log->Close();
@@ -239,3 +241,9 @@ void BatchRun::Stop() {
 }
 
 } // namespace portico::terminal
+void BatchRun::NoteInterrupt() {
+  if (m_status.Gravest() == ExitStatus::Interrupted) return; // it is told
+  Diagnose("interrupted");
+  m_status.Note(ExitStatus::Interrupted);
+}
+

@@ -59,6 +59,7 @@ private:
   const RunOptions& m_options;
   Ref<TerminalWindow> m_window;
   const Interrupts& m_interrupts;
+  void NoteInterrupt();
   std::ostream& m_out;
   std::ostream& m_err;
   ConversationPrinter m_printer;

@@ -20,7 +20,21 @@ TEST(Interrupt, EndsTheWaitForInputAndClosesTheConnection) {
   const Outcome outcome = process.Wait();
   EXPECT_EQ(outcome.status, 130);
   EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(outcome.err, "portico-run: interrupted\n"); // no line has been there
+}
+
+TEST(Interrupt, IsToldWithTheLastLineThatWasRun) {
+  const CommandFiles files;
+  const std::string first = files.Add("first.cmd", "*CLS\nSLOW?\n*RST\n");
+  const std::string second = files.Add("second.cmd", "*CLS\n");
+  ScriptedServer server({});
+  Process process(PorticoRun(kBare + Arguments{"--timeout", "60000", server.ResourceName(), first, second}));
+  server.WaitForReceived("SLOW?\r\n");
+  process.Signal(SIGINT);
+  server.Send("answer\n");
+  const Outcome outcome = process.Wait();
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_EQ(outcome.err, "portico-run: " + first + ":2: interrupted\n");
 }
 
 TEST(Interrupt, RequestToTerminateCountsAlike) {
@@ -42,7 +56,7 @@ TEST(Interrupt, LetsTheLineComeToItsEnd) {
   const Outcome outcome = process.Wait();
   EXPECT_EQ(outcome.status, 130);
   EXPECT_EQ(outcome.out, "> SLOW?\n< answer\n");
-  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(outcome.err, "portico-run: standard input:1: interrupted\n");
   server.WaitForNoClient();
   EXPECT_EQ(server.Received(), "SLOW?\r\n");
 }
@@ -65,7 +79,7 @@ TEST(Interrupt, AgainEndsThePacingWaitAsWell) {
   const Outcome outcome = process.SignalUntilEnd(SIGINT);
   EXPECT_EQ(outcome.status, 130);
   EXPECT_EQ(outcome.out, "* *OPC?\n< 1\n> *CLS\n* *OPC?\n< 1\n");
-  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(outcome.err, "portico-run: standard input:2: interrupted\n");
   server.WaitForNoClient();
   EXPECT_EQ(server.Received(), "*OPC?\r\n*CLS\r\n*OPC?\r\n");
 }

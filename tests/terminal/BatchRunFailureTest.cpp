@@ -131,7 +131,7 @@ TEST_F(BatchRunFailureTest, InterruptEndsTheRunAtTheLineBoundary) {
   EXPECT_EQ(Run({u"*CLS", u"*RST"}), 130);
   EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *OPC?", "read", "write *CLS",
                                   "write :SYST:ERR?", "read", "close"}));
-  EXPECT_EQ(Err.str(), "");
+  EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: interrupted\n");
 }
 
 TEST_F(BatchRunFailureTest, InterruptOutranksWhatWentWrongBefore) {
@@ -152,7 +152,28 @@ TEST_F(BatchRunFailureTest, SecondInterruptEndsAWaitAndTheInstrumentClosesWithTh
     raise(SIGINT);
   };
   EXPECT_EQ(Run({u"*CLS", u"*RST"}), 130);
-  EXPECT_EQ(Err.str(), "");
+  EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: interrupted\n");
+}
+
+TEST_F(BatchRunFailureTest, InterruptLeavesTheSourcesThatFollowAlone) {
+  TurnOffPacingAndChecking();
+  Driver->OnCall = [](const std::string& call) {
+    if (call == "write B") raise(SIGINT);
+  };
+  Sources sources;
+  sources.push_back(std::make_unique<FileLines>("one.cmd", std::vector<String>{u"A", u"B"}));
+  sources.push_back(std::make_unique<FileLines>("two.cmd", std::vector<String>{u"C"}));
+  EXPECT_EQ(RunSources(sources), 130);
+  EXPECT_EQ(Err.str(), "portico-run: one.cmd:2: interrupted\n");
+  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write A", "write B", "close"}));
+}
+
+TEST_F(BatchRunFailureTest, InterruptWhileTheInstrumentOpensHasNoPlace) {
+  Driver->OnCall = [](const std::string& call) {
+    if (call == "init the instrument") raise(SIGINT);
+  };
+  EXPECT_EQ(Run({u"A"}), 130);
+  EXPECT_EQ(Err.str(), "portico-run: interrupted\n");
   modAppGlobals::ReleaseObjectFactory();
   EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *CLS", "close"}));
 }

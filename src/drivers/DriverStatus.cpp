@@ -11,6 +11,8 @@ struct StatusEntry {
   std::string_view name;
   /// Without its full stop, so that a detail can follow.
   std::string_view text;
+  /// What the one that the detail names did to the connection; empty where the detail tells that itself.
+  std::string_view deed = {};
 };
 
 constexpr std::array kStatuses = {
@@ -29,19 +31,18 @@ constexpr std::array kStatuses = {
     StatusEntry{DriverStatus::InvalidBuffer, "TVSCPI_ERROR_INVALID_BUFFER", "The buffer has no room for an answer"},
     StatusEntry{DriverStatus::UnknownHost, "TVSCPI_ERROR_UNKNOWN_HOST", "The host is not known"},
     StatusEntry{DriverStatus::ConnectionRefused, "TVSCPI_ERROR_CONNECTION_REFUSED",
-                "The instrument refused the connection"},
+                "The instrument refused the connection", "refused it"},
     StatusEntry{DriverStatus::ConnectTimeout, "TVSCPI_ERROR_CONNECT_TIMEOUT",
-                "Timeout expired before the connection was made"},
+                "Timeout expired before the connection was made", "timed out"},
     StatusEntry{DriverStatus::ConnectFailed, "TVSCPI_ERROR_CONNECT_FAILED", "The connection could not be made"},
     StatusEntry{DriverStatus::ConnectionClosed, "TVSCPI_ERROR_CONNECTION_CLOSED",
-                "The instrument closed the connection"},
+                "The instrument closed the connection", "closed it"},
     StatusEntry{DriverStatus::ConnectionLost, "TVSCPI_ERROR_CONNECTION_LOST", "The connection was lost"},
-    StatusEntry{DriverStatus::NotConnected, "TVSCPI_ERROR_NOT_CONNECTED",
-                "There is no connection; the next command opens one"},
+    StatusEntry{DriverStatus::NotConnected, "TVSCPI_ERROR_NOT_CONNECTED", "There is no connection"},
     StatusEntry{DriverStatus::WriteTimeout, "TVSCPI_ERROR_WRITE_TIMEOUT",
-                "Timeout expired before the command was sent completely"},
+                "Timeout expired before the command was sent completely", "took no whole command in time"},
     StatusEntry{DriverStatus::ReadTimeout, "TVSCPI_ERROR_READ_TIMEOUT",
-                "Timeout expired before the answer was complete"},
+                "Timeout expired before the answer was complete", "gave no whole answer in time"},
 };
 
 const StatusEntry* Find(std::int32_t status) {
@@ -72,6 +73,14 @@ std::string StatusMessage(std::int32_t status, std::string_view detail) {
   std::replace_if(message.begin(), message.end(), IsControl, '?');
   message.resize(std::min(message.size(), kMaxErrorMessage));
   return message;
+}
+
+std::string ReasonFor(const DriverResult& failure) {
+  const StatusEntry* entry = Find(static_cast<std::int32_t>(failure.status));
+  std::string reason = failure.detail;
+  if (entry == nullptr || entry->deed.empty()) return reason;
+  if (!reason.empty()) reason += ", ";
+  return reason.append(entry->deed);
 }
 
 void WriteErrorMessage(std::string_view message, char* buffer) {

@@ -37,6 +37,9 @@ struct DriverResult {
   bool Succeeded() const { return status == DriverStatus::Success; }
 };
 
+/// Why there is no connection, of the failure that cost it: the detail for DriverStatus::NotConnected.
+std::string ReasonFor(const DriverResult& failure);
+
 /// Longest message, in bytes.
 inline constexpr std::size_t kMaxErrorMessage = 254;
 /// What a caller of WriteErrorMessage provides: the message, a line feed and a zero byte.

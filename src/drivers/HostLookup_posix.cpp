@@ -42,7 +42,7 @@ HostLookup LookUpHost(const std::string& host, std::uint16_t port, TimePoint dea
   } catch (const std::system_error& error) {
     return {{DriverStatus::ConnectFailed, host + ", " + error.what()}};
   }
-  return {{DriverStatus::ConnectTimeout, host + ", the look-up of the name did not end"}};
+  return {{DriverStatus::ConnectTimeout, "the look-up of the name " + host}};
 }
 
 } // namespace portico

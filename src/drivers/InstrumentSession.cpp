@@ -39,27 +39,26 @@ InstrumentSession::InstrumentSession(const ResourceName& name, std::unique_ptr<I
     : m_name(name.Canonical()), m_transport(std::move(transport)), m_options(options) {}
 
 DriverResult InstrumentSession::Open() {
-  DriverResult result = m_transport->Open(Deadline());
-  m_connected = result.Succeeded();
-  return result;
+  m_connection = m_transport->Open(Deadline());
+  return m_connection;
 }
 
 DriverResult InstrumentSession::Write(const std::string& text) {
   const TimePoint deadline = Deadline();
-  if (!m_connected) {
+  if (!m_connection.Succeeded()) {
     if (DriverResult result = Reconnect(deadline); !result.Succeeded()) return result;
   }
   m_output.assign(text);
   m_output += '\n';
   DriverResult result = m_transport->Write(m_output, deadline);
-  if (!result.Succeeded()) Disconnect();
+  if (!result.Succeeded()) return Disconnect(std::move(result));
   return result;
 }
 
 DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count) {
   count = 0;
   if (buffer.empty()) return {DriverStatus::InvalidBuffer};
-  if (!m_connected) return {DriverStatus::NotConnected, m_name};
+  if (!m_connection.Succeeded()) return {DriverStatus::NotConnected, ReasonFor(m_connection)};
   const TimePoint deadline = Deadline();
   wire::MessageReader reader(m_attributes.Termination());
   MessageSink sink(buffer);
@@ -83,27 +82,23 @@ DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count
 }
 
 DriverResult InstrumentSession::Reconnect(TimePoint deadline) {
-  DriverResult result = m_transport->Open(deadline);
-  if (!result.Succeeded()) return result;
-  m_connected = true;
-  if (m_options.observer != nullptr) m_options.observer->Reconnected(m_name);
-  return result;
+  m_connection = m_transport->Open(deadline);
+  if (m_connection.Succeeded() && m_options.observer != nullptr) m_options.observer->Reconnected(m_name);
+  return m_connection;
 }
 
-void InstrumentSession::Disconnect() {
+DriverResult InstrumentSession::Disconnect(DriverResult reason) {
   m_transport->Close();
   m_input.Clear();
-  m_connected = false;
+  m_connection = std::move(reason);
+  return m_connection;
 }
 
 DriverResult InstrumentSession::Fill(TimePoint deadline) {
   Received received = m_transport->Read(m_input.Space(), ReceiveBuffer::kCapacity, deadline);
-  if (received.result.Succeeded()) {
-    m_input.Filled(received.count, received.end);
-  } else {
-    Disconnect();
-  }
-  return std::move(received.result);
+  if (!received.result.Succeeded()) return Disconnect(std::move(received.result));
+  m_input.Filled(received.count, received.end);
+  return {};
 }
 
 } // namespace portico

@@ -27,7 +27,7 @@ struct SessionOptions {
 ///
 /// After a failed write or read it is out of step: an answer may still be on its way and would be taken for that of the
 /// next query. So the session drops the connection at once and makes a fresh one before the next write; a read until
-/// then fails at once.
+/// then fails at once, with the reason why there is none.
 class InstrumentSession {
 public:
   InstrumentSession(const ResourceName& name, std::unique_ptr<ITransport> transport, const SessionOptions& options);
@@ -50,7 +50,8 @@ public:
 
 private:
   DriverResult Reconnect(TimePoint deadline);
-  void Disconnect();
+  /// Gives the connection up and answers the failure that is the reason.
+  DriverResult Disconnect(DriverResult reason);
   DriverResult Fill(TimePoint deadline);
   TimePoint Deadline() const { return m_options.clock.Now() + m_options.timeout; }
 
@@ -60,7 +61,8 @@ private:
   SessionAttributes m_attributes;
   ReceiveBuffer m_input;
   std::string m_output;
-  bool m_connected = false;
+  /// A success while there is a connection, else why there is none.
+  DriverResult m_connection = {DriverStatus::NotConnected};
   DriverResult m_lastFailure;
 };
 

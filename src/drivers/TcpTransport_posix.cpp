@@ -126,16 +126,10 @@ Received TcpTransport::Read(char* buffer, std::size_t size, TimePoint deadline) 
 }
 
 DriverResult TcpTransport::Failure(int error, DriverStatus otherwise) const {
-  switch (error) {
-  case ECONNREFUSED:
-    return Failure(DriverStatus::ConnectionRefused);
-  case ETIMEDOUT:
-    return Failure(otherwise == DriverStatus::ConnectFailed ? DriverStatus::ConnectTimeout : otherwise);
-  case EPIPE:
-    return Failure(DriverStatus::ConnectionClosed);
-  default:
-    return {otherwise, m_peer + ", " + std::generic_category().message(error)};
-  }
+  if (error == ECONNREFUSED) return Failure(DriverStatus::ConnectionRefused);
+  if (error == EPIPE) return Failure(DriverStatus::ConnectionClosed);
+  if (error == ETIMEDOUT && otherwise == DriverStatus::ConnectFailed) return Failure(DriverStatus::ConnectTimeout);
+  return {otherwise, m_peer + ", " + std::generic_category().message(error)};
 }
 
 } // namespace portico

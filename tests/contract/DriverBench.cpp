@@ -21,6 +21,7 @@ public:
   std::string CanonicalName() const override {
     return "TCPIP0::127.0.0.1::" + std::to_string(m_server.Port()) + "::SOCKET";
   }
+  std::string Place() const override { return "127.0.0.1, port " + std::to_string(m_server.Port()); }
   std::string ReceivedUpTo(const std::string& bytes) override {
     m_server.WaitForReceived(bytes);
     return m_server.Received();
@@ -45,6 +46,7 @@ public:
   IInstrumentDriver& Driver() override { return m_driver; }
   std::string Name() const override { return "sim::dmm::instr"; }
   std::string CanonicalName() const override { return "SIM::dmm::INSTR"; }
+  std::string Place() const override { return "dmm"; }
   std::string ReceivedUpTo(const std::string& /*bytes*/) override { return m_received; }
 
 private:

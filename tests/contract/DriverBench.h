@@ -35,6 +35,8 @@ public:
 
   RecordingObserver observer;
 };
+  /// As messages name the instrument's place.
+  virtual std::string Place() const = 0;
 
 /// What the suites run with: the name is that of the driver.
 struct DriverBenchKind {

@@ -16,13 +16,13 @@ TEST_P(DriverRecoveryContract, AReadWithoutAnAnswerTimesOut) {
   EXPECT_TRUE(Message(outcome.status, session).starts_with("Timeout expired before the answer was complete"));
 }
 
-TEST_P(DriverRecoveryContract, AReadAfterATimeoutFailsAtOnce) {
+TEST_P(DriverRecoveryContract, AReadAfterATimeoutFailsAtOnceAndTellsTheReason) {
   Start({}, kBrief);
   EXPECT_EQ(Read().status, Code(DriverStatus::ReadTimeout));
   const ReadOutcome outcome = Read();
   EXPECT_EQ(outcome.status, Code(DriverStatus::NotConnected));
   EXPECT_EQ(Message(outcome.status, session),
-            "There is no connection; the next command opens one: " + bench->CanonicalName() + ".\n");
+            "There is no connection: " + bench->Place() + ", gave no whole answer in time.\n");
 }
 
 TEST_P(DriverRecoveryContract, TheNextWriteReconnectsAndSaysSoOnce) {

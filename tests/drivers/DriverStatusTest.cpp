@@ -29,7 +29,7 @@ constexpr std::array kRows = {
     StatusRow{-1151011, "TVSCPI_ERROR_CONNECT_FAILED", "The connection could not be made."},
     StatusRow{-1151012, "TVSCPI_ERROR_CONNECTION_CLOSED", "The instrument closed the connection."},
     StatusRow{-1151013, "TVSCPI_ERROR_CONNECTION_LOST", "The connection was lost."},
-    StatusRow{-1151014, "TVSCPI_ERROR_NOT_CONNECTED", "There is no connection; the next command opens one."},
+    StatusRow{-1151014, "TVSCPI_ERROR_NOT_CONNECTED", "There is no connection."},
     StatusRow{-1151015, "TVSCPI_ERROR_WRITE_TIMEOUT", "Timeout expired before the command was sent completely."},
     StatusRow{-1151016, "TVSCPI_ERROR_READ_TIMEOUT", "Timeout expired before the answer was complete."},
 };
@@ -60,6 +60,21 @@ TEST(DriverStatus, ADetailFollowsBehindAColon) {
 
 TEST(DriverStatus, ControlCharactersInADetailBecomeQuestionMarks) {
   EXPECT_EQ(StatusMessage(-1151008, std::string_view("a\0b\nc\rd\x7F\xE9", 9)), "The host is not known: a?b?c?d?\xE9.");
+}
+
+TEST(DriverStatus, AFailureIsTheReasonWhyThereIsNoConnection) {
+  const auto reason = [](DriverStatus status, std::string detail) { return ReasonFor({status, std::move(detail)}); };
+  EXPECT_EQ(reason(DriverStatus::ConnectionRefused, "bench, port 5025"), "bench, port 5025, refused it");
+  EXPECT_EQ(reason(DriverStatus::ConnectTimeout, "bench, port 5025"), "bench, port 5025, timed out");
+  EXPECT_EQ(reason(DriverStatus::ConnectionClosed, "bench, port 5025"), "bench, port 5025, closed it");
+  EXPECT_EQ(reason(DriverStatus::ReadTimeout, "bench"), "bench, gave no whole answer in time");
+  EXPECT_EQ(reason(DriverStatus::WriteTimeout, "bench"), "bench, took no whole command in time");
+  // The system's own words follow the place already.
+  EXPECT_EQ(reason(DriverStatus::ConnectFailed, "bench, No route to host"), "bench, No route to host");
+  EXPECT_EQ(reason(DriverStatus::ConnectionLost, "bench, Connection reset by peer"), "bench, Connection reset by peer");
+  EXPECT_EQ(reason(DriverStatus::UnknownHost, "bench, Name or service not known"), "bench, Name or service not known");
+  EXPECT_EQ(reason(DriverStatus::ConnectionRefused, ""), "refused it");
+  EXPECT_EQ(reason(DriverStatus::NotConnected, ""), "");
 }
 
 TEST(DriverStatus, ALongMessageIsCut) {

@@ -143,8 +143,12 @@ TEST_F(InstrumentSessionTest, WhileReconnectingFailsWritesAndReadsFailAndNothing
   EXPECT_EQ(Read().status, DriverStatus::ReadTimeout);
   transport.openResult = {DriverStatus::ConnectionRefused, "bench"};
   EXPECT_EQ(session.Write("A\r").status, DriverStatus::ConnectionRefused);
-  EXPECT_EQ(Read().status, DriverStatus::NotConnected);
-  EXPECT_EQ(session.Write("B\r").status, DriverStatus::ConnectionRefused);
+  const DriverResult missing = Read();
+  EXPECT_EQ(missing.status, DriverStatus::NotConnected);
+  EXPECT_EQ(missing.detail, "bench, refused it");
+  transport.openResult = {DriverStatus::ConnectFailed, "bench, No route to host"};
+  EXPECT_EQ(session.Write("B\r").status, DriverStatus::ConnectFailed);
+  EXPECT_EQ(Read().detail, "bench, No route to host");
   EXPECT_THAT(transport.written, testing::IsEmpty());
   transport.openResult = {};
   EXPECT_CALL(observer, Reconnected).Times(1);

@@ -52,6 +52,7 @@ TEST_F(SocketFailureTest, AnInstrumentThatClosesIsReportedAndReconnected) {
   EXPECT_EQ(Message(Code(DriverStatus::ConnectionClosed)), "The instrument closed the connection: " + Peer() + ".\n");
   EXPECT_EQ(Read(), Code(DriverStatus::NotConnected));
   EXPECT_CALL(observer, Reconnected("TCPIP0::127.0.0.1::" + std::to_string(server.Port()) + "::SOCKET")).Times(1);
+  EXPECT_EQ(Message(Code(DriverStatus::NotConnected)), "There is no connection: " + Peer() + ", closed it.\n");
   EXPECT_EQ(Query("Q?"), "1");
   EXPECT_EQ(server.Connections(), 2u);
 }
@@ -107,6 +108,7 @@ TEST_F(SocketFailureTest, WhileReconnectingFailsEveryCallFailsAtOnce) {
               "The instrument refused the connection: " + Peer() + ".\n");
     EXPECT_EQ(Read(), Code(DriverStatus::NotConnected));
   }
+    EXPECT_EQ(Message(Code(DriverStatus::NotConnected)), "There is no connection: " + Peer() + ", refused it.\n");
   EXPECT_EQ(server.Received(), "");
 }
 

@@ -26,13 +26,6 @@ using namespace portico::terminal;
 
 constexpr std::uint64_t SimulatorSeed = 1; // fixed, so that a run on a simulated instrument can be repeated
 
-class ReconnectionNotice final : public IDriverObserver {
-public:
-  void Reconnected(const std::string& resourceName) override {
-    std::cerr << Diagnostic(resourceName + ": the connection was made anew; unread answers are lost") << std::endl;
-  }
-};
-
 int Fail(const std::string& text) {
   std::cerr << Diagnostic(text) << std::endl;
   return static_cast<int>(ExitStatus::Usage);
@@ -79,7 +72,7 @@ int Run(const RunOptions& options) {
 
   static HostEnvironment environment; // error reports are read to the very end
   SteadyClock driverClock;
-  ReconnectionNotice notice;
+  DriverNews news;
   const Wiring wiring;
   HuntERR::SetEnvironment(&environment);
   gEventLoop = loop;
@@ -88,7 +81,7 @@ int Run(const RunOptions& options) {
       StandardTransports([devices = std::make_shared<simulator::DeviceRack>(SimulatorSeed)](
                              std::string_view device) { return devices->Connect(device); },
                          driverClock),
-      SessionOptions{driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &notice});
+      SessionOptions{driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &news});
   const auto window = New<TerminalWindow>(New<memory::RichTextBox>(), New<memory::RichTextBox>(),
                                           New<memory::RichTextBox>(), [&] { return interrupts.Requested(); });
   gMainForm = window;
@@ -96,7 +89,7 @@ int Run(const RunOptions& options) {
   modAppGlobals::CreateObjectFactory();
   gConfiguration = New<CConfigurationClient>();
 
-  BatchRun run(options, window, interrupts, std::cout, std::cerr);
+  BatchRun run(options, window, interrupts, news, std::cout, std::cerr);
   return static_cast<int>(run.Run(std::get<std::vector<std::unique_ptr<LineSource>>>(sources)));
 }
 

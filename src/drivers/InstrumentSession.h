@@ -1,10 +1,10 @@
 #pragma once
 
-#include "drivers/IDriverObserver.h"
 #include "drivers/ITransport.h"
 #include "drivers/ReceiveBuffer.h"
 #include "drivers/ResourceName.h"
 #include "drivers/SessionAttributes.h"
+#include "platform/IDriverObserver.h"
 
 #include <chrono>
 #include <memory>

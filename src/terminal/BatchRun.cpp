@@ -44,15 +44,18 @@ std::optional<std::size_t> TotalOf(const BatchRun::Sources& sources) {
 } // namespace
 
 BatchRun::BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window, const Interrupts& interrupts,
-                   std::ostream& out, std::ostream& err)
+                   DriverNews& news, std::ostream& out, std::ostream& err)
     : m_options(options),
       m_window(window),
       m_interrupts(interrupts),
+      m_news(news),
       m_out(out),
       m_err(err),
       m_printer(out, options.ToTerminal),
-      m_faults(New<FaultMonitor>()) {
+      m_faults(New<FaultMonitor>()),
+      m_repeated([this](const std::string& line) { Tell(line); }) {
   m_window->Load();
+  ListenToNews();
   m_faults->Completed.Connect([this] { InstructionDone(); });
   if (!options.Quiet) {
     m_window->Shown.Connect([this](const IDataEntity& entity) { m_printer.Show(entity); });
@@ -63,7 +66,14 @@ BatchRun::BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window,
 
 BatchRun::~BatchRun() {
   Agent()->Unsubscribe(m_faults);
+  m_news.ConnectionRenewed = {};
   m_window->Unload();
+}
+
+void BatchRun::ListenToNews() {
+  m_news.ConnectionRenewed.Connect([this](const std::string& name) { // a read that succeeds ends its repetition
+    m_repeated.Failed(u"CReadCmd", {}, name + ": the connection was made anew; unread answers are lost");
+  });
 }
 
 std::size_t BatchRun::LinesDone() const { return m_linesRead - m_window->LinesLeft(); }
@@ -73,9 +83,11 @@ std::string BatchRun::Place() const {
   return m_source->Name() + ":" + std::to_string(LinesDone()) + ": ";
 }
 
-void BatchRun::Diagnose(const std::string& text) {
+void BatchRun::Diagnose(const std::string& text) { Tell(Place() + text); }
+
+void BatchRun::Tell(const std::string& line) {
   if (m_progress) m_progress->Erase();
-  m_err << Diagnostic(Place() + text) << std::endl;
+  m_err << Diagnostic(line) << std::endl;
 }
 
 ExitStatus BatchRun::Run(const Sources& sources) {
@@ -97,6 +109,7 @@ ExitStatus BatchRun::Run(const Sources& sources) {
     m_status.Note(ExitStatus::Internal);
   }
   m_source = nullptr;
+  m_repeated.End();
   if (m_progress) m_progress->Erase();
   CloseLog();
   if (m_interrupts.Requested()) NoteInterrupt();
@@ -134,7 +147,7 @@ bool BatchRun::Open() {
   Send(generator.ConstructXMLOpenCmdString(m_options.Instrument));
   gConfiguration->ItemValue(u"InstrumentName", m_options.Instrument);
   if (!Value(gConfiguration->ItemValue(u"InstrumentOpened")).ToBoolean()) {
-    const auto& failures = m_faults->DriverFailures();
+    const auto failures = m_faults->DriverFailures();
     Diagnose("cannot open " + ToUtf8(m_options.Instrument) +
              (failures.empty() ? std::string() : ": " + ToUtf8(failures.back())));
     m_status.Note(ExitStatus::NotOpened);
@@ -152,6 +165,7 @@ void BatchRun::RunSources(const Sources& sources) {
   for (const auto& source : sources) {
     if (!m_stop && !m_interrupts.Requested()) RunSource(*source);
   }
+  if (m_interrupts.Requested()) NoteInterrupt();
   m_source = nullptr;
 }
 
@@ -171,7 +185,6 @@ void BatchRun::RunSource(LineSource& source) {
     if (batch.Lines.empty()) break;
   }
   m_linesBefore += m_linesRead;
-  if (m_interrupts.Requested()) NoteInterrupt();
 }
 
 /// All complete lines that are at hand; waits for the first.
@@ -191,6 +204,7 @@ BatchRun::Batch BatchRun::NextBatch(LineSource& source) {
 }
 
 void BatchRun::LineDone() {
+  if (m_interrupts.Requested()) NoteInterrupt(); // before the next line is taken off
   m_window->ForgetHistory();
   if (m_progress) m_progress->Show(m_linesBefore + LinesDone());
 }
@@ -210,7 +224,6 @@ void BatchRun::Close() {
   gConfiguration->ItemValue(u"InstrumentOpened", Value(false).ToString());
   JudgeDriver();
 }
-  if (m_interrupts.Requested()) NoteInterrupt(); // before the next line is taken off
 
 void BatchRun::CloseLog() try {
   if (m_log) m_log->Close();
@@ -220,8 +233,12 @@ void BatchRun::CloseLog() try {
 }
 
 void BatchRun::JudgeDriver() {
-  for (const String& failure : m_faults->DriverFailures()) {
-    Diagnose(ToUtf8(failure));
+  for (const auto& [command, failure] : m_faults->Outcomes()) {
+    if (!failure) {
+      m_repeated.Succeeded(command);
+      continue;
+    }
+    m_repeated.Failed(command, Place(), ToUtf8(*failure));
     m_status.Note(ExitStatus::DriverFailure);
     if (m_options.StopOnError) Stop();
   }
@@ -235,15 +252,15 @@ void BatchRun::JudgeAnswer() {
   if (m_options.StopOnError) Stop();
 }
 
-void BatchRun::Stop() {
-  m_stop = true;
-  m_window->StopRequested(true);
-}
-
-} // namespace portico::terminal
 void BatchRun::NoteInterrupt() {
   if (m_status.Gravest() == ExitStatus::Interrupted) return; // it is told
   Diagnose("interrupted");
   m_status.Note(ExitStatus::Interrupted);
 }
 
+void BatchRun::Stop() {
+  m_stop = true;
+  m_window->StopRequested(true);
+}
+
+} // namespace portico::terminal

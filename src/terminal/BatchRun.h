@@ -1,10 +1,12 @@
 #pragma once
 
 #include "terminal/ConversationPrinter.h"
+#include "terminal/DriverNews.h"
 #include "terminal/FaultMonitor.h"
 #include "terminal/Interrupts.h"
 #include "terminal/LineSource.h"
 #include "terminal/Progress.h"
+#include "terminal/RepeatedFaults.h"
 #include "terminal/RunLog.h"
 #include "terminal/RunOptions.h"
 #include "terminal/RunStatus.h"
@@ -20,8 +22,9 @@ class BatchRun {
 public:
   using Sources = std::vector<std::unique_ptr<LineSource>>;
 
-  /// Diagnostics go to `err`, a line each, with the place that they come from. All arguments must outlive the run.
-  BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window, const Interrupts& interrupts,
+  /// Diagnostics go to `err`, a line each, with the place that they come from. All arguments must outlive the run, and
+  /// nobody else may listen to the news.
+  BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window, const Interrupts& interrupts, DriverNews& news,
            std::ostream& out, std::ostream& err);
   ~BatchRun();
   BatchRun(const BatchRun&) = delete;
@@ -48,22 +51,26 @@ private:
   /// Of the source whose lines are being run, the one that is being run included.
   std::size_t LinesDone() const;
   std::string Place() const;
+  void Tell(const std::string& line);
+  void ListenToNews();
   void LineDone();
   void InstructionDone();
   void Close();
   void CloseLog();
   void JudgeDriver();
   void JudgeAnswer();
+  void NoteInterrupt();
   void Stop();
 
   const RunOptions& m_options;
   Ref<TerminalWindow> m_window;
   const Interrupts& m_interrupts;
-  void NoteInterrupt();
+  DriverNews& m_news;
   std::ostream& m_out;
   std::ostream& m_err;
   ConversationPrinter m_printer;
   Ref<FaultMonitor> m_faults;
+  RepeatedFaults m_repeated;
   std::optional<RunLog> m_log;
   std::optional<Progress> m_progress;
   RunStatus m_status;

@@ -5,8 +5,17 @@
 namespace portico::terminal {
 
 void FaultMonitor::Begin() {
-  m_driverFailures.clear();
+  m_outcomes.clear();
   m_lastAnswer.reset();
+  m_writeFailed = false;
+}
+
+std::vector<String> FaultMonitor::DriverFailures() const {
+  std::vector<String> failures;
+  for (const Outcome& outcome : m_outcomes) {
+    if (outcome.Failure) failures.push_back(*outcome.Failure);
+  }
+  return failures;
 }
 
 void FaultMonitor::Update(const Ref<IObject>& Subject) {
@@ -15,10 +24,16 @@ void FaultMonitor::Update(const Ref<IObject>& Subject) {
   // Marks, no failures.
   if (code == ErrorNumber::InstructionComplete) return Completed();
   if (code == ErrorNumber::SendNextInstruction) return;
-  if (code != 0) m_driverFailures.push_back(report->GetErrorMessage());
   const String command = report->GetCommand();
-  if (command == u"CWriteCmd") m_lastAnswer.reset();
-  if (command == u"CReadCmd" && code == 0) m_lastAnswer = report->GetData();
+  if (command == u"CWriteCmd") {
+    m_lastAnswer.reset();
+    m_writeFailed = code != 0;
+  }
+  if (command == u"CReadCmd") {
+    if (code == 0) m_lastAnswer = report->GetData();
+    if (code != 0 && m_writeFailed) return;
+  }
+  m_outcomes.push_back({command, code == 0 ? std::nullopt : std::optional(report->GetErrorMessage())});
 }
 
 bool ReportsError(StringView answer) {

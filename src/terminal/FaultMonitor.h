@@ -22,14 +22,24 @@ public:
   /// Forgets the instruction before.
   void Begin();
 
+  /// How one command on the channel ended.
+  struct Outcome {
+    /// As its report names it.
+    String Command;
+    /// The driver's text; none if it succeeded.
+    std::optional<String> Failure;
+  };
+  /// In order. A read that fails behind a failed write is left out: it had nothing to read, and says so.
+  const std::vector<Outcome>& Outcomes() const { return m_outcomes; }
   /// The driver's texts, in order.
-  const std::vector<String>& DriverFailures() const { return m_driverFailures; }
+  std::vector<String> DriverFailures() const;
   /// What followed the last write: with error checking on, the answer of the error query; none without a read.
   const std::optional<String>& LastAnswer() const { return m_lastAnswer; }
 
 private:
-  std::vector<String> m_driverFailures;
+  std::vector<Outcome> m_outcomes;
   std::optional<String> m_lastAnswer;
+  bool m_writeFailed = false; // the last one
 };
 
 /// An answer of the error query that reports an error: its leading integer is not 0.

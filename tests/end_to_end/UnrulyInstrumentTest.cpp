@@ -87,21 +87,6 @@ TEST(UnrulyInstrument, ClosesInTheMiddleOfAnAnswer) {
   EXPECT_EQ(outcome.out, "> HALF?\n< The instrument closed the connection: " + Peer(server) + ".\n> Q?\n< answer\n");
 }
 
-TEST(UnrulyInstrument, GoesAwayForGood) {
-  ScriptedServer server({{"BYE?", Reaction::Close()}});
-  Process process(PorticoRun(kBare + Arguments{server.ResourceName()}));
-  server.Send({}); // waits for the connection
-  server.StopListening();
-  process.Write("BYE?\n*CLS\n*RST\n");
-  const Outcome outcome = process.Wait();
-  const std::string refused = "The instrument refused the connection: " + Peer(server) + ".\n";
-  EXPECT_EQ(outcome.status, 4);
-  EXPECT_TRUE(
-      outcome.err.ends_with("portico-run: standard input:2: " + refused + "portico-run: standard input:3: " + refused))
-      << outcome.err;
-  EXPECT_TRUE(outcome.out.ends_with("> *CLS\n> *RST\n")) << outcome.out;
-}
-
 TEST(UnrulyInstrument, EveryByteOfAnAnswerIsShown) {
   std::string garbage;
   for (int byte = 0; byte < 256; ++byte) {
@@ -143,16 +128,6 @@ TEST(UnrulyInstrument, AnswersWithoutAnEndDoNotHoldTheRun) {
   const Outcome outcome = RunPortico(kBare + Arguments{server.ResourceName()}, "ENDLESS?\nREM next\n");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "> ENDLESS?\n< 7\n# REM next\n");
-}
-
-TEST(UnrulyInstrument, SilenceOfTheWholeChainIsToldForEachRead) {
-  const ScriptedServer server({});
-  const Outcome outcome = RunPortico({"--timeout", "100", server.ResourceName()}, "Q?\n");
-  const std::string timeout =
-      "portico-run: standard input:1: Timeout expired before the answer was complete: " + Peer(server) + ".\n";
-  EXPECT_EQ(outcome.status, 4);
-  EXPECT_EQ(outcome.err, Notice(server) + Notice(server) + timeout + timeout + timeout);
-  EXPECT_EQ(server.Received(), "*OPC?\r\nQ?\r\n:SYST:ERR?\r\n");
 }
 
 } // namespace

@@ -40,7 +40,7 @@ protected:
   using Sources = std::vector<std::unique_ptr<terminal::LineSource>>;
 
   int RunSources(const Sources& sources) {
-    terminal::BatchRun run(Options, Window, Interrupts, Out, Err);
+    terminal::BatchRun run(Options, Window, Interrupts, News, Out, Err);
     return static_cast<int>(run.Run(sources));
   }
   int Run(std::vector<String> lines) {
@@ -65,6 +65,7 @@ protected:
   const Ref<terminal::TerminalWindow> Window = New<terminal::TerminalWindow>(Future, Past, New<memory::RichTextBox>(),
                                                                              [this] { return Interrupts.Requested(); });
   const std::shared_ptr<RecordingDriver> Driver = std::make_shared<RecordingDriver>();
+  terminal::DriverNews News;
   terminal::RunOptions Options;
   std::ostringstream Out;
   std::ostringstream Err;

@@ -63,6 +63,50 @@ TEST_F(BatchRunFailureTest, DriverFailureOutranksAReportedError) {
                        "portico-run: lines.cmd:1: the instrument reports -113,\"Undefined header\"\n");
 }
 
+TEST_F(BatchRunFailureTest, CauseThatRepeatsIsToldOnceAndCountedAtTheEnd) {
+  Driver->Failures = {{"write *OPC?", -9}, {"write *CLS", -9}, {"write :SYST:ERR?", -9}, {"read", -14}};
+  EXPECT_EQ(Run(std::vector<String>(100, u"*CLS")), 4);
+  EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: failure -9\n"
+                       "portico-run: lines.cmd:100: failure -9 (300 times)\n");
+}
+
+TEST_F(BatchRunFailureTest, CauseThatComesAgainBehindASuccessIsToldWithEachPlace) {
+  TurnOffPacingAndChecking();
+  Driver->Failures = {{"write B", -9}};
+  EXPECT_EQ(Run({u"B", u"B", u"A", u"B"}), 4);
+  EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: failure -9\n"
+                       "portico-run: lines.cmd:2: failure -9 (2 times)\n"
+                       "portico-run: lines.cmd:4: failure -9\n");
+}
+
+TEST_F(BatchRunFailureTest, CauseThatRepeatsAcrossFilesIsCountedInOne) {
+  TurnOffPacingAndChecking();
+  Driver->Failures = {{"write B", -9}};
+  Sources sources;
+  sources.push_back(std::make_unique<FileLines>("one.cmd", std::vector<String>{u"B"}));
+  sources.push_back(std::make_unique<FileLines>("two.cmd", std::vector<String>{u"REM a", u"B"}));
+  EXPECT_EQ(RunSources(sources), 4);
+  EXPECT_EQ(Err.str(), "portico-run: one.cmd:1: failure -9\n"
+                       "portico-run: two.cmd:2: failure -9 (2 times)\n");
+}
+
+TEST_F(BatchRunFailureTest, FreshConnectionsAreToldOnceUntilThereIsAnAnswer) {
+  TurnOffPacingAndChecking();
+  Driver->Answers["Q?"] = "1";
+  Driver->OnCall = [this](const std::string& call) {
+    if (call.starts_with("write")) News.Reconnected("the name");
+  };
+  EXPECT_EQ(Run({u"A", u"A", u"Q?", u"A"}), 0);
+  const std::string notice = "portico-run: the name: the connection was made anew; unread answers are lost";
+  EXPECT_EQ(Err.str(), notice + "\n" + notice + " (3 times)\n" + notice + "\n");
+}
+
+TEST_F(BatchRunFailureTest, NewsBehindTheRunGoNowhere) {
+  EXPECT_EQ(Run({}), 0);
+  News.Reconnected("the name");
+  EXPECT_EQ(Err.str(), "");
+}
+
 TEST_F(BatchRunFailureTest, ErrorQueryWithoutAnAnswerIsADriverFailureOnly) {
   Driver->Answers.erase(":SYST:ERR?");
   Driver->Answers["*OPC?"] = "-1";
@@ -134,27 +178,6 @@ TEST_F(BatchRunFailureTest, InterruptEndsTheRunAtTheLineBoundary) {
   EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: interrupted\n");
 }
 
-TEST_F(BatchRunFailureTest, InterruptOutranksWhatWentWrongBefore) {
-  Driver->Answers[":SYST:ERR?"] = kUndefinedHeader;
-  Driver->Failures["write *CLS"] = -42;
-  Driver->OnCall = [](const std::string& call) {
-    if (call == "write *CLS") raise(SIGINT);
-  };
-  EXPECT_EQ(Run({u"*CLS"}), 130);
-}
-
-TEST_F(BatchRunFailureTest, SecondInterruptEndsAWaitAndTheInstrumentClosesWithTheFactory) {
-  Options.Options = {{u"SCPIProtocolIntervalPacing", u"On"}};
-  TurnOffPacingAndChecking();
-  Driver->OnCall = [](const std::string& call) {
-    if (call != "write *CLS") return;
-    raise(SIGINT);
-    raise(SIGINT);
-  };
-  EXPECT_EQ(Run({u"*CLS", u"*RST"}), 130);
-  EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: interrupted\n");
-}
-
 TEST_F(BatchRunFailureTest, InterruptLeavesTheSourcesThatFollowAlone) {
   TurnOffPacingAndChecking();
   Driver->OnCall = [](const std::string& call) {
@@ -174,6 +197,27 @@ TEST_F(BatchRunFailureTest, InterruptWhileTheInstrumentOpensHasNoPlace) {
   };
   EXPECT_EQ(Run({u"A"}), 130);
   EXPECT_EQ(Err.str(), "portico-run: interrupted\n");
+}
+
+TEST_F(BatchRunFailureTest, InterruptOutranksWhatWentWrongBefore) {
+  Driver->Answers[":SYST:ERR?"] = kUndefinedHeader;
+  Driver->Failures["write *CLS"] = -42;
+  Driver->OnCall = [](const std::string& call) {
+    if (call == "write *CLS") raise(SIGINT);
+  };
+  EXPECT_EQ(Run({u"*CLS"}), 130);
+}
+
+TEST_F(BatchRunFailureTest, SecondInterruptEndsAWaitAndTheInstrumentClosesWithTheFactory) {
+  Options.Options = {{u"SCPIProtocolIntervalPacing", u"On"}};
+  TurnOffPacingAndChecking();
+  Driver->OnCall = [](const std::string& call) {
+    if (call != "write *CLS") return;
+    raise(SIGINT);
+    raise(SIGINT);
+  };
+  EXPECT_EQ(Run({u"*CLS", u"*RST"}), 130);
+  EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: interrupted\n");
   modAppGlobals::ReleaseObjectFactory();
   EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *CLS", "close"}));
 }

@@ -161,7 +161,7 @@ TEST_F(BatchRunTest, ControlCharactersAreQuestionMarksOnATerminal) {
 }
 
 TEST_F(BatchRunTest, DiagnosticsNameTheProgram) {
-  BatchRun(Options, Window, Interrupts, Out, Err).Diagnose("a text");
+  BatchRun(Options, Window, Interrupts, News, Out, Err).Diagnose("a text");
   EXPECT_EQ(Err.str(), "portico-run: a text\n");
 }
 

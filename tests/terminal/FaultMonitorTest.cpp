@@ -21,9 +21,37 @@ TEST(FaultMonitor, IsCleanAtFirst) {
 TEST(FaultMonitor, KeepsTheDriversTextsInOrder) {
   FaultMonitor monitor;
   monitor.Update(FailureReport(u"CWriteCmd", -1151012, u"The instrument closed the connection."));
+  monitor.Update(FailureReport(u"CSetAttribCmd", -1151006, u"The attribute does not take that value."));
+  EXPECT_EQ(monitor.DriverFailures(), (std::vector<String>{u"The instrument closed the connection.",
+                                                           u"The attribute does not take that value."}));
+}
+
+TEST(FaultMonitor, TellsHowEachCommandEnded) {
+  FaultMonitor monitor;
+  monitor.Update(WriteReport(u"Q?"));
+  monitor.Update(FailureReport(u"CReadCmd", -1151016, u"1 time-out"));
+  ASSERT_EQ(monitor.Outcomes().size(), 2U);
+  EXPECT_EQ(monitor.Outcomes()[0].Command, u"CWriteCmd");
+  EXPECT_FALSE(monitor.Outcomes()[0].Failure);
+  EXPECT_EQ(monitor.Outcomes()[1].Command, u"CReadCmd");
+  EXPECT_EQ(monitor.Outcomes()[1].Failure, u"1 time-out");
+}
+
+TEST(FaultMonitor, ReadBehindAFailedWriteIsNoFailureOfItsOwn) {
+  FaultMonitor monitor;
+  monitor.Update(FailureReport(u"CWriteCmd", -1151009, u"refused"));
+  monitor.Update(FailureReport(u"CReadCmd", -1151014, u"There is no connection: refused."));
+  monitor.Update(WriteReport(u"Q?"));
+  monitor.Update(FailureReport(u"CReadCmd", -1151016, u"1 time-out"));
+  EXPECT_EQ(monitor.DriverFailures(), (std::vector<String>{u"refused", u"1 time-out"}));
+}
+
+TEST(FaultMonitor, ReadOfTheNextInstructionIsOnItsOwn) {
+  FaultMonitor monitor;
+  monitor.Update(FailureReport(u"CWriteCmd", -1151009, u"refused"));
+  monitor.Begin();
   monitor.Update(FailureReport(u"CReadCmd", -1151014, u"There is no connection."));
-  EXPECT_EQ(monitor.DriverFailures(),
-            (std::vector<String>{u"The instrument closed the connection.", u"There is no connection."}));
+  EXPECT_EQ(monitor.DriverFailures(), std::vector<String>{u"There is no connection."});
 }
 
 TEST(FaultMonitor, EveryKindOfCommandCanFail) {

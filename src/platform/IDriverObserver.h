@@ -4,8 +4,8 @@
 
 namespace portico {
 
-/// Is told what the driver did beyond what it was asked for. Called on the thread of the call that caused it, before
-/// that call returns; must not call the driver.
+/// Is told what an instrument driver did beyond what it was asked for. Called on the thread of the call that caused it,
+/// before that call returns; must not call the driver.
 class IDriverObserver {
 public:
   virtual ~IDriverObserver() = default;

@@ -77,7 +77,11 @@ DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count
     if (m_input.AtEndOfMessage()) reader.End();
   }
   // A carriage return that came before the rest of its terminator was stored as data: the zero byte replaces it.
-  count = sink.Finish(length - reader.TerminatorLength());
+  length -= reader.TerminatorLength();
+  count = sink.Finish(length);
+  if (length + 1 >= buffer.size() && m_options.observer != nullptr) {
+    m_options.observer->AnswerFilledBuffer(m_name, length);
+  }
   return {};
 }
 

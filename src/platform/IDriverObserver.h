@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace portico {
@@ -13,6 +14,10 @@ public:
   /// A session that was out of step has a fresh connection; answers to what it sent before are lost.
   /// `resourceName` is in canonical form.
   virtual void Reconnected(const std::string& resourceName) = 0;
+
+  /// A read has delivered as many bytes as its buffer holds, and its caller cannot tell whether that was all. The
+  /// answer had `length` bytes.
+  virtual void AnswerFilledBuffer(const std::string& resourceName, std::size_t length) = 0;
 };
 
 } // namespace portico

@@ -67,12 +67,18 @@ BatchRun::BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window,
 BatchRun::~BatchRun() {
   Agent()->Unsubscribe(m_faults);
   m_news.ConnectionRenewed = {};
+  m_news.AnswerDropped = {};
   m_window->Unload();
 }
 
 void BatchRun::ListenToNews() {
   m_news.ConnectionRenewed.Connect([this](const std::string& name) { // a read that succeeds ends its repetition
     m_repeated.Failed(u"CReadCmd", {}, name + ": the connection was made anew; unread answers are lost");
+  });
+  // It counts as a failure of the driver, but the channel has had an answer: nothing stops at it.
+  m_news.AnswerDropped.Connect([this](std::size_t length) {
+    Diagnose("an answer of " + std::to_string(length) + " bytes is too long and was dropped");
+    m_status.Note(ExitStatus::DriverFailure);
   });
 }
 

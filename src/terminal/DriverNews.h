@@ -10,8 +10,11 @@ class DriverNews final : public IDriverObserver {
 public:
   /// With the instrument's name.
   Event<const std::string&> ConnectionRenewed;
+  /// With its length in bytes. An answer that fills the channel's buffer counts as none.
+  Event<std::size_t> AnswerDropped;
 
   void Reconnected(const std::string& resourceName) override { ConnectionRenewed(resourceName); }
+  void AnswerFilledBuffer(const std::string& /*resourceName*/, std::size_t length) override { AnswerDropped(length); }
 };
 
 } // namespace portico::terminal

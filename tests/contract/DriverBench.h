@@ -14,12 +14,17 @@
 
 namespace portico::test {
 
-/// Keeps the names that the driver reports.
+/// Keeps what the driver reports.
 class RecordingObserver final : public IDriverObserver {
 public:
   void Reconnected(const std::string& resourceName) override { names.push_back(resourceName); }
+  void AnswerFilledBuffer(const std::string& resourceName, std::size_t length) override {
+    filled.push_back(resourceName + ", " + std::to_string(length));
+  }
 
   std::vector<std::string> names;
+  /// "NAME, LENGTH" of each answer that filled a buffer.
+  std::vector<std::string> filled;
 };
 
 /// A driver and an instrument for it that follows a script.
@@ -30,13 +35,13 @@ public:
   virtual IInstrumentDriver& Driver() = 0;
   virtual std::string Name() const = 0;
   virtual std::string CanonicalName() const = 0;
+  /// As messages name the instrument's place.
+  virtual std::string Place() const = 0;
   /// Waits until all that the instrument has received, over all connections, ends in `bytes`.
   virtual std::string ReceivedUpTo(const std::string& bytes) = 0;
 
   RecordingObserver observer;
 };
-  /// As messages name the instrument's place.
-  virtual std::string Place() const = 0;
 
 /// What the suites run with: the name is that of the driver.
 struct DriverBenchKind {

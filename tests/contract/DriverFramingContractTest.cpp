@@ -75,6 +75,21 @@ TEST_P(DriverFramingContract, AMessageThatJustFitsIsComplete) {
   EXPECT_EQ(Read(8).bytes, std::string("1234567\0", 8));
 }
 
+TEST_P(DriverFramingContract, AMessageThatFillsItsBufferIsToldWithItsWholeLength) {
+  Start({{"SHORT?", Reaction::Answer("123456\n")},
+         {"FITS?", Reaction::Answer("1234567\r\n")},
+         {"LONGER?", Reaction::Answer(std::string(200'000, 'x') + "\n")}});
+  EXPECT_EQ(Write("SHORT?\r"), kSuccess);
+  Read(8);
+  EXPECT_THAT(bench->observer.filled, testing::IsEmpty());
+  EXPECT_EQ(Write("FITS?\r"), kSuccess);
+  Read(8);
+  EXPECT_EQ(Write("LONGER?\r"), kSuccess);
+  Read(8);
+  EXPECT_THAT(bench->observer.filled,
+              testing::ElementsAre(bench->CanonicalName() + ", 7", bench->CanonicalName() + ", 200000"));
+}
+
 TEST_P(DriverFramingContract, OfAMessageThatIsTooLongTheRestIsLost) {
   Start({{"LONG?", Reaction::Answer("12345678\n")},
          {"LONGER?", Reaction::Answer(std::string(200'000, 'x') + "\n")},

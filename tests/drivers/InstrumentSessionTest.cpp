@@ -16,6 +16,7 @@ using testing::ElementsAre;
 class MockObserver : public IDriverObserver {
 public:
   MOCK_METHOD(void, Reconnected, (const std::string& resourceName), (override));
+  MOCK_METHOD(void, AnswerFilledBuffer, (const std::string& resourceName, std::size_t length), (override));
 };
 
 class InstrumentSessionTest : public testing::Test {
@@ -78,6 +79,7 @@ TEST_F(InstrumentSessionTest, NothingIsWrittenBehindTheCount) {
 TEST_F(InstrumentSessionTest, ATerminatorBeyondTheBufferDoesNotCount) {
   transport.Piece("123\r");
   transport.Piece("\n");
+  EXPECT_CALL(observer, AnswerFilledBuffer("TCPIP0::bench::5025::SOCKET", 3)).Times(1);
   EXPECT_TRUE(Read(4).Succeeded());
   EXPECT_EQ(count, 4);
   EXPECT_EQ(buffer, std::string("123\0", 4));

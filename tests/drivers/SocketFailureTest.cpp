@@ -11,6 +11,7 @@ namespace {
 class MockObserver : public IDriverObserver {
 public:
   MOCK_METHOD(void, Reconnected, (const std::string& resourceName), (override));
+  MOCK_METHOD(void, AnswerFilledBuffer, (const std::string& resourceName, std::size_t length), (override));
 };
 
 /// The driver against an instrument on a socket that misbehaves.
@@ -51,8 +52,8 @@ TEST_F(SocketFailureTest, AnInstrumentThatClosesIsReportedAndReconnected) {
   EXPECT_EQ(Read(), Code(DriverStatus::ConnectionClosed));
   EXPECT_EQ(Message(Code(DriverStatus::ConnectionClosed)), "The instrument closed the connection: " + Peer() + ".\n");
   EXPECT_EQ(Read(), Code(DriverStatus::NotConnected));
-  EXPECT_CALL(observer, Reconnected("TCPIP0::127.0.0.1::" + std::to_string(server.Port()) + "::SOCKET")).Times(1);
   EXPECT_EQ(Message(Code(DriverStatus::NotConnected)), "There is no connection: " + Peer() + ", closed it.\n");
+  EXPECT_CALL(observer, Reconnected("TCPIP0::127.0.0.1::" + std::to_string(server.Port()) + "::SOCKET")).Times(1);
   EXPECT_EQ(Query("Q?"), "1");
   EXPECT_EQ(server.Connections(), 2u);
 }
@@ -107,8 +108,8 @@ TEST_F(SocketFailureTest, WhileReconnectingFailsEveryCallFailsAtOnce) {
     EXPECT_EQ(Message(Code(DriverStatus::ConnectionRefused)),
               "The instrument refused the connection: " + Peer() + ".\n");
     EXPECT_EQ(Read(), Code(DriverStatus::NotConnected));
-  }
     EXPECT_EQ(Message(Code(DriverStatus::NotConnected)), "There is no connection: " + Peer() + ", refused it.\n");
+  }
   EXPECT_EQ(server.Received(), "");
 }
 

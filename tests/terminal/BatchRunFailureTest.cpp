@@ -101,9 +101,23 @@ TEST_F(BatchRunFailureTest, FreshConnectionsAreToldOnceUntilThereIsAnAnswer) {
   EXPECT_EQ(Err.str(), notice + "\n" + notice + " (3 times)\n" + notice + "\n");
 }
 
+TEST_F(BatchRunFailureTest, AnswerThatIsDroppedIsToldAndADriverFailureButNothingStopsAtIt) {
+  TurnOffPacingAndChecking();
+  Options.StopOnError = true;
+  Driver->Answers["Q?"] = "";
+  Driver->OnCall = [this, reads = 0](const std::string& call) mutable {
+    if (call == "read" && ++reads == 1) News.AnswerFilledBuffer("the name", 1048575);
+  };
+  EXPECT_EQ(Run({u"A", u"Q?", u"Q?"}), 4);
+  EXPECT_EQ(Err.str(), "portico-run: lines.cmd:2: an answer of 1048575 bytes is too long and was dropped\n");
+  EXPECT_EQ(Driver->Calls.back(), "close");
+  EXPECT_EQ(std::count(Driver->Calls.begin(), Driver->Calls.end(), "read"), 2);
+}
+
 TEST_F(BatchRunFailureTest, NewsBehindTheRunGoNowhere) {
   EXPECT_EQ(Run({}), 0);
   News.Reconnected("the name");
+  News.AnswerFilledBuffer("the name", 1);
   EXPECT_EQ(Err.str(), "");
 }
 

@@ -231,11 +231,18 @@ void BatchRun::Close() {
   JudgeDriver();
 }
 
-void BatchRun::CloseLog() try {
-  if (m_log) m_log->Close();
-} catch (...) {
-  StopHere(u"BatchRun.CloseLog()");
-  Diagnose("the log is incomplete: " + WhatFailed());
+void BatchRun::CloseLog() {
+  if (!m_log) return;
+  std::string reason;
+  try {
+    m_log->Close();
+  } catch (...) {
+    StopHere(u"BatchRun.CloseLog()");
+    reason = ": " + WhatFailed();
+  }
+  if (reason.empty() && !m_log->IsIncomplete()) return;
+  Diagnose("the log is incomplete" + reason);
+  m_status.Note(ExitStatus::Internal);
 }
 
 void BatchRun::JudgeDriver() {

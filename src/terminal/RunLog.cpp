@@ -1,6 +1,5 @@
 #include "terminal/RunLog.h"
 
-#include "document/CXMLDataStore.h"
 #include "framework/HuntERR.h"
 #include "framework/IObjectFactory.h"
 #include "framework/modGlobals.h"
@@ -12,14 +11,13 @@ Ref<IPublisher> Agent() { return Create<IPublisher>(u"CmdSubscriptionAgent", mod
 
 } // namespace
 
-RunLog::RunLog(const String& path, bool overwrite, std::function<void(StringView)> onFailure) {
-  const auto store = Create<IDataStore>(u"DataStore", modGlobals::VarArray(path, overwrite));
-  const auto logger = Create<CReportLogger>(u"ReportLogger", modGlobals::VarArray(store));
+RunLog::RunLog(const String& path, bool overwrite, std::function<void(StringView)> onFailure)
+    : m_store(Create<CXMLDataStore>(u"DataStore", modGlobals::VarArray(path, overwrite))) {
+  const auto logger = Create<CReportLogger>(u"ReportLogger", modGlobals::VarArray(m_store));
   logger->EnableLogging();
-  Cast<CXMLDataStore>(store)->SaveFailed.Connect(
-      [this, tell = std::move(onFailure), told = String()](StringView text) mutable {
-        if (m_logger && std::exchange(told, String(text)) != text) tell(text);
-      });
+  m_store->SaveFailed.Connect([tell = std::move(onFailure), told = String()](StringView text) mutable {
+    if (std::exchange(told, String(text)) != text) tell(text);
+  });
   Agent()->Subscribe(logger);
   m_logger = logger;
 }
@@ -35,6 +33,7 @@ RunLog::~RunLog() {
 void RunLog::Close() {
   if (!m_logger) return;
   const auto logger = std::exchange(m_logger, {});
+  m_store->SaveFailed = {}; // from here on what is raised tells it
   Agent()->Unsubscribe(logger);
   logger->DisableLogging();
 }

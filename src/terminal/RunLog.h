@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/CXMLDataStore.h"
 #include "document/ReportSubscribers.h"
 
 #include <functional>
@@ -16,10 +17,13 @@ public:
   RunLog(const RunLog&) = delete;
   RunLog& operator=(const RunLog&) = delete;
 
-  /// Closes the session. What it raises means that the log misses what could not be written before.
+  /// Closes the session; raises what the store raises.
   void Close();
+  /// The log misses something that was to be in it: for good once it is closed.
+  bool IsIncomplete() const { return m_store->IsAnythingUnwritten(); }
 
 private:
+  Ref<CXMLDataStore> m_store;
   Ref<CReportLogger> m_logger;
 };
 

@@ -12,7 +12,7 @@ enum class ExitStatus : int {
   Usage = 2,
   NotOpened = 3,
   DriverFailure = 4, ///< a time-out, a lost connection
-  Internal = 5,
+  Internal = 5,      ///< an internal error, or a log or an output that is incomplete
   Interrupted = 130,
 };
 

@@ -192,7 +192,7 @@ TEST_F(Log, ThatMayNotGrowAnyMoreStaysWholeAndTheRunGoesOn) {
   Process process(Arguments{"/bin/sh", "-c", command} + PorticoRun(kBare + Arguments{"--log", Path, kSimulated}));
   process.Write(lines);
   const Outcome outcome = process.Wait();
-  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.status, 5);
   EXPECT_EQ(CountOf(outcome.out, "> *OPC?\n"), 40);
   EXPECT_NE(outcome.err.find("cannot be written: File too large"), std::string::npos) << outcome.err;
   EXPECT_TRUE(IsComplete(Content()));

@@ -96,16 +96,47 @@ TEST_F(RunLogTest, InterruptedRunClosesItsSession) {
   EXPECT_EQ(Occurrences("SessionCloseTimeStamp"), 1U);
 }
 
-TEST_F(RunLogTest, LogThatIsTakenAwayIsToldOnceAndWhatIsLostAtTheEnd) {
+TEST_F(RunLogTest, LogThatIsTakenAwayIsToldOnceAndWhatIsLostAtTheEndWithStatus5) {
   Driver->OnCall = [&](const std::string& call) {
     if (call == "write B") std::filesystem::remove_all(Folder);
   };
-  EXPECT_EQ(Run({u"A", u"B", u"C"}), 0);
+  EXPECT_EQ(Run({u"A", u"B", u"C"}), 5);
   EXPECT_EQ(Driver->Calls.back(), "close");
   const std::string text = Err.str();
   EXPECT_EQ(text.find("portico-run: lines.cmd:2: the log cannot be written: "), 0U) << text;
   EXPECT_NE(text.find("\nportico-run: the log is incomplete: The file, "), std::string::npos) << text;
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2) << text;
+}
+
+TEST_F(RunLogTest, LogThatIsWholeAgainAtTheEndIsNoFault) {
+  const std::filesystem::path away = Folder.string() + "-away";
+  Driver->OnCall = [&](const std::string& call) {
+    if (call == "write B") std::filesystem::rename(Folder, away);
+    if (call == "write C") std::filesystem::rename(away, Folder);
+  };
+  EXPECT_EQ(Run({u"A", u"B", u"C"}), 0);
+  EXPECT_EQ(Logged(), (std::vector<std::string>{"Instruction A\r\n", "Instruction B\r\n", "Instruction C\r\n"}));
+  const std::string text = Err.str();
+  EXPECT_EQ(text.find("portico-run: lines.cmd:2: the log cannot be written: "), 0U) << text;
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1) << text;
+}
+
+TEST_F(RunLogTest, LogThatIsIncompleteOutranksADriverFailure) {
+  Driver->Failures["write B"] = -42;
+  Driver->OnCall = [&](const std::string& call) {
+    if (call == "write B") std::filesystem::remove_all(Folder);
+  };
+  EXPECT_EQ(Run({u"A", u"B"}), 5);
+}
+
+TEST_F(RunLogTest, InterruptOutranksALogThatIsIncomplete) {
+  Driver->OnCall = [&](const std::string& call) {
+    if (call != "write B") return;
+    std::filesystem::remove_all(Folder);
+    raise(SIGINT);
+  };
+  EXPECT_EQ(Run({u"A", u"B"}), 130);
+  EXPECT_NE(Err.str().find("portico-run: the log is incomplete: "), std::string::npos) << Err.str();
 }
 
 } // namespace

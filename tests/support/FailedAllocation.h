@@ -38,19 +38,21 @@ void operator delete(void* memory, std::size_t) noexcept { portico::test::alloca
 
 namespace portico::test {
 
+/// Makes the allocation of that number, from 1, fail once while the call runs. True if the call came to it.
+template <class Call>
+bool FailsAllocation(std::size_t number, Call&& call) {
+  const struct Reset {
+    ~Reset() { allocation::left = 0; }
+  } reset;
+  allocation::left = number;
+  call();
+  return allocation::left == 0;
+}
+
 /// The error of a call whose allocation of that number, from 1, fails once.
 template <class Call>
 ErrorRecord OutOfMemory(std::size_t number, Call&& call) {
-  return Raised([&] {
-    allocation::left = number;
-    try {
-      call();
-    } catch (...) {
-      allocation::left = 0;
-      throw;
-    }
-    allocation::left = 0;
-  });
+  return Raised([&] { FailsAllocation(number, call); });
 }
 
 } // namespace portico::test

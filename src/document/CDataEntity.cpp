@@ -96,6 +96,10 @@ String CDataEntity::DataType() const try {
   CheckAccess();
   return m_attributes.ItemValue(AttributeName::DataType);
 } catch (...) {
+  PassOn(u"CDataEntity.DataType");
+}
+
+String CDataEntity::IDataEntity_DataType() const try { return DataType(); } catch (...) {
   PassOn(u"CDataEntity.IDataEntity_DataType");
 }
 
@@ -118,6 +122,10 @@ String CDataEntity::TimeStamp() const try {
   CheckAccess();
   return m_attributes.ItemValue(AttributeName::Timestamp);
 } catch (...) {
+  PassOn(u"CDataEntity.TimeStamp");
+}
+
+String CDataEntity::IDataEntity_TimeStamp() const try { return TimeStamp(); } catch (...) {
   PassOn(u"CDataEntity.IDataEntity_TimeStamp");
 }
 

@@ -25,8 +25,10 @@ public:
   String DataAttributeValue(const String& Name) const;
   /// Adds the attribute if the name is new.
   void DataAttributeValue(const String& Name, const String& Value);
+  String TimeStamp() const;
   /// An empty value stores a newly drawn stamp.
   void TimeStamp(const String& newValue);
+  String DataType() const;
   void DataType(const String& newValue);
 
   Ref<IPosition> Position(std::optional<std::int32_t> DataOffset = {}) override;
@@ -34,10 +36,8 @@ public:
   String DataAttribute(const String& Name) const override;
   void DataAttribute(const String& Name, const String& Value) override;
   std::int32_t DataLength() const override;
-  String DataType() const override;
   ByteArray ReadData() const override;
   void UpdateData(const ByteArray& data) override;
-  String TimeStamp() const override;
   std::int32_t CompareToMe(const Ref<IDataEntity>& DataEntity) const override;
 
   // For who holds entities and finds them by their content. A slot is told of all changes until it is released.
@@ -53,6 +53,9 @@ public:
   bool IsPlain() const { return m_plain; }
 
 private:
+  String IDataEntity_DataType() const override;
+  String IDataEntity_TimeStamp() const override;
+
   /// Negative for an array whose length the entity cannot tell.
   static std::int32_t CalculateDataLength(const ByteArray& data);
   Ref<IPosition> CreatePosition(std::optional<std::int32_t> DataOffset);

@@ -108,6 +108,10 @@ std::int32_t CDataFIFO::Count() const try {
   PassOn(u"CDataFIFO.Count(DataEntity)");
 }
 
+std::int32_t CDataFIFO::IIteratableObject_Count() const try { return Count(); } catch (...) {
+  PassOn(u"CDataFIFO.IIteratableObject_Count");
+}
+
 std::int32_t CDataFIFO::ComparePositions(const Ref<IPosition>& Position1, const Ref<IPosition>& Position2) const try {
   HuntERR::Check(bool(m_entities), ErrorNumber::NotInitialized, MethodBeforeInitialize);
   HuntERR::Check(bool(Position1), ErrorNumber::InvalidArgument, u"Position1 cannot be nothing.");
@@ -130,6 +134,13 @@ std::int32_t CDataFIFO::ComparePositions(const Ref<IPosition>& Position1, const 
   return first < second ? 1 : 2;
 } catch (...) {
   PassOn(u"CDataFIFO.ComparePositions(Position1,Position2)", {Position1, Position2});
+}
+
+std::int32_t CDataFIFO::IIteratableObject_ComparePositions(const Ref<IPosition>& Position1,
+                                                           const Ref<IPosition>& Position2) const try {
+  return ComparePositions(Position1, Position2);
+} catch (...) {
+  PassOn(u"CDataFIFO.IIteratableObject_ComparePositions(Position1,Position2)", {Position1, Position2});
 }
 
 Ref<IPosition> CDataFIFO::NextPosition(const Ref<IPosition>& Index) const try {

@@ -48,10 +48,10 @@ public:
   /// The entity that holds that byte; nothing behind the last.
   Ref<IDataEntity> EntityAtDataIndex(std::int64_t Index) const;
   void DeleteData();
+  std::int32_t Count() const;
   void Clear();
+  std::int32_t ComparePositions(const Ref<IPosition>& Position1, const Ref<IPosition>& Position2) const;
 
-  std::int32_t Count() const override;
-  std::int32_t ComparePositions(const Ref<IPosition>& Position1, const Ref<IPosition>& Position2) const override;
   Ref<IPosition> NextPosition(const Ref<IPosition>& Index) const override;
   Value Item(const Ref<IPosition>& Index) const override;
   Ref<IPosition> StartOfObject() const override;
@@ -61,6 +61,10 @@ public:
   bool IsSelectionEmpty() const override;
 
 private:
+  std::int32_t IIteratableObject_ComparePositions(const Ref<IPosition>& Position1,
+                                                  const Ref<IPosition>& Position2) const override;
+  std::int32_t IIteratableObject_Count() const override;
+
   void CheckAccess() const;
   Ref<IDataEntity> RemoveEntityAtIndex(std::int64_t Index, bool RaiseEvent);
   void InsertDataEntity(const Ref<IDataEntity>& DataEntity);

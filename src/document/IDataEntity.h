@@ -27,14 +27,19 @@ public:
   virtual void DataAttribute(const String& Name, const String& Value) = 0;
   /// In bytes.
   virtual std::int32_t DataLength() const = 0;
-  virtual String DataType() const = 0;
+  String DataType() const { return IDataEntity_DataType(); }
   /// A copy.
   virtual ByteArray ReadData() const = 0;
   /// Replaces the data by a copy of the argument.
   virtual void UpdateData(const ByteArray& data) = 0;
-  virtual String TimeStamp() const = 0;
+  String TimeStamp() const { return IDataEntity_TimeStamp(); }
   /// By content, never by identity: 0 the same, 2 attributes differ, 4 data differ, 6 both differ or nothing is given.
   virtual std::int32_t CompareToMe(const Ref<IDataEntity>& DataEntity) const = 0;
+
+private:
+  // What an entity also offers under the same name by itself: a call through the interface is told apart.
+  virtual String IDataEntity_DataType() const = 0;
+  virtual String IDataEntity_TimeStamp() const = 0;
 };
 
 /// Names of attributes. One that begins with "_" is private to the running system: stores never write it.

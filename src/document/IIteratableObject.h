@@ -17,13 +17,21 @@ public:
 class IIteratableObject : public virtual IObject {
 public:
   /// 0 the same place, 1 the first stands before the second, 2 behind it.
-  virtual std::int32_t ComparePositions(const Ref<IPosition>& Position1, const Ref<IPosition>& Position2) const = 0;
+  std::int32_t ComparePositions(const Ref<IPosition>& Position1, const Ref<IPosition>& Position2) const {
+    return IIteratableObject_ComparePositions(Position1, Position2);
+  }
   virtual Ref<IPosition> NextPosition(const Ref<IPosition>& Index) const = 0;
   /// Holds the entity.
   virtual Value Item(const Ref<IPosition>& Index) const = 0;
   virtual Ref<IPosition> StartOfObject() const = 0;
   virtual Ref<IPosition> EndOfObject() const = 0;
-  virtual std::int32_t Count() const = 0;
+  std::int32_t Count() const { return IIteratableObject_Count(); }
+
+private:
+  // What an object also offers under the same name by itself: a call through the interface is told apart.
+  virtual std::int32_t IIteratableObject_ComparePositions(const Ref<IPosition>& Position1,
+                                                          const Ref<IPosition>& Position2) const = 0;
+  virtual std::int32_t IIteratableObject_Count() const = 0;
 };
 
 /// A half-open range of an iteratable object: its start is included, its end is not.

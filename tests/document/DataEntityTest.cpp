@@ -164,16 +164,25 @@ TEST_F(CDataEntityTest, MembersAreGuardedBeforeInitialize) {
   expect([&] { entity->DataAttribute(u"A", u"1"); },
          {u"CDataEntity.DataAttributeValue(Name,Value)", u"CDataEntity.IDataEntity_DataAttribute(Name,Value)"});
   expect([&] { entity->DataLength(); }, {u"CDataEntity.IDataEntity_DataLength"});
-  expect([&] { entity->DataType(); }, {u"CDataEntity.IDataEntity_DataType"});
+  expect([&] { entity->DataType(); }, {u"CDataEntity.DataType"});
   expect([&] { entity->DataType(u"Remark"); }, {u"CDataEntity.DataType(newValue)"});
   expect([&] { entity->ReadData(); }, {u"CDataEntity.IDataEntity_ReadData"});
   expect([&] { entity->UpdateData({}); }, {u"CDataEntity.IDataEntity_UpdateData(data)"});
-  expect([&] { entity->TimeStamp(); }, {u"CDataEntity.IDataEntity_TimeStamp"});
+  expect([&] { entity->TimeStamp(); }, {u"CDataEntity.TimeStamp"});
   expect([&] { entity->TimeStamp(u"s"); }, {u"CDataEntity.TimeStamp(newValue)"});
   expect([&] { static_cast<void>(entity->CompareToMe(nullptr)); },
          {u"CDataEntity.IDataEntity_CompareToMe(DataEntity)"});
   expect([&] { static_cast<void>(Entity(u"1")->CompareToMe(entity)); },
          {u"CDataEntity.IDataEntity_DataAttributes", u"CDataEntity.IDataEntity_CompareToMe(DataEntity)"});
+}
+
+TEST_F(CDataEntityTest, CallThroughTheInterfaceAddsItsOwnLine) {
+  const auto fresh = New<CDataEntity>();
+  const IDataEntity& entity = *fresh;
+  ExpectTrail(Raised([&] { entity.DataType(); }), {u"CDataEntity.DataType", u"CDataEntity.IDataEntity_DataType"});
+  ExpectTrail(Raised([&] { entity.TimeStamp(); }), {u"CDataEntity.TimeStamp", u"CDataEntity.IDataEntity_TimeStamp"});
+  ExpectTrail(Raised([&] { entity.DataAttribute(u"A"); }),
+              {u"CDataEntity.DataAttributeValue(Name)", u"CDataEntity.IDataEntity_DataAttribute(Name)"});
 }
 
 TEST_F(CDataEntityTest, ReadsOfOneAttributeAreGuardedAsMethods) {

@@ -125,7 +125,8 @@ TEST_F(CDataFIFOTest, EntityWithoutAStampIsRefused) {
   entity->DataAttributes()->Remove(u"Timestamp");
   const ErrorRecord error = Raised([&] { FIFO->Enqueue(entity); });
   ExpectError(error, 381, u"Requested data attribute, Timestamp, does not exist.");
-  ExpectTrail(error, {u"CDataEntity.IDataEntity_TimeStamp", u"CDataFIFO.Enqueue(DataEntity)"});
+  ExpectTrail(error,
+              {u"CDataEntity.TimeStamp", u"CDataEntity.IDataEntity_TimeStamp", u"CDataFIFO.Enqueue(DataEntity)"});
   EXPECT_EQ(FIFO->Count(), 0);
 }
 

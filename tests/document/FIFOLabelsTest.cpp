@@ -46,6 +46,22 @@ TEST_F(FIFOLabelsTest, EveryOtherMemberBearsItsOwnLabel) {
   ExpectTrail(Raised([] { Iterator(u"IterateAll")->NextItem(); }), {u"CSelectionIterator.IIterator_NextItem()"});
 }
 
+TEST_F(FIFOLabelsTest, CallThroughTheInterfaceAddsItsOwnLine) {
+  const auto fresh = New<CDataFIFO>();
+  const IIteratableObject& object = *fresh;
+  ExpectTrail(Raised([&] { object.Count(); }),
+              {u"CDataFIFO.Count(DataEntity)", u"CDataFIFO.IIteratableObject_Count()"});
+  ExpectTrail(Raised([&] { object.ComparePositions({}, {}); }),
+              {u"CDataFIFO.ComparePositions(Position1,Position2)",
+               u"CDataFIFO.IIteratableObject_ComparePositions(Position1,Position2)"});
+  const auto iterator = Iterator(u"IterateAll");
+  iterator->Attach(fresh);
+  ExpectTrail(Raised([&] { iterator->FirstItem(); }),
+              {u"CDataFIFO.ComparePositions(Position1,Position2)",
+               u"CDataFIFO.IIteratableObject_ComparePositions(Position1,Position2)",
+               u"CSelectionIterator.IIterator_FirstItem()"});
+}
+
 TEST_F(FIFOLabelsTest, UninitialisedPositionIsRefusedAlikeEverywhere) {
   const auto fresh = New<CDataPosition>();
   constexpr char16_t tooEarly[] = u"Method cannot be called before Initialize().";

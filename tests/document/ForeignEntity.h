@@ -31,16 +31,11 @@ public:
     Note("DataLength");
     return static_cast<std::int32_t>(Data.size());
   }
-  String DataType() const override { return u"Foreign"; }
   ByteArray ReadData() const override {
     Note("ReadData");
     return Data;
   }
   void UpdateData(const ByteArray& data) override { Data = data; }
-  String TimeStamp() const override {
-    Note("TimeStamp");
-    return Stamp;
-  }
   std::int32_t CompareToMe(const Ref<IDataEntity>& DataEntity) const override {
     Note("CompareToMe");
     if (Fails) HuntERR::RaiseStandard(6);
@@ -52,6 +47,11 @@ public:
   bool Fails = false;
 
 private:
+  String IDataEntity_DataType() const override { return u"Foreign"; }
+  String IDataEntity_TimeStamp() const override {
+    Note("TimeStamp");
+    return Stamp;
+  }
   void Note(const char* call) const { m_calls.push_back(ToUtf8(Stamp) + "." + call); }
   std::vector<std::string>& m_calls;
 };

@@ -46,7 +46,8 @@ void NaiveFIFO::DeleteData() {
   Select(end, end);
 }
 
-std::int32_t NaiveFIFO::ComparePositions(const Ref<IPosition>& Position1, const Ref<IPosition>& Position2) const {
+std::int32_t NaiveFIFO::IIteratableObject_ComparePositions(const Ref<IPosition>& Position1,
+                                                           const Ref<IPosition>& Position2) const {
   if (!Position1 || !Position2) Fail(5);
   if (!IsPositionInFIFO(Position1) || !IsPositionInFIFO(Position2)) Fail(5);
   const std::int64_t first = IndexOfPosition(Position1);

@@ -55,8 +55,6 @@ public:
     while (Count() > 0) Dequeue();
   }
 
-  std::int32_t Count() const override { return static_cast<std::int32_t>(m_items.size()); }
-  std::int32_t ComparePositions(const Ref<IPosition>& Position1, const Ref<IPosition>& Position2) const override;
   Ref<IPosition> NextPosition(const Ref<IPosition>& Index) const override {
     const std::int64_t i = IndexOfPosition(Index);
     if (i >= Count()) return End();
@@ -75,6 +73,10 @@ public:
   bool IsSelectionEmpty() const override { return m_selection->IsEmpty(); }
 
 private:
+  std::int32_t IIteratableObject_Count() const override { return static_cast<std::int32_t>(m_items.size()); }
+  std::int32_t IIteratableObject_ComparePositions(const Ref<IPosition>& Position1,
+                                                  const Ref<IPosition>& Position2) const override;
+
   struct Keyed {
     Ref<IDataEntity> Entity;
     String Key;

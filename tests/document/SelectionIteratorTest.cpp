@@ -109,12 +109,16 @@ TEST_F(CSelectionIteratorTest, NothingCannotBeAttached) {
 class Placeless final : public IIteratableObject {
 public:
   StringView ClassName() const override { return u"Placeless"; }
-  std::int32_t ComparePositions(const Ref<IPosition>&, const Ref<IPosition>&) const override { return 1; }
   Ref<IPosition> NextPosition(const Ref<IPosition>&) const override { return {}; }
   Value Item(const Ref<IPosition>&) const override { return {}; }
   Ref<IPosition> StartOfObject() const override { return {}; }
   Ref<IPosition> EndOfObject() const override { return {}; }
-  std::int32_t Count() const override { return 0; }
+
+private:
+  std::int32_t IIteratableObject_ComparePositions(const Ref<IPosition>&, const Ref<IPosition>&) const override {
+    return 1;
+  }
+  std::int32_t IIteratableObject_Count() const override { return 0; }
 };
 
 TEST_F(CSelectionIteratorTest, AttachesToAnUninitialisedContainerAndFailsWhenItBegins) {

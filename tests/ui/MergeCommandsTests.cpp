@@ -67,12 +67,16 @@ TEST_F(MergeTest, TargetMustBeAContainer) {
   class Foreign final : public IIteratableObject {
   public:
     StringView ClassName() const override { return u"Foreign"; }
-    std::int32_t ComparePositions(const Ref<IPosition>&, const Ref<IPosition>&) const override { return 0; }
     Ref<IPosition> NextPosition(const Ref<IPosition>&) const override { return {}; }
     Value Item(const Ref<IPosition>&) const override { return {}; }
     Ref<IPosition> StartOfObject() const override { return {}; }
     Ref<IPosition> EndOfObject() const override { return {}; }
-    std::int32_t Count() const override { return 0; }
+
+  private:
+    std::int32_t IIteratableObject_ComparePositions(const Ref<IPosition>&, const Ref<IPosition>&) const override {
+      return 0;
+    }
+    std::int32_t IIteratableObject_Count() const override { return 0; }
   };
   CMerge merge;
   const auto error = Raised([&] { merge.Initialize(New<Foreign>(), Iterator()); });

@@ -8,23 +8,34 @@
 
 namespace portico::test {
 
-/// Whether a call of a report bears the source label: its method to the letter, and its parameters' names, each with a
-/// value behind it, or as the label writes them if the values are not known. A label with empty brackets names none of
-/// its values.
+/// Whether a text is the text form of one value, and not of several.
+inline bool IsOneValue(StringView text) {
+  if (text.starts_with(u'\'')) return text.size() > 1 && text.ends_with(u'\'') && text.find(u"', ") == StringView::npos;
+  if (text.starts_with(u'{')) return text.find(u'}') + 1 == text.size();
+  return ReadNumber(text).has_value();
+}
+
+/// Whether a call of a report bears the source label: its method to the letter, and exactly its parameters' names, each
+/// with a value behind it, or as the label writes them if the values are not known. Behind empty brackets one value may
+/// stand without a name.
 inline bool Bears(StringView call, StringView label) {
   const auto bracket = label.find(u'(');
   const String method = String(label.substr(0, bracket)) + u"(";
   if (call.substr(0, method.size()) != method || call.back() != u')') return false;
-  const StringView shown = call.substr(method.size(), call.size() - method.size() - 1);
+  StringView shown = call.substr(method.size(), call.size() - method.size() - 1);
   const StringView names =
       bracket == StringView::npos ? StringView{} : label.substr(bracket + 1, label.size() - bracket - 2);
-  if (shown == names || (names.empty() && bracket != StringView::npos)) return true;
-  std::size_t from = 0;
-  for (StringView name : Split(names, u",")) {
-    const String field = (from == 0 ? u"" : u", ") + String(name) + u"=";
-    const auto found = shown.find(field, from);
-    if (found == StringView::npos || (from == 0 && found != 0)) return false;
-    from = found + field.size();
+  if (shown == names) return true;
+  if (names.empty()) return bracket != StringView::npos && IsOneValue(shown); // which is shown without a name
+  const auto fields = Split(names, u",");
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    const String field = String(fields[i]) + u"=";
+    if (shown.substr(0, field.size()) != field) return false;
+    shown.remove_prefix(field.size());
+    const bool last = i + 1 == fields.size();
+    const auto end = last ? shown.size() : shown.find(u", " + String(fields[i + 1]) + u"=");
+    if (end == StringView::npos || !IsOneValue(shown.substr(0, end))) return false;
+    shown.remove_prefix(last ? end : end + 2);
   }
   return true;
 }

@@ -59,6 +59,8 @@ StringView StandardText(std::int32_t number) {
     return u"Out of memory.";
   case ErrorNumber::BadSubscript:
     return u"Subscript out of range.";
+  case ErrorNumber::DivisionByZero:
+    return u"Division by zero.";
   case ErrorNumber::TypeMismatch:
     return u"Type mismatch.";
   case ErrorNumber::MissingObject:

@@ -169,6 +169,7 @@ void SCPIViewBase::SelectEntityText(std::int64_t Start, std::int64_t Length) {
 }
 
 std::int64_t SCPIViewBase::Characters(std::int64_t bytes) const {
+  if (m_bytesPerChar == 0) HuntERR::RaiseStandard(ErrorNumber::DivisionByZero);
   return Rounded(static_cast<double>(bytes) / m_bytesPerChar);
 }
 

@@ -48,6 +48,7 @@ private:
   Ref<CDataFIFO> ReadQueue();
   void SelectEntityText(std::int64_t Start, std::int64_t Length);
   void DeleteSelectedText() { m_display->SelText({}); }
+  /// 11 before `Initialize`, when the bytes for a character are not known: a queue may have been attached by then.
   std::int64_t Characters(std::int64_t bytes) const;
 
   ViewState m_viewState = ViewState::NotInitialized;

@@ -322,6 +322,7 @@ TEST_F(ErrorTailsTest, AThrowOfAForeignTypeFailsAConstructorAsAnyErrorDoes) {
 TEST(ErrorNumbers, StandWhereTheyBelong) {
   EXPECT_EQ(ErrorNumber::InvalidArgument, 5);
   EXPECT_EQ(ErrorNumber::BadSubscript, 9);
+  EXPECT_EQ(ErrorNumber::DivisionByZero, 11);
   EXPECT_EQ(ErrorNumber::TypeMismatch, 13);
   EXPECT_EQ(ErrorNumber::CannotCarryOut, 17);
   EXPECT_EQ(ErrorNumber::InternalState, 51);

@@ -229,6 +229,19 @@ TEST_F(ScpiViewHistory, InstructionsSetHasNoGuardAndFailsOnTheUnsetDisplay) {
   ExpectTrail(error, {u"CSCPIViewHistory.UpdateDisplay()", u"CSCPIViewHistory.Instructions(newValue)"});
 }
 
+TEST_F(ScpiViewHistory, ARemovalRaises11WhileTheBytesForACharacterAreNotKnown) {
+  const auto entity = Entity(u"ok\r\n", u"Response");
+  const auto queue = Container({entity});
+  Raised([&] { View->Instructions(queue); }); // which takes the queue's events before it fails
+  const auto removed = Raised([&] { queue->Dequeue(); });
+  ExpectError(removed, 11, u"Division by zero.");
+  ExpectTrail(removed, {u"CSCPIViewHistory.m_Instructions_OnRemove(DataEntity)", u"CDataFIFO.Dequeue()"});
+  HuntERR::Reset();
+  const auto exceded = Raised([&] { queue->MaximumCountExceded(entity, 0); });
+  ExpectError(exceded, 11, u"Division by zero.");
+  ExpectTrail(exceded, {u"CSCPIViewHistory.m_Instructions_MaximumCountExceded"});
+}
+
 TEST_F(ScpiViewHistory, InstructionsSetToNothingEmptiesTheWindowBeforeItFails) {
   View->Initialize(Box);
   Box->Type(u"old");

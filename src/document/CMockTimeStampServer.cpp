@@ -1,5 +1,6 @@
 #include "document/CMockTimeStampServer.h"
 
+#include "document/LogStamps.h"
 #include "framework/HuntERR.h"
 
 #include <algorithm>
@@ -45,14 +46,24 @@ String CMockTimeStampServer::CurrentSecondText(const std::tm& second) {
 String CMockTimeStampServer::SequenceText() const { return Padded(m_sequence, 9); }
 
 void CMockTimeStampServer::AdvanceSequence() {
+  EnterCurrentSecond();
+  m_highest = std::max(m_highest, ++m_sequence);
+}
+
+void CMockTimeStampServer::EnterCurrentSecond() {
   const std::tm now = HuntERR::Environment().LocalTime();
-  if (!m_secondText.empty() && IsSameSecond(now, m_second)) {
-    ++m_sequence;
-    return;
-  }
-  m_secondText = CurrentSecondText(now);
+  if (!m_secondText.empty() && IsSameSecond(now, m_second)) return;
   m_second = now;
-  m_sequence = 0;
+  m_secondText = CurrentSecondText(now);
+  m_sequence = m_secondText > m_latestText ? NoneYet : m_highest;
+  m_latestText = std::max(m_latestText, m_secondText);
+}
+
+void CMockTimeStampServer::TakeUp(const LogStamps& stamps) {
+  EnterCurrentSecond();
+  m_sequence = std::max(m_sequence, stamps.HighestFrom(ToUtf8(m_secondText)));
+  m_latestText = std::max(m_latestText, FromAscii(stamps.Latest()));
+  m_highest = std::max(m_highest, stamps.HighestFrom({}));
 }
 
 } // namespace portico

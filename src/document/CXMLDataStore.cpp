@@ -1,8 +1,8 @@
 #include "document/CXMLDataStore.h"
 
 #include "document/CDataEntity.h"
+#include "document/CMockTimeStampServer.h"
 #include "document/CNullDataStore.h"
-#include "document/ITimeStamp.h"
 #include "document/LogText.h"
 #include "document/LogWatch.h"
 #include "framework/Application.h"
@@ -59,6 +59,7 @@ void CXMLDataStore::Initialize(const String& FileName, bool OverWrite) try {
 void CXMLDataStore::InititalizeDataStore(const String& FileName, bool OverWrite) try {
   m_fileName = FileName;
   m_inSession = false; // it was in the other document
+  m_stamps = {};
   m_document = std::make_unique<LogWriter>(*m_disk, ToUtf8(FileName));
   HuntERR::Check(bool(m_document), ErrorNumber::CannotCreate, u"Failed to create a DOM document.");
   try {
@@ -75,9 +76,8 @@ void CXMLDataStore::InititalizeDataStore(const String& FileName, bool OverWrite)
 bool CXMLDataStore::FileExists(const String& Name) const { return m_disk->Exists(ToUtf8(Name)); }
 
 void CXMLDataStore::LoadStore() {
-  ILogVisitor nobody;
   LogFileIdentity identity;
-  LogReading reading = ReadStore(nobody, identity);
+  LogReading reading = ReadStore(m_stamps, identity);
   HuntERR::Check(StoreIsValid(reading), ErrorNumber::BadFileFormat, NotValid());
   m_document->TakeUp(identity, std::move(reading));
 }
@@ -125,11 +125,18 @@ void CXMLDataStore::OpenSession() try { OpenNewSession(); } catch (...) {
 void CXMLDataStore::OpenNewSession() try {
   // The wording is that of the opposite case; both sides share it.
   HuntERR::Check(!m_inSession, ErrorNumber::CannotCarryOut, u"No session is currently open.");
+  TakeUpStamps();
   Document().OpenSession(gTimeStamper->TimeStamp());
   m_inSession = true;
   Save();
 } catch (...) {
   PassOn(Label(u".OpenSession()"));
+}
+
+/// The stamps that are drawn from here on are not in the log.
+void CXMLDataStore::TakeUpStamps() {
+  if (auto* server = dynamic_cast<CMockTimeStampServer*>(gTimeStamper.Get())) server->TakeUp(m_stamps);
+  m_stamps = {};
 }
 
 void CXMLDataStore::AppendDataEntityToStore(const Ref<IDataEntity>& DataEntity) try {

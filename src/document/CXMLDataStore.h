@@ -4,6 +4,7 @@
 #include "document/CHexEncoder.h"
 #include "document/IDataStore.h"
 #include "document/LogFile.h"
+#include "document/LogStamps.h"
 #include "document/LogWriter.h"
 
 #include <memory>
@@ -58,6 +59,7 @@ private:
   bool FileExists(const String& Name) const;
 
   void LoadStore();
+  void TakeUpStamps();
   LogReading ReadStore(ILogVisitor& visitor, LogFileIdentity& identity) const;
   void Save();
   LogWriter& Document() const;
@@ -69,6 +71,7 @@ private:
   String m_fileName;
   Ref<CHexEncoder> m_encoder;
   std::unique_ptr<LogWriter> m_document;
+  LogStamps m_stamps; // of others, which those that this program draws must not repeat
   bool m_inSession = false;
 };
 

@@ -78,6 +78,21 @@ TEST_F(Log, ThatExistsIsExtendedByASession) {
   EXPECT_EQ(Told(log), "> *OPC?\n< 1\n> *CLS\n");
 }
 
+TEST_F(Log, OfRunsInOneSecondHoldsEachStampOnce) {
+  std::string log;
+  do { // until they have all fallen into one second
+    std::filesystem::remove(Path);
+    for (int run = 0; run < 4; ++run) {
+      ASSERT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*OPC?\n").status, 0);
+    }
+    log = Content();
+  } while (SecondsOf(log).size() > 1);
+  EXPECT_EQ(Told(log), "> *OPC?\n< 1\n> *OPC?\n< 1\n> *OPC?\n< 1\n> *OPC?\n< 1\n");
+  const auto stamps = StampsOf(log);
+  EXPECT_EQ(stamps.size(), 16U);
+  EXPECT_EQ(std::set<std::string>(stamps.begin(), stamps.end()).size(), 16U) << log;
+}
+
 TEST_F(Log, IsBegunAnewOnRequest) {
   ASSERT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*OPC?\n").status, 0);
   EXPECT_EQ(RunPortico(kBare + Arguments{"--overwrite", "--log", Path, kSimulated}, "*CLS\n").status, 0);

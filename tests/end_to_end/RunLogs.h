@@ -3,6 +3,7 @@
 #include "Programs.h"
 
 #include <regex>
+#include <set>
 #include <stdexcept>
 
 namespace portico::test {
@@ -19,10 +20,19 @@ inline long CountOf(const std::string& text, const std::string& part) {
   return count;
 }
 
+inline const std::regex kStamp(R"re((\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d)\.\d{9}-5:00)re");
+
 /// A log with one text in the place of every stamp.
-inline std::string WithoutStamps(const std::string& log) {
-  static const std::regex kStamp(R"re(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{9}-5:00)re");
-  return std::regex_replace(log, kStamp, "STAMP");
+inline std::string WithoutStamps(const std::string& log) { return std::regex_replace(log, kStamp, "STAMP"); }
+
+/// Those of sessions and entities, in order.
+inline std::vector<std::string> StampsOf(const std::string& log) {
+  return {std::sregex_token_iterator(log.begin(), log.end(), kStamp), std::sregex_token_iterator()};
+}
+
+/// The seconds into which they fall.
+inline std::set<std::string> SecondsOf(const std::string& log) {
+  return {std::sregex_token_iterator(log.begin(), log.end(), kStamp, 1), std::sregex_token_iterator()};
 }
 
 /// The ASCII text of a payload, without its line end.

@@ -1,6 +1,8 @@
 """A log from its beginning to its viewer."""
 
 import os
+import re
+import subprocess
 import unittest
 
 from case import WindowCase
@@ -67,6 +69,29 @@ class Logs(WindowCase):
         portico.key("alt+f")
         portico.key("c")  # Close
         portico.wait_until_closed("Log Viewer")
+
+    def test_a_log_of_runs_in_one_second_is_viewed_whole(self):
+        path = os.path.join(self.desktop.home, "runs.log")
+        seconds = []
+        while len(set(seconds)) != 1:  # until they have all fallen into one
+            if os.path.exists(path):
+                os.remove(path)
+            for query in ("*IDN?", "*OPC?", "*STB?", "*ESR?"):
+                subprocess.run(
+                    [os.environ["PORTICO_RUN"], "--quiet", "--log", path, "SIM::dmm::INSTR"],
+                    input=query + "\n", text=True, check=True,
+                )
+            with open(path, encoding="utf-8") as log:
+                seconds = re.findall(r'amp="([^".]+)', log.read())
+
+        portico = self.open(self.simulator().name)
+        portico.choose("File", "View Log...")
+        self.choose_file(portico, "Select a log file", path)
+        viewer = portico.window(f"Log Viewer - {path}")
+        text = portico.find("txtPast", "text", within=viewer)
+        portico.wait(lambda: "*ESR?" in text.text, "the log in the viewer")
+        for query in ("*IDN?", "*STB?", "*ESR?"):
+            self.assertEqual(text.text.count(query), 1, query)
 
     def test_a_file_that_is_no_log_is_refused(self):
         path = os.path.join(self.desktop.home, "notes.log")

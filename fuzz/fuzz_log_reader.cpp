@@ -61,12 +61,13 @@ void CheckExtending(const std::string& bytes, const LogReading& reading, const s
   disk.Put(Path, bytes);
   LogWriter writer(disk, Path);
   writer.TakeUp(disk.Open(Path, ILogDisk::Access::Read)->Identity(), reading);
+  LogStamps others;
   writer.OpenSession(u"open");
-  writer.Save();
+  writer.Save(others);
   writer.Append("\n<X><![CDATA[41]]></X>");
-  writer.Save();
+  writer.Save(others);
   writer.CloseSession(u"close");
-  writer.Save();
+  writer.Save(others);
 
   Told after;
   const LogReading extended = LogReader::Read(disk.Bytes(Path), after);

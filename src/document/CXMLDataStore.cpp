@@ -65,8 +65,7 @@ void CXMLDataStore::InititalizeDataStore(const String& FileName, bool OverWrite)
   try {
     if (OverWrite && FileExists(FileName)) m_disk->Remove(ToUtf8(FileName));
   } catch (const std::system_error& error) {
-    HuntERR::Raise(ErrorNumber::FileAccess, ClassName(),
-                   u"The file, " + FileName + u", cannot be deleted: " + SystemText(error) + u".");
+    HuntERR::Raise(ErrorNumber::FileAccess, ClassName(), TheFile() + u"cannot be deleted: " + SystemText(error) + u".");
   }
   if (FileExists(FileName) || !CreateStoreSkeleton()) LoadStore();
 } catch (...) {
@@ -111,8 +110,7 @@ bool CXMLDataStore::CreateStoreSkeleton() try {
   try {
     return m_document->Create();
   } catch (const std::system_error& error) {
-    HuntERR::Raise(ErrorNumber::FileAccess, ClassName(),
-                   u"The file, " + m_fileName + u", cannot be written: " + SystemText(error) + u".");
+    HuntERR::Raise(ErrorNumber::FileAccess, ClassName(), TheFile() + u"cannot be written: " + SystemText(error) + u".");
   }
 } catch (...) {
   PassOn(Label(u".CreateStoreSkeleton()"));
@@ -135,6 +133,7 @@ void CXMLDataStore::OpenNewSession() try {
 
 /// The stamps that are drawn from here on are not in the log.
 void CXMLDataStore::TakeUpStamps() {
+  if (m_stamps.IsEmpty()) return;
   if (auto* server = dynamic_cast<CMockTimeStampServer*>(gTimeStamper.Get())) server->TakeUp(m_stamps);
   m_stamps = {};
 }
@@ -211,15 +210,19 @@ LogWriter& CXMLDataStore::Document() const {
 void CXMLDataStore::Save() {
   ErrorRecord failure;
   try {
-    return Document().Save();
+    Document().Save(m_stamps);
+    return TakeUpStamps();
   } catch (const NoLogFault& fault) {
     failure.Number = ErrorNumber::BadFile;
-    failure.Description =
-        u"The file, " + m_fileName + u", is not a valid data store: " + FromUtf8(fault.what()).Text + u".";
+    failure.Description = TheFile() + u"is not a valid data store: " + FromUtf8(fault.what()).Text + u".";
+  } catch (const StampTakenFault& fault) {
+    failure.Number = ErrorNumber::FileAccess;
+    failure.Description = TheFile() + FromUtf8(fault.what()).Text + u".";
   } catch (const std::system_error& error) {
     failure.Number = ErrorNumber::FileAccess;
-    failure.Description = u"The file, " + m_fileName + u", cannot be written: " + SystemText(error) + u".";
+    failure.Description = TheFile() + u"cannot be written: " + SystemText(error) + u".";
   }
+  TakeUpStamps();
   failure.Source = ClassName();
   SaveFailed(failure.Description.Text());
   HuntERR::Raise(std::move(failure));

@@ -15,7 +15,8 @@ namespace portico {
 ///
 /// The file is written when the store makes it, and at each `OpenSession`, `AppendDataEntityToStore` and
 /// `CloseSession`; after each it is a whole document. Letting the store go closes an open session. A file that cannot
-/// be written raises 75 and a file that is no log 31037 or 321; what was to be saved goes out with the next save.
+/// be written raises 75 and a file that is no log 31037 or 321; what was to be saved goes out with the next save. Only
+/// an entity whose stamp another program has written meanwhile never does; that raises 75, too.
 class CXMLDataStore final : public IDataStore {
 public:
   explicit CXMLDataStore(std::shared_ptr<ILogDisk> disk = std::make_shared<LogDisk>()) : m_disk(std::move(disk)) {}
@@ -24,7 +25,7 @@ public:
 
   /// A save has failed, with that text; the error follows.
   Event<StringView> SaveFailed;
-  /// Something was to be saved and is not in the file: the last save has failed, or there was none.
+  /// Something was to be saved and is not in the file yet, or never will be.
   bool IsAnythingUnwritten() const { return m_document && m_document->IsAnythingUnsaved(); }
 
   /// Opens the file or makes it. An empty name raises 5. Forgets a session that is open in another file.
@@ -63,7 +64,8 @@ private:
   LogReading ReadStore(ILogVisitor& visitor, LogFileIdentity& identity) const;
   void Save();
   LogWriter& Document() const;
-  String NotValid() const { return u"The file, " + m_fileName + u", is not a valid data store."; }
+  String TheFile() const { return u"The file, " + m_fileName + u", "; }
+  String NotValid() const { return TheFile() + u"is not a valid data store."; }
   String Label(StringView member) const { return String(ClassName()).append(member); }
 
   std::shared_ptr<ILogDisk> m_disk;

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <exception>
+#include <unordered_set>
+#include <utility>
 
 namespace portico {
 namespace {
@@ -15,6 +17,44 @@ bool Stands(const ILogFile& file, std::uint64_t position, std::string_view bytes
 }
 
 constexpr char ChangedMeanwhile[] = "it has been changed by another program meanwhile";
+
+using Stamps = std::vector<std::optional<std::string>>;
+
+std::optional<std::string> StampOf(const LogElement& entity) {
+  const auto stamp = entity.Attribute(LogName::Timestamp);
+  if (!stamp) return {};
+  return std::string(*stamp);
+}
+
+/// The stamps of a log's entities, in order.
+Stamps StampsOf(const std::string& log) {
+  struct Collector final : ILogVisitor {
+    void Entity(const LogElement& entity) override { Found.push_back(StampOf(entity)); }
+    Stamps Found;
+  } collector;
+  LogReader::Read(log, collector);
+  return std::move(collector.Found);
+}
+
+/// Looks which stamps of ours stand in a log of others, and hands on all of theirs.
+class Comparison final : public ILogVisitor {
+public:
+  Comparison(const Stamps& ours, LogStamps& others) : m_ours(ours.begin(), ours.end()), m_others(others) {}
+
+  void SessionOpened(const LogElement& session) override { m_others.SessionOpened(session); }
+  void Entity(const LogElement& entity) override {
+    m_others.Entity(entity);
+    if (m_ours.empty()) return;
+    if (auto stamp = StampOf(entity); stamp && m_ours.count(stamp) != 0) m_taken.insert(std::move(stamp));
+  }
+  bool IsTaken(const std::optional<std::string>& stamp) const { return m_taken.count(stamp) != 0; }
+
+private:
+  using Set = std::unordered_set<std::optional<std::string>>;
+  Set m_ours;
+  LogStamps& m_others;
+  Set m_taken;
+};
 
 /// Some programs take no notice of locks. The next save begins with another look.
 void CheckUnchanged(const ILogFile& file, const LogFileIdentity& identity, const LogReading& reading) {
@@ -56,18 +96,29 @@ void LogWriter::OpenSession(StringView stamp) {
   m_isLastInText = true;
 }
 
+void LogWriter::Append(std::string_view element) {
+  if (!m_openAtEnd && m_text.empty()) MakeTextItsOwn(); // others stand behind the session
+  m_elements.push_back({m_text.size(), element.size()});
+  m_text += element;
+}
+
 void LogWriter::CloseSession(StringView stamp) {
   const std::string field = LogText::CloseStampField(stamp);
   m_last->CloseStamp = stamp;
   if (m_isLastInText) {
     m_text.replace(m_last->Room(), field.size(), field);
   } else {
-    m_openAtEnd = m_last;
+    if (m_openAtEnd) m_openAtEnd = m_last;
     m_stamping = Stamping{*m_last, field};
   }
 }
 
-void LogWriter::Save() {
+void LogWriter::Save(LogStamps& others) {
+  SaveAll(others);
+  if (std::exchange(m_mustTell, false)) throw StampTakenFault("has been written by another program at the same time");
+}
+
+void LogWriter::SaveAll(LogStamps& others) {
   auto file = m_disk.Open(m_path, ILogDisk::Access::ReadAndWrite);
   while (!file) {
     if (BeginAnew()) return;
@@ -75,8 +126,9 @@ void LogWriter::Save() {
   }
   if (!m_attempt.empty() && IsTraceOfAttempt(*file)) Undo(*file);
   m_attempt.clear();
-  if (!StandsAsLeft(*file)) TakeUpChanged(*file);
-  if (!m_isPrepared) file = Prepare(std::move(file));
+  if (!StandsAsLeft(*file)) TakeUpChanged(*file, others);
+  if (m_text.empty() && !m_stamping) return; // there was nothing but what has been given up
+  if (!m_isPrepared && (CanBeAddedTo() || !m_text.empty())) file = Prepare(std::move(file));
   Write(*file);
 }
 
@@ -87,44 +139,50 @@ std::string LogWriter::Unsaved() const {
 
 std::string_view LogWriter::ClosingTags() const { return m_openAtEnd ? LogText::SessionAndRootEnd : LogText::RootEnd; }
 
-bool LogWriter::StandsAsLeft(const ILogFile& file) const {
-  if (!(file.Identity() == m_identity)) return false;
-  if (!m_isPrepared) return m_reading.TornCloseStamps.empty(); // what looked torn may have been in the writing
-  if (!Stands(file, m_end, ClosingTags())) return false;
-  if (!m_stamping) return true;
-  const Session& closed = m_stamping->Closed;
-  return Stands(file, closed.Position, LogText::SessionTagStart(closed.OpenStamp)) &&
-         Stands(file, closed.Room() + LogText::CloseStampRoom, ">");
+bool LogWriter::HoldsTag(const ILogFile& file, const Session& session) {
+  return Stands(file, session.Position, LogText::SessionTagStart(session.OpenStamp)) &&
+         Stands(file, session.Room() + LogText::CloseStampRoom, ">");
 }
 
-/// The text as sessions for a file that has none of them.
+bool LogWriter::StandsAsLeft(const ILogFile& file) const {
+  if (!(file.Identity() == m_identity)) return false;
+  if (m_stamping && !HoldsTag(file, m_stamping->Closed)) return false;
+  if (!m_isPrepared) return m_reading.TornCloseStamps.empty(); // what looked torn may have been in the writing
+  return Stands(file, m_end, ClosingTags());
+}
+
+/// The text as sessions for a place that lies in none of them.
 std::string LogWriter::TextOfItsOwn() const {
-  if (!m_openAtEnd) return m_text;
+  if (!m_openAtEnd && !m_text.empty()) return m_text;
   if (m_text.compare(0, LogText::SessionEnd.size(), LogText::SessionEnd) == 0) {
     return m_text.substr(LogText::SessionEnd.size());
   }
-  return m_openAtEnd->Tag() + m_text;
+  return (m_openAtEnd ? m_openAtEnd : m_last)->Tag() + m_text;
 }
 
-/// From here on everything of the open session goes to another file.
-void LogWriter::LetGoOfFile() {
+void LogWriter::MakeTextItsOwn() {
   std::string text = TextOfItsOwn();
-  if (m_isLastInText) {
-    m_last->Position += text.size() - m_text.size(); // wraps around, and comes out right
-  } else if (m_last) {
-    m_last->Position = 0;
-    m_isLastInText = true;
-  }
+  const std::size_t shift = text.size() - m_text.size(); // wraps around, and comes out right
+  for (Element& element : m_elements) element.Position += shift;
+  m_last->Position = m_isLastInText ? m_last->Position + shift : 0;
+  m_isLastInText = true;
   m_text = std::move(text);
+}
+
+/// From here on everything goes to another file, or behind what others have added; `now` is what there is by now, if
+/// anything. A close stamp stays with the session's own tag as long as there is one.
+void LogWriter::LetGoOfFile(const ILogFile* now) {
+  const bool isTagGone = m_stamping && !(now != nullptr && HoldsTag(*now, m_stamping->Closed));
+  if (isTagGone) m_stamping.reset();
+  if (isTagGone || !m_text.empty()) MakeTextItsOwn();
   m_openAtEnd.reset();
-  m_stamping.reset();
   m_identity = {};
   m_isPrepared = false;
 }
 
 bool LogWriter::BeginAnew() {
   m_attempt.clear();
-  LetGoOfFile();
+  LetGoOfFile(nullptr);
   const std::string head = LogText::Head();
   const auto file = m_disk.Create(m_path, [&](const ILogDisk::Sink& sink) {
     sink(head);
@@ -138,29 +196,54 @@ bool LogWriter::BeginAnew() {
   return true;
 }
 
-void LogWriter::TakeUpChanged(const ILogFile& file) {
+void LogWriter::TakeUpChanged(const ILogFile& file, LogStamps& others) {
   const auto identity = file.Identity();
-  ILogVisitor nobody;
-  LogReading reading = LogReader::Read(file, nobody);
+  const Stamps ours = StampsOf(Unsaved());
+  Comparison comparison(ours, others);
+  LogReading reading = LogReader::Read(file, comparison);
   if (reading.Ending == LogReading::End::Broken || !reading.IsOurs()) {
     throw NoLogFault("it has been changed by another program and is not a valid data store any more");
   }
   CheckUnchanged(file, identity, reading);
-  LetGoOfFile();
+  std::vector<bool> isTaken;
+  for (const auto& stamp : ours) isTaken.push_back(comparison.IsTaken(stamp));
+  GiveUp(isTaken);
+  LetGoOfFile(&file);
   TakeUp(identity, std::move(reading));
 }
 
+/// Takes entities out of the text.
+void LogWriter::GiveUp(const std::vector<bool>& isTaken) {
+  std::vector<Element> kept;
+  std::size_t gone = 0;
+  for (std::size_t i = 0; i < m_elements.size(); ++i) {
+    const Element element{m_elements[i].Position - gone, m_elements[i].Size};
+    if (i >= isTaken.size() || !isTaken[i]) {
+      kept.push_back(element);
+      continue;
+    }
+    m_text.erase(element.Position, element.Size);
+    if (m_isLastInText && m_last->Position > element.Position) m_last->Position -= element.Size;
+    gone += element.Size;
+    m_hasGivenUp = true;
+    m_mustTell = true;
+  }
+  m_elements = std::move(kept);
+}
+
 std::unique_ptr<ILogFile> LogWriter::Prepare(std::unique_ptr<ILogFile> file) {
-  if (m_reading.IsUtf8 && !m_reading.HasEpilogue) {
+  if (CanBeAddedTo()) {
     CheckUnchanged(*file, m_identity, m_reading);
     Close(*file);
   } else {
+    WriteStamp(*file);
     file = m_disk.Replace(m_path, [&](const ILogDisk::Sink& sink) {
       m_end = RewriteLog(LogReader::MendedSourceOf(*file, m_reading), sink);
       const auto named = m_disk.Open(m_path, ILogDisk::Access::Read);
       if (!named) throw NoLogFault(ChangedMeanwhile);
       CheckUnchanged(*named, m_identity, m_reading);
     });
+    m_stamping.reset();
   }
   m_identity = file->Identity();
   m_isPrepared = true;
@@ -182,6 +265,12 @@ void LogWriter::Close(ILogFile& file) {
   m_end = end + (m_reading.InSession ? LogText::SessionEnd.size() : 0);
 }
 
+void LogWriter::WriteStamp(ILogFile& file) {
+  if (!m_stamping) return;
+  file.Write(m_stamping->Closed.Room(), m_stamping->Field);
+  std::erase(m_reading.TornCloseStamps, m_stamping->Closed.Room()); // what was torn there is whole
+}
+
 void LogWriter::Write(ILogFile& file) {
   const std::size_t size = m_text.size();
   try {
@@ -190,7 +279,7 @@ void LogWriter::Write(ILogFile& file) {
       file.Write(m_end, m_text);
       m_text.resize(size);
     }
-    if (m_stamping) file.Write(m_stamping->Closed.Room(), m_stamping->Field);
+    WriteStamp(file);
     file.Close();
   } catch (...) {
     m_text.resize(size);
@@ -241,6 +330,7 @@ void LogWriter::TextIsSaved(const LogFileIdentity& identity) {
   }
   m_end += m_text.size();
   m_text.clear();
+  m_elements.clear();
 }
 
 } // namespace portico

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/LogReader.h"
+#include "document/LogStamps.h"
 #include "framework/text.h"
 
 #include <memory>
@@ -12,6 +13,12 @@ namespace portico {
 
 /// The file is no log of this application and is left alone.
 struct NoLogFault : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// The file holds the stamp of an entity that was to be saved: another program has drawn it, too. The entity has been
+/// given up, since a log that holds a stamp twice cannot be read; all else is saved.
+struct StampTakenFault : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
@@ -33,16 +40,18 @@ public:
   /// Takes up the file that the reading is of. Writes nothing.
   void TakeUp(const LogFileIdentity& identity, LogReading reading);
 
-  // What is to be saved. The element begins with a line feed.
+  // What is to be saved. The element is one entity's and begins with a line feed.
   void OpenSession(StringView stamp);
-  void Append(std::string_view element) { m_text += element; }
+  void Append(std::string_view element);
   /// Gives the session that was opened last a close stamp, or another one.
   void CloseSession(StringView stamp);
 
-  /// Throws NoLogFault, or what the disk throws.
-  void Save();
+  /// Throws NoLogFault, StampTakenFault, or what the disk throws. `others` is told of all stamps of a log that others
+  /// have changed.
+  void Save(LogStamps& others);
 
-  bool IsAnythingUnsaved() const { return !m_text.empty() || m_stamping; }
+  /// Something has not been saved, or never will be.
+  bool IsAnythingUnsaved() const { return !m_text.empty() || m_stamping || m_hasGivenUp; }
   /// A document of what has not been saved; empty if there is no such thing.
   std::string Unsaved() const;
 
@@ -62,15 +71,27 @@ private:
     std::string Field;
   };
 
+  /// Of an entity, in the text.
+  struct Element {
+    std::size_t Position = 0;
+    std::size_t Size = 0;
+  };
+
   std::string_view ClosingTags() const;
+  static bool HoldsTag(const ILogFile& file, const Session& session);
   bool StandsAsLeft(const ILogFile& file) const;
   std::string TextOfItsOwn() const;
-  void LetGoOfFile();
+  void MakeTextItsOwn();
+  void LetGoOfFile(const ILogFile* now);
+  void SaveAll(LogStamps& others);
   bool BeginAnew();
-  void TakeUpChanged(const ILogFile& file);
+  void TakeUpChanged(const ILogFile& file, LogStamps& others);
+  void GiveUp(const std::vector<bool>& isTaken);
   std::unique_ptr<ILogFile> Prepare(std::unique_ptr<ILogFile> file);
+  bool CanBeAddedTo() const { return m_reading.IsUtf8 && !m_reading.HasEpilogue; }
   void Close(ILogFile& file);
   bool IsTraceOfAttempt(const ILogFile& file) const;
+  void WriteStamp(ILogFile& file);
   void Write(ILogFile& file);
   void Undo(ILogFile& file);
   void TextIsSaved(const LogFileIdentity& identity);
@@ -85,10 +106,13 @@ private:
   std::optional<Session> m_openAtEnd; // the session of ours that m_end lies in
 
   std::string m_text; // to be saved
+  std::vector<Element> m_elements;
   std::optional<Session> m_last;
   bool m_isLastInText = false;
   std::string m_attempt; // what a save has tried to write at m_end and perhaps has
   std::optional<Stamping> m_stamping;
+  bool m_hasGivenUp = false;
+  bool m_mustTell = false; // of an entity that was given up
 };
 
 } // namespace portico

@@ -86,7 +86,7 @@ LogReading CXMLDataStore::ReadStore(ILogVisitor& visitor, LogFileIdentity& ident
   try {
     if (const auto file = m_disk->Open(ToUtf8(m_fileName), ILogDisk::Access::Read)) {
       identity = file->Identity();
-      reading = LogReader::Read(Watched(LogReader::SourceOf(*file), identity.Size), visitor);
+      reading = LogReader::Read(Watched(Document().SourceOf(*file), identity.Size), visitor);
     }
   } catch (const std::system_error&) { // what cannot be read is broken
     reading.Ending = LogReading::End::Broken;

@@ -185,16 +185,18 @@ LogReading LogReader::Read(std::string_view bytes, ILogVisitor& visitor) {
 LogReading LogReader::Read(const ILogFile& file, ILogVisitor& visitor) { return Read(SourceOf(file), visitor); }
 
 LogReader::Source LogReader::SourceOf(const ILogFile& file) {
-  auto [end, tail] = EndOf(file);
-  const std::uint64_t tailStart = end - tail.size();
-  return [&file, tail = std::move(tail), tailStart, position = std::uint64_t{0}](char* buffer,
-                                                                                 std::size_t size) mutable {
+  FileEnd end = EndOf(file);
+  const std::uint64_t start = end.Size - end.Tail.size();
+  return SourceOf(file, start, std::move(end.Tail));
+}
+
+LogReader::Source LogReader::SourceOf(const ILogFile& file, std::uint64_t end, std::string tail) {
+  return [&file, end, tail = std::move(tail), position = std::uint64_t{0}](char* buffer, std::size_t size) mutable {
     std::size_t count = 0;
-    if (position < tailStart) {
-      count =
-          file.Read(position, buffer, static_cast<std::size_t>(std::min<std::uint64_t>(size, tailStart - position)));
+    if (position < end) {
+      count = file.Read(position, buffer, static_cast<std::size_t>(std::min<std::uint64_t>(size, end - position)));
     } else {
-      count = tail.copy(buffer, size, static_cast<std::size_t>(position - tailStart));
+      count = tail.copy(buffer, size, static_cast<std::size_t>(position - end));
     }
     position += count;
     return count;

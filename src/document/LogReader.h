@@ -61,6 +61,8 @@ LogReading Read(std::string_view bytes, ILogVisitor& visitor);
 LogReading Read(const ILogFile& file, ILogVisitor& visitor);
 /// The file as it is now: what a writer adds meanwhile is not read.
 Source SourceOf(const ILogFile& file);
+/// The file up to that position, and that text behind it.
+Source SourceOf(const ILogFile& file, std::uint64_t end, std::string tail);
 /// The same, with blanks in the room of each torn close stamp.
 Source MendedSourceOf(const ILogFile& file, const LogReading& reading);
 

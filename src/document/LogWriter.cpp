@@ -132,6 +132,11 @@ void LogWriter::SaveAll(LogStamps& others) {
   Write(*file);
 }
 
+LogReader::Source LogWriter::SourceOf(const ILogFile& file) const {
+  if (m_attempt.empty() || !IsTraceOfAttempt(file)) return LogReader::SourceOf(file);
+  return LogReader::SourceOf(file, m_end, std::string(ClosingTags()));
+}
+
 std::string LogWriter::Unsaved() const {
   if (m_text.empty()) return {};
   return "<" + std::string(LogName::Root) + ">" + TextOfItsOwn() + std::string(LogText::SessionAndRootEnd);

@@ -52,6 +52,8 @@ public:
 
   /// Something has not been saved, or never will be.
   bool IsAnythingUnsaved() const { return !m_text.empty() || m_stamping || m_hasGivenUp; }
+  /// The log as the file has it, without what a failed save has left in it.
+  LogReader::Source SourceOf(const ILogFile& file) const;
   /// A document of what has not been saved; empty if there is no such thing.
   std::string Unsaved() const;
 

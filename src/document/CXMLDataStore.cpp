@@ -266,11 +266,25 @@ Ref<CDataFIFO> CXMLDataStore::FillDataFIFOFromStore() try {
   fifo->Initialize(0);
   Filler filler(*this, *fifo);
   LogFileIdentity identity;
-  HuntERR::Check(StoreIsValid(ReadStore(filler, identity)), ErrorNumber::BadFileFormat, NotValid());
+  const LogReading reading = ReadStore(filler, identity);
+  HuntERR::Check(StoreIsValid(reading), ErrorNumber::BadFileFormat, NotValid());
   LogReader::Read(Document().Unsaved(), filler);
+  if (reading.Ending == LogReading::End::Torn) TellMissingEnd();
   return fifo;
 } catch (...) {
   PassOn(Label(u".FillDataFIFOFromStore()"));
+}
+
+/// A log that is being written may look torn. Who holds its lock sees whether it is.
+void CXMLDataStore::TellMissingEnd() const {
+  LogReading reading;
+  try {
+    ILogVisitor nobody;
+    const auto file = m_disk->Open(ToUtf8(m_fileName), ILogDisk::Access::LockedRead);
+    if (file) reading = LogReader::Read(*file, nobody);
+  } catch (const std::system_error&) { // who cannot look again has nothing to tell
+  }
+  if (reading.Ending == LogReading::End::Torn) LogWatch::TellMissingEnd(reading);
 }
 
 Ref<IDataEntity> CXMLDataStore::ElementToDataEntity(const LogElement* Element, Filler& names) const try {

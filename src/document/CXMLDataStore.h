@@ -62,6 +62,7 @@ private:
   void LoadStore();
   void TakeUpStamps();
   LogReading ReadStore(ILogVisitor& visitor, LogFileIdentity& identity) const;
+  void TellMissingEnd() const;
   void Save();
   LogWriter& Document() const;
   String TheFile() const { return u"The file, " + m_fileName + u", "; }

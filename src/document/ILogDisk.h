@@ -37,7 +37,7 @@ public:
 /// The place where logs lie. Paths are UTF-8. Failures are thrown as std::system_error.
 class ILogDisk {
 public:
-  enum class Access { Read, ReadAndWrite };
+  enum class Access { Read, LockedRead, ReadAndWrite };
   /// Calls its argument with the pieces of a new file, in order.
   using Sink = std::function<void(std::string_view)>;
 
@@ -46,7 +46,8 @@ public:
   /// Something that is no directory has the name.
   virtual bool Exists(const std::string& path) const = 0;
   /// No file for an absent one. What is not a plain file is refused. A file that is opened for writing is locked
-  /// against every other that is, until it is let go; one that somebody else keeps locked for too long is refused.
+  /// against every other that is, until it is let go; one that is read under a lock is locked against all that write.
+  /// A file that somebody else keeps locked for too long is refused.
   virtual std::unique_ptr<ILogFile> Open(const std::string& path, Access access) = 0;
   /// Removes a plain file; leaves anything else alone.
   virtual void Remove(const std::string& path) = 0;

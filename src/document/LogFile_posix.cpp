@@ -66,10 +66,10 @@ public:
   }
 
   /// Others hold the lock for one save. One that is held longer must not hold up a conversation.
-  void Lock() const {
+  void Lock(int kind = LOCK_EX) const {
     constexpr int attempts = 1000;
     constexpr timespec pause{0, 1'000'000};
-    for (int attempt = 1; flock(m_descriptor, LOCK_EX | LOCK_NB) != 0; ++attempt) {
+    for (int attempt = 1; flock(m_descriptor, kind | LOCK_NB) != 0; ++attempt) {
       if (errno != EWOULDBLOCK && errno != EINTR) return; // where there are no locks it must go without
       if (attempt == attempts) Fail();
       nanosleep(&pause, nullptr);
@@ -195,9 +195,9 @@ bool LogDisk::Exists(const std::string& path) const {
 std::unique_ptr<ILogFile> LogDisk::Open(const std::string& path, Access access) {
   CheckPath(path);
   for (;;) {
-    auto file = OpenPlainFile(path, access == Access::Read ? O_RDONLY : O_RDWR);
+    auto file = OpenPlainFile(path, access == Access::ReadAndWrite ? O_RDWR : O_RDONLY);
     if (!file || access == Access::Read) return file;
-    file->Lock();
+    file->Lock(access == Access::ReadAndWrite ? LOCK_EX : LOCK_SH);
     if (IsAt(path, *file)) return file; // else whoever had the lock has put another in its place
   }
 }

@@ -36,6 +36,9 @@ struct LogReading {
   std::uint64_t SoundEnd = 0;
   /// `SoundEnd` lies in a session.
   bool InSession = false;
+  /// Sessions whose opening tag is whole, and the opening stamp of the last.
+  std::size_t Sessions = 0;
+  std::string LastOpenStamp;
   /// The bytes are UTF-8, so that they can be added to.
   bool IsUtf8 = true;
   /// Comments or instructions stand behind the root.

@@ -25,9 +25,12 @@ void LogStructure::StartElement(std::string_view name, const char* const* attrib
     m_visitor.Header(header);
   } else if (place == Place::Root && name == LogName::Session) {
     TakeAttributes(attributes);
+    const LogElement session = Element(name);
     m_inSession = true;
+    ++m_reading.Sessions;
+    m_reading.LastOpenStamp = session.Attribute(LogName::OpenStamp).value_or("");
     KeepUpTo(end);
-    m_visitor.SessionOpened(Element(name));
+    m_visitor.SessionOpened(session);
   } else if (place == Place::Session) {
     TakeAttributes(attributes);
     m_name = name;

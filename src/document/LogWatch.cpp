@@ -24,4 +24,8 @@ void LogWatch::TellEntity() {
   if (watching != nullptr) watching->EntityRead();
 }
 
+void LogWatch::TellMissingEnd(const LogReading& reading) {
+  if (watching != nullptr) watching->EndIsMissing(reading);
+}
+
 } // namespace portico

@@ -4,6 +4,8 @@
 
 namespace portico {
 
+struct LogReading;
+
 /// Is told how far the reading of a log has come, and may use the program meanwhile. What it throws ends the reading
 /// and reaches whoever has asked for it.
 class ILogWatcher {
@@ -13,6 +15,8 @@ public:
   virtual void BytesRead(std::uint64_t done, std::uint64_t total) = 0;
   /// An entity has been put into the container that is being filled.
   virtual void EntityRead() = 0;
+  /// Behind the filling: the log is torn, and nobody is writing it.
+  virtual void EndIsMissing(const LogReading& reading) = 0;
 };
 
 /// Lets a watcher see what is read while this lives; without one nobody is told. Watches are given up in the reverse of
@@ -26,6 +30,7 @@ public:
 
   static void TellBytes(std::uint64_t done, std::uint64_t total);
   static void TellEntity();
+  static void TellMissingEnd(const LogReading& reading);
 
 private:
   ILogWatcher* m_before;

@@ -1,5 +1,6 @@
 #include "ui/LogLoading.h"
 
+#include "document/LogReader.h"
 #include "framework/ErrorNumbers.h"
 #include "framework/HuntERR.h"
 #include "platform/IProgress.h"
@@ -13,9 +14,17 @@ namespace {
 constexpr double CheckedShare = 0.02;
 constexpr double ReadShare = 0.2;
 
+/// Where the sound part of a log ends.
+String PlaceOf(const LogReading& reading) {
+  if (reading.Sessions == 0) return u"in front of its first session";
+  String place = (reading.InSession ? u"in session " : u"behind session ") + ToText(std::int64_t(reading.Sessions));
+  if (!reading.LastOpenStamp.empty()) place += u", opened " + FromUtf8(reading.LastOpenStamp).Text;
+  return place;
+}
+
 } // namespace
 
-LogLoading::LogLoading(const String& FileName) : m_watch(std::in_place, this) {
+LogLoading::LogLoading(const String& FileName) : m_fileName(FileName), m_watch(std::in_place, this) {
   if (gProgress) gProgress->Begin(u"Reading " + FileName);
 }
 
@@ -36,6 +45,11 @@ void LogLoading::BytesRead(std::uint64_t done, std::uint64_t total) {
   const double to = m_pass < 2 ? CheckedShare : ReadShare;
   const double part = total == 0 ? 1 : static_cast<double>(done) / static_cast<double>(total);
   Tell(from + (to - from) * std::min(part, 1.0));
+}
+
+void LogLoading::EndIsMissing(const LogReading& reading) {
+  m_warning = u"The end of the log, " + m_fileName + u", is missing. It breaks off " + PlaceOf(reading) +
+              u". What stands in front of that is shown.";
 }
 
 void LogLoading::EntityShown() {

@@ -20,14 +20,20 @@ public:
   /// All has been read: every entity that the container gets from now on has been shown.
   void Follow(const Ref<CDataFIFO>& container);
 
+  /// What the user is to know of a log whose end is missing; empty for any other.
+  const String& Warning() const { return m_warning; }
+
   void BytesRead(std::uint64_t done, std::uint64_t total) override;
   void EntityRead() override { ++m_read; }
+  void EndIsMissing(const LogReading& reading) override;
 
 private:
   void EntityShown();
   /// Of the work as a whole, from 0 to 1.
   static void Tell(double share);
 
+  String m_fileName;
+  String m_warning;
   std::optional<LogWatch> m_watch; // until all is read
   Ref<CDataFIFO> m_container;
   CDataFIFO::EntityEvent::Connection m_added = 0;

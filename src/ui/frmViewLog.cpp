@@ -60,6 +60,7 @@ void frmViewLog::Show(IForm* Owner) {
   }
   m_form->Owner(Owner);
   m_form->Show();
+  if (!m_warning.empty()) gMessageBox->Show(m_warning, ApplicationTitle);
 }
 
 void frmViewLog::Connect() {
@@ -129,6 +130,7 @@ void frmViewLog::LoadLog() try {
   loading.Follow(queue);
   merge->Execute();
   m_view->Refresh();
+  m_warning = loading.Warning();
 } catch (...) {
   PassOn(u"frmViewLog.LoadLog");
 }

@@ -25,7 +25,8 @@ public:
   /// The log, by its path as it was given. To be set before `Show`.
   void FileName(const String& newValue) { m_fileName = newValue; }
   /// Reads the log and shows it, without blocking, in front of the owner. A log that cannot be read ends in a message
-  /// box and an empty window; one whose reading the user gives up in none.
+  /// box and an empty window; one whose reading the user gives up in none. Of one whose end is missing the rest is
+  /// shown, and a message box says so.
   void Show(IForm* Owner);
   /// Lets menu states follow selection and content. Both arguments are without use.
   void UpdateUI(const String& ItemName, const String& ItemValue);
@@ -70,6 +71,7 @@ private:
   IToolBar& tbToolBar() const { return Find<IToolBar>(ToolBarName); }
 
   String m_fileName;
+  String m_warning; // to be shown once the log is
   Ref<IForm> m_form;
   Ref<CSCPIView> m_view;
   std::unique_ptr<ITimer> m_tmrKey;

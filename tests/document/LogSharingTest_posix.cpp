@@ -137,5 +137,37 @@ TEST_F(LogSharingTest, ALockIsHeldForASaveOnly) {
   EXPECT_EQ(TextsOf(Bytes()), (std::vector<std::string>{"3100", "3200"}));
 }
 
+TEST_F(LogSharingTest, AReadingUnderTheLockWaitsUntilNobodyWrites) {
+  const auto store = Store();
+  store->OpenSession();
+  const std::string before = Bytes();
+  int ready[2] = {};
+  ASSERT_EQ(pipe(ready), 0);
+  const pid_t writer = fork();
+  if (writer == 0) {
+    const auto file = LogDisk().Open(m_path, ILogDisk::Access::ReadAndWrite);
+    file->Write(before.size(), "half");
+    if (write(ready[1], "x", 1) != 1) std::_Exit(1);
+    file->Truncate(before.size());
+    file->Close();
+    std::_Exit(0);
+  }
+  char sign = 0;
+  ASSERT_EQ(read(ready[0], &sign, 1), 1);
+  EXPECT_EQ(LogDisk().Open(m_path, ILogDisk::Access::LockedRead)->Identity().Size, before.size());
+  EXPECT_EQ(StatusOf(writer), 0);
+  close(ready[0]);
+  close(ready[1]);
+}
+
+TEST_F(LogSharingTest, ReadersUnderTheLockDoNotShutEachOtherOutButWriters) {
+  const auto store = Store();
+  const auto one = LogDisk().Open(m_path, ILogDisk::Access::LockedRead);
+  const auto other = LogDisk().Open(m_path, ILogDisk::Access::LockedRead);
+  EXPECT_TRUE(one && other);
+  EXPECT_THROW(LogDisk().Open(m_path, ILogDisk::Access::ReadAndWrite), std::system_error);
+  EXPECT_THROW(one->Write(0, "x"), std::system_error); // a log that may only be read can be read so
+}
+
 } // namespace
 } // namespace portico::test

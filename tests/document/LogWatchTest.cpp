@@ -3,6 +3,8 @@
 #include "LogBench.h"
 #include "framework/ErrorNumbers.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <optional>
 #include <sstream>
 
@@ -20,6 +22,10 @@ public:
     if (OnBytes) OnBytes();
   }
   void EntityRead() override { m_journal.push_back(m_name + "entity"); }
+  void EndIsMissing(const LogReading& reading) override {
+    m_journal.push_back(m_name + "no end " + (reading.InSession ? "in " : "behind ") +
+                        std::to_string(reading.Sessions) + ", " + reading.LastOpenStamp);
+  }
 
   std::function<void()> OnBytes;
   bool TellsAll = false; ///< places in the middle, too: in which pieces a file is read is the reader's affair
@@ -126,6 +132,72 @@ TEST_F(LogWatchTest, AWatcherThatReadsMayWatchItself) {
   Store();
   EXPECT_EQ(Take(), (List{OfAll(0), "other " + OfAll(0), "other entity", "other entity",
                           "other " + OfAll(Bytes().size()), OfAll(Bytes().size())}));
+}
+
+/// A log that has been cut off behind a text of its.
+class TornLogWatchTest : public LogWatchTest {
+protected:
+  void CutBehind(const std::string& text) { Bytes().resize(Bytes().find(text) + text.size()); }
+  /// What is told of a filling, but for how far it is.
+  List ToldOfFilling() {
+    const auto store = Store();
+    {
+      const LogWatch watch(&Watching);
+      Read(store);
+    }
+    auto told = Take();
+    told.erase(std::remove_if(told.begin(), told.end(),
+                              [](const std::string& line) { return line.find(" of ") != std::string::npos; }),
+               told.end());
+    return told;
+  }
+};
+
+TEST_F(TornLogWatchTest, IsToldOfBehindWhatIsWhole) {
+  CutBehind("]]></Response>\n<Resp");
+  EXPECT_EQ(ToldOfFilling(), (List{"entity", "no end in 1, 2004-02-09T08:05:03.000000001-5:00"}));
+}
+
+TEST_F(TornLogWatchTest, TellsOfTheSessionBehindWhichItEnds) {
+  CutBehind("</Session>");
+  EXPECT_EQ(ToldOfFilling(), (List{"entity", "entity", "no end behind 1, 2004-02-09T08:05:03.000000001-5:00"}));
+  const auto store = Store();
+  store->OpenSession();
+  CutBehind("\n</Session>\n<Session SessionOpenTimeStamp=\"2004-");
+  EXPECT_EQ(ToldOfFilling().back(), "no end behind 1, 2004-02-09T08:05:03.000000001-5:00");
+}
+
+TEST_F(TornLogWatchTest, TellsOfALogThatHasNoSessionLeft) {
+  CutBehind(kHeader);
+  EXPECT_EQ(ToldOfFilling(), List{"no end behind 0, "});
+}
+
+TEST_F(TornLogWatchTest, IsNotToldOfIfTheLockShowsItWhole) {
+  const std::string whole = Bytes();
+  CutBehind("]]></Response>\n<Resp");
+  Disk->BeforeLockedRead = [&] { Bytes() = whole; };
+  EXPECT_EQ(ToldOfFilling(), List{"entity"});
+}
+
+TEST_F(TornLogWatchTest, IsNotToldOfIfItCannotBeLocked) {
+  CutBehind("</Session>");
+  Disk->LockFault = EWOULDBLOCK;
+  EXPECT_EQ(ToldOfFilling(), (List{"entity", "entity"}));
+  Disk->LockFault = 0;
+  Disk->BeforeLockedRead = [this] { Disk->Remove(kPath); };
+  EXPECT_EQ(ToldOfFilling(), (List{"entity", "entity"}));
+}
+
+TEST_F(TornLogWatchTest, AWholeLogIsNotLookedAtAgain) {
+  Disk->BeforeLockedRead = [] { ADD_FAILURE() << "locked"; };
+  EXPECT_EQ(ToldOfFilling(), (List{"entity", "entity"}));
+}
+
+TEST_F(TornLogWatchTest, TheCheckOfAStoreTellsNothing) {
+  CutBehind("</Session>");
+  const LogWatch watch(&Watching);
+  Store();
+  EXPECT_EQ(Take(), (List{OfAll(0), OfAll(Bytes().size())}));
 }
 
 TEST_F(LogWatchTest, ALogThatIsNotThereIsNotToldOf) {

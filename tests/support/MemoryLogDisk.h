@@ -22,8 +22,9 @@ public:
 
   /// Of one file; what does not fit is not written, and fails.
   std::size_t Capacity = std::numeric_limits<std::size_t>::max();
-  /// The error number of each opening, and of each new file; 0 for none.
+  /// The error number of each opening, of each lock, and of each new file; 0 for none.
   int OpenFault = 0;
+  int LockFault = 0; // of a reading only
   int ReplaceFault = 0;
   /// Of each truncation, and of each closing.
   int TruncateFault = 0;
@@ -35,13 +36,19 @@ public:
 
   /// What others do once, when it has been seen that there is no file.
   std::function<void()> BeforeCreation;
+  /// What the one who holds the lock still does before another gets it to read.
+  std::function<void()> BeforeLockedRead;
 
   struct Killed {};
 
   bool Exists(const std::string& path) const override { return m_files.count(path) != 0; }
 
-  std::unique_ptr<ILogFile> Open(const std::string& path, Access) override {
+  std::unique_ptr<ILogFile> Open(const std::string& path, Access access) override {
     if (OpenFault != 0) throw std::system_error(OpenFault, std::generic_category());
+    if (access == Access::LockedRead) {
+      if (LockFault != 0) throw std::system_error(LockFault, std::generic_category());
+      if (BeforeLockedRead) BeforeLockedRead();
+    }
     const auto found = m_files.find(path);
     if (found == m_files.end()) return {};
     return std::make_unique<Handle>(*this, found->second);

@@ -81,6 +81,14 @@ TEST_F(LogFileTest, ALinkToNothingAndAnOverwrittenOneStayLinks) {
   EXPECT_EQ(Tell(Get(Path("real.xml"))).size(), 1U);
 }
 
+TEST_F(LogFileTest, AnOverwrittenLogIsANewFile) {
+  Put(Path(), LogOf("<Session/>"));
+  fs::create_hard_link(Path(), Path("kept"));
+  Store(Path(), true);
+  EXPECT_FALSE(fs::equivalent(Path(), Path("kept")));
+  EXPECT_EQ(Get(Path("kept")), LogOf("<Session/>"));
+}
+
 TEST_F(LogFileTest, AFileInTheOldOnesPlaceIsAnotherFile) {
   const auto store = Store(Path());
   store->OpenSession();

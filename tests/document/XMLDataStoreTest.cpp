@@ -97,6 +97,15 @@ TEST_F(XMLDataStoreTest, WithOverwriteTheOldContentsAreGone) {
   EXPECT_EQ(Tell(Bytes()).size(), 1U);
 }
 
+TEST_F(XMLDataStoreTest, AnOverwrittenLogIsANewFile) {
+  Disk->Put(kPath, LogOf("<Session/>"));
+  const auto old = Disk->Open(kPath, ILogDisk::Access::Read);
+  const auto identity = old->Identity();
+  Store(true);
+  EXPECT_NE(Disk->Open(kPath, ILogDisk::Access::Read)->Identity().File, identity.File);
+  EXPECT_EQ(old->Identity(), identity); // whoever has it open keeps what it held
+}
+
 TEST_F(XMLDataStoreTest, SeveralSessionsStandInOrderOfOpening) {
   const auto store = Store();
   for (const char16_t* text : {u"a", u"b", u"c"}) {

@@ -175,6 +175,30 @@ TEST_F(NewLogTest, NeedsAStore) {
   EXPECT_EQ(LogFileName(), "");
 }
 
+/// A store that can be made, and in which no session can be opened.
+class StoreWithoutSessions final : public IDataStore {
+public:
+  StringView ClassName() const override { return u"StoreWithoutSessions"; }
+  Ref<IIteratableObject> FillDataContainerFromStore() override { return {}; }
+  void AppendDataEntityToStore(const Ref<IDataEntity>&) override {}
+  void OpenSession() override { HuntERR::Raise(ErrorNumber::FileAccess, ClassName(), u"The disk is full."); }
+  void CloseSession() override {}
+};
+
+TEST_F(NewLogTest, ASessionThatCannotBeOpenedComesWhenTheNameIsSet) {
+  Replace(u"DataStore", New<StoreWithoutSessions>());
+  Configuration->Items[u"Logging"] = u"Off";
+  const ErrorRecord error = Failure(u"ToggleLogFile");
+  ExpectError(error, 75, u"The disk is full.");
+  ExpectTrail(error, {u"CNewLogFile.OpenNewLogFile", u"CNewLogFile.ICommand_Execute"});
+  EXPECT_EQ(TakeWrites(), (List{"ShowOpen 'Open a log file'", "LogFileName=" + PathOf("run.log"), "Logging=On"}));
+  EXPECT_EQ(LogFileName(), PathOf("run.log"));
+  EXPECT_EQ(Logging(), "On");
+  EXPECT_FALSE(bool(Main->Logger()));
+  Run(u"ToggleLogFile"); // which closes the log
+  EXPECT_EQ(LogFileName(), "");
+}
+
 TEST_F(NewLogTest, AFailureToCloseBearsTheNameOfAnOlderClass) {
   Run(u"ToggleLogFile");
   Main->OnLogger = [] { HuntERR::Raise(ErrorNumber::InternalState, u"Window", u"Not now."); };

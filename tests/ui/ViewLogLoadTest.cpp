@@ -1,5 +1,7 @@
 #include "ViewLogFixture.h"
 
+#include "support/ReportDouble.h"
+
 namespace portico::test {
 namespace {
 
@@ -126,6 +128,22 @@ TEST_F(ViewLogLoadTest, ShowsTheLogAsItWasWhenItWasOpened) {
   EXPECT_EQ(CountOf(Read("run.log"), "SessionCloseTimeStamp="), 1U);
   MakeLog("run.log", {u"later\r\n"});
   EXPECT_EQ(Past(viewer).Text(), u"");
+}
+
+TEST_F(ViewLogLoadTest, ALogThatIsBeingWrittenIsShownUpToNowAndGoesOn) {
+  Dialog->FileName = NameOf("run.log");
+  Run(u"ToggleLogFile");
+  const auto agent = Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray());
+  agent->Notify(ReportOf(u"CReadCmd", u"before"));
+  const auto viewer = View("run.log");
+  EXPECT_EQ(Past(viewer).Text(), u"\u00AEbefore\r\n");
+  agent->Notify(ReportOf(u"CReadCmd", u"after"));
+  EXPECT_EQ(Past(viewer).Text(), u"\u00AEbefore\r\n");
+  Run(u"ToggleLogFile");
+  EXPECT_EQ(CountOf(Read("run.log"), "<Session "), 1U);
+  EXPECT_EQ(CountOf(Read("run.log"), "SessionCloseTimeStamp="), 1U);
+  EXPECT_EQ(Past(viewer).Text(), u"\u00AEbefore\r\n");
+  EXPECT_EQ(Past(View("run.log")).Text(), u"\u00AEbefore\r\n\u00AEafter\r\n");
 }
 
 TEST_F(ViewLogLoadTest, TheTextFillsWhatTheToolbarLeaves) {

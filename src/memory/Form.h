@@ -19,15 +19,6 @@ inline constexpr double MenuBarHeight = 20 * FormUnitsPerPixel;
 inline constexpr double ScreenWidth = 1920 * FormUnitsPerPixel;
 inline constexpr double ScreenHeight = 1080 * FormUnitsPerPixel;
 
-// Key codes and states of `KeyDown`.
-inline constexpr std::int32_t TabKey = 9;
-inline constexpr std::int32_t ReturnKey = 13;
-inline constexpr std::int32_t EscapeKey = 27;
-inline constexpr std::int32_t F1Key = 112;
-inline constexpr std::int32_t ShiftState = 1;
-inline constexpr std::int32_t CtrlState = 2;
-inline constexpr std::int32_t AltState = 4;
-
 /// A form without a window. Made by `Screen::Load`. Not on the screen until it is shown; until then it fires no
 /// `Resize`, but one when it is shown first.
 class Form final : public IForm, public Placement {

@@ -15,6 +15,15 @@ namespace portico {
 
 enum class WindowState : std::int32_t { Normal = 0, Minimized = 1, Maximized = 2 };
 
+// Key codes and states of `KeyDown`.
+inline constexpr std::int32_t TabKey = 9;
+inline constexpr std::int32_t ReturnKey = 13;
+inline constexpr std::int32_t EscapeKey = 27;
+inline constexpr std::int32_t F1Key = 112;
+inline constexpr std::int32_t ShiftState = 1;
+inline constexpr std::int32_t CtrlState = 2;
+inline constexpr std::int32_t AltState = 4;
+
 /// What a form tells of itself. All fire synchronously.
 struct FormEvents {
   Event<> Resize;
@@ -25,7 +34,7 @@ struct FormEvents {
   Event<> QueryUnload;
   /// The form has gone from the screen for good, and is about to be forgotten.
   Event<> Unload;
-  /// A key code and the state of Shift (1), Ctrl (2) and Alt (4), before the control with the focus sees it.
+  /// A key code and the sum of the states, before the control with the focus sees it.
   Event<std::int32_t, std::int32_t> KeyDown;
 };
 

@@ -6,7 +6,7 @@
 
 namespace portico::qt {
 
-/// Shift (1), Ctrl (2) and Alt (4) as one number.
+/// Shift, Ctrl and Alt as one number.
 std::int32_t ShiftState(Qt::KeyboardModifiers modifiers);
 
 /// The code of a key, as `FormEvents::KeyDown` has it; 0 for one that has none.

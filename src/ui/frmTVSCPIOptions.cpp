@@ -12,9 +12,6 @@ namespace {
 constexpr std::int32_t PageOnScreen = 120;
 constexpr std::int32_t PageOffScreen = -20000;
 
-constexpr std::int32_t TabKey = 9;
-constexpr std::int32_t CtrlDown = 2;
-
 constexpr std::array<StringView, 2> Pages = {u"picOptions(0)", u"picOptions(1)"};
 
 enum class OptionKind : std::uint8_t { CheckBox, Text, Termination };
@@ -198,7 +195,7 @@ void frmTVSCPIOptions::ChangeTabState(std::int32_t i, bool State) try {
 }
 
 void frmTVSCPIOptions::Form_KeyDown(std::int32_t KeyCode, std::int32_t Shift) {
-  if (KeyCode != TabKey || Shift != CtrlDown) return;
+  if (KeyCode != TabKey || Shift != CtrlState) return;
   auto& tabs = Control<ITabStrip>(u"tbsOptions");
   const auto count = static_cast<std::int32_t>(tabs.Tabs().size());
   tabs.SelectedItem(tabs.SelectedItem() == count ? 1 : tabs.SelectedItem() + 1);

@@ -73,7 +73,7 @@ TEST_F(AboutTest, IsMadeUpOfThese) {
     expect(u"lblDisclaimer", ControlKind::Label);
     expect(u"cmdOK", ControlKind::CommandButton);
     EXPECT_EQ(Find<IControl>(form, u"cmdOK").Caption(), u"OK");
-    form.PressKey(memory::EscapeKey);
+    form.PressKey(EscapeKey);
   });
   ShowAbout(nullptr);
 }

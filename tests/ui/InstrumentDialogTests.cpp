@@ -77,12 +77,12 @@ TEST_F(InstrumentDialogTest, IsMadeUpOfThese) {
 TEST_F(InstrumentDialogTest, ReturnOpensAndEscapeCancels) {
   EXPECT_EQ(Ask([](memory::Form& form, memory::ComboBox& list) {
               list.Type(u"one");
-              form.PressKey(memory::ReturnKey);
+              form.PressKey(ReturnKey);
             }),
             "one");
   EXPECT_EQ(Ask([](memory::Form& form, memory::ComboBox& list) {
               list.Type(u"one");
-              form.PressKey(memory::EscapeKey);
+              form.PressKey(EscapeKey);
             }),
             "");
 }

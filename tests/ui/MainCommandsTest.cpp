@@ -247,15 +247,15 @@ TEST_F(MainCommandsTest, TheMenusReachTheirCommandsAndShortcutsDoToo) {
   SetOpened();
   EXPECT_TRUE(Menu(u"mnuFileCloseInstrument").Choose());
   EXPECT_FALSE(Menu(u"mnuFileOpenInstrument").Choose()) << "disabled while an instrument is open";
-  EXPECT_TRUE(MemoryForm().PressKey(memory::F1Key + 2)); // F3
+  EXPECT_TRUE(MemoryForm().PressKey(F1Key + 2)); // F3
   EXPECT_TRUE(Menu(u"mnuOptions").Choose());
   EXPECT_EQ(Commands, (std::vector<std::string>{"CloseInstrument", "WaitforOPC", "ConfigOptions"}));
 }
 
 TEST_F(MainCommandsTest, HiddenItemsShortcutsDoNothing) {
   EXPECT_FALSE(Menu(u"mnuCopyTo").Visible());
-  MemoryForm().PressKey(u'S', memory::CtrlState);
-  MemoryForm().PressKey(u'L', memory::CtrlState);
+  MemoryForm().PressKey(u'S', CtrlState);
+  MemoryForm().PressKey(u'L', CtrlState);
   EXPECT_TRUE(Commands.empty());
 }
 

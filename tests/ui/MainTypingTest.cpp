@@ -64,10 +64,10 @@ TEST_F(MainTypingTest, ThePlaceholderOfAnOpenInstrumentIsTextLikeAnyOther) {
 
 TEST_F(MainTypingTest, ATabKeyPassesOverTheClosedCommandWindow) {
   Window->txtPast()->SetFocus();
-  MemoryForm().PressKey(memory::TabKey);
+  MemoryForm().PressKey(TabKey);
   EXPECT_TRUE(Past().HasFocus());
   SetOpened();
-  MemoryForm().PressKey(memory::TabKey);
+  MemoryForm().PressKey(TabKey);
   EXPECT_TRUE(Future().HasFocus());
 }
 

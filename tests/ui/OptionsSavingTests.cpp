@@ -112,7 +112,7 @@ TEST_F(OptionsSavingTest, EachTerminationComesBackAsItWasStored) {
 TEST_F(OptionsSavingTest, CancelEscapeAndTheCloseBoxStoreNothing) {
   const std::vector<std::function<void(memory::Form&)>> ways = {
       [](memory::Form& form) { Press(form, u"cmdCancel"); },
-      [](memory::Form& form) { form.PressKey(memory::EscapeKey); },
+      [](memory::Form& form) { form.PressKey(EscapeKey); },
       [](memory::Form& form) { form.PressCloseBox(); },
   };
   for (const auto& leave : ways) {

@@ -105,7 +105,7 @@ TEST_F(ViewLogTest, StatesAreUpToDateWhenAMouseButtonIsReleased) {
 TEST_F(ViewLogTest, StatesAreUpToDateWhenAKeyHasReachedTheSelection) {
   const auto viewer = ViewWithSelection();
   Select(Past(viewer), 0, 0);
-  viewer->PressKey(65, memory::CtrlState);
+  viewer->PressKey(65, CtrlState);
   Select(Past(viewer), 0, 4); // what the key does
   gEventLoop->DoEvents();
   EXPECT_EQ(CopyStates(viewer), "---");
@@ -219,7 +219,7 @@ TEST_F(ViewLogTest, PrintsItsText) {
   EXPECT_TRUE(Menu(viewer, u"mnuFilePrint").Choose());
   EXPECT_EQ(Calls, (List{"ShowPrinter 'Print Setup' flags 268 CancelError"}));
   EXPECT_EQ(context->Printed(), (std::vector<String>{u"*IDN?\r\n"}));
-  EXPECT_TRUE(viewer->PressKey(u'P', memory::CtrlState));
+  EXPECT_TRUE(viewer->PressKey(u'P', CtrlState));
   EXPECT_EQ(context->Printed().size(), 2U);
 }
 
@@ -337,7 +337,7 @@ TEST_F(ViewLogTest, FailedUpdatesAreTold) {
 
 TEST_F(ViewLogTest, AFailedUpdateBehindAKeyIsTold) {
   const auto viewer = ViewWithSelection();
-  viewer->PressKey(65, memory::CtrlState);
+  viewer->PressKey(65, CtrlState);
   BreakTurns(); // due behind the update
   Fail([] { gEventLoop->DoEvents(); }, u"An error occured while changing focus.", u"frmViewLog.Form_KeyDown",
        u"Not now.");

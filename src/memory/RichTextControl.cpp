@@ -14,8 +14,7 @@ RichTextControl::RichTextControl(Form& form, const ControlDesign& design, Contro
 
 void RichTextControl::SelPrint(const Ref<IDeviceContext>& hDC) {
   const auto context = Cast<DeviceContext>(hDC);
-  const String selected = SelText();
-  context->Print(context->IsForSelection() && !selected.empty() ? selected : Text());
+  context->Print(context->IsForSelection() && SelTextLength() > 0 ? SelText() : Text());
 }
 
 bool RichTextControl::Type(StringView text) {

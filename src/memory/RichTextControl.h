@@ -18,6 +18,7 @@ public:
   std::int32_t SelLength() const override { return m_box->SelLength(); }
   void SelLength(std::int32_t length) override { m_box->SelLength(length); }
   String SelText() const override { return m_box->SelText(); }
+  std::int32_t SelTextLength() const override { return m_box->SelTextLength(); }
   void SelText(StringView text) override { m_box->SelText(text); }
   String SelRTF() const override { return m_box->SelRTF(); }
   void SelRTF(StringView fragment) override { m_box->SelRTF(fragment); }

@@ -31,6 +31,8 @@ public:
   virtual void SelLength(std::int32_t length) = 0;
 
   virtual String SelText() const = 0;
+  /// The length of `SelText`, without making it.
+  virtual std::int32_t SelTextLength() const = 0;
   /// Replaces the selection by plain text that looks like the selection's first character, or like the caret; the caret
   /// stands behind it. CR LF, CR and LF each make a line end. Empty text deletes the selection.
   virtual void SelText(StringView text) = 0;

@@ -31,8 +31,7 @@ RichTextBox::~RichTextBox() = default;
 
 void RichTextBox::SelPrint(const Ref<IDeviceContext>& hDC) {
   const Ref<IPrinterContext> context = Cast<IPrinterContext>(hDC);
-  const bool isSelected = SelLength() > 0 && !SelText().empty();
-  PrintText(context->SelectionOnly() && isSelected ? Lines().Copy(From(), To()) : Lines().CopyAll(),
+  PrintText(context->SelectionOnly() && SelTextLength() > 0 ? Lines().Copy(From(), To()) : Lines().CopyAll(),
             Standard().Character, context->Printer());
 }
 

@@ -55,6 +55,10 @@ void RichTextModel::SelLength(std::int32_t length) {
 
 String RichTextModel::SelText() const { return m_lines.Text(From(), To()); }
 
+std::int32_t RichTextModel::SelTextLength() const {
+  return Narrow(m_lines.PositionOf(To()) - m_lines.PositionOf(From()));
+}
+
 void RichTextModel::SelText(StringView text) { Replace(FormatPlain(text, InsertionFormat())); }
 
 String RichTextModel::SelRTF() const {

@@ -16,6 +16,7 @@ public:
   std::int32_t SelLength() const override;
   void SelLength(std::int32_t length) override;
   String SelText() const override;
+  std::int32_t SelTextLength() const override;
   void SelText(StringView text) override;
   String SelRTF() const override;
   void SelRTF(StringView fragment) override;

@@ -138,7 +138,7 @@ void MainUpdate::ShowLog(const State& state) const {
 
 bool MainUpdate::ShowEditing() const {
   const auto* box = dynamic_cast<const IRichTextBox*>(gForms->ActiveControl());
-  const bool hasSelection = box != nullptr && !box->SelText().empty();
+  const bool hasSelection = box != nullptr && box->SelTextLength() > 0;
   const bool cmdFocus = box != nullptr && m_circumstances.CommandHasFocus();
   m_cut.Enabled(hasSelection && cmdFocus);
   m_copy.Enabled(hasSelection);

@@ -165,7 +165,7 @@ void frmViewLog::Form_Unload() {
 
 void frmViewLog::UpdateUI(const String&, const String&) try {
   auto* const active = dynamic_cast<IRichTextControl*>(gForms->ActiveControl());
-  const bool selected = active != nullptr && !active->SelText().empty();
+  const bool selected = active != nullptr && active->SelTextLength() > 0;
   Menu(u"mnuCopy").Enabled(selected);
   Menu(u"mnuCopyto").Enabled(selected);
   tbToolBar().Buttons(u"Copy").Enabled(selected);

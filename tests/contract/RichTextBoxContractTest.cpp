@@ -4,6 +4,7 @@
 
 #include "support/Raised.h"
 
+#include <array>
 #include <limits>
 
 namespace portico::test {
@@ -111,6 +112,30 @@ TEST_P(RichTextContract, ALengthIsClampedToOneMoreThanThereIs) {
   EXPECT_EQ(box->SelLength(), 1);
 }
 
+TEST_P(RichTextContract, TheSelectedTextHasALengthThatNeedsNoCopy) {
+  Load(u"ab\r\n\r\n\U0001F600");
+  EXPECT_EQ(box->SelTextLength(), 0);
+  for (const auto& [start, length, selected] : {std::array{0, 1, 1}, std::array{0, 4, 4}, std::array{1, 3, 3},
+                                                std::array{4, 3, 3}, std::array{0, 8, 8}, std::array{6, 2, 2}}) {
+    Select(start, length);
+    EXPECT_EQ(box->SelTextLength(), selected) << start << "+" << length;
+    EXPECT_EQ(box->SelText().size(), static_cast<std::size_t>(selected)) << start << "+" << length;
+  }
+}
+
+TEST_P(RichTextContract, TheEndOfTheTextIsNoPartOfTheSelectedLength) {
+  Load(u"abc");
+  Select(1, kFarthest);
+  EXPECT_EQ(box->SelLength(), 3);
+  EXPECT_EQ(box->SelTextLength(), 2);
+  Select(3, 1);
+  EXPECT_EQ(box->SelTextLength(), 0);
+  Load(u"ab\r\ncd");
+  Select(2, 1); // half a line end
+  EXPECT_EQ(box->SelLength(), 1);
+  EXPECT_EQ(box->SelTextLength(), 0);
+}
+
 TEST_P(RichTextContract, OneUpAndOneDownAgainLosesNothing) {
   Load(u"ab\r\n\r\ncd");
   const std::int32_t end = box->TextLength();
@@ -121,6 +146,7 @@ TEST_P(RichTextContract, OneUpAndOneDownAgainLosesNothing) {
       box->SelLength(box->SelLength() + 1);
       box->SelLength(box->SelLength() - 1);
       EXPECT_EQ(box->SelText(), before) << start << "+" << length;
+      EXPECT_EQ(box->SelTextLength(), static_cast<std::int32_t>(before.size())) << start << "+" << length;
       if (isMeasured && box->SelStart() == start) {
         EXPECT_EQ(box->SelLength(), length);
       }

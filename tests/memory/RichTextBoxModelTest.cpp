@@ -159,6 +159,7 @@ protected:
     ASSERT_EQ(Box.SelStart(), Model.Start);
     ASSERT_EQ(Box.SelLength(), Model.Length);
     ASSERT_EQ(Box.SelText(), Model.SelText());
+    ASSERT_EQ(Box.SelTextLength(), static_cast<std::int32_t>(Model.SelText().size()));
     const SelectionFormat expected = Model.SelFormat();
     const SelectionFormat found = Box.SelFormat();
     ASSERT_EQ(found.SelColor, expected.SelColor);

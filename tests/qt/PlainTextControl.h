@@ -23,6 +23,7 @@ public:
   std::int32_t SelLength() const override { return 0; }
   void SelLength(std::int32_t /*length*/) override {}
   String SelText() const override { return {}; }
+  std::int32_t SelTextLength() const override { return 0; }
   void SelText(StringView /*text*/) override {}
   String SelRTF() const override { return {}; }
   void SelRTF(StringView /*fragment*/) override {}

@@ -42,6 +42,7 @@ public:
     Do([&] { Box().SelLength(length); });
   }
   String SelText() const override { return Box().SelText(); }
+  std::int32_t SelTextLength() const override { return Box().SelTextLength(); }
   void SelText(StringView text) override {
     Do([&] { Box().SelText(text); });
   }

@@ -3,6 +3,7 @@
 #include "framework/HuntERR.h"
 #include "support/Raised.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
 #include <new>
@@ -10,10 +11,12 @@
 // Replaces the allocation of the whole test program: to be included in one of its sources only.
 
 namespace portico::test::allocation {
-inline std::size_t left = 0;  // how many still succeed, counted from 1; 0 lets all succeed
-inline std::size_t alive = 0; // how many have not been given back
+inline std::size_t left = 0;    // how many still succeed, counted from 1; 0 lets all succeed
+inline std::size_t alive = 0;   // how many have not been given back
+inline std::size_t largest = 0; // in bytes, since it was last set
 
 inline void* Allocate(std::size_t size) {
+  largest = std::max(largest, size);
   if (left != 0 && --left == 0) return nullptr;
   ++alive;
   return std::malloc(size == 0 ? 1 : size);
@@ -53,6 +56,14 @@ bool FailsAllocation(std::size_t number, Call&& call) {
 template <class Call>
 ErrorRecord OutOfMemory(std::size_t number, Call&& call) {
   return Raised([&] { FailsAllocation(number, call); });
+}
+
+/// The size of the largest piece of memory that a call asks for, in bytes.
+template <class Call>
+std::size_t LargestAllocation(Call&& call) {
+  allocation::largest = 0;
+  call();
+  return allocation::largest;
 }
 
 } // namespace portico::test

@@ -50,6 +50,9 @@ public:
     m_length = std::min(static_cast<std::size_t>(length), m_cells.size() - m_start + 1); // the end counts as one
   }
   String SelText() const override { return Note("get SelText"), Units(m_start, Selected()); }
+  std::int32_t SelTextLength() const override {
+    return Note("get SelTextLength"), static_cast<std::int32_t>(Selected());
+  }
   void SelText(StringView text) override {
     Note("SelText " + Escaped(text));
     const SelectionFormat format = StartFormat();

@@ -1,3 +1,5 @@
+#include "support/FailedAllocation.h"
+
 #include "ViewLogFixture.h"
 
 #include "framework/Quit.h"
@@ -116,6 +118,16 @@ TEST_F(ViewLogTest, StatesAreUpToDateWhenAKeyHasReachedTheSelection) {
   Platform.Time.Advance(std::chrono::milliseconds(10));
   gEventLoop->DoEvents();
   EXPECT_FALSE(IsUpToDate(viewer)); // once for each key
+}
+
+TEST_F(ViewLogTest, AnUpdateDoesNotCopyWhatIsSelected) {
+  constexpr std::int32_t units = 1000000;
+  const auto viewer = ViewWithSelection();
+  Past(viewer).Text(String(units, u'x'));
+  Past(viewer).SelLength(units);
+  const std::size_t largest = LargestAllocation([&] { viewer->Events().Activate(); });
+  EXPECT_LT(largest, std::size_t{units});
+  EXPECT_TRUE(IsUpToDate(viewer));
 }
 
 TEST_F(ViewLogTest, CopyIsForWhateverTextHasTheFocus) {

@@ -8,6 +8,7 @@
 #include "qt/Text.h"
 
 #include <QFileDialog>
+#include <QGroupBox>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 
@@ -20,6 +21,19 @@ constexpr std::int32_t AskBeforeOverwriting = 2; // a flag of the dialog that sa
 
 /// To the toolkit, a pattern with a dot would leave out names without one.
 QString AnyName(QString text) { return text.replace(QStringLiteral("*.*"), QStringLiteral("*")); }
+
+/// Takes away what chooses pages. The toolkit shows and enables some of it whatever its options say, so it goes to
+/// where nothing is seen.
+void OfferNoPages(QPrintDialog& dialog) {
+  auto* unseen = new QWidget(&dialog);
+  unseen->hide();
+  const auto* range = dialog.findChild<QGroupBox*>(QStringLiteral("gbPrintRange"));
+  if (range == nullptr) return;
+  for (QWidget* widget : range->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    const QString name = widget->objectName();
+    if (name != QStringLiteral("printAll") && name != QStringLiteral("printSelection")) widget->setParent(unseen);
+  }
+}
 
 } // namespace
 
@@ -86,6 +100,7 @@ Ref<IDeviceContext> CommonDialog::ShowPrinter(const PrinterDialogSettings& setti
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
                     QAbstractPrintDialog::PrintCollateCopies);
   dialog.setOption(QAbstractPrintDialog::PrintSelection, (settings.Flags & PrintNoSelection) == 0);
+  OfferNoPages(dialog);
   dialog.setPrintRange(preset ? QAbstractPrintDialog::Selection : QAbstractPrintDialog::AllPages);
   if (Exec(dialog, m_loop) != QDialog::Accepted) {
     if (settings.CancelError) HuntERR::RaiseStandard(ErrorNumber::DialogCancelled);

@@ -120,6 +120,18 @@ class Editing(WindowCase):
         portico.wait(lambda: os.path.exists(path) and open(path, "rb").read().rstrip().endswith(b"%%EOF"),
                      "the printed file")
 
+    def test_the_print_dialog_offers_no_pages(self):
+        portico = self.talk("*IDN?")
+        portico.key("ctrl+p")
+        dialog = portico.window("Print")
+        portico.click(portico.find("Options >>", "push button", within=dialog))
+        portico.wait(lambda: portico.find("Print all", "radio button", within=dialog).showing, "the options")
+        radio = [node.name for node in dialog.descendants()
+                 if node.role == "radio button" and node.showing and node.enabled]
+        self.assertEqual(radio, ["Print all"])
+        spin = [node for node in dialog.descendants() if node.role == "spin button" and node.showing and node.enabled]
+        self.assertEqual(len(spin), 1)  # the number of copies
+
     def test_a_cancelled_print_is_told(self):
         portico = self.talk("*IDN?")
         portico.click(portico.button("Print"))

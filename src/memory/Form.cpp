@@ -187,6 +187,14 @@ void Form::Resized() {
   if (!m_resizeIsDue) Fire(m_events.Resize);
 }
 
+void Form::KeepOnScreen() {
+  const Place place = Chosen();
+  const double width = std::min(place.Width, ScreenWidth);
+  const double height = std::min(place.Height, ScreenHeight);
+  Move(std::clamp(place.Left, 0.0, ScreenWidth - width), std::clamp(place.Top, 0.0, ScreenHeight - height), width,
+       height);
+}
+
 MenuItem* Form::ItemOfShortcut(std::int32_t code, std::int32_t shift) const {
   const String name = NameOfShortcut(code, shift);
   for (const auto& control : m_controls) {

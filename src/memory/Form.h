@@ -80,6 +80,7 @@ private:
   Place Shown() const override;
   void Resized() override;
   void Build(const FormDesign& design);
+  void KeepOnScreen();
   Control* Container(StringView name) const;
   MenuItem* ItemOfShortcut(std::int32_t code, std::int32_t shift) const;
   CommandButton* Button(bool ControlDesign::*role) const;

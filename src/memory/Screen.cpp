@@ -50,6 +50,7 @@ std::vector<String> Screen::Unplayed() const {
 void Screen::Show(Form& form) {
   Form* const front = InFront();
   if (front == &form) return;
+  if (!IsShown(form)) form.KeepOnScreen();
   std::erase(m_shown, &form);
   m_shown.push_back(&form);
   if (front != nullptr) front->Deactivate();

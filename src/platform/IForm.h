@@ -64,6 +64,7 @@ public:
   /// Shows a menu at the mouse, and returns when it has closed and the item chosen has been handled.
   virtual void PopupMenu(IMenuItem& Menu) = 0;
 
+  /// Where it was put, but moved inside the screen, and made smaller, as far as it has to be.
   virtual void Show() = 0;
   /// To be set before `Show`: the form stays in front of its owner.
   virtual void Owner(IForm* newValue) = 0;

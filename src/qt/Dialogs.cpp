@@ -1,6 +1,7 @@
 #include "qt/Dialogs.h"
 
 #include "qt/EventLoop.h"
+#include "qt/WindowPlace.h"
 
 #include <QApplication>
 #include <QWindow>
@@ -17,11 +18,8 @@ int Exec(QDialog& dialog, EventLoop& loop) {
   int result = QDialog::Rejected;
   {
     const ModalTurn turn(loop, [&dialog] { dialog.reject(); });
-    if (const QWidget* owner = QApplication::activeWindow()) {
-      dialog.ensurePolished();
-      dialog.adjustSize();
-      dialog.move(owner->frameGeometry().center() - dialog.rect().center());
-    }
+    dialog.ensurePolished();
+    PrepareToShow(dialog, false, QApplication::activeWindow());
     SetOwner(dialog);
     result = dialog.exec();
   }

@@ -4,6 +4,7 @@
 #include "framework/HuntERR.h"
 #include "platform/ICommonDialog.h"
 #include "qt/Text.h"
+#include "qt/WindowPlace.h"
 
 #include <QAction>
 #include <QApplication>
@@ -120,6 +121,7 @@ void HelpViewer::Show(const QUrl& page) {
   m_browser->setSource(page);
 }
 
+  if (!m_window->isVisible()) PrepareToShow(*m_window, true, nullptr);
 void HelpViewer::WinHelp(const String& /*HelpFile*/, std::int32_t Command, const String& Data) {
   if (!m_pages.Exists()) HuntERR::RaiseStandard(ErrorNumber::FileNotFound);
   Build();

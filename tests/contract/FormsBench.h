@@ -19,6 +19,9 @@ public:
   virtual ~FormsBench() = default;
   virtual IEventLoop& Loop() = 0;
   virtual IForms& Forms() = 0;
+  /// What forms may take of the screen, which begins at 0, in form units.
+  virtual double ScreenWidth() const = 0;
+  virtual double ScreenHeight() const = 0;
   /// Calls as soon as the form of that name is shown modally.
   virtual void WhileModal(StringView form, std::function<void()> call) = 0;
 };

@@ -147,6 +147,74 @@ TEST_P(FormsContract, PlacesAreInFormUnitsAndASizeBelowZeroRaises380) {
   EXPECT_EQ(Raised([&] { area.Height(-15); }).Number, 380);
 }
 
+TEST_P(FormsContract, AFormStaysWhereItWasPutUntilItIsShown) {
+  const Ref<IForm> form = Forms().Load(Window);
+  form->Move(-150, -300, 750000, 600000);
+  EXPECT_EQ(form->Left(), -150);
+  EXPECT_EQ(form->Top(), -300);
+  EXPECT_EQ(form->Width(), 750000);
+  EXPECT_EQ(form->Height(), 600000);
+}
+
+TEST_P(FormsContract, AFormThatIsShownIsWithinTheScreen) {
+  const double width = Bench().ScreenWidth();
+  const double height = Bench().ScreenHeight();
+  const auto expectWithin = [&](const IForm& form) {
+    EXPECT_GE(form.Left(), 0);
+    EXPECT_GE(form.Top(), 0);
+    EXPECT_LE(form.Left() + form.Width(), width);
+    EXPECT_LE(form.Top() + form.Height(), height);
+  };
+  struct Case {
+    const char* name;
+    double left, top, width, height;
+  };
+  for (const Case& each :
+       {Case{"too large", 1005, 1005, 2 * width, 2 * height}, Case{"too wide", 0, 0, width + 15, 3000},
+        Case{"too high", 0, 0, 3000, height + 15}, Case{"over the left and the upper edge", -30, -45, 3000, 3000},
+        Case{"over the right edge", width - 1500, 150, 3000, 3000},
+        Case{"over the lower edge", 150, height - 1500, 3000, 3000}, Case{"far away", 900000, -900000, 3000, 3000}}) {
+    SCOPED_TRACE(each.name);
+    const Ref<IForm> form = Forms().Load(Window);
+    form->Move(each.left, each.top, each.width, each.height);
+    form->Show();
+    Loop().DoEvents();
+    expectWithin(*form);
+    if (each.width == 3000) {
+      EXPECT_EQ(form->Width(), 3000);
+    }
+    if (each.height == 3000) {
+      EXPECT_EQ(form->Height(), 3000);
+    }
+    form->Unload();
+  }
+}
+
+TEST_P(FormsContract, AFormThatFitsIsShownWhereItWasPut) {
+  const Ref<IForm> form = Forms().Load(Window);
+  form->Move(150, 300, 6000, 4500);
+  form->Show();
+  Loop().DoEvents();
+  EXPECT_EQ(form->Left(), 150);
+  EXPECT_EQ(form->Top(), 300);
+  EXPECT_EQ(form->Width(), 6000);
+  EXPECT_EQ(form->Height(), 4500);
+}
+
+TEST_P(FormsContract, AMaximizedFormIsWithinTheScreenWhenItIsNormalAgain) {
+  const Ref<IForm> form = Forms().Load(Window);
+  form->Move(150, 300, 2 * Bench().ScreenWidth(), 4500);
+  form->WindowState(WindowState::Maximized);
+  form->Show();
+  Loop().DoEvents();
+  EXPECT_EQ(form->WindowState(), WindowState::Maximized);
+  form->WindowState(WindowState::Normal);
+  Loop().DoEvents();
+  EXPECT_GE(form->Left(), 0);
+  EXPECT_LE(form->Left() + form->Width(), Bench().ScreenWidth());
+  EXPECT_EQ(form->Height(), 4500);
+}
+
 TEST_P(FormsContract, AnAreaTellsEachChangeOfItsSizeAtOnce) {
   const Ref<IForm> form = Forms().Load(Window);
   auto& area = FindControl<ISplitArea>(*form, u"splitter");

@@ -10,6 +10,8 @@ class MemoryFormsBench final : public FormsBench {
 public:
   IEventLoop& Loop() override { return m_loop; }
   IForms& Forms() override { return m_screen; }
+  double ScreenWidth() const override { return memory::ScreenWidth; }
+  double ScreenHeight() const override { return memory::ScreenHeight; }
   void WhileModal(StringView form, std::function<void()> call) override {
     m_screen.OnShowModal(form, [act = std::move(call)](memory::Form& /*form*/) { act(); });
   }

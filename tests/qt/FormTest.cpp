@@ -2,6 +2,7 @@
 
 #include "framework/Quit.h"
 #include "qt/ScreenFixture.h"
+#include "qt/WindowPlace.h"
 
 #include <QMenuBar>
 #include <QScreen>
@@ -132,6 +133,57 @@ TEST_F(FormTest, AWindowThatIsOnNoScreenComesBack) {
   form->Move(-900000, -900000, 6000, 4500);
   form->Show();
   EXPECT_TRUE(qApp->primaryScreen()->geometry().intersects(AsForm(form).Window().geometry()));
+}
+
+TEST(WindowPlaceTest, AWindowStaysWhereAllOfItIsSeen) {
+  const std::vector<QRect> areas{{0, 0, 800, 600}, {800, 0, 1000, 900}};
+  for (const QRect place : {QRect(0, 0, 800, 600), QRect(10, 20, 300, 200), QRect(900, 500, 900, 400),
+                            QRect(700, 100, 500, 300)}) { // the last on both
+    EXPECT_EQ(qt::PlaceWithin(place, areas), place);
+  }
+}
+
+TEST(WindowPlaceTest, AWindowGoesWhollyToTheScreenThatHasMostOfIt) {
+  const std::vector<QRect> areas{{0, 0, 800, 600}, {800, 30, 1000, 870}};
+  EXPECT_EQ(qt::PlaceWithin({700, 500, 400, 300}, areas), QRect(800, 500, 400, 300));
+  EXPECT_EQ(qt::PlaceWithin({450, 500, 400, 300}, areas), QRect(400, 300, 400, 300));
+  EXPECT_EQ(qt::PlaceWithin({900, 0, 2000, 2000}, areas), QRect(800, 30, 1000, 870));
+  EXPECT_EQ(qt::PlaceWithin({-10, -20, 801, 300}, areas), QRect(0, 0, 800, 300));
+}
+
+TEST(WindowPlaceTest, AWindowOnNoScreenGoesToTheMiddleOfTheFirst) {
+  const std::vector<QRect> areas{{100, 50, 800, 600}, {900, 0, 1000, 900}};
+  EXPECT_EQ(qt::PlaceWithin({5000, -5000, 400, 200}, areas), QRect(300, 250, 400, 200));
+  EXPECT_EQ(qt::PlaceWithin({5000, -5000, 900, 200}, areas), QRect(100, 250, 800, 200));
+}
+
+TEST_F(FormTest, TheFrameIsWithinTheScreenToo) {
+  const QRect all = qApp->primaryScreen()->availableGeometry();
+  for (const WindowState state : {WindowState::Normal, WindowState::Maximized}) {
+    const Ref<IForm> form = screen.Load(SampleWindow);
+    form->Move(0, 0, all.width() * FormUnitsPerPixel, all.height() * FormUnitsPerPixel);
+    form->WindowState(state);
+    form->Show();
+    loop.DoEvents();
+    form->WindowState(WindowState::Normal);
+    loop.DoEvents();
+    const QWidget& window = AsForm(form).Window();
+    ASSERT_NE(window.frameGeometry(), window.geometry());
+    EXPECT_TRUE(all.contains(window.frameGeometry()));
+    EXPECT_EQ(window.frameGeometry().size(), all.size());
+    form->Unload();
+  }
+}
+
+TEST_F(FormTest, AWindowThatTheUserMovesOverTheEdgeStaysThere) {
+  const Ref<IForm> form = Shown(SampleWindow);
+  QWidget& window = AsForm(form).Window();
+  window.move(-40, -30);
+  window.resize(500, 2000);
+  loop.DoEvents();
+  window.repaint();
+  EXPECT_LT(window.x(), -20);
+  EXPECT_GT(window.height(), 1900);
 }
 
 TEST_F(FormTest, PointerIsSetByValueForAllThatTheWindowHolds) {

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTextBlock>
 #include <QWindow>
@@ -109,6 +110,15 @@ TEST_F(HelpTest, GoesBackForwardAndToTheContents) {
   EXPECT_EQ(Page(), "names.html");
   Action("helpContents").trigger();
   EXPECT_EQ(Page(), "start.md");
+}
+
+TEST_F(HelpTest, ItsWindowIsWithinTheScreen) {
+  viewer.WinHelp(u"TVPort.hlp", HelpFinder, u"");
+  Window()->hide();
+  Window()->setGeometry(50, 60, 5000, 6000);
+  viewer.WinHelp(u"TVPort.hlp", HelpFinder, u"");
+  loop.DoEvents();
+  EXPECT_TRUE(qApp->primaryScreen()->availableGeometry().contains(Window()->frameGeometry()));
 }
 
 TEST_F(HelpTest, AFolderThatIsNotThereRaises53) {

@@ -5,6 +5,7 @@
 #include "qt/Screen.h"
 
 #include <QApplication>
+#include <QScreen>
 #include <QTimer>
 
 namespace portico::test {
@@ -14,11 +15,15 @@ class QtFormsBench final : public FormsBench {
 public:
   IEventLoop& Loop() override { return m_loop; }
   IForms& Forms() override { return m_screen; }
+  double ScreenWidth() const override { return Available().width() * FormUnitsPerPixel; }
+  double ScreenHeight() const override { return Available().height() * FormUnitsPerPixel; }
   void WhileModal(StringView /*form*/, std::function<void()> call) override {
     QTimer::singleShot(0, qApp, std::move(call));
   }
 
 private:
+  static QRect Available() { return QGuiApplication::primaryScreen()->availableGeometry(); }
+
   qt::EventLoop m_loop;
   qt::Screen m_screen{m_loop, PlainTextControl::Make};
 };

@@ -30,14 +30,25 @@ TEST_F(MainPlaceTest, HasADefault) {
 
 TEST_F(MainPlaceTest, IsThatOfTheLastTime) {
   Save(u"MainLeft", u"150");
-  Save(u"MainTop", u"-30");
+  Save(u"MainTop", u"30");
   Save(u"MainWidth", u"9000");
   Save(u"MainHeight", u"7500.5");
   Save(u"SplitPercent", u"40");
   Start();
-  ExpectPlace(150, -30, 9000, 7500.5);
+  ExpectPlace(150, 30, 9000, 7500.5);
   End();
-  EXPECT_EQ(Saved(), (Texts{"150", "-30", "9000", "7500.5", "0", "40"}));
+  EXPECT_EQ(Saved(), (Texts{"150", "30", "9000", "7500.5", "0", "40"}));
+}
+
+TEST_F(MainPlaceTest, IsWithinTheScreenAndSavedAsItIs) {
+  Save(u"MainLeft", u"-30");
+  Save(u"MainTop", u"900");
+  Save(u"MainWidth", u"6500");
+  Save(u"MainHeight", u"90000");
+  Start();
+  ExpectPlace(0, 0, 6500, memory::ScreenHeight);
+  End();
+  EXPECT_EQ(Saved(), (Texts{"0", "0", "6500", "16200", "0", "75"}));
 }
 
 TEST_F(MainPlaceTest, NumbersAreSingleFloats) {

@@ -8,8 +8,10 @@ from desktop import Desktop
 class WindowCase(unittest.TestCase):
     """Each test has a desktop of its own."""
 
+    scale = 1
+
     def setUp(self):
-        self.desktop = Desktop()
+        self.desktop = Desktop(self.scale)
         self.addCleanup(self.desktop.close)
 
     def open(self, *arguments):

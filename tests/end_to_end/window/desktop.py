@@ -29,6 +29,8 @@ def wait_for(question, what, patience=PATIENCE):
 class Desktop:
     """Owns all that it starts; `close` ends it."""
 
+    SIZE = (1280, 1024)
+
     def __init__(self, scale=1):
         self._stack = contextlib.ExitStack()
         self.home = tempfile.mkdtemp(prefix="portico-desktop-")
@@ -82,7 +84,8 @@ class Desktop:
 
     def _start_display(self):
         read, write = os.pipe()
-        self.start("Xvfb", "-displayfd", str(write), "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
+        width, height = self.SIZE
+        self.start("Xvfb", "-displayfd", str(write), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
                    pass_fds=(write,), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(write)
         with os.fdopen(read) as number:

@@ -95,13 +95,19 @@ void HelpViewer::Build() {
   bar->addSeparator();
   bar->addWidget(m_search);
   QObject::connect(m_search, &QLineEdit::returnPressed, m_browser, [this] { Search(); });
-  auto* find = new QAction(m_window.get());
-  find->setShortcut(QKeySequence::Find);
-  QObject::connect(find, &QAction::triggered, m_search, [this] {
+  OnKey(QKeySequence::Find, [this] {
     m_search->setFocus();
     m_search->selectAll();
   });
-  m_window->addAction(find);
+  OnKey(Qt::Key_Escape, [this] { m_window->close(); });
+}
+
+template <class Call>
+void HelpViewer::OnKey(const QKeySequence& key, Call&& call) {
+  auto* action = new QAction(m_window.get());
+  action->setShortcut(key);
+  QObject::connect(action, &QAction::triggered, action, std::forward<Call>(call));
+  m_window->addAction(action);
 }
 
 void HelpViewer::Search() {
@@ -115,13 +121,13 @@ void HelpViewer::Show(const QUrl& page) {
   // What belongs to a modal dialog takes input while the dialog is open.
   const QWidget* modal = QApplication::activeModalWidget();
   m_window->windowHandle()->setTransientParent(modal != nullptr ? modal->windowHandle() : nullptr);
+  if (!m_window->isVisible()) PrepareToShow(*m_window, true, nullptr);
   m_window->show();
   m_window->raise();
   m_window->activateWindow();
   m_browser->setSource(page);
 }
 
-  if (!m_window->isVisible()) PrepareToShow(*m_window, true, nullptr);
 void HelpViewer::WinHelp(const String& /*HelpFile*/, std::int32_t Command, const String& Data) {
   if (!m_pages.Exists()) HuntERR::RaiseStandard(ErrorNumber::FileNotFound);
   Build();

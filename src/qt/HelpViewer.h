@@ -39,6 +39,8 @@ public:
 
 private:
   void Build();
+  template <class Call>
+  void OnKey(const QKeySequence& key, Call&& call);
   void Show(const QUrl& page);
   void Search();
 

@@ -1,5 +1,6 @@
 #include "qt/Progress.h"
 
+#include "framework/Application.h"
 #include "qt/Dialogs.h"
 #include "qt/EventLoop.h"
 #include "qt/Text.h"
@@ -44,6 +45,7 @@ void Progress::Show() {
   m_dialog = std::make_unique<QProgressDialog>();
   m_dialog->setObjectName(QStringLiteral("progressDialog"));
   m_dialog->setWindowModality(Qt::ApplicationModal);
+  m_dialog->setWindowTitle(ToQt(ApplicationTitle));
   m_dialog->setLabelText(m_prompt);
   m_dialog->setRange(0, BarSteps);
   m_dialog->setAutoClose(false);

@@ -142,7 +142,10 @@ void frmMain::Connect() {
   tmrSelection->Interval(KeyMilliseconds);
   tmrSelection->Timer().Connect([this] { tmrSelection_Timer(); });
   const auto selected = [this] { tmrSelection->Enabled(true); };
-  m_form->Events().KeyDown.Connect([selected](std::int32_t, std::int32_t) { selected(); });
+  m_form->Events().KeyDown.Connect([this, selected](std::int32_t code, std::int32_t shift) {
+    selected();
+    if (code == F1Key && shift == 0) Click(u"mnuHelpTopics");
+  });
   for (const auto& box : {m_txtFuture, m_txtPast}) {
     box->MouseUp().Connect([selected](const MouseEvent&) { selected(); });
   }

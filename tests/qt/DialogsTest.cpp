@@ -292,6 +292,7 @@ TEST_F(DialogsTest, LongWorkShowsHowFarItIsAndCanBeGivenUp) {
   auto* dialog = Open<QProgressDialog>();
   ASSERT_NE(dialog, nullptr);
   EXPECT_EQ(dialog->labelText(), "Reading x.log");
+  EXPECT_EQ(dialog->windowTitle(), "Tolvane Portico");
   EXPECT_EQ(dialog->value() * 4, dialog->maximum());
   progress.Begin(u"Inner");
   EXPECT_EQ(dialog->labelText(), "Reading x.log");

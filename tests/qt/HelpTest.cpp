@@ -112,6 +112,18 @@ TEST_F(HelpTest, GoesBackForwardAndToTheContents) {
   EXPECT_EQ(Page(), "start.md");
 }
 
+TEST_F(HelpTest, EscapeClosesItFromThePageAndFromTheSearch) {
+  for (const char* name : {"helpPage", "helpSearch"}) {
+    SCOPED_TRACE(name);
+    viewer.WinHelp(u"TVPort.hlp", HelpFinder, u"");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Window()));
+    auto* widget = Window()->findChild<QWidget*>(name);
+    widget->setFocus();
+    QTest::keyClick(widget, Qt::Key_Escape);
+    EXPECT_FALSE(Window()->isVisible());
+  }
+}
+
 TEST_F(HelpTest, ItsWindowIsWithinTheScreen) {
   viewer.WinHelp(u"TVPort.hlp", HelpFinder, u"");
   Window()->hide();

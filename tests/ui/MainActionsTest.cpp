@@ -168,6 +168,17 @@ TEST_F(MainActionsTest, HelpTopicsOpenTheHelpFinder) {
   ExpectNoBox();
 }
 
+TEST_F(MainActionsTest, F1OpensHelpAsTheMenuDoes) {
+  EXPECT_TRUE(MemoryForm().PressKey(F1Key));
+  EXPECT_EQ(HelpViewer->Calls, std::vector<std::string>{"TVPort.hlp 11 ''"});
+  for (const std::int32_t state : {ShiftState, CtrlState, AltState}) {
+    MemoryForm().PressKey(F1Key, state);
+  }
+  MemoryForm().PressKey(F1Key + 1);
+  EXPECT_EQ(HelpViewer->Calls.size(), 1U);
+  ExpectNoBox();
+}
+
 TEST_F(MainActionsTest, SearchingForHelpTakesAnotherCommand) {
   Window->mnuHelpSearchForHelpOn_Click();
   EXPECT_EQ(HelpViewer->Calls, std::vector<std::string>{"TVPort.hlp 261 ''"});

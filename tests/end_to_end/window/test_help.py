@@ -11,6 +11,17 @@ class Help(WindowCase):
         portico.choose("Help", "Help Topics")
         portico.window("Help")
 
+    def test_f1_opens_the_manual_and_escape_closes_it(self):
+        portico = self.open()
+        for box in ("txtFuture", "txtPast"):
+            with self.subTest(box):
+                portico.click(portico.find(box, "text"))
+                portico.key("F1")
+                manual = portico.window("Tolvane Portico Help")
+                portico.find("Contents", within=manual)
+                portico.key("Escape")
+                portico.wait_until_closed("Tolvane Portico Help")
+
     def test_the_manual_opens_beside_a_dialog(self):
         portico = self.open()
         portico.key("ctrl+n")

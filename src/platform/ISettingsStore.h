@@ -6,7 +6,7 @@
 
 namespace portico {
 
-/// The per-user store of settings: a string by application title, section and key.
+/// The per-user store of settings: a string by application title, section and key. A save that fails raises nothing.
 class ISettingsStore {
 public:
   virtual ~ISettingsStore() = default;

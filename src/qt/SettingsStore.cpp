@@ -2,6 +2,9 @@
 
 #include "qt/Text.h"
 
+#include <iostream>
+#include <utility>
+
 namespace portico::qt {
 namespace {
 
@@ -27,7 +30,12 @@ String SettingsStore::GetSetting(const String& Title, const String& Section, con
 }
 
 void SettingsStore::SaveSetting(const String& Title, const String& Section, const String& Key, const String& Value) {
-  With(Title, [&](QSettings& settings) { settings.setValue(Path(Section, Key), ToQt(Value)); });
+  With(Title, [&](QSettings& settings) {
+    settings.setValue(Path(Section, Key), ToQt(Value));
+    settings.sync();
+    if (settings.status() != QSettings::AccessError || std::exchange(m_isTold, true)) return;
+    std::cerr << "portico: the settings cannot be saved in " << settings.fileName().toStdString() << std::endl;
+  });
 }
 
 } // namespace portico::qt

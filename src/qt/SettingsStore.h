@@ -7,6 +7,7 @@
 namespace portico::qt {
 
 /// The settings of the user, in the file that the desktop has for a program of the title: one group for each section.
+/// Standard error is told the first time that something cannot be saved.
 class SettingsStore final : public ISettingsStore {
 public:
   SettingsStore() = default;
@@ -21,6 +22,7 @@ private:
   auto With(const String& title, Use&& use) const;
 
   QString m_folder;
+  bool m_isTold = false;
 };
 
 } // namespace portico::qt

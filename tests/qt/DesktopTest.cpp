@@ -90,6 +90,34 @@ TEST_F(SettingsStoreTest, HasAFileOfTheTitlesName) {
   EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"Tolvane Portico.conf"});
 }
 
+TEST_F(SettingsStoreTest, TellsOnceOnStandardErrorThatNothingCanBeSaved) {
+  QFile file(folder.filePath("file"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  qt::SettingsStore lost(file.fileName()); // which is no folder
+  testing::internal::CaptureStderr();
+  lost.SaveSetting(u"Portico", u"frmMain", u"MainLeft", u"1005");
+  lost.SaveSetting(u"Portico", u"frmMain", u"MainTop", u"1005");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "portico: the settings cannot be saved in " + file.fileName().toStdString() + "/Portico.conf\n");
+}
+
+TEST_F(SettingsStoreTest, SaysNothingOfWhatIsSaved) {
+  testing::internal::CaptureStderr();
+  store.SaveSetting(u"Portico", u"frmMain", u"MainLeft", u"1005");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(SettingsStoreTest, SavesOverAFileThatItCannotRead) {
+  QFile file(folder.filePath("Portico.conf"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("[frmMain\nno settings\n");
+  file.close();
+  testing::internal::CaptureStderr();
+  store.SaveSetting(u"Portico", u"frmMain", u"MainLeft", u"1005");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(qt::SettingsStore(folder.path()).GetSetting(u"Portico", u"frmMain", u"MainLeft", u"none"), u"1005");
+}
+
 TEST(UserSettingsTest, StandInTheUsersOwnFile) {
   qt::SettingsStore store;
   store.SaveSetting(u"Portico tests", u"Section", u"Key", u"value");

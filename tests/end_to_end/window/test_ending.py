@@ -56,6 +56,18 @@ class Ending(WindowCase):
         portico.process.send_signal(signal.SIGTERM)
         self.assertEqual(portico.wait_until_ended(), 0)
 
+    def test_settings_that_cannot_be_saved_are_told_once(self):
+        settings = self.desktop.environment["XDG_CONFIG_HOME"]
+        with open(settings, "w", encoding="utf-8"):  # where a folder is wanted
+            pass
+        portico = self.open()
+        portico.choose("Tools", "Communication Protocol", "Other")
+        portico.choose("File", "Exit")
+        self.assertEqual(portico.wait_until_ended(), 0)
+        told = [line for line in portico.process.stderr.read().decode().splitlines() if "settings" in line]
+        self.assertEqual(told, [f"portico: the settings cannot be saved in {settings}/Tolvane Portico/"
+                                "Tolvane Portico.conf"])
+
     def test_place_and_options_are_there_again(self):
         portico = self.open()
         window = self.desktop.xdotool("search", "--pid", portico.process.pid, "--name", "Tolvane Portico$").split()[0]

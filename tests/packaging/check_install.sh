@@ -59,6 +59,7 @@ if [[ $window == 1 ]]; then
   must_exist "share/applications/$(sed -n 's/.*<launchable type="desktop-id">\(.*\)<.*/\1/p' "$place/$metadata")"
   while read -r program; do must_exist "bin/$program"; done < <(sed -n 's/.*<binary>\(.*\)<.*/\1/p' "$place/$metadata")
   must_exist share/portico/help/topics.txt
+  must_exist share/doc/portico/docs/manual/index.md # where the README says it is
   while read -r _ page; do must_exist "share/portico/help/${page%%#*}"; done \
     < <(grep -v '^#' "$place/share/portico/help/topics.txt")
 else

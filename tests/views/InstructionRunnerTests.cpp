@@ -232,7 +232,25 @@ TEST_F(RunCommand, PosesAsAReport) {
 TEST_F(RunCommand, WithoutARunnerRaises) {
   const auto error = Raised([&] { New<CRun>()->Initialize({}, u"Run"); });
   ExpectError(error, 5, u"Runner cannot be nothing.");
-  ExpectTrail(error, {u"CRun.Initialize(Runner, Mode)"});
+  EXPECT_EQ(CallStack(error), std::vector<String>{u"CRun.Initialize(Runner={Null},  Mode='Run')"});
+}
+
+TEST_F(RunCommand, HearsItsRunnerForAsLongAsItLives) {
+  {
+    const auto run = New<CRun>();
+    run->Initialize(Runner, u"Run");
+    EXPECT_TRUE(Runner->ReadyForInstruction.IsConnected());
+  }
+  EXPECT_FALSE(Runner->ReadyForInstruction.IsConnected());
+}
+
+TEST_F(RunCommand, HearsOnlyTheRunnerThatItWasGivenLast) {
+  const auto other = New<CInstructionRunner>();
+  const auto run = New<CRun>();
+  run->Initialize(Runner, u"Run");
+  run->Initialize(other, u"Run");
+  EXPECT_FALSE(Runner->ReadyForInstruction.IsConnected());
+  EXPECT_TRUE(other->ReadyForInstruction.IsConnected());
 }
 
 TEST_F(RunCommand, BeforeInitializeRaises) {

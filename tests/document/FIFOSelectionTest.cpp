@@ -3,6 +3,7 @@
 namespace portico {
 namespace {
 
+using test::CallStack;
 using test::ExpectError;
 using test::ExpectTrail;
 using test::Raised;
@@ -50,7 +51,9 @@ TEST_F(FIFOSelectionTest, PositionsMustBeInTheFIFO) {
   const auto absent = Entity(u"absent")->Position();
   ExpectError(Raised([&] { FIFO->SelectData(absent, absent); }), 5, u"Starting position is invalid.");
   ExpectError(Raised([&] { FIFO->SelectData(entities[0]->Position(), absent); }), 5, u"Ending position is invalid.");
-  EXPECT_EQ(Raised([&] { FIFO->SelectData(nullptr, absent); }).Number, 91);
+  const ErrorRecord error = Raised([&] { FIFO->SelectData(nullptr, absent); });
+  EXPECT_EQ(error.Number, 91);
+  EXPECT_EQ(CallStack(error).back(), u"CDataFIFO.SelectData(Start={Null}, End={CDataPosition})");
   EXPECT_TRUE(FIFO->IsSelectionEmpty());
 }
 

@@ -109,6 +109,16 @@ INSTANTIATE_TEST_SUITE_P(
         Course{"OnALogCutInItsTags", kClosed.substr(0, kClosed.size() - 20), {"make", "open", "1", "close"}}),
     [](const testing::TestParamInfo<Course>& test) { return test.param.Name; });
 
+/// Whoever reads meanwhile finds a log that is whole.
+TEST_F(StoreTest, AClosedLogIsExtendedWithoutBeingCutFirst) {
+  Disk->Put(kPath, kClosed);
+  Disk->TruncateFault = EIO;
+  const auto store = Store();
+  store->OpenSession();
+  Append(store, u"1");
+  EXPECT_EQ(Read(Store()), (Texts{"x", "1"}));
+}
+
 /// A full disk makes a save undo what it has written; that can be cut off, too.
 TEST_F(StoreTest, ACutThroughTheUndoingOfAFailedSaveLeavesALogThatOpens) {
   bool killed = true;

@@ -6,10 +6,10 @@ namespace portico::test {
 namespace {
 
 TEST(LogTextTest, NamesBeginWithALetterOrALowLine) {
-  for (const char16_t* name : {u"A", u"_", u"a1", u"a-b.c_d", u"\u00E9", u"a\u00B7"})
+  for (const char16_t* name : {u"A", u"_", u"a1", u"a-b.c_d", u"\u00E9", u"a\u00B7", u"\u00F8", u"\u0131"})
     EXPECT_TRUE(LogText::IsName(name));
   for (const char16_t* name :
-       {u"", u"1", u"-", u".", u"a b", u"a:b", u"a<", u"\u00D7", u"\u00F7", u"\u2028", u"\xD800"}) {
+       {u"", u"1", u"-", u".", u"a b", u"a:b", u"a<", u"\u00D7", u"\u00F7", u"\u0132", u"\u2028", u"\xD800"}) {
     EXPECT_FALSE(LogText::IsName(name));
   }
 }

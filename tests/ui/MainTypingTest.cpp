@@ -71,6 +71,21 @@ TEST_F(MainTypingTest, ATabKeyPassesOverTheClosedCommandWindow) {
   EXPECT_TRUE(Future().HasFocus());
 }
 
+TEST_F(MainTypingTest, WhatAKeySelectsCanBeCopiedOnceTheKeyHasReachedTheSelection) {
+  constexpr std::int32_t rightKey = 39;
+  SetOpened();
+  Future().Text(u"*IDN?");
+  Window->txtFuture()->SetFocus();
+  MemoryForm().PressKey(rightKey);
+  Future().SelStart(0);
+  Future().SelLength(5);
+  Loop->DoEvents();
+  EXPECT_FALSE(Menu(u"mnuEditCopy").Enabled());
+  Clock.Advance(std::chrono::milliseconds(1));
+  Loop->DoEvents();
+  EXPECT_TRUE(Menu(u"mnuEditCopy").Enabled());
+}
+
 // Focus.
 
 TEST_F(MainTypingTest, TheFocusDecidesOnPasteAndRunToCursor) {

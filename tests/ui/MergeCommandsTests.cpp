@@ -60,7 +60,7 @@ TEST_F(MergeTest, NeedsTargetAndIterator) {
   error = Raised([&] { merge.Initialize(Container({}), {}); });
   ExpectError(error, 5, u"SourceIterator cannot be nothing.");
   ExpectTrail(error, {u"CPaste.Initialize()"});
-  EXPECT_EQ(Raised([&] { merge.Initialize({}, {}); }).Number, 5);
+  ExpectError(Raised([&] { merge.Initialize({}, {}); }), 5, u"Target cannot be nothing.");
 }
 
 TEST_F(MergeTest, TargetMustBeAContainer) {

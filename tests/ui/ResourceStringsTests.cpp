@@ -140,6 +140,13 @@ TEST_F(ResourceStringsTest, OtherControlsReadTheNumberThatATextBeginsWith) {
   EXPECT_EQ(button.ToolTipText(), u"Print");
 }
 
+TEST_F(ResourceStringsTest, TheNumberThatATextBeginsWithEndsAtItsFirstOtherCharacter) {
+  for (const StringView text : {u"9040 or so", u"9040:9041", u" 9040"}) {
+    EXPECT_EQ(Loaded({.Kind = ControlKind::CommandButton, .Name = u"cmd", .Tag = text}).Caption(),
+              u"&About Tolvane Portico...");
+  }
+}
+
 TEST_F(ResourceStringsTest, OtherControlsWithoutANumberKeepWhatTheyHave) {
   for (StringView text : {u"", u"0", u"-1000", u"typed", u"999", u"99999999"}) {
     const auto& button =

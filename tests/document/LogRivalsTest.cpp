@@ -148,6 +148,13 @@ TEST_F(LogRivalsTest, AnEntityThatIsGivenUpLeavesNoEmptySession) {
   const std::string before = Bytes();
   EXPECT_EQ(Raised([&] { Other.Log(u"other 2"); }).Number, 75);
   EXPECT_EQ(Bytes(), before);
+  const std::size_t sessions = Sessions().size();
+  Other.Close();
+  EXPECT_EQ(Sessions().size(), sessions);
+  Other.Open(); // behind the others, and not in one of its own
+  Other.Log(u"other");
+  EXPECT_EQ(Sessions().size(), sessions + 1);
+  EXPECT_EQ(Read(Store()), (Texts{"one 2", "other"}));
 }
 
 TEST_F(LogRivalsTest, ASessionThatHasLostAllThatWasToComeIsClosedInItsPlace) {
@@ -242,16 +249,24 @@ TEST_F(LogRivalsTest, ASessionOfALogThatWasEditedIsClosedInIt) {
 }
 
 TEST_F(LogRivalsTest, ACloseStampIsKeptWhenTheLogIsRewritten) {
-  One.Open();
-  Disk->OpenFault = EACCES;
-  EXPECT_EQ(Raised([&] { One.Close(); }).Number, 75);
-  EXPECT_EQ(Raised([&] { One.Log(u"one"); }).Number, 75);
-  Disk->OpenFault = 0;
-  Bytes() += "<!-- behind -->";
-  One.Log(u"more");
-  EXPECT_EQ(Sessions().size(), 2U);
-  EXPECT_NE(Sessions()[0].find("SessionCloseTimeStamp"), std::string::npos);
-  EXPECT_EQ(Read(Store()), (Texts{"one", "more"}));
+  for (const bool isTorn : {false, true}) {
+    Disk = std::make_shared<MemoryLogDisk>();
+    Program one(Disk);
+    one.Open();
+    Disk->OpenFault = EACCES;
+    EXPECT_EQ(Raised([&] { one.Close(); }).Number, 75);
+    EXPECT_EQ(Raised([&] { one.Log(u"one"); }).Number, 75);
+    Disk->OpenFault = 0;
+    if (isTorn) { // as the writing of another stamp leaves it that is cut
+      const std::string piece = " SessionCloseTimeSt";
+      Bytes().replace(Bytes().find("                    "), piece.size(), piece);
+    }
+    Bytes() += "<!-- behind -->";
+    one.Log(u"more");
+    EXPECT_EQ(Sessions().size(), 2U);
+    EXPECT_NE(Sessions()[0].find("SessionCloseTimeStamp="), std::string::npos) << Bytes();
+    EXPECT_EQ(Read(Store()), (Texts{"one", "more"}));
+  }
 }
 
 TEST_F(LogRivalsTest, NoOrderOfTheirStepsMakesALogThatCannotBeRead) {

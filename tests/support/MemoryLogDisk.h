@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/ILogDisk.h"
+#include "framework/Quit.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -39,7 +40,8 @@ public:
   /// What the one who holds the lock still does before another gets it to read.
   std::function<void()> BeforeLockedRead;
 
-  struct Killed {};
+  /// The end of the program, which every tail lets pass.
+  struct Killed : Quit {};
 
   bool Exists(const std::string& path) const override { return m_files.count(path) != 0; }
 

@@ -93,6 +93,27 @@ TEST_F(Log, OfRunsInOneSecondHoldsEachStampOnce) {
   EXPECT_EQ(std::set<std::string>(stamps.begin(), stamps.end()).size(), 16U) << log;
 }
 
+TEST_F(Log, OfTwoRunsAtTheSameTimeHoldsEachStampOnce) {
+  const Arguments command = PorticoRun(kBare + Arguments{"--quiet", "--log", Path, kSimulated});
+  ASSERT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}).status, 0); // so that neither has to make it
+  std::string lines;
+  for (int line = 0; line < 50; ++line) lines += "*OPC?\n";
+  Process first(command);
+  Process second(command);
+  first.Write(lines);
+  second.Write(lines);
+  for (const Outcome& outcome : {first.Wait(), second.Wait()}) {
+    const bool missesSomething =
+        outcome.err.find("has been written by another program at the same time") != std::string::npos;
+    EXPECT_EQ(outcome.status, missesSomething ? 5 : 0) << outcome.err;
+  }
+  const std::string log = Content();
+  EXPECT_TRUE(IsComplete(log));
+  const auto stamps = StampsOf(log);
+  EXPECT_EQ(std::set<std::string>(stamps.begin(), stamps.end()).size(), stamps.size());
+  EXPECT_EQ(Process({PORTICO_LOG, "stats", Path}).Wait().status, 0);
+}
+
 TEST_F(Log, IsBegunAnewOnRequest) {
   ASSERT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*OPC?\n").status, 0);
   EXPECT_EQ(RunPortico(kBare + Arguments{"--overwrite", "--log", Path, kSimulated}, "*CLS\n").status, 0);

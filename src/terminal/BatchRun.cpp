@@ -135,7 +135,7 @@ void BatchRun::ApplyOptions() {
 bool BatchRun::OpenLog() try {
   if (m_options.LogFile.empty()) return true;
   m_log.emplace(m_options.LogFile, m_options.Overwrite, [this](StringView failure) {
-    Diagnose("the log cannot be written: " + ToUtf8(failure) + "; the run goes on");
+    m_repeated.Failed(u"CXMLDataStore", Place(), "the log cannot be written: " + ToUtf8(failure));
   });
   return true;
 } catch (const Quit&) {

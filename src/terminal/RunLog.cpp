@@ -15,9 +15,7 @@ RunLog::RunLog(const String& path, bool overwrite, std::function<void(StringView
     : m_store(Create<CXMLDataStore>(u"DataStore", modGlobals::VarArray(path, overwrite))) {
   const auto logger = Create<CReportLogger>(u"ReportLogger", modGlobals::VarArray(m_store));
   logger->EnableLogging();
-  m_store->SaveFailed.Connect([tell = std::move(onFailure), told = String()](StringView text) mutable {
-    if (std::exchange(told, String(text)) != text) tell(text);
-  });
+  m_store->SaveFailed.Connect(std::move(onFailure));
   Agent()->Subscribe(logger);
   m_logger = logger;
 }

@@ -11,7 +11,7 @@ namespace portico::terminal {
 class RunLog final {
 public:
   /// Opens or makes the file and opens the session; raises what the store raises. `onFailure` is told of a save
-  /// that fails, unless the one before has failed in the same way; later ones carry what it could not write.
+  /// that fails; a later one carries what it could not write, unless another program had written there.
   RunLog(const String& path, bool overwrite, std::function<void(StringView)> onFailure);
   ~RunLog();
   RunLog(const RunLog&) = delete;

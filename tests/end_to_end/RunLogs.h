@@ -30,7 +30,13 @@ inline std::vector<std::string> StampsOf(const std::string& log) {
   return {std::sregex_token_iterator(log.begin(), log.end(), kStamp), std::sregex_token_iterator()};
 }
 
-/// The seconds into which they fall.
+/// Those of entities, in order. A session's may stand there twice: it goes on behind what others wrote into the log.
+inline std::vector<std::string> EntityStampsOf(const std::string& log) {
+  static const std::regex attribute(R"re( Timestamp="([^"]+)")re");
+  return {std::sregex_token_iterator(log.begin(), log.end(), attribute, 1), std::sregex_token_iterator()};
+}
+
+/// The seconds into which all stamps fall.
 inline std::set<std::string> SecondsOf(const std::string& log) {
   return {std::sregex_token_iterator(log.begin(), log.end(), kStamp, 1), std::sregex_token_iterator()};
 }

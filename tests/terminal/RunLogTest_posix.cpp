@@ -7,6 +7,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <iomanip>
 
 #include <unistd.h>
 
@@ -44,6 +45,25 @@ protected:
     std::size_t count = 0;
     for (auto at = content.find(text); at != std::string::npos; at = content.find(text, at + 1)) ++count;
     return count;
+  }
+
+  /// Another program's session, whose entities bear the stamps that the run would give next.
+  void AppendRival() const {
+    std::string content = Content();
+    const std::string mark = " Timestamp=\"";
+    const std::size_t stamp = content.rfind(mark) + mark.size();
+    const std::size_t fraction = content.find('.', stamp) + 1;
+    const std::string second = content.substr(stamp, fraction - stamp);
+    const int last = std::stoi(content.substr(fraction, 9));
+    std::ostringstream session;
+    session << std::setfill('0') << "<Session SessionOpenTimeStamp=\"" << second << "000000000-5:00\">\n";
+    for (int number = last + 1; number <= last + 40; ++number) {
+      session << "<Rival DataType=\"Rival\" Timestamp=\"" << second << std::setw(9) << number
+              << "-5:00\"><![CDATA[2D00]]></Rival>\n";
+    }
+    session << "</Session>\n";
+    content.insert(content.rfind("</SCPICommLog>"), session.str());
+    std::ofstream(ToUtf8(Options.LogFile), std::ios::binary) << content;
   }
 
   const std::filesystem::path Folder =
@@ -96,7 +116,7 @@ TEST_F(RunLogTest, InterruptedRunClosesItsSession) {
   EXPECT_EQ(Occurrences("SessionCloseTimeStamp"), 1U);
 }
 
-TEST_F(RunLogTest, LogThatIsTakenAwayIsToldOnceAndWhatIsLostAtTheEndWithStatus5) {
+TEST_F(RunLogTest, LogThatIsTakenAwayIsToldWithItsCountAndWhatIsLostAtTheEndWithStatus5) {
   Driver->OnCall = [&](const std::string& call) {
     if (call == "write B") std::filesystem::remove_all(Folder);
   };
@@ -104,8 +124,9 @@ TEST_F(RunLogTest, LogThatIsTakenAwayIsToldOnceAndWhatIsLostAtTheEndWithStatus5)
   EXPECT_EQ(Driver->Calls.back(), "close");
   const std::string text = Err.str();
   EXPECT_EQ(text.find("portico-run: lines.cmd:2: the log cannot be written: "), 0U) << text;
-  EXPECT_NE(text.find("\nportico-run: the log is incomplete: The file, "), std::string::npos) << text;
-  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2) << text;
+  EXPECT_NE(text.find("\nportico-run: lines.cmd:3: the log cannot be written: "), std::string::npos) << text;
+  EXPECT_NE(text.find(" (2 times)\nportico-run: the log is incomplete: The file, "), std::string::npos) << text;
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 3) << text;
 }
 
 TEST_F(RunLogTest, LogThatIsWholeAgainAtTheEndIsNoFault) {
@@ -119,6 +140,19 @@ TEST_F(RunLogTest, LogThatIsWholeAgainAtTheEndIsNoFault) {
   const std::string text = Err.str();
   EXPECT_EQ(text.find("portico-run: lines.cmd:2: the log cannot be written: "), 0U) << text;
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1) << text;
+}
+
+TEST_F(RunLogTest, LineThatAnotherProgramsStampsCrowdOutIsMissingForGood) {
+  Driver->OnCall = [&](const std::string& call) {
+    if (call == "write B") AppendRival();
+  };
+  EXPECT_EQ(Run({u"A", u"B", u"C"}), 5);
+  auto logged = Logged();
+  EXPECT_EQ(std::erase(logged, "Rival -"), 40U);
+  EXPECT_EQ(logged, (std::vector<std::string>{"Instruction A\r\n", "Instruction C\r\n"}));
+  EXPECT_EQ(Err.str(), "portico-run: lines.cmd:2: the log cannot be written: The file, " + ToUtf8(Options.LogFile) +
+                           ", has been written by another program at the same time.\n"
+                           "portico-run: the log is incomplete\n");
 }
 
 TEST_F(RunLogTest, LogThatIsIncompleteOutranksADriverFailure) {

@@ -43,6 +43,7 @@ public:
   void Save(std::size_t place) final { m_saved[place] = m_settings; }
   bool HasSaved(std::size_t place) const final { return m_saved[place].has_value(); }
   void Recall(std::size_t place) final {
+    Recalling();
     m_settings = *m_saved[place];
     Recalled();
   }
@@ -50,6 +51,8 @@ public:
 protected:
   using Settings = SettingsRecord;
 
+  /// All settings are about to become others.
+  virtual void Recalling() {}
   /// All settings may be others now.
   virtual void Recalled() = 0;
 

@@ -74,6 +74,7 @@ private:
   void PeakToPeak(const Call& call);
   void Frequency(const Call& call);
 
+  void Recalling() override { CatchUp(); }
   void Recalled() override { BeginRun(m_running); }
   /// For all that an acquisition depends on: the sweeps so far are those of the old settings.
   Settings& Change();

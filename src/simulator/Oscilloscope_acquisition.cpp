@@ -82,6 +82,7 @@ void Oscilloscope::Single(const Call& /*call*/) {
 /// A run is no operation: nothing waits for its end.
 void Oscilloscope::Run(const Call& /*call*/) {
   m_executor.CancelOperation();
+  CatchUp();
   BeginRun(true);
 }
 
@@ -121,16 +122,17 @@ void Oscilloscope::Trigger() {
 void Oscilloscope::ForceTrigger(const Call& /*call*/) { Trigger(); }
 
 void Oscilloscope::AutoScale(const Call& call) {
+  Settings& settings = Change();
   Settings::Channel channel;
   channel.shown = true;
-  m_settings.channels.fill(channel);
-  m_settings.trigger = {};
-  m_settings.averaging = false;
+  settings.channels.fill(channel);
+  settings.trigger = {};
+  settings.averaging = false;
   for (std::size_t i = 0; i < Settings::kChannels; ++i) {
     const Signal signal = Seen(i);
-    m_settings.channels[i].scale = RoundUp(2 * (signal.amplitude + signal.bias) / kDivisionsUsed);
+    settings.channels[i].scale = RoundUp(2 * (signal.amplitude + signal.bias) / kDivisionsUsed);
   }
-  m_settings.timeScale = RoundUp(kPeriodsShown / Seen(0).frequency / kDivisionsAcross);
+  settings.timeScale = RoundUp(kPeriodsShown / Seen(0).frequency / kDivisionsAcross);
   Run(call);
 }
 

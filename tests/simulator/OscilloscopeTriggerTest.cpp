@@ -135,6 +135,15 @@ TEST(Oscilloscope, CouplingTakesTheBiasOrAll) {
   EXPECT_EQ(session.Error(), "-224,\"Illegal parameter value\"");
 }
 
+TEST(OscilloscopeRun, BegunAnewItKeepsTheRecordOfTheLastSweepThatIsOver) {
+  for (const std::string anew : {"RUN", "AUT", "*RCL 0"}) {
+    Session session("scope");
+    session.Send("*SAV 0;:RUN");
+    session.Advance(milliseconds(100));
+    EXPECT_EQ(session.Ask(anew + ";:STOP;:WAV:DATA?").substr(0, 6), "#41000") << anew;
+  }
+}
+
 TEST(Oscilloscope, AutoScaleShowsAllSignals) {
   Session session("scope");
   session.Send("TIM:SCAL 1;:TRIG:SWE NORM;SOUR EXT;:CHAN2:OFFS 5;COUP GND;:AUT");

@@ -18,6 +18,13 @@ TEST(Transcript, FirstStepsOnTheSimulatedMultimeter) {
   ExpectGolden("portico-run-first-steps.txt", outcome.out);
 }
 
+TEST(Transcript, OfAFirstQueryIsWhatTheReadmeShows) {
+  const std::string readme = Bytes(std::string(PORTICO_EXAMPLES) + "/../README.md");
+  const Outcome outcome = RunPortico({kSimulated}, "MEAS:VOLT:DC?\n");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_NE(readme.find("\nMEAS:VOLT:DC?\n" + outcome.out + "```\n"), std::string::npos) << outcome.out;
+}
+
 TEST(Transcript, StandardInputIsTheSameAsAFile) {
   const Outcome outcome = RunPortico({kSimulated}, Bytes(kFirstSteps));
   EXPECT_EQ(outcome.status, 0);

@@ -1,9 +1,9 @@
 // What a long conversation costs: times at a thousand and at a million entities, and the memory of one.
 
-#include "document/CDataEntity.h"
-#include "document/CDataFIFO.h"
-#include "document/CMockTimeStampServer.h"
-#include "document/CSelectionIterator.h"
+#include "document/entities/CDataEntity.h"
+#include "document/entities/CDataFIFO.h"
+#include "document/entities/CSelectionIterator.h"
+#include "document/log/CMockTimeStampServer.h"
 
 #include <algorithm>
 #include <cstdio>

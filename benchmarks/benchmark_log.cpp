@@ -1,10 +1,10 @@
 // What a long log costs: an append at the thousandth and at the millionth entity, and reading a million of them against
 // a bare parse of the same file.
 
-#include "document/CDataEntity.h"
-#include "document/CMockTimeStampServer.h"
-#include "document/CXMLDataStore.h"
-#include "framework/IObjectFactory.h"
+#include "document/entities/CDataEntity.h"
+#include "document/log/CMockTimeStampServer.h"
+#include "document/log/CXMLDataStore.h"
+#include "framework/objects/IObjectFactory.h"
 
 #include <pugixml.hpp>
 

@@ -1,7 +1,7 @@
 // The window's text boxes, with few lines and with many: what a line of a run costs, and how long the longest event
 // takes. Both windows take turns, and medians are compared.
 
-#include "qt/RichTextBox.h"
+#include "qt/text/RichTextBox.h"
 
 #include <QApplication>
 #include <QKeyEvent>

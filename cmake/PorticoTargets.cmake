@@ -29,23 +29,53 @@ if(PORTICO_TIDY)
   set(CMAKE_CXX_CLANG_TIDY "${CLANG_TIDY};--warnings-as-errors=*;--quiet")
 endif()
 
-# portico_library(NAME SOURCES ... LINK ...): one folder of src/, one target.
-# The folder's headers are reachable as "NAME/...", and only for those who link the target: the include
-# directory holds nothing but a link to the folder, so that an include which the layers forbid does not build.
-function(portico_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRIVATE" ${ARGN})
+# portico_library(FOLDER SOURCES ... LINK ... PUBLIC ... PRIVATE ...): one folder of src/, one target: portico_ and the
+# folder's path. Its headers are reachable as "FOLDER/...", and only for those who link the target: the include directory
+# holds links to these headers and nothing else, so that an include which the layers forbid does not build.
+# LINK names the folders that it may include, each of which must have been added before, so that no arrow points up;
+# PUBLIC and PRIVATE name libraries from outside, the latter those that its users need not see.
+function(portico_library folder)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PUBLIC;PRIVATE" ${ARGN})
+  get_property(below GLOBAL PROPERTY PORTICO_BELOW)
+  set(links ${ARG_PUBLIC})
+  foreach(lower ${ARG_LINK})
+    if(NOT lower IN_LIST below)
+      message(FATAL_ERROR "${folder} may not include ${lower}, which does not stand below it")
+    endif()
+    string(REPLACE "/" "_" lower "portico_${lower}")
+    list(APPEND links ${lower})
+  endforeach()
+  string(REPLACE "/" "_" name "${folder}")
   set(root "${PROJECT_BINARY_DIR}/include/${name}")
-  file(MAKE_DIRECTORY "${root}")
-  file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${root}/${name}" SYMBOLIC)
+  file(REMOVE_RECURSE "${root}") # may hold links to headers that are gone
+  file(MAKE_DIRECTORY "${root}/${folder}")
+  file(GLOB headers CONFIGURE_DEPENDS "*.h")
+  foreach(header ${headers})
+    get_filename_component(file "${header}" NAME)
+    file(CREATE_LINK "${header}" "${root}/${folder}/${file}" SYMBOLIC)
+  endforeach()
   if(ARG_SOURCES)
     add_library(portico_${name} STATIC ${ARG_SOURCES})
     target_include_directories(portico_${name} PUBLIC "${root}")
-    target_link_libraries(portico_${name} PUBLIC ${ARG_LINK} PRIVATE portico_options ${ARG_PRIVATE})
+    target_link_libraries(portico_${name} PUBLIC ${links} PRIVATE portico_options ${ARG_PRIVATE})
   else()
     add_library(portico_${name} INTERFACE)
     target_include_directories(portico_${name} INTERFACE "${root}")
-    target_link_libraries(portico_${name} INTERFACE ${ARG_LINK})
+    target_link_libraries(portico_${name} INTERFACE ${links})
   endif()
+  string(REPLACE ";" " " line "${folder}: ${ARG_LINK}")
+  set_property(GLOBAL APPEND PROPERTY PORTICO_LAYERS "${line}")
+  set_property(GLOBAL APPEND PROPERTY PORTICO_FOLDERS "${folder}")
+  set_property(GLOBAL APPEND PROPERTY PORTICO_BELOW "${folder}")
+endfunction()
+
+# portico_house(FOLDER ROOMS ...): all rooms of a folder that has no files of its own, for those who want them all.
+function(portico_house folder)
+  cmake_parse_arguments(ARG "" "" "ROOMS" ${ARGN})
+  list(TRANSFORM ARG_ROOMS PREPEND "portico_${folder}_")
+  add_library(portico_${folder} INTERFACE)
+  target_link_libraries(portico_${folder} INTERFACE ${ARG_ROOMS})
+  set_property(GLOBAL APPEND PROPERTY PORTICO_BELOW "${folder}")
 endfunction()
 
 # What nearly every test includes is compiled once for all of them, and once more for those that use Qt, which wants

@@ -1,5 +1,5 @@
 #include "configuration/CConfiguration.h"
-#include "framework/ErrorRecord.h"
+#include "framework/errors/ErrorRecord.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
-#include "document/CHexEncoder.h"
-#include "framework/ErrorRecord.h"
+#include "document/encoders/CHexEncoder.h"
+#include "framework/errors/ErrorRecord.h"
 
 #include <cstddef>
 #include <cstdint>

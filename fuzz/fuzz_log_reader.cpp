@@ -1,7 +1,7 @@
 #include "../tests/support/MemoryLogDisk.h"
-#include "document/LogText.h"
-#include "document/LogWriter.h"
-#include "framework/ErrorRecord.h"
+#include "document/log/LogText.h"
+#include "document/log/LogWriter.h"
+#include "framework/errors/ErrorRecord.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -6,15 +6,15 @@
 #include "drivers/InstrumentDriver.h"
 #include "drivers/StandardTransports.h"
 #include "drivers/SteadyClock.h"
-#include "framework/HuntERR.h"
+#include "framework/errors/HuntERR.h"
 #include "memory/EventLoop.h"
 #include "memory/RichTextBox.h"
 #include "memory/SettingsStore.h"
-#include "simulator/DeviceRack.h"
+#include "simulator/server/DeviceRack.h"
 #include "terminal/BatchRun.h"
-#include "terminal/Diagnostic.h"
-#include "terminal/FileSizeLimit.h"
-#include "terminal/StandardStreams.h"
+#include "terminal/console/Diagnostic.h"
+#include "terminal/console/FileSizeLimit.h"
+#include "terminal/console/StandardStreams.h"
 
 #include <exception>
 #include <iostream>

@@ -1,5 +1,5 @@
-#include "simulator/Device.h"
-#include "simulator/SocketServer.h"
+#include "simulator/devices/Device.h"
+#include "simulator/server/SocketServer.h"
 
 #include <CLI/CLI.hpp>
 

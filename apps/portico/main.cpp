@@ -8,12 +8,12 @@
 #include "drivers/InstrumentDriver.h"
 #include "drivers/StandardTransports.h"
 #include "drivers/SteadyClock.h"
-#include "framework/Application.h"
-#include "framework/HuntERR.h"
-#include "qt/EventLoop.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/shared/Application.h"
 #include "qt/Toolkit.h"
-#include "simulator/DeviceRack.h"
-#include "ui/KnownInstruments.h"
+#include "qt/loop/EventLoop.h"
+#include "simulator/server/DeviceRack.h"
+#include "ui/dialogs/KnownInstruments.h"
 
 #include <QApplication>
 

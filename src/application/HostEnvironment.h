@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/IErrorEnvironment.h"
+#include "framework/errors/IErrorEnvironment.h"
 
 #include <filesystem>
 

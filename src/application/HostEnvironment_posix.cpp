@@ -1,7 +1,7 @@
 #include "application/HostEnvironment.h"
 
 #include "application/OwnFiles.h"
-#include "framework/Application.h"
+#include "framework/shared/Application.h"
 
 #include <array>
 #include <cstdlib>

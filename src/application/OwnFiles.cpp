@@ -1,6 +1,6 @@
 #include "application/OwnFiles.h"
 
-#include "framework/text.h"
+#include "framework/text/text.h"
 
 #include <system_error>
 

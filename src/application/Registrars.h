@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/Creator.h"
+#include "framework/objects/Creator.h"
 
 #include <span>
 

@@ -2,12 +2,12 @@
 
 #include "application/Registrars.h"
 #include "channel/IChannel.h"
-#include "framework/CObjectFactory.h"
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
-#include "framework/IConfiguration.h"
-#include "framework/Quit.h"
-#include "framework/modGlobals.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/errors/Quit.h"
+#include "framework/objects/CObjectFactory.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/IConfiguration.h"
 
 namespace portico::modAppGlobals {
 namespace {

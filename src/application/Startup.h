@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/IMainForm.h"
-#include "framework/text.h"
+#include "framework/shared/IMainForm.h"
+#include "framework/text/text.h"
 
 #include <functional>
 

@@ -1,8 +1,8 @@
 #include "application/WindowProgram.h"
 
 #include "application/Startup.h"
-#include "framework/Quit.h"
-#include "ui/frmMain.h"
+#include "framework/errors/Quit.h"
+#include "ui/main/frmMain.h"
 
 namespace portico {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/Event.h"
-#include "framework/text.h"
+#include "framework/objects/Event.h"
+#include "framework/text/text.h"
 
 #include <functional>
 

@@ -1,8 +1,8 @@
 #include "channel/CChainLink.h"
 
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
-#include "framework/modCommand.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/shared/modCommand.h"
 
 namespace portico {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "framework/ICommand.h"
-#include "framework/IPublisher.h"
-#include "framework/IReport.h"
-#include "framework/IResponse.h"
+#include "framework/objects/IPublisher.h"
+#include "framework/shared/ICommand.h"
+#include "framework/shared/IReport.h"
+#include "framework/shared/IResponse.h"
 
 #include <memory>
 

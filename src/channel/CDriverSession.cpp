@@ -1,8 +1,8 @@
 #include "channel/CDriverSession.h"
 
-#include "framework/CResponse.h"
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/shared/CResponse.h"
 
 #include <algorithm>
 #include <array>

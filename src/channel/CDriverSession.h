@@ -1,7 +1,7 @@
 #pragma once
 
 #include "channel/IChannel.h"
-#include "framework/Creator.h"
+#include "framework/objects/Creator.h"
 #include "platform/IInstrumentDriver.h"
 
 #include <memory>

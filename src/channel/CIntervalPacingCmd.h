@@ -1,7 +1,7 @@
 #pragma once
 
 #include "channel/CChainLink.h"
-#include "framework/Creator.h"
+#include "framework/objects/Creator.h"
 
 namespace portico {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/Creator.h"
-#include "framework/IResponse.h"
+#include "framework/objects/Creator.h"
+#include "framework/shared/IResponse.h"
 #include "platform/IEventLoop.h"
 
 #include <memory>

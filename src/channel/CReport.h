@@ -1,8 +1,8 @@
 #pragma once
 
-#include "framework/CInstContainer.h"
-#include "framework/Creator.h"
-#include "framework/IReport.h"
+#include "framework/objects/Creator.h"
+#include "framework/shared/CInstContainer.h"
+#include "framework/shared/IReport.h"
 
 namespace portico {
 

@@ -1,10 +1,10 @@
 #include "channel/ConfigurationCommands.h"
 
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
-#include "framework/IConfiguration.h"
-#include "framework/IObjectFactory.h"
-#include "framework/modGlobals.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/IObjectFactory.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/IConfiguration.h"
 
 namespace portico {
 namespace {

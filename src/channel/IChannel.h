@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/IResponse.h"
+#include "framework/shared/IResponse.h"
 
 namespace portico {
 

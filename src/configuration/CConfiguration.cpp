@@ -1,9 +1,9 @@
 #include "configuration/CConfiguration.h"
 
 #include "configuration/ConfigurationXml.h"
-#include "framework/CResponse.h"
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/shared/CResponse.h"
 
 namespace portico {
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "configuration/CSetting.h"
-#include "framework/Creator.h"
-#include "framework/IConfiguration.h"
-#include "framework/KeyedList.h"
+#include "framework/containers/KeyedList.h"
+#include "framework/objects/Creator.h"
+#include "framework/shared/IConfiguration.h"
 
 #include <memory>
 

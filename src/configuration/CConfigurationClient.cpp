@@ -1,12 +1,12 @@
 #include "configuration/CConfigurationClient.h"
 
 #include "configuration/Options.h"
-#include "framework/Application.h"
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
-#include "framework/IMainWindow.h"
-#include "framework/IObjectFactory.h"
-#include "framework/modGlobals.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/IObjectFactory.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/Application.h"
+#include "framework/shared/IMainWindow.h"
 
 #include <array>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/IConfiguration.h"
+#include "framework/shared/IConfiguration.h"
 #include "platform/ISettingsStore.h"
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 #include "configuration/CSetting.h"
 
 #include "configuration/CSettings.h"
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 
 namespace portico {
 

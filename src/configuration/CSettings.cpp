@@ -1,7 +1,7 @@
 #include "configuration/CSettings.h"
 
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 
 #include <algorithm>
 #include <typeinfo>

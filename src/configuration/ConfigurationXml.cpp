@@ -1,8 +1,8 @@
 #include "configuration/ConfigurationXml.h"
 
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
-#include "framework/Ref.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/errors/Ref.h"
 
 #include <algorithm>
 #include <charconv>

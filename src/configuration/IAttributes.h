@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/Ref.h"
+#include "framework/errors/Ref.h"
 
 #include <cstdint>
 #include <vector>

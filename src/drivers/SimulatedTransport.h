@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drivers/ITransport.h"
-#include "simulator/SimulatedConnection.h"
+#include "simulator/status/SimulatedConnection.h"
 
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "instructions/CInstGenerator.h"
 
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 #include "instructions/InstructionShapes.h"
 
 namespace portico {

@@ -1,12 +1,12 @@
 #include "instructions/CInstHandler.h"
 
 #include "channel/CReport.h"
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
-#include "framework/ICommand.h"
-#include "framework/IPublisher.h"
-#include "framework/modGlobals.h"
-#include "instructions/IBuilder.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/IPublisher.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/ICommand.h"
+#include "instructions/builders/IBuilder.h"
 
 #include <initializer_list>
 

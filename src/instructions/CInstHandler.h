@@ -1,8 +1,8 @@
 #pragma once
 
-#include "framework/Creator.h"
+#include "framework/objects/Creator.h"
 #include "instructions/IInstProcessor.h"
-#include "instructions/StringArray.h"
+#include "instructions/builders/StringArray.h"
 
 namespace portico {
 

@@ -1,6 +1,6 @@
 #include "instructions/CInstProcessors.h"
 
-#include "framework/ItemByValue.h"
+#include "framework/containers/ItemByValue.h"
 
 namespace portico {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/KeyedList.h"
-#include "framework/Value.h"
+#include "framework/containers/KeyedList.h"
+#include "framework/errors/Value.h"
 #include "instructions/IInstProcessor.h"
 
 namespace portico {

@@ -1,6 +1,6 @@
 #include "instructions/CInstWrapper.h"
 
-#include "framework/ErrorNumbers.h"
+#include "framework/errors/ErrorNumbers.h"
 #include "instructions/InstructionShapes.h"
 
 namespace portico {

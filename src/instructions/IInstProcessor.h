@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/CInstContainer.h"
+#include "framework/shared/CInstContainer.h"
 
 #include <cstdint>
 

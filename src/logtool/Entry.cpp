@@ -1,7 +1,7 @@
 #include "logtool/Entry.h"
 
-#include "document/CHexEncoder.h"
-#include "document/LogText.h"
+#include "document/encoders/CHexEncoder.h"
+#include "document/log/LogText.h"
 
 namespace portico::logtool {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/LogElement.h"
-#include "framework/text.h"
+#include "document/log/LogElement.h"
+#include "framework/text/text.h"
 
 #include <optional>
 #include <string>

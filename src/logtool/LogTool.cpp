@@ -1,9 +1,9 @@
 #include "logtool/LogTool.h"
 
-#include "document/LogFile.h"
-#include "document/LogReader.h"
-#include "framework/Application.h"
-#include "framework/Printable.h"
+#include "document/log/LogFile.h"
+#include "document/log/LogReader.h"
+#include "framework/shared/Application.h"
+#include "framework/text/Printable.h"
 #include "logtool/Outputs.h"
 
 #include <algorithm>

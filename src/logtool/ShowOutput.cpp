@@ -1,6 +1,6 @@
 #include "logtool/ShowOutput.h"
 
-#include "framework/Printable.h"
+#include "framework/text/Printable.h"
 
 namespace portico::logtool {
 namespace {

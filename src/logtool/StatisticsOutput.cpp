@@ -1,6 +1,6 @@
 #include "logtool/StatisticsOutput.h"
 
-#include "framework/Printable.h"
+#include "framework/text/Printable.h"
 
 #include <array>
 #include <charconv>

@@ -1,6 +1,6 @@
 #include "logtool/ToolOptions.h"
 
-#include "framework/Application.h"
+#include "framework/shared/Application.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,8 +1,8 @@
 #include "memory/EventLoop.h"
 
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
-#include "framework/Quit.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/errors/Quit.h"
 
 #include <algorithm>
 

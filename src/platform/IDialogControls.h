@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/Event.h"
+#include "framework/objects/Event.h"
 #include "platform/IControl.h"
 #include "platform/IPlaced.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "framework/ErrorNumbers.h"
-#include "framework/Event.h"
-#include "framework/HuntERR.h"
-#include "framework/Ref.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/errors/Ref.h"
+#include "framework/objects/Event.h"
 #include "platform/IControl.h"
 #include "platform/IMenuItem.h"
 #include "platform/IPlaced.h"

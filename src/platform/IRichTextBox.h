@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/Event.h"
-#include "framework/Ref.h"
+#include "framework/errors/Ref.h"
+#include "framework/objects/Event.h"
 #include "platform/SelectionFormat.h"
 
 #include <cstdint>

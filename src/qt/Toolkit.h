@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qt/QuitSignals.h"
+#include "qt/loop/QuitSignals.h"
 
 #include <QString>
 

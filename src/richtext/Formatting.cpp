@@ -1,7 +1,7 @@
 #include "richtext/Formatting.h"
 
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 
 #include <cmath>
 #include <tuple>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/SummedSequence.h"
+#include "framework/containers/SummedSequence.h"
 #include "richtext/FormattedText.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 #include "richtext/RichTextModel.h"
 
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 #include "richtext/RichTextSearch.h"
 #include "richtext/RtfReader.h"
 #include "richtext/RtfWriter.h"

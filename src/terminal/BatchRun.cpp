@@ -1,13 +1,13 @@
 #include "terminal/BatchRun.h"
 
-#include "framework/HuntERR.h"
-#include "framework/IConfiguration.h"
-#include "framework/IObjectFactory.h"
-#include "framework/Quit.h"
-#include "framework/modGlobals.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/errors/Quit.h"
+#include "framework/objects/IObjectFactory.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/IConfiguration.h"
 #include "instructions/CInstGenerator.h"
 #include "instructions/IInstProcessor.h"
-#include "terminal/Diagnostic.h"
+#include "terminal/console/Diagnostic.h"
 
 namespace portico::terminal {
 namespace {

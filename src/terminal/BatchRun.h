@@ -3,14 +3,14 @@
 #include "terminal/ConversationPrinter.h"
 #include "terminal/DriverNews.h"
 #include "terminal/FaultMonitor.h"
-#include "terminal/Interrupts.h"
-#include "terminal/LineSource.h"
-#include "terminal/Progress.h"
 #include "terminal/RepeatedFaults.h"
 #include "terminal/RunLog.h"
 #include "terminal/RunOptions.h"
 #include "terminal/RunStatus.h"
 #include "terminal/TerminalWindow.h"
+#include "terminal/console/Interrupts.h"
+#include "terminal/console/LineSource.h"
+#include "terminal/console/Progress.h"
 
 #include <ostream>
 

@@ -1,6 +1,6 @@
 #include "terminal/ConversationPrinter.h"
 
-#include "framework/Printable.h"
+#include "framework/text/Printable.h"
 
 namespace portico::terminal {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/IDataEntity.h"
+#include "document/entities/IDataEntity.h"
 
 #include <ostream>
 #include <string>

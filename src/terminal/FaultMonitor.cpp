@@ -1,6 +1,6 @@
 #include "terminal/FaultMonitor.h"
 
-#include "framework/ErrorNumbers.h"
+#include "framework/errors/ErrorNumbers.h"
 
 namespace portico::terminal {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "framework/Event.h"
-#include "framework/IPublisher.h"
-#include "framework/IReport.h"
+#include "framework/objects/Event.h"
+#include "framework/objects/IPublisher.h"
+#include "framework/shared/IReport.h"
 
 #include <optional>
 #include <string>

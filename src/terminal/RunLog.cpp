@@ -1,8 +1,8 @@
 #include "terminal/RunLog.h"
 
-#include "framework/HuntERR.h"
-#include "framework/IObjectFactory.h"
-#include "framework/modGlobals.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/IObjectFactory.h"
+#include "framework/objects/modGlobals.h"
 
 namespace portico::terminal {
 namespace {

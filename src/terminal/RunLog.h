@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/CXMLDataStore.h"
-#include "document/ReportSubscribers.h"
+#include "document/log/CXMLDataStore.h"
+#include "document/reports/ReportSubscribers.h"
 
 #include <functional>
 

@@ -1,7 +1,7 @@
 #include "terminal/RunOptions.h"
 
 #include "configuration/Options.h"
-#include "framework/Application.h"
+#include "framework/shared/Application.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,7 +1,7 @@
 #include "terminal/TerminalWindow.h"
 
-#include "framework/IObjectFactory.h"
-#include "framework/modGlobals.h"
+#include "framework/objects/IObjectFactory.h"
+#include "framework/objects/modGlobals.h"
 
 namespace portico::terminal {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/IMainWindow.h"
+#include "framework/shared/IMainWindow.h"
 #include "platform/IScratchArea.h"
 #include "views/CInstructionRunner.h"
 #include "views/CSCPIViewHistory.h"

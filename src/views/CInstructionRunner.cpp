@@ -1,9 +1,9 @@
 #include "views/CInstructionRunner.h"
 
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
-#include "framework/IConfiguration.h"
-#include "framework/modGlobals.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/IConfiguration.h"
 #include "instructions/CInstGenerator.h"
 #include "platform/IEventLoop.h"
 #include "views/CommandCreation.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "framework/ICommand.h"
-#include "framework/IPublisher.h"
-#include "framework/IReport.h"
+#include "framework/objects/IPublisher.h"
+#include "framework/shared/ICommand.h"
+#include "framework/shared/IReport.h"
 #include "views/CSCPIView.h"
 
 #include <memory>

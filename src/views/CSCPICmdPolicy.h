@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/IObject.h"
+#include "framework/errors/IObject.h"
 #include "views/LineKind.h"
 
 namespace portico {

@@ -1,7 +1,7 @@
 #include "views/CSCPIView.h"
 
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 
 namespace portico {
 

@@ -1,6 +1,6 @@
 #include "views/CSCPIViewHistory.h"
 
-#include "framework/HuntERR.h"
+#include "framework/errors/HuntERR.h"
 
 namespace portico {
 

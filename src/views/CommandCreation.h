@@ -1,9 +1,9 @@
 #pragma once
 
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
-#include "framework/ICommand.h"
-#include "framework/IObjectFactory.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/IObjectFactory.h"
+#include "framework/shared/ICommand.h"
 
 namespace portico {
 

@@ -1,8 +1,8 @@
 #include "views/LineRunners.h"
 
-#include "framework/IConfiguration.h"
-#include "framework/IMainWindow.h"
-#include "framework/modGlobals.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/IConfiguration.h"
+#include "framework/shared/IMainWindow.h"
 #include "instructions/CInstGenerator.h"
 #include "platform/IEventLoop.h"
 #include "views/CommandCreation.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/ICommand.h"
-#include "framework/IReport.h"
+#include "framework/shared/ICommand.h"
+#include "framework/shared/IReport.h"
 #include "instructions/IInstProcessor.h"
 #include "views/CInstructionRunner.h"
 

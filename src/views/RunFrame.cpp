@@ -1,7 +1,7 @@
 #include "views/RunFrame.h"
 
-#include "document/CSimpleRTFEncoder.h"
-#include "framework/IMainWindow.h"
+#include "document/encoders/CSimpleRTFEncoder.h"
+#include "framework/shared/IMainWindow.h"
 #include "views/CSCPIViewHistory.h"
 
 namespace portico {

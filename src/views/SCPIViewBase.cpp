@@ -1,11 +1,11 @@
 #include "views/SCPIViewBase.h"
 
-#include "document/CSelectionIterator.h"
-#include "document/ReportEntities.h"
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
-#include "framework/IObjectFactory.h"
-#include "framework/modGlobals.h"
+#include "document/entities/CSelectionIterator.h"
+#include "document/reports/ReportEntities.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/IObjectFactory.h"
+#include "framework/objects/modGlobals.h"
 #include "views/LineKind.h"
 
 #include <cmath>

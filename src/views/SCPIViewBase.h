@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/CRTFEncoder.h"
-#include "document/IInstructionQueue.h"
+#include "document/encoders/CRTFEncoder.h"
+#include "document/entities/IInstructionQueue.h"
 
 namespace portico {
 

@@ -2,8 +2,8 @@
 
 #include "channel/ChannelCommands.h"
 #include "channel/ConfigurationCommands.h"
-#include "framework/CObjectFactory.h"
-#include "framework/HuntERR.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/CObjectFactory.h"
 #include "support/ChannelDoubles.h"
 #include "support/CreatorOfOne.h"
 #include "support/Labels.h"

@@ -1,4 +1,4 @@
-#include "ChainTest.h"
+#include "channel/ChainTest.h"
 #include "support/CreatorOfOne.h"
 
 #include "configuration/CConfiguration.h"

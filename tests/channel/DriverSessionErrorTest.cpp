@@ -1,6 +1,6 @@
-#include "DriverSessionTest.h"
+#include "channel/DriverSessionTest.h"
 
-#include "framework/CObjectFactory.h"
+#include "framework/objects/CObjectFactory.h"
 
 namespace portico {
 namespace {

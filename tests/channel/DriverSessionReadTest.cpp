@@ -1,4 +1,4 @@
-#include "DriverSessionTest.h"
+#include "channel/DriverSessionTest.h"
 
 namespace portico {
 namespace {

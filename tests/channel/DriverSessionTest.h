@@ -1,7 +1,7 @@
 #pragma once
 
 #include "channel/CDriverSession.h"
-#include "framework/HuntERR.h"
+#include "framework/errors/HuntERR.h"
 #include "support/FakeDriver.h"
 #include "support/Labels.h"
 

@@ -1,8 +1,8 @@
 #include "channel/CIntervalPacingCmd.h"
 
-#include "ChainTest.h"
 #include "channel/CIntervalTimer.h"
-#include "framework/Quit.h"
+#include "channel/ChainTest.h"
+#include "framework/errors/Quit.h"
 #include "memory/EventLoop.h"
 
 namespace portico {

@@ -1,8 +1,8 @@
 #include "channel/CIntervalTimer.h"
 
-#include "framework/CObjectFactory.h"
-#include "framework/HuntERR.h"
-#include "framework/Quit.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/errors/Quit.h"
+#include "framework/objects/CObjectFactory.h"
 #include "memory/EventLoop.h"
 #include "support/Labels.h"
 

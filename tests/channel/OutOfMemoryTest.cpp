@@ -1,7 +1,7 @@
-#include "ChainTest.h"
-#include "DriverSessionTest.h"
 #include "channel/CIntervalPacingCmd.h"
 #include "channel/CIntervalTimer.h"
+#include "channel/ChainTest.h"
+#include "channel/DriverSessionTest.h"
 #include "memory/EventLoop.h"
 #include "support/FailedAllocation.h"
 

@@ -1,7 +1,7 @@
 #include "channel/CReport.h"
 
-#include "framework/CObjectFactory.h"
-#include "framework/HuntERR.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/CObjectFactory.h"
 #include "support/Labels.h"
 
 namespace portico {

@@ -1,4 +1,4 @@
-#include "ClientTest.h"
+#include "configuration/ClientTest.h"
 
 namespace portico {
 namespace {

@@ -2,9 +2,9 @@
 
 #include "configuration/CConfiguration.h"
 #include "configuration/CConfigurationClient.h"
-#include "framework/CObjectFactory.h"
-#include "framework/HuntERR.h"
-#include "framework/IMainWindow.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/CObjectFactory.h"
+#include "framework/shared/IMainWindow.h"
 #include "memory/SettingsStore.h"
 #include "support/Labels.h"
 

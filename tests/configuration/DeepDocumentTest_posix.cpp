@@ -1,6 +1,6 @@
 #include "configuration/CConfiguration.h"
 
-#include "framework/HuntERR.h"
+#include "framework/errors/HuntERR.h"
 #include "support/Labels.h"
 
 #include <functional>

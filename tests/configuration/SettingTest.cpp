@@ -1,6 +1,6 @@
 #include "configuration/CSetting.h"
 
-#include "framework/HuntERR.h"
+#include "framework/errors/HuntERR.h"
 #include "support/Labels.h"
 
 namespace portico {

@@ -1,6 +1,6 @@
 #include "configuration/CSettings.h"
 
-#include "framework/HuntERR.h"
+#include "framework/errors/HuntERR.h"
 #include "support/Labels.h"
 
 namespace portico {

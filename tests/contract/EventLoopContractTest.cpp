@@ -2,7 +2,7 @@
 
 #include "contract/FormsBench.h"
 
-#include "framework/Quit.h"
+#include "framework/errors/Quit.h"
 #include "support/Raised.h"
 
 namespace portico::test {

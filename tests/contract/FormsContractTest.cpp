@@ -2,7 +2,7 @@
 
 #include "contract/FormsBench.h"
 
-#include "framework/Quit.h"
+#include "framework/errors/Quit.h"
 #include "platform/IDialogControls.h"
 #include "platform/IMenuItem.h"
 #include "platform/IPictureBox.h"

@@ -1,7 +1,7 @@
 #include "contract/FormsBench.h"
 
 #include "memory/EventLoop.h"
-#include "memory/Screen.h"
+#include "memory/forms/Screen.h"
 
 namespace portico::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "DocumentTest.h"
+#include "document/DocumentTest.h"
 
 namespace portico {
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "document/CDataEntity.h"
-#include "document/CDataFIFO.h"
-#include "document/CMockTimeStampServer.h"
-#include "document/CSelectionIterator.h"
+#include "document/entities/CDataEntity.h"
+#include "document/entities/CDataFIFO.h"
+#include "document/entities/CSelectionIterator.h"
+#include "document/log/CMockTimeStampServer.h"
 #include "support/FrameworkTest.h"
 #include "support/Labels.h"
 

@@ -1,4 +1,4 @@
-#include "RunLogs.h"
+#include "end_to_end/RunLogs.h"
 #include "support/Golden.h"
 #include "support/ScriptedServer.h"
 

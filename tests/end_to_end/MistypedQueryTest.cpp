@@ -1,4 +1,4 @@
-#include "Programs.h"
+#include "end_to_end/Programs.h"
 
 namespace portico::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "RunLogs.h"
+#include "end_to_end/RunLogs.h"
 
 namespace portico::test {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Programs.h"
+#include "end_to_end/Programs.h"
 
 #include <regex>
 #include <set>

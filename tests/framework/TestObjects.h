@@ -1,8 +1,8 @@
 #pragma once
 
-#include "framework/ICommand.h"
-#include "framework/IObjectFactory.h"
-#include "framework/IPublisher.h"
+#include "framework/objects/IObjectFactory.h"
+#include "framework/objects/IPublisher.h"
+#include "framework/shared/ICommand.h"
 
 #include <functional>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "memory/EventLoop.h"
 
-#include "framework/HuntERR.h"
-#include "framework/Quit.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/errors/Quit.h"
 #include "support/Raised.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #include "memory/Clock.h"
 
-#include "framework/Quit.h"
+#include "framework/errors/Quit.h"
 #include "memory/EventLoop.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "contract/FormsBench.h"
 
-#include "qt/EventLoop.h"
-#include "qt/PlainTextControl.h"
-#include "qt/Screen.h"
+#include "qt/desktop/Screen.h"
+#include "qt/loop/EventLoop.h"
+#include "qt/text/PlainTextControl.h"
 
 #include <QApplication>
 #include <QScreen>

@@ -2,10 +2,10 @@
 
 #include "platform/IMenuItem.h"
 #include "platform/IToolBar.h"
-#include "qt/EventLoop.h"
-#include "qt/PlainTextControl.h"
-#include "qt/Screen.h"
-#include "qt/Text.h"
+#include "qt/desktop/Screen.h"
+#include "qt/loop/EventLoop.h"
+#include "qt/text/PlainTextControl.h"
+#include "qt/text/Text.h"
 #include "support/Raised.h"
 
 #include <QAction>

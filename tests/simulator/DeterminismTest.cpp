@@ -1,6 +1,6 @@
-#include "Session.h"
+#include "simulator/Session.h"
 
-#include "simulator/Random.h"
+#include "simulator/devices/Random.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "channel/IChannel.h"
-#include "framework/CResponse.h"
-#include "framework/ICommand.h"
-#include "framework/IConfiguration.h"
-#include "framework/IPublisher.h"
-#include "framework/IReport.h"
+#include "framework/objects/IPublisher.h"
+#include "framework/shared/CResponse.h"
+#include "framework/shared/ICommand.h"
+#include "framework/shared/IConfiguration.h"
+#include "framework/shared/IReport.h"
 
 #include <functional>
 #include <string>

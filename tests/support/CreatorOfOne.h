@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/IObjectFactory.h"
+#include "framework/objects/IObjectFactory.h"
 
 #include <cstddef>
 #include <functional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/HuntERR.h"
+#include "framework/errors/HuntERR.h"
 #include "support/Raised.h"
 
 #include <algorithm>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "framework/HuntERR.h"
-#include "framework/IConfiguration.h"
-#include "framework/IMainWindow.h"
-#include "framework/IObjectFactory.h"
-#include "framework/modGlobals.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/IObjectFactory.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/IConfiguration.h"
+#include "framework/shared/IMainWindow.h"
 #include "support/FakeErrorEnvironment.h"
 
 #include <gtest/gtest.h>

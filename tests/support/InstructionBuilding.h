@@ -1,6 +1,6 @@
 #pragma once
 
-#include "instructions/IBuilder.h"
+#include "instructions/builders/IBuilder.h"
 #include "support/PipelineFixture.h"
 
 namespace portico::support {

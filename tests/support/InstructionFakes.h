@@ -1,8 +1,8 @@
 #pragma once
 
-#include "framework/IObjectFactory.h"
-#include "instructions/IBuilder.h"
+#include "framework/objects/IObjectFactory.h"
 #include "instructions/IInstProcessor.h"
+#include "instructions/builders/IBuilder.h"
 
 #include <functional>
 #include <initializer_list>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/ILogDisk.h"
-#include "framework/Quit.h"
+#include "document/log/ILogDisk.h"
+#include "framework/errors/Quit.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/IPublisher.h"
-#include "framework/IReport.h"
+#include "framework/objects/IPublisher.h"
+#include "framework/shared/IReport.h"
 #include "platform/IInstrumentDriver.h"
 #include "support/InstructionFakes.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/ErrorNumbers.h"
-#include "framework/HuntERR.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 #include "platform/IRichTextBox.h"
 #include "support/Cells.h"
 #include "support/Journal.h"

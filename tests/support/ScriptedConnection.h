@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/SimulatedConnection.h"
+#include "simulator/status/SimulatedConnection.h"
 #include "support/InstrumentScript.h"
 
 #include <deque>

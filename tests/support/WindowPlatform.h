@@ -1,12 +1,12 @@
 #pragma once
 
-#include "memory/CommonDialog.h"
 #include "memory/EventLoop.h"
-#include "memory/InstrumentList.h"
-#include "memory/Keyboard.h"
-#include "memory/MessageBox.h"
-#include "memory/Registry.h"
 #include "memory/SettingsStore.h"
+#include "memory/forms/CommonDialog.h"
+#include "memory/forms/InstrumentList.h"
+#include "memory/forms/Keyboard.h"
+#include "memory/forms/MessageBox.h"
+#include "memory/forms/Registry.h"
 #include "support/FrameworkTest.h"
 
 namespace portico::test {

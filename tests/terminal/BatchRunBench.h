@@ -7,8 +7,8 @@
 #include "memory/SettingsStore.h"
 #include "terminal/BatchRun.h"
 
-#include "RecordingDriver.h"
 #include "support/FrameworkTest.h"
+#include "terminal/RecordingDriver.h"
 
 #include <sstream>
 

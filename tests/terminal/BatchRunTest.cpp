@@ -1,4 +1,4 @@
-#include "BatchRunBench.h"
+#include "terminal/BatchRunBench.h"
 
 namespace portico::terminal {
 namespace {

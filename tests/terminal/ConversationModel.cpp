@@ -1,4 +1,4 @@
-#include "ConversationModel.h"
+#include "terminal/ConversationModel.h"
 
 #include <algorithm>
 #include <cctype>

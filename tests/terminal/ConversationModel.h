@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SampleInstrument.h"
+#include "terminal/SampleInstrument.h"
 
 #include <string>
 #include <vector>

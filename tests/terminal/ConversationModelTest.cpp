@@ -1,9 +1,9 @@
-#include "ConversationModel.h"
-#include "BatchRunBench.h"
-#include "MixedLines.h"
+#include "terminal/ConversationModel.h"
+#include "terminal/BatchRunBench.h"
+#include "terminal/MixedLines.h"
 
-#include "document/CSelectionIterator.h"
-#include "document/ReportSubscribers.h"
+#include "document/entities/CSelectionIterator.h"
+#include "document/reports/ReportSubscribers.h"
 #include "support/CreatorOfOne.h"
 
 #include <filesystem>

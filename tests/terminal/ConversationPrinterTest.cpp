@@ -1,7 +1,7 @@
 #include "terminal/ConversationPrinter.h"
 
-#include "document/CDataEntity.h"
-#include "document/CMockTimeStampServer.h"
+#include "document/entities/CDataEntity.h"
+#include "document/log/CMockTimeStampServer.h"
 #include "support/FrameworkTest.h"
 
 #include <sstream>

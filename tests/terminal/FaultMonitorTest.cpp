@@ -1,6 +1,6 @@
 #include "terminal/FaultMonitor.h"
 
-#include "HandMadeReport.h"
+#include "terminal/HandMadeReport.h"
 
 #include <gtest/gtest.h>
 

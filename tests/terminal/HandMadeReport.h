@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/IReport.h"
+#include "framework/shared/IReport.h"
 
 #include <utility>
 

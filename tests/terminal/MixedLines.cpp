@@ -1,6 +1,6 @@
-#include "MixedLines.h"
+#include "terminal/MixedLines.h"
 
-#include "ConversationModel.h"
+#include "terminal/ConversationModel.h"
 
 namespace portico::test {
 

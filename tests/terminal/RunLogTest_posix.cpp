@@ -1,7 +1,7 @@
-#include "BatchRunBench.h"
+#include "terminal/BatchRunBench.h"
 
-#include "document/CDataFIFO.h"
-#include "document/CSelectionIterator.h"
+#include "document/entities/CDataFIFO.h"
+#include "document/entities/CSelectionIterator.h"
 
 #include <algorithm>
 #include <csignal>

@@ -1,4 +1,4 @@
-#include "SampleInstrument.h"
+#include "terminal/SampleInstrument.h"
 
 namespace portico::test {
 namespace {

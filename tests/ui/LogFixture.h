@@ -1,18 +1,18 @@
 #pragma once
 
-#include "DesktopDoubles.h"
-#include "document/CXMLDataStore.h"
-#include "document/ReportSubscribers.h"
-#include "framework/modAppGlobals.h"
-#include "memory/RichTextControl.h"
+#include "document/log/CXMLDataStore.h"
+#include "document/reports/ReportSubscribers.h"
+#include "framework/shared/modAppGlobals.h"
+#include "memory/forms/RichTextControl.h"
 #include "platform/IScratchArea.h"
 #include "support/DocumentFixture.h"
 #include "support/WindowPlatform.h"
-#include "ui/EditCommands.h"
-#include "ui/IMainFormParts.h"
-#include "ui/LogCommands.h"
-#include "ui/MergeCommands.h"
-#include "ui/PrintCommands.h"
+#include "ui/DesktopDoubles.h"
+#include "ui/base/IMainFormParts.h"
+#include "ui/commands/EditCommands.h"
+#include "ui/commands/LogCommands.h"
+#include "ui/commands/MergeCommands.h"
+#include "ui/commands/PrintCommands.h"
 #include "views/CSCPIView.h"
 
 #include <fstream>

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "DesktopDoubles.h"
-#include "framework/Quit.h"
+#include "framework/errors/Quit.h"
 #include "instructions/IInstProcessor.h"
-#include "memory/DialogControls.h"
-#include "memory/RichTextControl.h"
+#include "memory/forms/DialogControls.h"
+#include "memory/forms/RichTextControl.h"
 #include "platform/IInstrumentList.h"
 #include "support/DocumentFixture.h"
 #include "support/WindowPlatform.h"
-#include "ui/IMainFormParts.h"
+#include "ui/DesktopDoubles.h"
+#include "ui/base/IMainFormParts.h"
 
 #include <array>
 

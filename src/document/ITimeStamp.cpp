@@ -1,7 +1,0 @@
-#include "document/ITimeStamp.h"
-
-namespace portico {
-
-Ref<ITimeStamp> gTimeStamper;
-
-} // namespace portico

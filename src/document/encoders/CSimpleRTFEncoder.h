@@ -1,0 +1,23 @@
+#pragma once
+
+#include "document/encoders/RTFEncoderBase.h"
+
+namespace portico {
+
+/// Encodes plain texts, such as the remarks that a run writes into the history. Its members check nothing.
+class CSimpleRTFEncoder final : public RTFEncoderBase {
+public:
+  StringView ClassName() const override { return u"CSimpleRTFEncoder"; }
+
+  String Encode(const String& sData, const String& DataType) const;
+  /// White on the white window: hidden, but there.
+  String EncodeWhite(const String& sData) const;
+
+protected:
+  SelectionFormat FormatOf(StringView DataType) const override;
+
+private:
+  String Format(String fragment, StringView DataType) const;
+};
+
+} // namespace portico

@@ -1,0 +1,225 @@
+#include "document/entities/CDataEntity.h"
+
+#include "document/entities/CDataPosition.h"
+#include "document/entities/EntitySlot.h"
+#include "document/entities/ITimeStamp.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/modGlobals.h"
+
+#include <limits>
+#include <typeinfo>
+
+namespace portico {
+namespace {
+
+/// The parts of the answer of `CompareToMe`.
+constexpr std::int32_t AttributesDiffer = 2;
+constexpr std::int32_t DataDiffer = 4;
+
+} // namespace
+
+void CDataEntity::Initialize(const ByteArray& data, const String& DataType, const String& TimeStamp) try {
+  HuntERR::Check(bool(gTimeStamper), ErrorNumber::ObjectRequired,
+                 u"Data entity requires a time stamper. There is none.");
+  HuntERR::Check(CalculateDataLength(data) >= 0, ErrorNumber::InvalidArgument, u"Invalid data array.");
+  m_attributes.Initialize();
+  StoreData(data);
+  m_initialized = true;
+  this->DataType(DataType);
+  this->TimeStamp(TimeStamp);
+} catch (...) {
+  PassOn(u"CDataEntity.Initialize(data,DataType,TimeStamp)", {data, DataType, TimeStamp});
+}
+
+String CDataEntity::DataAttributeValue(const String& Name) const try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  return m_attributes.ItemValue(Name);
+} catch (...) {
+  PassOn(u"CDataEntity.DataAttributeValue(Name)", {Name});
+}
+
+void CDataEntity::DataAttributeValue(const String& Name, const String& Value) try {
+  CheckAccess();
+  m_attributes.ItemValue(Name, Value);
+} catch (...) {
+  PassOn(u"CDataEntity.DataAttributeValue(Name,Value)", {Name, Value});
+}
+
+void CDataEntity::TimeStamp(const String& newValue) try {
+  CheckAccess();
+  m_attributes.ItemValue(AttributeName::Timestamp, newValue.empty() ? gTimeStamper->TimeStamp() : newValue);
+} catch (...) {
+  PassOn(u"CDataEntity.TimeStamp(newValue)", {newValue});
+}
+
+void CDataEntity::DataType(const String& newValue) try {
+  CheckAccess();
+  m_attributes.ItemValue(AttributeName::DataType, newValue);
+} catch (...) {
+  PassOn(u"CDataEntity.DataType(newValue)", {newValue});
+}
+
+Ref<IPosition> CDataEntity::Position(std::optional<std::int32_t> DataOffset) try {
+  CheckAccess();
+  return CreatePosition(DataOffset);
+} catch (...) {
+  PassOn(u"CDataEntity.IDataEntity_Position(DataOffset)", {DataOffset ? Value(*DataOffset) : Value()});
+}
+
+Ref<IAttributes> CDataEntity::DataAttributes() const try {
+  CheckAccess();
+  const std::shared_ptr<const CDataEntity> self = shared_from_this();
+  return Ref<IAttributes>(std::shared_ptr<IAttributes>(self, const_cast<CSettings*>(&m_attributes)));
+} catch (...) {
+  PassOn(u"CDataEntity.IDataEntity_DataAttributes");
+}
+
+String CDataEntity::DataAttribute(const String& Name) const try { return DataAttributeValue(Name); } catch (...) {
+  PassOn(u"CDataEntity.IDataEntity_DataAttribute(Name)", {Name});
+}
+
+void CDataEntity::DataAttribute(const String& Name, const String& Value) try {
+  DataAttributeValue(Name, Value);
+} catch (...) {
+  PassOn(u"CDataEntity.IDataEntity_DataAttribute(Name,Value)", {Name, Value});
+}
+
+std::int32_t CDataEntity::DataLength() const try {
+  CheckAccess();
+  return CalculateDataLength(m_data);
+} catch (...) {
+  PassOn(u"CDataEntity.IDataEntity_DataLength");
+}
+
+String CDataEntity::DataType() const try {
+  CheckAccess();
+  return m_attributes.ItemValue(AttributeName::DataType);
+} catch (...) {
+  PassOn(u"CDataEntity.DataType");
+}
+
+String CDataEntity::IDataEntity_DataType() const try { return DataType(); } catch (...) {
+  PassOn(u"CDataEntity.IDataEntity_DataType");
+}
+
+ByteArray CDataEntity::ReadData() const try {
+  CheckAccess();
+  return m_data;
+} catch (...) {
+  PassOn(u"CDataEntity.IDataEntity_ReadData");
+}
+
+void CDataEntity::UpdateData(const ByteArray& data) try {
+  CheckAccess();
+  HuntERR::Check(CalculateDataLength(data) >= 0, ErrorNumber::InvalidArgument, u"Invalid new data array.");
+  StoreData(data);
+} catch (...) {
+  PassOn(u"CDataEntity.IDataEntity_UpdateData(data)", {data});
+}
+
+String CDataEntity::TimeStamp() const try {
+  CheckAccess();
+  return m_attributes.ItemValue(AttributeName::Timestamp);
+} catch (...) {
+  PassOn(u"CDataEntity.TimeStamp");
+}
+
+String CDataEntity::IDataEntity_TimeStamp() const try { return TimeStamp(); } catch (...) {
+  PassOn(u"CDataEntity.IDataEntity_TimeStamp");
+}
+
+std::int32_t CDataEntity::CompareToMe(const Ref<IDataEntity>& DataEntity) const try {
+  CheckAccess();
+  if (!DataEntity) return AttributesDiffer + DataDiffer;
+  const std::int32_t attributes = CompareAttributes(DataEntity) ? 0 : AttributesDiffer;
+  return attributes + (CompareData(DataEntity) ? 0 : DataDiffer);
+} catch (...) {
+  PassOn(u"CDataEntity.IDataEntity_CompareToMe(DataEntity)", {DataEntity});
+}
+
+std::int32_t CDataEntity::CalculateDataLength(const ByteArray& data) {
+  if (data.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) return -1;
+  return static_cast<std::int32_t>(data.size());
+}
+
+void CDataEntity::StoreData(const ByteArray& data) {
+  m_data = data;
+  for (EntitySlot* slot = m_slots; slot != nullptr; slot = slot->NextOfEntity) slot->Holder->DataChanged(*slot);
+}
+
+Ref<IPosition> CDataEntity::CreatePosition(std::optional<std::int32_t> DataOffset) try {
+  auto position = New<CDataPosition>();
+  position->Initialize(Ref<IDataEntity>(shared_from_this()), DataOffset);
+  return position;
+} catch (...) {
+  // Positions are too many to box their parameters for a creator; its label stays.
+  PassOn(u"CtorDataPosition.ICreator_Create(Params)");
+}
+
+/// The other's attributes are asked.
+bool CDataEntity::CompareAttributes(const Ref<IDataEntity>& other) const {
+  const CDataEntity* sibling = From(other);
+  if (sibling != nullptr && sibling->m_initialized) return sibling->m_attributes.IsSame(m_attributes, true);
+  return other->DataAttributes()->IsSame(DataAttributes(), true);
+}
+
+bool CDataEntity::CompareData(const Ref<IDataEntity>& other) const {
+  if (const CDataEntity* sibling = From(other)) return m_data == sibling->m_data;
+  return m_data == other->ReadData();
+}
+
+CDataEntity* CDataEntity::From(const Ref<IDataEntity>& entity) {
+  IDataEntity* object = entity.Get();
+  return object != nullptr && typeid(*object) == typeid(CDataEntity) ? static_cast<CDataEntity*>(object) : nullptr;
+}
+
+void CDataEntity::Hold(EntitySlot& slot) { slot.NextOfEntity = std::exchange(m_slots, &slot); }
+
+void CDataEntity::Release(const EntitySlot& slot) noexcept {
+  EntitySlot** link = &m_slots;
+  while (*link != &slot) link = &(*link)->NextOfEntity;
+  *link = slot.NextOfEntity;
+}
+
+const EntitySlot* CDataEntity::SlotIn(const IEntityHolder& holder) const {
+  const EntitySlot* slot = m_slots;
+  while (slot != nullptr && slot->Holder != &holder) slot = slot->NextOfEntity;
+  return slot;
+}
+
+void CDataEntity::SettingsChanged() noexcept {
+  m_plain = m_initialized && !m_attributes.HasRenamed();
+  for (EntitySlot* slot = m_slots; slot != nullptr; slot = slot->NextOfEntity) slot->Holder->AttributesChanged(*slot);
+}
+
+void CDataEntity::CheckAccess() const {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+}
+
+namespace {
+
+Ref<IObject> MakeDataEntity(const Params& parameters) {
+  auto entity = New<CDataEntity>();
+  entity->Initialize(parameters[0].ToByteArray(), parameters[1].ToString(), parameters[2].ToString());
+  return entity;
+}
+
+} // namespace
+
+// Its errors bear the name of an older creator.
+const CreatorRow CtorDataEntity = {.Name = u"CtorDataEntity",
+                                   .Specification = u"DataEntity",
+                                   .ParamCount = 3,
+                                   .Make = MakeDataEntity,
+                                   .LabelName = u"CtorSubscriptionAgent"};
+
+Ref<CDataEntity> modDataDocument::CreateADataEntity(const ByteArray& data, const String& DataType,
+                                                    const String& TimeStamp) try {
+  HuntERR::Check(bool(gObjectFactory), ErrorNumber::CannotCarryOut, u"The object factory does not exist.");
+  return Create<CDataEntity>(u"DataEntity", modGlobals::VarArray(data, DataType, TimeStamp));
+} catch (...) {
+  PassOn(u"modDataDocument.CreateADataEntity(data,DataType,TimeStamp)", {data, DataType, TimeStamp});
+}
+
+} // namespace portico

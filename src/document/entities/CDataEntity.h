@@ -1,0 +1,84 @@
+#pragma once
+
+#include "configuration/CSettings.h"
+#include "document/entities/IDataEntity.h"
+#include "framework/objects/Creator.h"
+
+#include <memory>
+
+namespace portico {
+
+class IEntityHolder;
+struct EntitySlot;
+
+/// The one implementation of a data entity. Made through the factory only. Members raise 0x80041460 before
+/// `Initialize`.
+class CDataEntity final : public IDataEntity,
+                          public std::enable_shared_from_this<CDataEntity>,
+                          private ISettingsObserver {
+public:
+  StringView ClassName() const override { return u"CDataEntity"; }
+
+  /// An empty `TimeStamp` asks for a new one. No `gTimeStamper` raises 424.
+  void Initialize(const ByteArray& data, const String& DataType, const String& TimeStamp);
+  /// An absent name raises 381.
+  String DataAttributeValue(const String& Name) const;
+  /// Adds the attribute if the name is new.
+  void DataAttributeValue(const String& Name, const String& Value);
+  String TimeStamp() const;
+  /// An empty value stores a newly drawn stamp.
+  void TimeStamp(const String& newValue);
+  String DataType() const;
+  void DataType(const String& newValue);
+
+  Ref<IPosition> Position(std::optional<std::int32_t> DataOffset = {}) override;
+  Ref<IAttributes> DataAttributes() const override;
+  String DataAttribute(const String& Name) const override;
+  void DataAttribute(const String& Name, const String& Value) override;
+  std::int32_t DataLength() const override;
+  ByteArray ReadData() const override;
+  void UpdateData(const ByteArray& data) override;
+  std::int32_t CompareToMe(const Ref<IDataEntity>& DataEntity) const override;
+
+  // For who holds entities and finds them by their content. A slot is told of all changes until it is released.
+  /// The entity itself, or null if it is of another class.
+  static CDataEntity* From(const Ref<IDataEntity>& entity);
+  void Hold(EntitySlot& slot);
+  void Release(const EntitySlot& slot) noexcept;
+  /// Some slot of this holder, or null.
+  const EntitySlot* SlotIn(const IEntityHolder& holder) const;
+  /// As it is kept; null if there is none.
+  const PackedText* Stamp() const { return m_attributes.Find(AttributeName::Timestamp); }
+  /// Initialised, and without renamed attributes: what equals it has its stamp.
+  bool IsPlain() const { return m_plain; }
+
+private:
+  String IDataEntity_DataType() const override;
+  String IDataEntity_TimeStamp() const override;
+
+  /// Negative for an array whose length the entity cannot tell.
+  static std::int32_t CalculateDataLength(const ByteArray& data);
+  Ref<IPosition> CreatePosition(std::optional<std::int32_t> DataOffset);
+  bool CompareAttributes(const Ref<IDataEntity>& other) const;
+  bool CompareData(const Ref<IDataEntity>& other) const;
+  void CheckAccess() const;
+  void StoreData(const ByteArray& data);
+  void SettingsChanged() noexcept override;
+
+  EntitySlot* m_slots = nullptr; // where it is held
+  bool m_initialized = false;
+  bool m_plain = false;
+  ByteArray m_data; // beside what a walk from entity to entity needs
+  CSettings m_attributes{this};
+};
+
+/// "DataEntity": byte array, data type, time stamp.
+extern const CreatorRow CtorDataEntity;
+
+namespace modDataDocument {
+
+/// Asks the factory for an entity; no factory raises 17.
+Ref<CDataEntity> CreateADataEntity(const ByteArray& data, const String& DataType, const String& TimeStamp);
+
+} // namespace modDataDocument
+} // namespace portico

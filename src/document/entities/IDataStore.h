@@ -1,0 +1,18 @@
+#pragma once
+
+#include "document/entities/IDataEntity.h"
+#include "document/entities/IIteratableObject.h"
+
+namespace portico {
+
+/// Keeps data entities outside the process, in sessions.
+class IDataStore : public virtual IObject {
+public:
+  /// A new container with all entities of all sessions.
+  virtual Ref<IIteratableObject> FillDataContainerFromStore() = 0;
+  virtual void AppendDataEntityToStore(const Ref<IDataEntity>& DataEntity) = 0;
+  virtual void OpenSession() = 0;
+  virtual void CloseSession() = 0;
+};
+
+} // namespace portico

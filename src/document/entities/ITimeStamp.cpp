@@ -1,0 +1,7 @@
+#include "document/entities/ITimeStamp.h"
+
+namespace portico {
+
+Ref<ITimeStamp> gTimeStamper;
+
+} // namespace portico

@@ -1,0 +1,323 @@
+#include "document/log/CXMLDataStore.h"
+
+#include "document/entities/CDataEntity.h"
+#include "document/log/CMockTimeStampServer.h"
+#include "document/log/CNullDataStore.h"
+#include "document/log/LogText.h"
+#include "document/log/LogWatch.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/Application.h"
+
+#include <algorithm>
+#include <system_error>
+
+namespace portico {
+namespace {
+
+/// Nearly all that a log holds is ASCII, and there is much of it.
+String TextOf(std::string_view bytes) {
+  const bool ascii = std::all_of(bytes.begin(), bytes.end(), [](char byte) { return (byte & 0x80) == 0; });
+  return ascii ? FromAscii(bytes) : FromUtf8(bytes).Text;
+}
+
+LogReader::Source Watched(LogReader::Source source, std::uint64_t total) {
+  return [source = std::move(source), total, done = std::uint64_t{0}](char* buffer, std::size_t size) mutable {
+    LogWatch::TellBytes(done, total);
+    const std::size_t count = source(buffer, size);
+    done += count;
+    return count;
+  };
+}
+
+String SystemText(const std::system_error& error) { return FromUtf8(error.code().message()).Text; }
+
+} // namespace
+
+CXMLDataStore::~CXMLDataStore() {
+  if (!m_inSession) return;
+  try {
+    CloseCurrentSession();
+  } catch (...) {
+    SwallowInDestructor(u"CXMLDataStore.Class_Terminate");
+  }
+}
+
+void CXMLDataStore::Initialize(const String& FileName, bool OverWrite) try {
+  HuntERR::Check(!FileName.empty(), ErrorNumber::InvalidArgument, u"File name cannot be an empty string.");
+  auto encoder = New<CHexEncoder>();
+  HuntERR::Check(bool(encoder), ErrorNumber::CannotCreate, u"Failed to create a data encoder.");
+  InititalizeDataStore(FileName, OverWrite);
+  m_encoder = encoder;
+  m_fileName = FileName;
+  m_initialized = true;
+} catch (...) {
+  PassOn(Label(u".Initialize"));
+}
+
+void CXMLDataStore::InititalizeDataStore(const String& FileName, bool OverWrite) try {
+  m_fileName = FileName;
+  m_inSession = false; // it was in the other document
+  m_stamps = {};
+  m_document = std::make_unique<LogWriter>(*m_disk, ToUtf8(FileName));
+  HuntERR::Check(bool(m_document), ErrorNumber::CannotCreate, u"Failed to create a DOM document.");
+  try {
+    if (OverWrite && FileExists(FileName)) m_disk->Remove(ToUtf8(FileName));
+  } catch (const std::system_error& error) {
+    HuntERR::Raise(ErrorNumber::FileAccess, ClassName(), TheFile() + u"cannot be deleted: " + SystemText(error) + u".");
+  }
+  if (FileExists(FileName) || !CreateStoreSkeleton()) LoadStore();
+} catch (...) {
+  PassOn(Label(u".InititalizeDataStore(FileName, OverWrite)"), {FileName, OverWrite});
+}
+
+bool CXMLDataStore::FileExists(const String& Name) const { return m_disk->Exists(ToUtf8(Name)); }
+
+void CXMLDataStore::LoadStore() {
+  LogFileIdentity identity;
+  LogReading reading = ReadStore(m_stamps, identity);
+  HuntERR::Check(StoreIsValid(reading), ErrorNumber::BadFileFormat, NotValid());
+  m_document->TakeUp(identity, std::move(reading));
+}
+
+LogReading CXMLDataStore::ReadStore(ILogVisitor& visitor, LogFileIdentity& identity) const {
+  LogReading reading;
+  try {
+    if (const auto file = m_disk->Open(ToUtf8(m_fileName), ILogDisk::Access::Read)) {
+      identity = file->Identity();
+      reading = LogReader::Read(Watched(Document().SourceOf(*file), identity.Size), visitor);
+    }
+  } catch (const std::system_error&) { // what cannot be read is broken
+    reading.Ending = LogReading::End::Broken;
+  }
+  HuntERR::Check(reading.Ending != LogReading::End::Broken, ErrorNumber::BadFile, [this] { return NotValid(); });
+  return reading;
+}
+
+bool CXMLDataStore::StoreIsValid(const LogReading& reading) const try {
+  HuntERR::Check(reading.Headers > 0, ErrorNumber::BadFileFormat,
+                 u"This data store does not contain header information.");
+  HuntERR::Check(reading.Headers == 1, ErrorNumber::BadFileFormat, u"This data store contains more than one header.");
+  HuntERR::Check(reading.ApplicationName == ToUtf8(ApplicationTitle), ErrorNumber::BadFileFormat, u"");
+  return true;
+} catch (...) {
+  PassOn(Label(u".StoreIsValid"));
+}
+
+/// False if somebody else has made the file meanwhile.
+bool CXMLDataStore::CreateStoreSkeleton() try {
+  try {
+    return m_document->Create();
+  } catch (const std::system_error& error) {
+    HuntERR::Raise(ErrorNumber::FileAccess, ClassName(), TheFile() + u"cannot be written: " + SystemText(error) + u".");
+  }
+} catch (...) {
+  PassOn(Label(u".CreateStoreSkeleton()"));
+}
+
+void CXMLDataStore::OpenSession() try { OpenNewSession(); } catch (...) {
+  PassOn(Label(u".IDataStore_OpenSession()"));
+}
+
+void CXMLDataStore::OpenNewSession() try {
+  // The wording is that of the opposite case; both sides share it.
+  HuntERR::Check(!m_inSession, ErrorNumber::CannotCarryOut, u"No session is currently open.");
+  TakeUpStamps();
+  Document().OpenSession(gTimeStamper->TimeStamp());
+  m_inSession = true;
+  Save();
+} catch (...) {
+  PassOn(Label(u".OpenSession()"));
+}
+
+/// The stamps that are drawn from here on are not in the log.
+void CXMLDataStore::TakeUpStamps() {
+  if (m_stamps.IsEmpty()) return;
+  if (auto* server = dynamic_cast<CMockTimeStampServer*>(gTimeStamper.Get())) server->TakeUp(m_stamps);
+  m_stamps = {};
+}
+
+void CXMLDataStore::AppendDataEntityToStore(const Ref<IDataEntity>& DataEntity) try {
+  AppendDataEntity(DataEntity);
+} catch (...) {
+  PassOn(Label(u".IDataStore_AppendDataEntityToStore(DataEntity)"), {DataEntity});
+}
+
+void CXMLDataStore::AppendDataEntity(const Ref<IDataEntity>& DataEntity) try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  HuntERR::Check(m_inSession, ErrorNumber::CannotCarryOut, u"No session is currently open.");
+  AppendEntityElement(DataEntity);
+  Save();
+} catch (...) {
+  PassOn(Label(u".AppendDataEntity(DataEntity)"), {DataEntity});
+}
+
+void CXMLDataStore::AppendEntityElement(const Ref<IDataEntity>& DataEntity) try {
+  Document().Append(DataEntityToElement(DataEntity));
+} catch (...) {
+  PassOn(Label(u".AppendEntityElement(DataEntity)"), {DataEntity});
+}
+
+std::string CXMLDataStore::DataEntityToElement(const Ref<IDataEntity>& DataEntity) const try {
+  HuntERR::Check(bool(DataEntity), ErrorNumber::InvalidArgument, u"Data entity cannot be nothing.");
+  const String type = DataEntity->DataType();
+  HuntERR::Check(LogText::IsName(type), ErrorNumber::CannotCreate, u"Cannot create an XML element.");
+  const std::string name = ToUtf8(type);
+  std::string element = "\n<" + name;
+  String format;
+  if (const auto attributes = DataEntity->DataAttributes()) {
+    for (const Ref<IAttribute>& attribute : attributes->NewEnum()) {
+      if (IsPrivateAttribute(attribute->Name())) continue;
+      if (attribute->Name() == AttributeName::DataFormat) format = attribute->Value();
+      HuntERR::Check(LogText::IsName(attribute->Name()), ErrorNumber::CannotCreate, u"Cannot create an XML attribute.");
+      LogText::AppendAttribute(element, StringView(attribute->Name()), StringView(attribute->Value()));
+    }
+  }
+  element += '>';
+  if (format == FromAscii(LogName::StringFormat)) {
+    LogText::AppendCharacterData(element, FromBytes(DataEntity->ReadData()));
+  } else {
+    element += "<![CDATA[";
+    CHexEncoder::AppendEncoded(element, DataEntity->ReadData());
+    element += "]]>";
+  }
+  return element.append("</").append(name).append(">");
+} catch (...) {
+  PassOn(Label(u".DataEntityToElement(DataEntity)"), {DataEntity});
+}
+
+bool CXMLDataStore::IsPrivateAttribute(StringView Name) { return !Name.empty() && Name.front() == u'_'; }
+
+void CXMLDataStore::CloseSession() try { CloseCurrentSession(); } catch (...) {
+  PassOn(Label(u".IDataStore_CloseSession()"));
+}
+
+void CXMLDataStore::CloseCurrentSession() try {
+  HuntERR::Check(m_inSession, ErrorNumber::CannotCarryOut, u"No session is currently open.");
+  Document().CloseSession(gTimeStamper->TimeStamp());
+  Save();
+  m_inSession = false;
+} catch (...) {
+  PassOn(Label(u".CloseSession()"));
+}
+
+LogWriter& CXMLDataStore::Document() const {
+  if (!m_document) RaiseUnsetReference();
+  return *m_document;
+}
+
+void CXMLDataStore::Save() {
+  ErrorRecord failure;
+  try {
+    Document().Save(m_stamps);
+    return TakeUpStamps();
+  } catch (const NoLogFault& fault) {
+    failure.Number = ErrorNumber::BadFile;
+    failure.Description = TheFile() + u"is not a valid data store: " + FromUtf8(fault.what()).Text + u".";
+  } catch (const StampTakenFault& fault) {
+    failure.Number = ErrorNumber::FileAccess;
+    failure.Description = TheFile() + FromUtf8(fault.what()).Text + u".";
+  } catch (const std::system_error& error) {
+    failure.Number = ErrorNumber::FileAccess;
+    failure.Description = TheFile() + u"cannot be written: " + SystemText(error) + u".";
+  }
+  TakeUpStamps();
+  failure.Source = ClassName();
+  SaveFailed(failure.Description.Text());
+  HuntERR::Raise(std::move(failure));
+}
+
+Ref<IIteratableObject> CXMLDataStore::FillDataContainerFromStore() try { return FillDataFIFOFromStore(); } catch (...) {
+  PassOn(Label(u".IDataStore_FillDataContainerFromStore()"));
+}
+
+/// Puts the entities of a log into a container.
+class CXMLDataStore::Filler final : public ILogVisitor {
+public:
+  Filler(const CXMLDataStore& store, CDataFIFO& fifo) : m_store(store), m_fifo(fifo) {}
+
+  void Entity(const LogElement& entity) override {
+    m_fifo.Enqueue(m_store.ElementToDataEntity(&entity, *this));
+    LogWatch::TellEntity();
+  }
+
+  /// Nearly all elements bear the same few attributes.
+  const String& Name(const std::string& name) {
+    for (const auto& [bytes, text] : m_names) {
+      if (bytes == name) return text;
+    }
+    if (m_names.size() == MostNames) m_names.clear();
+    return m_names.emplace_back(name, FromUtf8(name).Text).second;
+  }
+
+private:
+  static constexpr std::size_t MostNames = 8;
+
+  const CXMLDataStore& m_store;
+  CDataFIFO& m_fifo;
+  std::vector<std::pair<std::string, String>> m_names;
+};
+
+Ref<CDataFIFO> CXMLDataStore::FillDataFIFOFromStore() try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  m_inSession = false;
+  auto fifo = New<CDataFIFO>();
+  fifo->Initialize(0);
+  Filler filler(*this, *fifo);
+  LogFileIdentity identity;
+  const LogReading reading = ReadStore(filler, identity);
+  HuntERR::Check(StoreIsValid(reading), ErrorNumber::BadFileFormat, NotValid());
+  LogReader::Read(Document().Unsaved(), filler);
+  if (reading.Ending == LogReading::End::Torn) TellMissingEnd();
+  return fifo;
+} catch (...) {
+  PassOn(Label(u".FillDataFIFOFromStore()"));
+}
+
+/// A log that is being written may look torn. Who holds its lock sees whether it is.
+void CXMLDataStore::TellMissingEnd() const {
+  LogReading reading;
+  try {
+    ILogVisitor nobody;
+    const auto file = m_disk->Open(ToUtf8(m_fileName), ILogDisk::Access::LockedRead);
+    if (file) reading = LogReader::Read(*file, nobody);
+  } catch (const std::system_error&) { // who cannot look again has nothing to tell
+  }
+  if (reading.Ending == LogReading::End::Torn) LogWatch::TellMissingEnd(reading);
+}
+
+Ref<IDataEntity> CXMLDataStore::ElementToDataEntity(const LogElement* Element, Filler& names) const try {
+  HuntERR::Check(Element != nullptr, ErrorNumber::InvalidArgument, u"XML element cannot be nothing.");
+  const Ref<IDataEntity> entity = modDataDocument::CreateADataEntity({}, u"", u"");
+  HuntERR::Check(bool(entity), ErrorNumber::CannotCreate, u"Cannot create a data entity.");
+  bool isString = false;
+  for (const LogAttribute& attribute : Element->Attributes) {
+    if (attribute.Name == LogName::DataFormat) isString = attribute.Value == LogName::StringFormat;
+    entity->DataAttribute(names.Name(attribute.Name), TextOf(attribute.Value));
+  }
+  entity->UpdateData(Payload(Element->Text, isString));
+  return entity;
+} catch (...) {
+  PassOn(Label(u".ElementToDataEntity(Element)"));
+}
+
+ByteArray CXMLDataStore::Payload(std::string_view text, bool isString) const {
+  if (isString) return ToBytes(TextOf(text));
+  if (auto data = CHexEncoder::TryDecode(text)) return std::move(*data);
+  return m_encoder->Decode(FromUtf8(text).Text); // raises what is wrong with it
+}
+
+const CreatorRow CtorXMLDataStore = {
+    .Name = u"CtorXMLDataStore",
+    .Specification = u"DataStore",
+    .ParamCount = 2,
+    .Make = [](const Params& Parameters) -> Ref<IObject> {
+      if (!modGlobals::XMLParserAvailable()) return New<CNullDataStore>();
+      auto store = New<CXMLDataStore>();
+      store->Initialize(Parameters[0].ToString(), Parameters[1].ToBoolean());
+      return store;
+    },
+};
+
+} // namespace portico

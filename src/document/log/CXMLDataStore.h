@@ -1,0 +1,84 @@
+#pragma once
+
+#include "document/encoders/CHexEncoder.h"
+#include "document/entities/CDataFIFO.h"
+#include "document/entities/IDataStore.h"
+#include "document/log/LogFile.h"
+#include "document/log/LogStamps.h"
+#include "document/log/LogWriter.h"
+
+#include <memory>
+
+namespace portico {
+
+/// The log: one XML document on disk, with a header and any number of sessions. docs/formats/log.md describes it.
+///
+/// The file is written when the store makes it, and at each `OpenSession`, `AppendDataEntityToStore` and
+/// `CloseSession`; after each it is a whole document. Letting the store go closes an open session. A file that cannot
+/// be written raises 75 and a file that is no log 31037 or 321; what was to be saved goes out with the next save. Only
+/// an entity whose stamp another program has written meanwhile never does; that raises 75, too.
+class CXMLDataStore final : public IDataStore {
+public:
+  explicit CXMLDataStore(std::shared_ptr<ILogDisk> disk = std::make_shared<LogDisk>()) : m_disk(std::move(disk)) {}
+  ~CXMLDataStore() override;
+  StringView ClassName() const override { return u"CXMLDataStore"; }
+
+  /// A save has failed, with that text; the error follows.
+  Event<StringView> SaveFailed;
+  /// Something was to be saved and is not in the file yet, or never will be.
+  bool IsAnythingUnwritten() const { return m_document && m_document->IsAnythingUnsaved(); }
+
+  /// Opens the file or makes it. An empty name raises 5. Forgets a session that is open in another file.
+  void Initialize(const String& FileName, bool OverWrite);
+
+  /// Reads the file as it is now; one that is gone or no log any more raises 31037 or 321.
+  /// Forgets the session that is open, whether it succeeds or not: a log that is looked at is not written. An element
+  /// without payload raises 9, a stamp that stands twice 457.
+  Ref<IIteratableObject> FillDataContainerFromStore() override;
+  /// Before `Initialize` 0x80041460, without a session 17, for nothing 5, for a type that cannot name an element 31004.
+  void AppendDataEntityToStore(const Ref<IDataEntity>& DataEntity) override;
+  /// An open session raises 17.
+  void OpenSession() override;
+  /// No open session raises 17.
+  void CloseSession() override;
+
+private:
+  class Filler;
+
+  Ref<CDataFIFO> FillDataFIFOFromStore();
+  void AppendDataEntity(const Ref<IDataEntity>& DataEntity);
+  void OpenNewSession();
+  void CloseCurrentSession();
+  Ref<IDataEntity> ElementToDataEntity(const LogElement* Element, Filler& names) const;
+  ByteArray Payload(std::string_view text, bool isString) const;
+  static bool IsPrivateAttribute(StringView Name);
+  std::string DataEntityToElement(const Ref<IDataEntity>& DataEntity) const;
+  void AppendEntityElement(const Ref<IDataEntity>& DataEntity);
+  bool StoreIsValid(const LogReading& reading) const;
+  bool CreateStoreSkeleton();
+  void InititalizeDataStore(const String& FileName, bool OverWrite);
+  bool FileExists(const String& Name) const;
+
+  void LoadStore();
+  void TakeUpStamps();
+  LogReading ReadStore(ILogVisitor& visitor, LogFileIdentity& identity) const;
+  void TellMissingEnd() const;
+  void Save();
+  LogWriter& Document() const;
+  String TheFile() const { return u"The file, " + m_fileName + u", "; }
+  String NotValid() const { return TheFile() + u"is not a valid data store."; }
+  String Label(StringView member) const { return String(ClassName()).append(member); }
+
+  std::shared_ptr<ILogDisk> m_disk;
+  bool m_initialized = false;
+  String m_fileName;
+  Ref<CHexEncoder> m_encoder;
+  std::unique_ptr<LogWriter> m_document;
+  LogStamps m_stamps; // of others, which those that this program draws must not repeat
+  bool m_inSession = false;
+};
+
+/// "DataStore": file name, overwrite. Without an XML parser it makes a `CNullDataStore`.
+extern const CreatorRow CtorXMLDataStore;
+
+} // namespace portico

@@ -1,0 +1,107 @@
+#include "document/reports/ReportSubscribers.h"
+
+#include "document/reports/ReportEntities.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/IObjectFactory.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/IConfiguration.h"
+
+namespace portico {
+namespace {
+
+constexpr StringView LoggingItem = u"Logging";
+
+void CheckInitialized(bool initialized) {
+  HuntERR::Check(initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+}
+
+void CheckFactory() {
+  HuntERR::Check(bool(gObjectFactory), ErrorNumber::ObjectRequired, u"This operation requires an object factory.");
+}
+
+void CheckConfiguration() {
+  HuntERR::Check(bool(gConfiguration), ErrorNumber::ObjectRequired, u"This operation requires a configuration server.");
+}
+
+} // namespace
+
+void CReportDisplayer::Initialize(const Ref<IInstructionQueue>& Target) try {
+  HuntERR::Check(bool(Target), ErrorNumber::InvalidArgument, u"Target cannot be nothing.");
+  CheckFactory();
+  const auto publisher = Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray());
+  publisher->Subscribe(Ref<ISubscriber>(shared_from_this()));
+  m_target = Target;
+  m_initialized = true;
+} catch (...) {
+  PassOn(u"CReportDisplayer.Initialize()");
+}
+
+void CReportDisplayer::DisplayDataEntity(const Ref<IDataEntity>& DataEntity) {
+  m_target->Instructions()->Enqueue(DataEntity);
+}
+
+void CReportDisplayer::Update(const Ref<IObject>& Subject) try {
+  CheckInitialized(m_initialized);
+  DisplayDataEntity(modAppGlobals::Report2DataEntity(Cast<IReport>(Subject)));
+} catch (...) {
+  PassOn(u"CReportDisplayer.ISubscriber_Update(Subject)", {Subject});
+}
+
+void CReportLogger::Initialize(const Ref<IDataStore>& DataStore) try {
+  HuntERR::Check(bool(DataStore), ErrorNumber::InvalidArgument, u"Data store cannot be nothing.");
+  CheckFactory();
+  m_store = DataStore;
+  m_initialized = true;
+} catch (...) {
+  PassOn(u"CReportLogger.Initialize()");
+}
+
+bool CReportLogger::IsLogging() const try {
+  CheckInitialized(m_initialized);
+  CheckConfiguration();
+  return gConfiguration->ItemValue(LoggingItem) == u"On";
+} catch (...) {
+  PassOn(u"CReportLogger.IsLogging()");
+}
+
+void CReportLogger::DisableLogging() try {
+  CheckInitialized(m_initialized);
+  CheckConfiguration();
+  gConfiguration->ItemValue(LoggingItem, u"Off");
+  m_store->CloseSession();
+} catch (...) {
+  PassOn(u"CReportLogger.DisableLogging()");
+}
+
+void CReportLogger::EnableLogging() try {
+  CheckInitialized(m_initialized);
+  CheckConfiguration();
+  gConfiguration->ItemValue(LoggingItem, u"On");
+  m_store->OpenSession();
+} catch (...) {
+  PassOn(u"CReportLogger.EnableLogging()");
+}
+
+void CReportLogger::LogDataEntity(const Ref<IDataEntity>& DataEntity) { m_store->AppendDataEntityToStore(DataEntity); }
+
+void CReportLogger::Update(const Ref<IObject>& Subject) try {
+  CheckInitialized(m_initialized);
+  if (IsLogging()) LogDataEntity(modAppGlobals::Report2DataEntity(Cast<IReport>(Subject)));
+} catch (...) {
+  PassOn(u"CReportLogger.ISubscriber_Update(Subject)", {Subject});
+}
+
+const CreatorRow CtorReportDisplayer = {u"CtorReportDisplayer", u"ReportDisplayer", 1, [](const Params& Parameters) {
+                                          auto displayer = New<CReportDisplayer>();
+                                          displayer->Initialize(Parameters[0].ToObject<IInstructionQueue>());
+                                          return Ref<IObject>(displayer);
+                                        }};
+
+const CreatorRow CtorReportLogger = {u"CtorReportLogger", u"ReportLogger", 1, [](const Params& Parameters) {
+                                       auto logger = New<CReportLogger>();
+                                       logger->Initialize(Parameters[0].ToObject<IDataStore>());
+                                       return Ref<IObject>(logger);
+                                     }};
+
+} // namespace portico

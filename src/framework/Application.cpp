@@ -1,7 +1,0 @@
-#include "framework/Application.h"
-
-namespace portico {
-
-String ApplicationVersion() { return FromAscii(PORTICO_VERSION); }
-
-} // namespace portico

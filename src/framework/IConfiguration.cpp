@@ -1,7 +1,0 @@
-#include "framework/IConfiguration.h"
-
-namespace portico {
-
-Ref<IConfiguration> gConfiguration;
-
-} // namespace portico

@@ -1,7 +1,0 @@
-#include "framework/IMainWindow.h"
-
-namespace portico {
-
-Ref<IMainWindow> gMainForm;
-
-} // namespace portico

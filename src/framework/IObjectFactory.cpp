@@ -1,7 +1,0 @@
-#include "framework/IObjectFactory.h"
-
-namespace portico {
-
-Ref<IObjectFactory> gObjectFactory;
-
-} // namespace portico

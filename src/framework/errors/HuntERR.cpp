@@ -1,0 +1,274 @@
+#include "framework/errors/HuntERR.h"
+
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/ErrorReport.h"
+#include "framework/errors/Quit.h"
+
+#include <cstdlib>
+#include <new>
+#include <stdexcept>
+#include <typeinfo>
+#include <utility>
+
+namespace portico {
+namespace HuntERR {
+namespace {
+
+/// An error that was stopped where it arose, and that nobody has asked for yet.
+struct Stopped {
+  std::int32_t Number = 0; // 0: none
+  StringView Label;
+  String Value;
+  std::tm Time{};
+};
+
+struct State {
+  ErrorRecord Current;
+  ErrorRecord Saved;
+  bool Preserved = false;
+  LazyText Report;
+  bool HasReport = false;
+  String Collected; // by Check with number 0
+  Stopped Pending;  // newer than all of these
+};
+
+State& Records() {
+  static State state;
+  return state;
+}
+
+void TakeIn(Stopped stopped);
+
+/// What is known, once all of it is on record.
+State& Module() {
+  State& state = Records();
+  if (state.Pending.Number != 0) TakeIn(std::exchange(state.Pending, {}));
+  return state;
+}
+
+constexpr StringView ReportSource = u"HuntERR.ErrorIn";
+
+/// The run time's own text of a standard number.
+StringView StandardText(std::int32_t number) {
+  switch (number) {
+  case ErrorNumber::InvalidArgument:
+    return u"Invalid argument.";
+  case ErrorNumber::Overflow:
+    return u"Overflow.";
+  case ErrorNumber::OutOfMemory:
+    return u"Out of memory.";
+  case ErrorNumber::BadSubscript:
+    return u"Subscript out of range.";
+  case ErrorNumber::DivisionByZero:
+    return u"Division by zero.";
+  case ErrorNumber::TypeMismatch:
+    return u"Type mismatch.";
+  case ErrorNumber::MissingObject:
+    return u"Object reference is not set.";
+  case ErrorNumber::BadPropertyValue:
+    return u"Invalid property value.";
+  case ErrorNumber::DuplicateKey:
+    return u"This key is in the list already.";
+  case ErrorNumber::PropertyNotFound:
+    return u"The object does not have this property or method.";
+  case ErrorNumber::ControlNotFound:
+    return u"The form has no control of this name.";
+  case ErrorNumber::DialogCancelled:
+    return u"Cancel was selected.";
+  case ErrorNumber::IndexOutOfBounds:
+    return u"Index out of bounds.";
+  case ErrorNumber::ElementNotFound:
+    return u"Element not found.";
+  default:
+    return u"Error of the run time.";
+  }
+}
+
+} // namespace
+
+void Raise(std::int32_t Number, StringView Source, StringView Description, StringView HelpFile,
+           std::int32_t HelpContext) {
+  ErrorRecord record;
+  record.Number = Number;
+  record.Source = Source;
+  record.Description = String(Description);
+  record.HelpFile = HelpFile;
+  record.HelpContext = HelpContext;
+  Raise(std::move(record));
+}
+
+void Raise(ErrorRecord record) {
+  Module().Current = record;
+  throw Error(std::move(record));
+}
+
+void RaiseStandard(std::int32_t Number) { Raise(StandardError(Number)); }
+
+ErrorRecord StandardError(std::int32_t Number) {
+  ErrorRecord record;
+  record.Number = Number;
+  record.Source = u"Portico";
+  record.Description = String(StandardText(Number));
+  return record;
+}
+
+void FailCheck(std::int32_t ErrNum, StringView Message, const Params& Values, StringView HelpFile,
+               std::int32_t HelpContext) {
+  String message = ReplaceAll(Message, u"||", NewLine);
+  for (std::size_t i = Values.size(); i > 0; --i) { // from the last, so that %1 is not found in %10
+    message = ReplaceAll(message, u"%" + ToText(static_cast<std::int64_t>(i)), Values[i - 1].TextForm());
+  }
+  if (ErrNum != 0) Raise(ErrNum, u"HuntERR.Check", message, HelpFile, HelpContext);
+  String& collected = Module().Collected;
+  if (!collected.empty()) collected += NewLine;
+  collected += message;
+}
+
+namespace {
+
+LazyText PassTail(const ErrorReport::Passage& passage, unsigned Flags) {
+  State& state = Module();
+  if (state.Current.Number == 0 && !state.Preserved) {
+    state.Current.Number = ErrorNumber::ERRMAP_APP_FIRST;
+    state.Current.Description = String(u"ErrorIn: Error information was lost. To fix: call ErrPreserve before doing "
+                                       u"anything in error handler.");
+  }
+  ErrPreserve();
+  if (IsExpectedError()) {
+    state.Report = {};
+    state.HasReport = false;
+  } else if ((Flags & AddToReport) != 0) {
+    const bool passedBefore = state.Saved.Source == ReportSource;
+    state.Report = ErrorReport::Compose(state.Saved, passedBefore, passage, state.Collected);
+    state.HasReport = true;
+    state.Saved.Source = ReportSource;
+    state.Saved.Description = state.Report;
+  }
+  state.Collected.clear();
+  ErrRestore();
+  state.Preserved = false;
+  if ((Flags & RaiseAgain) != 0) {
+    ErrorRecord passed = state.Saved;
+    passed.LastDllError = 0;
+    passed.Erl = 0; // the line lies in the procedure that the error leaves, not in its caller
+    Raise(std::move(passed));
+  }
+  return state.Report;
+}
+
+void TakeIn(Stopped stopped) {
+  Load(Error(StandardError(stopped.Number)));
+  PassTail({stopped.Label, Params{Value(std::move(stopped.Value))}, stopped.Time}, StopFlags);
+}
+
+} // namespace
+
+LazyText ErrorIn(StringView MethodName, const Params& Values, unsigned Flags) {
+  return PassTail({MethodName, Values, {}}, Flags);
+}
+
+void ErrPreserve() {
+  State& state = Module();
+  if (state.Preserved || state.Current.Number == 0) return;
+  state.Saved = state.Current;
+  state.Preserved = true;
+}
+
+void ErrRestore() { Module().Current = Module().Saved; }
+
+std::int32_t ErrNumber() { return Module().Saved.Number; }
+String ErrSource() { return Module().Saved.Source; }
+String ErrDescription() { return Module().Saved.Description; }
+
+bool IsExpectedError() { return ErrNumber() >= ErrorNumber::FirstExpected && ErrNumber() <= ErrorNumber::LastExpected; }
+
+String ErrReport() {
+  const State& state = Module();
+  if (state.HasReport) return state.Report;
+  if (state.Current.Source == ReportSource) return state.Current.Description;
+  return {};
+}
+
+void Load(const Error& error) {
+  State& state = Module();
+  state.Current = error.Record();
+  state.Preserved = error.Held() != nullptr;
+  if (state.Preserved) state.Saved = *error.Held();
+}
+
+const ErrorRecord& Err() { return Module().Current; }
+
+void Reset() { Records() = State{}; }
+
+// Each one replaces all that the one before left behind, but for a text that was collected.
+void RecordStandard(std::int32_t Number, StringView Label, StringView Value) {
+  if (!Records().Collected.empty()) Module();
+  Records().Pending = {Number, Label, String(Value), Environment().LocalTime()};
+}
+
+} // namespace HuntERR
+
+namespace {
+
+/// Makes what is being caught the current error.
+void LoadCaught() {
+  const auto standard = [](std::int32_t number) { HuntERR::Load(Error(HuntERR::StandardError(number))); };
+  try {
+    throw;
+  } catch (const Quit&) {
+    throw;
+  } catch (const Error& error) {
+    HuntERR::Load(error);
+  } catch (const std::bad_cast&) {
+    standard(ErrorNumber::TypeMismatch);
+  } catch (const std::out_of_range&) {
+    standard(ErrorNumber::BadSubscript);
+  } catch (const std::bad_alloc&) {
+    standard(ErrorNumber::OutOfMemory);
+  } catch (const std::length_error&) {
+    standard(ErrorNumber::OutOfMemory);
+  } catch (const std::exception& other) {
+    ErrorRecord record;
+    record.Number = ErrorNumber::ERRMAP_APP_FIRST;
+    record.Source = u"Portico";
+    record.Description = FromUtf8(other.what()).Text;
+    HuntERR::Load(Error(std::move(record)));
+  } catch (...) { // nothing is known of it, which counts as information that was lost
+    HuntERR::Load(Error(ErrorRecord{}));
+  }
+}
+
+} // namespace
+
+void PassOn(StringView Label, const Params& Values) {
+  LoadCaught();
+  HuntERR::ErrorIn(Label, Values, HuntERR::PassFlags);
+  std::abort(); // never reached: these flags raise
+}
+
+void StopHere(StringView Label, const Params& Values) {
+  LoadCaught();
+  HuntERR::ErrorIn(Label, Values, HuntERR::StopFlags);
+}
+
+void FailConstruction(StringView Label) {
+  StopHere(Label);
+  HuntERR::ErrPreserve();
+  throw Error::WithHeldCopy(HuntERR::Err());
+}
+
+void SwallowInDestructor(StringView Label) noexcept {
+  try {
+    LoadCaught();
+    HuntERR::ErrorIn(Label, {}, HuntERR::PassFlags & ~HuntERR::RaiseAgain);
+  } catch (...) { // nothing may leave a destructor, a Quit included: whoever pumps next throws it again
+    return;
+  }
+}
+
+void RecordHere(ErrorRecord record, StringView Label, const Params& Values) {
+  HuntERR::Load(Error(std::move(record)));
+  HuntERR::ErrorIn(Label, Values, HuntERR::StopFlags);
+}
+
+} // namespace portico

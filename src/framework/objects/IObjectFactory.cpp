@@ -1,0 +1,7 @@
+#include "framework/objects/IObjectFactory.h"
+
+namespace portico {
+
+Ref<IObjectFactory> gObjectFactory;
+
+} // namespace portico

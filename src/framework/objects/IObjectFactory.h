@@ -1,0 +1,48 @@
+#pragma once
+
+#include "framework/errors/Value.h"
+
+namespace portico {
+
+/// Makes one kind of object from parameters.
+class ICreator : public virtual IObject {
+public:
+  /// The string by which the factory finds this creator.
+  virtual Value Specification() const = 0;
+  /// A wrong number of parameters raises 450; a product that cannot be made raises the creator's own error.
+  virtual Ref<IObject> Create(const Params& Parameters) = 0;
+  /// Exact, case-sensitive equality with this creator's specification.
+  virtual bool IsMatch(const Value& Specification) const = 0;
+};
+
+/// Makes nearly every object of the system from a specification string and parameters.
+class IObjectFactory : public virtual IObject {
+public:
+  /// An unknown specification raises 5. The search ignores case.
+  virtual Ref<IObject> CreateObject(const Value& Specification, const Params& Parameters) = 0;
+  virtual Ref<ICreator> GetCreator(const Value& Specification) = 0;
+  /// A specification that is registered already raises 457.
+  virtual void Add(const Ref<ICreator>& Creator) = 0;
+  /// Removes the creator registered under the given creator's specification.
+  virtual void Remove(const Ref<ICreator>& Creator) = 0;
+  /// `Remove`, then `Add`: the specification must be registered already.
+  virtual void Substitue(const Ref<ICreator>& Creator) = 0;
+};
+
+/// Registers a group of classes. Holds no state.
+class IRegistrar : public virtual IObject {
+public:
+  virtual void RegisterClasses(const Ref<IObjectFactory>& ObjectFactory) = 0;
+  virtual void UnregisterClasses(const Ref<IObjectFactory>& ObjectFactory) = 0;
+};
+
+/// The one factory; unset before `CreateObjectFactory` and after the window's end.
+extern Ref<IObjectFactory> gObjectFactory;
+
+/// Asks the one factory and converts the product to the interface that the caller expects.
+template <class T>
+Ref<T> Create(StringView Specification, const Params& Parameters = {}) {
+  return Cast<T>(gObjectFactory->CreateObject(Value::Borrowed(Specification), Parameters));
+}
+
+} // namespace portico

@@ -1,0 +1,7 @@
+#include "framework/shared/IConfiguration.h"
+
+namespace portico {
+
+Ref<IConfiguration> gConfiguration;
+
+} // namespace portico

@@ -1,0 +1,7 @@
+#include "framework/shared/IMainWindow.h"
+
+namespace portico {
+
+Ref<IMainWindow> gMainForm;
+
+} // namespace portico

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "framework/objects/Creator.h"
+#include "instructions/builders/IBuilder.h"
+
+namespace portico {
+
+/// Maps a "CONFIG" function, in any case, to one configuration command.
+class CConfigCmdBuilder final : public IBuilder {
+public:
+  StringView ClassName() const override { return u"CConfigCmdBuilder"; }
+  void Initialize() { m_initialized = true; }
+  /// An unknown function raises 0x80041459, no parameter 9. Does not ask for `Initialize`.
+  Ref<ICommand> Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) override;
+
+private:
+  bool m_initialized = false;
+};
+
+/// "ConfigurationCommandBuilder".
+extern const CreatorRow CtorConfigCmdBuilder;
+
+} // namespace portico

@@ -1,0 +1,22 @@
+#include "instructions/builders/CNullCmdBuilder.h"
+
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+
+namespace portico {
+
+Ref<ICommand> CNullCmdBuilder::Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  return InnerCommand;
+} catch (...) {
+  PassOn(u"CNullCmdBuilder.IBuilder_Build(InnerCommand,Instruction)", {InnerCommand, Instruction});
+}
+
+const CreatorRow CtorNullCmdBuilder = {u"CtorNullCmdBuilder", u"NullCommandBuilder", 0,
+                                       [](const Params&) -> Ref<IObject> {
+                                         auto builder = New<CNullCmdBuilder>();
+                                         builder->Initialize();
+                                         return builder;
+                                       }};
+
+} // namespace portico

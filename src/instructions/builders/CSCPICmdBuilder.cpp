@@ -1,0 +1,71 @@
+#include "instructions/builders/CSCPICmdBuilder.h"
+
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/IConfiguration.h"
+#include "instructions/builders/modBuilder.h"
+
+#include <algorithm>
+
+namespace portico {
+namespace {
+
+constexpr char16_t NotQuoted = u'\0';
+
+/// Quoted text becomes "X". The other kind of quote inside quotes is text; a quote that is not closed masks the rest.
+String MaskQuotedText(const String& text) {
+  String masked = text;
+  char16_t quote = NotQuoted;
+  for (char16_t& unit : masked) {
+    if (quote == NotQuoted) {
+      if (unit == u'\'' || unit == u'"') quote = unit;
+    } else if (unit == quote) {
+      quote = NotQuoted;
+    } else {
+      unit = u'X';
+    }
+  }
+  return masked;
+}
+
+bool ContainsQuery(const StringArray& data) {
+  return std::any_of(data.Elements().begin(), data.Elements().end(),
+                     [](const String& text) { return MaskQuotedText(text).find(u'?') != String::npos; });
+}
+
+} // namespace
+
+CSCPICmdBuilder::CSCPICmdBuilder() try : m_readInstruction(modBuilder::Instruction(u"COMM", u"Read", {})) {
+} catch (...) {
+  FailConstruction(u"CSCPICmdBuilder.Class_Initialize");
+}
+
+Ref<ICommand> CSCPICmdBuilder::Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) try {
+  const String& function = Instruction->FunctionName();
+  const StringArray data = modBuilder::LastValueFirst(*Instruction->Params());
+  Ref<ICommand> command = InnerCommand;
+  if (ContainsQuery(data)) {
+    const String mode =
+        Create<IConfiguration>(u"Configuration", modGlobals::VarArray())->ItemValue(u"AutoReadAfterQueryMode");
+    if (mode != u"On" && mode != u"Off") {
+      HuntERR::Raise(ErrorNumber::OptionNotDefined, ClassName(),
+                     u"Requested auto-read-after-query mode, " + mode + u" is not defined.");
+    }
+    const auto reader = mode == u"On" ? u"CommunicationCommandBuilder" : u"NullCommandBuilder";
+    command = Create<IBuilder>(reader, modGlobals::VarArray())->Build(command, m_readInstruction);
+  }
+  // After the mode: an unknown function with a bad mode reports the mode.
+  if (ToUpper(function) != u"SEND") {
+    HuntERR::Raise(ErrorNumber::Syntax, ClassName(), u"Syntax Error: Unrecognized SCPI function.");
+  }
+  const auto writer = Create<IBuilder>(u"CommunicationCommandBuilder", modGlobals::VarArray());
+  return writer->Build(command, modBuilder::Instruction(u"COMM", u"Write", data[0]));
+} catch (...) {
+  PassOn(u"CSCPICmdBuilder.IBuilder_Build(InnerCommand,Instruction)", {InnerCommand, Instruction});
+}
+
+const CreatorRow CtorSCPICmdBuilder = {u"CtorSCPICmdBuilder", u"SCPICommandBuilder", 0,
+                                       [](const Params&) -> Ref<IObject> { return New<CSCPICmdBuilder>(); }};
+
+} // namespace portico

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "framework/objects/Creator.h"
+#include "instructions/builders/IBuilder.h"
+
+namespace portico {
+
+/// Turns a "SCPI" line into a write, followed by a read when the line is a query and auto-read is on. A line is a query
+/// exactly when it has a question mark outside quotes.
+class CSCPICmdBuilder final : public IBuilder {
+public:
+  CSCPICmdBuilder();
+
+  StringView ClassName() const override { return u"CSCPICmdBuilder"; }
+  /// No parameter raises 9, an auto-read mode other than "On" and "Off" 0x80041462, a function other than "Send" (in
+  /// any case) 0x80041459.
+  Ref<ICommand> Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) override;
+
+private:
+  Ref<CInstContainer> m_readInstruction;
+};
+
+/// "SCPICommandBuilder".
+extern const CreatorRow CtorSCPICmdBuilder;
+
+} // namespace portico

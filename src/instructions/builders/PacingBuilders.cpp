@@ -1,0 +1,77 @@
+#include "instructions/builders/PacingBuilders.h"
+
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/IConfiguration.h"
+#include "instructions/builders/modBuilder.h"
+
+namespace portico {
+namespace {
+
+constexpr StringView BuildLabel = u".IBuilder_Build(InnerCommand, Instruction)";
+
+/// The builder of an option, or the null builder when it is off. Anything but "On" and "Off" raises 51, with a text
+/// that names the same option in both creators.
+template <class Builder>
+Ref<IObject> Switched(StringView item, StringView creator) {
+  const String state = Create<IConfiguration>(u"Configuration", modGlobals::VarArray())->ItemValue(item);
+  if (state == u"On") return New<Builder>();
+  if (state == u"Off") return Create<IBuilder>(u"NullCommandBuilder", modGlobals::VarArray());
+  HuntERR::Raise(ErrorNumber::InternalState, creator, u"OPCPacing is misconfigured.");
+}
+
+} // namespace
+
+Ref<ICommand> CPacingCmdBuilder::Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) try {
+  const auto interval = Create<IBuilder>(u"IntervalPacingCommandBuilder", modGlobals::VarArray());
+  const Ref<ICommand> command = interval->Build(InnerCommand, Instruction);
+  const auto query = Create<IBuilder>(u"OPCQueryPacingCommandBuilder", modGlobals::VarArray());
+  return query->Build(command, Instruction);
+} catch (...) {
+  PassOn(String(ClassName()).append(BuildLabel), {InnerCommand, Instruction});
+}
+
+Ref<ICommand> CIntervalPcngCmdBldr::Build(const Ref<ICommand>& InnerCommand,
+                                          const Ref<CInstContainer>& Instruction) try {
+  return Create<ICommand>(u"IntervalPacingCommand", modGlobals::VarArray(InnerCommand));
+} catch (...) {
+  PassOn(String(ClassName()).append(BuildLabel), {InnerCommand, Instruction});
+}
+
+Ref<ICommand> COPCQueryCmdBuilder::Build(const Ref<ICommand>& InnerCommand,
+                                         const Ref<CInstContainer>& Instruction) try {
+  const auto builder = Create<IBuilder>(u"SCPICommandBuilder", modGlobals::VarArray());
+  return builder->Build(InnerCommand, modBuilder::Instruction(u"SCPI", u"Send", u"*OPC?"));
+} catch (...) {
+  PassOn(String(ClassName()).append(BuildLabel), {InnerCommand, Instruction});
+}
+
+const CreatorRow CtorPacingCmdBuilder = {
+    .Name = u"CtorPacingCmdBuilder",
+    .Specification = u"PacingCommandBuilder",
+    .ParamCount = 0,
+    .Make = [](const Params&) -> Ref<IObject> { return New<CPacingCmdBuilder>(); },
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a pacing command builder.",
+};
+
+const CreatorRow CtorIntrvlPcngCmdBldr = {
+    .Name = u"CtorIntrvlPcngCmdBldr",
+    .Specification = u"IntervalPacingCommandBuilder",
+    .ParamCount = 0,
+    .Make = [](const Params&) { return Switched<CIntervalPcngCmdBldr>(u"IntervalPacing", u"CtorIntrvlPcngCmdBldr"); },
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create an interval pacing command builder.",
+};
+
+const CreatorRow CtorOPCQueryCmdBldr = {
+    .Name = u"CtorOPCQueryCmdBldr",
+    .Specification = u"OPCQueryPacingCommandBuilder",
+    .ParamCount = 0,
+    .Make = [](const Params&) { return Switched<COPCQueryCmdBuilder>(u"OPCPacing", u"CtorOPCQueryCmdBldr"); },
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create an OPC pacing command builder.",
+};
+
+} // namespace portico

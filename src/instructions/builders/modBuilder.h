@@ -1,0 +1,24 @@
+#pragma once
+
+#include "framework/errors/Value.h"
+#include "framework/shared/CInstContainer.h"
+#include "framework/shared/ICommand.h"
+#include "instructions/builders/StringArray.h"
+
+/// What builders share.
+namespace portico::modBuilder {
+
+/// Number of elements; 0 for an array that was never allocated.
+std::int32_t ParamCount(const StringArray& Params);
+
+/// The inner command, then the strings in order.
+Params BuildCommandParams(const Ref<ICommand>& InnerCommand, const StringArray& Data);
+
+/// An array as long as the list whose first element holds the last value; the other elements stay empty. An empty list
+/// raises 9. With one parameter, the case in use, it is that parameter.
+StringArray LastValueFirst(const KeyedList<Value>& Parameters);
+
+/// An instruction with the one parameter "Data".
+Ref<CInstContainer> Instruction(StringView CmdType, StringView FunctionName, const String& Data);
+
+} // namespace portico::modBuilder

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "memory/RichTextBox.h"
+#include "memory/forms/Control.h"
+#include "memory/forms/Placement.h"
+#include "platform/IRichTextControl.h"
+
+namespace portico::memory {
+
+/// A rich text box in a form. Its text is that of the caption it is designed with.
+class RichTextControl final : public FocusControl, public Placement, public virtual IRichTextControl {
+public:
+  RichTextControl(Form& form, const ControlDesign& design, Control* container);
+  StringView ClassName() const override { return u"RichTextBox"; }
+
+  std::int32_t SelStart() const override { return m_box->SelStart(); }
+  void SelStart(std::int32_t position) override { m_box->SelStart(position); }
+  std::int32_t SelLength() const override { return m_box->SelLength(); }
+  void SelLength(std::int32_t length) override { m_box->SelLength(length); }
+  String SelText() const override { return m_box->SelText(); }
+  std::int32_t SelTextLength() const override { return m_box->SelTextLength(); }
+  void SelText(StringView text) override { m_box->SelText(text); }
+  String SelRTF() const override { return m_box->SelRTF(); }
+  void SelRTF(StringView fragment) override { m_box->SelRTF(fragment); }
+  SelectionFormat SelFormat() const override { return m_box->SelFormat(); }
+  void SelFormat(const SelectionFormat& changes) override { m_box->SelFormat(changes); }
+
+  String Text() const override { return m_box->Text(); }
+  void Text(StringView text) override { m_box->Text(text); }
+  std::int32_t TextLength() const override { return m_box->TextLength(); }
+  String TextRTF() const override { return m_box->TextRTF(); }
+  void TextRTF(StringView text) override { m_box->TextRTF(text); }
+  std::int32_t Find(StringView text, std::int32_t Start, std::int32_t End = -1) override {
+    return m_box->Find(text, Start, End);
+  }
+  void Span(StringView CharacterSet) override { m_box->Span(CharacterSet); }
+  std::int32_t GetLineFromChar(std::int32_t position) const override { return m_box->GetLineFromChar(position); }
+  void SetFocus() override { TakeFocus(); }
+  Event<>& Change() override { return m_change; }
+
+  /// To a context that is a memory platform's.
+  void SelPrint(const Ref<IDeviceContext>& hDC) override;
+
+  bool TabStop() const override { return IsTabStop(); }
+  void TabStop(bool newValue) override { IsTabStop(newValue); }
+  void Locked(bool newValue) override { m_locked = newValue; }
+  Event<>& GotFocus() override { return FocusControl::GotFocus(); }
+  Event<>& LostFocus() override { return FocusControl::LostFocus(); }
+  Event<const MouseEvent&>& MouseDown() override { return m_mouseDown; }
+  Event<const MouseEvent&>& MouseUp() override { return m_mouseUp; }
+
+  bool Locked() const { return m_locked; }
+
+  // What the user does. False if the user cannot use the box.
+  /// Typing and pasting replaces the selection; the box gets the focus first. False if the box is locked, too.
+  bool Type(StringView text);
+  /// The left button gives the focus to the box before the event fires.
+  bool PressMouse(const MouseEvent& event);
+  bool ReleaseMouse(const MouseEvent& event);
+
+private:
+  Ref<RichTextBox> m_box = New<RichTextBox>();
+  bool m_locked = false;
+  bool m_isPressed = false;
+  Event<> m_change;
+  Event<const MouseEvent&> m_mouseDown;
+  Event<const MouseEvent&> m_mouseUp;
+};
+
+} // namespace portico::memory

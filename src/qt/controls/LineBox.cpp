@@ -1,0 +1,28 @@
+#include "qt/controls/LineBox.h"
+
+#include "qt/text/Text.h"
+
+#include <QSignalBlocker>
+
+#include <utility>
+
+namespace portico::qt {
+
+LineBox::LineBox(const ControlDesign& design, std::shared_ptr<FormLife> life, QLineEdit& edit)
+    : TabStopControl(design, std::move(life), edit), m_edit(edit) {
+  edit.setText(ToQt(design.Caption));
+  QObject::connect(&edit, &QLineEdit::textChanged, &edit, [this] { EnterAndFire(m_change); });
+}
+
+String LineBox::Text() const { return FromQt(m_edit.text()); }
+
+void LineBox::Text(const String& newValue) {
+  if (newValue == Text()) return;
+  {
+    const QSignalBlocker quiet(m_edit);
+    m_edit.setText(ToQt(newValue));
+  }
+  Fire(m_change);
+}
+
+} // namespace portico::qt

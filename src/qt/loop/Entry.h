@@ -1,0 +1,34 @@
+#pragma once
+
+#include "framework/errors/Quit.h"
+
+#include <functional>
+#include <utility>
+
+namespace portico::qt {
+
+/// A handler of the program runs for as long as this lives.
+class HandlerTurn {
+public:
+  HandlerTurn();
+  HandlerTurn(const HandlerTurn&) = delete;
+  HandlerTurn& operator=(const HandlerTurn&) = delete;
+  ~HandlerTurn();
+};
+
+/// Calls as soon as no handler runs any more; at once if none does. For what handlers may still stand on.
+void AtRest(std::function<void()> call);
+
+/// Every call from the toolkit into the program goes through here, since the toolkit lets no exception through. `Quit`
+/// ends the call and no more: the event loop's outer turn throws it again. Any other failure is the handler's own to
+/// deal with, so one that gets here ends the process.
+template <class F>
+void Enter(F&& call) noexcept {
+  const HandlerTurn turn;
+  try {
+    std::forward<F>(call)();
+  } catch (const Quit&) { // NOLINT(bugprone-empty-catch): thrown again by the loop
+  }
+}
+
+} // namespace portico::qt

@@ -1,0 +1,96 @@
+#include "qt/loop/EventLoop.h"
+
+#include "framework/errors/Quit.h"
+#include "qt/loop/Entry.h"
+#include "qt/loop/LoopTimer.h"
+
+#include <QApplication>
+#include <QDrag>
+#include <QPointer>
+#include <QSessionManager>
+#include <QWidget>
+
+namespace portico::qt {
+namespace {
+
+constexpr int DeepestInput = 20;
+
+class Nesting {
+public:
+  explicit Nesting(int& depth) : m_depth(depth) { ++m_depth; }
+  Nesting(const Nesting&) = delete;
+  Nesting& operator=(const Nesting&) = delete;
+  ~Nesting() { --m_depth; }
+
+private:
+  int& m_depth;
+};
+
+} // namespace
+
+EventLoop::EventLoop() : m_notifier(m_pipe.Descriptor(), QSocketNotifier::Read) {
+  QApplication::setQuitOnLastWindowClosed(false); // the program tells when it ends
+  QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] {
+    m_pipe.Drain();
+    Enter([this] { EndLoops(); });
+  });
+  // The end of the desktop session waits for nobody, so that nothing may be asked.
+  QObject::connect(qApp, &QGuiApplication::commitDataRequest, &m_notifier,
+                   [this](QSessionManager& /*session*/) { RequestQuit(); });
+}
+
+void EventLoop::ThrowIfQuitting() const {
+  if (IsQuitting()) throw Quit{};
+}
+
+void EventLoop::EndLoops() {
+  while (QPointer<QWidget> popup = QApplication::activePopupWidget()) {
+    if (!popup->close()) break;
+  }
+  QDrag::cancel();
+  m_quitting();
+  if (m_running) QCoreApplication::exit(0);
+}
+
+QEventLoop::ProcessEventsFlags EventLoop::HandledAt(int depth) {
+  return depth > DeepestInput ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents;
+}
+
+void EventLoop::DoEvents() {
+  if (m_finished) return;
+  ThrowIfQuitting();
+  {
+    const Nesting nested(m_depth);
+    QCoreApplication::processEvents(HandledAt(m_depth));
+  }
+  ThrowIfQuitting();
+}
+
+void EventLoop::WaitForEvent() {
+  if (m_finished) return;
+  ThrowIfQuitting();
+  {
+    const Nesting nested(m_depth);
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  ThrowIfQuitting();
+}
+
+void EventLoop::RequestQuit() noexcept {
+  m_quit = true;
+  m_pipe.Wake();
+}
+
+std::unique_ptr<ITimer> EventLoop::MakeTimer() { return std::make_unique<LoopTimer>(); }
+
+int EventLoop::Run() {
+  if (!m_quit) {
+    m_running = true;
+    QApplication::exec();
+    m_running = false;
+  }
+  m_quit = true;
+  return 0;
+}
+
+} // namespace portico::qt

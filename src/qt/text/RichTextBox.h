@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/IRichTextControl.h"
+#include "qt/text/TextBox.h"
+
+namespace portico::qt {
+
+/// The rich text box of a form. It is shown by a `TextView`, a child of `parent` that bears the design's name; that one
+/// belongs to its window, and may go before the box, which then has no place any more.
+class RichTextBox final : public TextBox, public virtual IRichTextControl {
+public:
+  /// The font is that of the standard formatting. Its size is in points.
+  RichTextBox(const ControlDesign& design, QWidget& parent, StringView fontName, double fontSize);
+  ~RichTextBox() override;
+  StringView ClassName() const override { return u"RichTextBox"; }
+
+  /// Null when the window has gone.
+  TextView* Widget() const { return m_widget; }
+
+  void SelPrint(const Ref<IDeviceContext>& hDC) override;
+
+  StringView Name() const override { return m_name; }
+  ControlKind Kind() const override { return ControlKind::RichTextBox; }
+  String Tag() const override { return m_tag; }
+  String Caption() const override { return {}; }
+  void Caption(const String& newValue) override;
+  String ToolTipText() const override { return m_toolTipText; }
+  void ToolTipText(const String& newValue) override;
+  bool Enabled() const override { return m_enabled; }
+  void Enabled(bool newValue) override;
+  bool Visible() const override { return m_visible; }
+  void Visible(bool newValue) override;
+
+  double Left() const override { return Units(Place().x()); }
+  void Left(double newValue) override { Move(newValue, Top(), Width(), Height()); }
+  double Top() const override { return Units(Place().y()); }
+  void Top(double newValue) override { Move(Left(), newValue, Width(), Height()); }
+  double Width() const override { return Units(Place().width()); }
+  void Width(double newValue) override { Move(Left(), Top(), newValue, Height()); }
+  double Height() const override { return Units(Place().height()); }
+  void Height(double newValue) override { Move(Left(), Top(), Width(), newValue); }
+  void Move(double Left, double Top, double Width, double Height) override;
+
+  bool TabStop() const override { return m_tabStop; }
+  void TabStop(bool newValue) override;
+  void Locked(bool newValue) override;
+
+  Event<>& GotFocus() override { return m_gotFocus; }
+  Event<>& LostFocus() override { return m_lostFocus; }
+  Event<const MouseEvent&>& MouseDown() override { return m_mouseDown; }
+  Event<const MouseEvent&>& MouseUp() override { return m_mouseUp; }
+
+private:
+  static double Units(int pixels) { return pixels * FormUnitsPerPixel; }
+  QRect Place() const { return m_widget ? m_widget->geometry() : QRect(0, 0, 0, 0); }
+
+  void OnUserChange() override;
+  void OnFocus(bool hasFocus) override;
+  void OnMouseDown(const MouseEvent& event) override;
+  void OnMouseUp(const MouseEvent& event) override;
+
+  QPointer<TextView> m_widget;
+  StringView m_name; // of the design, which is a constant
+  String m_tag;
+  String m_toolTipText;
+  bool m_enabled = true;
+  bool m_visible;
+  bool m_tabStop = true;
+  Event<> m_gotFocus;
+  Event<> m_lostFocus;
+  Event<const MouseEvent&> m_mouseDown;
+  Event<const MouseEvent&> m_mouseUp;
+};
+
+} // namespace portico::qt

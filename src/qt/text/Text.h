@@ -1,0 +1,15 @@
+#pragma once
+
+#include "framework/text/text.h"
+
+#include <QString>
+
+namespace portico::qt {
+
+/// Unit by unit, both ways.
+inline QString ToQt(StringView text) {
+  return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+}
+inline String FromQt(const QString& text) { return text.toStdU16String(); }
+
+} // namespace portico::qt

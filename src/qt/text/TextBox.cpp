@@ -1,0 +1,235 @@
+#include "qt/text/TextBox.h"
+
+#include "framework/errors/ErrorRecord.h"
+#include "qt/text/Text.h"
+#include "qt/text/TextClipboard.h"
+#include "qt/text/TextLayout.h"
+
+#include <QApplication>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <utility>
+
+namespace portico::qt {
+namespace {
+
+constexpr int FrameMilliseconds = 16;
+
+int Narrow(std::size_t count) { return static_cast<int>(count); }
+
+} // namespace
+
+TextBox::TextBox(TextView& view, StringView fontName, double fontSize)
+    : RichTextModel(fontName, fontSize),
+      m_view(&view),
+      m_document(*view.document()),
+      m_blocks(m_document, Standard().Character) {
+  QFont font(ToQt(Standard().Character.FontName));
+  font.setPointSizeF(Standard().Character.FontSize);
+  view.setFont(font);
+  m_frame.setSingleShot(true);
+  m_frame.setInterval(FrameMilliseconds);
+  QObject::connect(&m_frame, &QTimer::timeout, [this] { Show(); });
+  QObject::connect(&m_document, &QTextDocument::contentsChange, &m_frame,
+                   [this](int position, int /*removed*/, int added) { ReadContents(position, added); });
+  QObject::connect(&view, &QPlainTextEdit::cursorPositionChanged, &m_frame, [this] { ReadSelection(); });
+  QObject::connect(&view, &QPlainTextEdit::selectionChanged, &m_frame, [this] { ReadSelection(); });
+  m_changes.Add(0, 1, 1); // the first line has its look yet to come
+  Show();
+  view.Owner(this);
+}
+
+TextBox::~TextBox() {
+  if (m_view) m_view->Owner(nullptr);
+}
+
+void TextBox::SetFocus() {
+  if (m_view) m_view->setFocus(Qt::OtherFocusReason);
+}
+
+// What the program changes.
+
+void TextBox::OnLines(std::size_t first, std::size_t before, std::size_t after) {
+  m_changes.Add(first, before, after);
+  Await();
+}
+
+void TextBox::OnSelection() {
+  if (m_isReading) return;
+  m_awaitsSelection = true;
+  Await();
+}
+
+void TextBox::Await() {
+  if (!m_frame.isActive()) m_frame.start();
+}
+
+void TextBox::Show() {
+  if (m_isWriting || !m_view) return;
+  if (!m_changes.IsEmpty() || m_awaitsSelection) Flush(false);
+}
+
+void TextBox::Flush(bool isUserEdit) {
+  const QScopedValueRollback writing(m_isWriting, true);
+  m_frame.stop();
+  const QTextCursor before = m_view->textCursor();
+  const bool isBackwards = !m_awaitsSelection && before.position() < before.anchor();
+  if (!m_changes.IsEmpty()) {
+    if (!isUserEdit) m_document.setUndoRedoEnabled(false);
+    QTextCursor cursor(&m_document);
+    cursor.beginEditBlock();
+    const auto& stretches = m_changes.All();
+    std::for_each(stretches.rbegin(), stretches.rend(), [this](const auto& stretch) { WriteStretch(stretch); });
+    cursor.endEditBlock();
+    if (!isUserEdit) {
+      m_blocks.ForgetHidden();
+      m_document.setUndoRedoEnabled(true);
+    }
+    m_changes.Clear();
+  }
+  ShowSelection(isBackwards);
+}
+
+/// A stretch without lines, or without blocks, takes in a neighbour.
+void TextBox::WriteStretch(const richtext::LineChanges::Stretch& stretch) {
+  auto [first, count, oldFirst, oldCount] = stretch;
+  if (count == 0 || oldCount == 0) {
+    if (first + count == Lines().Count()) {
+      --first;
+      --oldFirst;
+    }
+    ++count;
+    ++oldCount;
+  }
+  m_blocks.Write(Narrow(oldFirst), Narrow(oldCount), count,
+                 [&](std::size_t i) -> const richtext::FormattedLine& { return Lines()[first + i]; });
+}
+
+void TextBox::ShowSelection(bool isBackwards) {
+  const Place from = From();
+  const Place to = To();
+  const bool isCaret = from.Line == to.Line && from.Offset == to.Offset;
+  const Range selected{ToDocument(from, false), ToDocument(to, !isCaret)};
+  QTextCursor cursor = m_view->textCursor();
+  if (Range{cursor.selectionStart(), cursor.selectionEnd()} != selected) {
+    cursor.setPosition(isBackwards ? selected.End : selected.Start);
+    cursor.setPosition(isBackwards ? selected.Start : selected.End, QTextCursor::KeepAnchor);
+    m_view->setTextCursor(cursor);
+  }
+  m_selected = selected;
+  m_awaitsSelection = false;
+  if (m_view->isVisible()) m_view->ensureCursorVisible();
+}
+
+int TextBox::ToDocument(Place place, bool isEnd) const {
+  const QTextBlock block = m_document.findBlockByNumber(Narrow(place.Line));
+  return block.position() + m_blocks.ToBlock(block, Lines()[place.Line].Text.size(), place.Offset, isEnd);
+}
+
+TextBox::Place TextBox::FromDocument(int position) const {
+  const QTextBlock block = m_document.findBlock(position);
+  const auto line = static_cast<std::size_t>(block.blockNumber());
+  const std::size_t length = Lines()[line].Text.size();
+  return {line, std::min(length, m_blocks.FromBlock(block, length, position - block.position()))};
+}
+
+// What the user changes.
+
+void TextBox::ReadContents(int position, int added) {
+  if (m_isWriting || !m_view) return;
+  if (!m_changes.IsEmpty()) { // somebody has edited a text that was not up to date: it becomes what it should be
+    m_changes.Clear();
+    return OnLines(0, static_cast<std::size_t>(m_document.blockCount()), Lines().Count());
+  }
+  const int end = m_document.characterCount() - 1;
+  const QTextBlock first = m_document.findBlock(std::min(position, end));
+  const QTextBlock last = m_document.findBlock(std::min(position + added, end));
+  const auto firstLine = static_cast<std::size_t>(first.blockNumber());
+  const auto behind = static_cast<std::size_t>(m_document.blockCount() - 1 - last.blockNumber());
+  richtext::FormattedText lines;
+  for (QTextBlock block = first; block.isValid(); block = block.next()) {
+    m_blocks.Read(block, lines);
+    if (block == last) break;
+  }
+  const auto blocks = static_cast<std::size_t>(last.blockNumber() - first.blockNumber() + 1);
+  const std::size_t read = lines.size();
+  m_isChanged |= TakeLines(firstLine, Lines().Count() - behind - firstLine, std::move(lines));
+  m_selected.reset();
+  ReadSelection();
+  if (read != blocks) {
+    m_changes.Add(firstLine, blocks, read);
+    Await();
+  }
+  // For an edit that comes with no event of the view's.
+  if (m_isChanged) QTimer::singleShot(0, &m_frame, [this] { Settle(); });
+}
+
+void TextBox::ReadSelection() {
+  if (m_isWriting || !m_view || m_awaitsSelection || !m_changes.IsEmpty()) return;
+  const QTextCursor cursor = m_view->textCursor();
+  const Range selected{cursor.selectionStart(), cursor.selectionEnd()};
+  if (m_selected == selected) return;
+  // On the way to a whole edit the document may be ahead of the lines.
+  if (m_document.blockCount() != Narrow(Lines().Count())) return;
+  const QScopedValueRollback reading(m_isReading, true);
+  const std::int64_t start = Lines().PositionOf(FromDocument(selected.Start));
+  Select(start, Lines().PositionOf(FromDocument(selected.End)) - start);
+  m_selected = selected;
+}
+
+void TextBox::Settle() {
+  ReadSelection();
+  if (std::exchange(m_isChanged, false)) OnUserChange();
+}
+
+std::unique_ptr<QMimeData> TextBox::Selection() {
+  ReadSelection();
+  return ToClipboard(Lines().Copy(From(), To()));
+}
+
+QTextCharFormat TextBox::TypingFormat() { return m_blocks.Formats().Of(InsertionFormat().Character); }
+
+void TextBox::UserPut(richtext::FormattedText text) {
+  try {
+    m_isChanged |= Put(std::move(text));
+  } catch (const Error&) { // longer than a text can be
+    QApplication::beep();
+  }
+}
+
+void TextBox::Insert(const QMimeData& data) {
+  Show();
+  ReadSelection();
+  UserPut(FromClipboard(data, InsertionFormat()));
+  Flush(true);
+}
+
+void TextBox::InsertText(StringView text) {
+  UserPut(richtext::FormatPlain(text, InsertionFormat()));
+  Flush(true);
+}
+
+void TextBox::Drop(const QMimeData& data, const QTextCursor& place, const QTextCursor& moved) {
+  const int at = place.position();
+  if (!moved.isNull() && at >= moved.selectionStart() && at <= moved.selectionEnd()) return; // onto itself
+  std::int64_t position = Lines().PositionOf(FromDocument(at));
+  if (!moved.isNull() && moved.hasSelection()) {
+    const std::int64_t from = Lines().PositionOf(FromDocument(moved.selectionStart()));
+    const std::int64_t to = Lines().PositionOf(FromDocument(moved.selectionEnd()));
+    Select(from, to - from);
+    UserPut(richtext::FormatPlain({}, Standard()));
+    if (position >= to) position -= to - from;
+  }
+  Select(position, 0);
+  UserPut(FromClipboard(data, InsertionFormat()));
+  Flush(true);
+}
+
+void TextBox::Zoom(double factor) {
+  m_blocks.Formats().Zoom(factor);
+  if (!m_blocks.Formats().HasOwnSizes()) return;
+  OnLines(0, Lines().Count(), Lines().Count());
+}
+
+} // namespace portico::qt

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "qt/text/TextBlocks.h"
+#include "qt/text/TextView.h"
+#include "richtext/LineChanges.h"
+#include "richtext/RichTextModel.h"
+
+#include <QPointer>
+#include <QTimer>
+
+namespace portico::qt {
+
+/// A rich text box whose text a view shows and the user edits there. The model has the answers to all that the program
+/// asks. What the program changes reaches the view once a frame, in one step that the user cannot undo, and before the
+/// user does anything; what the user changes reaches the model at once.
+class TextBox : public richtext::RichTextModel, private ITextViewOwner {
+public:
+  /// Brings the view up to date.
+  void Show() override;
+  void SetFocus() override;
+
+protected:
+  /// The view, new, is given the font of the standard formatting.
+  TextBox(TextView& view, StringView fontName, double fontSize);
+  TextBox(const TextBox&) = delete;
+  TextBox& operator=(const TextBox&) = delete;
+  ~TextBox() override;
+
+  /// Only for as long as there is one.
+  TextView& View() const { return *m_view; }
+  /// The user has changed the text: `Change` is to be fired, by way of `Enter`.
+  virtual void OnUserChange() = 0;
+
+  void OnLines(std::size_t first, std::size_t before, std::size_t after) override;
+  void OnSelection() override;
+
+private:
+  // Of the document, as counted by the toolkit.
+  struct Range {
+    int Start;
+    int End;
+    bool operator==(const Range&) const = default;
+  };
+
+  void Settle() override;
+  std::unique_ptr<QMimeData> Selection() override;
+  void Insert(const QMimeData& data) override;
+  void InsertText(StringView text) override;
+  void Drop(const QMimeData& data, const QTextCursor& place, const QTextCursor& moved) override;
+  QTextCharFormat TypingFormat() override;
+  void Zoom(double factor) override;
+
+  void Await();
+  void Flush(bool isUserEdit);
+  void WriteStretch(const richtext::LineChanges::Stretch& stretch);
+  void ShowSelection(bool isBackwards);
+  void UserPut(richtext::FormattedText text);
+  void ReadContents(int position, int added);
+  void ReadSelection();
+  int ToDocument(Place place, bool isEnd) const;
+  Place FromDocument(int position) const;
+
+  QPointer<TextView> m_view;
+  QTextDocument& m_document;
+  TextBlocks m_blocks;
+  richtext::LineChanges m_changes; // that the document lags behind in
+  bool m_awaitsSelection = false;  // and so does its selection
+  std::optional<Range> m_selected; // in the document, as it was last the same as in the model
+  bool m_isWriting = false;
+  bool m_isReading = false;
+  bool m_isChanged = false; // by the user, and nobody told
+  QTimer m_frame;
+};
+
+} // namespace portico::qt

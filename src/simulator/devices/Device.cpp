@@ -1,0 +1,34 @@
+#include "simulator/devices/Device.h"
+
+#include "simulator/devices/Multimeter.h"
+#include "simulator/devices/Oscilloscope.h"
+#include "simulator/devices/PowerSupply.h"
+#include "simulator/language/Mnemonic.h"
+
+#include <type_traits>
+
+namespace portico::simulator {
+
+std::unique_ptr<Device> Device::Make(std::string_view kind, std::uint64_t seed) {
+  const auto make = [seed]<class Model>(std::type_identity<Model>) {
+    return std::make_unique<Device>(
+        [seed](Executor& executor, StatusModel& status) { return std::make_unique<Model>(executor, status, seed); },
+        seed);
+  };
+  if (Mnemonic("DMM").Matches(kind)) return make(std::type_identity<Multimeter>());
+  if (Mnemonic("PSU").Matches(kind)) return make(std::type_identity<PowerSupply>());
+  if (Mnemonic("SCOPE").Matches(kind)) return make(std::type_identity<Oscilloscope>());
+  return nullptr;
+}
+
+Device::Device(const ModelMaker& makeModel, std::uint64_t seed)
+    : m_model(makeModel(m_executor, m_status)),
+      m_common(*m_model, m_executor, m_status),
+      m_faults(m_executor, m_status, seed) {
+  m_common.AddTo(m_tree);
+  m_system.AddTo(m_tree);
+  m_faults.AddTo(m_tree);
+  m_model->AddTo(m_tree);
+}
+
+} // namespace portico::simulator

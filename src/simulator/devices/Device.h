@@ -1,0 +1,41 @@
+#pragma once
+
+#include "simulator/devices/CommonCommands.h"
+#include "simulator/devices/FaultCommands.h"
+#include "simulator/devices/InstrumentModel.h"
+#include "simulator/devices/SystemCommands.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string_view>
+
+namespace portico::simulator {
+
+/// A simulated instrument as a whole. It carries out complete program messages for any number of connections, by
+/// whatever protocol they come, and holds all that outlives a connection: settings, stored data, the status registers,
+/// the error queue, and what is under way.
+///
+/// It belongs to whoever wires a driver or a server, and must outlive the connections to it.
+class Device {
+public:
+  /// Makes an instrument in the state after power-on: "dmm", "psu" or "scope", in any case. An unknown kind gives a
+  /// null pointer.
+  static std::unique_ptr<Device> Make(std::string_view kind, std::uint64_t seed);
+
+  using ModelMaker = std::function<std::unique_ptr<InstrumentModel>(Executor&, StatusModel&)>;
+  Device(const ModelMaker& makeModel, std::uint64_t seed);
+
+private:
+  friend class Connection;
+
+  StatusModel m_status;
+  CommandTree m_tree;
+  Executor m_executor{m_tree, m_status};
+  std::unique_ptr<InstrumentModel> m_model;
+  CommonCommands m_common;
+  SystemCommands m_system{m_executor, m_status};
+  FaultCommands m_faults;
+};
+
+} // namespace portico::simulator

@@ -1,0 +1,167 @@
+#include "simulator/devices/Multimeter.h"
+
+#include "simulator/language/ScpiError.h"
+
+#include <algorithm>
+#include <limits>
+#include <string>
+#include <utility>
+
+namespace portico::simulator {
+namespace {
+
+constexpr double kOverrange = 1.2; // of the range can be read
+constexpr std::size_t kDefaultPoints = 1000;
+constexpr std::int64_t kMostPoints = 1'000'000;
+
+/// How a temperature in degrees Celsius reads in each unit.
+struct TemperatureScale {
+  double factor;
+  double offset;
+};
+constexpr TemperatureScale kTemperatureScales[] = {{1, 0}, {1.8, 32}, {1, 273.15}};
+
+} // namespace
+
+Multimeter::Multimeter(Executor& executor, StatusModel& status, std::uint64_t seed)
+    : m_executor(executor), m_status(status), m_random(seed) {
+  Reset();
+}
+
+void Multimeter::AddTo(CommandTree& tree) {
+  using Self = Multimeter;
+  static constexpr Command<Self> kTable[] = {
+      {"INITiate[:IMMediate]", &Self::Initiate},
+      {"ABORt", &Self::Abort},
+      {"FETCh?", &Self::Fetch},
+      {"READ?", &Self::Read},
+      {"ROUTe:TERMinals?", &Self::Terminals},
+      {"TRACe:POINts", &Self::SetPoints, 1, 1},
+      {"TRACe:POINts?", &Self::Points},
+      {"TRACe[:DATA]", &Self::SetTrace, 1, 1},
+      {"TRACe[:DATA]?", &Self::Trace},
+  };
+  tree.Add(kTable, *this);
+  AddSettingsTo(tree);
+  m_panel.AddTo(tree);
+}
+
+void Multimeter::Reset() {
+  m_settings = {};
+  m_readings.clear();
+  m_panel.Reset();
+  m_trace = MakeTrace(kDefaultPoints);
+}
+
+// Measuring.
+
+double Multimeter::Reading() {
+  const MultimeterFunction& function = MultimeterFunction::Of(m_settings.measurand);
+  MeasurandSetup& setup = SetupOf(m_settings.measurand);
+  if (setup.autoRange) setup.range = function.RangeFor(function.source);
+  const double value = function.source + ResolutionOf(setup) * m_random.Noise();
+  const bool overload = value > setup.range * kOverrange;
+  if (overload) {
+    m_status.Questionable().Set(function.overload);
+    return std::numeric_limits<double>::infinity();
+  }
+  m_status.Questionable().Clear(function.overload);
+  if (m_settings.measurand != Measurand::Temperature) return value;
+  const TemperatureScale& scale = kTemperatureScales[m_settings.temperatureUnit];
+  return value * scale.factor + scale.offset;
+}
+
+void Multimeter::StartMeasurement() {
+  m_readings.clear();
+  m_taken.clear();
+  m_triggersLeft = m_settings.trigger.count;
+  if (m_settings.trigger.source == Settings::TriggerSource::Immediate) {
+    TakeReadings(std::exchange(m_triggersLeft, 1) * m_settings.trigger.samples);
+  } else {
+    AwaitTrigger();
+  }
+}
+
+void Multimeter::AwaitTrigger() { m_executor.StartOperation(Executor::kForever, operation::kWaitingForTrigger); }
+
+/// The readings are those of the settings at the start, whatever is changed while they are being taken.
+void Multimeter::TakeReadings(std::int64_t count) {
+  for (std::int64_t i = 0; i < count; ++i) m_taken.push_back(Reading());
+  const std::chrono::duration<double> each(m_settings.trigger.delay +
+                                           SetupOf(m_settings.measurand).cycles / MultimeterFunction::kLineFrequency);
+  m_executor.StartOperation(std::chrono::round<Executor::Duration>(each * static_cast<double>(count)),
+                            operation::kMeasuring, [this] {
+                              if (--m_triggersLeft > 0) {
+                                AwaitTrigger();
+                              } else {
+                                m_readings = std::move(m_taken);
+                              }
+                            });
+}
+
+void Multimeter::Trigger() {
+  const bool waiting = m_executor.OperationPending() && !m_executor.OperationEnd();
+  if (!waiting || m_settings.trigger.source != Settings::TriggerSource::Bus) {
+    throw ScpiError(ErrorCode::TriggerIgnored);
+  }
+  TakeReadings(m_settings.trigger.samples);
+}
+
+void Multimeter::MeasureAndRespond() {
+  StartMeasurement();
+  m_executor.Await([this] { RespondReadings(); });
+}
+
+void Multimeter::RespondReadings() {
+  if (m_readings.empty()) throw ScpiError(ErrorCode::DataCorruptOrStale);
+  m_executor.Respond(FormatReals(m_readings));
+}
+
+void Multimeter::Initiate(const Call& /*call*/) {
+  if (m_executor.OperationPending()) throw ScpiError(ErrorCode::InitIgnored);
+  StartMeasurement();
+}
+
+void Multimeter::Abort(const Call& /*call*/) { m_executor.CancelOperation(); }
+
+void Multimeter::Fetch(const Call& /*call*/) {
+  m_executor.WhenIdle([this] { RespondReadings(); });
+}
+
+/// The trigger that it would wait for could only come behind it.
+void Multimeter::Read(const Call& /*call*/) {
+  if (m_settings.trigger.source == Settings::TriggerSource::Bus) throw ScpiError(ErrorCode::TriggerDeadlock);
+  m_executor.WhenIdle([this] { MeasureAndRespond(); });
+}
+
+// Front panel and waveform memory.
+
+void Multimeter::Terminals(const Call& /*call*/) { m_executor.Respond("FRON"); }
+
+void Multimeter::SetPoints(const Call& call) {
+  m_trace = MakeTrace(static_cast<std::size_t>(call.Integer(0, 1, kMostPoints)));
+}
+
+void Multimeter::Points(const Call& /*call*/) { m_executor.Respond(std::to_string(m_trace.size())); }
+
+void Multimeter::SetTrace(const Call& call) { m_trace = call.Block(0); }
+
+void Multimeter::Trace(const Call& /*call*/) { m_executor.Respond(FormatBlock(m_trace)); }
+
+/// A triangle of one byte a point. Its trough is code 10, the line feed, so that a reader who ends a message there is
+/// found out.
+std::string Multimeter::MakeTrace(std::size_t points) {
+  constexpr std::size_t kPeriod = 64;
+  constexpr std::size_t kTrough = 10;
+  constexpr std::size_t kStep = 7;
+  std::string trace(points, '\0');
+  for (std::size_t i = 0; i < points; ++i) {
+    const std::size_t phase = i % kPeriod;
+    const std::size_t height = std::min(phase, kPeriod - phase) * kStep;
+    const std::size_t noise = phase == 0 ? 0 : m_random.Next() % kStep;
+    trace[i] = static_cast<char>(static_cast<unsigned char>(kTrough + height + noise));
+  }
+  return trace;
+}
+
+} // namespace portico::simulator

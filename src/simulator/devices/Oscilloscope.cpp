@@ -1,0 +1,192 @@
+#include "simulator/devices/Oscilloscope.h"
+
+#include "simulator/language/Mnemonic.h"
+#include "simulator/language/ScpiError.h"
+
+#include <limits>
+#include <string>
+
+namespace portico::simulator {
+namespace {
+
+constexpr Limits kVoltsPerDivision{0.001, 10, 0.5, Quantity::Voltage};
+constexpr Limits kOffsetVolts{-40, 40, 0, Quantity::Voltage};
+constexpr Limits kSecondsPerDivision{1E-9, 1, 1E-3, Quantity::Time};
+constexpr Limits kAverages{2, 1024, 8};
+constexpr Limits kPoints{10, 1'000'000, 1000};
+
+// As they are written; the short form is answered.
+constexpr std::string_view kSources[] = {"CHANnel1", "CHANnel2", "CHANnel3", "CHANnel4", "EXTernal"};
+constexpr std::string_view kCouplings[] = {"DC", "AC", "GND"};
+constexpr std::string_view kAcquisitions[] = {"NORMal", "AVERage"};
+constexpr std::string_view kSweeps[] = {"NORMal", "AUTO"};
+constexpr std::string_view kSlopes[] = {"POSitive", "NEGative"};
+constexpr std::string_view kFormats[] = {"BYTE", "WORD", "ASCii"};
+
+std::size_t ChannelNamed(const Call& call) {
+  const std::size_t channel = call.Keyword(0, kSources);
+  if (channel == OscilloscopeSettings::kExternal) throw ScpiError(ErrorCode::IllegalParameterValue);
+  return channel;
+}
+
+} // namespace
+
+void Oscilloscope::AddTo(CommandTree& tree) {
+  using Self = Oscilloscope;
+  static constexpr Command<Self> kTable[] = {
+      {"CHANnel<1-4>:SCALe", &Self::SetScale, 1, 1},
+      {"CHANnel<1-4>:SCALe?", &Self::Scale, 0, 1},
+      {"CHANnel<1-4>:OFFSet", &Self::SetOffset, 1, 1},
+      {"CHANnel<1-4>:OFFSet?", &Self::Offset, 0, 1},
+      {"CHANnel<1-4>:DISPlay", &Self::SetShown, 1, 1},
+      {"CHANnel<1-4>:DISPlay?", &Self::Shown},
+      {"CHANnel<1-4>:COUPling", &Self::SetCoupling, 1, 1},
+      {"CHANnel<1-4>:COUPling?", &Self::Coupling},
+      {"TIMebase:SCALe", &Self::SetTimeScale, 1, 1},
+      {"TIMebase:SCALe?", &Self::TimeScale, 0, 1},
+      {"ACQuire:TYPE", &Self::SetAcquisition, 1, 1},
+      {"ACQuire:TYPE?", &Self::Acquisition},
+      {"ACQuire:COUNt", &Self::SetAverages, 1, 1},
+      {"ACQuire:COUNt?", &Self::Averages, 0, 1},
+      {"TRIGger:SWEep", &Self::SetSweep, 1, 1},
+      {"TRIGger:SWEep?", &Self::Sweep},
+      {"TRIGger[:EDGE]:SOURce", &Self::SetTriggerSource, 1, 1},
+      {"TRIGger[:EDGE]:SOURce?", &Self::TriggerSource},
+      {"TRIGger[:EDGE]:LEVel", &Self::SetTriggerLevel, 1, 1},
+      {"TRIGger[:EDGE]:LEVel?", &Self::TriggerLevel, 0, 1},
+      {"TRIGger[:EDGE]:SLOPe", &Self::SetSlope, 1, 1},
+      {"TRIGger[:EDGE]:SLOPe?", &Self::Slope},
+      {"TRIGger:FORCe", &Self::ForceTrigger},
+      {"AUToscale", &Self::AutoScale},
+      {"RUN", &Self::Run},
+      {"SINGle", &Self::Single},
+      {"STOP", &Self::Stop},
+      {"WAVeform:SOURce", &Self::SetSource, 1, 1},
+      {"WAVeform:SOURce?", &Self::Source},
+      {"WAVeform:POINts", &Self::SetPoints, 1, 1},
+      {"WAVeform:POINts?", &Self::Points, 0, 1},
+      {"WAVeform:FORMat", &Self::SetFormat, 1, 1},
+      {"WAVeform:FORMat?", &Self::Format},
+      {"WAVeform:DATA?", &Self::Data},
+      {"WAVeform:PREamble?", &Self::Preamble},
+      {"MEASure:VPP?", &Self::PeakToPeak, 1, 1},
+      {"MEASure:FREQuency?", &Self::Frequency, 1, 1},
+  };
+  tree.Add(kTable, *this);
+}
+
+// Settings.
+
+Oscilloscope::Settings& Oscilloscope::Change() {
+  CatchUp();
+  m_runBegan = m_executor.Now();
+  m_sweeps = 0;
+  return m_settings;
+}
+
+void Oscilloscope::SetScale(const Call& call) { ChangeOf(call).scale = call.Number(0, kVoltsPerDivision); }
+
+void Oscilloscope::Scale(const Call& call) {
+  m_executor.Respond(FormatReal(call.LimitOr(Of(call).scale, kVoltsPerDivision)));
+}
+
+void Oscilloscope::SetOffset(const Call& call) { ChangeOf(call).offset = call.Number(0, kOffsetVolts); }
+
+void Oscilloscope::Offset(const Call& call) {
+  m_executor.Respond(FormatReal(call.LimitOr(Of(call).offset, kOffsetVolts)));
+}
+
+void Oscilloscope::SetShown(const Call& call) { ChangeOf(call).shown = call.Boolean(0); }
+
+void Oscilloscope::Shown(const Call& call) { m_executor.Respond(FormatBoolean(Of(call).shown)); }
+
+void Oscilloscope::SetCoupling(const Call& call) {
+  ChangeOf(call).coupling = static_cast<Settings::Coupling>(call.Keyword(0, kCouplings));
+  TriggerChanged();
+}
+
+void Oscilloscope::Coupling(const Call& call) {
+  m_executor.Respond(ShortOf(kCouplings, static_cast<std::size_t>(Of(call).coupling)));
+}
+
+void Oscilloscope::SetTimeScale(const Call& call) { Change().timeScale = call.Number(0, kSecondsPerDivision); }
+
+void Oscilloscope::TimeScale(const Call& call) {
+  m_executor.Respond(FormatReal(call.LimitOr(m_settings.timeScale, kSecondsPerDivision)));
+}
+
+void Oscilloscope::SetAcquisition(const Call& call) { Change().averaging = call.Keyword(0, kAcquisitions) == 1; }
+
+void Oscilloscope::Acquisition(const Call& /*call*/) {
+  m_executor.Respond(ShortOf(kAcquisitions, m_settings.averaging ? 1 : 0));
+}
+
+void Oscilloscope::SetAverages(const Call& call) { Change().averages = call.Whole(0, kAverages); }
+
+void Oscilloscope::Averages(const Call& call) {
+  m_executor.Respond(std::to_string(call.WholeOr(m_settings.averages, kAverages)));
+}
+
+void Oscilloscope::SetSweep(const Call& call) {
+  Change().trigger.automatic = call.Keyword(0, kSweeps) == 1;
+  TriggerChanged();
+}
+
+void Oscilloscope::Sweep(const Call& /*call*/) {
+  m_executor.Respond(ShortOf(kSweeps, m_settings.trigger.automatic ? 1 : 0));
+}
+
+void Oscilloscope::SetTriggerSource(const Call& call) {
+  Change().trigger.source = call.Keyword(0, kSources);
+  TriggerChanged();
+}
+
+void Oscilloscope::TriggerSource(const Call& /*call*/) {
+  m_executor.Respond(ShortOf(kSources, m_settings.trigger.source));
+}
+
+void Oscilloscope::SetTriggerLevel(const Call& call) {
+  Change().trigger.level = call.Number(0, kOffsetVolts);
+  TriggerChanged();
+}
+
+void Oscilloscope::TriggerLevel(const Call& call) {
+  m_executor.Respond(FormatReal(call.LimitOr(m_settings.trigger.level, kOffsetVolts)));
+}
+
+void Oscilloscope::SetSlope(const Call& call) { Change().trigger.falling = call.Keyword(0, kSlopes) == 1; }
+
+void Oscilloscope::Slope(const Call& /*call*/) {
+  m_executor.Respond(ShortOf(kSlopes, m_settings.trigger.falling ? 1 : 0));
+}
+
+void Oscilloscope::SetSource(const Call& call) { m_settings.source = ChannelNamed(call); }
+
+void Oscilloscope::Source(const Call& /*call*/) { m_executor.Respond(ShortOf(kSources, m_settings.source)); }
+
+void Oscilloscope::SetPoints(const Call& call) { Change().points = call.Whole(0, kPoints); }
+
+void Oscilloscope::Points(const Call& call) {
+  m_executor.Respond(std::to_string(call.WholeOr(m_settings.points, kPoints)));
+}
+
+void Oscilloscope::SetFormat(const Call& call) {
+  m_settings.format = static_cast<WaveformFormat>(call.Keyword(0, kFormats));
+}
+
+void Oscilloscope::Format(const Call& /*call*/) {
+  m_executor.Respond(ShortOf(kFormats, static_cast<std::size_t>(m_settings.format)));
+}
+
+// Measurements.
+
+void Oscilloscope::PeakToPeak(const Call& call) {
+  m_executor.Respond(FormatReal(2 * Seen(ChannelNamed(call)).amplitude));
+}
+
+void Oscilloscope::Frequency(const Call& call) {
+  const Signal signal = Seen(ChannelNamed(call));
+  m_executor.Respond(FormatReal(signal.amplitude > 0 ? signal.frequency : std::numeric_limits<double>::quiet_NaN()));
+}
+
+} // namespace portico::simulator

@@ -1,0 +1,73 @@
+#include "simulator/devices/SystemCommands.h"
+
+#include <string>
+
+namespace portico::simulator {
+
+void SystemCommands::AddTo(CommandTree& tree) {
+  using Self = SystemCommands;
+  constexpr RegisterOf kOperation = &StatusModel::Operation;
+  constexpr RegisterOf kQuestionable = &StatusModel::Questionable;
+  static constexpr Command<Self> kTable[] = {
+      {"SYSTem:ERRor[:NEXT]?", &Self::NextError},
+      {"SYSTem:ERRor:ALL?", &Self::AllErrors},
+      {"SYSTem:ERRor:COUNt?", &Self::ErrorCount},
+      {"SYSTem:VERSion?", &Self::Version},
+      {"SYSTem:BEEPer[:IMMediate]", &Self::Beep, 0, 3},
+      {"SYSTem:BEEPer:STATe", &Self::SetBeeper, 1, 1},
+      {"SYSTem:BEEPer:STATe?", &Self::Beeper},
+      {"STATus:PRESet", &Self::PresetStatus},
+      {"STATus:OPERation[:EVENt]?", &Self::Event<kOperation>},
+      {"STATus:OPERation:CONDition?", &Self::Condition<kOperation>},
+      {"STATus:OPERation:ENABle", &Self::SetEnable<kOperation>, 1, 1},
+      {"STATus:OPERation:ENABle?", &Self::Enable<kOperation>},
+      {"STATus:QUEStionable[:EVENt]?", &Self::Event<kQuestionable>},
+      {"STATus:QUEStionable:CONDition?", &Self::Condition<kQuestionable>},
+      {"STATus:QUEStionable:ENABle", &Self::SetEnable<kQuestionable>, 1, 1},
+      {"STATus:QUEStionable:ENABle?", &Self::Enable<kQuestionable>},
+  };
+  tree.Add(kTable, *this);
+}
+
+void SystemCommands::NextError(const Call& /*call*/) { m_executor.Respond(m_status.Errors().Pop()); }
+
+void SystemCommands::AllErrors(const Call& /*call*/) { m_executor.Respond(m_status.Errors().PopAll()); }
+
+void SystemCommands::ErrorCount(const Call& /*call*/) { m_executor.Respond(std::to_string(m_status.Errors().Size())); }
+
+void SystemCommands::Version(const Call& /*call*/) { m_executor.Respond("1999.0"); }
+
+/// Nobody hears it.
+void SystemCommands::Beep(const Call& call) {
+  static constexpr Limits kPitchLengthVolume[] = {
+      {20, 20000, 1000, Quantity::Frequency}, {0, 60, 0.1, Quantity::Time}, {0, 1, 1}};
+  for (std::size_t i = 0; i < call.Count(); ++i) call.Number(i, kPitchLengthVolume[i]);
+}
+
+void SystemCommands::SetBeeper(const Call& call) { m_beeperOn = call.Boolean(0); }
+
+void SystemCommands::Beeper(const Call& /*call*/) { m_executor.Respond(FormatBoolean(m_beeperOn)); }
+
+void SystemCommands::PresetStatus(const Call& /*call*/) { m_status.Preset(); }
+
+template <SystemCommands::RegisterOf Register>
+void SystemCommands::Event(const Call& /*call*/) {
+  m_executor.Respond(std::to_string((m_status.*Register)().TakeEvent()));
+}
+
+template <SystemCommands::RegisterOf Register>
+void SystemCommands::Condition(const Call& /*call*/) {
+  m_executor.Respond(std::to_string((m_status.*Register)().Condition()));
+}
+
+template <SystemCommands::RegisterOf Register>
+void SystemCommands::SetEnable(const Call& call) {
+  (m_status.*Register)().SetEnable(static_cast<std::uint16_t>(call.Integer(0, 0, 65535)));
+}
+
+template <SystemCommands::RegisterOf Register>
+void SystemCommands::Enable(const Call& /*call*/) {
+  m_executor.Respond(std::to_string((m_status.*Register)().Enable()));
+}
+
+} // namespace portico::simulator

@@ -1,0 +1,39 @@
+#include "simulator/devices/WaveformRecord.h"
+
+#include "simulator/language/ResponseFormat.h"
+
+#include <array>
+#include <vector>
+
+namespace portico::simulator {
+namespace {
+
+/// How much larger the codes of words are than those of bytes.
+constexpr double kWordFactor = 256;
+
+} // namespace
+
+std::string WaveformScale::Preamble(WaveformFormat format) const {
+  const double factor = format == WaveformFormat::Word ? kWordFactor : 1;
+  const double voltsPerCode = voltsPerDivision / kCodesPerDivision / factor;
+  return std::to_string(points) + ',' +
+         FormatReals(std::array{secondsPerPoint, voltsPerCode, centreVolts, kCentreCode * factor});
+}
+
+std::string WaveformRecord::Data(WaveformFormat format) const {
+  if (format == WaveformFormat::Byte) return FormatBlock(codes);
+  if (format == WaveformFormat::Word) {
+    std::string words;
+    for (const char code : codes) words.append({code, '\0'});
+    return FormatBlock(words);
+  }
+  std::vector<double> volts;
+  for (const char code : codes) {
+    const double divisions =
+        (static_cast<unsigned char>(code) - WaveformScale::kCentreCode) / WaveformScale::kCodesPerDivision;
+    volts.push_back(scale.centreVolts + divisions * scale.voltsPerDivision);
+  }
+  return FormatReals(volts);
+}
+
+} // namespace portico::simulator

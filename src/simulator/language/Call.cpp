@@ -1,0 +1,144 @@
+#include "simulator/language/Call.h"
+
+#include "simulator/language/Mnemonic.h"
+#include "simulator/language/ScpiError.h"
+#include "simulator/language/Syntax.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace portico::simulator {
+namespace {
+
+using Kind = Parameter::Kind;
+
+constexpr std::string_view kBooleans[] = {"OFF", "ON"};
+
+ErrorCode NotAllowed(Kind kind) {
+  switch (kind) {
+  case Kind::Decimal:
+  case Kind::NonDecimal:
+    return ErrorCode::NumericDataNotAllowed;
+  case Kind::Character:
+    return ErrorCode::CharacterDataNotAllowed;
+  case Kind::String:
+    return ErrorCode::StringDataNotAllowed;
+  case Kind::Block:
+    return ErrorCode::BlockDataNotAllowed;
+  case Kind::Expression:
+    break;
+  }
+  return ErrorCode::ExpressionDataNotAllowed;
+}
+
+double DecimalValue(const Parameter& parameter, Quantity quantity) {
+  std::string_view digits = parameter.text;
+  if (digits.front() == '+') digits.remove_prefix(1);
+  double value = 0;
+  const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  if (result.ec == std::errc::result_out_of_range) {
+    const std::size_t exponent = digits.find_first_of("eE");
+    const bool tiny = exponent != std::string_view::npos && digits.substr(exponent + 1).starts_with('-');
+    value = tiny ? 0 : std::numeric_limits<double>::infinity();
+  }
+  if (parameter.unit.empty()) return value;
+  const auto factor = UnitFactor(quantity, parameter.unit);
+  if (!factor) throw ScpiError(quantity == Quantity::None ? ErrorCode::SuffixNotAllowed : ErrorCode::InvalidSuffix);
+  return value * *factor;
+}
+
+double NonDecimalValue(const Parameter& parameter) {
+  std::uint64_t value = 0;
+  std::from_chars(parameter.text.data(), parameter.text.data() + parameter.text.size(), value, parameter.mark);
+  return static_cast<double>(value);
+}
+
+double Value(const Parameter& parameter, Quantity quantity) {
+  return parameter.kind == Kind::Decimal ? DecimalValue(parameter, quantity) : NonDecimalValue(parameter);
+}
+
+} // namespace
+
+const Parameter& Call::At(std::size_t index, std::initializer_list<Kind> allowed) const {
+  const Parameter& parameter = m_unit.parameters[index];
+  if (std::find(allowed.begin(), allowed.end(), parameter.kind) == allowed.end()) {
+    throw ScpiError(NotAllowed(parameter.kind));
+  }
+  return parameter;
+}
+
+double Call::LimitNamed(std::string_view name, const Limits& limits) {
+  static const Mnemonic minimum("MINimum");
+  static const Mnemonic maximum("MAXimum");
+  static const Mnemonic standard("DEFault");
+  if (minimum.Matches(name)) return limits.minimum;
+  if (maximum.Matches(name)) return limits.maximum;
+  if (standard.Matches(name)) return limits.standard;
+  throw ScpiError(ErrorCode::InvalidCharacterData);
+}
+
+double Call::Number(std::size_t index, const Limits& limits) const {
+  const Parameter& parameter = At(index, {Kind::Decimal, Kind::NonDecimal, Kind::Character});
+  if (parameter.kind == Kind::Character) return LimitNamed(parameter.text, limits);
+  const double value = Value(parameter, limits.quantity);
+  if (!(value >= limits.minimum && value <= limits.maximum)) throw ScpiError(ErrorCode::DataOutOfRange);
+  return value;
+}
+
+std::int64_t Call::Integer(std::size_t index, std::int64_t minimum, std::int64_t maximum) const {
+  const double value = std::round(Value(At(index, {Kind::Decimal, Kind::NonDecimal}), Quantity::None));
+  if (!(value >= static_cast<double>(minimum) && value <= static_cast<double>(maximum))) {
+    throw ScpiError(ErrorCode::DataOutOfRange);
+  }
+  return static_cast<std::int64_t>(value);
+}
+
+std::int64_t Call::Whole(std::size_t index, const Limits& limits) const {
+  const Parameter& parameter = m_unit.parameters[index];
+  const auto whole = [](double limit) { return static_cast<std::int64_t>(limit); };
+  if (parameter.kind == Kind::Character) return whole(LimitNamed(parameter.text, limits));
+  return Integer(index, whole(limits.minimum), whole(limits.maximum));
+}
+
+bool Call::Boolean(std::size_t index) const {
+  const Parameter& parameter = At(index, {Kind::Decimal, Kind::NonDecimal, Kind::Character});
+  if (parameter.kind == Kind::Character) return Keyword(index, kBooleans) == 1;
+  return std::round(Value(parameter, Quantity::None)) != 0;
+}
+
+std::size_t Call::Keyword(std::size_t index, std::span<const std::string_view> choices) const {
+  At(index, {Kind::Character});
+  const auto found = std::find_if(choices.begin(), choices.end(),
+                                  [this, index](std::string_view choice) { return IsKeyword(index, choice); });
+  if (found == choices.end()) throw ScpiError(ErrorCode::IllegalParameterValue);
+  return static_cast<std::size_t>(found - choices.begin());
+}
+
+bool Call::IsKeyword(std::size_t index, std::string_view mnemonic) const {
+  const Parameter& parameter = m_unit.parameters[index];
+  return parameter.kind == Kind::Character && Mnemonic(mnemonic).Matches(parameter.text);
+}
+
+std::string Call::String(std::size_t index) const {
+  const Parameter& parameter = At(index, {Kind::String});
+  std::string text;
+  for (std::size_t i = 0; i < parameter.text.size(); ++i) {
+    text += parameter.text[i];
+    if (parameter.text[i] == parameter.mark) ++i; // inside a string its quote only occurs doubled
+  }
+  return text;
+}
+
+std::string_view Call::Block(std::size_t index) const { return At(index, {Kind::Block}).text; }
+
+double Call::LimitOr(double value, const Limits& limits) const {
+  return Count() == 0 ? value : LimitNamed(At(0, {Kind::Character}).text, limits);
+}
+
+std::int64_t Call::WholeOr(std::int64_t value, const Limits& limits) const {
+  return static_cast<std::int64_t>(LimitOr(static_cast<double>(value), limits));
+}
+
+} // namespace portico::simulator

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "simulator/language/Call.h"
+#include "simulator/language/Mnemonic.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace portico::simulator {
+
+/// One row of a table of commands: what it is called, who carries it out, and how many parameters it takes.
+///
+/// The pattern is written as in the standard: capitals are the short form, `[...]` is a node that may be left out with
+/// its colon, and `<1-4>` behind a node is the range of its numeric suffix, which is 1 alone where none is written.
+template <class Owner>
+struct Command {
+  std::string_view pattern;
+  void (Owner::*handler)(const Call&);
+  std::size_t minimumParameters = 0;
+  std::size_t maximumParameters = 0;
+};
+
+/// The commands of an instrument, found by their headers.
+class CommandTree {
+public:
+  /// Adds a table whose handlers are members of `owner`, which must outlive the tree's use.
+  template <class Owner, std::size_t Size>
+  void Add(const Command<Owner> (&table)[Size], Owner& owner) {
+    for (const Command<Owner>& command : table) {
+      Insert(command.pattern, {[&owner, handler = command.handler](const Call& call) { (owner.*handler)(call); },
+                               command.minimumParameters, command.maximumParameters});
+    }
+  }
+
+  /// Finds the unit's command, checks its suffixes and the number of its parameters, and calls its handler.
+  /// Throws ScpiError.
+  void Invoke(const Unit& unit) const;
+
+private:
+  struct Handler {
+    std::function<void(const Call&)> function;
+    std::size_t minimumParameters;
+    std::size_t maximumParameters;
+  };
+  struct PatternNode {
+    std::string_view mnemonic;
+    bool optional;
+    std::uint32_t largestSuffix;
+    std::optional<std::size_t> slot; ///< which of the call's suffixes this node's is
+  };
+  struct Leaf {
+    const Handler* handler = nullptr;
+    std::vector<PatternNode> nodes;
+  };
+  struct Node {
+    explicit Node(std::string_view pattern) : mnemonic(pattern) {}
+    Mnemonic mnemonic;
+    std::vector<std::unique_ptr<Node>> children;
+    Leaf command;
+    Leaf query;
+  };
+
+  void Insert(std::string_view pattern, Handler handler);
+  void InsertVariants(const std::vector<PatternNode>& pattern, std::vector<PatternNode>& chosen, bool query);
+  static std::vector<PatternNode> ParsePattern(std::string_view pattern);
+  static Node& Child(Node& parent, std::string_view mnemonic);
+  static Suffixes CheckedSuffixes(const Unit& unit, const Leaf& leaf);
+  const Leaf& Find(const Unit& unit) const;
+
+  std::deque<Handler> m_handlers;
+  Node m_root{""};
+};
+
+} // namespace portico::simulator

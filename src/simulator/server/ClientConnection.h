@@ -1,0 +1,46 @@
+#pragma once
+
+#include "simulator/server/FileDescriptor.h"
+#include "simulator/server/StreamConnection.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+namespace portico::simulator {
+
+/// One client of the server and its connection to the device.
+///
+/// No more is read from a client that does not take its answers, so that neither side's memory grows without bound.
+class ClientConnection {
+public:
+  /// `socket` is connected and does not block; `device` must outlive the connection.
+  ClientConnection(FileDescriptor socket, Device& device);
+
+  int Descriptor() const { return m_socket.Get(); }
+  bool WantsInput() const { return !m_inputEnded && m_output.empty() && m_connection.AcceptsInput(); }
+  bool WantsOutput() const { return !m_output.empty(); }
+  /// When Exchange() is next due though nothing arrives.
+  std::optional<TimePoint> NextEvent() const;
+  /// Whether the connection is to be closed.
+  bool Finished() const { return m_finished; }
+
+  /// Takes what has arrived, if `readable`, and sends what is ready, as far as the client takes it.
+  void Exchange(bool readable, TimePoint now);
+  /// The connection broke.
+  void Abandon() { m_finished = true; }
+
+private:
+  void Receive(TimePoint now);
+  void Send(TimePoint now);
+  void Collect(TimePoint now);
+
+  FileDescriptor m_socket;
+  StreamConnection m_connection;
+  std::string m_output;
+  std::size_t m_sent = 0; ///< of m_output
+  bool m_inputEnded = false;
+  bool m_finished = false;
+};
+
+} // namespace portico::simulator

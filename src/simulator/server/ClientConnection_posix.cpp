@@ -1,0 +1,80 @@
+#include "simulator/server/ClientConnection.h"
+
+#include <array>
+#include <cerrno>
+#include <string_view>
+#include <utility>
+
+#include <sys/socket.h>
+
+namespace portico::simulator {
+namespace {
+
+// What Connection::AcceptsInput() promises room for.
+constexpr std::size_t kReceiveBytes = 65536;
+
+/// Answers are gathered up to this size before they are sent: a client may ask many questions at once.
+constexpr std::size_t kSendBytes = 65536;
+
+bool WouldBlock(int error) { return error == EAGAIN || error == EWOULDBLOCK || error == EINTR; }
+
+} // namespace
+
+ClientConnection::ClientConnection(FileDescriptor socket, Device& device)
+    : m_socket(std::move(socket)), m_connection(device) {}
+
+std::optional<TimePoint> ClientConnection::NextEvent() const {
+  if (!m_output.empty()) return std::nullopt; // first the client takes what there is
+  return m_connection.NextEvent();
+}
+
+void ClientConnection::Exchange(bool readable, TimePoint now) {
+  if (readable) Receive(now);
+  Send(now);
+  // A client that only ended its own side still gets the answers that are under way.
+  const bool over = m_inputEnded || m_connection.CloseRequested();
+  if (over && m_output.empty() && !m_connection.Busy()) m_finished = true;
+}
+
+void ClientConnection::Receive(TimePoint now) {
+  std::array<char, kReceiveBytes> buffer; // not cleared: that would cost more than a short message does
+  const ssize_t count = recv(m_socket.Get(), buffer.data(), buffer.size(), 0);
+  if (count > 0) {
+    m_connection.Write(std::string_view(buffer.data(), static_cast<std::size_t>(count)), now);
+  } else if (count == 0) {
+    m_inputEnded = true;
+  } else if (!WouldBlock(errno)) {
+    m_finished = true;
+  }
+}
+
+void ClientConnection::Send(TimePoint now) {
+  while (!m_finished) {
+    if (m_output.empty()) Collect(now);
+    if (m_output.empty()) return;
+    const ssize_t count = send(m_socket.Get(), m_output.data() + m_sent, m_output.size() - m_sent, MSG_NOSIGNAL);
+    if (count < 0) {
+      if (!WouldBlock(errno)) m_finished = true;
+      return;
+    }
+    m_sent += static_cast<std::size_t>(count);
+    if (m_sent == m_output.size()) {
+      m_output.clear();
+      m_sent = 0;
+    }
+  }
+}
+
+void ClientConnection::Collect(TimePoint now) {
+  while (m_output.size() < kSendBytes) {
+    auto response = m_connection.Read(now);
+    if (!response) return;
+    if (m_output.empty()) {
+      m_output = std::move(*response);
+    } else {
+      m_output += *response;
+    }
+  }
+}
+
+} // namespace portico::simulator

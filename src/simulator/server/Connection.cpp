@@ -1,0 +1,54 @@
+#include "simulator/server/Connection.h"
+
+#include <utility>
+
+namespace portico::simulator {
+
+Connection::Connection(Device& device)
+    : m_status(device.m_status), m_executor(device.m_executor), m_exchange(m_executor.Join()) {}
+
+Connection::~Connection() { m_exchange->Abandon(); }
+
+void Connection::Advance(TimePoint now) {
+  m_executor.Run(now);
+  Seen(now);
+}
+
+void Connection::Submit(std::string message, TimePoint now) {
+  const auto fits = [&] { return m_exchange->InputBytes() + message.size() <= kMostInputBytes; };
+  while (!fits() && m_exchange->HeldByOutput()) {
+    m_status.Raise(ErrorCode::QueryDeadlocked);
+    m_exchange->Responses().Clear();
+    m_executor.Run(now);
+  }
+  if (fits()) {
+    m_exchange->Submit(std::move(message));
+    m_executor.Run(now);
+  } else {
+    ReportOverrun();
+  }
+  Seen(now);
+}
+
+void Connection::ReportOverrun() { m_status.Raise(ErrorCode::InputBufferOverrun); }
+
+std::optional<std::string> Connection::Read(TimePoint now) {
+  Advance(now);
+  return m_exchange->Responses().Pop(now);
+}
+
+void Connection::Seen(TimePoint now) {
+  m_lastCall = now;
+  m_answersSeen = m_exchange->Responses().Count();
+}
+
+std::optional<TimePoint> Connection::NextEvent() const {
+  auto next = m_executor.OperationEnd();
+  const auto ready = m_exchange->Responses().NextReady();
+  // An answer that was there at the last call waits for its reader; nothing more will happen to it by itself.
+  const bool news = ready && (*ready > m_lastCall || m_exchange->Responses().Count() != m_answersSeen);
+  if (news && (!next || *ready < *next)) next = ready;
+  return next;
+}
+
+} // namespace portico::simulator

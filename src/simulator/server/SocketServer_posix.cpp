@@ -1,0 +1,160 @@
+#include "simulator/server/SocketServer.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstddef>
+#include <stdexcept>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <netdb.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace portico::simulator {
+namespace {
+
+constexpr std::size_t kMostClients = 256;
+constexpr auto kAcceptPause = std::chrono::milliseconds(100);
+
+using Addresses = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
+
+Addresses Resolve(const std::string& address, std::uint16_t port) {
+  addrinfo hints{};
+  hints.ai_flags = AI_NUMERICHOST | AI_NUMERICSERV | AI_PASSIVE;
+  hints.ai_socktype = SOCK_STREAM;
+  addrinfo* found = nullptr;
+  if (getaddrinfo(address.c_str(), std::to_string(port).c_str(), &hints, &found) != 0) {
+    throw std::invalid_argument("'" + address + "' is not an IPv4 or IPv6 address such as 127.0.0.1 or ::1");
+  }
+  return {found, &freeaddrinfo};
+}
+
+std::uint16_t BoundPort(int descriptor) {
+  sockaddr_storage bound{};
+  socklen_t size = sizeof bound;
+  getsockname(descriptor, reinterpret_cast<sockaddr*>(&bound), &size);
+  const in_port_t port = bound.ss_family == AF_INET6 ? reinterpret_cast<const sockaddr_in6&>(bound).sin6_port
+                                                     : reinterpret_cast<const sockaddr_in&>(bound).sin_port;
+  return ntohs(port);
+}
+
+void SetOption(int descriptor, int level, int option) {
+  const int on = 1;
+  setsockopt(descriptor, level, option, &on, sizeof on);
+}
+
+/// The time to wait for `next`, which a poll for ever (none) and a poll at once (past) are cases of.
+std::optional<timespec> Timeout(std::optional<TimePoint> next, TimePoint now) {
+  using std::chrono::nanoseconds;
+  if (!next) return std::nullopt;
+  const auto wait = std::chrono::duration_cast<nanoseconds>(std::max(*next - now, TimePoint::duration::zero()));
+  const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(wait);
+  return timespec{seconds.count(), (wait - nanoseconds(seconds)).count()};
+}
+
+} // namespace
+
+SocketServer::SocketServer(Device& device, Options options) : m_device(device), m_options(std::move(options)) {
+  std::array<int, 2> ends{};
+  if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+    throw std::system_error(errno, std::generic_category(), "cannot make a pipe");
+  }
+  m_wakeUpReader = FileDescriptor(ends[0]);
+  m_wakeUpWriter = FileDescriptor(ends[1]);
+  m_port = m_options.port;
+  Listen();
+}
+
+void SocketServer::Listen() {
+  const Addresses address = Resolve(m_options.address, m_options.port);
+  m_listener = FileDescriptor(socket(address->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+  if (m_listener.IsOpen()) SetOption(m_listener.Get(), SOL_SOCKET, SO_REUSEADDR);
+  if (!m_listener.IsOpen() || bind(m_listener.Get(), address->ai_addr, address->ai_addrlen) != 0 ||
+      listen(m_listener.Get(), SOMAXCONN) != 0) {
+    throw std::system_error(errno, std::generic_category(), "cannot listen on " + Endpoint());
+  }
+  m_port = BoundPort(m_listener.Get());
+}
+
+std::string SocketServer::Endpoint() const {
+  const bool ipv6 = m_options.address.find(':') != std::string::npos;
+  return (ipv6 ? '[' + m_options.address + ']' : m_options.address) + ':' + std::to_string(m_port);
+}
+
+void SocketServer::Run() {
+  std::vector<pollfd> polled;
+  std::vector<short> events;
+  for (;;) {
+    TimePoint now = std::chrono::steady_clock::now();
+    const bool accepting = m_clients.size() < kMostClients && now >= m_acceptAgain;
+    polled.assign({{m_wakeUpReader.Get(), POLLIN, 0}, {accepting ? m_listener.Get() : -1, POLLIN, 0}});
+    for (const auto& client : m_clients) {
+      const int wanted = (client->WantsInput() ? POLLIN : 0) | (client->WantsOutput() ? POLLOUT : 0);
+      polled.push_back({client->Descriptor(), static_cast<short>(wanted), 0});
+    }
+    const auto timeout = Timeout(NextEvent(), now);
+    if (ppoll(polled.data(), polled.size(), timeout ? &*timeout : nullptr, nullptr) < 0 && errno != EINTR) {
+      throw std::system_error(errno, std::generic_category(), "cannot wait for clients");
+    }
+    if (polled[0].revents != 0) break;
+    now = std::chrono::steady_clock::now();
+    events.clear();
+    for (std::size_t i = 2; i < polled.size(); ++i) events.push_back(polled[i].revents);
+    Serve(now, events);
+    if (polled[1].revents != 0) Accept(now);
+  }
+  m_clients.clear();
+}
+
+void SocketServer::Serve(TimePoint now, const std::vector<short>& events) {
+  for (std::size_t i = 0; i < events.size(); ++i) {
+    ClientConnection& client = *m_clients[i];
+    const auto next = client.NextEvent();
+    if ((events[i] & POLLIN) != 0 || (events[i] & POLLOUT) != 0 || (next && *next <= now)) {
+      client.Exchange((events[i] & POLLIN) != 0, now);
+    } else if (events[i] != 0) {
+      client.Abandon();
+    }
+  }
+  std::erase_if(m_clients, [](const auto& client) { return client->Finished(); });
+}
+
+std::optional<TimePoint> SocketServer::NextEvent() const {
+  std::optional<TimePoint> next;
+  const auto consider = [&next](std::optional<TimePoint> event) {
+    if (event && (!next || *event < *next)) next = event;
+  };
+  for (const auto& client : m_clients) consider(client->NextEvent());
+  if (m_acceptAgain > TimePoint{}) consider(m_acceptAgain);
+  return next;
+}
+
+void SocketServer::Accept(TimePoint now) {
+  m_acceptAgain = {};
+  while (m_clients.size() < kMostClients) {
+    FileDescriptor accepted(accept4(m_listener.Get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+    if (!accepted.IsOpen()) {
+      const bool exhausted = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
+      if (exhausted) m_acceptAgain = now + kAcceptPause;
+      return;
+    }
+    SetOption(accepted.Get(), IPPROTO_TCP, TCP_NODELAY);
+    m_clients.push_back(std::make_unique<ClientConnection>(std::move(accepted), m_device));
+  }
+}
+
+void SocketServer::Stop() noexcept {
+  const int saved = errno;
+  // A full pipe has woken the loop already.
+  [[maybe_unused]] const ssize_t written = write(m_wakeUpWriter.Get(), "", 1);
+  errno = saved;
+}
+
+} // namespace portico::simulator

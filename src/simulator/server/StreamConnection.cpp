@@ -1,0 +1,21 @@
+#include "simulator/server/StreamConnection.h"
+
+namespace portico::simulator {
+
+void StreamConnection::Write(std::string_view bytes, TimePoint now) {
+  m_connection.Advance(now);
+  while (!bytes.empty() && !CloseRequested()) {
+    switch (m_framer.Feed(bytes)) {
+    case MessageFramer::Outcome::Complete:
+      m_connection.Submit(m_framer.TakeMessage(), now);
+      break;
+    case MessageFramer::Outcome::Overrun:
+      m_connection.ReportOverrun();
+      break;
+    case MessageFramer::Outcome::Incomplete:
+      break;
+    }
+  }
+}
+
+} // namespace portico::simulator

@@ -1,0 +1,54 @@
+#include "simulator/status/MessageExchange.h"
+
+#include "simulator/language/ScpiError.h"
+
+#include <utility>
+
+namespace portico::simulator {
+namespace {
+
+/// What a message in the queue costs besides its characters.
+constexpr std::size_t kQueuedMessageBytes = sizeof(std::string);
+
+} // namespace
+
+void MessageExchange::Submit(std::string message) {
+  m_inputBytes += message.size() + kQueuedMessageBytes;
+  m_input.push_back(std::move(message));
+}
+
+void MessageExchange::Abandon() {
+  m_abandoned = true;
+  m_responses = {};
+}
+
+bool MessageExchange::Begin() {
+  if (m_halted || m_message || m_input.empty() || m_responses.Full()) return false;
+  m_message = std::move(m_input.front());
+  m_input.pop_front();
+  m_inputBytes -= m_message->size() + kQueuedMessageBytes;
+  m_parser = UnitParser(*m_message);
+  return true;
+}
+
+void MessageExchange::Finish(TimePoint at, AnswerFaults& faults) {
+  m_message.reset();
+  const bool endless = std::exchange(m_endless, false);
+  if (!std::exchange(m_responding, false)) return;
+  std::string response = std::exchange(m_response, {});
+  if (faults.silent) return;
+  at += std::exchange(faults.delay, {});
+  if (!m_abandoned) m_responses.Push(std::move(response), at, endless);
+}
+
+void MessageExchange::Respond(std::string_view data) {
+  if (m_response.size() + data.size() >= kLongestResponse) {
+    m_response = {};
+    m_responding = false;
+    throw ScpiError(ErrorCode::QueryDeadlocked);
+  }
+  if (std::exchange(m_responding, true)) m_response += ';';
+  m_response += data;
+}
+
+} // namespace portico::simulator

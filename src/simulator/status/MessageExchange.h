@@ -1,0 +1,77 @@
+#pragma once
+
+#include "simulator/language/UnitParser.h"
+#include "simulator/status/ResponseQueue.h"
+
+#include <cstddef>
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace portico::simulator {
+
+/// The faults of a device that concern its answers, on whichever connection they are made.
+struct AnswerFaults {
+  TimePoint::duration delay{}; ///< by which the next answer is late
+  bool silent = false;         ///< answers are dropped
+};
+
+/// What one connection says and hears: the program messages that wait, the one that is being carried out, and the
+/// response messages. A connection fills it and reads from it, the device's executor works it off.
+class MessageExchange {
+public:
+  /// The longest response message; a query that would make it longer is deadlocked.
+  static constexpr std::size_t kLongestResponse = 64U << 20U;
+
+  // For the connection.
+
+  /// Queues a program message.
+  void Submit(std::string message);
+  /// The memory that waiting messages take, in bytes.
+  std::size_t InputBytes() const { return m_inputBytes; }
+  /// Whether the unread responses, and no operation, are what holds the input.
+  bool HeldByOutput() const { return !m_message && m_responses.Full(); }
+  ResponseQueue& Responses() { return m_responses; }
+  const ResponseQueue& Responses() const { return m_responses; }
+  /// Whether something is still to be carried out or to be read.
+  bool Busy() const { return m_message || (!m_halted && !m_input.empty()) || m_responses.NextReady(); }
+  /// The connection is gone: what is queued goes on, and its answers go nowhere.
+  void Abandon();
+  bool Abandoned() const { return m_abandoned; }
+
+  // For the executor.
+
+  /// Takes up the next message; false if there is none, or no room for its answer.
+  bool Begin();
+  /// Parses the next unit of the message; false at its end. Throws ScpiError.
+  bool Next(Unit& unit) { return !m_halted && m_parser.Next(unit); }
+  /// Whether a message is being carried out.
+  bool Begun() const { return m_message.has_value(); }
+  /// Ends the message, and with it the response message, if there is one.
+  void Finish(TimePoint at, AnswerFaults& faults);
+  /// Adds the data of one query to the response message. Throws ScpiError.
+  void Respond(std::string_view data);
+  /// Lets the response message never end.
+  void MakeEndless() { m_endless = true; }
+  /// Whether a response is unread or being made: bit 4 of the status byte.
+  bool MessageAvailable() const { return m_responding || !m_responses.Empty(); }
+  /// Carries out no further command, ever.
+  void Halt() { m_halted = true; }
+  bool Halted() const { return m_halted; }
+
+private:
+  std::deque<std::string> m_input;
+  std::size_t m_inputBytes = 0;
+  bool m_halted = false;
+  bool m_abandoned = false;
+
+  std::optional<std::string> m_message; ///< the one that is being carried out
+  UnitParser m_parser;
+  std::string m_response;
+  bool m_responding = false;
+  bool m_endless = false;
+  ResponseQueue m_responses;
+};
+
+} // namespace portico::simulator

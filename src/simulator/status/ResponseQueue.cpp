@@ -1,0 +1,50 @@
+#include "simulator/status/ResponseQueue.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace portico::simulator {
+namespace {
+
+// About 16 MB/s: fast enough to fill any buffer, slow enough that a reader who polls gets to do other things.
+constexpr std::size_t kPieceBytes = 16384;
+constexpr auto kPieceInterval = std::chrono::milliseconds(1);
+
+} // namespace
+
+void ResponseQueue::Push(std::string message, TimePoint readyAt, bool endless) {
+  if (m_nextPiece) return; // behind an answer without end nothing can ever be read
+  if (!m_messages.empty()) readyAt = std::max(readyAt, m_messages.back().readyAt);
+  if (endless) {
+    m_nextPiece = readyAt;
+  } else {
+    message += '\n';
+  }
+  m_bytes += message.size();
+  ++m_count;
+  m_messages.push_back({std::move(message), readyAt});
+}
+
+std::optional<std::string> ResponseQueue::Pop(TimePoint now) {
+  const auto ready = NextReady();
+  if (!ready || *ready > now) return std::nullopt;
+  if (m_messages.empty()) {
+    m_nextPiece = now + kPieceInterval;
+    return std::string(kPieceBytes, '7');
+  }
+  std::string message = std::move(m_messages.front().text);
+  m_messages.pop_front();
+  m_bytes -= message.size();
+  return message;
+}
+
+std::optional<TimePoint> ResponseQueue::NextReady() const {
+  return m_messages.empty() ? m_nextPiece : m_messages.front().readyAt;
+}
+
+void ResponseQueue::Clear() {
+  m_messages.clear();
+  m_bytes = 0;
+}
+
+} // namespace portico::simulator

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "simulator/status/SimulatedConnection.h"
+
+#include <cstddef>
+#include <deque>
+#include <optional>
+#include <string>
+
+namespace portico::simulator {
+
+/// The output to one connection: response messages in the order in which they were made, each ready from some time on.
+class ResponseQueue {
+public:
+  static constexpr std::size_t kMostMessages = 1024;
+  static constexpr std::size_t kMostBytes = 4U << 20U;
+
+  /// No more messages are to be added until one was taken. One message alone may be larger than the bound.
+  bool Full() const { return m_messages.size() >= kMostMessages || m_bytes >= kMostBytes; }
+
+  /// Adds a response message without its line feed, which is added here. It is ready at `readyAt`, and not before those
+  /// ahead of it. An endless one goes on in pieces, without a line feed, for as long as they are taken.
+  void Push(std::string message, TimePoint readyAt, bool endless = false);
+
+  /// The next message that is ready at `now`, or the next piece of an answer without end.
+  std::optional<std::string> Pop(TimePoint now);
+
+  /// When the next Pop() may succeed, past or to come; none if there is nothing to take.
+  std::optional<TimePoint> NextReady() const;
+
+  bool Empty() const { return m_messages.empty(); }
+  /// How many messages have been added.
+  std::size_t Count() const { return m_count; }
+  void Clear();
+
+private:
+  struct Message {
+    std::string text;
+    TimePoint readyAt;
+  };
+
+  std::deque<Message> m_messages;
+  std::size_t m_bytes = 0;
+  std::size_t m_count = 0;
+  std::optional<TimePoint> m_nextPiece; ///< of the answer without end
+};
+
+} // namespace portico::simulator

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "framework/objects/IPublisher.h"
+#include "platform/IForm.h"
+#include "platform/IRichTextControl.h"
+
+namespace portico {
+
+/// What commands and dialogs need of the main window. `gMainForm` is one.
+class IMainFormParts : public virtual IObject {
+public:
+  /// The owner of modal dialogs. Its pointer is set by value.
+  virtual IForm& Form() = 0;
+  virtual Ref<IRichTextControl> txtFuture() const = 0;
+  virtual Ref<IRichTextControl> txtPast() const = 0;
+  /// The report logger; null while no log is open. Setting it unsubscribes nobody.
+  virtual Ref<ISubscriber> Logger() const = 0;
+  virtual void Logger(const Ref<ISubscriber>& newValue) = 0;
+};
+
+} // namespace portico

@@ -1,0 +1,126 @@
+#include "ui/commands/EditCommands.h"
+
+#include "document/entities/IDataStore.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/Application.h"
+#include "framework/shared/IConfiguration.h"
+#include "platform/IDesktop.h"
+#include "ui/base/CommandSupport.h"
+#include "ui/dialogs/frmSelectFile.h"
+
+namespace portico {
+namespace {
+
+void Press(StringView keys) { Wired(gKeyboard).SendKeys(String(keys)); }
+
+void Refuse() { HuntERR::Check(false, ErrorNumber::CannotCarryOut, u"Operation is not implemented yet."); }
+
+/// Empty if the user has cancelled.
+String AskForFile(const String& title, std::int32_t filters) {
+  const auto dialog = frmSelectFile::Make();
+  HuntERR::Check(bool(dialog), ErrorNumber::CannotCreate, u"Cannot create a select-file dialog.");
+  return dialog->SelectedFileName(SelectToOpen, title, filters);
+}
+
+Ref<IDataStore> OpenStore(const String& name) {
+  const auto store = Create<IDataStore>(u"DataStore", modGlobals::VarArray(name, false));
+  HuntERR::Check(bool(store), ErrorNumber::CannotCreate, u"Cannot create a paste-from file reader.");
+  return store;
+}
+
+} // namespace
+
+void CCut::Execute() try {
+  CheckInitialized();
+  Press(u"^X");
+} catch (...) {
+  PassOn(u"CCut.ICommand_Execute");
+}
+
+void CCopy::Execute() try {
+  CheckInitialized();
+  Press(u"^C");
+} catch (...) {
+  PassOn(u"CCopy.ICommand_Execute");
+}
+
+void CPaste::Execute() try {
+  CheckInitialized();
+  Press(u"^V");
+} catch (...) {
+  PassOn(u"CPaste.ICommand_Execute");
+}
+
+bool CCopyTo::OpenCopyToFile() try {
+  const String name = AskForFile(u"Copy to file...", CopyToFilters);
+  if (name.empty()) return false;
+  if (modGlobals::FileExists(name)) { // whatever the answer is, the file is kept
+    Wired(gMessageBox).Show(u"Do you want to erase " + name + u"?", ApplicationTitle, MessageBoxButtons::YesNo);
+  }
+  const auto store = OpenStore(name);
+  gConfiguration->ItemValue(u"CopyToFileName", name);
+  return bool(store);
+} catch (...) {
+  PassOn(u"CCopyTo.OpenCopyToFile");
+}
+
+void CCopyTo::Execute() try {
+  CheckInitialized();
+  if (OpenCopyToFile()) Refuse();
+} catch (...) {
+  PassOn(u"CCopyTo.ICommand_Execute");
+}
+
+bool CPasteFrom::OpenPasteFromFile() try {
+  const String name = AskForFile(u"Paste from file...", PasteFromFilters);
+  if (name.empty()) return false;
+  HuntERR::Check(modGlobals::FileExists(name), ErrorNumber::FileNotFound, u"Paste-from file does not exist.");
+  const auto store = OpenStore(name);
+  gConfiguration->ItemValue(u"PasteFromFileName", name);
+  return bool(store);
+} catch (...) {
+  PassOn(u"CPasteFrom.OpenPasteFromFile");
+}
+
+void CPasteFrom::Execute() try {
+  CheckInitialized();
+  if (OpenPasteFromFile()) Refuse();
+} catch (...) {
+  PassOn(u"CPasteFrom.ICommand_Execute");
+}
+
+void CClearHistory::Execute() try {
+  CheckInitialized();
+  Refuse();
+} catch (...) {
+  PassOn(u"CClearHistory.ICommand_Execute");
+}
+
+constexpr std::int32_t CannotCreate = ErrorNumber::CannotCreate;
+
+const CreatorRow CtorCut = {
+    u"CtorCut", u"Cut", 0, MakePlainCommand<CCut>, CannotCreate, u"Cannot create a cut command."};
+const CreatorRow CtorCopy = {
+    u"CtorCopy", u"Copy", 0, MakePlainCommand<CCopy>, CannotCreate, u"Cannot create a copy command."};
+const CreatorRow CtorPaste = {
+    u"CtorPaste", u"Paste", 0, MakePlainCommand<CPaste>, CannotCreate, u"Cannot create a paste command."};
+const CreatorRow CtorCopyTo = {u"CtorCopyTo",
+                               u"Copyto",
+                               0,
+                               MakePlainCommand<CCopyTo>,
+                               CannotCreate,
+                               u"Cannot create a paste from command."}; // the other one's text
+const CreatorRow CtorPasteFrom = {u"CtorPasteFrom",
+                                  u"Pastefrom",
+                                  0,
+                                  MakePlainCommand<CPasteFrom>,
+                                  CannotCreate,
+                                  u"Cannot create a paste from command."};
+const CreatorRow CtorClearHistory = {u"CtorClearHistory",
+                                     u"ClearHistory",
+                                     0,
+                                     MakePlainCommand<CClearHistory>,
+                                     CannotCreate,
+                                     u"Cannot create a clearHistory command."};
+
+} // namespace portico

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "framework/objects/Creator.h"
+#include "ui/base/PlainCommand.h"
+
+namespace portico {
+
+// The commands of the Edit menu.
+
+// Clipboard work goes to whichever control has the focus, by its key. The key arrives after `Execute` has returned.
+
+class CCut final : public PlainCommand {
+public:
+  StringView ClassName() const override { return u"CCut"; }
+  void Execute() override;
+};
+
+class CCopy final : public PlainCommand {
+public:
+  StringView ClassName() const override { return u"CCopy"; }
+  void Execute() override;
+};
+
+class CPaste final : public PlainCommand {
+public:
+  StringView ClassName() const override { return u"CPaste"; }
+  void Execute() override;
+};
+
+// These ask for a file, open it as a store, and then raise 17: there is no more to them yet. A user who cancels gets
+// no error. Without a dialog, or without a store, they raise 31004.
+
+/// A new name leaves an empty log; an existing file is kept, whatever the user answers.
+class CCopyTo final : public PlainCommand {
+public:
+  StringView ClassName() const override { return u"CCopyTo"; }
+  void Execute() override;
+
+private:
+  /// Whether there is a store.
+  static bool OpenCopyToFile();
+};
+
+/// A file that does not exist raises 53.
+class CPasteFrom final : public PlainCommand {
+public:
+  StringView ClassName() const override { return u"CPasteFrom"; }
+  void Execute() override;
+
+private:
+  static bool OpenPasteFromFile();
+};
+
+/// Raises 17 at once.
+class CClearHistory final : public PlainCommand {
+public:
+  StringView ClassName() const override { return u"CClearHistory"; }
+  void Execute() override;
+};
+
+// None takes a parameter. No registrar adds "Cut".
+extern const CreatorRow CtorCut;
+extern const CreatorRow CtorCopy;
+extern const CreatorRow CtorPaste;
+extern const CreatorRow CtorCopyTo;
+extern const CreatorRow CtorPasteFrom;
+extern const CreatorRow CtorClearHistory;
+
+} // namespace portico

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "framework/objects/Creator.h"
+#include "ui/base/PlainCommand.h"
+
+namespace portico {
+
+// The commands on the instrument work by instructions, so that whatever they do takes the road of a typed line and
+// shows up in the same reports. `Execute` raises 17 if the instruction processor declines.
+
+/// Opens the instrument that the command line names, or that the user chooses; none if the user cancels. An instrument
+/// that does not open is told in the reports. A dialog that cannot be made raises 17.
+class COpenInstrument final : public PlainCommand {
+public:
+  StringView ClassName() const override { return u"COpenInstrument"; }
+  void Execute() override;
+};
+
+/// Closes the instrument, whether or not one is open.
+class CCloseInstrument final : public PlainCommand {
+public:
+  StringView ClassName() const override { return u"CCloseInstrument"; }
+  void Execute() override;
+};
+
+class CReadInstrumentData final : public PlainCommand {
+public:
+  StringView ClassName() const override { return u"CReadInstrumentData"; }
+  void Execute() override;
+};
+
+/// Writes the command that asks for errors, and reads.
+class CQueryStatus final : public PlainCommand {
+public:
+  StringView ClassName() const override { return u"CQueryStatus"; }
+  void Execute() override;
+};
+
+/// Writes "*OPC?", and reads.
+class CWaitOPC final : public PlainCommand {
+public:
+  StringView ClassName() const override { return u"CWaitOPC"; }
+  void Execute() override;
+};
+
+// None takes a parameter.
+extern const CreatorRow CtorOpenInstrument;
+extern const CreatorRow CtorCloseInstrument;
+extern const CreatorRow CtorReadInstrumentData;
+extern const CreatorRow CtorQueryStatus;
+extern const CreatorRow CtorWaitOPC;
+
+} // namespace portico

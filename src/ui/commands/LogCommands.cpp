@@ -1,0 +1,118 @@
+#include "ui/commands/LogCommands.h"
+
+#include "document/reports/ReportSubscribers.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/Application.h"
+#include "framework/shared/IConfiguration.h"
+#include "platform/IDesktop.h"
+#include "ui/base/CommandSupport.h"
+#include "ui/dialogs/frmSelectFile.h"
+#include "ui/viewer/frmViewLog.h"
+
+namespace portico {
+namespace {
+
+constexpr StringView LogFileName = u"LogFileName";
+constexpr StringView Logging = u"Logging";
+constexpr StringView On = u"On";
+
+/// Empty if the user has cancelled.
+String Ask(const Ref<frmSelectFile>& dialog, const String& title, std::int32_t filters) {
+  return dialog->SelectedFileName(SelectToOpen, title, filters);
+}
+
+Ref<frmSelectFile> MakeSelectDialog() {
+  auto dialog = frmSelectFile::Make();
+  HuntERR::Check(bool(dialog), ErrorNumber::CannotCreate, u"Cannot create a select-file dialog.");
+  return dialog;
+}
+
+bool MayErase(const String& name) {
+  return Wired(gMessageBox).Show(u"Do you want to erase " + name + u"?", ApplicationTitle, MessageBoxButtons::YesNo) ==
+         MessageBoxAnswer::Yes;
+}
+
+} // namespace
+
+void CNewLogFile::Execute() try {
+  CheckInitialized();
+  HuntERR::Check(bool(gConfiguration), ErrorNumber::ObjectRequired, u"This operation requires a configuration server.");
+  if (gConfiguration->ItemValue(LogFileName).empty()) {
+    OpenNewLogFile();
+  } else {
+    CloseLogFile();
+  }
+} catch (...) {
+  PassOn(u"CNewLogFile.ICommand_Execute");
+}
+
+void CNewLogFile::OpenNewLogFile() try {
+  const String name = Ask(MakeSelectDialog(), u"Open a log file", NewLogFilters);
+  if (name.empty()) return;
+  const bool overWrite = modGlobals::FileExists(name) && MayErase(name);
+  const auto store = Create<IDataStore>(u"DataStore", modGlobals::VarArray(name, overWrite));
+  HuntERR::Check(bool(store), ErrorNumber::CannotCreate, u"Cannot create a log file.");
+  gConfiguration->ItemValue(LogFileName, name);
+  gConfiguration->ItemValue(Logging, On);
+  store->OpenSession();
+  MainFormParts()->Logger(Create<ISubscriber>(u"ReportLogger", modGlobals::VarArray(store)));
+} catch (...) {
+  PassOn(u"CNewLogFile.OpenNewLogFile");
+}
+
+void CNewLogFile::CloseLogFile() try {
+  gConfiguration->ItemValue(Logging, On); // left ready for the next log
+  gConfiguration->ItemValue(LogFileName, {});
+  MainFormParts()->Logger({});
+} catch (...) {
+  PassOn(u"CCloseLogFile.CloseLogFile");
+}
+
+void CToggleLogging::Execute() try {
+  CheckInitialized();
+  const auto logger = Cast<CReportLogger>(MainFormParts()->Logger());
+  HuntERR::Check(bool(logger), ErrorNumber::ObjectRequired, u"This operation requires an open logger.");
+  if (logger->IsLogging()) {
+    logger->DisableLogging();
+  } else {
+    logger->EnableLogging();
+  }
+} catch (...) {
+  PassOn(u"CToggleLogging.ICommand_Execute");
+}
+
+void CViewLogFile::Execute() try {
+  CheckInitialized();
+  const auto dialog = MakeSelectDialog();
+  const auto viewer = frmViewLog::Make();
+  HuntERR::Check(bool(viewer), ErrorNumber::CannotCreate, u"Cannot create a log file viewer.");
+  const String name = Ask(dialog, u"Select a log file", ViewLogFilters);
+  if (name.empty()) return;
+  viewer->FileName(name);
+  viewer->Show(&MainFormParts()->Form());
+} catch (...) {
+  PassOn(u"CViewLogFile.ICommand_Execute");
+}
+
+const CreatorRow CtorNewLogFile = {u"CtorNewLogFile",
+                                   u"ToggleLogFile",
+                                   0,
+                                   MakePlainCommand<CNewLogFile>,
+                                   ErrorNumber::CannotCreate,
+                                   u"Cannot create a new log file command."};
+
+const CreatorRow CtorToggleLogging = {u"CtorToggleLogging",
+                                      u"ToggleLogging",
+                                      0,
+                                      MakePlainCommand<CToggleLogging>,
+                                      ErrorNumber::CannotCreate,
+                                      u"Cannot create a toggle logging command."};
+
+const CreatorRow CtorViewLogFile = {u"CtorViewLogFile",
+                                    u"ViewLogFile",
+                                    0,
+                                    MakePlainCommand<CViewLogFile>,
+                                    ErrorNumber::CannotCreate,
+                                    u"Cannot create a new log file command."};
+
+} // namespace portico

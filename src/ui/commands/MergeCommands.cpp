@@ -1,0 +1,69 @@
+#include "ui/commands/MergeCommands.h"
+
+#include "document/entities/IDataStore.h"
+#include "framework/objects/modGlobals.h"
+#include "ui/base/CommandSupport.h"
+
+namespace portico {
+
+void CMerge::Initialize(const Ref<IIteratableObject>& Target, const Ref<IIterator>& SourceIterator) try {
+  HuntERR::Check(bool(Target), ErrorNumber::InvalidArgument, u"Target cannot be nothing.");
+  HuntERR::Check(bool(SourceIterator), ErrorNumber::InvalidArgument, u"SourceIterator cannot be nothing.");
+  m_target = Cast<CDataFIFO>(Target);
+  m_sourceIterator = SourceIterator;
+  m_initialized = true;
+} catch (...) {
+  PassOn(u"CPaste.Initialize()"); // reports know this class by its first name
+}
+
+void CMerge::Execute() try {
+  CheckReady(m_initialized);
+  m_target->MergeData(m_sourceIterator);
+} catch (...) {
+  PassOn(u"CPaste.ICommand_Execute");
+}
+
+void CMergeFrom::Initialize(const Ref<IIteratableObject>& Target, const String& FileName,
+                            const Ref<IIterator>& SourceIterator) try {
+  HuntERR::Check(bool(gObjectFactory), ErrorNumber::ObjectRequired, u"This operation requires an object factory.");
+  const auto store = Create<IDataStore>(u"DataStore", modGlobals::VarArray(FileName, false));
+  const auto source = store->FillDataContainerFromStore();
+  SourceIterator->Attach(source);
+  m_merge = Create<ICommand>(u"MergeDataContainer", modGlobals::VarArray(Target, SourceIterator));
+  m_initialized = true;
+} catch (...) {
+  PassOn(u"CMergeFrom.Initialize()");
+}
+
+void CMergeFrom::Execute() try {
+  CheckReady(m_initialized);
+  m_merge->Execute();
+} catch (...) {
+  PassOn(u"CMergeFrom.ICommand_Execute");
+}
+
+const CreatorRow CtorMerge = {u"CtorMerge",
+                              u"MergeDataContainer",
+                              2,
+                              [](const Params& Parameters) {
+                                auto merge = New<CMerge>();
+                                merge->Initialize(Parameters[0].ToObject<IIteratableObject>(),
+                                                  Parameters[1].ToObject<IIterator>());
+                                return Ref<IObject>(merge);
+                              },
+                              ErrorNumber::CannotCreate,
+                              u"Cannot create a merge command."};
+
+const CreatorRow CtorMergeFrom = {u"CtorMergeFrom",
+                                  u"MergeDataContainerFromFile",
+                                  3,
+                                  [](const Params& Parameters) {
+                                    auto merge = New<CMergeFrom>();
+                                    merge->Initialize(Parameters[0].ToObject<IIteratableObject>(),
+                                                      Parameters[1].ToString(), Parameters[2].ToObject<IIterator>());
+                                    return Ref<IObject>(merge);
+                                  },
+                                  ErrorNumber::CannotCreate,
+                                  u"Cannot create a merge from command."};
+
+} // namespace portico

@@ -1,0 +1,82 @@
+#include "ui/commands/PrintCommands.h"
+
+#include "platform/IDesktop.h"
+#include "ui/base/CommandSupport.h"
+
+namespace portico {
+namespace {
+
+constexpr StringView DialogTitle = u"Print Setup";
+
+void CheckDialog(const Ref<ICommonDialog>& dialog) {
+  HuntERR::Check(bool(dialog), ErrorNumber::InvalidArgument, u"Command dialog control cannot be nothing.");
+}
+
+} // namespace
+
+void CPrint::Initialize(const Ref<ICommonDialog>& Dialog, const Ref<IPrintable>& Target) try {
+  CheckDialog(Dialog);
+  m_dialog = Dialog;
+  m_target = Target;
+  m_initialized = true;
+} catch (...) {
+  PassOn(u"CPrint.Initialize()");
+}
+
+void CPrint::Execute() try {
+  CheckReady(m_initialized);
+  const bool hasSelection = MainFormParts()->txtPast()->SelLength() != 0;
+  PrinterDialogSettings settings;
+  settings.Flags = (hasSelection ? PrintSelectionPreset : PrintNoSelection) + PrintReturnsContext + PrintNoPageNumbers;
+  settings.DialogTitle = DialogTitle;
+  settings.CancelError = true;
+  const auto context = m_dialog->ShowPrinter(settings);
+  Wired(gPrinter).Print({});
+  m_target->SelPrint(context);
+} catch (...) {
+  PassOn(u"CPrint.ICommand_Execute");
+}
+
+void CPrintSetup::Initialize(const Ref<ICommonDialog>& Dialog) try {
+  CheckDialog(Dialog);
+  m_dialog = Dialog;
+  m_initialized = true;
+} catch (...) {
+  PassOn(u"CPrintSetup.Initialize()");
+}
+
+void CPrintSetup::Execute() try {
+  CheckReady(m_initialized);
+  PrinterDialogSettings settings;
+  settings.DialogTitle = DialogTitle;
+  settings.Flags = PrintSetupForm;
+  settings.CancelError = false;
+  m_dialog->ShowPrinter(settings);
+} catch (...) {
+  PassOn(u"CPrintSetup.ICommand_Execute");
+}
+
+const CreatorRow CtorPrint = {u"CtorPrint",
+                              u"Print",
+                              2,
+                              [](const Params& Parameters) {
+                                auto print = New<CPrint>();
+                                print->Initialize(Parameters[0].ToObject<ICommonDialog>(),
+                                                  Parameters[1].ToObject<IPrintable>());
+                                return Ref<IObject>(print);
+                              },
+                              ErrorNumber::CannotCreate,
+                              u"Cannot create a Print command."};
+
+const CreatorRow CtorPrintSetup = {u"CtorPrintSetup",
+                                   u"PrintSetup",
+                                   1,
+                                   [](const Params& Parameters) {
+                                     auto setup = New<CPrintSetup>();
+                                     setup->Initialize(Parameters[0].ToObject<ICommonDialog>());
+                                     return Ref<IObject>(setup);
+                                   },
+                                   ErrorNumber::CannotCreate,
+                                   u"Cannot create a PrintSetup command."};
+
+} // namespace portico

@@ -1,0 +1,111 @@
+#include "ui/dialogs/DialogDesigns.h"
+
+#include <array>
+
+namespace portico {
+namespace {
+
+using enum ControlKind;
+
+constexpr ControlDesign Titled(ControlKind kind, StringView name, StringView caption, StringView parent = {}) {
+  return {.Kind = kind, .Name = name, .Caption = caption, .Parent = parent};
+}
+constexpr ControlDesign Plain(ControlKind kind, StringView name, StringView parent = {}) {
+  return {.Kind = kind, .Name = name, .Parent = parent};
+}
+constexpr ControlDesign DefaultButton(StringView name, StringView caption, StringView parent) {
+  return {.Kind = CommandButton, .Name = name, .Caption = caption, .Parent = parent, .IsDefault = true};
+}
+constexpr ControlDesign CancellingButton(StringView name, StringView caption, StringView parent) {
+  return {.Kind = CommandButton, .Name = name, .Caption = caption, .Parent = parent, .IsCancel = true};
+}
+
+constexpr std::array InstrumentControls = {
+    Plain(Row, u"rowInstrument"),
+    Titled(Label, u"lblInstrument", u"Instrument:", u"rowInstrument"),
+    ControlDesign{.Kind = ComboBox, .Name = u"txtInstrument", .Parent = u"rowInstrument", .Tag = u"typed"},
+    Plain(Row, u"rowButtons"),
+    Plain(Space, u"spcButtons", u"rowButtons"),
+    DefaultButton(u"OKButton", u"&OK", u"rowButtons"),
+    CancellingButton(u"CancelButton", u"Cancel", u"rowButtons"),
+    Titled(CommandButton, u"cmdHelp", u"&Help", u"rowButtons"),
+};
+
+constexpr StringView Page1 = u"picOptions(0)";
+constexpr StringView Page2 = u"picOptions(1)";
+
+constexpr std::array OptionsControls = {
+    Plain(TabStrip, u"tbsOptions"),
+
+    Plain(Page, Page1),
+    Titled(Frame, u"fraSCPIPacing", u"Transmit Pacing Mode", Page1),
+    Titled(CheckBox, u"chkSCPIOPC", u"Wait for OPC", u"fraSCPIPacing"),
+    Plain(Row, u"rowSCPITimed", u"fraSCPIPacing"),
+    Titled(CheckBox, u"chkSCPITimed", u"Timed Interval:", u"rowSCPITimed"),
+    Titled(TextBox, u"txtSCPIInterval", u"100", u"rowSCPITimed"),
+    Titled(Label, u"lblUnit", u"ms", u"rowSCPITimed"),
+    Titled(Frame, u"fraSCPITransmit", u"Transmit Options", Page1),
+    Titled(CheckBox, u"chkSCPIAutoRead", u"Automatically read after query", u"fraSCPITransmit"),
+    Titled(CheckBox, u"chkSCPIGetStatus", u"Get instrument status after every command", u"fraSCPITransmit"),
+    Plain(Row, u"rowErrQueryCmd", u"fraSCPITransmit"),
+    Titled(Label, u"lblErrQueryCmd", u"Command for get instrument status:", u"rowErrQueryCmd"),
+    Titled(TextBox, u"txtErrQueryCmd", u":SYST:ERR?", u"rowErrQueryCmd"),
+    Plain(Row, u"rowSCPITermChar", u"fraSCPITransmit"),
+    Titled(Label, u"lblSCPITermChar", u"Termination character:", u"rowSCPITermChar"),
+    Plain(ComboBox, u"cboSCPITermChar", u"rowSCPITermChar"),
+
+    Plain(Page, Page2),
+    Titled(Frame, u"fraOtherPacing", u"Transmit Pacing Mode", Page2),
+    Plain(Row, u"rowOtherTimed", u"fraOtherPacing"),
+    Titled(CheckBox, u"chkOtherTimed", u"Timed Interval:", u"rowOtherTimed"),
+    Plain(TextBox, u"txtOtherInterval", u"rowOtherTimed"),
+    Titled(Label, u"lblOtherUnit", u"ms", u"rowOtherTimed"),
+    Titled(Frame, u"fraOtherTransmit", u"Transmit Options", Page2),
+    Plain(Row, u"rowOtherTermChar", u"fraOtherTransmit"),
+    Titled(Label, u"lblOtherTermChar", u"Termination character:", u"rowOtherTermChar"),
+    Plain(ComboBox, u"cboOtherTermChar", u"rowOtherTermChar"),
+
+    Plain(Row, u"rowButtons"),
+    Plain(Space, u"spcButtons", u"rowButtons"),
+    DefaultButton(u"cmdOK", u"&OK", u"rowButtons"),
+    CancellingButton(u"cmdCancel", u"Cancel", u"rowButtons"),
+    Titled(CommandButton, u"cmdHelp", u"&Help", u"rowButtons"),
+};
+
+constexpr std::array AboutControls = {
+    ControlDesign{.Kind = PictureBox, .Name = u"picLogo", .Image = u"TolvaneLogo"},
+    Plain(Row, u"rowTitle"),
+    ControlDesign{.Kind = PictureBox, .Name = u"picIcon", .Parent = u"rowTitle", .Image = u"Instrument"},
+    Plain(Label, u"lblTitle", u"rowTitle"),
+    Plain(Space, u"spcTitle", u"rowTitle"),
+    Plain(Label, u"lblVersion"),
+    Plain(Line, u"Line1(0)"),
+    Plain(Label, u"lblDisclaimer"),
+    Plain(Line, u"Line1(1)"),
+    Plain(Row, u"rowButtons"),
+    Plain(Space, u"spcButtons", u"rowButtons"),
+    ControlDesign{.Kind = CommandButton,
+                  .Name = u"cmdOK",
+                  .Caption = u"OK",
+                  .Parent = u"rowButtons",
+                  .IsDefault = true,
+                  .IsCancel = true},
+};
+
+} // namespace
+
+constinit const FormDesign InstrumentDialogDesign = {.Name = u"frmInstrumentDialog",
+                                                     .Caption = u"Open an Instrument",
+                                                     .Style = FormStyle::Dialog,
+                                                     .Controls = InstrumentControls};
+
+constinit const FormDesign OptionsDesign = {.Name = u"frmTVSCPIOptions",
+                                            .Caption = u"Tolvane Portico Options",
+                                            .Style = FormStyle::Dialog,
+                                            .Controls = OptionsControls,
+                                            .IsCentred = true};
+
+constinit const FormDesign AboutDesign = {
+    .Name = u"frmAbout", .Caption = u"About Tolvane Portico", .Style = FormStyle::Dialog, .Controls = AboutControls};
+
+} // namespace portico

@@ -1,0 +1,64 @@
+#include "ui/dialogs/frmInstrumentDialog.h"
+
+#include "platform/IDialogControls.h"
+#include "platform/IInstrumentList.h"
+#include "ui/dialogs/DialogDesigns.h"
+
+namespace portico {
+namespace {
+
+constexpr StringView KindMark = u"->";
+
+/// The name of an item of a kind that is listed; nothing for any other.
+std::optional<String> ListedName(const String& itemName) {
+  const auto mark = itemName.find(KindMark);
+  if (mark == String::npos) return {};
+  const StringView kind = StringView(itemName).substr(0, mark);
+  if (!EqualNoCase(kind, u"Visa") && !EqualNoCase(kind, u"VInstr")) return {};
+  return itemName.substr(mark + KindMark.size());
+}
+
+} // namespace
+
+frmInstrumentDialog::frmInstrumentDialog() : DialogForm(InstrumentDialogDesign) {}
+
+void frmInstrumentDialog::Form_Initialize() {
+  auto& list = Control<IComboBox>(u"txtInstrument");
+  On(list.Change(), u"frmInstrumentDialog.txtInstrument_Change", [this, &list] { m_instrumentName = list.Text(); });
+  On(Control<ICommandButton>(u"OKButton").Click(), u"frmInstrumentDialog.OKButton_Click", [this] { OKButton_Click(); });
+  On(Control<ICommandButton>(u"CancelButton").Click(), u"frmInstrumentDialog.CancelButton_Click",
+     [this] { CancelButton_Click(); });
+  On(Control<ICommandButton>(u"cmdHelp").Click(), u"frmInstrumentDialog.cmdHelp_Click",
+     [this] { ShowHelp(Form().Name()); });
+  // The field holds what was typed: the close box must not open that.
+  On(Form().Events().QueryUnload, u"frmInstrumentDialog.Form_QueryUnload", [this] { CancelButton_Click(); });
+}
+
+void frmInstrumentDialog::Form_Load() try { InitializeInstrumentList(); } catch (...) {
+  PassOn(u"frmInstrumentDialog.Form_Load");
+}
+
+void frmInstrumentDialog::InitializeInstrumentList() try {
+  if (!gInstrumentList) return; // a machine without the service has no list
+  auto& list = Control<IComboBox>(u"txtInstrument");
+  const auto tree = gInstrumentList->OpenTree(InstrumentTreeKind);
+  const auto item = tree->SelectBranch(InstrumentBranch);
+  for (item->First(); !item->IsDone(); item->Next()) {
+    if (const auto name = ListedName(item->ItemName())) list.AddItem(*name);
+  }
+  if (list.ListCount() > 0) list.ListIndex(0);
+} catch (...) {
+  PassOn(u"frmInstrumentDialog.InitializeInstrumentList");
+}
+
+void frmInstrumentDialog::OKButton_Click() {
+  m_instrumentName = Trim(Control<IComboBox>(u"txtInstrument").Text());
+  Unload();
+}
+
+void frmInstrumentDialog::CancelButton_Click() {
+  m_instrumentName.clear();
+  Unload();
+}
+
+} // namespace portico

@@ -1,0 +1,215 @@
+#include "ui/main/frmMain.h"
+
+#include "configuration/CConfigurationClient.h"
+#include "framework/errors/Quit.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/Application.h"
+#include "framework/shared/modAppGlobals.h"
+#include "platform/ISettingsStore.h"
+#include "ui/base/ResourceStrings.h"
+#include "ui/base/ShowFailure.h"
+#include "ui/base/Tolerate.h"
+#include "ui/main/MainDesign.h"
+
+namespace portico {
+namespace {
+
+constexpr double BarPixels = 3;
+constexpr std::uint8_t DefaultPercent = 75;
+constexpr char16_t Section[] = u"frmMain";
+
+float ReadSingle(const String& key, const String& standard) {
+  const auto number = ReadNumber(gSettingsStore->GetSetting(ApplicationTitle, Section, key, standard));
+  if (!number) HuntERR::RaiseStandard(ErrorNumber::TypeMismatch);
+  return static_cast<float>(*number);
+}
+
+void Save(const String& key, const String& value) {
+  gSettingsStore->SaveSetting(ApplicationTitle, Section, key, value);
+}
+
+String SingleText(double number) { return ToText(static_cast<double>(static_cast<float>(number))); }
+
+std::uint8_t ToByte(std::int32_t number) {
+  if (number < 0 || number > 255) HuntERR::RaiseStandard(ErrorNumber::Overflow);
+  return static_cast<std::uint8_t>(number);
+}
+
+WindowState ToWindowState(std::int32_t number) {
+  if (number < 0 || number > 2) HuntERR::RaiseStandard(ErrorNumber::BadPropertyValue);
+  return static_cast<WindowState>(number);
+}
+
+Ref<IPublisher> Agent() { return Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray()); }
+
+} // namespace
+
+frmMain::frmMain(const std::function<void()>& CreateObjectFactory) : m_form(gForms->Load(MainDesign)) {
+  m_txtFuture = TextBox(u"txtFuture");
+  m_txtPast = TextBox(u"txtPast");
+  m_scratchArea = TextBox(u"rtfScratchArea");
+  m_txtPast->Locked(true);
+  m_update.emplace(*m_form, m_txtFuture, m_txtPast,
+                   MainUpdate::Circumstances{.CommandHasFocus = [this] { return m_CommandHasFocus; },
+                                             .Executing = [this] { return Executing(); }});
+  splitterNow.emplace(FindControl<ISplitArea>(*m_form, u"splitterNow"));
+  splitterNow->SplitPercent(DefaultPercent);
+  const bool made = RunHandler(u"frmMain.Form_Initialize", u"An error occured while initializing.", [&] {
+    CreateObjectFactory();
+    m_runs.emplace(m_txtFuture, m_txtPast);
+  });
+  if (made) return;
+  gEventLoop->RequestQuit();
+  throw Quit{};
+}
+
+Ref<IRichTextControl> frmMain::TextBox(StringView name) const {
+  // The form owns the box.
+  return Ref<IRichTextControl>(
+      std::shared_ptr<IRichTextControl>(m_form.Shared(), &FindControl<IRichTextControl>(*m_form, name)));
+}
+
+void frmMain::Show() {
+  if (!RunHandler(u"frmMain.Form_Load", u"An error occured while loading.", [this] { Form_Load(); })) {
+    m_form->Close();
+    throw Quit{};
+  }
+  m_form->Show();
+}
+
+void frmMain::Form_Load() {
+  m_commandView = Create<CSCPIView>(u"SCPIView", modGlobals::VarArray(m_txtFuture));
+  m_runner = Create<ISubscriber>(u"InstructionRunner", modGlobals::VarArray(m_commandView));
+  gConfiguration = New<CConfigurationClient>();
+  Connect();
+  Executing(true); // so that the strings, or a font that comes with them, do not count as typing
+  modAppGlobals::LoadResStrings(*m_form);
+  FindControl<IStatusBar>(*m_form, StatusBarName).Panels(2).ToolTipText(u"Instrument Protocol");
+  Executing(false);
+  RestorePlace();
+  HideWhatIsNotOffered();
+  m_historyView = Create<CSCPIViewHistory>(u"SCPIViewHistory", modGlobals::VarArray(m_txtPast));
+  m_displayer = Create<ISubscriber>(u"ReportDisplayer", modGlobals::VarArray(m_historyView));
+  SetUpSplitter();
+  UpdateUI({}, {});
+}
+
+void frmMain::RestorePlace() {
+  m_form->Left(ReadSingle(u"MainLeft", u"1000"));
+  m_form->Top(ReadSingle(u"MainTop", u"1000"));
+  m_form->Width(ReadSingle(u"MainWidth", u"6500"));
+  m_form->Height(ReadSingle(u"MainHeight", u"6500"));
+  const Value state = gSettingsStore->GetSetting(ApplicationTitle, Section, u"MainWindowState", u"0");
+  m_form->WindowState(ToWindowState(state.ToLong()));
+}
+
+void frmMain::HideWhatIsNotOffered() {
+  auto& toolBar = FindControl<IToolBar>(*m_form, ToolBarName);
+  // Built, and out of sight.
+  for (const StringView item : {u"mnuCopyTo", u"mnuPasteFrom", u"mnuEditBar1"}) {
+    FindControl<IMenuItem>(*m_form, item).Visible(false);
+  }
+  for (const StringView key : {u"Copy to", u"Paste from"}) toolBar.Buttons(key).Visible(false);
+  // Without a parser there is no log.
+  for (const StringView item : {u"mnuFileBar0", u"mnuFileNewLog", u"mnuFilePause", u"mnuFileViewLog", u"mnuCloseLog"}) {
+    FindControl<IMenuItem>(*m_form, item).Visible(gXMLParserAvailable);
+  }
+  for (const StringView key : {u"Logger", u"Pause", u"View Log", u"Sep1"}) {
+    toolBar.Buttons(key).Visible(gXMLParserAvailable);
+  }
+}
+
+void frmMain::SetUpSplitter() {
+  auto& area = FindControl<ISplitArea>(*m_form, u"splitterNow");
+  Form_Resize(); // the bar is never wider than the panel, which has no size so far
+  splitterNow->HorizontalSplit(true);
+  area.Top(FindControl<IToolBar>(*m_form, ToolBarName).Height() + m_form->ScaleTop());
+  area.Left(m_form->ScaleLeft());
+  splitterNow->Control1(m_txtPast.Get());
+  splitterNow->Control2(m_txtFuture.Get());
+  const Value percent =
+      gSettingsStore->GetSetting(ApplicationTitle, Section, u"SplitPercent", ToText(std::int64_t{DefaultPercent}));
+  splitterNow->SplitPercent(ToByte(percent.ToLong()));
+  splitterNow->SplitWidth(ToByte(static_cast<std::int32_t>(BarPixels * FormUnitsPerPixel)));
+}
+
+void frmMain::Form_Resize() {
+  if (m_form->WindowState() == WindowState::Minimized) return;
+  auto& toolBar = FindControl<IToolBar>(*m_form, ToolBarName);
+  auto& statusBar = FindControl<IStatusBar>(*m_form, StatusBarName);
+  auto& splitter = FindControl<ISplitArea>(*m_form, u"splitterNow");
+  auto& picLogo = FindControl<IPictureBox>(*m_form, u"picLogo");
+  Tolerate([&] { splitter.Top(toolBar.Height() + m_form->ScaleTop()); });
+  Tolerate([&] { splitter.Height(m_form->ScaleHeight() - toolBar.Height() - statusBar.Height()); });
+  Tolerate([&] { splitter.Width(m_form->ScaleWidth()); });
+  Tolerate([&] { picLogo.Top(toolBar.Top()); });
+  Tolerate([&] { picLogo.Left(m_form->ScaleWidth() - picLogo.Width()); });
+  Tolerate([&] { toolBar.Width(m_form->ScaleWidth()); });
+}
+
+void frmMain::QueryUnload() {
+  m_stopRequested = true;
+  gEventLoop->RequestQuit();
+  m_form->Hide();
+}
+
+void frmMain::Form_Unload() {
+  const auto step = [](auto&& body) {
+    // Not this routine's own name; reports have always borne it.
+    RunHandler(u"frmMain.mnuFileOpenInstrument_Click", u"An error occured while exitting.", body);
+  };
+  step([] { modAppGlobals::EventHandler(u"CloseInstrument", modGlobals::VarArray()); });
+  for (const Ref<IForm>& form : gForms->Forms()) {
+    if (!IsSameObject(form, m_form)) step([&] { form->Unload(); });
+  }
+  Ref<IPublisher> agent;
+  step([&] { agent = Agent(); });
+  step([&] {
+    if (m_displayer) agent->Unsubscribe(m_displayer);
+  });
+  step([&] {
+    if (m_runner) agent->Unsubscribe(m_runner);
+  });
+  m_displayer = nullptr;
+  m_runner = nullptr;
+  step([&] { Logger(nullptr); });
+  m_commandView = nullptr;
+  m_historyView = nullptr;
+  SavePlace(step);
+}
+
+void frmMain::SavePlace(const std::function<void(const std::function<void()>&)>& step) {
+  const WindowState state = m_form->WindowState();
+  if (state != WindowState::Minimized) {
+    step([&] { Save(u"MainWindowState", ToText(static_cast<std::int64_t>(state))); });
+  }
+  if (state == WindowState::Normal) {
+    step([&] { Save(u"MainLeft", SingleText(m_form->Left())); });
+    step([&] { Save(u"MainTop", SingleText(m_form->Top())); });
+    step([&] { Save(u"MainWidth", SingleText(m_form->Width())); });
+    step([&] { Save(u"MainHeight", SingleText(m_form->Height())); });
+  }
+  step([&] { Save(u"SplitPercent", ToText(std::int64_t{splitterNow->SplitPercent()})); });
+}
+
+void frmMain::Form_Terminate() {
+  m_form->Unload();
+  gConfiguration = nullptr;
+  gObjectFactory = nullptr;
+}
+
+void frmMain::Logger(const Ref<ISubscriber>& newValue) {
+  const Ref<IPublisher> agent = Agent();
+  if (newValue) {
+    agent->Subscribe(newValue);
+  } else if (m_logger) {
+    agent->Unsubscribe(m_logger);
+  }
+  m_logger = newValue;
+}
+
+void frmMain::UpdateUI(const String&, const String&) try { m_update->Run(); } catch (...) {
+  PassOn(u"frmMain.UpdateUI()");
+}
+
+} // namespace portico

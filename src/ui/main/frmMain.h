@@ -1,0 +1,150 @@
+#pragma once
+
+#include "framework/shared/IMainForm.h"
+#include "platform/IEventLoop.h"
+#include "platform/IScratchArea.h"
+#include "ui/base/IMainFormParts.h"
+#include "ui/base/ProgramConstants.h"
+#include "ui/main/MainUpdate.h"
+#include "ui/main/SplitPanel.h"
+#include "views/CInstructionRunner.h"
+#include "views/CSCPIViewHistory.h"
+#include "views/RunFrame.h"
+
+#include <optional>
+#include <span>
+
+namespace portico {
+
+/// The one top-level window, without its toolkit. Almost all of it is thin: an item or a button names a command, which
+/// `ExecutionEventHandler` runs. What the window decides itself stands in `MainUpdate`.
+///
+/// A failure of a handler is shown in a message box and never closes the window. A close, by whatever road, asks the
+/// event loop to quit; what was running then comes down to the bottom of the stack, where the program calls
+/// `Form_Unload` and `Form_Terminate`.
+class frmMain final : public IMainForm, public IMainFormParts, public IScratchArea {
+public:
+  /// Runs `Form_Initialize`. If that fails the failure is shown and `Quit` thrown.
+  explicit frmMain(const std::function<void()>& CreateObjectFactory);
+  StringView ClassName() const override { return u"frmMain"; }
+
+  bool StopRequested() const override { return m_stopRequested; }
+  void StopRequested(bool newValue) override { m_stopRequested = newValue; }
+  /// Forwarded to the command view, so 91 before `Form_Load`.
+  bool Executing() const override { return m_commandView->Executing(); }
+  void Executing(bool newValue) override { m_commandView->Executing(newValue); }
+  Ref<ISubscriber> Logger() const override { return m_logger; }
+  /// Subscribes a new logger; setting none unsubscribes the present one. One that is replaced stays subscribed.
+  void Logger(const Ref<ISubscriber>& newValue) override;
+  /// Recomputes everything, whatever has changed.
+  void UpdateUI(const String& ItemName, const String& ItemValue) override;
+  void aCmdCursorRunner_Add2History(const String& Line) { m_runs->Add2History(Line); }
+  void aCmdRunner_Add2History(const String& Line) { m_runs->Add2History(Line); }
+  void aCmdStepper_Add2History(const String& Line) { m_runs->Add2History(Line); }
+
+  void Show() override;
+  void Form_Resize();
+  /// Closes the instrument whether or not one is open, lets go of everything, saves the window's place. Each step runs
+  /// whatever the one before did.
+  void Form_Unload();
+  /// Lets the configuration go, then the factory.
+  void Form_Terminate();
+
+  void mnuFileOpenInstrument_Click() override { Click(u"mnuFileOpenInstrument"); }
+  void mnuFileCloseInstrument_Click() { Click(u"mnuFileCloseInstrument"); }
+  void mnuFilePrint_Click() { Click(u"mnuFilePrint"); }
+  void mnuStep_Click() { Click(u"mnuStep"); }
+  void mnuRun_Click() { Click(u"mnuRun"); }
+  void mnuRunToCursor_Click() { Click(u"mnuRunToCursor"); }
+  void mnuStop_Click() { Click(u"mnuStop"); }
+  void mnuHelpSearchForHelpOn_Click(); // no menu item leads here, nor to the next
+  void mnuFileOpen_Click();
+
+  IForm& Form() override { return *m_form; }
+  Ref<IRichTextControl> txtFuture() const override { return m_txtFuture; }
+  Ref<IRichTextControl> txtPast() const override { return m_txtPast; }
+
+  std::int32_t MousePointer() const override { return m_form->MousePointer(); }
+  void MousePointer(std::int32_t shape) override { m_form->MousePointer(shape); }
+  Ref<IRichTextBox> rtfScratchArea() const override { return m_scratchArea; }
+  String FontName() const override { return u"Sans"; }
+  double FontSize() const override { return 10; }
+
+  /// Empty if the application has none.
+  String HelpFile{ApplicationHelpFile};
+
+private:
+  /// What a menu item does: a command without parameters, or an action of the window's.
+  struct MenuRow;
+  static std::span<const MenuRow> MenuRows();
+  /// What a button does, likewise.
+  struct ButtonRow;
+  static std::span<const ButtonRow> ButtonRows();
+  void Connect();
+  void Click(StringView item);
+  void Click(const MenuRow& row);
+  void tbToolBar_ButtonClick(IToolButton& Button);
+  Ref<IRichTextControl> TextBox(StringView name) const;
+  void Form_Load();
+  void RestorePlace();
+  void HideWhatIsNotOffered();
+  void SetUpSplitter();
+  void SavePlace(const std::function<void(const std::function<void()>&)>& step);
+
+  void Print();
+  void PrintSetup();
+  void PasteIntoCommands();
+  void ClearHistory();
+  void ClearCommands();
+  void ResetTypingFormat();
+  void Defer(bool frmMain::*request);
+  void tmrProcessCmd_Timer();
+  void tmrSelection_Timer();
+  void OpenInstrument();
+  void CloseInstrument();
+  void Exit();
+  void UseProtocol(StringView protocol, bool canRead);
+  void UseSCPI() { UseProtocol(u"SCPI", false); }
+  void UseOther() { UseProtocol(u"Other", true); }
+  void Update() { UpdateUI({}, {}); }
+  void RunAll() { m_runs->Run(); }
+  void RunToCursor() { m_runs->RunToCursor(); }
+  void Step() { m_runs->Step(); }
+  void Stop() { m_stopRequested = true; }
+  void DeferStep() { Defer(&frmMain::StepRequested); }
+  void DeferRun() { Defer(&frmMain::RunRequested); }
+  void DeferRunToCursor() { Defer(&frmMain::RunToCursorRequested); }
+  void ShowHelpTopics();
+  void ShowAbout();
+  void ShowHelp(std::int32_t command, StringView refusal);
+
+  void txtFuture_Change();
+  void TextGotFocus(bool isCommandWindow, StringView label);
+  void txtFuture_MouseDown(const MouseEvent& mouse);
+  void txtPast_MouseDown(const MouseEvent& mouse);
+  void QueryUnload();
+
+  Ref<IForm> m_form;
+  Ref<IRichTextControl> m_txtFuture;
+  Ref<IRichTextControl> m_txtPast;
+  Ref<IRichTextControl> m_scratchArea;
+  std::unique_ptr<ITimer> tmrProcessCmd;
+  std::unique_ptr<ITimer> tmrSelection;
+  std::optional<SplitPanel> splitterNow;
+  std::optional<MainUpdate> m_update;
+  std::optional<RunFrame> m_runs;
+
+  bool m_CommandHasFocus = false;
+  bool m_stopRequested = false;
+  bool StepRequested = false; // from the popup menu, to be run when it has closed; likewise the next two
+  bool RunRequested = false;
+  bool RunToCursorRequested = false;
+  bool m_gotFocus = false;
+  Ref<CSCPIView> m_commandView;
+  Ref<CSCPIViewHistory> m_historyView;
+  Ref<ISubscriber> m_displayer;
+  Ref<ISubscriber> m_runner;
+  Ref<ISubscriber> m_logger;
+};
+
+} // namespace portico

@@ -1,0 +1,337 @@
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/Application.h"
+#include "framework/shared/IConfiguration.h"
+#include "framework/shared/modAppGlobals.h"
+#include "platform/ICommonDialog.h"
+#include "ui/base/ShowFailure.h"
+#include "ui/dialogs/frmAbout.h"
+#include "ui/main/frmMain.h"
+
+#include <algorithm>
+
+namespace portico {
+namespace {
+
+constexpr StringView FocusFailure = u"An error occured while changing focus.";
+constexpr std::int32_t DeferralMilliseconds = 10;
+constexpr std::int32_t KeyMilliseconds = 1; // until a key has reached the selection
+
+} // namespace
+
+struct frmMain::MenuRow {
+  StringView Item;
+  /// Stands first in the message box.
+  StringView Failure;
+  /// The label of the report, where it is not that of the item.
+  StringView Label = {};
+  StringView Command = {};
+  void (frmMain::*Action)() = nullptr;
+};
+
+std::span<const frmMain::MenuRow> frmMain::MenuRows() {
+  static constexpr MenuRow rows[] = {
+      {u"mnuFileOpenInstrument", u"Can't open instrument.", {}, {}, &frmMain::OpenInstrument},
+      {u"mnuFileCloseInstrument", u"Can't open instrument.", {}, {}, &frmMain::CloseInstrument},
+      {u"mnuFileNewLog", u"Can't open new log file.", {}, u"ToggleLogFile"},
+      {u"mnuFileViewLog", u"Can't view a log file.", {}, u"ViewLogFile"},
+      {u"mnuFilePause", u"Can't open new log file.", u"frmMain.mnuFileNewLog_Click", u"ToggleLogging"},
+      {u"mnuCloseLog", u"Can't close log file.", {}, u"ToggleLogFile"},
+      {u"mnuFilePrint", u"Can't perform print operation.", {}, {}, &frmMain::Print},
+      {u"mnuFilePageSetup", u"Can't setup page.", {}, {}, &frmMain::PrintSetup},
+      {u"mnuFileExit", u"Can't exit application.", {}, {}, &frmMain::Exit},
+
+      {u"mnuEdit", FocusFailure, {}, {}, &frmMain::Update},
+      {u"mnuEditCut", u"Can't perform cut operation.", {}, u"Cut"},
+      {u"mnuEditCopy", u"Can't perform copy operation.", {}, u"Copy"},
+      {u"mnuEditPaste", u"Can't perform paste operation.", {}, {}, &frmMain::PasteIntoCommands},
+      {u"mnuCopyTo", u"Can't copy to.", {}, u"Copyto"},
+      {u"mnuPasteFrom", u"Can't paste from a file.", {}, u"Pastefrom"},
+      {u"mnuClearHistory", u"Can't clear history.", {}, {}, &frmMain::ClearHistory},
+      {u"mnuEditClearCmds", u"Can't clear history.", u"mnuClearHistory_Click", {}, &frmMain::ClearCommands},
+
+      {u"mnuStep", u"Can't run an instruction.", {}, {}, &frmMain::Step},
+      {u"mnuRun", u"Can't run instructions.", {}, {}, &frmMain::RunAll},
+      {u"mnuRunToCursor", u"Can't run instructions to cursor.", {}, {}, &frmMain::RunToCursor},
+      {u"mnuStop", u"Can't stop running instructions.", {}, {}, &frmMain::Stop},
+
+      {u"mnuCommand", FocusFailure, {}, {}, &frmMain::Update},
+      {u"mnuRead", u"Can't read instrument data.", {}, u"ReadInstrumentData"},
+      {u"mnuOPC", u"Can't wait for OPC.", {}, u"WaitforOPC"},
+      {u"mnuGetStatus", u"Can't get instrument status.", {}, u"QueryStatus"},
+
+      {u"mnuSCPI", u"Can't use SCPI protocol.", {}, {}, &frmMain::UseSCPI},
+      {u"mnuDDC", u"Can't use SCPI protocol.", u"frmMain.mnuSCPI_Click", {}, &frmMain::UseOther},
+      {u"mnuOptions", u"Can't open options dialog.", {}, u"ConfigOptions"},
+
+      {u"mnuHelpTopics",
+       u"Can't display help contents.",
+       u"frmMain.mnuHelpContents_Click",
+       {},
+       &frmMain::ShowHelpTopics},
+      {u"mnuHelpAbout", u"Can't display About box.", {}, {}, &frmMain::ShowAbout},
+
+      {u"mnuPopupCMD", FocusFailure, {}, {}, &frmMain::Update},
+      {u"mnuPopupCmdCut", u"Can't perform cut operation.", u"frmMain.mnuEditCut_Click", u"Cut"},
+      {u"mnuPopupCmdCopy", u"Can't perform copy operation.", u"frmMain.mnuEditCopy_Click", u"Copy"},
+      {u"mnuPopupCmdPaste",
+       u"Can't perform paste operation.",
+       u"frmMain.mnuEditPaste_Click",
+       {},
+       &frmMain::PasteIntoCommands},
+      {u"mnuPopupCMDClearCommand",
+       u"Can't clear commands.",
+       u"mnuPopupCMDClearCommand_Click",
+       {},
+       &frmMain::ClearCommands},
+      {u"mnuPopupCMDStep", u"Can't run an instruction.", {}, {}, &frmMain::DeferStep},
+      {u"mnuPopupCMDRun", u"Can't run instructions.", {}, {}, &frmMain::DeferRun},
+      {u"mnuPopupCMDRun2Cursor", u"Can't run instructions to cursor.", {}, {}, &frmMain::DeferRunToCursor},
+      {u"mnuPopupCMDStop", u"Can't stop running instructions.", {}, {}, &frmMain::mnuStop_Click},
+
+      {u"mnuPopupHistory", FocusFailure, {}, {}, &frmMain::Update},
+      {u"mnuPopupHistoryCut", u"Can't perform cut operation.", u"frmMain.mnuEditCut_Click", u"Cut"},
+      {u"mnuPopupHistoryCopy", u"Can't perform copy operation.", u"frmMain.mnuEditCopy_Click", u"Copy"},
+      {u"mnuPopupHistoryPaste",
+       u"Can't perform paste operation.",
+       u"frmMain.mnuEditPaste_Click",
+       {},
+       &frmMain::PasteIntoCommands},
+      {u"mnuPopupHistoryClearHistory", u"Can't clear history.", u"mnuClearHistory_Click", {}, &frmMain::ClearHistory},
+  };
+  return rows;
+}
+
+struct frmMain::ButtonRow {
+  StringView Key;
+  StringView Command = {};
+  void (frmMain::*Action)() = nullptr;
+  void (*Handler)(const String& cmdName, const Params& Parameters) = modAppGlobals::ExecutionEventHandler;
+};
+
+std::span<const frmMain::ButtonRow> frmMain::ButtonRows() {
+  static constexpr ButtonRow rows[] = {
+      {u"View Log", u"ViewLogFile"},
+      {u"Logger", u"ToggleLogFile"},
+      {u"Pause", u"ToggleLogging"},
+      {u"Print", {}, &frmMain::mnuFilePrint_Click},
+      {u"Cut", u"Cut"},
+      {u"Copy", u"Copy"},
+      {u"Paste", u"Paste"},
+      {u"Copy to", u"Copyto", nullptr, modAppGlobals::EventHandler},
+      {u"Paste from", u"Pastefrom", nullptr, modAppGlobals::EventHandler},
+      {u"Step", {}, &frmMain::mnuStep_Click},
+      {u"Run", {}, &frmMain::mnuRun_Click},
+      {u"Run to Cursor", {}, &frmMain::mnuRunToCursor_Click},
+      {u"Stop", {}, &frmMain::mnuStop_Click},
+      {u"Read", u"ReadInstrumentData"},
+  };
+  return rows;
+}
+
+void frmMain::Connect() {
+  for (const MenuRow& row : MenuRows()) {
+    FindControl<IMenuItem>(*m_form, row.Item).Click().Connect([this, &row] { Click(row); });
+  }
+  FindControl<IToolBar>(*m_form, ToolBarName).ButtonClick().Connect([this](IToolButton& button) {
+    tbToolBar_ButtonClick(button);
+  });
+  tmrProcessCmd = gEventLoop->MakeTimer();
+  tmrProcessCmd->Interval(DeferralMilliseconds);
+  tmrProcessCmd->Timer().Connect([this] { tmrProcessCmd_Timer(); });
+  tmrSelection = gEventLoop->MakeTimer();
+  tmrSelection->Interval(KeyMilliseconds);
+  tmrSelection->Timer().Connect([this] { tmrSelection_Timer(); });
+  const auto selected = [this] { tmrSelection->Enabled(true); };
+  m_form->Events().KeyDown.Connect([this, selected](std::int32_t code, std::int32_t shift) {
+    selected();
+    if (code == F1Key && shift == 0) Click(u"mnuHelpTopics");
+  });
+  for (const auto& box : {m_txtFuture, m_txtPast}) {
+    box->MouseUp().Connect([selected](const MouseEvent&) { selected(); });
+  }
+  m_txtFuture->Change().Connect([this] { txtFuture_Change(); });
+  m_txtFuture->GotFocus().Connect([this] { TextGotFocus(true, u"frmMain.txtFuture_GotFocus"); });
+  m_txtPast->GotFocus().Connect([this] { TextGotFocus(false, u"frmMain.txtPast_GotFocus"); });
+  m_txtFuture->MouseDown().Connect([this](const MouseEvent& mouse) { txtFuture_MouseDown(mouse); });
+  m_txtPast->MouseDown().Connect([this](const MouseEvent& mouse) { txtPast_MouseDown(mouse); });
+  m_form->Events().Resize.Connect([this] { Form_Resize(); });
+  m_form->Events().QueryUnload.Connect([this] { QueryUnload(); });
+}
+
+void frmMain::Click(StringView item) { Click(*std::ranges::find(MenuRows(), item, &MenuRow::Item)); }
+
+void frmMain::Click(const MenuRow& row) {
+  const String label = row.Label.empty() ? String(u"frmMain.").append(row.Item).append(u"_Click") : String(row.Label);
+  RunHandler(label, row.Failure, [&] {
+    if (row.Action != nullptr) {
+      (this->*row.Action)();
+    } else {
+      modAppGlobals::ExecutionEventHandler(String(row.Command), modGlobals::VarArray());
+    }
+  });
+}
+
+void frmMain::tbToolBar_ButtonClick(IToolButton& Button) {
+  const String key(Button.Key());
+  RunHandler(u"frmMain.tbToolBar_ButtonClick", u"Can't perform " + key + u" operation.", [&] {
+    if (key == u"OpenInstrument") {
+      if (Button.Value() == 1) {
+        mnuFileOpenInstrument_Click();
+      } else {
+        mnuFileCloseInstrument_Click();
+      }
+      return;
+    }
+    const auto row = std::ranges::find(ButtonRows(), StringView(key), &ButtonRow::Key);
+    if (row == ButtonRows().end()) return;
+    if (row->Action != nullptr) {
+      (this->*row->Action)();
+    } else {
+      row->Handler(String(row->Command), modGlobals::VarArray());
+    }
+  });
+}
+
+void frmMain::OpenInstrument() {
+  m_gotFocus = false;
+  modAppGlobals::ExecutionEventHandler(u"OpenInstrument", modGlobals::VarArray());
+  // An open gives the focus to the command window, which updates the window, unless it has been there all along.
+  const bool opened = Value(gConfiguration->ItemValue(u"InstrumentOpened")).ToBoolean();
+  if (opened && !m_gotFocus) UpdateUI({}, {});
+}
+
+// The command writes to the server, of which the window hears nothing, and moves no focus.
+void frmMain::CloseInstrument() {
+  modAppGlobals::ExecutionEventHandler(u"CloseInstrument", modGlobals::VarArray());
+  UpdateUI({}, {});
+}
+
+void frmMain::Print() {
+  modAppGlobals::ExecutionEventHandler(u"Print", modGlobals::VarArray(gCommonDialog, m_txtPast));
+}
+void frmMain::PrintSetup() { modAppGlobals::ExecutionEventHandler(u"PrintSetup", modGlobals::VarArray(gCommonDialog)); }
+
+void frmMain::Exit() { m_form->Close(); }
+
+void frmMain::PasteIntoCommands() {
+  m_txtFuture->SetFocus();
+  modAppGlobals::ExecutionEventHandler(u"Paste", modGlobals::VarArray());
+  m_txtFuture->SetFocus();
+}
+
+void frmMain::ClearHistory() { m_historyView->Clear(); }
+
+void frmMain::ClearCommands() {
+  m_commandView->Clear();
+  ResetTypingFormat();
+}
+
+void frmMain::ResetTypingFormat() {
+  m_txtFuture->SelFormat({.SelBold = false, .SelCharOffset = 0, .SelColor = 0, .SelItalic = false});
+}
+
+void frmMain::UseProtocol(StringView protocol, bool canRead) {
+  HuntERR::Check(bool(gConfiguration), ErrorNumber::ObjectRequired, u"This operation requires a configuration client.");
+  gConfiguration->ItemValue(u"ProtocolName", protocol);
+  UpdateUI({}, {});
+  FindControl<IMenuItem>(*m_form, u"mnuRead").Enabled(canRead); // overrules the update, until the next one
+}
+
+void frmMain::Defer(bool frmMain::*request) {
+  tmrProcessCmd->Enabled(true);
+  this->*request = true;
+}
+
+void frmMain::tmrProcessCmd_Timer() {
+  tmrProcessCmd->Enabled(false);
+  if (StepRequested) {
+    mnuStep_Click();
+  } else if (RunRequested) {
+    mnuRun_Click();
+  } else if (RunToCursorRequested) {
+    mnuRunToCursor_Click();
+  }
+  StepRequested = false;
+  RunRequested = false;
+  RunToCursorRequested = false;
+  tmrProcessCmd->Enabled(true);
+}
+
+/// What can be cut and copied follows what the user selects, with no menu opened.
+void frmMain::tmrSelection_Timer() {
+  tmrSelection->Enabled(false);
+  RunHandler(u"frmMain.tmrSelection_Timer", FocusFailure, [this] { UpdateUI({}, {}); });
+}
+
+void frmMain::ShowAbout() { portico::ShowAbout(m_form.Get()); }
+
+void frmMain::ShowHelpTopics() {
+  ShowHelp(HelpFinder, u"Unable to display help contents. There is no Help associated with this project.");
+}
+
+void frmMain::mnuHelpSearchForHelpOn_Click() {
+  RunHandler(u"frmMain.mnuHelpSearchForHelpOn_Click", u"Can't search for help on a topic.", [this] {
+    ShowHelp(HelpPartialKey, u"Unable to search for help on a topic. There is no Help associated with this project.");
+  });
+}
+
+void frmMain::ShowHelp(std::int32_t command, StringView refusal) {
+  if (HelpFile.empty()) {
+    gMessageBox->Show(String(refusal), m_form->Caption(), MessageBoxButtons::OKOnly, MessageBoxIcon::Information);
+    return;
+  }
+  String fault;
+  try {
+    gHelpViewer->WinHelp(HelpFile, command, {});
+    return;
+  } catch (const Error& error) {
+    fault = error.Record().Description;
+  }
+  gMessageBox->Show(fault, ApplicationTitle);
+}
+
+void frmMain::mnuFileOpen_Click() {
+  RunHandler(u"frmMain.mnuFileOpen_Click", u"Can't open file.", [] {
+    FileDialogSettings settings;
+    settings.DialogTitle = u"Open";
+    settings.Filter = u"All Files (*.*)|*.*";
+    gCommonDialog->ShowOpen(settings);
+  });
+}
+
+void frmMain::txtFuture_Change() {
+  RunHandler(u"frmMain.txtFuture_Change", FocusFailure, [this] {
+    UpdateUI({}, {});
+    const std::int32_t start = m_txtFuture->SelStart();
+    m_txtFuture->Find(NewLine, start - 2, start);
+    m_txtFuture->SelStart(start);
+    ResetTypingFormat();
+  });
+}
+
+void frmMain::TextGotFocus(bool isCommandWindow, StringView label) {
+  RunHandler(label, FocusFailure, [&] {
+    m_gotFocus = true;
+    m_CommandHasFocus = isCommandWindow;
+    UpdateUI({}, {});
+  });
+}
+
+void frmMain::txtFuture_MouseDown(const MouseEvent& mouse) {
+  if (mouse.Button != RightButton) return;
+  RunHandler(u"frmMain.txtFuture_MouseDown", FocusFailure, [this] {
+    m_txtFuture->SetFocus();
+    gEventLoop->DoEvents();
+    m_form->PopupMenu(FindControl<IMenuItem>(*m_form, u"mnuPopupCMD"));
+    gEventLoop->DoEvents();
+  });
+}
+
+void frmMain::txtPast_MouseDown(const MouseEvent& mouse) {
+  RunHandler(u"frmMain.txtPast_MouseDown", FocusFailure, [&] {
+    m_txtPast->SetFocus();
+    if (mouse.Button == RightButton) m_form->PopupMenu(FindControl<IMenuItem>(*m_form, u"mnuPopupHistory"));
+  });
+}
+
+} // namespace portico

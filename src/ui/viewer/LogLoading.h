@@ -1,0 +1,45 @@
+#pragma once
+
+#include "document/entities/CDataFIFO.h"
+#include "document/log/LogWatch.h"
+
+#include <optional>
+
+namespace portico {
+
+/// Shows how far the opening of a log has come, for as long as it lives: the file is read twice, first to see whether
+/// it is a log, then its entities are shown one by one. Once the user gives it up, the next step raises the expected
+/// error `WorkGivenUp`, of which no report is made.
+class LogLoading final : public ILogWatcher {
+public:
+  explicit LogLoading(const String& FileName);
+  ~LogLoading() override;
+  LogLoading(const LogLoading&) = delete;
+  LogLoading& operator=(const LogLoading&) = delete;
+
+  /// All has been read: every entity that the container gets from now on has been shown.
+  void Follow(const Ref<CDataFIFO>& container);
+
+  /// What the user is to know of a log whose end is missing; empty for any other.
+  const String& Warning() const { return m_warning; }
+
+  void BytesRead(std::uint64_t done, std::uint64_t total) override;
+  void EntityRead() override { ++m_read; }
+  void EndIsMissing(const LogReading& reading) override;
+
+private:
+  void EntityShown();
+  /// Of the work as a whole, from 0 to 1.
+  static void Tell(double share);
+
+  String m_fileName;
+  String m_warning;
+  std::optional<LogWatch> m_watch; // until all is read
+  Ref<CDataFIFO> m_container;
+  CDataFIFO::EntityEvent::Connection m_added = 0;
+  int m_pass = 0;
+  std::uint64_t m_read = 0;
+  std::uint64_t m_shown = 0;
+};
+
+} // namespace portico

@@ -1,0 +1,232 @@
+#include "ui/viewer/frmViewLog.h"
+
+#include "framework/objects/IObjectFactory.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/modAppGlobals.h"
+#include "platform/ISettingsStore.h"
+#include "ui/base/ResourceStrings.h"
+#include "ui/base/ShowFailure.h"
+#include "ui/base/Tolerate.h"
+#include "ui/dialogs/frmAbout.h"
+#include "ui/viewer/LogLoading.h"
+#include "ui/viewer/ViewLogDesign.h"
+
+#include <algorithm>
+
+namespace portico {
+namespace {
+
+/// How a control is handed to those who hold references: its form lives with it.
+template <class Control>
+Ref<Control> Share(const Ref<IForm>& form, Control& control) {
+  return Ref<Control>(std::shared_ptr<Control>(form.Shared(), &control));
+}
+
+StringView SentenceOf(StringView handler) {
+  const auto handlers = ViewLogHandlers();
+  return std::find_if(handlers.begin(), handlers.end(),
+                      [handler](const ViewLogHandler& each) { return each.Name == handler; })
+      ->Sentence;
+}
+
+} // namespace
+
+template <class... Args>
+void frmViewLog::On(Event<Args...>& event, void (frmViewLog::*handler)()) {
+  event.Connect([weak = weak_from_this(), handler](Args...) {
+    if (const auto self = weak.lock()) (self.get()->*handler)();
+  });
+}
+
+void frmViewLog::OnMenu(StringView name, void (frmViewLog::*handler)()) { On(Menu(name).Click(), handler); }
+
+template <class Body>
+bool frmViewLog::Run(StringView handler, Body&& body) {
+  return RunHandler(String(ClassName()).append(u".").append(handler), SentenceOf(handler), std::forward<Body>(body));
+}
+
+Ref<frmViewLog> frmViewLog::Make() {
+  if (!gForms) return {};
+  return New<frmViewLog>();
+}
+
+void frmViewLog::Show(IForm* Owner) {
+  m_form = gForms->Load(ViewLogDesign());
+  m_form->Keep(Ref<IObject>(shared_from_this()));
+  Connect();
+  if (!Form_Load()) {
+    m_form->Unload();
+    return;
+  }
+  m_form->Owner(Owner);
+  m_form->Show();
+  if (!m_warning.empty()) gMessageBox->Show(m_warning, ApplicationTitle);
+}
+
+void frmViewLog::Connect() {
+  FormEvents& form = m_form->Events();
+  On(form.Resize, &frmViewLog::Form_Resize);
+  On(form.Activate, &frmViewLog::Form_Activate);
+  On(form.KeyDown, &frmViewLog::Form_KeyDown);
+  On(form.Unload, &frmViewLog::Form_Unload);
+  On(txtPast().LostFocus(), &frmViewLog::txtPast_LostFocus);
+  On(txtPast().MouseUp(), &frmViewLog::txtPast_MouseUp);
+  OnMenu(u"mnuEdit", &frmViewLog::mnuEdit_Click);
+  OnMenu(u"mnuCopy", &frmViewLog::mnuCopy_Click);
+  OnMenu(u"mnuFilePrint", &frmViewLog::mnuFilePrint_Click);
+  OnMenu(u"mnuFilePageSetup", &frmViewLog::mnuFilePageSetup_Click);
+  OnMenu(u"mnuFileClose", &frmViewLog::mnuFileClose_Click);
+  OnMenu(u"mnuHelpAbout", &frmViewLog::mnuHelpAbout_Click);
+  tbToolBar().ButtonClick().Connect([weak = weak_from_this()](IToolButton& button) {
+    if (const auto self = weak.lock()) self->tbToolBar_ButtonClick(button);
+  });
+  m_tmrKey = gEventLoop->MakeTimer();
+  m_tmrKey->Interval(1);
+  On(m_tmrKey->Timer(), &frmViewLog::tmrKey_Timer);
+}
+
+bool frmViewLog::Form_Load() {
+  bool givenUp = false;
+  Run(u"Form_Load", [&] {
+    txtPast().Locked(true);
+    HideWhatIsNotOffered(); // its table cannot say so, and a load may fail
+    modAppGlobals::LoadResStrings(*m_form);
+    PlaceForm();
+    txtPast().Text({});
+    try {
+      LoadLog();
+    } catch (const Error& error) {
+      givenUp = error.Record().Number == ErrorNumber::WorkGivenUp;
+      if (!givenUp) throw;
+      return;
+    }
+    m_form->Caption(u"Log Viewer - " + m_fileName);
+    HideWhatIsNotOffered();
+  });
+  return !givenUp;
+}
+
+void frmViewLog::PlaceForm() {
+  const double left = Setting(u"MainLeft", u"1000");
+  const double top = Setting(u"MainTop", u"1000");
+  const double width = Setting(u"MainWidth", u"6500");
+  m_form->Move(left, top, width, Setting(u"MainHeight", u"6500"));
+}
+
+double frmViewLog::Setting(StringView key, StringView standard) const {
+  const auto number =
+      ReadNumber(gSettingsStore->GetSetting(ApplicationTitle, String(ClassName()), String(key), String(standard)));
+  if (!number) HuntERR::RaiseStandard(ErrorNumber::TypeMismatch);
+  return *number;
+}
+
+void frmViewLog::LoadLog() try {
+  HuntERR::Check(bool(gObjectFactory), ErrorNumber::CannotCreate, u"This operation requires an object factory.");
+  const auto iterator = Create<IObject>(u"SelectionIterator", modGlobals::VarArray(u"IterateAll"));
+  m_view = Create<CSCPIView>(u"SCPIView", modGlobals::VarArray(Share(m_form, txtPast())));
+  const auto queue = m_view->Instructions();
+  LogLoading loading(m_fileName);
+  const auto merge = Create<ICommand>(u"MergeDataContainerFromFile", modGlobals::VarArray(queue, m_fileName, iterator));
+  loading.Follow(queue);
+  merge->Execute();
+  m_view->Refresh();
+  m_warning = loading.Warning();
+} catch (...) {
+  PassOn(u"frmViewLog.LoadLog");
+}
+
+void frmViewLog::HideWhatIsNotOffered() {
+  for (const StringView name : {u"mnuCopyto", u"mnuFileBar0", u"mnuFileProperty"}) Menu(name).Visible(false);
+  tbToolBar().Buttons(u"Copy to").Visible(false);
+  Menu(u"mnuHelpTopics").Visible(false);
+  auto& sbStatusBar = Find<IStatusBar>(StatusBarName);
+  sbStatusBar.Visible(false);
+  sbStatusBar.Panels(1).Text({});
+}
+
+/// A window that is too small for its controls disturbs nobody.
+void frmViewLog::Form_Resize() {
+  if (m_form->WindowState() == WindowState::Minimized) return;
+  Tolerate([&] { txtPast().Left(0); });
+  Tolerate([&] { txtPast().Top(tbToolBar().Top() + tbToolBar().Height()); });
+  Tolerate([&] { txtPast().Width(m_form->ScaleWidth()); });
+  Tolerate([&] { txtPast().Height(m_form->ScaleHeight() - txtPast().Top()); });
+  auto& picLogo = Find<IPictureBox>(u"picLogo");
+  Tolerate([&] { picLogo.Top(tbToolBar().Top()); });
+  Tolerate([&] { picLogo.Left(m_form->ScaleWidth() - picLogo.Width()); });
+}
+
+void frmViewLog::Form_Unload() {
+  Run(u"Form_Unload", [this] {
+    m_tmrKey->Enabled(false);
+    m_view = nullptr;
+  });
+}
+
+void frmViewLog::UpdateUI(const String&, const String&) try {
+  auto* const active = dynamic_cast<IRichTextControl*>(gForms->ActiveControl());
+  const bool selected = active != nullptr && active->SelTextLength() > 0;
+  Menu(u"mnuCopy").Enabled(selected);
+  Menu(u"mnuCopyto").Enabled(selected);
+  tbToolBar().Buttons(u"Copy").Enabled(selected);
+  Menu(u"mnuFilePrint").Enabled(txtPast().TextLength() > 0);
+  gEventLoop->DoEvents();
+} catch (...) {
+  PassOn(u"frmViewLog.UpdateUI()");
+}
+
+void frmViewLog::Form_Activate() {
+  Run(u"Form_Activate", [this] { UpdateUI({}, {}); });
+}
+
+/// The key reaches the selection only after this.
+void frmViewLog::Form_KeyDown() { m_tmrKey->Enabled(true); }
+
+void frmViewLog::tmrKey_Timer() {
+  m_tmrKey->Enabled(false);
+  Run(u"Form_KeyDown", [this] { UpdateUI({}, {}); });
+}
+
+void frmViewLog::txtPast_LostFocus() {
+  Run(u"txtPast_LostFocus", [this] { UpdateUI({}, {}); });
+}
+
+void frmViewLog::txtPast_MouseUp() {
+  Run(u"txtPast_MouseUp", [this] { UpdateUI({}, {}); });
+}
+
+void frmViewLog::mnuEdit_Click() {
+  Run(u"mnuEdit_Click", [this] { UpdateUI({}, {}); });
+}
+
+void frmViewLog::mnuCopy_Click() {
+  Run(u"mnuCopy_Click", [] { modAppGlobals::ExecutionEventHandler(u"Copy", modGlobals::VarArray()); });
+}
+
+void frmViewLog::mnuFilePrint_Click() {
+  Run(u"mnuFilePrint_Click", [this] {
+    modAppGlobals::ExecutionEventHandler(u"Print", modGlobals::VarArray(gCommonDialog, Share(m_form, txtPast())));
+  });
+}
+
+void frmViewLog::mnuFilePageSetup_Click() {
+  Run(u"mnuFilePageSetup_Click",
+      [] { modAppGlobals::ExecutionEventHandler(u"PrintSetup", modGlobals::VarArray(gCommonDialog)); });
+}
+
+void frmViewLog::mnuFileClose_Click() {
+  Run(u"mnuFileClose_Click", [this] { m_form->Unload(); });
+}
+
+void frmViewLog::mnuHelpAbout_Click() {
+  Run(u"mnuHelpAbout_Click", [this] { ShowAbout(m_form.Get()); });
+}
+
+void frmViewLog::tbToolBar_ButtonClick(IToolButton& Button) {
+  const String key(Button.Key());
+  RunHandler(String(ClassName()).append(u".tbToolBar_ButtonClick"), u"Can't perform " + key + u" operation.", [&] {
+    if (key == u"Copy") mnuCopy_Click();
+  });
+}
+
+} // namespace portico

@@ -1,0 +1,156 @@
+#include "framework/shared/modAppGlobals.h"
+
+#include "framework/errors/Quit.h"
+#include "framework/objects/CObjectFactory.h"
+#include "framework/objects/modGlobals.h"
+
+#include "framework/TestObjects.h"
+#include "support/FrameworkTest.h"
+#include "support/Raised.h"
+
+namespace portico {
+namespace {
+
+using modAppGlobals::EventHandler;
+using modAppGlobals::ExecutionEventHandler;
+using modGlobals::VarArray;
+using test::CommandOf;
+using test::CreatorOf;
+using test::Labels;
+using test::Raised;
+
+class FakeMainWindow final : public IMainWindow {
+public:
+  StringView ClassName() const override { return u"frmMain"; }
+  std::int32_t MousePointer() const override { return Pointer; }
+  void MousePointer(std::int32_t shape) override { Pointer = shape; }
+  bool Executing() const override { return IsExecuting; }
+  void Executing(bool newValue) override { IsExecuting = newValue; }
+  bool StopRequested() const override { return false; }
+  void StopRequested(bool) override {}
+  void UpdateUI(const String&, const String&) override {}
+
+  std::int32_t Pointer = 3;
+  bool IsExecuting = false;
+};
+
+class EventHandlerTest : public test::FrameworkTest {
+protected:
+  EventHandlerTest() {
+    gMainForm = Window;
+    gObjectFactory = New<CObjectFactory>();
+    for (const char16_t* name : {u"Run", u"RunToCursor", u"Step"}) {
+      AddCommand(name, [this] {
+        PointerSeen = Window->Pointer;
+        ExecutingSeen = Window->IsExecuting;
+      });
+    }
+    AddCommand(u"Fails", [] { HuntERR::Raise(17, u"Tester", u"No beam."); });
+  }
+
+  void AddCommand(const String& specification, const std::function<void()>& action) {
+    gObjectFactory->Add(New<CreatorOf>(specification, [this, action](const Params& parameters) -> Ref<IObject> {
+      ParametersSeen = parameters;
+      return New<CommandOf>(action);
+    }));
+  }
+
+  const Ref<FakeMainWindow> Window = New<FakeMainWindow>();
+  std::int32_t PointerSeen = 0;
+  bool ExecutingSeen = false;
+  Params ParametersSeen;
+};
+
+TEST_F(EventHandlerTest, RunsTheCommandUnderTheHourglassAndSetsThePointerBack) {
+  EventHandler(u"Step", VarArray());
+  EXPECT_EQ(PointerSeen, 11);
+  EXPECT_EQ(Window->Pointer, 3);
+}
+
+TEST_F(EventHandlerTest, HandsTheParametersToTheCreator) {
+  EventHandler(u"Step", VarArray(u"DMM", 7));
+  ASSERT_EQ(ParametersSeen.size(), 2U);
+  EXPECT_EQ(ParametersSeen[0].ToString(), u"DMM");
+  EXPECT_EQ(ParametersSeen[1].ToLong(), 7);
+}
+
+TEST_F(EventHandlerTest, ReleasesTheCommand) {
+  auto owned = std::make_shared<int>(0);
+  gObjectFactory->Add(
+      New<CreatorOf>(u"Owns", [&](const Params&) -> Ref<IObject> { return New<CommandOf>([held = owned] {}); }));
+  EventHandler(u"Owns", VarArray());
+  EXPECT_EQ(owned.use_count(), 1);
+}
+
+TEST_F(EventHandlerTest, AnUnknownCommandLeavesTheHourglassAndPassesOnError5) {
+  const ErrorRecord error = Raised([] { EventHandler(u"Nope", VarArray()); });
+  EXPECT_EQ(error.Number, 5);
+  EXPECT_EQ(Window->Pointer, 11);
+  EXPECT_EQ(Labels(error), (std::vector<String>{u"CObjectFactories.Item(IndexOrKey)",
+                                                u"CObjectFactory.IObjectFactory_CreateObject(Specification,Params)",
+                                                u"modAppGlobals.EventHandler(cmdName, Params)"}));
+}
+
+TEST_F(EventHandlerTest, ACommandThatFailsLeavesTheHourglass) {
+  EXPECT_EQ(Raised([] { EventHandler(u"Fails", VarArray()); }).Number, 17);
+  EXPECT_EQ(Window->Pointer, 11);
+}
+
+TEST_F(EventHandlerTest, AProductThatIsNoCommandRaises13) {
+  gObjectFactory->Add(New<CreatorOf>(u"Object"));
+  EXPECT_EQ(Raised([] { EventHandler(u"Object", VarArray()); }).Number, 13);
+  EXPECT_EQ(Window->Pointer, 11);
+}
+
+TEST_F(EventHandlerTest, WithoutAWindowOrAFactoryItRaises91) {
+  gObjectFactory = {};
+  EXPECT_EQ(Raised([] { EventHandler(u"Step", VarArray()); }).Number, 91);
+  gMainForm = {};
+  EXPECT_EQ(Raised([] { EventHandler(u"Step", VarArray()); }).Number, 91);
+}
+
+TEST_F(EventHandlerTest, QuitPassesWithoutAReport) {
+  AddCommand(u"Quits", [] { throw Quit{}; });
+  EXPECT_THROW(ExecutionEventHandler(u"Quits", VarArray()), Quit);
+  EXPECT_EQ(HuntERR::ErrReport(), u"");
+}
+
+class ExecutionEventHandlerTest : public EventHandlerTest {};
+
+TEST_F(ExecutionEventHandlerTest, SetsExecutingAroundTheTwoLongRunningCommands) {
+  for (const char16_t* name : {u"Run", u"RunToCursor"}) {
+    ExecutingSeen = false;
+    ExecutionEventHandler(name, VarArray());
+    EXPECT_TRUE(ExecutingSeen);
+    EXPECT_FALSE(Window->IsExecuting);
+  }
+}
+
+TEST_F(ExecutionEventHandlerTest, LeavesExecutingAloneForOtherCommands) {
+  ExecutionEventHandler(u"Step", VarArray());
+  EXPECT_FALSE(ExecutingSeen);
+  Window->IsExecuting = true;
+  ExecutionEventHandler(u"Step", VarArray());
+  EXPECT_TRUE(Window->IsExecuting);
+}
+
+TEST_F(ExecutionEventHandlerTest, ComparesTheNamesExactly) {
+  ExecutionEventHandler(u"run", VarArray());
+  EXPECT_EQ(PointerSeen, 11);
+  EXPECT_FALSE(ExecutingSeen);
+}
+
+TEST_F(ExecutionEventHandlerTest, LeavesExecutingSetAfterAFailure) {
+  gObjectFactory->Substitue(
+      New<CreatorOf>(u"Run", [](const Params&) -> Ref<IObject> { HuntERR::Raise(17, u"Tester", u"No beam."); }));
+  const ErrorRecord error = Raised([] { ExecutionEventHandler(u"Run", VarArray(1)); });
+  EXPECT_EQ(error.Number, 17);
+  EXPECT_TRUE(Window->IsExecuting);
+  EXPECT_EQ(Window->Pointer, 11);
+  EXPECT_EQ(Labels(error), (std::vector<String>{u"CObjectFactory.IObjectFactory_CreateObject(Specification,Params)",
+                                                u"modAppGlobals.EventHandler(cmdName, Params)",
+                                                u"modAppGlobals.ExecutionEventHandler(cmdName, Params)"}));
+}
+
+} // namespace
+} // namespace portico

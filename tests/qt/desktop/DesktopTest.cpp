@@ -1,0 +1,131 @@
+// Clipboard, keyboard, settings.
+
+#include "qt/ScreenFixture.h"
+#include "qt/desktop/Clipboard.h"
+#include "qt/desktop/Keyboard.h"
+#include "qt/desktop/SettingsStore.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QMimeData>
+#include <QTemporaryDir>
+
+namespace portico::test {
+namespace {
+
+TEST(ClipboardTest, KnowsTheTextThatWasLastPutThere) {
+  QGuiApplication::clipboard()->setText("before");
+  const qt::Clipboard clipboard;
+  EXPECT_EQ(clipboard.GetText(), u"before");
+  QGuiApplication::clipboard()->setText("after");
+  EXPECT_EQ(clipboard.GetText(), u"after");
+  QGuiApplication::clipboard()->clear();
+  EXPECT_EQ(clipboard.GetText(), u"");
+}
+
+class KeyboardTest : public ScreenTest {
+protected:
+  qt::Keyboard keyboard{screen};
+  Ref<IForm> form = Shown(SampleWindow);
+  QPlainTextEdit* upper = Find<QPlainTextEdit>(form, "txtUpper");
+  QPlainTextEdit* lower = Find<QPlainTextEdit>(form, "txtLower");
+};
+
+TEST_F(KeyboardTest, KeysReachTheControlWithTheFocusAfterTheCallerHasReturned) {
+  upper->setPlainText("abc");
+  upper->selectAll();
+  upper->setFocus();
+  QGuiApplication::clipboard()->clear();
+  keyboard.SendKeys(u"^C");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "");
+  loop.DoEvents();
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "abc");
+  lower->setFocus();
+  keyboard.SendKeys(u"^V");
+  keyboard.SendKeys(u"x");
+  loop.DoEvents();
+  EXPECT_EQ(lower->toPlainText(), "abcx");
+}
+
+TEST_F(KeyboardTest, KeysGoWhereTheFocusIsWhenTheyArrive) {
+  upper->setFocus();
+  keyboard.SendKeys(u"ab");
+  lower->setFocus();
+  loop.DoEvents();
+  EXPECT_EQ(lower->toPlainText(), "ab");
+}
+
+TEST_F(KeyboardTest, WhileAnotherProgramHasTheFocusTheyGoToTheWindowInFront) {
+  lower->setFocus();
+  QApplication::setActiveWindow(nullptr);
+  keyboard.SendKeys(u"x");
+  loop.DoEvents();
+  EXPECT_EQ(lower->toPlainText(), "x");
+}
+
+class SettingsStoreTest : public testing::Test {
+protected:
+  QTemporaryDir folder;
+  qt::SettingsStore store{folder.path()};
+};
+
+TEST_F(SettingsStoreTest, AnswersTheDefaultUntilSomethingIsSaved) {
+  EXPECT_EQ(store.GetSetting(u"Portico", u"frmMain", u"MainLeft", u"1000"), u"1000");
+  store.SaveSetting(u"Portico", u"frmMain", u"MainLeft", u"1005");
+  EXPECT_EQ(store.GetSetting(u"Portico", u"frmMain", u"MainLeft", u"1000"), u"1005");
+  EXPECT_EQ(store.GetSetting(u"Portico", u"frmOther", u"MainLeft", u"1000"), u"1000");
+  EXPECT_EQ(store.GetSetting(u"Other", u"frmMain", u"MainLeft", u"1000"), u"1000");
+}
+
+TEST_F(SettingsStoreTest, KeepsAnyTextForTheNextRun) {
+  for (const String value :
+       {u"", u" a, b ;\"c\" ", u"@Variant(x)", u"%41\\", u"\u00e4\u20ac\U0001F600", u"two\r\nlines", u"On"}) {
+    store.SaveSetting(u"Portico", u"Options", u"Key", value);
+    EXPECT_EQ(qt::SettingsStore(folder.path()).GetSetting(u"Portico", u"Options", u"Key", u"none"), value);
+  }
+}
+
+TEST_F(SettingsStoreTest, HasAFileOfTheTitlesName) {
+  store.SaveSetting(u"Tolvane Portico", u"frmMain", u"MainTop", u"1");
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"Tolvane Portico.conf"});
+}
+
+TEST_F(SettingsStoreTest, TellsOnceOnStandardErrorThatNothingCanBeSaved) {
+  QFile file(folder.filePath("file"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  qt::SettingsStore lost(file.fileName()); // which is no folder
+  testing::internal::CaptureStderr();
+  lost.SaveSetting(u"Portico", u"frmMain", u"MainLeft", u"1005");
+  lost.SaveSetting(u"Portico", u"frmMain", u"MainTop", u"1005");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "portico: the settings cannot be saved in " + file.fileName().toStdString() + "/Portico.conf\n");
+}
+
+TEST_F(SettingsStoreTest, SaysNothingOfWhatIsSaved) {
+  testing::internal::CaptureStderr();
+  store.SaveSetting(u"Portico", u"frmMain", u"MainLeft", u"1005");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(SettingsStoreTest, SavesOverAFileThatItCannotRead) {
+  QFile file(folder.filePath("Portico.conf"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("[frmMain\nno settings\n");
+  file.close();
+  testing::internal::CaptureStderr();
+  store.SaveSetting(u"Portico", u"frmMain", u"MainLeft", u"1005");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(qt::SettingsStore(folder.path()).GetSetting(u"Portico", u"frmMain", u"MainLeft", u"none"), u"1005");
+}
+
+TEST(UserSettingsTest, StandInTheUsersOwnFile) {
+  qt::SettingsStore store;
+  store.SaveSetting(u"Portico tests", u"Section", u"Key", u"value");
+  EXPECT_EQ(qt::SettingsStore().GetSetting(u"Portico tests", u"Section", u"Key", u""), u"value");
+  const QSettings settings("Portico tests", "Portico tests");
+  EXPECT_EQ(settings.value("Section/Key").toString(), "value");
+  QFile::remove(settings.fileName());
+}
+
+} // namespace
+} // namespace portico::test

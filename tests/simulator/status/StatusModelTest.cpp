@@ -1,0 +1,124 @@
+#include "simulator/status/StatusModel.h"
+
+#include <gtest/gtest.h>
+
+namespace portico::simulator {
+namespace {
+
+TEST(StatusRegister, LatchesARiseUntilItIsRead) {
+  StatusRegister status;
+  status.Set(operation::kMeasuring);
+  status.Clear(operation::kMeasuring);
+  EXPECT_EQ(status.Condition(), 0);
+  EXPECT_EQ(status.TakeEvent(), operation::kMeasuring);
+  EXPECT_EQ(status.TakeEvent(), 0);
+}
+
+TEST(StatusRegister, AConditionThatStaysIsNoNewEvent) {
+  StatusRegister status;
+  status.Set(operation::kMeasuring);
+  status.TakeEvent();
+  status.Set(operation::kMeasuring);
+  EXPECT_EQ(status.TakeEvent(), 0);
+  EXPECT_EQ(status.Condition(), operation::kMeasuring);
+}
+
+TEST(StatusRegister, SummarisesEnabledEvents) {
+  StatusRegister status;
+  status.Set(operation::kSettling);
+  EXPECT_FALSE(status.Summary());
+  status.SetEnable(operation::kMeasuring);
+  EXPECT_FALSE(status.Summary());
+  status.SetEnable(operation::kSettling);
+  EXPECT_TRUE(status.Summary());
+}
+
+TEST(StatusRegister, NeverEnablesBit15) {
+  StatusRegister status;
+  status.SetEnable(0xFFFF);
+  EXPECT_EQ(status.Enable(), 0x7FFF);
+}
+
+TEST(StatusModel, BeginsWithPowerOn) {
+  StatusModel status;
+  EXPECT_EQ(status.TakeEvent(), event::kPowerOn);
+  EXPECT_EQ(status.TakeEvent(), 0);
+}
+
+TEST(StatusModel, EachClassOfErrorHasItsBit) {
+  const std::pair<ErrorCode, std::uint8_t> expected[] = {
+      {ErrorCode::UndefinedHeader, event::kCommandError},     {ErrorCode::DataOutOfRange, event::kExecutionError},
+      {ErrorCode::QueueOverflow, event::kDeviceError},        {ErrorCode::QueryDeadlocked, event::kQueryError},
+      {static_cast<ErrorCode>(100), event::kDeviceError},     {static_cast<ErrorCode>(-100), event::kCommandError},
+      {static_cast<ErrorCode>(-200), event::kExecutionError}, {static_cast<ErrorCode>(-400), event::kQueryError},
+  };
+  for (const auto& [code, bit] : expected) {
+    StatusModel status;
+    status.TakeEvent();
+    status.Raise(code);
+    EXPECT_EQ(status.TakeEvent(), bit) << static_cast<int>(code);
+    EXPECT_EQ(status.Errors().Size(), 1U);
+  }
+}
+
+TEST(StatusModel, TheStatusByteGathersTheSummaries) {
+  StatusModel status;
+  status.TakeEvent();
+  EXPECT_EQ(status.StatusByte(false), 0);
+  EXPECT_EQ(status.StatusByte(true), 16);
+  status.Raise(ErrorCode::UndefinedHeader);
+  EXPECT_EQ(status.StatusByte(false), 4);
+  status.SetEventEnable(event::kCommandError);
+  EXPECT_EQ(status.StatusByte(false), 4 + 32);
+  status.Operation().SetEnable(operation::kMeasuring);
+  status.Operation().Set(operation::kMeasuring);
+  EXPECT_EQ(status.StatusByte(false), 4 + 32 + 128);
+  status.Questionable().SetEnable(questionable::kVoltage);
+  status.Questionable().Set(questionable::kVoltage);
+  EXPECT_EQ(status.StatusByte(false), 4 + 8 + 32 + 128);
+}
+
+TEST(StatusModel, ServiceIsRequestedForEnabledBits) {
+  StatusModel status;
+  status.SetServiceEnable(16);
+  EXPECT_EQ(status.StatusByte(false), 0);
+  EXPECT_EQ(status.StatusByte(true), 16 + 64);
+}
+
+TEST(StatusModel, Bit6CannotBeEnabled) {
+  StatusModel status;
+  status.SetServiceEnable(255);
+  EXPECT_EQ(status.ServiceEnable(), 191);
+}
+
+TEST(StatusModel, ClearKeepsTheMasks) {
+  StatusModel status;
+  status.SetEventEnable(60);
+  status.SetServiceEnable(32);
+  status.Operation().SetEnable(16);
+  status.Operation().Set(16);
+  status.Questionable().Set(1);
+  status.Raise(ErrorCode::UndefinedHeader);
+  status.Clear();
+  EXPECT_EQ(status.TakeEvent(), 0);
+  EXPECT_EQ(status.Errors().Size(), 0U);
+  EXPECT_EQ(status.Operation().TakeEvent(), 0);
+  EXPECT_EQ(status.Questionable().TakeEvent(), 0);
+  EXPECT_EQ(status.EventEnable(), 60);
+  EXPECT_EQ(status.ServiceEnable(), 32);
+  EXPECT_EQ(status.Operation().Enable(), 16);
+}
+
+TEST(StatusModel, PresetClearsTheMasksOfTheRegisters) {
+  StatusModel status;
+  status.SetEventEnable(60);
+  status.Operation().SetEnable(16);
+  status.Questionable().SetEnable(1);
+  status.Preset();
+  EXPECT_EQ(status.Operation().Enable(), 0);
+  EXPECT_EQ(status.Questionable().Enable(), 0);
+  EXPECT_EQ(status.EventEnable(), 60);
+}
+
+} // namespace
+} // namespace portico::simulator

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "framework/text/text.h"
+
+#include <array>
+#include <cstdint>
+
+namespace portico::test {
+
+struct ExpectedString {
+  std::int32_t Id;
+  StringView Text;
+};
+
+/// Every text of the user interface.
+inline constexpr std::array ExpectedStrings = {
+    ExpectedString{1000, u"&File"},
+    ExpectedString{1001, u"&Open Instrument..."},
+    ExpectedString{1002, u"&Close Instrument"},
+    ExpectedString{1003, u"&New Log..."},
+    ExpectedString{1004, u"&View Log..."},
+    ExpectedString{1005, u"Pau&se Logging"},
+    ExpectedString{1006, u"Close &Log"},
+    ExpectedString{1007, u"Print Set&up..."},
+    ExpectedString{1008, u"&Print History Window..."},
+    ExpectedString{1009, u"E&xit"},
+    ExpectedString{1050, u"Proper&ties..."},
+    ExpectedString{1054, u"&Apply"},
+    ExpectedString{1055, u"&Cancel"},
+    ExpectedString{1056, u"&OK"},
+    ExpectedString{1057, u"About Project1"},
+    ExpectedString{1058, u"&System Info..."},
+    ExpectedString{1059, u"OK"},
+    ExpectedString{1060, u"&Close"},
+    ExpectedString{1061, u"Version"},
+    ExpectedString{1062, u"Tolvane Portico"},
+    ExpectedString{1063, u"App Description"},
+    ExpectedString{1105, u"Re&sume Logging"},
+    ExpectedString{2000, u"&Edit"},
+    ExpectedString{2010, u"Cu&t                          Ctrl+X"},
+    ExpectedString{2020, u"&Copy                       Ctrl+C"},
+    ExpectedString{2030, u"&Paste                       Ctrl+V"},
+    ExpectedString{2040, u"Cop&y to..."},
+    ExpectedString{2050, u"P&aste from..."},
+    ExpectedString{2060, u"Clear &History Window"},
+    ExpectedString{2070, u"Clear Command Window"},
+    ExpectedString{3000, u"Exec&ution"},
+    ExpectedString{3010, u"St&ep"},
+    ExpectedString{3020, u"Run to &Cursor"},
+    ExpectedString{3030, u"&Run"},
+    ExpectedString{3040, u"&Stop"},
+    ExpectedString{4000, u"&Command"},
+    ExpectedString{4010, u"&Read Instrument Data"},
+    ExpectedString{4020, u"&Wait for OPC"},
+    ExpectedString{4030, u"&Get Instrument Status"},
+    ExpectedString{5000, u"&Tools"},
+    ExpectedString{5010, u"&Communication Protocol"},
+    ExpectedString{5020, u"&Options..."},
+    ExpectedString{5030, u"&SCPI"},
+    ExpectedString{5040, u"&Other"},
+    ExpectedString{6000, u"PopupCmds"},
+    ExpectedString{6010, u"Cut"},
+    ExpectedString{6020, u"Copy"},
+    ExpectedString{6030, u"Paste"},
+    ExpectedString{6060, u"Clear Command Window"},
+    ExpectedString{6070, u"Run"},
+    ExpectedString{6075, u"Run to Cursor"},
+    ExpectedString{6080, u"Step"},
+    ExpectedString{6090, u"Stop"},
+    ExpectedString{7000, u"PopupHistory"},
+    ExpectedString{7010, u"Cut"},
+    ExpectedString{7020, u"Copy"},
+    ExpectedString{7030, u"Paste"},
+    ExpectedString{7060, u"Clear History Window"},
+    ExpectedString{8010, u"Open Instrument"},
+    ExpectedString{8015, u"Close Instrument"},
+    ExpectedString{8020, u"New Log File..."},
+    ExpectedString{8030, u"View Log File..."},
+    ExpectedString{8040, u"Pause Logging"},
+    ExpectedString{8041, u"Resume Logging"},
+    ExpectedString{8050, u"Close Log"},
+    ExpectedString{8060, u"Print"},
+    ExpectedString{8070, u"Cut"},
+    ExpectedString{8080, u"Copy"},
+    ExpectedString{8090, u"Paste"},
+    ExpectedString{8100, u"Copy to File"},
+    ExpectedString{8110, u"Paste from File"},
+    ExpectedString{8120, u"Step"},
+    ExpectedString{8130, u"Run"},
+    ExpectedString{8140, u"Run to Cursor"},
+    ExpectedString{8150, u"Stop"},
+    ExpectedString{8160, u"Read Data"},
+    ExpectedString{9000, u"&Help"},
+    ExpectedString{9010, u"Help &Topics"},
+    ExpectedString{9020, u"&Index..."},
+    ExpectedString{9030, u"&Search..."},
+    ExpectedString{9040, u"&About Tolvane Portico..."},
+};
+
+} // namespace portico::test

@@ -1,0 +1,366 @@
+#include "support/FailedAllocation.h"
+
+#include "ui/viewer/ViewLogFixture.h"
+
+#include "framework/errors/Quit.h"
+#include "memory/forms/DeviceContext.h"
+
+namespace portico::test {
+namespace {
+
+constexpr ControlDesign kOtherControls[] = {{.Kind = ControlKind::CommandButton, .Name = u"cmdOther"}};
+constexpr FormDesign kOther = {.Name = u"frmOther", .Caption = u"Other", .Controls = kOtherControls};
+
+class ViewLogTest : public ViewLogFixture {
+protected:
+  /// The viewer's copy states, as the menu and the toolbar have them.
+  static std::string CopyStates(const Ref<memory::Form>& form) {
+    std::string states;
+    for (const bool state :
+         {Menu(form, u"mnuCopy").Enabled(), Menu(form, u"mnuCopyto").Enabled(), Bar(form).Buttons(u"Copy").Enabled()}) {
+      states += state ? '+' : '-';
+    }
+    return states;
+  }
+  /// States that the next update has to set right.
+  static void Upset(const Ref<memory::Form>& form, bool state) {
+    Menu(form, u"mnuCopy").Enabled(state);
+    Menu(form, u"mnuCopyto").Enabled(state);
+    Bar(form).Buttons(u"Copy").Enabled(state);
+    Menu(form, u"mnuFilePrint").Enabled(!state);
+  }
+  static bool IsUpToDate(const Ref<memory::Form>& form) {
+    return CopyStates(form) == "+++" && Menu(form, u"mnuFilePrint").Enabled();
+  }
+  Ref<memory::Form> ViewWithSelection() {
+    auto viewer = ViewOf({u"*IDN?\r\n"});
+    Past(viewer).SetFocus();
+    Select(Past(viewer), 0, 4);
+    Upset(viewer, false);
+    return viewer;
+  }
+  void Fail(const std::function<void()>& act, StringView sentence, StringView label, StringView description) {
+    Platform.MessageBox->Answer();
+    act();
+    ExpectBox(sentence, label, description);
+  }
+  /// A turn of the loop fails.
+  void BreakTurns() {
+    m_timer = gEventLoop->MakeTimer();
+    m_timer->Interval(1);
+    m_timer->Enabled(true);
+    m_timer->Timer().Connect([this] {
+      m_timer->Enabled(false);
+      HuntERR::Raise(ErrorNumber::InternalState, u"Loop", u"Not now.");
+    });
+    Platform.Time.Advance(std::chrono::milliseconds(1));
+  }
+
+private:
+  std::unique_ptr<ITimer> m_timer;
+};
+
+TEST_F(ViewLogTest, ASelectionEnablesCopy) {
+  const auto viewer = ViewWithSelection();
+  Menu(viewer, u"mnuEdit").Choose();
+  EXPECT_EQ(CopyStates(viewer), "+++");
+  Select(Past(viewer), 2, 0);
+  Menu(viewer, u"mnuEdit").Choose();
+  EXPECT_EQ(CopyStates(viewer), "---");
+}
+
+TEST_F(ViewLogTest, AnEmptyViewerDisablesPrint) {
+  MakeLog("run.log", {});
+  MakeLog("full.log", {u"x\r\n"});
+  EXPECT_FALSE(Menu(View("run.log"), u"mnuFilePrint").Enabled());
+  EXPECT_TRUE(Menu(View("full.log"), u"mnuFilePrint").Enabled());
+}
+
+TEST_F(ViewLogTest, StatesAreUpToDateWhenTheMenuDropsDown) {
+  const auto viewer = ViewWithSelection();
+  Menu(viewer, u"mnuEdit").Choose();
+  EXPECT_TRUE(IsUpToDate(viewer));
+}
+
+TEST_F(ViewLogTest, StatesAreUpToDateWhenTheWindowIsActivated) {
+  const auto viewer = ViewWithSelection();
+  Platform.Screen->SwitchAway();
+  Upset(viewer, false);
+  Platform.Screen->SwitchBack();
+  EXPECT_TRUE(IsUpToDate(viewer));
+}
+
+TEST_F(ViewLogTest, StatesAreUpToDateWhenTheTextLosesTheFocus) {
+  const auto viewer = ViewWithSelection();
+  Platform.Screen->SwitchAway();
+  EXPECT_TRUE(IsUpToDate(viewer));
+}
+
+TEST_F(ViewLogTest, StatesAreUpToDateWhenAMouseButtonIsReleased) {
+  const auto viewer = ViewWithSelection();
+  Past(viewer).PressMouse({LeftButton, 0, 0, 0});
+  EXPECT_EQ(CopyStates(viewer), "---");
+  Past(viewer).ReleaseMouse({LeftButton, 0, 0, 0});
+  EXPECT_TRUE(IsUpToDate(viewer));
+}
+
+TEST_F(ViewLogTest, StatesAreUpToDateWhenAKeyHasReachedTheSelection) {
+  const auto viewer = ViewWithSelection();
+  Select(Past(viewer), 0, 0);
+  viewer->PressKey(65, CtrlState);
+  Select(Past(viewer), 0, 4); // what the key does
+  gEventLoop->DoEvents();
+  EXPECT_EQ(CopyStates(viewer), "---");
+  Platform.Time.Advance(std::chrono::milliseconds(1));
+  gEventLoop->DoEvents();
+  EXPECT_TRUE(IsUpToDate(viewer));
+  Upset(viewer, false);
+  Platform.Time.Advance(std::chrono::milliseconds(10));
+  gEventLoop->DoEvents();
+  EXPECT_FALSE(IsUpToDate(viewer)); // once for each key
+}
+
+TEST_F(ViewLogTest, AnUpdateDoesNotCopyWhatIsSelected) {
+  constexpr std::int32_t units = 1000000;
+  const auto viewer = ViewWithSelection();
+  Past(viewer).Text(String(units, u'x'));
+  Past(viewer).SelLength(units);
+  const std::size_t largest = LargestAllocation([&] { viewer->Events().Activate(); });
+  EXPECT_LT(largest, std::size_t{units});
+  EXPECT_TRUE(IsUpToDate(viewer));
+}
+
+TEST_F(ViewLogTest, CopyIsForWhateverTextHasTheFocus) {
+  const auto viewer = ViewWithSelection();
+  Main->Form().Hide();
+  Main->Form().Show();
+  Main->txtFuture()->Text(u"*RST");
+  Main->txtFuture()->SetFocus();
+  viewer->Events().Activate();
+  EXPECT_EQ(CopyStates(viewer), "---");
+  Main->txtFuture()->SelStart(0);
+  Main->txtFuture()->SelLength(4);
+  viewer->Events().Activate();
+  EXPECT_EQ(CopyStates(viewer), "+++");
+}
+
+TEST_F(ViewLogTest, CopyIsOffWhileNoTextHasTheFocus) {
+  const auto viewer = ViewWithSelection();
+  const auto other = gForms->Load(kOther);
+  other->Show();
+  ASSERT_NE(gForms->ActiveControl(), nullptr);
+  Upset(viewer, true);
+  viewer->Events().Activate();
+  EXPECT_EQ(CopyStates(viewer), "---");
+  other->Unload();
+  viewer->Hide();
+  Main->Form().Hide();
+  ASSERT_EQ(gForms->ActiveControl(), nullptr);
+  Upset(viewer, true);
+  viewer->Events().Activate();
+  EXPECT_EQ(CopyStates(viewer), "---");
+}
+
+TEST_F(ViewLogTest, AnUpdateTurnsTheLoopOnce) {
+  const auto viewer = ViewWithSelection();
+  const auto timer = gEventLoop->MakeTimer();
+  int turns = 0;
+  timer->Interval(1);
+  timer->Enabled(true);
+  timer->Timer().Connect([&] { ++turns; });
+  Platform.Time.Advance(std::chrono::milliseconds(1));
+  Menu(viewer, u"mnuEdit").Choose();
+  EXPECT_EQ(turns, 1);
+}
+
+TEST_F(ViewLogTest, TheArgumentsOfAnUpdateHaveNoUse) {
+  MakeLog("run.log", {u"*IDN?\r\n"});
+  const auto logic = frmViewLog::Make();
+  logic->FileName(NameOf("run.log"));
+  logic->Show(&Main->Form());
+  const auto viewer = Platform.Screen->Find(u"frmViewLog");
+  Select(Past(viewer), 0, 4);
+  logic->UpdateUI(u"LogFileName", u"x");
+  EXPECT_TRUE(IsUpToDate(viewer));
+}
+
+TEST_F(ViewLogTest, AViewerMayBeClosedInTheMiddleOfAnUpdate) {
+  const auto viewer = ViewWithSelection();
+  const auto timer = gEventLoop->MakeTimer();
+  timer->Interval(1);
+  timer->Enabled(true);
+  timer->Timer().Connect([&] {
+    timer->Enabled(false);
+    viewer->Close();
+  });
+  Platform.Time.Advance(std::chrono::milliseconds(1));
+  Menu(viewer, u"mnuEdit").Choose();
+  EXPECT_FALSE(viewer->IsLoaded());
+}
+
+TEST_F(ViewLogTest, CopiesTheSelection) {
+  const auto viewer = ViewWithSelection();
+  EXPECT_TRUE(Menu(viewer, u"mnuCopy").Choose());
+  EXPECT_EQ(Platform.Keyboard->Sent(), (std::vector<String>{u"^C"}));
+  Platform.Keyboard->Deliver();
+  EXPECT_EQ(gClipboard->GetText(), u"*IDN");
+}
+
+TEST_F(ViewLogTest, CopiesByTheToolbar) {
+  const auto viewer = ViewWithSelection();
+  Bar(viewer).Buttons(u"Copy").Enabled(true);
+  EXPECT_TRUE(Bar(viewer).Buttons(u"Copy").Press());
+  EXPECT_EQ(Platform.Keyboard->Sent(), (std::vector<String>{u"^C"}));
+}
+
+TEST_F(ViewLogTest, TheToolbarsPrintDoesNothing) {
+  const auto viewer = ViewWithSelection();
+  Calls.clear();
+  EXPECT_TRUE(Bar(viewer).Buttons(u"Print").Press());
+  Bar(viewer).Buttons(u"Copy to").Visible(true);
+  EXPECT_TRUE(Bar(viewer).Buttons(u"Copy to").Press());
+  EXPECT_EQ(Calls, List{});
+  EXPECT_TRUE(Platform.Keyboard->Sent().empty());
+}
+
+TEST_F(ViewLogTest, PrintsItsText) {
+  const auto context = New<memory::DeviceContext>();
+  Dialog->Context = context;
+  const auto viewer = ViewOf({u"*IDN?\r\n"});
+  Calls.clear();
+  EXPECT_TRUE(Menu(viewer, u"mnuFilePrint").Choose());
+  EXPECT_EQ(Calls, (List{"ShowPrinter 'Print Setup' flags 268 CancelError"}));
+  EXPECT_EQ(context->Printed(), (std::vector<String>{u"*IDN?\r\n"}));
+  EXPECT_TRUE(viewer->PressKey(u'P', CtrlState));
+  EXPECT_EQ(context->Printed().size(), 2U);
+}
+
+TEST_F(ViewLogTest, PresetsTheSelectionThatTheMainWindowHas) {
+  Dialog->Context = New<memory::DeviceContext>();
+  const auto viewer = ViewOf({u"*IDN?\r\n"});
+  Main->txtPast()->Text(u"past");
+  Main->txtPast()->SelLength(4);
+  Calls.clear();
+  Menu(viewer, u"mnuFilePrint").Choose();
+  EXPECT_EQ(Calls, (List{"ShowPrinter 'Print Setup' flags 265 CancelError"}));
+}
+
+TEST_F(ViewLogTest, SetsUpThePage) {
+  const auto viewer = ViewOf({});
+  Calls.clear();
+  EXPECT_TRUE(Menu(viewer, u"mnuFilePageSetup").Choose());
+  EXPECT_EQ(Calls, (List{"ShowPrinter 'Print Setup' flags 64"}));
+}
+
+TEST_F(ViewLogTest, ShowsTheAboutBoxModally) {
+  const auto viewer = ViewOf({});
+  bool shown = false;
+  Platform.Screen->OnShowModal(u"frmAbout", [&](memory::Form& about) {
+    shown = true;
+    EXPECT_FALSE(viewer->TakesInput());
+    about.Unload();
+  });
+  EXPECT_TRUE(Menu(viewer, u"mnuHelpAbout").Choose());
+  EXPECT_TRUE(shown);
+}
+
+TEST_F(ViewLogTest, AFailedCopyIsTold) {
+  const auto viewer = ViewWithSelection();
+  gKeyboard.reset();
+  Fail([&] { Menu(viewer, u"mnuCopy").Choose(); }, u"Can't perform copy operation.", u"frmViewLog.mnuCopy_Click",
+       u"Object reference is not set.");
+}
+
+TEST_F(ViewLogTest, AFailedCopyOfTheToolbarIsToldAsTheMenusIs) {
+  const auto viewer = ViewWithSelection();
+  Bar(viewer).Buttons(u"Copy").Enabled(true);
+  gKeyboard.reset();
+  Fail([&] { Bar(viewer).Buttons(u"Copy").Press(); }, u"Can't perform copy operation.", u"frmViewLog.mnuCopy_Click",
+       u"Object reference is not set.");
+}
+
+TEST_F(ViewLogTest, AFailureThatIsLeftToTheToolbarIsToldWithTheButtonsKey) {
+  const auto viewer = ViewWithSelection();
+  Bar(viewer).Buttons(u"Copy").Enabled(true);
+  gKeyboard.reset();
+  Platform.MessageBox->AnswerAllWithOK();
+  bool failed = false;
+  Platform.MessageBox->OnShow = [&](const auto&) {
+    if (!std::exchange(failed, true)) HuntERR::Raise(ErrorNumber::InternalState, u"Box", u"Not now.");
+  };
+  Bar(viewer).Buttons(u"Copy").Press();
+  ASSERT_EQ(Platform.MessageBox->Calls().size(), 2U);
+  const String& shown = Platform.MessageBox->Calls().back().Prompt;
+  EXPECT_EQ(ToUtf8(shown.substr(0, shown.find(u" \r\n  Time="))), "Can't perform Copy operation.\r\nNot now.");
+  EXPECT_EQ(Labels(shown).back(), u"frmViewLog.tbToolBar_ButtonClick()");
+}
+
+TEST_F(ViewLogTest, ACancelledPrintIsTold) {
+  const auto viewer = ViewOf({u"*IDN?\r\n"});
+  const String cancelled = FirstDescription(Raised([] { HuntERR::RaiseStandard(ErrorNumber::DialogCancelled); }));
+  Fail([&] { Menu(viewer, u"mnuFilePrint").Choose(); }, u"Can't perform print operation.",
+       u"frmViewLog.mnuFilePrint_Click", cancelled);
+}
+
+TEST_F(ViewLogTest, AFailedPageSetupIsTold) {
+  const auto viewer = ViewOf({});
+  gCommonDialog = {};
+  Fail([&] { Menu(viewer, u"mnuFilePageSetup").Choose(); }, u"Can't setup page.", u"frmViewLog.mnuFilePageSetup_Click",
+       u"Command dialog control cannot be nothing.");
+}
+
+TEST_F(ViewLogTest, AFailedClosingIsTold) {
+  const auto viewer = ViewOf({});
+  viewer->Events().Unload.Connect([] { HuntERR::Raise(ErrorNumber::InternalState, u"Form", u"Not now."); });
+  Fail([&] { Menu(viewer, u"mnuFileClose").Choose(); }, u"An error occured while closing.",
+       u"frmViewLog.mnuFileClose_Click", u"Not now.");
+}
+
+TEST_F(ViewLogTest, AFailedAboutBoxIsTold) {
+  const auto viewer = ViewOf({});
+  Platform.Screen->OnShowModal(u"frmAbout",
+                               [](memory::Form&) { HuntERR::Raise(ErrorNumber::InternalState, u"Form", u"Not now."); });
+  Fail([&] { Menu(viewer, u"mnuHelpAbout").Choose(); }, u"An error occured while displaying about box.",
+       u"frmViewLog.mnuHelpAbout_Click", u"Not now.");
+}
+
+TEST_F(ViewLogTest, FailedUpdatesAreTold) {
+  const StringView sentence = u"An error occured while changing focus.";
+  const auto viewer = ViewWithSelection();
+  const auto check = [&](StringView handler, const std::function<void()>& act) {
+    SCOPED_TRACE(ToUtf8(handler));
+    const std::size_t before = Platform.MessageBox->Calls().size();
+    Platform.MessageBox->Answer();
+    BreakTurns();
+    act();
+    ASSERT_EQ(Platform.MessageBox->Calls().size(), before + 1);
+    const String& shown = Platform.MessageBox->Calls().back().Prompt;
+    EXPECT_EQ(ToUtf8(shown.substr(0, sentence.size() + 10)), ToUtf8(sentence) + "\r\nNot now.");
+    ExpectTrail(shown, {u"frmViewLog.UpdateUI()", u"frmViewLog." + String(handler)});
+  };
+  check(u"mnuEdit_Click", [&] { Menu(viewer, u"mnuEdit").Choose(); });
+  check(u"txtPast_MouseUp", [&] {
+    Past(viewer).PressMouse({LeftButton, 0, 0, 0});
+    Past(viewer).ReleaseMouse({LeftButton, 0, 0, 0});
+  });
+  check(u"txtPast_LostFocus", [&] { Platform.Screen->SwitchAway(); });
+  check(u"Form_Activate", [&] { Platform.Screen->SwitchBack(); });
+}
+
+TEST_F(ViewLogTest, AFailedUpdateBehindAKeyIsTold) {
+  const auto viewer = ViewWithSelection();
+  viewer->PressKey(65, CtrlState);
+  BreakTurns(); // due behind the update
+  Fail([] { gEventLoop->DoEvents(); }, u"An error occured while changing focus.", u"frmViewLog.Form_KeyDown",
+       u"Not now.");
+}
+
+TEST_F(ViewLogTest, TheEndOfTheProgramPassesItsHandlers) {
+  const auto viewer = ViewWithSelection();
+  gEventLoop->RequestQuit();
+  EXPECT_THROW(Menu(viewer, u"mnuEdit").Choose(), Quit);
+  EXPECT_THROW(Menu(viewer, u"mnuHelpAbout").Choose(), Quit);
+}
+
+} // namespace
+} // namespace portico::test

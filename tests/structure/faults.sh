@@ -5,7 +5,7 @@ tree=$(mktemp -d)
 trap 'rm -rf "$tree"' EXIT
 mkdir -p "$tree"/src/{framework,platform,instructions} "$tree"/tests
 cp "$here/../../.clang-format" "$tree"
-echo '#include "framework/Base.h"' > "$tree/src/platform/Clean.cpp"
+echo '#include "framework/Base.h"' | tee "$tree/src/platform/Clean.cpp" > "$tree/src/instructions/Clean.cpp"
 echo '#include <cstdint>' > "$tree/src/framework/Base.h"
 
 # write FILE TEXT: the file's only content, \n for a line end.
@@ -17,7 +17,10 @@ write() {
 # write_lines FILE COUNT
 write_lines() { write "$1" "$(printf '// line\\n%.0s' $(seq "$2"))"; }
 
-run_check() { bash "$here/check_$check.sh" "$tree" > /dev/null 2>&1; }
+# The layers of the tree; checks that ask for none take no notice.
+printf 'framework:\nplatform: framework\ninstructions: framework\n' > "$tree/layers.txt"
+
+run_check() { bash "$here/check_$check.sh" "$tree" "$tree/layers.txt" > /dev/null 2>&1; }
 
 # passes WHAT: the check finds nothing wrong.
 passes() {

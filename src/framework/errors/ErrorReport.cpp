@@ -1,7 +1,7 @@
 #include "framework/errors/ErrorReport.h"
 
 #include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
+#include "framework/errors/IErrorEnvironment.h"
 
 #include <ctime>
 #include <optional>

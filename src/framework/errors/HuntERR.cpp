@@ -2,115 +2,21 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/ErrorReport.h"
+#include "framework/errors/ErrorState.h"
 #include "framework/errors/Quit.h"
 
 #include <cstdlib>
 #include <new>
 #include <stdexcept>
 #include <typeinfo>
-#include <utility>
 
 namespace portico {
 namespace HuntERR {
 namespace {
 
-/// An error that was stopped where it arose, and that nobody has asked for yet.
-struct Stopped {
-  std::int32_t Number = 0; // 0: none
-  StringView Label;
-  String Value;
-  std::tm Time{};
-};
-
-struct State {
-  ErrorRecord Current;
-  ErrorRecord Saved;
-  bool Preserved = false;
-  LazyText Report;
-  bool HasReport = false;
-  String Collected; // by Check with number 0
-  Stopped Pending;  // newer than all of these
-};
-
-State& Records() {
-  static State state;
-  return state;
-}
-
-void TakeIn(Stopped stopped);
-
-/// What is known, once all of it is on record.
-State& Module() {
-  State& state = Records();
-  if (state.Pending.Number != 0) TakeIn(std::exchange(state.Pending, {}));
-  return state;
-}
-
 constexpr StringView ReportSource = u"HuntERR.ErrorIn";
 
-/// The run time's own text of a standard number.
-StringView StandardText(std::int32_t number) {
-  switch (number) {
-  case ErrorNumber::InvalidArgument:
-    return u"Invalid argument.";
-  case ErrorNumber::Overflow:
-    return u"Overflow.";
-  case ErrorNumber::OutOfMemory:
-    return u"Out of memory.";
-  case ErrorNumber::BadSubscript:
-    return u"Subscript out of range.";
-  case ErrorNumber::DivisionByZero:
-    return u"Division by zero.";
-  case ErrorNumber::TypeMismatch:
-    return u"Type mismatch.";
-  case ErrorNumber::MissingObject:
-    return u"Object reference is not set.";
-  case ErrorNumber::BadPropertyValue:
-    return u"Invalid property value.";
-  case ErrorNumber::DuplicateKey:
-    return u"This key is in the list already.";
-  case ErrorNumber::PropertyNotFound:
-    return u"The object does not have this property or method.";
-  case ErrorNumber::ControlNotFound:
-    return u"The form has no control of this name.";
-  case ErrorNumber::DialogCancelled:
-    return u"Cancel was selected.";
-  case ErrorNumber::IndexOutOfBounds:
-    return u"Index out of bounds.";
-  case ErrorNumber::ElementNotFound:
-    return u"Element not found.";
-  default:
-    return u"Error of the run time.";
-  }
-}
-
 } // namespace
-
-void Raise(std::int32_t Number, StringView Source, StringView Description, StringView HelpFile,
-           std::int32_t HelpContext) {
-  ErrorRecord record;
-  record.Number = Number;
-  record.Source = Source;
-  record.Description = String(Description);
-  record.HelpFile = HelpFile;
-  record.HelpContext = HelpContext;
-  Raise(std::move(record));
-}
-
-void Raise(ErrorRecord record) {
-  Module().Current = record;
-  throw Error(std::move(record));
-}
-
-void RaiseStandard(std::int32_t Number) { Raise(StandardError(Number)); }
-
-ErrorRecord StandardError(std::int32_t Number) {
-  ErrorRecord record;
-  record.Number = Number;
-  record.Source = u"Portico";
-  record.Description = String(StandardText(Number));
-  return record;
-}
 
 void FailCheck(std::int32_t ErrNum, StringView Message, const Params& Values, StringView HelpFile,
                std::int32_t HelpContext) {
@@ -119,7 +25,7 @@ void FailCheck(std::int32_t ErrNum, StringView Message, const Params& Values, St
     message = ReplaceAll(message, u"%" + ToText(static_cast<std::int64_t>(i)), Values[i - 1].TextForm());
   }
   if (ErrNum != 0) Raise(ErrNum, u"HuntERR.Check", message, HelpFile, HelpContext);
-  String& collected = Module().Collected;
+  String& collected = SettledErrors().Collected;
   if (!collected.empty()) collected += NewLine;
   collected += message;
 }
@@ -127,7 +33,7 @@ void FailCheck(std::int32_t ErrNum, StringView Message, const Params& Values, St
 namespace {
 
 LazyText PassTail(const ErrorReport::Passage& passage, unsigned Flags) {
-  State& state = Module();
+  ErrorState& state = SettledErrors();
   if (state.Current.Number == 0 && !state.Preserved) {
     state.Current.Number = ErrorNumber::ERRMAP_APP_FIRST;
     state.Current.Description = String(u"ErrorIn: Error information was lost. To fix: call ErrPreserve before doing "
@@ -156,9 +62,9 @@ LazyText PassTail(const ErrorReport::Passage& passage, unsigned Flags) {
   return state.Report;
 }
 
-void TakeIn(Stopped stopped) {
+void TakeIn(const StoppedError& stopped) {
   Load(Error(StandardError(stopped.Number)));
-  PassTail({stopped.Label, Params{Value(std::move(stopped.Value))}, stopped.Time}, StopFlags);
+  PassTail({stopped.Label, Params{Value(stopped.Value)}, stopped.Time}, StopFlags);
 }
 
 } // namespace
@@ -168,42 +74,42 @@ LazyText ErrorIn(StringView MethodName, const Params& Values, unsigned Flags) {
 }
 
 void ErrPreserve() {
-  State& state = Module();
+  ErrorState& state = SettledErrors();
   if (state.Preserved || state.Current.Number == 0) return;
   state.Saved = state.Current;
   state.Preserved = true;
 }
 
-void ErrRestore() { Module().Current = Module().Saved; }
+void ErrRestore() { SettledErrors().Current = SettledErrors().Saved; }
 
-std::int32_t ErrNumber() { return Module().Saved.Number; }
-String ErrSource() { return Module().Saved.Source; }
-String ErrDescription() { return Module().Saved.Description; }
+std::int32_t ErrNumber() { return SettledErrors().Saved.Number; }
+String ErrSource() { return SettledErrors().Saved.Source; }
+String ErrDescription() { return SettledErrors().Saved.Description; }
 
 bool IsExpectedError() { return ErrNumber() >= ErrorNumber::FirstExpected && ErrNumber() <= ErrorNumber::LastExpected; }
 
 String ErrReport() {
-  const State& state = Module();
+  const ErrorState& state = SettledErrors();
   if (state.HasReport) return state.Report;
   if (state.Current.Source == ReportSource) return state.Current.Description;
   return {};
 }
 
 void Load(const Error& error) {
-  State& state = Module();
+  ErrorState& state = SettledErrors();
   state.Current = error.Record();
   state.Preserved = error.Held() != nullptr;
   if (state.Preserved) state.Saved = *error.Held();
 }
 
-const ErrorRecord& Err() { return Module().Current; }
+const ErrorRecord& Err() { return SettledErrors().Current; }
 
-void Reset() { Records() = State{}; }
+void Reset() { KnownErrors() = ErrorState{}; }
 
 // Each one replaces all that the one before left behind, but for a text that was collected.
 void RecordStandard(std::int32_t Number, StringView Label, StringView Value) {
-  if (!Records().Collected.empty()) Module();
-  Records().Pending = {Number, Label, String(Value), Environment().LocalTime()};
+  if (!KnownErrors().Collected.empty()) SettledErrors();
+  KnownErrors().Pending = {Number, Label, String(Value), Environment().LocalTime(), &TakeIn};
 }
 
 } // namespace HuntERR

@@ -2,6 +2,7 @@
 
 #include "framework/errors/ErrorRecord.h"
 #include "framework/errors/IErrorEnvironment.h"
+#include "framework/errors/Raise.h"
 #include "framework/errors/Value.h"
 
 #include <concepts>
@@ -21,20 +22,6 @@ inline constexpr unsigned AddToReport = 0x02;
 /// requests, which this program never has.
 inline constexpr unsigned PassFlags = 0x23;
 inline constexpr unsigned StopFlags = 0x2A;
-
-/// Whose clock, names and files reports use; null for none. Not owned.
-void SetEnvironment(IErrorEnvironment* environment);
-/// Never null; without one that was set, a silent one without names that writes nothing.
-IErrorEnvironment& Environment();
-
-/// Fills the current error and unwinds.
-[[noreturn]] void Raise(std::int32_t Number, StringView Source, StringView Description, StringView HelpFile = {},
-                        std::int32_t HelpContext = 0);
-[[noreturn]] void Raise(ErrorRecord record);
-/// Raises a standard number with the run time's own text and source.
-[[noreturn]] void RaiseStandard(std::int32_t Number);
-/// The record of such an error, to be recorded without raising it.
-ErrorRecord StandardError(std::int32_t Number);
 
 /// What `Check` does when its condition does not hold.
 void FailCheck(std::int32_t ErrNum, StringView Message, const Params& Values = {}, StringView HelpFile = {},

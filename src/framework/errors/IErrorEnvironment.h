@@ -34,4 +34,13 @@ public:
   virtual void Sleep(std::chrono::milliseconds duration) = 0;
 };
 
+namespace HuntERR {
+
+/// Whose clock, names and files reports use; null for none. Not owned.
+void SetEnvironment(IErrorEnvironment* environment);
+/// Never null; without one that was set, a silent one without names that writes nothing.
+IErrorEnvironment& Environment();
+
+} // namespace HuntERR
+
 } // namespace portico

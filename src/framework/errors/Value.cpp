@@ -1,7 +1,7 @@
 #include "framework/errors/Value.h"
 
 #include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
+#include "framework/errors/Raise.h"
 
 #include <cmath>
 #include <limits>

@@ -1,17 +1,16 @@
 #include "configuration/CSetting.h"
 
-#include "configuration/CSettings.h"
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 
 namespace portico {
 
 CSetting::~CSetting() {
-  if (m_collection != nullptr) m_collection->Forget(*this);
+  if (m_owner != nullptr) m_owner->Forget(*this);
 }
 
-void CSetting::TellCollection() const {
-  if (m_collection != nullptr) m_collection->TakeOver(*this);
+void CSetting::TellOwner() const {
+  if (m_owner != nullptr) m_owner->TakeOver(*this);
 }
 
 void CSetting::Initialize(const String& Name, const String& Value) try {
@@ -20,7 +19,7 @@ void CSetting::Initialize(const String& Name, const String& Value) try {
   m_value = Value;
   m_washedValue = Value;
   m_initialized = true;
-  TellCollection();
+  TellOwner();
 } catch (...) {
   PassOn(Label(u".Initialize"));
 }
@@ -32,7 +31,7 @@ bool CSetting::IsDirty() const try { return m_washedValue == m_value; } catch (.
 
 void CSetting::Wash() try {
   m_washedValue = m_value;
-  TellCollection();
+  TellOwner();
 } catch (...) {
   PassOn(Label(u".Wash()"));
 }
@@ -55,7 +54,7 @@ const String& CSetting::Value() const try {
 void CSetting::Value(const String& newValue) try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
   m_value = newValue;
-  TellCollection();
+  TellOwner();
 } catch (...) {
   PassOn(Label(u".Value(newValue)"), {newValue});
 }
@@ -70,7 +69,7 @@ const String& CSetting::Name() const try {
 void CSetting::Name(const String& newValue) try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
   m_name = newValue;
-  TellCollection();
+  TellOwner();
 } catch (...) {
   PassOn(Label(u".Name(newValue)"), {newValue});
 }

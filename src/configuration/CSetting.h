@@ -6,7 +6,19 @@
 
 namespace portico {
 
-class CSettings;
+class CSetting;
+
+/// What a setting tells the collection that it stands in.
+class ISettingOwner {
+public:
+  /// The setting has another name, value or washed value.
+  virtual void TakeOver(const CSetting& setting) = 0;
+  /// Nobody holds the setting any more.
+  virtual void Forget(const CSetting& setting) noexcept = 0;
+
+protected:
+  ~ISettingOwner() = default;
+};
 
 /// One setting. Every member but `IsDirty` and `Wash` raises 0x80041460 before `Initialize`.
 ///
@@ -33,10 +45,10 @@ private:
   friend class CSettings;
 
   String Label(StringView member) const { return String(ClassName()).append(member); }
-  void TellCollection() const;
+  void TellOwner() const;
 
   bool m_initialized = false;
-  CSettings* m_collection = nullptr; // none for a setting that is in none, or was taken out
+  ISettingOwner* m_owner = nullptr; // none for a setting that is in none, or was taken out
   String m_washedValue;
   String m_name;
   String m_value;

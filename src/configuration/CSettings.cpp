@@ -87,7 +87,7 @@ Ref<IAttribute> CSettings::Add(const String& AttributeName, const String& Attrib
   if (FindRecord(AttributeName) != nullptr) HuntERR::RaiseStandard(ErrorNumber::DuplicateKey);
   m_records.emplace_back(AttributeName, AttributeValue);
   m_records.back().SetObject(setting.Get());
-  setting->m_collection = this;
+  setting->m_owner = this;
   Changed();
   return setting;
 } catch (...) {
@@ -190,7 +190,7 @@ Ref<CSetting> CSettings::ObjectOf(SettingRecord& record) const {
   setting->m_washedValue = record.Washed().ToString();
   setting->m_initialized = true;
   record.SetObject(setting.Get());
-  setting->m_collection = const_cast<CSettings*>(this); // who holds the object may write through it
+  setting->m_owner = const_cast<CSettings*>(this); // who holds the object may write through it
   return setting;
 }
 
@@ -202,7 +202,7 @@ void CSettings::Replace(Records records) noexcept {
 }
 
 void CSettings::Release(SettingRecord& record) noexcept {
-  if (record.Object() != nullptr) record.Object()->m_collection = nullptr;
+  if (record.Object() != nullptr) record.Object()->m_owner = nullptr;
 }
 
 void CSettings::Changed() const noexcept {

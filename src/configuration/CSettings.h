@@ -20,7 +20,7 @@ protected:
 /// long as anybody holds it.
 ///
 /// Before `Initialize` there is no collection: the guarded members raise 0x80041460, the others 91.
-class CSettings final : public IAttributes {
+class CSettings final : public IAttributes, private ISettingOwner {
 public:
   CSettings() = default;
   /// The observer, if any, is not owned; it outlives the collection or its last change.
@@ -51,7 +51,6 @@ public:
   bool HasRenamed() const;
 
 private:
-  friend class CSetting;
   using Records = std::vector<SettingRecord>;
 
   String Label(StringView member) const { return String(ClassName()).append(member); }
@@ -66,8 +65,8 @@ private:
   void Changed() const noexcept;
   static void RecordMissing(StringView AttributeName);
 
-  void TakeOver(const CSetting& setting);
-  void Forget(const CSetting& setting) noexcept;
+  void TakeOver(const CSetting& setting) override;
+  void Forget(const CSetting& setting) noexcept override;
 
   bool m_initialized = false;
   bool m_exists = false; // `Clear` makes a collection too

@@ -29,6 +29,12 @@ void Append(Names& names, const Names& more) { names.insert(names.end(), more.be
 /// A factory with nothing in it.
 class Registrars : public support::PlatformFixture {
 protected:
+  void TearDown() override {
+    PlatformFixture::TearDown();
+    gChannel = nullptr;
+    gTimeStamper = nullptr;
+  }
+
   Names Registered() const {
     Names names;
     for (const auto& creator : m_factory->Creators().NewEnum()) names.push_back(creator->Specification().ToString());

@@ -5,6 +5,7 @@
 #include "qt/text/TextBlocks.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
 #include <QTextFragment>
 
@@ -105,7 +106,7 @@ TextWindow::TextWindow()
   box.Move(0, 0, 400 * FormUnitsPerPixel, 300 * FormUnitsPerPixel);
 }
 
-TextWindow::~TextWindow() = default;
+TextWindow::~TextWindow() { QApplication::clipboard()->clear(); }
 
 void TextWindow::Settle() {
   box.Show();

@@ -8,7 +8,7 @@
 
 namespace portico::test {
 
-/// A window, shown offscreen and active, with one rich text box that fills it.
+/// A window, shown offscreen and active, with one rich text box that fills it. It leaves an empty clipboard behind.
 struct TextWindow {
   TextWindow();
 

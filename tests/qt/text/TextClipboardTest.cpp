@@ -15,8 +15,6 @@ namespace {
 
 class TextClipboardTest : public testing::Test, protected TextWindow {
 protected:
-  TextClipboardTest() { QApplication::clipboard()->clear(); }
-
   void Put(StringView text) {
     box.Text(text);
     Settle();

@@ -206,7 +206,7 @@ class Portico:
     def click(self, node, button=1):
         self.wait(lambda: node.showing and node.enabled, f"{node.role} {node.name!r} to be ready")
         x, y = node.middle()
-        self.desktop.xdotool("mousemove", "--sync", x, y, "click", button)
+        self.desktop.xdotool("mousemove", x, y, "click", button)
 
     def choose(self, title, *captions):
         """Opens a menu and chooses, with the mouse."""

@@ -1,5 +1,7 @@
 // Runs the tests without a screen.
 
+#include "support/RunTests.h"
+
 #include <QApplication>
 #include <QStandardPaths>
 
@@ -25,5 +27,5 @@ int main(int argc, char** argv) {
   QStandardPaths::setTestModeEnabled(true);
   testing::InitGoogleMock(&argc, argv);
   const QApplication application(argc, argv);
-  return RUN_ALL_TESTS();
+  return portico::test::RunTests();
 }

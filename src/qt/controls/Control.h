@@ -4,7 +4,7 @@
 #include "platform/IControl.h"
 #include "qt/controls/Placed.h"
 #include "qt/controls/TabOrder.h"
-#include "qt/loop/Entry.h"
+#include "qt/loop/HandlerTurn.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
 #include "qt/desktop/Screen.h"
 
-#include "qt/loop/Entry.h"
+#include "qt/loop/HandlerTurn.h"
 
 #include <QApplication>
 

@@ -2,7 +2,7 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
-#include "qt/loop/Entry.h"
+#include "qt/loop/HandlerTurn.h"
 
 namespace portico::qt {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/IRichTextControl.h"
-#include "qt/text/TextBox.h"
+#include "qt/text/RichTextEditor.h"
 
 namespace portico::qt {
 

@@ -2,7 +2,7 @@
 
 #include "qt/loop/EventLoop.h"
 #include "framework/errors/Quit.h"
-#include "qt/loop/Entry.h"
+#include "qt/loop/HandlerTurn.h"
 #include "qt/loop/QuitSignals.h"
 #include "support/Raised.h"
 

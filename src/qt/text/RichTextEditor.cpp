@@ -1,4 +1,4 @@
-#include "qt/text/TextBox.h"
+#include "qt/text/RichTextEditor.h"
 
 #include "framework/errors/ErrorRecord.h"
 #include "qt/text/Text.h"

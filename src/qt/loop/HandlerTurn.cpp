@@ -1,4 +1,4 @@
-#include "qt/loop/Entry.h"
+#include "qt/loop/HandlerTurn.h"
 
 #include <cstddef>
 #include <vector>

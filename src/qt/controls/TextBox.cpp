@@ -1,4 +1,4 @@
-#include "qt/controls/LineBox.h"
+#include "qt/controls/TextBox.h"
 
 #include "qt/text/Text.h"
 

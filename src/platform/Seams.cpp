@@ -8,6 +8,8 @@
 #include "platform/IRegistry.h"
 #include "platform/ISettingsStore.h"
 
+// The seams that a platform fills, all in one place.
+
 namespace portico {
 
 Ref<ICommonDialog> gCommonDialog;

@@ -8,15 +8,15 @@
 
 namespace portico::qt {
 
-LineBox::LineBox(const ControlDesign& design, std::shared_ptr<FormLife> life, QLineEdit& edit)
+TextBox::TextBox(const ControlDesign& design, std::shared_ptr<FormLife> life, QLineEdit& edit)
     : TabStopControl(design, std::move(life), edit), m_edit(edit) {
   edit.setText(ToQt(design.Caption));
   QObject::connect(&edit, &QLineEdit::textChanged, &edit, [this] { EnterAndFire(m_change); });
 }
 
-String LineBox::Text() const { return FromQt(m_edit.text()); }
+String TextBox::Text() const { return FromQt(m_edit.text()); }
 
-void LineBox::Text(const String& newValue) {
+void TextBox::Text(const String& newValue) {
   if (newValue == Text()) return;
   {
     const QSignalBlocker quiet(m_edit);

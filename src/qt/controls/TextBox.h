@@ -8,9 +8,9 @@
 namespace portico::qt {
 
 /// A line of text that is typed. A label in front of it in its table names it.
-class LineBox final : public TabStopControl, public virtual ITextBox {
+class TextBox final : public TabStopControl, public virtual ITextBox {
 public:
-  LineBox(const ControlDesign& design, std::shared_ptr<FormLife> life, QLineEdit& edit);
+  TextBox(const ControlDesign& design, std::shared_ptr<FormLife> life, QLineEdit& edit);
 
   String Text() const override;
   void Text(const String& newValue) override;

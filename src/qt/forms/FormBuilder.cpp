@@ -65,7 +65,7 @@ private:
       Make<Label>(design, new QLabel(&parent));
       break;
     case ControlKind::TextBox:
-      MakeStop<LineBox>(design, new QLineEdit(&parent));
+      MakeStop<TextBox>(design, new QLineEdit(&parent));
       break;
     case ControlKind::ComboBox:
       MakeStop<ComboBox>(design, new QComboBox(&parent));

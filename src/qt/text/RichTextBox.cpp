@@ -16,7 +16,7 @@ int Pixels(double units) { return static_cast<int>(std::lround(units / FormUnits
 } // namespace
 
 RichTextBox::RichTextBox(const ControlDesign& design, QWidget& parent, StringView fontName, double fontSize)
-    : TextBox(*new TextView(&parent), fontName, fontSize),
+    : RichTextEditor(*new TextView(&parent), fontName, fontSize),
       m_widget(&View()),
       m_name(design.Name),
       m_tag(design.Tag),

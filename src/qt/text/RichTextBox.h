@@ -7,7 +7,7 @@ namespace portico::qt {
 
 /// The rich text box of a form. It is shown by a `TextView`, a child of `parent` that bears the design's name; that one
 /// belongs to its window, and may go before the box, which then has no place any more.
-class RichTextBox final : public TextBox, public virtual IRichTextControl {
+class RichTextBox final : public RichTextEditor, public virtual IRichTextControl {
 public:
   /// The font is that of the standard formatting. Its size is in points.
   RichTextBox(const ControlDesign& design, QWidget& parent, StringView fontName, double fontSize);

@@ -20,7 +20,7 @@ int Narrow(std::size_t count) { return static_cast<int>(count); }
 
 } // namespace
 
-TextBox::TextBox(TextView& view, StringView fontName, double fontSize)
+RichTextEditor::RichTextEditor(TextView& view, StringView fontName, double fontSize)
     : RichTextModel(fontName, fontSize),
       m_view(&view),
       m_document(*view.document()),
@@ -40,37 +40,37 @@ TextBox::TextBox(TextView& view, StringView fontName, double fontSize)
   view.Owner(this);
 }
 
-TextBox::~TextBox() {
+RichTextEditor::~RichTextEditor() {
   if (m_view) m_view->Owner(nullptr);
 }
 
-void TextBox::SetFocus() {
+void RichTextEditor::SetFocus() {
   if (m_view) m_view->setFocus(Qt::OtherFocusReason);
 }
 
 // What the program changes.
 
-void TextBox::OnLines(std::size_t first, std::size_t before, std::size_t after) {
+void RichTextEditor::OnLines(std::size_t first, std::size_t before, std::size_t after) {
   m_changes.Add(first, before, after);
   Await();
 }
 
-void TextBox::OnSelection() {
+void RichTextEditor::OnSelection() {
   if (m_isReading) return;
   m_awaitsSelection = true;
   Await();
 }
 
-void TextBox::Await() {
+void RichTextEditor::Await() {
   if (!m_frame.isActive()) m_frame.start();
 }
 
-void TextBox::Show() {
+void RichTextEditor::Show() {
   if (m_isWriting || !m_view) return;
   if (!m_changes.IsEmpty() || m_awaitsSelection) Flush(false);
 }
 
-void TextBox::Flush(bool isUserEdit) {
+void RichTextEditor::Flush(bool isUserEdit) {
   const QScopedValueRollback writing(m_isWriting, true);
   m_frame.stop();
   const QTextCursor before = m_view->textCursor();
@@ -92,7 +92,7 @@ void TextBox::Flush(bool isUserEdit) {
 }
 
 /// A stretch without lines, or without blocks, takes in a neighbour.
-void TextBox::WriteStretch(const richtext::LineChanges::Stretch& stretch) {
+void RichTextEditor::WriteStretch(const richtext::LineChanges::Stretch& stretch) {
   auto [first, count, oldFirst, oldCount] = stretch;
   if (count == 0 || oldCount == 0) {
     if (first + count == Lines().Count()) {
@@ -106,7 +106,7 @@ void TextBox::WriteStretch(const richtext::LineChanges::Stretch& stretch) {
                  [&](std::size_t i) -> const richtext::FormattedLine& { return Lines()[first + i]; });
 }
 
-void TextBox::ShowSelection(bool isBackwards) {
+void RichTextEditor::ShowSelection(bool isBackwards) {
   const Place from = From();
   const Place to = To();
   const bool isCaret = from.Line == to.Line && from.Offset == to.Offset;
@@ -122,12 +122,12 @@ void TextBox::ShowSelection(bool isBackwards) {
   if (m_view->isVisible()) m_view->ensureCursorVisible();
 }
 
-int TextBox::ToDocument(Place place, bool isEnd) const {
+int RichTextEditor::ToDocument(Place place, bool isEnd) const {
   const QTextBlock block = m_document.findBlockByNumber(Narrow(place.Line));
   return block.position() + m_blocks.ToBlock(block, Lines()[place.Line].Text.size(), place.Offset, isEnd);
 }
 
-TextBox::Place TextBox::FromDocument(int position) const {
+RichTextEditor::Place RichTextEditor::FromDocument(int position) const {
   const QTextBlock block = m_document.findBlock(position);
   const auto line = static_cast<std::size_t>(block.blockNumber());
   const std::size_t length = Lines()[line].Text.size();
@@ -136,7 +136,7 @@ TextBox::Place TextBox::FromDocument(int position) const {
 
 // What the user changes.
 
-void TextBox::ReadContents(int position, int added) {
+void RichTextEditor::ReadContents(int position, int added) {
   if (m_isWriting || !m_view) return;
   if (!m_changes.IsEmpty()) { // somebody has edited a text that was not up to date: it becomes what it should be
     m_changes.Clear();
@@ -165,7 +165,7 @@ void TextBox::ReadContents(int position, int added) {
   if (m_isChanged) QTimer::singleShot(0, &m_frame, [this] { Settle(); });
 }
 
-void TextBox::ReadSelection() {
+void RichTextEditor::ReadSelection() {
   if (m_isWriting || !m_view || m_awaitsSelection || !m_changes.IsEmpty()) return;
   const QTextCursor cursor = m_view->textCursor();
   const Range selected{cursor.selectionStart(), cursor.selectionEnd()};
@@ -178,19 +178,19 @@ void TextBox::ReadSelection() {
   m_selected = selected;
 }
 
-void TextBox::Settle() {
+void RichTextEditor::Settle() {
   ReadSelection();
   if (std::exchange(m_isChanged, false)) OnUserChange();
 }
 
-std::unique_ptr<QMimeData> TextBox::Selection() {
+std::unique_ptr<QMimeData> RichTextEditor::Selection() {
   ReadSelection();
   return ToClipboard(Lines().Copy(From(), To()));
 }
 
-QTextCharFormat TextBox::TypingFormat() { return m_blocks.Formats().Of(InsertionFormat().Character); }
+QTextCharFormat RichTextEditor::TypingFormat() { return m_blocks.Formats().Of(InsertionFormat().Character); }
 
-void TextBox::UserPut(richtext::FormattedText text) {
+void RichTextEditor::UserPut(richtext::FormattedText text) {
   try {
     m_isChanged |= Put(std::move(text));
   } catch (const Error&) { // longer than a text can be
@@ -198,19 +198,19 @@ void TextBox::UserPut(richtext::FormattedText text) {
   }
 }
 
-void TextBox::Insert(const QMimeData& data) {
+void RichTextEditor::Insert(const QMimeData& data) {
   Show();
   ReadSelection();
   UserPut(FromClipboard(data, InsertionFormat()));
   Flush(true);
 }
 
-void TextBox::InsertText(StringView text) {
+void RichTextEditor::InsertText(StringView text) {
   UserPut(richtext::FormatPlain(text, InsertionFormat()));
   Flush(true);
 }
 
-void TextBox::Drop(const QMimeData& data, const QTextCursor& place, const QTextCursor& moved) {
+void RichTextEditor::Drop(const QMimeData& data, const QTextCursor& place, const QTextCursor& moved) {
   const int at = place.position();
   if (!moved.isNull() && at >= moved.selectionStart() && at <= moved.selectionEnd()) return; // onto itself
   std::int64_t position = Lines().PositionOf(FromDocument(at));
@@ -226,7 +226,7 @@ void TextBox::Drop(const QMimeData& data, const QTextCursor& place, const QTextC
   Flush(true);
 }
 
-void TextBox::Zoom(double factor) {
+void RichTextEditor::Zoom(double factor) {
   m_blocks.Formats().Zoom(factor);
   if (!m_blocks.Formats().HasOwnSizes()) return;
   OnLines(0, Lines().Count(), Lines().Count());

@@ -13,7 +13,7 @@ namespace portico::qt {
 /// A rich text box whose text a view shows and the user edits there. The model has the answers to all that the program
 /// asks. What the program changes reaches the view once a frame, in one step that the user cannot undo, and before the
 /// user does anything; what the user changes reaches the model at once.
-class TextBox : public richtext::RichTextModel, private ITextViewOwner {
+class RichTextEditor : public richtext::RichTextModel, private ITextViewOwner {
 public:
   /// Brings the view up to date.
   void Show() override;
@@ -21,10 +21,10 @@ public:
 
 protected:
   /// The view, new, is given the font of the standard formatting.
-  TextBox(TextView& view, StringView fontName, double fontSize);
-  TextBox(const TextBox&) = delete;
-  TextBox& operator=(const TextBox&) = delete;
-  ~TextBox() override;
+  RichTextEditor(TextView& view, StringView fontName, double fontSize);
+  RichTextEditor(const RichTextEditor&) = delete;
+  RichTextEditor& operator=(const RichTextEditor&) = delete;
+  ~RichTextEditor() override;
 
   /// Only for as long as there is one.
   TextView& View() const { return *m_view; }

@@ -11,7 +11,7 @@
 namespace portico::test {
 namespace {
 
-class TextBoxTest : public testing::Test, protected TextWindow {
+class RichTextEditorTest : public testing::Test, protected TextWindow {
 protected:
   void Put(StringView text) {
     box.Text(text);
@@ -25,14 +25,14 @@ protected:
   }
 };
 
-TEST_F(TextBoxTest, TypingReachesTheBoxAtOnce) {
+TEST_F(RichTextEditorTest, TypingReachesTheBoxAtOnce) {
   Type("ab");
   EXPECT_EQ(box.Text(), u"ab");
   EXPECT_EQ(box.SelStart(), 2);
   EXPECT_EQ(changes, 2);
 }
 
-TEST_F(TextBoxTest, ReturnAndShiftReturnEndALine) {
+TEST_F(RichTextEditorTest, ReturnAndShiftReturnEndALine) {
   Type("a\nb");
   Key(Qt::Key_Return, Qt::ShiftModifier, "\r");
   Type("c");
@@ -42,7 +42,7 @@ TEST_F(TextBoxTest, ReturnAndShiftReturnEndALine) {
   ExpectShown(box);
 }
 
-TEST_F(TextBoxTest, ChangeFiresWhenAllIsInPlace) {
+TEST_F(RichTextEditorTest, ChangeFiresWhenAllIsInPlace) {
   Put(u"ab");
   String text;
   std::int32_t start = 0;
@@ -56,7 +56,7 @@ TEST_F(TextBoxTest, ChangeFiresWhenAllIsInPlace) {
   EXPECT_EQ(start, 2);
 }
 
-TEST_F(TextBoxTest, AHandlerMayChangeTheText) {
+TEST_F(RichTextEditorTest, AHandlerMayChangeTheText) {
   bool isFirst = true;
   box.Change().Connect([&] {
     if (!std::exchange(isFirst, false)) return;
@@ -67,13 +67,13 @@ TEST_F(TextBoxTest, AHandlerMayChangeTheText) {
   ExpectShown(box);
 }
 
-TEST_F(TextBoxTest, QuitOfAHandlerGoesNoFurther) {
+TEST_F(RichTextEditorTest, QuitOfAHandlerGoesNoFurther) {
   box.Change().Connect([] { throw Quit(); });
   Type("ab");
   EXPECT_EQ(box.Text(), u"ab");
 }
 
-TEST_F(TextBoxTest, AHandlerMayLetTheBoxGo) {
+TEST_F(RichTextEditorTest, AHandlerMayLetTheBoxGo) {
   QWidget parent;
   auto other = std::make_unique<qt::RichTextBox>(ControlDesign{.Kind = ControlKind::RichTextBox, .Name = u"txtOther"},
                                                  parent, u"Sans", 10);
@@ -86,7 +86,7 @@ TEST_F(TextBoxTest, AHandlerMayLetTheBoxGo) {
   EXPECT_EQ(view.toPlainText(), "aa");
 }
 
-TEST_F(TextBoxTest, TheBoxOutlivesItsWindow) {
+TEST_F(RichTextEditorTest, TheBoxOutlivesItsWindow) {
   auto parent = std::make_unique<QWidget>();
   qt::RichTextBox other({.Kind = ControlKind::RichTextBox, .Name = u"txtOther"}, *parent, u"Sans", 10);
   parent.reset();
@@ -101,14 +101,14 @@ TEST_F(TextBoxTest, TheBoxOutlivesItsWindow) {
   EXPECT_EQ(other.Width(), 0);
 }
 
-TEST_F(TextBoxTest, KeysThatChangeNothingFireNothing) {
+TEST_F(RichTextEditorTest, KeysThatChangeNothingFireNothing) {
   Key(Qt::Key_Backspace);
   Key(Qt::Key_Delete);
   Key(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(changes, 0);
 }
 
-TEST_F(TextBoxTest, DeletingJoinsLines) {
+TEST_F(RichTextEditorTest, DeletingJoinsLines) {
   Put(u"ab\r\n\r\ncd");
   Key(Qt::Key_End);
   Key(Qt::Key_Delete);
@@ -119,7 +119,7 @@ TEST_F(TextBoxTest, DeletingJoinsLines) {
   ExpectShown(box);
 }
 
-TEST_F(TextBoxTest, TheUsersSelectionIsTheBoxes) {
+TEST_F(RichTextEditorTest, TheUsersSelectionIsTheBoxes) {
   Put(u"ab\r\ncd\r\nef");
   SelectInView(7, 1);
   EXPECT_EQ(box.SelStart(), 1);
@@ -130,7 +130,7 @@ TEST_F(TextBoxTest, TheUsersSelectionIsTheBoxes) {
   EXPECT_EQ(changes, 0);
 }
 
-TEST_F(TextBoxTest, TheProgramsSelectionIsShown) {
+TEST_F(RichTextEditorTest, TheProgramsSelectionIsShown) {
   Put(u"ab\r\ncd");
   box.SelStart(1);
   box.SelLength(4);
@@ -141,7 +141,7 @@ TEST_F(TextBoxTest, TheProgramsSelectionIsShown) {
   EXPECT_EQ(box.Text(), u"axd");
 }
 
-TEST_F(TextBoxTest, ASelectionMadeBackwardsStaysSo) {
+TEST_F(RichTextEditorTest, ASelectionMadeBackwardsStaysSo) {
   Put(u"abcd");
   SelectInView(3, 1);
   box.SelFormat({.SelBold = true});
@@ -150,7 +150,7 @@ TEST_F(TextBoxTest, ASelectionMadeBackwardsStaysSo) {
   EXPECT_EQ(View().textCursor().position(), 1);
 }
 
-TEST_F(TextBoxTest, WhatWasReplacedIsUpToDateBeforeAKeyActs) {
+TEST_F(RichTextEditorTest, WhatWasReplacedIsUpToDateBeforeAKeyActs) {
   Put(u"old");
   box.Text(u"new\r\ntext");
   box.SelStart(3);
@@ -158,7 +158,7 @@ TEST_F(TextBoxTest, WhatWasReplacedIsUpToDateBeforeAKeyActs) {
   EXPECT_EQ(box.Text(), u"newer\r\ntext");
 }
 
-TEST_F(TextBoxTest, TypedTextLooksAsTheProgramSaid) {
+TEST_F(RichTextEditorTest, TypedTextLooksAsTheProgramSaid) {
   box.SelFormat({.SelBold = true, .SelColor = 0x0000FF});
   Type("ab");
   box.SelStart(0);
@@ -167,7 +167,7 @@ TEST_F(TextBoxTest, TypedTextLooksAsTheProgramSaid) {
   EXPECT_EQ(box.SelFormat().SelColor, 0x0000FF);
 }
 
-TEST_F(TextBoxTest, TypedTextLooksLikeWhatItReplaces) {
+TEST_F(RichTextEditorTest, TypedTextLooksLikeWhatItReplaces) {
   Put(u"abcd");
   box.SelStart(1);
   box.SelLength(2);
@@ -184,7 +184,7 @@ TEST_F(TextBoxTest, TypedTextLooksLikeWhatItReplaces) {
   EXPECT_EQ(box.SelFormat().SelItalic, false);
 }
 
-TEST_F(TextBoxTest, TypedTextInAnEmptyLineLooksLikeItsLineEnd) {
+TEST_F(RichTextEditorTest, TypedTextInAnEmptyLineLooksLikeItsLineEnd) {
   Put(u"a\r\n\r\nb");
   box.SelStart(3);
   box.SelLength(2);
@@ -197,7 +197,7 @@ TEST_F(TextBoxTest, TypedTextInAnEmptyLineLooksLikeItsLineEnd) {
   EXPECT_EQ(box.SelFormat().SelItalic, true);
 }
 
-TEST_F(TextBoxTest, EveryLookComesBackFromTheDocument) {
+TEST_F(RichTextEditorTest, EveryLookComesBackFromTheDocument) {
   const SelectionFormat look{.SelAlignment = 2,
                              .SelBullet = true,
                              .SelHangingIndent = 300,
@@ -227,7 +227,7 @@ TEST_F(TextBoxTest, EveryLookComesBackFromTheDocument) {
   EXPECT_EQ(box.SelFormat().SelBold, false);
 }
 
-TEST_F(TextBoxTest, EveryUnitComesBackFromTheDocument) {
+TEST_F(RichTextEditorTest, EveryUnitComesBackFromTheDocument) {
   const String strange = u"\u00A0\u2028\u2029\uFDD0\uFDD1\uFFFC\uFFFD\u2026\t";
   Put(strange);
   Key(Qt::Key_Right);
@@ -239,14 +239,14 @@ TEST_F(TextBoxTest, EveryUnitComesBackFromTheDocument) {
   ExpectShown(box);
 }
 
-TEST_F(TextBoxTest, ALineSeparatorThatTheUserBringsEndsALine) {
+TEST_F(RichTextEditorTest, ALineSeparatorThatTheUserBringsEndsALine) {
   Put(u"ab");
   Compose({}, QString("x\u2028y"));
   EXPECT_EQ(box.Text(), u"x\r\nyab");
   ExpectShown(box);
 }
 
-TEST_F(TextBoxTest, ComposedTextComesWhenItIsDone) {
+TEST_F(RichTextEditorTest, ComposedTextComesWhenItIsDone) {
   Compose("ni", {});
   EXPECT_EQ(box.Text(), u"");
   EXPECT_EQ(changes, 0);
@@ -255,7 +255,7 @@ TEST_F(TextBoxTest, ComposedTextComesWhenItIsDone) {
   EXPECT_EQ(changes, 1);
 }
 
-TEST_F(TextBoxTest, ComposedTextReplacesTheSelectionInItsLook) {
+TEST_F(RichTextEditorTest, ComposedTextReplacesTheSelectionInItsLook) {
   Put(u"abcd");
   box.SelStart(1);
   box.SelLength(2);
@@ -267,7 +267,7 @@ TEST_F(TextBoxTest, ComposedTextReplacesTheSelectionInItsLook) {
   EXPECT_EQ(box.SelFormat().SelItalic, true);
 }
 
-TEST_F(TextBoxTest, UndoTakesTypingBack) {
+TEST_F(RichTextEditorTest, UndoTakesTypingBack) {
   Put(u"ab");
   Key(Qt::Key_End);
   Type("cd");
@@ -278,7 +278,7 @@ TEST_F(TextBoxTest, UndoTakesTypingBack) {
   EXPECT_EQ(box.Text(), u"abcd");
 }
 
-TEST_F(TextBoxTest, UndoTakesNothingBackThatTheProgramDid) {
+TEST_F(RichTextEditorTest, UndoTakesNothingBackThatTheProgramDid) {
   Type("ab");
   box.SelText(u"cd");
   Settle();
@@ -289,7 +289,7 @@ TEST_F(TextBoxTest, UndoTakesNothingBackThatTheProgramDid) {
   EXPECT_EQ(box.Text(), u"abcd");
 }
 
-TEST_F(TextBoxTest, UndoWorksOnWhenTheProgramOnlySelects) {
+TEST_F(RichTextEditorTest, UndoWorksOnWhenTheProgramOnlySelects) {
   Type("ab");
   box.SelStart(0);
   Settle();
@@ -297,7 +297,7 @@ TEST_F(TextBoxTest, UndoWorksOnWhenTheProgramOnlySelects) {
   EXPECT_EQ(box.Text(), u"");
 }
 
-TEST_F(TextBoxTest, EditsThroughNoKeyAreNoticedToo) {
+TEST_F(RichTextEditorTest, EditsThroughNoKeyAreNoticedToo) {
   View().textCursor().insertText("ab\ncd");
   EXPECT_EQ(box.Text(), u"ab\r\ncd");
   EXPECT_EQ(changes, 0);
@@ -307,7 +307,7 @@ TEST_F(TextBoxTest, EditsThroughNoKeyAreNoticedToo) {
   EXPECT_EQ(box.Text(), u"");
 }
 
-TEST_F(TextBoxTest, AnEditOfATextThatIsNotUpToDateIsUndone) {
+TEST_F(RichTextEditorTest, AnEditOfATextThatIsNotUpToDateIsUndone) {
   Put(u"abc");
   box.Text(u"xyz");
   View().textCursor().insertText("!");
@@ -316,7 +316,7 @@ TEST_F(TextBoxTest, AnEditOfATextThatIsNotUpToDateIsUndone) {
   ExpectShown(box);
 }
 
-TEST_F(TextBoxTest, TheProgramsEditsWaitForTheNextFrame) {
+TEST_F(RichTextEditorTest, TheProgramsEditsWaitForTheNextFrame) {
   Put(u"a");
   for (int i = 0; i < 100; ++i) {
     box.SelStart(box.TextLength() + 1);
@@ -328,7 +328,7 @@ TEST_F(TextBoxTest, TheProgramsEditsWaitForTheNextFrame) {
   EXPECT_EQ(View().blockCount(), 101);
 }
 
-TEST_F(TextBoxTest, LockedTextIsSelectedAndCopiedButNotChanged) {
+TEST_F(RichTextEditorTest, LockedTextIsSelectedAndCopiedButNotChanged) {
   Put(u"ab\r\ncd");
   box.Locked(true);
   Type("x\n");
@@ -351,7 +351,7 @@ TEST_F(TextBoxTest, LockedTextIsSelectedAndCopiedButNotChanged) {
   EXPECT_EQ(box.Text(), u"newer");
 }
 
-TEST_F(TextBoxTest, ControlAndTabMakesATab) {
+TEST_F(RichTextEditorTest, ControlAndTabMakesATab) {
   Key(Qt::Key_Tab, Qt::ControlModifier, "\t");
   EXPECT_EQ(box.Text(), u"\t");
 }

@@ -2,6 +2,7 @@
 
 #include "platform/IForm.h"
 #include "qt/forms/Form.h"
+#include "qt/forms/FormBuilder.h"
 #include "qt/loop/EventFilter.h"
 
 #include <memory>

@@ -9,6 +9,8 @@
 #include "qt/loop/EventLoop.h"
 #include "qt/text/Text.h"
 
+#include <QDialog>
+#include <QMainWindow>
 #include <QMenuBar>
 #include <QWindow>
 

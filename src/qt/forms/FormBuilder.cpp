@@ -1,4 +1,4 @@
-#include "qt/forms/FormParts.h"
+#include "qt/forms/FormBuilder.h"
 
 #include "qt/controls/CheckBox.h"
 #include "qt/controls/ComboBox.h"
@@ -8,10 +8,14 @@
 #include "qt/controls/TabStrip.h"
 #include "qt/controls/TextBox.h"
 #include "qt/forms/Holders.h"
+#include "qt/forms/MenuBuilder.h"
 #include "qt/forms/SplitArea.h"
 #include "qt/forms/StatusBar.h"
 #include "qt/forms/ToolBar.h"
 #include "qt/text/Text.h"
+
+#include <QDialog>
+#include <QMainWindow>
 
 #include <utility>
 

@@ -1,14 +1,10 @@
 #pragma once
 
-#include "platform/FormDesign.h"
-#include "platform/IRichTextControl.h"
 #include "qt/controls/Control.h"
 
-#include <QDialog>
-#include <QMainWindow>
 #include <QPushButton>
+#include <QWidget>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -17,10 +13,6 @@ namespace portico::qt {
 class PictureBox;
 class StatusBar;
 class ToolBar;
-
-/// Makes a rich text box whose widget, a child of the parent, bears the design's name. The widget belongs to its
-/// parent and outlives the control.
-using RichTextFactory = std::function<std::shared_ptr<IRichTextControl>(const ControlDesign&, QWidget& parent)>;
 
 /// A control that can have the focus, and its widget.
 struct FocusPlace {
@@ -40,11 +32,5 @@ struct FormParts {
   qt::StatusBar* StatusBar = nullptr;
   QPushButton* CancelButton = nullptr;
 };
-
-/// Builds what the tables say. The window is not shown.
-FormParts BuildForm(const FormDesign& design, const RichTextFactory& makeRichText);
-
-/// Adds the menus to a main window.
-void BuildMenus(const FormDesign& design, QMainWindow& window, FormParts& parts);
 
 } // namespace portico::qt

@@ -1,4 +1,5 @@
-#include "qt/forms/FormParts.h"
+#include "qt/forms/MenuBuilder.h"
+
 #include "qt/forms/MenuItem.h"
 
 #include <QMenuBar>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/IRichTextControl.h"
-#include "qt/forms/FormParts.h"
+#include "qt/controls/Control.h"
 #include "qt/text/Text.h"
 
 #include <QPlainTextEdit>

@@ -5,7 +5,7 @@
 #include "qt/desktop/Screen.h"
 #include "qt/loop/EventLoop.h"
 #include "qt/text/PlainTextControl.h"
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 #include "support/Raised.h"
 
 #include <QAction>

@@ -3,7 +3,7 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "qt/controls/Look.h"
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QSignalBlocker>
 

@@ -2,9 +2,9 @@
 
 #include "framework/objects/Event.h"
 #include "platform/IControl.h"
-#include "qt/controls/Placed.h"
 #include "qt/controls/TabOrder.h"
 #include "qt/loop/HandlerTurn.h"
+#include "qt/values/Placed.h"
 
 #include <QWidget>
 

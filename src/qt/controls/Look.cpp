@@ -4,7 +4,7 @@
 #include "framework/errors/HuntERR.h"
 #include "platform/IPictureBox.h"
 #include "qt/controls/Icons.h"
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QFile>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #include "qt/controls/PictureBox.h"
 
-#include "qt/controls/Keys.h"
 #include "qt/controls/Look.h"
+#include "qt/values/Keys.h"
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #include "qt/controls/PlainControls.h"
 
 #include "qt/controls/Look.h"
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <utility>
 

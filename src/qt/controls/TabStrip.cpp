@@ -2,7 +2,7 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QSignalBlocker>
 

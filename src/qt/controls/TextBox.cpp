@@ -1,6 +1,6 @@
 #include "qt/controls/TextBox.h"
 
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QSignalBlocker>
 

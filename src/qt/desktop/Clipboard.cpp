@@ -1,6 +1,6 @@
 #include "qt/desktop/Clipboard.h"
 
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

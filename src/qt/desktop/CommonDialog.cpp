@@ -5,7 +5,7 @@
 #include "platform/IDesktop.h"
 #include "qt/desktop/Dialogs.h"
 #include "qt/loop/EventLoop.h"
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QFileDialog>
 #include <QGroupBox>

@@ -1,6 +1,6 @@
 #include "qt/desktop/HelpPages.h"
 
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QDir>
 #include <QFile>

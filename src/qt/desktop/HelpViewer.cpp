@@ -4,7 +4,7 @@
 #include "framework/errors/HuntERR.h"
 #include "platform/ICommonDialog.h"
 #include "qt/forms/WindowPlace.h"
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QAction>
 #include <QApplication>

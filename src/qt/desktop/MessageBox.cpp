@@ -1,7 +1,7 @@
 #include "qt/desktop/MessageBox.h"
 
 #include "qt/desktop/Dialogs.h"
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QLabel>
 #include <QLayout>

@@ -1,6 +1,6 @@
 #include "qt/desktop/Printer.h"
 
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QTextDocument>
 

@@ -3,7 +3,7 @@
 #include "framework/shared/Application.h"
 #include "qt/desktop/Dialogs.h"
 #include "qt/loop/EventLoop.h"
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QCoreApplication>
 

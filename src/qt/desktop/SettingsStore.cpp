@@ -1,6 +1,6 @@
 #include "qt/desktop/SettingsStore.h"
 
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <iostream>
 #include <utility>

@@ -1,13 +1,13 @@
 #include "qt/forms/Form.h"
 
-#include "qt/controls/Keys.h"
 #include "qt/controls/PictureBox.h"
 #include "qt/forms/MenuItem.h"
 #include "qt/forms/StatusBar.h"
 #include "qt/forms/ToolBar.h"
 #include "qt/forms/WindowPlace.h"
 #include "qt/loop/EventLoop.h"
-#include "qt/text/Text.h"
+#include "qt/values/Keys.h"
+#include "qt/values/QtText.h"
 
 #include <QDialog>
 #include <QMainWindow>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/IForm.h"
-#include "qt/controls/Placed.h"
 #include "qt/forms/FormParts.h"
 #include "qt/loop/EventFilter.h"
+#include "qt/values/Placed.h"
 
 #include <QEventLoop>
 #include <QKeyEvent>

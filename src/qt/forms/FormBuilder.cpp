@@ -12,7 +12,7 @@
 #include "qt/forms/SplitArea.h"
 #include "qt/forms/StatusBar.h"
 #include "qt/forms/ToolBar.h"
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QDialog>
 #include <QMainWindow>

@@ -1,6 +1,6 @@
 #include "qt/forms/MenuItem.h"
 
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QKeySequence>
 

@@ -3,8 +3,8 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "qt/loop/HandlerTurn.h"
-#include "qt/text/Text.h"
 #include "qt/text/TextPrinter.h"
+#include "qt/values/QtText.h"
 
 #include <cmath>
 

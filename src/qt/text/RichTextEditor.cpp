@@ -1,9 +1,9 @@
 #include "qt/text/RichTextEditor.h"
 
 #include "framework/errors/ErrorRecord.h"
-#include "qt/text/Text.h"
 #include "qt/text/TextClipboard.h"
 #include "qt/text/TextLayout.h"
+#include "qt/values/QtText.h"
 
 #include <QApplication>
 #include <QScopedValueRollback>

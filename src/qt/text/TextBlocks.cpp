@@ -1,6 +1,6 @@
 #include "qt/text/TextBlocks.h"
 
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QTextFragment>
 

@@ -1,6 +1,6 @@
 #include "qt/text/TextClipboard.h"
 
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 #include "richtext/RtfReader.h"
 #include "richtext/RtfWriter.h"
 

@@ -1,6 +1,6 @@
 #include "qt/text/TextFormats.h"
 
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QBrush>
 #include <QColor>

@@ -1,7 +1,7 @@
 #include "qt/text/TextPrinter.h"
 
-#include "qt/text/Text.h"
 #include "qt/text/TextBlocks.h"
+#include "qt/values/QtText.h"
 
 #include <QTextDocument>
 

@@ -1,8 +1,8 @@
 #include "qt/text/TextView.h"
 
 #include "qt/text/FindBar.h"
-#include "qt/text/Text.h"
 #include "qt/text/TextLayout.h"
+#include "qt/values/QtText.h"
 
 #include <QApplication>
 #include <QDrag>

@@ -1,8 +1,8 @@
 // A line of a megabyte: all of it is in the box, and not all of it is laid out.
 
-#include "qt/text/Text.h"
 #include "qt/text/TextBench.h"
 #include "qt/text/TextClipboard.h"
+#include "qt/values/QtText.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -2,7 +2,7 @@
 
 #include "platform/IRichTextControl.h"
 #include "qt/controls/Control.h"
-#include "qt/text/Text.h"
+#include "qt/values/QtText.h"
 
 #include <QPlainTextEdit>
 

@@ -1,8 +1,8 @@
 // What the user does in the box.
 
 #include "framework/errors/Quit.h"
-#include "qt/text/Text.h"
 #include "qt/text/TextBench.h"
+#include "qt/values/QtText.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>

@@ -1,8 +1,8 @@
 #include "qt/text/TextBench.h"
 
 #include "contract/RichTextBench.h"
-#include "qt/text/Text.h"
 #include "qt/text/TextBlocks.h"
+#include "qt/values/QtText.h"
 
 #include <QApplication>
 #include <QClipboard>

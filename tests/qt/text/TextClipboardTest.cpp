@@ -1,8 +1,8 @@
 // Copying, cutting, pasting and dragging.
 
 #include "qt/text/TextClipboard.h"
-#include "qt/text/Text.h"
 #include "qt/text/TextBench.h"
+#include "qt/values/QtText.h"
 #include "richtext/RtfReader.h"
 #include "richtext/RtfWriter.h"
 

@@ -1,7 +1,7 @@
 // Random edits of program and user: box and document stay the same.
 
-#include "qt/text/Text.h"
 #include "qt/text/TextBench.h"
+#include "qt/values/QtText.h"
 
 #include <QApplication>
 #include <QTextBlock>

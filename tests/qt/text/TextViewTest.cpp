@@ -2,9 +2,9 @@
 
 #include "framework/errors/Quit.h"
 #include "platform/IRichTextControl.h"
-#include "qt/text/Text.h"
 #include "qt/text/TextBench.h"
 #include "qt/text/TextLayout.h"
+#include "qt/values/QtText.h"
 #include "support/Raised.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "qt/controls/Keys.h"
+#include "qt/values/Keys.h"
 
 #include "platform/IForm.h"
 

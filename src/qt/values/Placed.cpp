@@ -1,4 +1,4 @@
-#include "qt/controls/Placed.h"
+#include "qt/values/Placed.h"
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"

@@ -4,9 +4,11 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/errors/Ref.h"
 #include "framework/objects/Event.h"
+#include "framework/shared/PointerShapes.h"
 #include "platform/IControl.h"
 #include "platform/IMenuItem.h"
 #include "platform/IPlaced.h"
+#include "platform/KeyCodes.h"
 
 #include <memory>
 #include <vector>
@@ -14,15 +16,6 @@
 namespace portico {
 
 enum class WindowState : std::int32_t { Normal = 0, Minimized = 1, Maximized = 2 };
-
-// Key codes and states of `KeyDown`.
-inline constexpr std::int32_t TabKey = 9;
-inline constexpr std::int32_t ReturnKey = 13;
-inline constexpr std::int32_t EscapeKey = 27;
-inline constexpr std::int32_t F1Key = 112;
-inline constexpr std::int32_t ShiftState = 1;
-inline constexpr std::int32_t CtrlState = 2;
-inline constexpr std::int32_t AltState = 4;
 
 /// What a form tells of itself. All fire synchronously.
 struct FormEvents {
@@ -48,7 +41,7 @@ public:
   virtual void Caption(const String& newValue) = 0;
   virtual portico::WindowState WindowState() const = 0;
   virtual void WindowState(portico::WindowState newValue) = 0;
-  /// Pointer shapes by number, set by value: nothing else restores one.
+  /// One of the pointer shapes, set by value: nothing else restores one.
   virtual std::int32_t MousePointer() const = 0;
   virtual void MousePointer(std::int32_t shape) = 0;
 

@@ -1,31 +1,15 @@
 #pragma once
 
 #include "framework/objects/Event.h"
+#include "framework/shared/PointerShapes.h"
 #include "platform/IControl.h"
 #include "platform/IPlaced.h"
+#include "platform/MouseEvent.h"
+#include "platform/SystemColors.h"
 
 namespace portico {
 
-/// Button values of mouse events.
-inline constexpr std::int32_t LeftButton = 1;
-inline constexpr std::int32_t RightButton = 2;
-
-/// A mouse button or the mouse over a control, at a place within it in form units.
-struct MouseEvent {
-  std::int32_t Button = 0;
-  std::int32_t Shift = 0;
-  double X = 0;
-  double Y = 0;
-};
-
-/// Colours by their number: 0x00BBGGRR, or one of the system's.
-inline constexpr std::int32_t SystemWindowText = static_cast<std::int32_t>(0x80000008);
-inline constexpr std::int32_t SystemButtonFace = static_cast<std::int32_t>(0x8000000F);
-
-/// Pointer shapes by their number; 0 is the one that the place has by itself.
-inline constexpr std::int32_t SizeVerticalPointer = 7;
-inline constexpr std::int32_t SizeHorizontalPointer = 9;
-
+/// A field in a colour that takes the mouse.
 class IPictureBox : public virtual IControl, public virtual IPlaced {
 public:
   virtual void BackColor(std::int32_t newValue) = 0;

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/IControl.h"
-#include "platform/IPictureBox.h"
 #include "platform/IPlaced.h"
 #include "platform/IRichTextBox.h"
+#include "platform/MouseEvent.h"
 
 namespace portico {
 

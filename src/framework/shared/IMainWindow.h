@@ -1,6 +1,7 @@
 #pragma once
 
 #include "framework/errors/Ref.h"
+#include "framework/shared/PointerShapes.h"
 
 #include <cstdint>
 
@@ -9,7 +10,7 @@ namespace portico {
 /// What the system below it needs of the main window.
 class IMainWindow : public virtual IObject {
 public:
-  /// Pointer shapes by number; 11 is the hourglass.
+  /// One of the pointer shapes.
   virtual std::int32_t MousePointer() const = 0;
   virtual void MousePointer(std::int32_t shape) = 0;
 
@@ -25,8 +26,6 @@ public:
   /// empty.
   virtual void UpdateUI(const String& Name, const String& Value) = 0;
 };
-
-inline constexpr std::int32_t HourglassPointer = 11;
 
 /// The one main window. Set by `Main`; unset where there is none.
 extern Ref<IMainWindow> gMainForm;

@@ -16,12 +16,11 @@ constexpr Place FirstPlace = {0, 0, 480 * FormUnitsPerPixel, 360 * FormUnitsPerP
 constexpr Place WholeScreen = {0, 0, ScreenWidth, ScreenHeight};
 
 String NameOfShortcut(std::int32_t code, std::int32_t shift) {
-  constexpr std::int32_t functionKeys = 12;
   String name;
   if ((shift & CtrlState) != 0) name += u"Ctrl+";
   if ((shift & AltState) != 0) name += u"Alt+";
   if ((shift & ShiftState) != 0) name += u"Shift+";
-  if (code >= F1Key && code < F1Key + functionKeys) return name + u"F" + ToText(std::int64_t{code} - F1Key + 1);
+  if (code >= F1Key && code < F1Key + FunctionKeys) return name + u"F" + ToText(std::int64_t{code} - F1Key + 1);
   return name + static_cast<char16_t>(code);
 }
 

@@ -17,7 +17,7 @@ namespace portico::qt {
 namespace {
 
 /// Where a widget keeps the pointer that it had before the window got one.
-constexpr const char* OwnPointer = "ownPointer";
+constexpr const char* KeptPointer = "ownPointer";
 
 qint64 AreaOf(const QRect& rectangle) { return qint64{rectangle.width()} * rectangle.height(); }
 
@@ -67,13 +67,13 @@ void SetWindowState(QWidget& window, WindowState state) {
 }
 
 void SetPointer(QWidget& window, std::int32_t shape) {
-  if (shape == 0) {
+  if (shape == OwnPointer) {
     window.unsetCursor();
     for (QWidget* widget : window.findChildren<QWidget*>()) {
-      const QVariant own = widget->property(OwnPointer);
+      const QVariant own = widget->property(KeptPointer);
       if (!own.isValid()) continue;
       widget->setCursor(own.value<QCursor>());
-      widget->setProperty(OwnPointer, {});
+      widget->setProperty(KeptPointer, {});
     }
     return;
   }
@@ -81,7 +81,7 @@ void SetPointer(QWidget& window, std::int32_t shape) {
   window.setCursor(pointer);
   for (QWidget* widget : window.findChildren<QWidget*>()) {
     if (!widget->testAttribute(Qt::WA_SetCursor)) continue;
-    if (!widget->property(OwnPointer).isValid()) widget->setProperty(OwnPointer, widget->cursor());
+    if (!widget->property(KeptPointer).isValid()) widget->setProperty(KeptPointer, widget->cursor());
     widget->setCursor(pointer);
   }
 }

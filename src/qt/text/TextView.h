@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/objects/Event.h"
-#include "platform/IPictureBox.h"
+#include "framework/text/text.h"
+#include "platform/MouseEvent.h"
 
 #include <QMimeData>
 #include <QPlainTextEdit>

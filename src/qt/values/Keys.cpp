@@ -1,6 +1,6 @@
 #include "qt/values/Keys.h"
 
-#include "platform/IForm.h"
+#include "platform/KeyCodes.h"
 
 #include <algorithm>
 #include <array>
@@ -10,12 +10,13 @@ namespace portico::qt {
 namespace {
 
 constexpr std::array<std::pair<int, std::int32_t>, 21> Codes{{
-    {Qt::Key_Backspace, 8},     {Qt::Key_Tab, TabKey},  {Qt::Key_Backtab, TabKey},   {Qt::Key_Return, ReturnKey},
-    {Qt::Key_Enter, ReturnKey}, {Qt::Key_Shift, 16},    {Qt::Key_Control, 17},       {Qt::Key_Alt, 18},
-    {Qt::Key_Pause, 19},        {Qt::Key_CapsLock, 20}, {Qt::Key_Escape, EscapeKey}, {Qt::Key_Space, 32},
-    {Qt::Key_PageUp, 33},       {Qt::Key_PageDown, 34}, {Qt::Key_End, 35},           {Qt::Key_Home, 36},
-    {Qt::Key_Left, 37},         {Qt::Key_Up, 38},       {Qt::Key_Right, 39},         {Qt::Key_Down, 40},
-    {Qt::Key_Delete, 46},
+    {Qt::Key_Backspace, BackspaceKey}, {Qt::Key_Tab, TabKey},           {Qt::Key_Backtab, TabKey},
+    {Qt::Key_Return, ReturnKey},       {Qt::Key_Enter, ReturnKey},      {Qt::Key_Shift, ShiftKey},
+    {Qt::Key_Control, CtrlKey},        {Qt::Key_Alt, AltKey},           {Qt::Key_Pause, PauseKey},
+    {Qt::Key_CapsLock, CapsLockKey},   {Qt::Key_Escape, EscapeKey},     {Qt::Key_Space, SpaceKey},
+    {Qt::Key_PageUp, PageUpKey},       {Qt::Key_PageDown, PageDownKey}, {Qt::Key_End, EndKey},
+    {Qt::Key_Home, HomeKey},           {Qt::Key_Left, LeftKey},         {Qt::Key_Up, UpKey},
+    {Qt::Key_Right, RightKey},         {Qt::Key_Down, DownKey},         {Qt::Key_Delete, DeleteKey},
 }};
 
 } // namespace
@@ -28,7 +29,7 @@ std::int32_t ShiftState(Qt::KeyboardModifiers modifiers) {
 
 std::int32_t KeyCode(int key) {
   if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) return key;
-  if (key >= Qt::Key_F1 && key <= Qt::Key_F16) return F1Key + key - Qt::Key_F1;
+  if (key >= Qt::Key_F1 && key < Qt::Key_F1 + FunctionKeys) return F1Key + key - Qt::Key_F1;
   const auto found = std::find_if(Codes.begin(), Codes.end(), [key](const auto& code) { return code.first == key; });
   return found == Codes.end() ? 0 : found->second;
 }

@@ -3,6 +3,7 @@
 #include "framework/objects/IObjectFactory.h"
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/modAppGlobals.h"
+#include "platform/IPictureBox.h"
 #include "platform/ISettingsStore.h"
 #include "ui/base/ResourceStrings.h"
 #include "ui/base/ShowFailure.h"

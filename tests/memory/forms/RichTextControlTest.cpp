@@ -2,6 +2,7 @@
 
 #include "memory/forms/DeviceContext.h"
 #include "memory/forms/FormBench.h"
+#include "platform/IPictureBox.h"
 
 namespace portico::memory {
 namespace {

@@ -1,5 +1,6 @@
 // Pictures and bars: mouse, colours, pointers; the area that a bar divides.
 
+#include "platform/IPictureBox.h"
 #include "qt/ScreenFixture.h"
 #include "qt/controls/Look.h"
 

@@ -1,6 +1,7 @@
 // Menus, toolbar, status bar.
 
 #include "framework/errors/Quit.h"
+#include "platform/IPictureBox.h"
 #include "platform/IStatusBar.h"
 #include "qt/ScreenFixture.h"
 

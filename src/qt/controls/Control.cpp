@@ -2,7 +2,6 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
-#include "qt/controls/Look.h"
 #include "qt/values/QtText.h"
 
 #include <utility>

@@ -1,13 +1,17 @@
 #include "qt/controls/Icons.h"
 
+#include "qt/values/QtText.h"
+
 #include <QFile>
 #include <QIconEngine>
 #include <QPainter>
+#include <QPixmap>
 #include <QSvgRenderer>
 
 #include <memory>
 
-// The macro declares a function of the global namespace.
+// The pictures lie in a static library, whose resources nobody registers by themselves. The macro declares a function
+// of the global namespace; further calls of it do nothing.
 static void RegisterIcons() { Q_INIT_RESOURCE(icons); }
 
 namespace portico::qt {
@@ -16,6 +20,10 @@ namespace {
 // Pale, and yet to be told apart on dark ground too.
 constexpr int OpacityOfDisabled = 125; // of 255
 constexpr int GreyOfDisabled = 140;
+
+constexpr int LetterIconSize = 64;
+
+QString FileOf(const QString& key) { return ":/icons/" + key + ".svg"; }
 
 QImage Faded(QImage picture) {
   for (int y = 0; y < picture.height(); ++y) {
@@ -66,14 +74,36 @@ private:
   std::shared_ptr<QSvgRenderer> m_renderer; // drawing does not change it
 };
 
+QIcon LetterIcon(StringView key) {
+  QPixmap pixmap(LetterIconSize, LetterIconSize);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setPen(QPen(Qt::darkGray, LetterIconSize / 16.0));
+  painter.drawRect(pixmap.rect().adjusted(4, 4, -4, -4));
+  QFont font = painter.font();
+  font.setPixelSize(LetterIconSize * 5 / 8);
+  painter.setFont(font);
+  painter.drawText(pixmap.rect(), Qt::AlignCenter, ToQt(key.substr(0, 1)));
+  return {pixmap};
+}
+
 } // namespace
 
-void InitIcons() { RegisterIcons(); }
-
-QIcon Icon(const QString& Key) {
-  InitIcons();
-  const QString file = ":/icons/" + Key + ".svg";
+QIcon Icon(const QString& key) {
+  RegisterIcons();
+  const QString file = FileOf(key);
   return QFile::exists(file) ? QIcon(new PictureEngine(file)) : QIcon();
+}
+
+QIcon IconOf(StringView key) {
+  const QIcon icon = Icon(ToQt(key));
+  return icon.isNull() ? LetterIcon(key) : icon;
+}
+
+QSize IconSizeOf(StringView key) {
+  RegisterIcons();
+  const QString file = FileOf(ToQt(key));
+  return QFile::exists(file) ? QSvgRenderer(file).defaultSize() : QSize();
 }
 
 } // namespace portico::qt

@@ -1,15 +1,17 @@
 #pragma once
 
+#include "framework/text/text.h"
+
 #include <QIcon>
 
 namespace portico::qt {
 
-/// Makes the pictures known as ":/icons/KEY.svg". They lie in a static library, whose resources nobody registers by
-/// themselves: a program calls this before it asks for one by that name. Further calls do nothing.
-void InitIcons();
-
 /// The picture of an image key (such as "Run2Cursor"; "portico" is the program's own), drawn anew at each size, so that
 /// it is sharp at every scale. Disabled it is grey and pale, on whatever ground. An unknown key gives a null icon.
-QIcon Icon(const QString& Key);
+QIcon Icon(const QString& key);
+/// The same; an unknown key gives its first letter in a box.
+QIcon IconOf(StringView key);
+/// The size that the picture was drawn for; empty if there is none.
+QSize IconSizeOf(StringView key);
 
 } // namespace portico::qt

@@ -1,7 +1,9 @@
 #include "qt/controls/PictureBox.h"
 
-#include "qt/controls/Look.h"
-#include "qt/values/Keys.h"
+#include "qt/controls/Icons.h"
+#include "qt/values/Colors.h"
+#include "qt/values/Mouse.h"
+#include "qt/values/Pointers.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -9,17 +11,6 @@
 #include <utility>
 
 namespace portico::qt {
-namespace {
-
-MouseEvent Translated(const QMouseEvent& event, Qt::MouseButtons buttons) {
-  return {.Button = (buttons.testFlag(Qt::LeftButton) ? LeftButton : 0) +
-                    (buttons.testFlag(Qt::RightButton) ? RightButton : 0),
-          .Shift = ShiftState(event.modifiers()),
-          .X = event.position().x() * FormUnitsPerPixel,
-          .Y = event.position().y() * FormUnitsPerPixel};
-}
-
-} // namespace
 
 PictureBox::PictureBox(const ControlDesign& design, std::shared_ptr<FormLife> life, QWidget& widget)
     : PlacedControl(design, std::move(life), widget),
@@ -39,7 +30,7 @@ void PictureBox::BackColor(std::int32_t newValue) {
 }
 
 void PictureBox::MousePointer(std::int32_t shape) {
-  if (shape == 0) {
+  if (shape == OwnPointer) {
     Widget().unsetCursor();
   } else {
     Widget().setCursor(PointerShape(shape));
@@ -61,17 +52,17 @@ bool PictureBox::Handle(QEvent& event) {
     return true;
   case QEvent::MouseButtonPress: {
     const auto& mouse = static_cast<QMouseEvent&>(event);
-    EnterAndFire(m_mouseDown, Translated(mouse, mouse.button()));
+    EnterAndFire(m_mouseDown, ToMouseEvent(mouse, mouse.button(), mouse.position()));
     return true;
   }
   case QEvent::MouseMove: {
     const auto& mouse = static_cast<QMouseEvent&>(event);
-    EnterAndFire(m_mouseMove, Translated(mouse, mouse.buttons()));
+    EnterAndFire(m_mouseMove, ToMouseEvent(mouse, mouse.buttons(), mouse.position()));
     return true;
   }
   case QEvent::MouseButtonRelease: {
     const auto& mouse = static_cast<QMouseEvent&>(event);
-    EnterAndFire(m_mouseUp, Translated(mouse, mouse.button()));
+    EnterAndFire(m_mouseUp, ToMouseEvent(mouse, mouse.button(), mouse.position()));
     return true;
   }
   default:

@@ -1,6 +1,5 @@
 #include "qt/controls/PlainControls.h"
 
-#include "qt/controls/Look.h"
 #include "qt/values/QtText.h"
 
 #include <utility>

@@ -2,7 +2,7 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
-#include "qt/controls/Look.h"
+#include "qt/values/Pointers.h"
 
 #include <QDialog>
 #include <QEvent>

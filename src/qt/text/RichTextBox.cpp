@@ -6,14 +6,7 @@
 #include "qt/text/TextPrinter.h"
 #include "qt/values/QtText.h"
 
-#include <cmath>
-
 namespace portico::qt {
-namespace {
-
-int Pixels(double units) { return static_cast<int>(std::lround(units / FormUnitsPerPixel)); }
-
-} // namespace
 
 RichTextBox::RichTextBox(const ControlDesign& design, QWidget& parent, StringView fontName, double fontSize)
     : RichTextEditor(*new TextView(&parent), fontName, fontSize),
@@ -52,9 +45,8 @@ void RichTextBox::Visible(bool newValue) {
   if (m_widget) m_widget->setVisible(newValue);
 }
 
-void RichTextBox::Move(double Left, double Top, double Width, double Height) {
-  if (Width < 0 || Height < 0) HuntERR::RaiseStandard(ErrorNumber::BadPropertyValue);
-  if (m_widget) m_widget->setGeometry(Pixels(Left), Pixels(Top), Pixels(Width), Pixels(Height));
+void RichTextBox::Put(const QRect& place) {
+  if (m_widget) m_widget->setGeometry(place);
 }
 
 void RichTextBox::TabStop(bool newValue) {

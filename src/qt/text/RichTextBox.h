@@ -2,12 +2,13 @@
 
 #include "platform/IRichTextControl.h"
 #include "qt/text/RichTextEditor.h"
+#include "qt/values/Placed.h"
 
 namespace portico::qt {
 
 /// The rich text box of a form. It is shown by a `TextView`, a child of `parent` that bears the design's name; that one
 /// belongs to its window, and may go before the box, which then has no place any more.
-class RichTextBox final : public RichTextEditor, public virtual IRichTextControl {
+class RichTextBox final : public RichTextEditor, public Placed, public virtual IRichTextControl {
 public:
   /// The font is that of the standard formatting. Its size is in points.
   RichTextBox(const ControlDesign& design, QWidget& parent, StringView fontName, double fontSize);
@@ -31,16 +32,6 @@ public:
   bool Visible() const override { return m_visible; }
   void Visible(bool newValue) override;
 
-  double Left() const override { return Units(Place().x()); }
-  void Left(double newValue) override { Move(newValue, Top(), Width(), Height()); }
-  double Top() const override { return Units(Place().y()); }
-  void Top(double newValue) override { Move(Left(), newValue, Width(), Height()); }
-  double Width() const override { return Units(Place().width()); }
-  void Width(double newValue) override { Move(Left(), Top(), newValue, Height()); }
-  double Height() const override { return Units(Place().height()); }
-  void Height(double newValue) override { Move(Left(), Top(), Width(), newValue); }
-  void Move(double Left, double Top, double Width, double Height) override;
-
   bool TabStop() const override { return m_tabStop; }
   void TabStop(bool newValue) override;
   void Locked(bool newValue) override;
@@ -51,8 +42,8 @@ public:
   Event<const MouseEvent&>& MouseUp() override { return m_mouseUp; }
 
 private:
-  static double Units(int pixels) { return pixels * FormUnitsPerPixel; }
-  QRect Place() const { return m_widget ? m_widget->geometry() : QRect(0, 0, 0, 0); }
+  QRect Place() const override { return m_widget ? m_widget->geometry() : QRect(0, 0, 0, 0); }
+  void Put(const QRect& place) override;
 
   void OnUserChange() override;
   void OnFocus(bool hasFocus) override;

@@ -1,5 +1,6 @@
 #include "qt/text/TextFormats.h"
 
+#include "qt/values/Colors.h"
 #include "qt/values/QtText.h"
 
 #include <QBrush>
@@ -100,7 +101,7 @@ std::size_t TextFormats::NumberOf(const CharacterFormat& format) {
 QTextCharFormat TextFormats::Make(const CharacterFormat& look, std::size_t number) {
   QTextCharFormat format;
   format.setProperty(CharacterProperty, static_cast<int>(number));
-  format.setForeground(QColor(look.Color & 0xFF, (look.Color >> 8) & 0xFF, (look.Color >> 16) & 0xFF));
+  format.setForeground(ColorOf(look.Color));
   if (look.FontName != m_standard.FontName) format.setFontFamilies({ToQt(look.FontName)});
   if (look.FontSize != m_standard.FontSize) {
     format.setFontPointSize(look.FontSize * m_zoom);

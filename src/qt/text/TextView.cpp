@@ -2,6 +2,7 @@
 
 #include "qt/text/FindBar.h"
 #include "qt/text/TextLayout.h"
+#include "qt/values/Mouse.h"
 #include "qt/values/QtText.h"
 
 #include <QApplication>
@@ -179,16 +180,8 @@ void TextView::inputMethodEvent(QInputMethodEvent* event) {
   QPlainTextEdit::inputMethodEvent(event);
 }
 
-MouseEvent TextView::Translated(const QMouseEvent& event) const {
-  constexpr int Middle = 4;
-  const QPointF place = viewport()->mapTo(this, event.position().toPoint());
-  const auto shift = [&](Qt::KeyboardModifier modifier, int value) { return event.modifiers() & modifier ? value : 0; };
-  return {.Button = event.button() == Qt::LeftButton    ? LeftButton
-                    : event.button() == Qt::RightButton ? RightButton
-                                                        : Middle,
-          .Shift = shift(Qt::ShiftModifier, 1) + shift(Qt::ControlModifier, 2) + shift(Qt::AltModifier, 4),
-          .X = place.x() * FormUnitsPerPixel,
-          .Y = place.y() * FormUnitsPerPixel};
+MouseEvent TextView::Told(const QMouseEvent& event) const {
+  return ToMouseEvent(event, event.button(), viewport()->mapTo(this, event.position().toPoint()));
 }
 
 void TextView::mousePressEvent(QMouseEvent* event) {
@@ -198,7 +191,7 @@ void TextView::mousePressEvent(QMouseEvent* event) {
     const int place = cursorForPosition(event->position().toPoint()).position();
     if (place > selected.selectionStart() && place < selected.selectionEnd()) m_dragFrom = event->position().toPoint();
   }
-  const MouseEvent told = Translated(*event);
+  const MouseEvent told = Told(*event);
   QPlainTextEdit::mousePressEvent(event);
   if (m_owner != nullptr) m_owner->OnMouseDown(told);
 }
@@ -216,7 +209,7 @@ void TextView::mouseMoveEvent(QMouseEvent* event) {
 
 void TextView::mouseReleaseEvent(QMouseEvent* event) {
   m_dragFrom.reset();
-  const MouseEvent told = Translated(*event);
+  const MouseEvent told = Told(*event);
   QPlainTextEdit::mouseReleaseEvent(event);
   if (m_owner != nullptr) m_owner->OnMouseUp(told);
 }

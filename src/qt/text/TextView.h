@@ -83,7 +83,8 @@ private:
   bool ZoomKey(const QKeyEvent& event);
   bool FindKey(const QKeyEvent& event);
   bool EditKey(const QKeyEvent& event);
-  MouseEvent Translated(const QMouseEvent& event) const;
+  /// What an owner is told of it: its place is one within the whole of the view.
+  MouseEvent Told(const QMouseEvent& event) const;
   void Drag();
 
   ITextViewOwner* m_owner = nullptr;

@@ -12,4 +12,7 @@ inline QString ToQt(StringView text) {
 }
 inline String FromQt(const QString& text) { return text.toStdU16String(); }
 
+/// What a screen reader says for a caption: it without the mark of its mnemonic.
+QString Spoken(const String& caption);
+
 } // namespace portico::qt

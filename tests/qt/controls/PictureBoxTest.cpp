@@ -2,7 +2,7 @@
 
 #include "platform/IPictureBox.h"
 #include "qt/ScreenFixture.h"
-#include "qt/controls/Look.h"
+#include "qt/controls/Icons.h"
 
 #include <QMouseEvent>
 

@@ -2,7 +2,7 @@
 
 #include "framework/objects/Event.h"
 #include "platform/IEventLoop.h"
-#include "qt/loop/WakePipe.h"
+#include "platform/shared/WakePipe.h"
 
 #include <QEventLoop>
 #include <QSocketNotifier>

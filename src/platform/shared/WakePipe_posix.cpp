@@ -1,4 +1,4 @@
-#include "qt/loop/WakePipe.h"
+#include "platform/shared/WakePipe.h"
 
 #include <cerrno>
 #include <fcntl.h>

@@ -10,6 +10,7 @@
 #include "memory/EventLoop.h"
 #include "memory/RichTextBox.h"
 #include "memory/SettingsStore.h"
+#include "memory/SystemClock.h"
 #include "simulator/server/DeviceRack.h"
 #include "terminal/BatchRun.h"
 #include "terminal/console/Diagnostic.h"

@@ -19,23 +19,6 @@ public:
   virtual void Wake() noexcept = 0;
 };
 
-/// The system's clock.
-class SystemClock final : public Clock {
-public:
-  SystemClock();
-  ~SystemClock() override;
-  SystemClock(const SystemClock&) = delete;
-  SystemClock& operator=(const SystemClock&) = delete;
-
-  TimePoint Now() const override { return std::chrono::steady_clock::now(); }
-  void WaitUntil(std::optional<TimePoint> deadline) override;
-  void Wake() noexcept override;
-
-private:
-  int m_wakeRead = -1;
-  int m_wakeWrite = -1;
-};
-
 /// Time that stands still until somebody moves it: a wait reaches its deadline at once.
 class ManualClock final : public Clock {
 public:

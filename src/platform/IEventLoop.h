@@ -7,13 +7,16 @@
 
 namespace portico {
 
+inline constexpr std::int32_t LongestInterval = 65535; ///< of a timer, in milliseconds
+
 /// A timer of the event loop. Disabled when it is made; fires again and again while it is enabled. An interval of 0
 /// never fires.
 class ITimer {
 public:
   virtual ~ITimer() = default;
 
-  /// Milliseconds, 0 to 65535; anything else raises 380. Setting it starts a running interval anew.
+  /// Milliseconds, 0 to `LongestInterval`; anything else raises `BadPropertyValue`. Setting it starts a running
+  /// interval anew.
   virtual void Interval(std::int32_t milliseconds) = 0;
   virtual void Enabled(bool newValue) = 0;
   virtual bool Enabled() const = 0;

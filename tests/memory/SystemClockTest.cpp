@@ -1,4 +1,4 @@
-#include "memory/Clock.h"
+#include "memory/SystemClock.h"
 
 #include "framework/errors/Quit.h"
 #include "memory/EventLoop.h"

@@ -2,9 +2,9 @@
 
 #include <array>
 
-namespace portico::qt {
+namespace portico {
 
-/// A pipe to oneself, by which a signal handler gets through to the event loop.
+/// A pipe to oneself, by which a signal handler gets through to whoever waits.
 class WakePipe {
 public:
   /// Fails with `std::system_error`.
@@ -23,4 +23,4 @@ private:
   std::array<int, 2> m_ends{};
 };
 
-} // namespace portico::qt
+} // namespace portico

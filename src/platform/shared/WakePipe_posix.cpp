@@ -5,14 +5,10 @@
 #include <system_error>
 #include <unistd.h>
 
-namespace portico::qt {
+namespace portico {
 
 WakePipe::WakePipe() {
-  if (::pipe(m_ends.data()) != 0) throw std::system_error(errno, std::generic_category());
-  for (const int end : m_ends) {
-    ::fcntl(end, F_SETFD, FD_CLOEXEC);
-    ::fcntl(end, F_SETFL, O_NONBLOCK);
-  }
+  if (::pipe2(m_ends.data(), O_NONBLOCK | O_CLOEXEC) != 0) throw std::system_error(errno, std::generic_category());
 }
 
 WakePipe::~WakePipe() {
@@ -31,4 +27,4 @@ void WakePipe::Drain() noexcept {
   while (::read(m_ends[0], bytes.data(), bytes.size()) > 0) continue;
 }
 
-} // namespace portico::qt
+} // namespace portico

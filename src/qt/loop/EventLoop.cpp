@@ -1,6 +1,5 @@
 #include "qt/loop/EventLoop.h"
 
-#include "framework/errors/Quit.h"
 #include "qt/loop/HandlerTurn.h"
 #include "qt/loop/LoopTimer.h"
 
@@ -39,10 +38,6 @@ EventLoop::EventLoop() : m_notifier(m_pipe.Descriptor(), QSocketNotifier::Read) 
                    [this](QSessionManager& /*session*/) { RequestQuit(); });
 }
 
-void EventLoop::ThrowIfQuitting() const {
-  if (IsQuitting()) throw Quit{};
-}
-
 void EventLoop::EndLoops() {
   while (QPointer<QWidget> popup = QApplication::activePopupWidget()) {
     if (!popup->close()) break;
@@ -56,40 +51,25 @@ QEventLoop::ProcessEventsFlags EventLoop::HandledAt(int depth) {
   return depth > DeepestInput ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents;
 }
 
-void EventLoop::DoEvents() {
-  if (m_finished) return;
-  ThrowIfQuitting();
-  {
-    const Nesting nested(m_depth);
-    QCoreApplication::processEvents(HandledAt(m_depth));
-  }
-  ThrowIfQuitting();
+void EventLoop::Process() {
+  const Nesting nested(m_depth);
+  QCoreApplication::processEvents(HandledAt(m_depth));
 }
 
-void EventLoop::WaitForEvent() {
-  if (m_finished) return;
-  ThrowIfQuitting();
-  {
-    const Nesting nested(m_depth);
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
-  ThrowIfQuitting();
-}
-
-void EventLoop::RequestQuit() noexcept {
-  m_quit = true;
-  m_pipe.Wake();
+void EventLoop::Wait() {
+  const Nesting nested(m_depth);
+  QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 std::unique_ptr<ITimer> EventLoop::MakeTimer() { return std::make_unique<LoopTimer>(); }
 
 int EventLoop::Run() {
-  if (!m_quit) {
+  if (!IsQuitRequested()) {
     m_running = true;
     QApplication::exec();
     m_running = false;
   }
-  m_quit = true;
+  NoteQuit();
   return 0;
 }
 

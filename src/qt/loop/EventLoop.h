@@ -1,39 +1,27 @@
 #pragma once
 
 #include "framework/objects/Event.h"
-#include "platform/IEventLoop.h"
+#include "platform/shared/EventLoopBase.h"
 #include "platform/shared/WakePipe.h"
 
 #include <QEventLoop>
 #include <QSocketNotifier>
 
-#include <atomic>
 #include <functional>
 
 namespace portico::qt {
 
 /// The toolkit's event loop. Its turns run inside one another: a handler that the toolkit called may take turns itself.
 /// Needs the application object, which outlives it.
-class EventLoop final : public IEventLoop {
+class EventLoop final : public EventLoopBase {
 public:
   EventLoop();
 
-  /// Nested deeper than 20 turns it leaves keys and mouse waiting, so that they cannot nest it any deeper.
-  void DoEvents() override;
-  void WaitForEvent() override;
-  /// Safe in a signal handler.
-  void RequestQuit() noexcept override;
   std::unique_ptr<ITimer> MakeTimer() override;
 
   /// The bottom of the stack: handles events until the program has been told to end, and all turns and modal windows
   /// have ended by it. Returns the exit status, 0.
   int Run();
-  /// For the work that is left when `Run` has returned: from now on turns do nothing and throw nothing, and what is
-  /// modal shows as ever. Another order to quit still closes it.
-  void FinishQuit() { m_finished = true; }
-
-  bool IsQuitting() const { return m_quit && !m_finished; }
-  void ThrowIfQuitting() const;
   /// Fires for each order to quit, from within whatever loop is running: what is modal closes itself.
   Event<>& Quitting() { return m_quitting; }
 
@@ -41,13 +29,15 @@ public:
   static QEventLoop::ProcessEventsFlags HandledAt(int depth);
 
 private:
+  /// Nested deeper than 20 turns it leaves keys and mouse waiting, so that they cannot nest it any deeper.
+  void Process() override;
+  void Wait() override;
+  void Wake() noexcept override { m_pipe.Wake(); }
   void EndLoops();
 
   WakePipe m_pipe;
   QSocketNotifier m_notifier;
   Event<> m_quitting;
-  std::atomic<bool> m_quit = false;
-  bool m_finished = false;
   bool m_running = false;
   int m_depth = 0;
 };

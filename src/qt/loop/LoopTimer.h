@@ -1,28 +1,20 @@
 #pragma once
 
-#include "platform/IEventLoop.h"
+#include "platform/shared/TimerState.h"
 
 #include <QTimer>
 
 namespace portico::qt {
 
 /// A timer of the toolkit's, to the millisecond.
-class LoopTimer final : public ITimer {
+class LoopTimer final : public TimerState {
 public:
   LoopTimer();
 
-  void Interval(std::int32_t milliseconds) override;
-  void Enabled(bool newValue) override;
-  bool Enabled() const override { return m_enabled; }
-  Event<>& Timer() override { return m_event; }
-
 private:
-  void Restart();
+  void Restart() override;
 
   QTimer m_timer;
-  std::int32_t m_interval = 0;
-  bool m_enabled = false;
-  Event<> m_event;
 };
 
 } // namespace portico::qt

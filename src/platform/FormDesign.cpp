@@ -28,4 +28,12 @@ bool HasToolTip(ControlKind kind) {
   }
 }
 
+ControlDesign AsControl(const MenuDesign& design) {
+  return {.Kind = ControlKind::Menu,
+          .Name = design.Name,
+          .Caption = design.Caption,
+          .Parent = design.Parent,
+          .Visible = design.Visible};
+}
+
 } // namespace portico

@@ -40,13 +40,15 @@ bool HasToolTip(ControlKind kind);
 /// stands in front of its mnemonic. Items follow their menu in the order of the table.
 struct MenuDesign {
   StringView Name;
-  StringView Caption; ///< u"-" makes a bar
+  StringView Caption; ///< `BarCaption` makes a bar
   StringView Parent = {};
   StringView Shortcut = {}; ///< such as u"Ctrl+N"; without effect while the item is hidden or disabled
   bool Visible = true;
   bool Checked = false;
   bool IsPopup = false; ///< a title that stands in no menu bar
 };
+
+inline constexpr StringView BarCaption = u"-";
 
 enum class ToolButtonStyle : std::uint8_t { Default, Check, Separator };
 
@@ -77,6 +79,9 @@ struct ControlDesign {
   bool IsCancel = false;  ///< a button that Escape presses
   StringView Image = {};  ///< of a picture box
 };
+
+/// What an item of a menu is as a control.
+ControlDesign AsControl(const MenuDesign& design);
 
 enum class FormStyle : std::uint8_t {
   Window, ///< sizable; its controls are placed by `IPlaced`

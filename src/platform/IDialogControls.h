@@ -34,7 +34,9 @@ public:
   virtual Event<>& Change() = 0;
 };
 
-/// A list from which one entry is chosen; with a text that can be typed as well, if it was designed with a tag "typed".
+inline constexpr StringView TypedTag = u"typed";
+
+/// A list from which one entry is chosen; with a text that can be typed as well, if it was designed with `TypedTag`.
 class IComboBox : public virtual ITextBox {
 public:
   virtual void AddItem(const String& item) = 0;

@@ -1,26 +1,13 @@
 #include "memory/forms/Bars.h"
 
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
 #include "memory/forms/Form.h"
-
-#include <stdexcept>
+#include "platform/shared/Owned.h"
 
 namespace portico::memory {
 namespace {
 
 constexpr double BarHeight = 42 * FormUnitsPerPixel;
 constexpr double StatusHeight = 25 * FormUnitsPerPixel;
-
-constexpr StringView Separator = u"-";
-
-ControlDesign AsControl(const MenuDesign& design) {
-  return {.Kind = ControlKind::Menu,
-          .Name = design.Name,
-          .Caption = design.Caption,
-          .Parent = design.Parent,
-          .Visible = design.Visible};
-}
 
 } // namespace
 
@@ -42,7 +29,7 @@ bool MenuItem::IsInSight() const {
 bool MenuItem::Choose() {
   const Turn turn(Life());
   if (m_menu != nullptr && !m_menu->DropDown()) return false;
-  if (Design().Caption == Separator || !IsUsable()) return false;
+  if (Design().Caption == BarCaption || !IsUsable()) return false;
   if (!m_isTitle) Owner().ClosePopup();
   Fire(m_click);
   return true;
@@ -62,14 +49,9 @@ bool MenuItem::DropDown() {
   return true;
 }
 
-void ToolButton::Value(std::int32_t newValue) {
-  if (newValue != 0 && newValue != 1) HuntERR::RaiseStandard(ErrorNumber::BadPropertyValue);
-  m_value = newValue;
-}
-
 bool ToolButton::Press() {
-  if (m_design.Style == ToolButtonStyle::Separator || !m_enabled || !m_visible || !m_bar.IsUsable()) return false;
-  if (m_design.Style == ToolButtonStyle::Check) m_value = 1 - m_value;
+  if (Design().Style == ToolButtonStyle::Separator || !Enabled() || !Visible() || !m_bar.IsUsable()) return false;
+  if (Design().Style == ToolButtonStyle::Check) Turned(Value() == 0);
   m_bar.Fire(m_bar.m_buttonClick, *this);
   return true;
 }
@@ -79,27 +61,15 @@ ToolBar::ToolBar(Form& form, std::span<const ToolButtonDesign> buttons)
   for (const ToolButtonDesign& design : buttons) m_buttons.push_back(std::make_unique<ToolButton>(*this, design));
 }
 
-std::vector<IToolButton*> ToolBar::Buttons() {
-  std::vector<IToolButton*> buttons;
-  for (const auto& button : m_buttons) buttons.push_back(button.get());
-  return buttons;
-}
+std::vector<IToolButton*> ToolBar::Buttons() { return PointersTo<IToolButton>(m_buttons); }
 
-ToolButton& ToolBar::Buttons(StringView Key) {
-  for (const auto& button : m_buttons) {
-    if (EqualNoCase(button->Key(), Key)) return *button;
-  }
-  HuntERR::RaiseStandard(ErrorNumber::ElementNotFound);
-}
+ToolButton& ToolBar::Buttons(StringView Key) { return WithKey(m_buttons, Key); }
 
 StatusBar::StatusBar(Form& form, std::span<const StatusPanelDesign> panels)
     : Control(form, {.Kind = ControlKind::StatusBar, .Name = StatusBarName}), Placement({0, 0, 0, StatusHeight}) {
   for (const StatusPanelDesign& design : panels) m_panels.push_back(std::make_unique<StatusPanel>(design));
 }
 
-StatusPanel& StatusBar::Panels(std::int32_t Index) {
-  if (Index < 1 || Index > std::ssize(m_panels)) HuntERR::RaiseStandard(ErrorNumber::IndexOutOfBounds);
-  return *m_panels[static_cast<std::size_t>(Index - 1)];
-}
+StatusPanel& StatusBar::Panels(std::int32_t Index) { return AtPosition(m_panels, Index); }
 
 } // namespace portico::memory

@@ -5,6 +5,7 @@
 #include "platform/IMenuItem.h"
 #include "platform/IStatusBar.h"
 #include "platform/IToolBar.h"
+#include "platform/shared/ToolButtonState.h"
 
 #include <memory>
 
@@ -41,33 +42,15 @@ private:
 
 class ToolBar;
 
-class ToolButton final : public IToolButton {
+class ToolButton final : public ToolButtonState {
 public:
-  ToolButton(ToolBar& bar, const ToolButtonDesign& design)
-      : m_bar(bar), m_design(design), m_toolTipText(design.ToolTipText) {}
-
-  StringView Key() const override { return m_design.Key; }
-  bool Enabled() const override { return m_enabled; }
-  void Enabled(bool newValue) override { m_enabled = newValue; }
-  bool Visible() const override { return m_visible; }
-  void Visible(bool newValue) override { m_visible = newValue; }
-  std::int32_t Value() const override { return m_value; }
-  /// Anything but 0 and 1 raises 380.
-  void Value(std::int32_t newValue) override;
-  String ToolTipText() const override { return m_toolTipText; }
-  void ToolTipText(const String& newValue) override { m_toolTipText = newValue; }
+  ToolButton(ToolBar& bar, const ToolButtonDesign& design) : ToolButtonState(design), m_bar(bar) {}
 
   /// What the user does. False if the button is disabled, hidden or a separator.
   bool Press();
-  const ToolButtonDesign& Design() const { return m_design; }
 
 private:
   ToolBar& m_bar;
-  ToolButtonDesign m_design;
-  bool m_enabled = true;
-  bool m_visible = true;
-  std::int32_t m_value = 0;
-  String m_toolTipText;
 };
 
 /// Stands at the top of its form, 42 pixels high.

@@ -2,7 +2,7 @@
 
 #include "framework/objects/Event.h"
 #include "memory/forms/Keeper.h"
-#include "platform/IControl.h"
+#include "platform/shared/ControlState.h"
 
 #include <type_traits>
 
@@ -10,26 +10,13 @@ namespace portico::memory {
 
 class Form;
 
-/// What all controls of a form have in common. The user sees a control, and can use it, if that holds for the control,
+/// A control of a form. The user sees a control, and can use it, if that holds for the control,
 /// for all that it stands in and for its form.
-class Control : public virtual IControl {
+class Control : public ControlState {
 public:
   /// Stands in `container`, or in the form itself. Form and container outlive the control.
   Control(Form& form, const ControlDesign& design, Control* container = nullptr);
 
-  StringView Name() const override { return m_design.Name; }
-  ControlKind Kind() const override { return m_design.Kind; }
-  String Tag() const override { return String(m_design.Tag); }
-  String Caption() const override { return m_caption; }
-  void Caption(const String& newValue) override;
-  String ToolTipText() const override { return m_toolTipText; }
-  void ToolTipText(const String& newValue) override;
-  bool Enabled() const override { return m_enabled; }
-  void Enabled(bool newValue) override { m_enabled = newValue; }
-  bool Visible() const override { return m_visible; }
-  void Visible(bool newValue) override { m_visible = newValue; }
-
-  const ControlDesign& Design() const { return m_design; }
   Control* Container() const { return m_container; }
   /// The control and all that it stands in is visible; whether its form is does not count.
   virtual bool IsInSight() const;
@@ -51,12 +38,7 @@ protected:
 
 private:
   Form& m_form;
-  ControlDesign m_design;
   Control* m_container;
-  String m_caption;
-  String m_toolTipText;
-  bool m_enabled = true;
-  bool m_visible;
 };
 
 /// A control that can have the focus.

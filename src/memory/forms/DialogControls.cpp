@@ -3,15 +3,17 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "memory/forms/Form.h"
+#include "platform/shared/Checks.h"
+#include "platform/shared/Owned.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace portico::memory {
 
-std::int32_t DialogControl::TabIndex() const { return Owner().Focus().IndexOf(*this); }
+std::int32_t DialogControl::TabIndex() const { return Owner().Focus().Order().IndexOf(*this); }
 
-void DialogControl::TabIndex(std::int32_t newValue) { Owner().Focus().IndexOf(*this, newValue); }
+void DialogControl::TabIndex(std::int32_t newValue) { Owner().Focus().Order().Move(*this, newValue); }
 
 bool DialogControl::Enter() {
   if (!IsUsable()) return false;
@@ -27,7 +29,7 @@ bool CommandButton::Press() {
 }
 
 void CheckBox::Value(std::int32_t newValue) {
-  if (newValue < Unchecked || newValue > Grayed) HuntERR::RaiseStandard(ErrorNumber::BadPropertyValue);
+  CheckValue(newValue, Unchecked, Grayed);
   if (std::exchange(m_value, newValue) != newValue) Fire(m_click);
 }
 
@@ -64,7 +66,7 @@ String ComboBox::List(std::int32_t index) const {
 }
 
 void ComboBox::ListIndex(std::int32_t newValue) {
-  if (newValue < -1 || newValue >= ListCount()) HuntERR::RaiseStandard(ErrorNumber::BadPropertyValue);
+  CheckValue(newValue, -1, ListCount() - 1);
   Select(newValue, newValue < 0 ? String() : List(newValue));
 }
 
@@ -101,14 +103,10 @@ void TabStrip::AddTab(const String& Caption, const String& ToolTipText, const St
   if (m_selected == 0) m_selected = 1;
 }
 
-std::vector<ITab*> TabStrip::Tabs() {
-  std::vector<ITab*> tabs;
-  for (const auto& tab : m_tabs) tabs.push_back(tab.get());
-  return tabs;
-}
+std::vector<ITab*> TabStrip::Tabs() { return PointersTo<ITab>(m_tabs); }
 
 void TabStrip::SelectedItem(std::int32_t Index) {
-  if (Index < 1 || Index > std::ssize(m_tabs)) HuntERR::RaiseStandard(ErrorNumber::IndexOutOfBounds);
+  CheckPosition(Index, std::ssize(m_tabs));
   if (std::exchange(m_selected, Index) != Index) Fire(m_click);
 }
 

@@ -82,7 +82,7 @@ public:
   void ListIndex(std::int32_t newValue) override;
   Event<>& Click() override { return m_click; }
 
-  bool IsTyped() const { return Design().Tag == u"typed"; }
+  bool IsTyped() const { return Design().Tag == TypedTag; }
   bool Type(const String& text);
   bool Choose(const String& item);
 

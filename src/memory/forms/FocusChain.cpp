@@ -1,23 +1,9 @@
 #include "memory/forms/FocusChain.h"
 
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
-
-#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace portico::memory {
-
-std::int32_t FocusChain::IndexOf(const FocusControl& control) const {
-  return static_cast<std::int32_t>(std::find(m_order.begin(), m_order.end(), &control) - m_order.begin());
-}
-
-void FocusChain::IndexOf(FocusControl& control, std::int32_t newValue) {
-  if (newValue < 0) HuntERR::RaiseStandard(ErrorNumber::BadPropertyValue);
-  std::erase(m_order, &control);
-  const auto place = std::min<std::ptrdiff_t>(newValue, std::ssize(m_order));
-  m_order.insert(m_order.begin() + place, &control);
-}
 
 void FocusChain::MoveTo(FocusControl& control) {
   if (!IsReachable(control)) return;
@@ -26,12 +12,12 @@ void FocusChain::MoveTo(FocusControl& control) {
 }
 
 void FocusChain::MoveOn(bool backward) {
-  const std::ptrdiff_t count = std::ssize(m_order);
+  const std::ptrdiff_t count = std::ssize(m_order.All());
   const std::ptrdiff_t step = backward ? -1 : 1;
-  std::ptrdiff_t at = m_active != nullptr ? IndexOf(*m_active) : backward ? count : -1;
+  std::ptrdiff_t at = m_active != nullptr ? m_order.IndexOf(*m_active) : backward ? count : -1;
   for (std::ptrdiff_t tried = 0; tried < count; ++tried) {
     at = (at + step + count) % count;
-    FocusControl& control = *m_order[static_cast<std::size_t>(at)];
+    FocusControl& control = *m_order.All()[static_cast<std::size_t>(at)];
     if (control.IsTabStop() && IsReachable(control)) return MoveTo(control);
   }
 }

@@ -1,9 +1,7 @@
 #pragma once
 
 #include "memory/forms/Control.h"
-
-#include <cstdint>
-#include <vector>
+#include "platform/shared/TabPositions.h"
 
 namespace portico::memory {
 
@@ -12,11 +10,8 @@ class FocusChain {
 public:
   explicit FocusChain(Keeper& life) : m_life(life) {}
 
-  /// At the end of the order. The control outlives the chain.
-  void Add(FocusControl& control) { m_order.push_back(&control); }
-  /// A position counts from 0; behind the end means the end, below 0 raises 380.
-  std::int32_t IndexOf(const FocusControl& control) const;
-  void IndexOf(FocusControl& control, std::int32_t newValue);
+  /// Of the controls that can have the focus; they outlive the chain.
+  TabPositions<FocusControl>& Order() { return m_order; }
 
   /// The control that has the focus, or will have it as soon as the form has; null if none had it.
   FocusControl* Active() const { return m_active; }
@@ -35,7 +30,7 @@ private:
   void Tell();
 
   Keeper& m_life;
-  std::vector<FocusControl*> m_order;
+  TabPositions<FocusControl> m_order;
   FocusControl* m_active = nullptr;
   FocusControl* m_told = nullptr; // that it has the focus
   bool m_lit = false;

@@ -5,6 +5,7 @@
 #include "memory/forms/MakeControl.h"
 #include "memory/forms/RichTextControl.h"
 #include "memory/forms/Screen.h"
+#include "platform/shared/Owned.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -71,11 +72,7 @@ double Form::ScaleHeight() const {
   return std::max(Height() - FrameHeight - (hasMenuBar ? MenuBarHeight : 0), 0.0);
 }
 
-std::vector<IControl*> Form::Controls() {
-  std::vector<IControl*> controls;
-  for (const auto& control : m_controls) controls.push_back(control.get());
-  return controls;
-}
+std::vector<IControl*> Form::Controls() { return PointersTo<IControl>(m_controls); }
 
 void Form::PopupMenu(IMenuItem& Menu) {
   struct Closing {

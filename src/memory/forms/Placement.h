@@ -1,8 +1,7 @@
 #pragma once
 
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
 #include "platform/IPlaced.h"
+#include "platform/shared/Checks.h"
 
 namespace portico::memory {
 
@@ -41,7 +40,8 @@ protected:
 
 private:
   void Put(const Place& place) {
-    if (place.Width < 0 || place.Height < 0) HuntERR::RaiseStandard(ErrorNumber::BadPropertyValue);
+    CheckSize(place.Width);
+    CheckSize(place.Height);
     const bool isResize = place.Width != m_place.Width || place.Height != m_place.Height;
     m_place = place;
     if (isResize) Resized();

@@ -1,7 +1,6 @@
 #include "qt/controls/CheckBox.h"
 
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
+#include "platform/shared/Checks.h"
 #include "qt/values/QtText.h"
 
 #include <QSignalBlocker>
@@ -31,9 +30,7 @@ std::int32_t CheckBox::Value() const {
 }
 
 void CheckBox::Value(std::int32_t newValue) {
-  if (newValue < portico::Unchecked || newValue > portico::Grayed) {
-    HuntERR::RaiseStandard(ErrorNumber::BadPropertyValue);
-  }
+  CheckValue(newValue, portico::Unchecked, portico::Grayed);
   if (newValue == Value()) return;
   {
     const QSignalBlocker quiet(m_box);

@@ -2,6 +2,7 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
+#include "platform/shared/Checks.h"
 #include "qt/values/QtText.h"
 
 #include <QSignalBlocker>
@@ -11,7 +12,6 @@
 namespace portico::qt {
 namespace {
 
-constexpr StringView Typed = u"typed";
 constexpr int TypedCharacters = 40; // an instrument's whole name can be seen
 
 } // namespace
@@ -20,7 +20,7 @@ ComboBox::ComboBox(const ControlDesign& design, std::shared_ptr<FormLife> life, 
     : TabStopControl(design, std::move(life), box), m_box(box) {
   box.setInsertPolicy(QComboBox::NoInsert);
   box.setSizeAdjustPolicy(QComboBox::AdjustToContents);
-  if (design.Tag == Typed) {
+  if (design.Tag == TypedTag) {
     box.setEditable(true);
     box.setMinimumContentsLength(TypedCharacters);
     box.setCompleter(nullptr); // what is typed stays as it is
@@ -65,7 +65,7 @@ std::int32_t ComboBox::ListIndex() const {
 }
 
 void ComboBox::ListIndex(std::int32_t newValue) {
-  if (newValue < -1 || newValue >= m_box.count()) HuntERR::RaiseStandard(ErrorNumber::BadPropertyValue);
+  CheckValue(newValue, -1, m_box.count() - 1);
   if (newValue == ListIndex()) return;
   const String text = Text();
   {

@@ -1,39 +1,10 @@
 #include "qt/controls/Control.h"
 
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
 #include "qt/values/QtText.h"
 
 #include <utility>
 
 namespace portico::qt {
-Control::Control(const ControlDesign& design, std::shared_ptr<FormLife> life)
-    : m_name(design.Name), m_kind(design.Kind), m_tag(design.Tag), m_visible(design.Visible), m_life(std::move(life)) {
-  if (HasCaption(m_kind)) m_caption = design.Caption;
-  if (HasToolTip(m_kind)) m_toolTipText = design.ToolTipText;
-}
-
-void Control::Caption(const String& newValue) {
-  if (!HasCaption(m_kind)) HuntERR::RaiseStandard(ErrorNumber::PropertyNotFound);
-  m_caption = newValue;
-  ShowCaption();
-}
-
-void Control::ToolTipText(const String& newValue) {
-  if (!HasToolTip(m_kind)) HuntERR::RaiseStandard(ErrorNumber::PropertyNotFound);
-  m_toolTipText = newValue;
-  ShowToolTipText();
-}
-
-void Control::Enabled(bool newValue) {
-  m_enabled = newValue;
-  ShowEnabled();
-}
-
-void Control::Visible(bool newValue) {
-  m_visible = newValue;
-  ShowVisible();
-}
 
 WidgetControl::WidgetControl(const ControlDesign& design, std::shared_ptr<FormLife> life, QWidget& widget)
     : Control(design, std::move(life)), m_widget(widget) {

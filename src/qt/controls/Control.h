@@ -1,7 +1,7 @@
 #pragma once
 
 #include "framework/objects/Event.h"
-#include "platform/IControl.h"
+#include "platform/shared/ControlState.h"
 #include "qt/controls/TabOrder.h"
 #include "qt/loop/HandlerTurn.h"
 #include "qt/values/Placed.h"
@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <type_traits>
+#include <utility>
 
 namespace portico::qt {
 
@@ -19,31 +20,14 @@ struct FormLife {
   TabOrder Order;
 };
 
-/// What all controls have in common. What was set is kept apart from what the toolkit makes of it: to it, what is
+/// A control of a form. What was set is kept apart from what the toolkit makes of it: to it, what is
 /// hidden is disabled as well.
-class Control : public virtual IControl {
+class Control : public ControlState {
 public:
-  Control(const ControlDesign& design, std::shared_ptr<FormLife> life);
-
-  StringView Name() const override { return m_name; }
-  ControlKind Kind() const override { return m_kind; }
-  String Tag() const override { return String(m_tag); }
-  String Caption() const override { return m_caption; }
-  void Caption(const String& newValue) override;
-  String ToolTipText() const override { return m_toolTipText; }
-  void ToolTipText(const String& newValue) override;
-  bool Enabled() const override { return m_enabled; }
-  void Enabled(bool newValue) override;
-  bool Visible() const override { return m_visible; }
-  void Visible(bool newValue) override;
+  Control(const ControlDesign& design, std::shared_ptr<FormLife> life)
+      : ControlState(design), m_life(std::move(life)) {}
 
 protected:
-  // What has been set is to show.
-  virtual void ShowCaption() {}
-  virtual void ShowToolTipText() = 0;
-  virtual void ShowEnabled() = 0;
-  virtual void ShowVisible() = 0;
-
   FormLife& Life() const { return *m_life; }
   /// To be called for every event.
   template <class... Args>
@@ -59,13 +43,6 @@ protected:
   }
 
 private:
-  StringView m_name;
-  ControlKind m_kind;
-  StringView m_tag;
-  String m_caption;
-  String m_toolTipText;
-  bool m_enabled = true;
-  bool m_visible = true;
   std::shared_ptr<FormLife> m_life;
 };
 
@@ -93,7 +70,7 @@ public:
   bool TabStop() const override { return m_tabStop; }
   void TabStop(bool newValue) override;
   std::int32_t TabIndex() const override { return Life().Order.IndexOf(Widget()); }
-  void TabIndex(std::int32_t newValue) override { Life().Order.IndexOf(Widget(), newValue); }
+  void TabIndex(std::int32_t newValue) override { Life().Order.Move(Widget(), newValue); }
 
 private:
   bool m_tabStop = true;

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QWidget>
+#include "platform/shared/TabPositions.h"
 
-#include <cstdint>
-#include <vector>
+#include <QWidget>
 
 namespace portico::qt {
 
@@ -12,14 +11,12 @@ class TabOrder {
 public:
   /// At the end.
   void Add(QWidget& widget);
-  std::int32_t IndexOf(const QWidget& widget) const;
-  /// Moves a widget to a place; one behind the end means the end, one below 0 raises 380.
-  void IndexOf(QWidget& widget, std::int32_t newValue);
+  std::int32_t IndexOf(const QWidget& widget) const { return m_positions.IndexOf(widget); }
+  /// As `TabPositions` has it.
+  void Move(QWidget& widget, std::int32_t position);
 
 private:
-  void Apply() const;
-
-  std::vector<QWidget*> m_order;
+  TabPositions<QWidget> m_positions;
 };
 
 } // namespace portico::qt

@@ -1,7 +1,7 @@
 #include "qt/controls/TabStrip.h"
 
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
+#include "platform/shared/Checks.h"
+#include "platform/shared/Owned.h"
 #include "qt/values/QtText.h"
 
 #include <QSignalBlocker>
@@ -28,14 +28,10 @@ void TabStrip::AddTab(const String& Caption, const String& ToolTipText, const St
   m_tabs.push_back(std::make_unique<Tab>(m_bar, index, Tag));
 }
 
-std::vector<ITab*> TabStrip::Tabs() {
-  std::vector<ITab*> tabs;
-  for (const auto& tab : m_tabs) tabs.push_back(tab.get());
-  return tabs;
-}
+std::vector<ITab*> TabStrip::Tabs() { return PointersTo<ITab>(m_tabs); }
 
 void TabStrip::SelectedItem(std::int32_t Index) {
-  if (Index < 1 || Index > m_bar.count()) HuntERR::RaiseStandard(ErrorNumber::IndexOutOfBounds);
+  CheckPosition(Index, m_bar.count());
   if (Index == SelectedItem()) return;
   {
     const QSignalBlocker quiet(m_bar);

@@ -1,5 +1,6 @@
 #include "qt/forms/Form.h"
 
+#include "platform/shared/Owned.h"
 #include "qt/controls/PictureBox.h"
 #include "qt/forms/MenuItem.h"
 #include "qt/forms/StatusBar.h"
@@ -83,11 +84,7 @@ void Form::MousePointer(std::int32_t shape) {
   m_pointer = shape;
 }
 
-std::vector<IControl*> Form::Controls() {
-  std::vector<IControl*> controls;
-  for (const auto& control : m_parts.Controls) controls.push_back(control.get());
-  return controls;
-}
+std::vector<IControl*> Form::Controls() { return PointersTo<IControl>(m_parts.Controls); }
 
 void Form::PopupMenu(IMenuItem& Menu) {
   QMenu* menu = dynamic_cast<MenuItem&>(Menu).Menu();

@@ -7,15 +7,6 @@
 #include <utility>
 
 namespace portico::qt {
-namespace {
-
-constexpr StringView Bar = u"-";
-
-ControlDesign AsControl(const MenuDesign& design) {
-  return {.Kind = ControlKind::Menu, .Name = design.Name, .Caption = design.Caption, .Visible = design.Visible};
-}
-
-} // namespace
 
 MenuItem::MenuItem(const MenuDesign& design, std::shared_ptr<FormLife> life, QAction& action, QMenu* menu)
     : Control(AsControl(design), std::move(life)), m_action(action), m_menu(menu), m_checked(design.Checked) {
@@ -48,7 +39,7 @@ void MenuItem::Checked(bool newValue) {
 }
 
 void MenuItem::ShowCaption() {
-  const bool isBar = Caption() == Bar;
+  const bool isBar = Caption() == BarCaption;
   m_action.setSeparator(isBar);
   m_action.setText(isBar ? QString() : ToQt(Caption())); // a style would write it beside the line
   if (m_menu != nullptr) m_menu->setAccessibleName(m_action.iconText());

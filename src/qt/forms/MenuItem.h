@@ -27,7 +27,6 @@ public:
 
 protected:
   void ShowCaption() override;
-  void ShowToolTipText() override {}
   void ShowEnabled() override { m_action.setEnabled(Enabled()); }
   void ShowVisible() override { m_action.setVisible(Visible()); }
 

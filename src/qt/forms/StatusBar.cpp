@@ -1,7 +1,6 @@
 #include "qt/forms/StatusBar.h"
 
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
+#include "platform/shared/Owned.h"
 #include "qt/values/QtText.h"
 
 #include <QDateTime>
@@ -54,9 +53,6 @@ StatusBar::StatusBar(std::span<const StatusPanelDesign> panels, std::shared_ptr<
   m_clock.start(std::chrono::seconds(1));
 }
 
-StatusPanel& StatusBar::Panels(std::int32_t Index) {
-  if (Index < 1 || Index > std::ssize(m_panels)) HuntERR::RaiseStandard(ErrorNumber::IndexOutOfBounds);
-  return *m_panels[static_cast<std::size_t>(Index) - 1];
-}
+StatusPanel& StatusBar::Panels(std::int32_t Index) { return AtPosition(m_panels, Index); }
 
 } // namespace portico::qt

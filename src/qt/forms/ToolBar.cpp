@@ -1,13 +1,11 @@
 #include "qt/forms/ToolBar.h"
 
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
+#include "platform/shared/Owned.h"
 #include "qt/controls/Icons.h"
 #include "qt/values/QtText.h"
 
 #include <QLayout>
 
-#include <algorithm>
 #include <utility>
 
 namespace portico::qt {
@@ -18,7 +16,7 @@ constexpr int IconPixels = 16;
 } // namespace
 
 ToolButton::ToolButton(ToolBar& bar, const ToolButtonDesign& design, QAction& action)
-    : m_key(design.Key), m_action(action) {
+    : ToolButtonState(design), m_action(action) {
   action.setObjectName(ToQt(design.Key));
   if (design.Style == ToolButtonStyle::Separator) {
     action.setSeparator(true);
@@ -26,33 +24,15 @@ ToolButton::ToolButton(ToolBar& bar, const ToolButtonDesign& design, QAction& ac
     action.setIcon(IconOf(design.Image));
     action.setCheckable(design.Style == ToolButtonStyle::Check);
   }
-  ToolButton::ToolTipText(String(design.ToolTipText));
+  ToolButton::ShowToolTipText();
+  QObject::connect(&action, &QAction::toggled, &action, [this](bool isChecked) { Turned(isChecked); });
   QObject::connect(&action, &QAction::triggered, &action, [this, &bar] { bar.EnterAndFire(bar.m_buttonClick, *this); });
 }
 
-void ToolButton::Enabled(bool newValue) {
-  m_enabled = newValue;
-  m_action.setEnabled(newValue);
-}
-
-void ToolButton::Visible(bool newValue) {
-  m_visible = newValue;
-  m_action.setVisible(newValue);
-}
-
-std::int32_t ToolButton::Value() const { return m_action.isCheckable() ? (m_action.isChecked() ? 1 : 0) : m_value; }
-
-void ToolButton::Value(std::int32_t newValue) {
-  if (newValue != 0 && newValue != 1) HuntERR::RaiseStandard(ErrorNumber::BadPropertyValue);
-  m_value = newValue;
-  m_action.setChecked(newValue == 1);
-}
-
-void ToolButton::ToolTipText(const String& newValue) {
-  m_toolTipText = newValue;
-  m_action.setToolTip(ToQt(newValue));
+void ToolButton::ShowToolTipText() {
+  m_action.setToolTip(ToQt(ToolTipText()));
   // What a screen reader says; a button with an icon shows no text.
-  m_action.setText(ToQt(newValue.empty() ? String(m_key) : newValue));
+  m_action.setText(ToQt(ToolTipText().empty() ? String(Key()) : ToolTipText()));
 }
 
 ToolBar::ToolBar(std::span<const ToolButtonDesign> buttons, std::shared_ptr<FormLife> life, QToolBar& bar)
@@ -74,18 +54,9 @@ ToolBar::ToolBar(std::span<const ToolButtonDesign> buttons, std::shared_ptr<Form
   bar.resize(bar.sizeHint());
 }
 
-std::vector<IToolButton*> ToolBar::Buttons() {
-  std::vector<IToolButton*> buttons;
-  for (const auto& button : m_buttons) buttons.push_back(button.get());
-  return buttons;
-}
+std::vector<IToolButton*> ToolBar::Buttons() { return PointersTo<IToolButton>(m_buttons); }
 
-ToolButton& ToolBar::Buttons(StringView Key) {
-  const auto found =
-      std::find_if(m_buttons.begin(), m_buttons.end(), [Key](const auto& button) { return button->Key() == Key; });
-  if (found == m_buttons.end()) HuntERR::RaiseStandard(ErrorNumber::ElementNotFound);
-  return **found;
-}
+ToolButton& ToolBar::Buttons(StringView Key) { return WithKey(m_buttons, Key); }
 
 int ToolBar::ButtonsEnd() const { return m_bar.x() + m_bar.sizeHint().width(); }
 

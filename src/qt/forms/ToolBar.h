@@ -2,6 +2,7 @@
 
 #include "platform/FormDesign.h"
 #include "platform/IToolBar.h"
+#include "platform/shared/ToolButtonState.h"
 #include "qt/controls/Control.h"
 
 #include <QAction>
@@ -16,28 +17,19 @@ namespace portico::qt {
 class ToolBar;
 
 /// An action of the toolbar's.
-class ToolButton final : public IToolButton {
+class ToolButton final : public ToolButtonState {
 public:
   ToolButton(ToolBar& bar, const ToolButtonDesign& design, QAction& action);
 
-  StringView Key() const override { return m_key; }
-  bool Enabled() const override { return m_enabled; }
-  void Enabled(bool newValue) override;
-  bool Visible() const override { return m_visible; }
-  void Visible(bool newValue) override;
-  std::int32_t Value() const override;
-  /// Anything but 0 and 1 raises 380. Only a button of check style shows it.
-  void Value(std::int32_t newValue) override;
-  String ToolTipText() const override { return m_toolTipText; }
-  void ToolTipText(const String& newValue) override;
+protected:
+  void ShowEnabled() override { m_action.setEnabled(Enabled()); }
+  void ShowVisible() override { m_action.setVisible(Visible()); }
+  /// Only a button of check style shows it.
+  void ShowValue() override { m_action.setChecked(Value() == 1); }
+  void ShowToolTipText() override;
 
 private:
-  StringView m_key;
   QAction& m_action;
-  bool m_enabled = true;
-  bool m_visible = true;
-  std::int32_t m_value = 0;
-  String m_toolTipText;
 };
 
 /// Stands at the top of its form, as wide as the form unless it is placed. Its buttons, of 16 pixels, never get the

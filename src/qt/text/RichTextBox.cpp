@@ -1,7 +1,5 @@
 #include "qt/text/RichTextBox.h"
 
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
 #include "qt/loop/HandlerTurn.h"
 #include "qt/text/TextPrinter.h"
 #include "qt/values/QtText.h"
@@ -9,15 +7,11 @@
 namespace portico::qt {
 
 RichTextBox::RichTextBox(const ControlDesign& design, QWidget& parent, StringView fontName, double fontSize)
-    : RichTextEditor(*new TextView(&parent), fontName, fontSize),
-      m_widget(&View()),
-      m_name(design.Name),
-      m_tag(design.Tag),
-      m_visible(design.Visible) {
+    : RichTextEditor(*new TextView(&parent), fontName, fontSize), ControlState(design), m_widget(&View()) {
   m_widget->setObjectName(ToQt(design.Name));
   m_widget->setAccessibleName(ToQt(design.Name));
-  m_widget->setVisible(m_visible);
-  RichTextBox::ToolTipText(String(design.ToolTipText));
+  RichTextBox::ShowVisible();
+  RichTextBox::ShowToolTipText();
 }
 
 RichTextBox::~RichTextBox() = default;
@@ -28,21 +22,16 @@ void RichTextBox::SelPrint(const Ref<IDeviceContext>& hDC) {
             Standard().Character, context->Printer());
 }
 
-void RichTextBox::Caption(const String& /*newValue*/) { HuntERR::RaiseStandard(ErrorNumber::PropertyNotFound); }
-
-void RichTextBox::ToolTipText(const String& newValue) {
-  m_toolTipText = newValue;
-  if (m_widget) m_widget->setToolTip(ToQt(newValue));
+void RichTextBox::ShowToolTipText() {
+  if (m_widget) m_widget->setToolTip(ToQt(ToolTipText()));
 }
 
-void RichTextBox::Enabled(bool newValue) {
-  m_enabled = newValue;
-  if (m_widget) m_widget->setEnabled(newValue);
+void RichTextBox::ShowEnabled() {
+  if (m_widget) m_widget->setEnabled(Enabled());
 }
 
-void RichTextBox::Visible(bool newValue) {
-  m_visible = newValue;
-  if (m_widget) m_widget->setVisible(newValue);
+void RichTextBox::ShowVisible() {
+  if (m_widget) m_widget->setVisible(Visible());
 }
 
 void RichTextBox::Put(const QRect& place) {

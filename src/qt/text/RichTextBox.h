@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/IRichTextControl.h"
+#include "platform/shared/ControlState.h"
 #include "qt/text/RichTextEditor.h"
 #include "qt/values/Placed.h"
 
@@ -8,7 +9,7 @@ namespace portico::qt {
 
 /// The rich text box of a form. It is shown by a `TextView`, a child of `parent` that bears the design's name; that one
 /// belongs to its window, and may go before the box, which then has no place any more.
-class RichTextBox final : public RichTextEditor, public Placed, public virtual IRichTextControl {
+class RichTextBox final : public RichTextEditor, public ControlState, public Placed, public virtual IRichTextControl {
 public:
   /// The font is that of the standard formatting. Its size is in points.
   RichTextBox(const ControlDesign& design, QWidget& parent, StringView fontName, double fontSize);
@@ -19,18 +20,6 @@ public:
   TextView* Widget() const { return m_widget; }
 
   void SelPrint(const Ref<IDeviceContext>& hDC) override;
-
-  StringView Name() const override { return m_name; }
-  ControlKind Kind() const override { return ControlKind::RichTextBox; }
-  String Tag() const override { return m_tag; }
-  String Caption() const override { return {}; }
-  void Caption(const String& newValue) override;
-  String ToolTipText() const override { return m_toolTipText; }
-  void ToolTipText(const String& newValue) override;
-  bool Enabled() const override { return m_enabled; }
-  void Enabled(bool newValue) override;
-  bool Visible() const override { return m_visible; }
-  void Visible(bool newValue) override;
 
   bool TabStop() const override { return m_tabStop; }
   void TabStop(bool newValue) override;
@@ -45,17 +34,16 @@ private:
   QRect Place() const override { return m_widget ? m_widget->geometry() : QRect(0, 0, 0, 0); }
   void Put(const QRect& place) override;
 
+  void ShowToolTipText() override;
+  void ShowEnabled() override;
+  void ShowVisible() override;
+
   void OnUserChange() override;
   void OnFocus(bool hasFocus) override;
   void OnMouseDown(const MouseEvent& event) override;
   void OnMouseUp(const MouseEvent& event) override;
 
   QPointer<TextView> m_widget;
-  StringView m_name; // of the design, which is a constant
-  String m_tag;
-  String m_toolTipText;
-  bool m_enabled = true;
-  bool m_visible;
   bool m_tabStop = true;
   Event<> m_gotFocus;
   Event<> m_lostFocus;

@@ -1,7 +1,6 @@
 #include "qt/values/Placed.h"
 
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
+#include "platform/shared/Checks.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,7 +18,7 @@ int Placed::Pixels(double units) {
 }
 
 int Placed::PixelSize(double units) {
-  if (units < 0) HuntERR::RaiseStandard(ErrorNumber::BadPropertyValue);
+  CheckSize(units);
   return Pixels(units);
 }
 

@@ -1,11 +1,10 @@
 #include "qt/text/FindBar.h"
 
-#include "qt/text/TextView.h"
-
 #include <QKeyEvent>
 #include <QTextDocument>
 
 #include <algorithm>
+#include <utility>
 
 namespace portico::qt {
 namespace {
@@ -15,7 +14,8 @@ const QColor NotFound(0xFF, 0xD0, 0xD0);
 
 } // namespace
 
-FindBar::FindBar(TextView& view) : QLineEdit(&view), m_view(view) {
+FindBar::FindBar(QPlainTextEdit& view, std::function<void()> bringUpToDate)
+    : QLineEdit(&view), m_view(view), m_bringUpToDate(std::move(bringUpToDate)) {
   setPlaceholderText(QStringLiteral("Find"));
   setAccessibleName(QStringLiteral("Find"));
   setClearButtonEnabled(true);
@@ -56,7 +56,7 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
 
 /// Beyond the end of the text it goes on at the other one.
 void FindBar::Find(int from, bool backwards) {
-  m_view.BringUpToDate();
+  m_bringUpToDate();
   const QTextDocument& text = *m_view.document();
   const QTextDocument::FindFlags flags = backwards ? QTextDocument::FindBackward : QTextDocument::FindFlags();
   const int end = text.characterCount() - 1;

@@ -1,16 +1,18 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include <functional>
 
 namespace portico::qt {
-
-class TextView;
 
 /// A field at a view's lower edge. What is typed there is looked for as it is typed, case ignored; Return goes to the
 /// next place, with Shift to the one before, and Escape closes. It belongs to its view.
 class FindBar final : public QLineEdit {
 public:
-  explicit FindBar(TextView& view);
+  /// `bringUpToDate`: the view is to show all that there is to look through.
+  FindBar(QPlainTextEdit& view, std::function<void()> bringUpToDate);
 
   /// With what is selected in the view, if that is within a line.
   void Open();
@@ -23,7 +25,8 @@ protected:
 private:
   void Find(int from, bool backwards);
 
-  TextView& m_view;
+  QPlainTextEdit& m_view;
+  std::function<void()> m_bringUpToDate;
 };
 
 } // namespace portico::qt

@@ -136,7 +136,7 @@ bool TextView::ZoomKey(const QKeyEvent& event) {
 
 bool TextView::FindKey(const QKeyEvent& event) {
   if (!event.matches(QKeySequence::Find)) return false;
-  if (m_find == nullptr) m_find = new FindBar(*this);
+  if (m_find == nullptr) m_find = new FindBar(*this, [this] { BringUpToDate(); });
   m_find->Open();
   return true;
 }

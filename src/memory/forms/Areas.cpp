@@ -9,7 +9,7 @@ constexpr Place PicturePlace = {0, 0, 32 * FormUnitsPerPixel, 32 * FormUnitsPerP
 
 } // namespace
 
-PictureBox::PictureBox(Form& form, const ControlDesign& design, Control* container)
+PictureBox::PictureBox(ControlOwner& form, const ControlDesign& design, Control* container)
     : Control(form, design, container), Placement(PicturePlace) {}
 
 bool PictureBox::PressMouse(const MouseEvent& event) {
@@ -31,7 +31,7 @@ bool PictureBox::ReleaseMouse(const MouseEvent& event) {
   return true;
 }
 
-SplitArea::SplitArea(Form& form, const ControlDesign& design, Control* container)
+SplitArea::SplitArea(ControlOwner& form, const ControlDesign& design, Control* container)
     : Control(form, design, container),
       Placement({}),
       m_splitter(form, {.Kind = ControlKind::PictureBox, .Name = u"Splitter"}, this) {}

@@ -9,7 +9,7 @@ namespace portico::memory {
 /// Begins 32 pixels wide and high.
 class PictureBox final : public Control, public Placement, public virtual IPictureBox {
 public:
-  PictureBox(Form& form, const ControlDesign& design, Control* container);
+  PictureBox(ControlOwner& form, const ControlDesign& design, Control* container);
 
   void BackColor(std::int32_t newValue) override { m_backColor = newValue; }
   void MousePointer(std::int32_t shape) override { m_mousePointer = shape; }
@@ -42,7 +42,7 @@ private:
 /// The inner area is the whole of it.
 class SplitArea final : public Control, public Placement, public virtual ISplitArea {
 public:
-  SplitArea(Form& form, const ControlDesign& design, Control* container);
+  SplitArea(ControlOwner& form, const ControlDesign& design, Control* container);
 
   double ScaleWidth() const override { return Width(); }
   double ScaleHeight() const override { return Height(); }

@@ -1,6 +1,5 @@
 #include "memory/forms/Bars.h"
 
-#include "memory/forms/Form.h"
 #include "platform/shared/Owned.h"
 
 namespace portico::memory {
@@ -11,7 +10,7 @@ constexpr double StatusHeight = 25 * FormUnitsPerPixel;
 
 } // namespace
 
-MenuItem::MenuItem(Form& form, const MenuDesign& design, MenuItem* menu)
+MenuItem::MenuItem(ControlOwner& form, const MenuDesign& design, MenuItem* menu)
     : Control(form, AsControl(design), menu),
       m_menu(menu),
       m_shortcut(design.Shortcut),
@@ -56,8 +55,8 @@ bool ToolButton::Press() {
   return true;
 }
 
-ToolBar::ToolBar(Form& form, std::span<const ToolButtonDesign> buttons)
-    : Control(form, {.Kind = ControlKind::Toolbar, .Name = ToolBarName}), Placement({0, 0, form.Width(), BarHeight}) {
+ToolBar::ToolBar(ControlOwner& form, std::span<const ToolButtonDesign> buttons, double width)
+    : Control(form, {.Kind = ControlKind::Toolbar, .Name = ToolBarName}), Placement({0, 0, width, BarHeight}) {
   for (const ToolButtonDesign& design : buttons) m_buttons.push_back(std::make_unique<ToolButton>(*this, design));
 }
 
@@ -65,7 +64,7 @@ std::vector<IToolButton*> ToolBar::Buttons() { return PointersTo<IToolButton>(m_
 
 ToolButton& ToolBar::Buttons(StringView Key) { return WithKey(m_buttons, Key); }
 
-StatusBar::StatusBar(Form& form, std::span<const StatusPanelDesign> panels)
+StatusBar::StatusBar(ControlOwner& form, std::span<const StatusPanelDesign> panels)
     : Control(form, {.Kind = ControlKind::StatusBar, .Name = StatusBarName}), Placement({0, 0, 0, StatusHeight}) {
   for (const StatusPanelDesign& design : panels) m_panels.push_back(std::make_unique<StatusPanel>(design));
 }

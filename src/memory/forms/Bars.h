@@ -14,7 +14,7 @@ namespace portico::memory {
 /// A menu title, an item or a bar; its container is the menu that it belongs to.
 class MenuItem final : public Control, public virtual IMenuItem {
 public:
-  MenuItem(Form& form, const MenuDesign& design, MenuItem* menu);
+  MenuItem(ControlOwner& form, const MenuDesign& design, MenuItem* menu);
 
   bool Checked() const override { return m_checked; }
   void Checked(bool newValue) override { m_checked = newValue; }
@@ -56,7 +56,7 @@ private:
 /// Stands at the top of its form, 42 pixels high.
 class ToolBar final : public Control, public Placement, public virtual IToolBar {
 public:
-  ToolBar(Form& form, std::span<const ToolButtonDesign> buttons);
+  ToolBar(ControlOwner& form, std::span<const ToolButtonDesign> buttons, double width);
 
   std::vector<IToolButton*> Buttons() override;
   ToolButton& Buttons(StringView Key) override;
@@ -89,7 +89,7 @@ private:
 /// Stands at the bottom of its form, 25 pixels high and as wide as the form.
 class StatusBar final : public Control, public Placement, public virtual IStatusBar {
 public:
-  StatusBar(Form& form, std::span<const StatusPanelDesign> panels);
+  StatusBar(ControlOwner& form, std::span<const StatusPanelDesign> panels);
 
   StatusPanel& Panels(std::int32_t Index) override;
 

@@ -2,7 +2,6 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
-#include "memory/forms/Form.h"
 #include "platform/shared/Checks.h"
 #include "platform/shared/Owned.h"
 
@@ -40,7 +39,7 @@ bool CheckBox::Press() {
   return true;
 }
 
-TextBox::TextBox(Form& form, const ControlDesign& design, Control* container)
+TextBox::TextBox(ControlOwner& form, const ControlDesign& design, Control* container)
     : DialogControl(form, design, container), m_text(design.Caption) {}
 
 void TextBox::Text(const String& newValue) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "memory/forms/Control.h"
+#include "memory/forms/FocusControl.h"
 #include "platform/IDialogControls.h"
 
 #include <memory>
@@ -53,7 +53,7 @@ private:
 class TextBox final : public DialogControl, public virtual ITextBox {
 public:
   /// The caption of the design is the text.
-  TextBox(Form& form, const ControlDesign& design, Control* container);
+  TextBox(ControlOwner& form, const ControlDesign& design, Control* container);
   String Text() const override { return m_text; }
   void Text(const String& newValue) override;
   Event<>& Change() override { return m_change; }

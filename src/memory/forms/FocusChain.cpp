@@ -5,9 +5,9 @@
 
 namespace portico::memory {
 
-void FocusChain::MoveTo(FocusControl& control) {
-  if (!IsReachable(control)) return;
-  m_active = &control;
+void FocusChain::MoveTo(IFocusStop& stop) {
+  if (!stop.IsReachable()) return;
+  m_active = &stop;
   Tell();
 }
 
@@ -17,8 +17,8 @@ void FocusChain::MoveOn(bool backward) {
   std::ptrdiff_t at = m_active != nullptr ? m_order.IndexOf(*m_active) : backward ? count : -1;
   for (std::ptrdiff_t tried = 0; tried < count; ++tried) {
     at = (at + step + count) % count;
-    FocusControl& control = *m_order.All()[static_cast<std::size_t>(at)];
-    if (control.IsTabStop() && IsReachable(control)) return MoveTo(control);
+    IFocusStop& stop = *m_order.All()[static_cast<std::size_t>(at)];
+    if (stop.IsTabStop() && stop.IsReachable()) return MoveTo(stop);
   }
 }
 
@@ -36,17 +36,10 @@ void FocusChain::GoDark() {
 void FocusChain::Tell() {
   const Keeper::Turn turn(m_life);
   if (m_told == Current()) return;
-  if (const FocusControl* old = std::exchange(m_told, nullptr); old != nullptr) old->m_lostFocus();
+  if (IFocusStop* old = std::exchange(m_told, nullptr); old != nullptr) old->Tell(false);
   // A handler may have moved it on, and told that.
-  FocusControl* const now = Current();
-  if (std::exchange(m_told, now) != now && now != nullptr) now->m_gotFocus();
-}
-
-bool FocusChain::IsReachable(const FocusControl& control) {
-  for (const Control* part = &control; part != nullptr; part = part->Container()) {
-    if (!part->Enabled()) return false;
-  }
-  return control.IsInSight();
+  IFocusStop* const now = Current();
+  if (std::exchange(m_told, now) != now && now != nullptr) now->Tell(true);
 }
 
 } // namespace portico::memory

@@ -1,9 +1,21 @@
 #pragma once
 
-#include "memory/forms/Control.h"
+#include "memory/forms/Keeper.h"
 #include "platform/shared/TabPositions.h"
 
 namespace portico::memory {
+
+/// What can have the focus in a form.
+class IFocusStop {
+public:
+  virtual ~IFocusStop() = default;
+
+  virtual bool IsTabStop() const = 0;
+  /// In sight and enabled.
+  virtual bool IsReachable() const = 0;
+  /// It has got the focus, or has lost it.
+  virtual void Tell(bool hasFocus) = 0;
+};
 
 /// Which control of a form has the focus, and the order in which the Tab key reaches them.
 class FocusChain {
@@ -11,13 +23,13 @@ public:
   explicit FocusChain(Keeper& life) : m_life(life) {}
 
   /// Of the controls that can have the focus; they outlive the chain.
-  TabPositions<FocusControl>& Order() { return m_order; }
+  TabPositions<IFocusStop>& Order() { return m_order; }
 
   /// The control that has the focus, or will have it as soon as the form has; null if none had it.
-  FocusControl* Active() const { return m_active; }
+  IFocusStop* Active() const { return m_active; }
   /// The control that has the focus now; null while the form has it not.
-  FocusControl* Current() const { return m_lit ? m_active : nullptr; }
-  void MoveTo(FocusControl& control);
+  IFocusStop* Current() const { return m_lit ? m_active : nullptr; }
+  void MoveTo(IFocusStop& stop);
   /// To the next tab stop that can be used, or the one before, around the end.
   void MoveOn(bool backward);
   /// The form gets or loses the focus. A form without an active control gives it to its first tab stop.
@@ -25,14 +37,13 @@ public:
   void GoDark();
 
 private:
-  static bool IsReachable(const FocusControl& control);
   /// Lets the controls know who has the focus.
   void Tell();
 
   Keeper& m_life;
-  TabPositions<FocusControl> m_order;
-  FocusControl* m_active = nullptr;
-  FocusControl* m_told = nullptr; // that it has the focus
+  TabPositions<IFocusStop> m_order;
+  IFocusStop* m_active = nullptr;
+  IFocusStop* m_told = nullptr; // that it has the focus
   bool m_lit = false;
 };
 

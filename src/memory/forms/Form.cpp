@@ -2,9 +2,9 @@
 
 #include "memory/forms/Bars.h"
 #include "memory/forms/DialogControls.h"
+#include "memory/forms/FormScreen.h"
 #include "memory/forms/MakeControl.h"
 #include "memory/forms/RichTextControl.h"
-#include "memory/forms/Screen.h"
 #include "platform/shared/Owned.h"
 
 #include <algorithm>
@@ -27,7 +27,7 @@ String NameOfShortcut(std::int32_t code, std::int32_t shift) {
 
 } // namespace
 
-Form::Form(Screen& screen, const FormDesign& design)
+Form::Form(FormScreen& screen, const FormDesign& design)
     : Placement(FirstPlace), m_screen(&screen), m_design(design), m_caption(design.Caption) {
   Build(design);
 }
@@ -38,7 +38,7 @@ void Form::Build(const FormDesign& design) {
   for (const MenuDesign& item : design.Menus) {
     m_controls.push_back(std::make_unique<MenuItem>(*this, item, dynamic_cast<MenuItem*>(Container(item.Parent))));
   }
-  if (!design.ToolButtons.empty()) m_controls.push_back(std::make_unique<ToolBar>(*this, design.ToolButtons));
+  if (!design.ToolButtons.empty()) m_controls.push_back(std::make_unique<ToolBar>(*this, design.ToolButtons, Width()));
   if (!design.StatusPanels.empty()) {
     auto bar = std::make_unique<StatusBar>(*this, design.StatusPanels);
     m_statusBar = bar.get();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "memory/forms/ControlOwner.h"
 #include "memory/forms/FocusChain.h"
 #include "memory/forms/Placement.h"
 #include "platform/IForm.h"
@@ -7,6 +8,8 @@
 namespace portico::memory {
 
 class CommandButton;
+class Control;
+class FormScreen;
 class MenuItem;
 class Screen;
 class StatusBar;
@@ -21,10 +24,10 @@ inline constexpr double ScreenHeight = 1080 * FormUnitsPerPixel;
 
 /// A form without a window. Made by `Screen::Load`. Not on the screen until it is shown; until then it fires no
 /// `Resize`, but one when it is shown first.
-class Form final : public IForm, public Placement {
+class Form final : public IForm, public Placement, public ControlOwner {
 public:
   /// The screen lets go of the form before it goes.
-  Form(Screen& screen, const FormDesign& design);
+  Form(FormScreen& screen, const FormDesign& design);
   ~Form() override;
   StringView ClassName() const override { return u"Form"; }
 
@@ -59,12 +62,11 @@ public:
   /// The owner that it was given last; null if none was.
   const IForm* Owner() const { return m_owner; }
   bool IsLoaded() const { return m_screen != nullptr; }
-  /// What the user does reaches the form: it is on the screen, and no modal form is in front of it.
-  bool TakesInput() const;
-  FocusChain& Focus() { return m_focus; }
-  const MenuItem* OpenPopup() const { return m_popup; }
-  void ClosePopup() { m_popup = nullptr; }
-  Keeper& Life() { return m_life; }
+  bool TakesInput() const override;
+  FocusChain& Focus() override { return m_focus; }
+  const IControl* OpenPopup() const override { return m_popup; }
+  void ClosePopup() override { m_popup = nullptr; }
+  Keeper& Life() override { return m_life; }
 
   // What the user does. False if the form takes no input.
   bool PressCloseBox();
@@ -88,7 +90,7 @@ private:
   void Activate();
   void Deactivate() { m_focus.GoDark(); }
 
-  Screen* m_screen;
+  FormScreen* m_screen;
   const IForm* m_owner = nullptr;
   FormDesign m_design;
   FormEvents m_events;
@@ -97,7 +99,7 @@ private:
   std::int32_t m_mousePointer = 0;
   bool m_resizeIsDue = true;
   bool m_isUnloading = false;
-  const MenuItem* m_popup = nullptr;
+  const IControl* m_popup = nullptr;
   StatusBar* m_statusBar = nullptr;
   Keeper m_life;
   FocusChain m_focus{m_life};

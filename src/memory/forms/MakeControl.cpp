@@ -8,7 +8,7 @@
 
 namespace portico::memory {
 
-std::unique_ptr<Control> MakeControl(Form& form, const ControlDesign& design, Control* container) {
+std::unique_ptr<Control> MakeControl(ControlOwner& form, const ControlDesign& design, Control* container) {
   switch (design.Kind) {
   case ControlKind::TextBox:
     return std::make_unique<TextBox>(form, design, container);

@@ -6,7 +6,7 @@
 
 namespace portico::memory {
 
-RichTextControl::RichTextControl(Form& form, const ControlDesign& design, Control* container)
+RichTextControl::RichTextControl(ControlOwner& form, const ControlDesign& design, Control* container)
     : FocusControl(form, design, container), Placement({}) {
   m_box->Text(design.Caption);
   m_box->Change().Connect([this] { Fire(m_change); });

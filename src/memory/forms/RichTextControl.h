@@ -1,7 +1,7 @@
 #pragma once
 
 #include "memory/RichTextBox.h"
-#include "memory/forms/Control.h"
+#include "memory/forms/FocusControl.h"
 #include "memory/forms/Placement.h"
 #include "platform/IRichTextControl.h"
 
@@ -10,7 +10,7 @@ namespace portico::memory {
 /// A rich text box in a form. Its text is that of the caption it is designed with.
 class RichTextControl final : public FocusControl, public Placement, public virtual IRichTextControl {
 public:
-  RichTextControl(Form& form, const ControlDesign& design, Control* container);
+  RichTextControl(ControlOwner& form, const ControlDesign& design, Control* container);
   StringView ClassName() const override { return u"RichTextBox"; }
 
   std::int32_t SelStart() const override { return m_box->SelStart(); }

@@ -23,7 +23,9 @@ Ref<IForm> Screen::Load(const FormDesign& design) {
 
 std::vector<Ref<IForm>> Screen::Forms() const { return {m_forms.begin(), m_forms.end()}; }
 
-IControl* Screen::ActiveControl() const { return m_shown.empty() ? nullptr : m_shown.back()->Focus().Active(); }
+IControl* Screen::ActiveControl() const {
+  return m_shown.empty() ? nullptr : dynamic_cast<IControl*>(m_shown.back()->Focus().Active());
+}
 
 Ref<Form> Screen::Find(StringView name) const {
   const auto found =

@@ -2,13 +2,14 @@
 
 #include "memory/forms/Bars.h"
 #include "memory/forms/Form.h"
+#include "memory/forms/FormScreen.h"
 #include "memory/forms/Script.h"
 
 namespace portico::memory {
 
 /// Forms without windows, one in front of the other. What the user does with a modal form and with a popup menu is laid
 /// down before it is shown.
-class Screen final : public IForms {
+class Screen final : public IForms, public FormScreen {
 public:
   /// `isQuitting`: the program has been told to end, and modal forms and popup menus throw `Quit`.
   explicit Screen(std::function<bool()> isQuitting = {}) : m_isQuitting(std::move(isQuitting)) {}
@@ -41,18 +42,15 @@ public:
   std::vector<String> Unplayed() const;
 
 private:
-  friend class Form;
-
-  void Show(Form& form);
-  void ShowModal(Form& form);
-  void Hide(Form& form);
+  void Show(Form& form) override;
+  void ShowModal(Form& form) override;
+  void Hide(Form& form) override;
+  void Forget(Form& form) override;
+  void PlayPopup(MenuItem& menu) override;
+  bool IsShown(const Form& form) const override;
+  bool HasFocus(const Form& form) const override { return !m_isAway && InFront() == &form; }
+  bool TakesInput(const Form& form) const override;
   void CloseIfQuitting(Form& form) const;
-  /// The form is none of the screen's any more.
-  void Forget(Form& form);
-  bool IsShown(const Form& form) const;
-  bool HasFocus(const Form& form) const { return !m_isAway && InFront() == &form; }
-  bool TakesInput(const Form& form) const;
-  void PlayPopup(MenuItem& menu);
   bool IsQuitting() const { return m_isQuitting && m_isQuitting(); }
 
   std::function<bool()> m_isQuitting;

@@ -3,6 +3,7 @@
 #include "framework/shared/IMainWindow.h"
 #include "memory/RichTextBox.h"
 #include "platform/IScratchArea.h"
+#include "platform/StandardFont.h"
 
 namespace portico::memory {
 

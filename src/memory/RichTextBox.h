@@ -1,11 +1,9 @@
 #pragma once
 
+#include "platform/StandardFont.h"
 #include "richtext/RichTextModel.h"
 
 namespace portico::memory {
-
-inline constexpr StringView StandardFontName = u"Sans";
-inline constexpr double StandardFontSize = 10;
 
 /// A rich text box without a window.
 class RichTextBox final : public richtext::RichTextModel {

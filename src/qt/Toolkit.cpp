@@ -1,6 +1,7 @@
 #include "qt/Toolkit.h"
 
 #include "platform/IProgress.h"
+#include "platform/StandardFont.h"
 #include "qt/controls/Icons.h"
 #include "qt/desktop/Clipboard.h"
 #include "qt/desktop/CommonDialog.h"
@@ -20,11 +21,8 @@
 namespace portico::qt {
 namespace {
 
-constexpr StringView FontName = u"Sans";
-constexpr double FontSize = 10;
-
 std::shared_ptr<IRichTextControl> MakeRichText(const ControlDesign& design, QWidget& parent) {
-  return std::make_shared<RichTextBox>(design, parent, FontName, FontSize);
+  return std::make_shared<RichTextBox>(design, parent, StandardFontName, StandardFontSize);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "configuration/Options.h"
 #include "framework/shared/Application.h"
+#include "platform/IEventLoop.h"
 
 #include <CLI/CLI.hpp>
 
@@ -13,7 +14,6 @@ namespace portico::terminal {
 namespace {
 
 constexpr int LongestTimeout = 3'600'000; // an hour
-constexpr int LongestInterval = 65535;    // what the pacing timer takes
 
 std::optional<int> ReadWhole(std::string_view text) {
   int number = 0;

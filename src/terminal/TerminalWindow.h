@@ -2,6 +2,7 @@
 
 #include "framework/shared/IMainWindow.h"
 #include "platform/IScratchArea.h"
+#include "platform/StandardFont.h"
 #include "views/CInstructionRunner.h"
 #include "views/CSCPIViewHistory.h"
 #include "views/RunFrame.h"
@@ -44,8 +45,8 @@ public:
   void UpdateUI(const String&, const String&) override {}
 
   Ref<IRichTextBox> rtfScratchArea() const override { return m_scratch; }
-  String FontName() const override { return u"Sans"; }
-  double FontSize() const override { return 10; }
+  String FontName() const override { return String(StandardFontName); }
+  double FontSize() const override { return StandardFontSize; }
 
 private:
   Ref<IRichTextBox> m_txtFuture;

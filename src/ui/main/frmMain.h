@@ -3,6 +3,7 @@
 #include "framework/shared/IMainForm.h"
 #include "platform/IEventLoop.h"
 #include "platform/IScratchArea.h"
+#include "platform/StandardFont.h"
 #include "ui/base/IMainFormParts.h"
 #include "ui/base/ProgramConstants.h"
 #include "ui/main/MainUpdate.h"
@@ -67,8 +68,8 @@ public:
   std::int32_t MousePointer() const override { return m_form->MousePointer(); }
   void MousePointer(std::int32_t shape) override { m_form->MousePointer(shape); }
   Ref<IRichTextBox> rtfScratchArea() const override { return m_scratchArea; }
-  String FontName() const override { return u"Sans"; }
-  double FontSize() const override { return 10; }
+  String FontName() const override { return String(StandardFontName); }
+  double FontSize() const override { return StandardFontSize; }
 
   /// Empty if the application has none.
   String HelpFile{ApplicationHelpFile};

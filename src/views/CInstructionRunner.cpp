@@ -1,9 +1,7 @@
 #include "views/CInstructionRunner.h"
 
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
 #include "framework/objects/modGlobals.h"
-#include "framework/shared/IConfiguration.h"
+#include "framework/shared/Guards.h"
 #include "instructions/CInstGenerator.h"
 #include "platform/IEventLoop.h"
 #include "views/CommandCreation.h"
@@ -28,7 +26,7 @@ String InstructionText(const IDataEntity& entity) {
 
 void CInstructionRunner::Initialize(const Ref<CSCPIView>& InstructionSource) try {
   HuntERR::Check(bool(InstructionSource), ErrorNumber::InvalidArgument, u"Instruction source cannot be nothing.");
-  HuntERR::Check(bool(gObjectFactory), ErrorNumber::ObjectRequired, u"This operation requires an object factory.");
+  CheckFactory();
   m_stop = CreateCommand(u"Stop", modGlobals::VarArray(), u"Cannot create a stop command.");
   m_source = InstructionSource;
   const auto publisher = Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray());
@@ -39,7 +37,7 @@ void CInstructionRunner::Initialize(const Ref<CSCPIView>& InstructionSource) try
 }
 
 void CInstructionRunner::Update(const Ref<IObject>& Subject) try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   HuntERR::Check(bool(Subject), ErrorNumber::InvalidArgument, u"Subject cannot be nothing.");
   const std::int32_t code = Cast<IReport>(Subject)->GetErrorCode();
   const bool goOn = code == ErrorNumber::SendNextInstruction;

@@ -1,10 +1,7 @@
 #include "views/RunCommands.h"
 
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
-#include "framework/objects/IObjectFactory.h"
 #include "framework/objects/modGlobals.h"
-#include "framework/shared/IConfiguration.h"
+#include "framework/shared/Guards.h"
 
 namespace portico {
 namespace {
@@ -12,34 +9,22 @@ namespace {
 constexpr StringView RunningMode = u"RunningMode";
 constexpr StringView Off = u"Off";
 
-void CheckReady(bool initialized) { HuntERR::Check(initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize); }
-
-void CheckConfiguration() {
-  HuntERR::Check(bool(gConfiguration), ErrorNumber::ObjectRequired, u"This operation requires a configuration server.");
-}
-
 } // namespace
 
 void CStep::Initialize(const Ref<CInstContainer>& Instruction) {
   m_instruction = Instruction;
-  m_initialized = true;
+  SetInitialized();
 }
 
-void CStep::Execute() try {
-  CheckReady(m_initialized);
+void CStep::Act() {
   const auto processor = Create<IInstProcessor>(u"InstructionProcessor", modGlobals::VarArray());
   HuntERR::Check(processor->Send(m_instruction) == IInstProcessor::Done, ErrorNumber::CannotCarryOut,
                  u"Instruction was not handled.");
-} catch (...) {
-  PassOn(u"CStep.ICommand_Execute");
 }
 
-void CStop::Execute() try {
-  CheckReady(m_initialized);
+void CStop::Act() {
   CheckConfiguration();
   gConfiguration->ItemValue(RunningMode, Off);
-} catch (...) {
-  PassOn(u"CStop.ICommand_Execute");
 }
 
 CRun::~CRun() {
@@ -52,18 +37,15 @@ void CRun::Initialize(const Ref<CInstructionRunner>& Runner, const String& Mode)
   m_runner = Runner;
   m_ready = m_runner->ReadyForInstruction.Connect([this] { m_Runner_ReadyForInstruction(); });
   m_mode = Mode;
-  m_initialized = true;
+  SetInitialized();
 } catch (...) {
   PassOn(u"CRun.Initialize(Runner, Mode)", {Runner, Mode});
 }
 
-void CRun::Execute() try {
-  CheckReady(m_initialized);
+void CRun::Act() {
   CheckConfiguration();
   gConfiguration->ItemValue(RunningMode, m_mode);
   while (gConfiguration->ItemValue(RunningMode) != Off) m_runner->Update(Ref<IObject>(shared_from_this()));
-} catch (...) {
-  PassOn(u"CRun.ICommand_Execute");
 }
 
 const CreatorRow CtorStep = {u"CtorStep", u"Step", 1, [](const Params& Parameters) {
@@ -78,10 +60,6 @@ const CreatorRow CtorRun = {u"CtorRun", u"Run", 2, [](const Params& Parameters) 
                               return Ref<IObject>(run);
                             }};
 
-const CreatorRow CtorStop = {u"CtorStop", u"Stop", 0, [](const Params&) {
-                               auto stop = New<CStop>();
-                               stop->Initialize();
-                               return Ref<IObject>(stop);
-                             }};
+const CreatorRow CtorStop = {u"CtorStop", u"Stop", 0, MakePlainCommand<CStop>};
 
 } // namespace portico

@@ -2,10 +2,8 @@
 
 #include "document/entities/CSelectionIterator.h"
 #include "document/reports/ReportEntities.h"
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
-#include "framework/objects/IObjectFactory.h"
 #include "framework/objects/modGlobals.h"
+#include "framework/shared/Guards.h"
 #include "views/LineKind.h"
 
 #include <cmath>
@@ -29,9 +27,7 @@ std::int32_t MeasureBytesPerChar() {
 
 SCPIViewBase::~SCPIViewBase() { Detach(); }
 
-void SCPIViewBase::CheckInitialized() const {
-  HuntERR::Check(m_viewState != ViewState::NotInitialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-}
+void SCPIViewBase::CheckInitialized() const { portico::CheckInitialized(m_viewState != ViewState::NotInitialized); }
 
 void SCPIViewBase::SetUp(const Ref<IRichTextBox>& InstructionDisplay) {
   HuntERR::Check(bool(InstructionDisplay), ErrorNumber::InvalidArgument, u"Instruction display cannot be nothing.");

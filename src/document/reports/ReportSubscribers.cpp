@@ -1,28 +1,13 @@
 #include "document/reports/ReportSubscribers.h"
 
 #include "document/reports/ReportEntities.h"
-#include "framework/errors/ErrorNumbers.h"
-#include "framework/errors/HuntERR.h"
-#include "framework/objects/IObjectFactory.h"
 #include "framework/objects/modGlobals.h"
-#include "framework/shared/IConfiguration.h"
+#include "framework/shared/Guards.h"
 
 namespace portico {
 namespace {
 
 constexpr StringView LoggingItem = u"Logging";
-
-void CheckInitialized(bool initialized) {
-  HuntERR::Check(initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-}
-
-void CheckFactory() {
-  HuntERR::Check(bool(gObjectFactory), ErrorNumber::ObjectRequired, u"This operation requires an object factory.");
-}
-
-void CheckConfiguration() {
-  HuntERR::Check(bool(gConfiguration), ErrorNumber::ObjectRequired, u"This operation requires a configuration server.");
-}
 
 } // namespace
 

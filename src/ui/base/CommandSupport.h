@@ -2,18 +2,12 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
-#include "framework/objects/Creator.h"
 #include "framework/shared/IMainWindow.h"
 #include "ui/base/IMainFormParts.h"
 
 #include <memory>
 
 namespace portico {
-
-/// The guard of every command.
-inline void CheckReady(bool initialized) {
-  HuntERR::Check(initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-}
 
 /// A part of the platform; one that is not there raises 91.
 template <class Seam>
@@ -24,13 +18,5 @@ Seam& Wired(const std::shared_ptr<Seam>& seam) {
 
 /// The main window as commands see it; nothing without one.
 inline Ref<IMainFormParts> MainFormParts() { return Cast<IMainFormParts>(gMainForm); }
-
-/// `Make` of a command without parameters.
-template <class Command>
-Ref<IObject> MakePlainCommand(const Params&) {
-  auto command = New<Command>();
-  command->Initialize();
-  return command;
-}
 
 } // namespace portico

@@ -30,26 +30,11 @@ Ref<IDataStore> OpenStore(const String& name) {
 
 } // namespace
 
-void CCut::Execute() try {
-  CheckInitialized();
-  Press(u"^X");
-} catch (...) {
-  PassOn(u"CCut.ICommand_Execute");
-}
+void CCut::Act() { Press(u"^X"); }
 
-void CCopy::Execute() try {
-  CheckInitialized();
-  Press(u"^C");
-} catch (...) {
-  PassOn(u"CCopy.ICommand_Execute");
-}
+void CCopy::Act() { Press(u"^C"); }
 
-void CPaste::Execute() try {
-  CheckInitialized();
-  Press(u"^V");
-} catch (...) {
-  PassOn(u"CPaste.ICommand_Execute");
-}
+void CPaste::Act() { Press(u"^V"); }
 
 bool CCopyTo::OpenCopyToFile() try {
   const String name = AskForFile(u"Copy to file...", CopyToFilters);
@@ -64,11 +49,8 @@ bool CCopyTo::OpenCopyToFile() try {
   PassOn(u"CCopyTo.OpenCopyToFile");
 }
 
-void CCopyTo::Execute() try {
-  CheckInitialized();
+void CCopyTo::Act() {
   if (OpenCopyToFile()) Refuse();
-} catch (...) {
-  PassOn(u"CCopyTo.ICommand_Execute");
 }
 
 bool CPasteFrom::OpenPasteFromFile() try {
@@ -82,19 +64,11 @@ bool CPasteFrom::OpenPasteFromFile() try {
   PassOn(u"CPasteFrom.OpenPasteFromFile");
 }
 
-void CPasteFrom::Execute() try {
-  CheckInitialized();
+void CPasteFrom::Act() {
   if (OpenPasteFromFile()) Refuse();
-} catch (...) {
-  PassOn(u"CPasteFrom.ICommand_Execute");
 }
 
-void CClearHistory::Execute() try {
-  CheckInitialized();
-  Refuse();
-} catch (...) {
-  PassOn(u"CClearHistory.ICommand_Execute");
-}
+void CClearHistory::Act() { Refuse(); }
 
 constexpr std::int32_t CannotCreate = ErrorNumber::CannotCreate;
 

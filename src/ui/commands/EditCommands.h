@@ -1,7 +1,7 @@
 #pragma once
 
 #include "framework/objects/Creator.h"
-#include "ui/base/PlainCommand.h"
+#include "framework/shared/UserCommand.h"
 
 namespace portico {
 
@@ -12,19 +12,25 @@ namespace portico {
 class CCut final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CCut"; }
-  void Execute() override;
+
+private:
+  void Act() override;
 };
 
 class CCopy final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CCopy"; }
-  void Execute() override;
+
+private:
+  void Act() override;
 };
 
 class CPaste final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CPaste"; }
-  void Execute() override;
+
+private:
+  void Act() override;
 };
 
 // These ask for a file, open it as a store, and then raise 17: there is no more to them yet. A user who cancels gets
@@ -34,9 +40,9 @@ public:
 class CCopyTo final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CCopyTo"; }
-  void Execute() override;
 
 private:
+  void Act() override;
   /// Whether there is a store.
   static bool OpenCopyToFile();
 };
@@ -45,9 +51,9 @@ private:
 class CPasteFrom final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CPasteFrom"; }
-  void Execute() override;
 
 private:
+  void Act() override;
   static bool OpenPasteFromFile();
 };
 
@@ -55,7 +61,9 @@ private:
 class CClearHistory final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CClearHistory"; }
-  void Execute() override;
+
+private:
+  void Act() override;
 };
 
 // None takes a parameter. No registrar adds "Cut".

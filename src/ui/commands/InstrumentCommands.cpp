@@ -46,8 +46,7 @@ String AskForInstrument() {
 
 } // namespace
 
-void COpenInstrument::Execute() try {
-  CheckInitialized();
+void COpenInstrument::Act() {
   const auto configuration = Server();
   const String name =
       IsTrue(configuration, OpenfromTreeItem) ? configuration->ItemValue(InstrumentNameItem) : AskForInstrument();
@@ -60,41 +59,21 @@ void COpenInstrument::Execute() try {
   Tolerate([&] { KnownInstruments::Remember(name); });
   Send(generator.ConstructXMLSetAttribCmdString(String(TermCharItem), termination));
   MainFormParts()->txtFuture()->SetFocus(); // which is what makes the window look at the new state
-} catch (...) {
-  PassOn(u"COpenInstrument.ICommand_Execute");
 }
 
-void CCloseInstrument::Execute() try {
-  CheckInitialized();
+void CCloseInstrument::Act() {
   Send(CInstGenerator().ConstructXMLCloseCmdString());
   const auto configuration = Server();
   configuration->ItemValue(InstrumentNameItem, u"");
   configuration->ItemValue(InstrumentOpenedItem, u"False");
   configuration->ItemValue(OpenfromTreeItem, u"False");
-} catch (...) {
-  PassOn(u"CCloseInstrument.ICommand_Execute");
 }
 
-void CReadInstrumentData::Execute() try {
-  CheckInitialized();
-  Send(CInstGenerator().ConstructXMLReadCmdString());
-} catch (...) {
-  PassOn(u"CReadInstrumentData.ICommand_Execute");
-}
+void CReadInstrumentData::Act() { Send(CInstGenerator().ConstructXMLReadCmdString()); }
 
-void CQueryStatus::Execute() try {
-  CheckInitialized();
-  WriteAndRead(gConfiguration->ItemValue(u"ErrorCheckingCommand"));
-} catch (...) {
-  PassOn(u"CQueryStatus.ICommand_Execute");
-}
+void CQueryStatus::Act() { WriteAndRead(gConfiguration->ItemValue(u"ErrorCheckingCommand")); }
 
-void CWaitOPC::Execute() try {
-  CheckInitialized();
-  WriteAndRead(u"*OPC?");
-} catch (...) {
-  PassOn(u"CWaitOPC.ICommand_Execute");
-}
+void CWaitOPC::Act() { WriteAndRead(u"*OPC?"); }
 
 const CreatorRow CtorOpenInstrument = {u"CtorOpenInstrument", u"OpenInstrument", 0, MakePlainCommand<COpenInstrument>};
 const CreatorRow CtorCloseInstrument = {u"CtorCloseInstrument", u"CloseInstrument", 0,

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "framework/objects/Creator.h"
-#include "ui/base/PlainCommand.h"
+#include "framework/shared/UserCommand.h"
 
 namespace portico {
 
@@ -13,34 +13,44 @@ namespace portico {
 class COpenInstrument final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"COpenInstrument"; }
-  void Execute() override;
+
+private:
+  void Act() override;
 };
 
 /// Closes the instrument, whether or not one is open.
 class CCloseInstrument final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CCloseInstrument"; }
-  void Execute() override;
+
+private:
+  void Act() override;
 };
 
 class CReadInstrumentData final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CReadInstrumentData"; }
-  void Execute() override;
+
+private:
+  void Act() override;
 };
 
 /// Writes the command that asks for errors, and reads.
 class CQueryStatus final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CQueryStatus"; }
-  void Execute() override;
+
+private:
+  void Act() override;
 };
 
 /// Writes "*OPC?", and reads.
 class CWaitOPC final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CWaitOPC"; }
-  void Execute() override;
+
+private:
+  void Act() override;
 };
 
 // None takes a parameter.

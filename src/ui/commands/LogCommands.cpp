@@ -3,7 +3,7 @@
 #include "document/reports/ReportSubscribers.h"
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/Application.h"
-#include "framework/shared/IConfiguration.h"
+#include "framework/shared/Guards.h"
 #include "platform/IDesktop.h"
 #include "ui/base/CommandSupport.h"
 #include "ui/dialogs/frmSelectFile.h"
@@ -34,16 +34,13 @@ bool MayErase(const String& name) {
 
 } // namespace
 
-void CNewLogFile::Execute() try {
-  CheckInitialized();
-  HuntERR::Check(bool(gConfiguration), ErrorNumber::ObjectRequired, u"This operation requires a configuration server.");
+void CNewLogFile::Act() {
+  CheckConfiguration();
   if (gConfiguration->ItemValue(LogFileName).empty()) {
     OpenNewLogFile();
   } else {
     CloseLogFile();
   }
-} catch (...) {
-  PassOn(u"CNewLogFile.ICommand_Execute");
 }
 
 void CNewLogFile::OpenNewLogFile() try {
@@ -68,8 +65,7 @@ void CNewLogFile::CloseLogFile() try {
   PassOn(u"CCloseLogFile.CloseLogFile");
 }
 
-void CToggleLogging::Execute() try {
-  CheckInitialized();
+void CToggleLogging::Act() {
   const auto logger = Cast<CReportLogger>(MainFormParts()->Logger());
   HuntERR::Check(bool(logger), ErrorNumber::ObjectRequired, u"This operation requires an open logger.");
   if (logger->IsLogging()) {
@@ -77,12 +73,9 @@ void CToggleLogging::Execute() try {
   } else {
     logger->EnableLogging();
   }
-} catch (...) {
-  PassOn(u"CToggleLogging.ICommand_Execute");
 }
 
-void CViewLogFile::Execute() try {
-  CheckInitialized();
+void CViewLogFile::Act() {
   const auto dialog = MakeSelectDialog();
   const auto viewer = frmViewLog::Make();
   HuntERR::Check(bool(viewer), ErrorNumber::CannotCreate, u"Cannot create a log file viewer.");
@@ -90,8 +83,6 @@ void CViewLogFile::Execute() try {
   if (name.empty()) return;
   viewer->FileName(name);
   viewer->Show(&MainFormParts()->Form());
-} catch (...) {
-  PassOn(u"CViewLogFile.ICommand_Execute");
 }
 
 const CreatorRow CtorNewLogFile = {u"CtorNewLogFile",

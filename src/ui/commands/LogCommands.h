@@ -1,7 +1,7 @@
 #pragma once
 
 #include "framework/objects/Creator.h"
-#include "ui/base/PlainCommand.h"
+#include "framework/shared/UserCommand.h"
 
 namespace portico {
 
@@ -11,10 +11,10 @@ namespace portico {
 class CNewLogFile final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CNewLogFile"; }
-  /// No configuration server raises 424. A dialog that is cancelled changes nothing.
-  void Execute() override;
 
 private:
+  /// No configuration server raises `ObjectRequired`. A dialog that is cancelled changes nothing.
+  void Act() override;
   void OpenNewLogFile();
   void CloseLogFile();
 };
@@ -23,15 +23,19 @@ private:
 class CToggleLogging final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CToggleLogging"; }
-  /// No open log raises 424.
-  void Execute() override;
+
+private:
+  /// No open log raises `ObjectRequired`.
+  void Act() override;
 };
 
 /// Shows a log that the user chooses, in a viewer of its own.
 class CViewLogFile final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CViewLogFile"; }
-  void Execute() override;
+
+private:
+  void Act() override;
 };
 
 /// "ToggleLogFile".

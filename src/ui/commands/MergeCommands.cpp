@@ -2,7 +2,7 @@
 
 #include "document/entities/IDataStore.h"
 #include "framework/objects/modGlobals.h"
-#include "ui/base/CommandSupport.h"
+#include "framework/shared/Guards.h"
 
 namespace portico {
 
@@ -11,36 +11,26 @@ void CMerge::Initialize(const Ref<IIteratableObject>& Target, const Ref<IIterato
   HuntERR::Check(bool(SourceIterator), ErrorNumber::InvalidArgument, u"SourceIterator cannot be nothing.");
   m_target = Cast<CDataFIFO>(Target);
   m_sourceIterator = SourceIterator;
-  m_initialized = true;
+  SetInitialized();
 } catch (...) {
-  PassOn(u"CPaste.Initialize()"); // reports know this class by its first name
+  PassOn(u"CPaste.Initialize()");
 }
 
-void CMerge::Execute() try {
-  CheckReady(m_initialized);
-  m_target->MergeData(m_sourceIterator);
-} catch (...) {
-  PassOn(u"CPaste.ICommand_Execute");
-}
+void CMerge::Act() { m_target->MergeData(m_sourceIterator); }
 
 void CMergeFrom::Initialize(const Ref<IIteratableObject>& Target, const String& FileName,
                             const Ref<IIterator>& SourceIterator) try {
-  HuntERR::Check(bool(gObjectFactory), ErrorNumber::ObjectRequired, u"This operation requires an object factory.");
+  CheckFactory();
   const auto store = Create<IDataStore>(u"DataStore", modGlobals::VarArray(FileName, false));
   const auto source = store->FillDataContainerFromStore();
   SourceIterator->Attach(source);
   m_merge = Create<ICommand>(u"MergeDataContainer", modGlobals::VarArray(Target, SourceIterator));
-  m_initialized = true;
+  SetInitialized();
 } catch (...) {
   PassOn(u"CMergeFrom.Initialize()");
 }
 
-void CMergeFrom::Execute() try {
-  CheckReady(m_initialized);
-  m_merge->Execute();
-} catch (...) {
-  PassOn(u"CMergeFrom.ICommand_Execute");
-}
+void CMergeFrom::Act() { m_merge->Execute(); }
 
 const CreatorRow CtorMerge = {u"CtorMerge",
                               u"MergeDataContainer",

@@ -18,13 +18,12 @@ void CPrint::Initialize(const Ref<ICommonDialog>& Dialog, const Ref<IPrintable>&
   CheckDialog(Dialog);
   m_dialog = Dialog;
   m_target = Target;
-  m_initialized = true;
+  SetInitialized();
 } catch (...) {
   PassOn(u"CPrint.Initialize()");
 }
 
-void CPrint::Execute() try {
-  CheckReady(m_initialized);
+void CPrint::Act() {
   const bool hasSelection = MainFormParts()->txtPast()->SelLength() != 0;
   PrinterDialogSettings settings;
   settings.Flags = (hasSelection ? PrintSelectionPreset : PrintNoSelection) + PrintReturnsContext + PrintNoPageNumbers;
@@ -33,27 +32,22 @@ void CPrint::Execute() try {
   const auto context = m_dialog->ShowPrinter(settings);
   Wired(gPrinter).Print({});
   m_target->SelPrint(context);
-} catch (...) {
-  PassOn(u"CPrint.ICommand_Execute");
 }
 
 void CPrintSetup::Initialize(const Ref<ICommonDialog>& Dialog) try {
   CheckDialog(Dialog);
   m_dialog = Dialog;
-  m_initialized = true;
+  SetInitialized();
 } catch (...) {
   PassOn(u"CPrintSetup.Initialize()");
 }
 
-void CPrintSetup::Execute() try {
-  CheckReady(m_initialized);
+void CPrintSetup::Act() {
   PrinterDialogSettings settings;
   settings.DialogTitle = DialogTitle;
   settings.Flags = PrintSetupForm;
   settings.CancelError = false;
   m_dialog->ShowPrinter(settings);
-} catch (...) {
-  PassOn(u"CPrintSetup.ICommand_Execute");
 }
 
 const CreatorRow CtorPrint = {u"CtorPrint",

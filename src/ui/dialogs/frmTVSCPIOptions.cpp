@@ -213,12 +213,9 @@ void frmTVSCPIOptions::cmdHelp_Click() {
   ShowHelp(String(Form().Name()) + u"." + tab->Caption());
 }
 
-void CConfigOptions::Execute() try {
-  CheckInitialized();
+void CConfigOptions::Act() {
   const auto dialog = MakeDialog<frmTVSCPIOptions>(u"Failed to create option dialog box.");
   dialog->ShowModal(&MainFormParts()->Form());
-} catch (...) {
-  PassOn(u"CConfigOptions.ICommand_Execute");
 }
 
 const CreatorRow CtorConfigOptions = {u"CtorConfigOptions", u"ConfigOptions", 0, MakePlainCommand<CConfigOptions>};

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "framework/objects/Creator.h"
+#include "framework/shared/UserCommand.h"
 #include "platform/IDialogControls.h"
-#include "ui/base/PlainCommand.h"
 #include "ui/dialogs/DialogForm.h"
 
 namespace portico {
@@ -36,12 +36,13 @@ private:
   void SaveOptions();
 };
 
-/// Lets the user edit the options. `Execute` raises 0x80041460 before `Initialize`, and 17 if the dialog cannot be
-/// made.
+/// Lets the user edit the options. A dialog that cannot be made raises `CannotCarryOut`.
 class CConfigOptions final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CConfigOptions"; }
-  void Execute() override;
+
+private:
+  void Act() override;
 };
 
 /// "ConfigOptions".

@@ -1,7 +1,7 @@
 #include "ui/viewer/frmViewLog.h"
 
-#include "framework/objects/IObjectFactory.h"
 #include "framework/objects/modGlobals.h"
+#include "framework/shared/Guards.h"
 #include "framework/shared/modAppGlobals.h"
 #include "platform/IPictureBox.h"
 #include "platform/ISettingsStore.h"
@@ -122,7 +122,7 @@ double frmViewLog::Setting(StringView key, StringView standard) const {
 }
 
 void frmViewLog::LoadLog() try {
-  HuntERR::Check(bool(gObjectFactory), ErrorNumber::CannotCreate, u"This operation requires an object factory.");
+  CheckFactory(ErrorNumber::CannotCreate);
   const auto iterator = Create<IObject>(u"SelectionIterator", modGlobals::VarArray(u"IterateAll"));
   m_view = Create<CSCPIView>(u"SCPIView", modGlobals::VarArray(Share(m_form, txtPast())));
   const auto queue = m_view->Instructions();

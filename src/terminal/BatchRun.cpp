@@ -5,8 +5,7 @@
 #include "framework/objects/IObjectFactory.h"
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/IConfiguration.h"
-#include "instructions/CInstGenerator.h"
-#include "instructions/IInstProcessor.h"
+#include "instructions/InstrumentAccess.h"
 #include "terminal/console/Diagnostic.h"
 
 namespace portico::terminal {
@@ -15,12 +14,6 @@ namespace {
 constexpr std::size_t LongestBatch = 1000; // lines that stand in the command window at once
 
 Ref<IPublisher> Agent() { return Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray()); }
-
-void Send(const Ref<CInstContainer>& instruction) {
-  const auto processor = Create<IInstProcessor>(u"InstructionProcessor", modGlobals::VarArray());
-  HuntERR::Check(processor->Send(instruction) == IInstProcessor::Done, ErrorNumber::CannotCarryOut,
-                 u"Instruction was not handled.");
-}
 
 bool IsOn(StringView item) { return gConfiguration->ItemValue(item) == u"On"; }
 
@@ -148,11 +141,9 @@ bool BatchRun::OpenLog() try {
 }
 
 bool BatchRun::Open() {
-  const CInstGenerator generator;
   m_faults->Begin();
-  Send(generator.ConstructXMLOpenCmdString(m_options.Instrument));
-  gConfiguration->ItemValue(u"InstrumentName", m_options.Instrument);
-  if (!Value(gConfiguration->ItemValue(u"InstrumentOpened")).ToBoolean()) {
+  const auto termination = InstrumentAccess::Open(m_options.Instrument);
+  if (!termination) {
     const auto failures = m_faults->DriverFailures();
     Diagnose("cannot open " + ToUtf8(m_options.Instrument) +
              (failures.empty() ? std::string() : ": " + ToUtf8(failures.back())));
@@ -160,7 +151,7 @@ bool BatchRun::Open() {
     return false;
   }
   m_faults->Begin();
-  Send(generator.ConstructXMLSetAttribCmdString(u"TERMCHAR", gConfiguration->ItemValue(u"TERMCHAR")));
+  InstrumentAccess::SetTermination(*termination);
   JudgeDriver();
   m_faults->Begin();
   return true;
@@ -225,9 +216,7 @@ void BatchRun::InstructionDone() {
 
 void BatchRun::Close() {
   m_faults->Begin();
-  Send(CInstGenerator().ConstructXMLCloseCmdString());
-  gConfiguration->ItemValue(u"InstrumentName", {});
-  gConfiguration->ItemValue(u"InstrumentOpened", Value(false).ToString());
+  InstrumentAccess::Close();
   JudgeDriver();
 }
 

@@ -1,7 +1,7 @@
 #include "views/RunCommands.h"
 
-#include "framework/objects/modGlobals.h"
 #include "framework/shared/Guards.h"
+#include "instructions/InstrumentAccess.h"
 
 namespace portico {
 namespace {
@@ -16,11 +16,7 @@ void CStep::Initialize(const Ref<CInstContainer>& Instruction) {
   SetInitialized();
 }
 
-void CStep::Act() {
-  const auto processor = Create<IInstProcessor>(u"InstructionProcessor", modGlobals::VarArray());
-  HuntERR::Check(processor->Send(m_instruction) == IInstProcessor::Done, ErrorNumber::CannotCarryOut,
-                 u"Instruction was not handled.");
-}
+void CStep::Act() { InstrumentAccess::Send(m_instruction); }
 
 void CStop::Act() {
   CheckConfiguration();

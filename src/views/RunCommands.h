@@ -1,8 +1,9 @@
 #pragma once
 
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/shared/CInstContainer.h"
 #include "framework/shared/IReport.h"
 #include "framework/shared/UserCommand.h"
-#include "instructions/IInstProcessor.h"
 #include "views/CInstructionRunner.h"
 
 #include <memory>

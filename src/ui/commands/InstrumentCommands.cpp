@@ -3,7 +3,7 @@
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/IConfiguration.h"
 #include "instructions/CInstGenerator.h"
-#include "instructions/IInstProcessor.h"
+#include "instructions/InstrumentAccess.h"
 #include "ui/base/CommandSupport.h"
 #include "ui/dialogs/KnownInstruments.h"
 #include "ui/dialogs/frmInstrumentDialog.h"
@@ -11,28 +11,10 @@
 namespace portico {
 namespace {
 
-constexpr StringView InstrumentNameItem = u"InstrumentName";
-constexpr StringView InstrumentOpenedItem = u"InstrumentOpened";
-constexpr StringView OpenfromTreeItem = u"OpenfromTree";
-constexpr StringView TermCharItem = u"TERMCHAR";
-
-/// The server: what is written to it tells the main window nothing.
-Ref<IConfiguration> Server() { return Create<IConfiguration>(u"Configuration", modGlobals::VarArray()); }
-
-bool IsTrue(const Ref<IConfiguration>& configuration, StringView item) {
-  return Value(configuration->ItemValue(item)).ToBoolean();
-}
-
-void Send(const Ref<CInstContainer>& instruction) {
-  const auto processor = Create<IInstProcessor>(u"InstructionProcessor", modGlobals::VarArray());
-  HuntERR::Check(processor->Send(instruction) == IInstProcessor::Done, ErrorNumber::CannotCarryOut,
-                 u"Instruction was not handled.");
-}
-
 void WriteAndRead(const String& command) {
   const CInstGenerator generator;
-  Send(generator.ConstructXMLWriteCmdString(command));
-  Send(generator.ConstructXMLReadCmdString());
+  InstrumentAccess::Send(generator.ConstructXMLWriteCmdString(command));
+  InstrumentAccess::Send(generator.ConstructXMLReadCmdString());
 }
 
 String AskForInstrument() {
@@ -47,29 +29,20 @@ String AskForInstrument() {
 } // namespace
 
 void COpenInstrument::Act() {
-  const auto configuration = Server();
-  const String name =
-      IsTrue(configuration, OpenfromTreeItem) ? configuration->ItemValue(InstrumentNameItem) : AskForInstrument();
+  const auto configuration = Create<IConfiguration>(u"Configuration", modGlobals::VarArray());
+  const bool isNamed = Value(configuration->ItemValue(u"OpenfromTree")).ToBoolean();
+  const String name = isNamed ? configuration->ItemValue(u"InstrumentName") : AskForInstrument();
   if (name.empty()) return;
-  const CInstGenerator generator;
-  Send(generator.ConstructXMLOpenCmdString(name));
-  configuration->ItemValue(InstrumentNameItem, name);
-  const String termination = configuration->ItemValue(TermCharItem);
-  if (!IsTrue(configuration, InstrumentOpenedItem)) return;
+  const auto termination = InstrumentAccess::Open(name);
+  if (!termination) return;
   Tolerate([&] { KnownInstruments::Remember(name); });
-  Send(generator.ConstructXMLSetAttribCmdString(String(TermCharItem), termination));
+  InstrumentAccess::SetTermination(*termination);
   MainFormParts()->txtFuture()->SetFocus(); // which is what makes the window look at the new state
 }
 
-void CCloseInstrument::Act() {
-  Send(CInstGenerator().ConstructXMLCloseCmdString());
-  const auto configuration = Server();
-  configuration->ItemValue(InstrumentNameItem, u"");
-  configuration->ItemValue(InstrumentOpenedItem, u"False");
-  configuration->ItemValue(OpenfromTreeItem, u"False");
-}
+void CCloseInstrument::Act() { InstrumentAccess::Close(); }
 
-void CReadInstrumentData::Act() { Send(CInstGenerator().ConstructXMLReadCmdString()); }
+void CReadInstrumentData::Act() { InstrumentAccess::Send(CInstGenerator().ConstructXMLReadCmdString()); }
 
 void CQueryStatus::Act() { WriteAndRead(gConfiguration->ItemValue(u"ErrorCheckingCommand")); }
 

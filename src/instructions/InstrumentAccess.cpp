@@ -1,0 +1,50 @@
+#include "instructions/InstrumentAccess.h"
+
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/IObjectFactory.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/IConfiguration.h"
+#include "instructions/CInstGenerator.h"
+#include "instructions/IInstProcessor.h"
+
+namespace portico::InstrumentAccess {
+namespace {
+
+constexpr StringView InstrumentName = u"InstrumentName";
+constexpr StringView InstrumentOpened = u"InstrumentOpened";
+constexpr StringView Termchar = u"TERMCHAR";
+
+/// The server: what is written to it tells the main window nothing.
+Ref<IConfiguration> Server() { return Create<IConfiguration>(u"Configuration", modGlobals::VarArray()); }
+
+} // namespace
+
+void Send(const Ref<CInstContainer>& Instruction) {
+  const auto processor = Create<IInstProcessor>(u"InstructionProcessor", modGlobals::VarArray());
+  HuntERR::Check(processor->Send(Instruction) == IInstProcessor::Done, ErrorNumber::CannotCarryOut,
+                 u"Instruction was not handled.");
+}
+
+std::optional<String> Open(const String& Name) {
+  Send(CInstGenerator().ConstructXMLOpenCmdString(Name));
+  const auto configuration = Server();
+  configuration->ItemValue(InstrumentName, Name);
+  String termination = configuration->ItemValue(Termchar);
+  if (!Value(configuration->ItemValue(InstrumentOpened)).ToBoolean()) return {};
+  return termination;
+}
+
+void SetTermination(const String& Termination) {
+  Send(CInstGenerator().ConstructXMLSetAttribCmdString(String(Termchar), Termination));
+}
+
+void Close() {
+  Send(CInstGenerator().ConstructXMLCloseCmdString());
+  const auto configuration = Server();
+  configuration->ItemValue(InstrumentName, u"");
+  configuration->ItemValue(InstrumentOpened, u"False");
+  configuration->ItemValue(u"OpenfromTree", u"False");
+}
+
+} // namespace portico::InstrumentAccess

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "framework/shared/CInstContainer.h"
+
+#include <optional>
+
+namespace portico {
+
+/// What the program asks of the instrument on the user's behalf. All of it goes by instructions, so that it takes the
+/// road of a typed line and shows up in the same reports. Needs the factory with everything that an instruction needs.
+namespace InstrumentAccess {
+
+/// Hands an instruction to the instruction processor. One that nobody takes raises `CannotCarryOut`.
+void Send(const Ref<CInstContainer>& Instruction);
+
+/// Opens an instrument and notes its name, also if it does not open: that is told in the reports. The termination
+/// character that the options have; none if the instrument is not open.
+std::optional<String> Open(const String& Name);
+
+/// What an open is followed by.
+void SetTermination(const String& Termination);
+
+/// Closes the instrument, whether or not one is open, and notes that none is.
+void Close();
+
+} // namespace InstrumentAccess
+} // namespace portico

@@ -44,7 +44,8 @@ Ref<IPublisher> Agent() { return Create<IPublisher>(u"CmdSubscriptionAgent", mod
 
 } // namespace
 
-frmMain::frmMain(const std::function<void()>& CreateObjectFactory) : m_form(gForms->Load(MainDesign)) {
+frmMain::frmMain(const std::function<void()>& CreateObjectFactory, StringView HelpFile)
+    : m_helpFile(HelpFile), m_form(gForms->Load(MainDesign)) {
   m_txtFuture = TextBox(u"txtFuture");
   m_txtPast = TextBox(u"txtPast");
   m_scratchArea = TextBox(u"rtfScratchArea");

@@ -25,8 +25,8 @@ namespace portico {
 /// `Form_Unload` and `Form_Terminate`.
 class frmMain final : public IMainForm, public IMainFormParts, public IScratchArea {
 public:
-  /// Runs `Form_Initialize`. If that fails the failure is shown and `Quit` thrown.
-  explicit frmMain(const std::function<void()>& CreateObjectFactory);
+  /// Runs `Form_Initialize`. If that fails the failure is shown and `Quit` thrown. No help file: an empty name.
+  explicit frmMain(const std::function<void()>& CreateObjectFactory, StringView HelpFile = ApplicationHelpFile);
   StringView ClassName() const override { return u"frmMain"; }
 
   bool StopRequested() const override { return m_stopRequested; }
@@ -70,9 +70,6 @@ public:
   Ref<IRichTextBox> rtfScratchArea() const override { return m_scratchArea; }
   String FontName() const override { return String(StandardFontName); }
   double FontSize() const override { return StandardFontSize; }
-
-  /// Empty if the application has none.
-  String HelpFile{ApplicationHelpFile};
 
 private:
   /// What a menu item does: a command without parameters, or an action of the window's.
@@ -125,6 +122,7 @@ private:
   void txtPast_MouseDown(const MouseEvent& mouse);
   void QueryUnload();
 
+  const String m_helpFile;
   Ref<IForm> m_form;
   Ref<IRichTextControl> m_txtFuture;
   Ref<IRichTextControl> m_txtPast;

@@ -276,13 +276,13 @@ void frmMain::mnuHelpSearchForHelpOn_Click() {
 }
 
 void frmMain::ShowHelp(std::int32_t command, StringView refusal) {
-  if (HelpFile.empty()) {
+  if (m_helpFile.empty()) {
     gMessageBox->Show(String(refusal), m_form->Caption(), MessageBoxButtons::OKOnly, MessageBoxIcon::Information);
     return;
   }
   String fault;
   try {
-    gHelpViewer->WinHelp(HelpFile, command, {});
+    gHelpViewer->WinHelp(m_helpFile, command, {});
     return;
   } catch (const Error& error) {
     fault = error.Record().Description;

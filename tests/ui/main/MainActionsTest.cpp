@@ -12,6 +12,14 @@ protected:
   static void Fire(const Event<>& event) { event(); }
 };
 
+class MainWithoutHelpTest : public MainWindowFixture {
+protected:
+  MainWithoutHelpTest() {
+    HasHelp = false;
+    Start();
+  }
+};
+
 // Clearing.
 
 TEST_F(MainActionsTest, ClearHistoryEmptiesTheHistory) {
@@ -162,7 +170,6 @@ TEST_F(MainActionsTest, TheProtocolMenuNeedsAConfiguration) {
 // Help.
 
 TEST_F(MainActionsTest, HelpTopicsOpenTheHelpFinder) {
-  EXPECT_EQ(ToUtf8(Window->HelpFile), "TVPort.hlp");
   Click(u"mnuHelpTopics");
   EXPECT_EQ(HelpViewer->Calls, std::vector<std::string>{"TVPort.hlp 11 ''"});
   ExpectNoBox();
@@ -184,8 +191,7 @@ TEST_F(MainActionsTest, SearchingForHelpTakesAnotherCommand) {
   EXPECT_EQ(HelpViewer->Calls, std::vector<std::string>{"TVPort.hlp 261 ''"});
 }
 
-TEST_F(MainActionsTest, WithoutAHelpFileAnInformationSaysSo) {
-  Window->HelpFile.clear();
+TEST_F(MainWithoutHelpTest, AnInformationSaysSo) {
   SetItem(u"LogFileName", u"first.log");
   Window->UpdateUI({}, {});
   Click(u"mnuHelpTopics");
@@ -209,8 +215,7 @@ TEST_F(MainActionsTest, TheErrorOfTheHelpViewerGoesToAPlainBox) {
   EXPECT_EQ(Box->Calls()[0].Buttons, MessageBoxButtons::OKOnly);
 }
 
-TEST_F(MainActionsTest, HelpShowsItsFailure) {
-  Window->HelpFile.clear();
+TEST_F(MainWithoutHelpTest, HelpShowsItsFailure) {
   bool isFirst = true;
   Box->OnShow = [&](const memory::MessageBox::Call&) {
     if (std::exchange(isFirst, !isFirst)) Fail();

@@ -7,11 +7,12 @@ void MainWindowFixture::Start(const String& commandLine) {
     if (!HasParser) throw std::runtime_error("no parser");
   };
   const auto makeWindow = [this](const std::function<void()>& makeFactory) {
-    Window = New<frmMain>([this, makeFactory] {
+    const std::function<void()> make = [this, makeFactory] {
       makeFactory();
       if (OnFactory) OnFactory();
       if (HasSpies) OfferSpies();
-    });
+    };
+    Window = HasHelp ? New<frmMain>(make) : New<frmMain>(make, StringView());
     return Ref<IMainForm>(Window);
   };
   modAppGlobals::Main({makeDocument, makeWindow, commandLine});

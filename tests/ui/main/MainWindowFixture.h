@@ -120,6 +120,7 @@ protected:
   }
 
   bool HasParser = true;
+  bool HasHelp = true;
   bool HasSpies = true;
   std::function<void()> OnFactory;
   std::vector<std::string> Commands;

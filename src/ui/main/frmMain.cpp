@@ -3,9 +3,7 @@
 #include "configuration/CConfigurationClient.h"
 #include "framework/errors/Quit.h"
 #include "framework/objects/modGlobals.h"
-#include "framework/shared/Application.h"
 #include "framework/shared/modAppGlobals.h"
-#include "platform/ISettingsStore.h"
 #include "ui/base/ResourceStrings.h"
 #include "ui/base/ShowFailure.h"
 #include "ui/base/Tolerate.h"
@@ -16,19 +14,6 @@ namespace {
 
 constexpr double BarPixels = 3;
 constexpr std::uint8_t DefaultPercent = 75;
-constexpr char16_t Section[] = u"frmMain";
-
-float ReadSingle(const String& key, const String& standard) {
-  const auto number = ReadNumber(gSettingsStore->GetSetting(ApplicationTitle, Section, key, standard));
-  if (!number) HuntERR::RaiseStandard(ErrorNumber::TypeMismatch);
-  return static_cast<float>(*number);
-}
-
-void Save(const String& key, const String& value) {
-  gSettingsStore->SaveSetting(ApplicationTitle, Section, key, value);
-}
-
-String SingleText(double number) { return ToText(static_cast<double>(static_cast<float>(number))); }
 
 std::uint8_t ToByte(std::int32_t number) {
   if (number < 0 || number > 255) HuntERR::RaiseStandard(ErrorNumber::Overflow);
@@ -96,11 +81,11 @@ void frmMain::Form_Load() {
 }
 
 void frmMain::RestorePlace() {
-  m_form->Left(ReadSingle(u"MainLeft", u"1000"));
-  m_form->Top(ReadSingle(u"MainTop", u"1000"));
-  m_form->Width(ReadSingle(u"MainWidth", u"6500"));
-  m_form->Height(ReadSingle(u"MainHeight", u"6500"));
-  const Value state = gSettingsStore->GetSetting(ApplicationTitle, Section, u"MainWindowState", u"0");
+  m_form->Left(m_settings.Left());
+  m_form->Top(m_settings.Top());
+  m_form->Width(m_settings.Width());
+  m_form->Height(m_settings.Height());
+  const Value state = m_settings.Read(u"MainWindowState", u"0");
   m_form->WindowState(ToWindowState(state.ToLong()));
 }
 
@@ -128,8 +113,7 @@ void frmMain::SetUpSplitter() {
   area.Left(m_form->ScaleLeft());
   splitterNow->Control1(m_txtPast.Get());
   splitterNow->Control2(m_txtFuture.Get());
-  const Value percent =
-      gSettingsStore->GetSetting(ApplicationTitle, Section, u"SplitPercent", ToText(std::int64_t{DefaultPercent}));
+  const Value percent = m_settings.Read(u"SplitPercent", ToText(std::int64_t{DefaultPercent}));
   splitterNow->SplitPercent(ToByte(percent.ToLong()));
   splitterNow->SplitWidth(ToByte(static_cast<std::int32_t>(BarPixels * FormUnitsPerPixel)));
 }
@@ -182,15 +166,15 @@ void frmMain::Form_Unload() {
 void frmMain::SavePlace(const std::function<void(const std::function<void()>&)>& step) {
   const WindowState state = m_form->WindowState();
   if (state != WindowState::Minimized) {
-    step([&] { Save(u"MainWindowState", ToText(static_cast<std::int64_t>(state))); });
+    step([&] { m_settings.Save(u"MainWindowState", ToText(static_cast<std::int64_t>(state))); });
   }
   if (state == WindowState::Normal) {
-    step([&] { Save(u"MainLeft", SingleText(m_form->Left())); });
-    step([&] { Save(u"MainTop", SingleText(m_form->Top())); });
-    step([&] { Save(u"MainWidth", SingleText(m_form->Width())); });
-    step([&] { Save(u"MainHeight", SingleText(m_form->Height())); });
+    step([&] { m_settings.Left(m_form->Left()); });
+    step([&] { m_settings.Top(m_form->Top()); });
+    step([&] { m_settings.Width(m_form->Width()); });
+    step([&] { m_settings.Height(m_form->Height()); });
   }
-  step([&] { Save(u"SplitPercent", ToText(std::int64_t{splitterNow->SplitPercent()})); });
+  step([&] { m_settings.Save(u"SplitPercent", ToText(std::int64_t{splitterNow->SplitPercent()})); });
 }
 
 void frmMain::Form_Terminate() {

@@ -6,6 +6,7 @@
 #include "platform/StandardFont.h"
 #include "ui/base/IMainFormParts.h"
 #include "ui/base/ProgramConstants.h"
+#include "ui/base/WindowSettings.h"
 #include "ui/main/MainUpdate.h"
 #include "ui/main/SplitPanel.h"
 #include "views/CInstructionRunner.h"
@@ -122,6 +123,7 @@ private:
   void txtPast_MouseDown(const MouseEvent& mouse);
   void QueryUnload();
 
+  const WindowSettings m_settings{u"frmMain"};
   const String m_helpFile;
   Ref<IForm> m_form;
   Ref<IRichTextControl> m_txtFuture;

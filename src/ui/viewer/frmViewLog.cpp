@@ -4,10 +4,10 @@
 #include "framework/shared/Guards.h"
 #include "framework/shared/modAppGlobals.h"
 #include "platform/IPictureBox.h"
-#include "platform/ISettingsStore.h"
 #include "ui/base/ResourceStrings.h"
 #include "ui/base/ShowFailure.h"
 #include "ui/base/Tolerate.h"
+#include "ui/base/WindowSettings.h"
 #include "ui/dialogs/frmAbout.h"
 #include "ui/viewer/LogLoading.h"
 #include "ui/viewer/ViewLogDesign.h"
@@ -108,17 +108,8 @@ bool frmViewLog::Form_Load() {
 }
 
 void frmViewLog::PlaceForm() {
-  const double left = Setting(u"MainLeft", u"1000");
-  const double top = Setting(u"MainTop", u"1000");
-  const double width = Setting(u"MainWidth", u"6500");
-  m_form->Move(left, top, width, Setting(u"MainHeight", u"6500"));
-}
-
-double frmViewLog::Setting(StringView key, StringView standard) const {
-  const auto number =
-      ReadNumber(gSettingsStore->GetSetting(ApplicationTitle, String(ClassName()), String(key), String(standard)));
-  if (!number) HuntERR::RaiseStandard(ErrorNumber::TypeMismatch);
-  return *number;
+  const WindowSettings settings(ClassName());
+  m_form->Move(settings.Left(), settings.Top(), settings.Width(), settings.Height());
 }
 
 void frmViewLog::LoadLog() try {

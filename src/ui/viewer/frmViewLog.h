@@ -44,7 +44,6 @@ private:
   /// False if the user has given up the reading.
   bool Form_Load();
   void PlaceForm();
-  double Setting(StringView key, StringView standard) const;
   void LoadLog();
   void HideWhatIsNotOffered();
   void Form_Resize();

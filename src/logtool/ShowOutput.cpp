@@ -1,18 +1,9 @@
 #include "logtool/ShowOutput.h"
 
+#include "document/entities/ConversationMark.h"
 #include "framework/text/Printable.h"
 
 namespace portico::logtool {
-namespace {
-
-const char* MarkOf(const std::string& kind) {
-  if (kind == "Instruction") return "> ";
-  if (kind == "AutomaticInstruction") return "* ";
-  if (kind == "Response") return "< ";
-  return "! ";
-}
-
-} // namespace
 
 void ShowOutput::BeginFile(const std::string& name) {
   if (m_namesFiles) m_out << "# " << Printable(FromUtf8(name).Text) << '\n';
@@ -28,7 +19,8 @@ void ShowOutput::OpenSession(const Session& session) {
 }
 
 std::string ShowOutput::Add(const Entry& entry) {
-  const std::string start = Printable(FromUtf8(entry.Stamp).Text) + " " + MarkOf(entry.Kind);
+  const std::string_view mark = ConversationMark(FromUtf8(entry.Kind).Text);
+  const std::string start = Printable(FromUtf8(entry.Stamp).Text).append(" ").append(mark);
   for (const StringView line : Lines(entry.Text)) m_out << start << Printable(line) << '\n';
   return {};
 }

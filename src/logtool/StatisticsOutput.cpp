@@ -1,5 +1,6 @@
 #include "logtool/StatisticsOutput.h"
 
+#include "framework/shared/ErrorAnswer.h"
 #include "framework/text/Printable.h"
 
 #include <array>
@@ -29,13 +30,6 @@ std::optional<std::int64_t> SecondsOf(std::string_view stamp) {
   if (!date.ok()) return {};
   const std::int64_t days = std::chrono::sys_days(date).time_since_epoch().count();
   return ((days * 24 + fields[3]) * 60 + fields[4]) * 60 + fields[5];
-}
-
-bool ReportsError(StringView answer) {
-  answer = TrimLeft(answer);
-  if (!answer.empty() && (answer.front() == u'+' || answer.front() == u'-')) answer.remove_prefix(1);
-  const auto digits = answer.substr(0, answer.find_first_not_of(u"0123456789"));
-  return digits.find_first_not_of(u'0') != StringView::npos;
 }
 
 void StatisticsOutput::Counts::Add(const Counts& more) {

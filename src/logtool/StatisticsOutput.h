@@ -50,7 +50,4 @@ private:
 /// Seconds since some day for a stamp, whose fraction is a number and no time; none for another text.
 std::optional<std::int64_t> SecondsOf(std::string_view stamp);
 
-/// The answer to an error query reports an error: its leading integer is not 0.
-bool ReportsError(StringView answer);
-
 } // namespace portico::logtool

@@ -4,6 +4,7 @@
 #include "framework/errors/Quit.h"
 #include "framework/objects/IObjectFactory.h"
 #include "framework/objects/modGlobals.h"
+#include "framework/shared/ErrorAnswer.h"
 #include "framework/shared/IConfiguration.h"
 #include "instructions/InstrumentAccess.h"
 #include "terminal/console/Diagnostic.h"

@@ -1,25 +1,16 @@
 #include "terminal/ConversationPrinter.h"
 
+#include "document/entities/ConversationMark.h"
 #include "framework/text/Printable.h"
 
 namespace portico::terminal {
-namespace {
-
-std::string_view MarkOf(StringView dataType) {
-  if (dataType == DataTypeName::Instruction) return "> ";
-  if (dataType == DataTypeName::AutomaticInstruction) return "* ";
-  if (dataType == DataTypeName::Response) return "< ";
-  return "! ";
-}
-
-} // namespace
 
 void ConversationPrinter::Show(const IDataEntity& entity) {
   const String data = FromBytes(entity.ReadData());
   if (data == NewLine) return;
   StringView text = data;
   if (text.size() >= 2 && text.substr(text.size() - 2) == NewLine) text.remove_suffix(2);
-  const std::string_view mark = MarkOf(entity.DataType());
+  const std::string_view mark = ConversationMark(entity.DataType());
   for (StringView line : Split(text, u"\n")) {
     if (!line.empty() && line.back() == u'\r') line.remove_suffix(1);
     Print(mark, line);

@@ -42,7 +42,4 @@ private:
   bool m_writeFailed = false; // the last one
 };
 
-/// An answer of the error query that reports an error: its leading integer is not 0.
-bool ReportsError(StringView answer);
-
 } // namespace portico::terminal

@@ -1,5 +1,7 @@
 #include "logtool/StatisticsOutput.h"
 
+#include "framework/shared/ErrorAnswer.h"
+
 #include <gtest/gtest.h>
 
 namespace portico::logtool {

@@ -146,6 +146,6 @@ ExitStatus Run(const ToolOptions& options, const Streams& streams) {
   return status;
 }
 
-std::string Diagnostic(const std::string& text) { return "portico-log: " + Printable(FromUtf8(text).Text); }
+std::string Diagnostic(const std::string& text) { return portico::Diagnostic("portico-log", text); }
 
 } // namespace portico::logtool

@@ -24,7 +24,7 @@ struct Streams {
 /// `Err`, behind what could be read of it. Ends when `Out` takes nothing more.
 ExitStatus Run(const ToolOptions& options, const Streams& streams);
 
-/// A line for standard error, with question marks for control characters.
+/// The program's line for standard error, without its line end.
 std::string Diagnostic(const std::string& text);
 
 } // namespace portico::logtool

@@ -15,4 +15,16 @@ std::string Printable(StringView Line) {
   return ToUtf8(text);
 }
 
+std::string Diagnostic(std::string_view Program, std::string_view Text) {
+  std::string line = std::string(Program).append(": ");
+  for (std::size_t i = 0; i < Text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(Text[i]);
+    const auto next = static_cast<unsigned char>(i + 1 < Text.size() ? Text[i + 1] : 0);
+    const bool isLongControl = byte == 0xC2 && next >= 0x80 && next < 0xA0; // U+0080 to U+009F
+    line += byte < 0x20 || byte == 0x7F || isLongControl ? '?' : Text[i];
+    if (isLongControl) ++i;
+  }
+  return line;
+}
+
 } // namespace portico

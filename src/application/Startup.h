@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/shared/IMainForm.h"
 #include "framework/text/text.h"
+#include "ui/base/IMainForm.h"
 
 #include <functional>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "framework/shared/IMainForm.h"
 #include "platform/IEventLoop.h"
 #include "platform/IScratchArea.h"
 #include "platform/StandardFont.h"
+#include "ui/base/IMainForm.h"
 #include "ui/base/IMainFormParts.h"
 #include "ui/base/ProgramConstants.h"
 #include "ui/base/WindowSettings.h"

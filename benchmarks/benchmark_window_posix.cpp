@@ -235,7 +235,7 @@ int main(int argc, char** argv) {
   window->Form_Terminate();
   window = nullptr;
   modAppGlobals::ReleaseObjectFactory();
-  gMainForm = nullptr;
+  modAppGlobals::ReleaseMainForm();
   gInstrumentDriver = nullptr;
   gInstrumentList = nullptr;
   gRegistry = nullptr;

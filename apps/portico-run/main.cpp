@@ -56,7 +56,7 @@ struct Wiring {
   ~Wiring() {
     gConfiguration = nullptr;
     modAppGlobals::ReleaseObjectFactory();
-    gMainForm = nullptr;
+    modAppGlobals::ReleaseMainForm();
     gInstrumentDriver = nullptr;
     gSettingsStore = nullptr;
     gEventLoop = nullptr;
@@ -86,6 +86,7 @@ int Run(const RunOptions& options) {
   const auto window = New<TerminalWindow>(New<memory::RichTextBox>(), New<memory::RichTextBox>(),
                                           New<memory::RichTextBox>(), [&] { return interrupts.Requested(); });
   gMainForm = window;
+  gScratchArea = window;
   modAppGlobals::DetectXMLParser([] {}); // linked into the program: it cannot be missing
   modAppGlobals::CreateObjectFactory();
   gConfiguration = New<CConfigurationClient>();

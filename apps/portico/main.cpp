@@ -49,7 +49,7 @@ struct Wiring {
   Wiring& operator=(const Wiring&) = delete;
   ~Wiring() {
     modAppGlobals::ReleaseObjectFactory();
-    gMainForm = nullptr;
+    modAppGlobals::ReleaseMainForm();
     gRegistry = nullptr;
     gInstrumentList = nullptr;
     gInstrumentDriver = nullptr;

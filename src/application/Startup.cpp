@@ -21,8 +21,10 @@ void Register() {
 
 void Main(const Startup& startup) try {
   DetectXMLParser(startup.CreateXMLDocument);
-  const Ref<IMainForm> form = startup.CreateMainForm(CreateObjectFactory);
+  const auto [form, parts, scratchArea] = startup.CreateMainForm(CreateObjectFactory);
   gMainForm = form;
+  gMainFormParts = parts;
+  gScratchArea = scratchArea;
   form->Show();
   if (Trim(startup.CommandLine).empty()) return;
   auto configuration = Create<IConfiguration>(u"Configuration", modGlobals::VarArray());
@@ -59,6 +61,12 @@ void CreateObjectFactory() try {
 void ReleaseObjectFactory() {
   gObjectFactory = nullptr;
   gChannel = nullptr;
+}
+
+void ReleaseMainForm() {
+  gScratchArea = nullptr;
+  gMainFormParts = nullptr;
+  gMainForm = nullptr;
 }
 
 } // namespace portico::modAppGlobals

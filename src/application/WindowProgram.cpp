@@ -9,7 +9,8 @@ namespace portico {
 int RunWindow(const WindowLoop& loop, const String& commandLine) {
   Ref<frmMain> window;
   const auto makeWindow = [&](const std::function<void()>& createObjectFactory) {
-    return window = New<frmMain>(createObjectFactory);
+    window = New<frmMain>(createObjectFactory);
+    return modAppGlobals::MainForm{window, window, window};
   };
   const auto makeDocument = [] {}; // the parser is linked into the program: it cannot be missing
   // By whatever road: a signal and the end of the desktop's session ask nobody else.

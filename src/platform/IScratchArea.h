@@ -4,7 +4,7 @@
 
 namespace portico {
 
-/// What the encoders need of the main window. `gMainForm` implements it wherever text is encoded.
+/// What the encoders need of the main window.
 class IScratchArea : public virtual IObject {
 public:
   /// A hidden box on which formatting is tried before it reaches a display. Anybody may clear it at any time.
@@ -13,5 +13,8 @@ public:
   virtual String FontName() const = 0;
   virtual double FontSize() const = 0;
 };
+
+/// Set with the main window wherever text is encoded.
+extern Ref<IScratchArea> gScratchArea;
 
 } // namespace portico

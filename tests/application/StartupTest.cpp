@@ -59,7 +59,7 @@ protected:
             [this](const std::function<void()>& createObjectFactory) {
               Calls.emplace_back("form");
               createObjectFactory();
-              return Ref<IMainForm>(m_form);
+              return modAppGlobals::MainForm{m_form, nullptr, nullptr};
             },
             commandLine};
   }

@@ -71,8 +71,7 @@ TEST(RichTextBoxTest, ManyLinesAreAddedAtTheEnd) {
 }
 
 TEST(HeadlessWindowTest, ScratchAreaIsAlwaysTheSameAndHasTheWindowsFont) {
-  const Ref<HeadlessWindow> window = New<HeadlessWindow>();
-  const auto scratch = Cast<IScratchArea>(Ref<IMainWindow>(window));
+  const Ref<IScratchArea> scratch = New<HeadlessWindow>();
   EXPECT_TRUE(IsSameObject(scratch->rtfScratchArea(), scratch->rtfScratchArea()));
   EXPECT_EQ(scratch->FontName(), u"Sans");
   EXPECT_EQ(scratch->FontSize(), 10);

@@ -54,13 +54,17 @@ protected:
     gTimeStamper = Stamper;
     gConfiguration = Configuration;
     gMainForm = Window;
+    gScratchArea = Window;
     const auto factory = New<CObjectFactory>();
     for (const CreatorRow* row : {&CtorDataEntity, &CtorDataFIFO, &CtorIterator, &CtorSubscriptionAgent}) {
       factory->Add(MakeCreator(*row));
     }
     gObjectFactory = factory;
   }
-  ~DocumentFixture() override { gTimeStamper = {}; }
+  ~DocumentFixture() override {
+    gScratchArea = {};
+    gTimeStamper = {};
+  }
 
   /// An entity of its own stamp.
   static Ref<IDataEntity> Entity(StringView text, StringView type) {

@@ -23,11 +23,13 @@ protected:
     gInstrumentDriver = Driver;
     gEventLoop = Loop;
     gSettingsStore = std::make_shared<memory::SettingsStore>();
-    gMainForm = New<memory::HeadlessWindow>();
+    const auto window = New<memory::HeadlessWindow>();
+    gMainForm = window;
+    gScratchArea = window;
   }
   void TearDown() override {
     modAppGlobals::ReleaseObjectFactory();
-    gMainForm = nullptr;
+    modAppGlobals::ReleaseMainForm();
     gSettingsStore.reset();
     gEventLoop.reset();
     gInstrumentDriver.reset();

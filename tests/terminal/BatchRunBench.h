@@ -23,6 +23,7 @@ protected:
     gSettingsStore = std::make_shared<memory::SettingsStore>();
     gInstrumentDriver = driver ? driver : Driver;
     gMainForm = Window;
+    gScratchArea = Window;
     gXMLParserAvailable = true;
     modAppGlobals::CreateObjectFactory();
     gConfiguration = New<CConfigurationClient>();
@@ -31,7 +32,7 @@ protected:
   ~BatchRunBench() override {
     gConfiguration = nullptr;
     modAppGlobals::ReleaseObjectFactory();
-    gMainForm = nullptr;
+    modAppGlobals::ReleaseMainForm();
     gInstrumentDriver = nullptr;
     gSettingsStore = nullptr;
     gEventLoop = nullptr;

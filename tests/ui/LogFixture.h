@@ -81,6 +81,8 @@ protected:
   LogFixture() {
     gXMLParserAvailable = true;
     gMainForm = Main;
+    gMainFormParts = Main;
+    gScratchArea = Main;
     gCommonDialog = Dialog;
     for (const CreatorRow* row :
          {&CtorXMLDataStore, &CtorReportLogger, &CtorNewLogFile, &CtorToggleLogging, &CtorViewLogFile, &CtorSCPIView,
@@ -94,6 +96,8 @@ protected:
   }
   ~LogFixture() override {
     gMainForm = {};
+    gMainFormParts = {};
+    gScratchArea = {};
     Main = {};
     gCommonDialog = {};
     std::filesystem::remove_all(Directory);

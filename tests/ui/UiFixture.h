@@ -79,7 +79,8 @@ class UiFixture : public DocumentFixture {
 protected:
   UiFixture() {
     gCommonDialog = Dialog;
-    gMainForm = MainForm = New<MainFormDouble>();
+    gMainFormParts = MainForm = New<MainFormDouble>();
+    gMainForm = MainForm;
     Offer(u"Configuration", Server);
     Offer(u"InstructionProcessor", Processor);
     Server->Items = {
@@ -87,6 +88,7 @@ protected:
   }
   ~UiFixture() override {
     gMainForm = {};
+    gMainFormParts = {};
     MainForm = {};
     gInstrumentList.reset();
     gRegistry.reset();

@@ -43,6 +43,7 @@ protected:
   void SetUp() override {
     PipelineFixture::SetUp();
     gMainForm = Window;
+    gScratchArea = Window;
     Window->View = Create<CSCPIView>(u"SCPIView", modGlobals::VarArray(Ref<IObject>(Future)));
     Runner = Create<CInstructionRunner>(u"InstructionRunner", modGlobals::VarArray(Ref<IObject>(Window->View)));
     History = Create<CSCPIViewHistory>(u"SCPIViewHistory", modGlobals::VarArray(Ref<IObject>(Past)));

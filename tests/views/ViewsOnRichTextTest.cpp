@@ -13,6 +13,7 @@ class ViewsOnRichText : public RunFixture {
 protected:
   ViewsOnRichText() {
     gMainForm = Headless;
+    gScratchArea = Headless;
     History->Initialize(Past);
     Command->Initialize(Future);
   }

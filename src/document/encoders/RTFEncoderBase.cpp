@@ -5,7 +5,6 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
 #include "framework/objects/modGlobals.h"
-#include "framework/shared/IMainWindow.h"
 #include "platform/IScratchArea.h"
 
 namespace portico {
@@ -28,7 +27,7 @@ SelectionFormat TextLook::Of(bool italic, bool bold, std::int32_t color, std::in
 void RTFEncoderBase::Initialize(const Ref<IRichTextBox>& Display) try {
   HuntERR::Check(bool(Display), ErrorNumber::InvalidArgument, u"Display cannot be nothing.");
   m_display = Display;
-  m_scratch = Cast<IScratchArea>(gMainForm)->rtfScratchArea();
+  m_scratch = gScratchArea->rtfScratchArea();
   m_initialized = true;
 } catch (...) {
   PassOn(u"CStep.Initialize(Display)", {Display}); // the name under which this failure has always been reported
@@ -52,15 +51,14 @@ Ref<IDataEntity> RTFEncoderBase::Decode(const String& RTFText) const try {
 }
 
 void RTFEncoderBase::ResetScratchArea() const {
-  const auto window = Cast<IScratchArea>(gMainForm);
   SelectionFormat plain;
   plain.SelAlignment = 0;
   plain.SelBold = false;
   plain.SelBullet = false;
   plain.SelCharOffset = 0;
   plain.SelColor = TextLook::Black;
-  plain.SelFontName = window->FontName();
-  plain.SelFontSize = window->FontSize();
+  plain.SelFontName = gScratchArea->FontName();
+  plain.SelFontSize = gScratchArea->FontSize();
   plain.SelHangingIndent = 0;
   plain.SelIndent = 0;
   plain.SelItalic = false;

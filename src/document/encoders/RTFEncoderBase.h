@@ -10,7 +10,7 @@ namespace portico {
 /// of a line read back tells its kind. Nothing is kept between calls: the scratch area is everybody's.
 class RTFEncoderBase : public IObject {
 public:
-  /// No display raises 5. `gMainForm` must have the scratch area.
+  /// A null display raises `InvalidArgument`, no `gScratchArea` `MissingObject`.
   void Initialize(const Ref<IRichTextBox>& Display);
   /// A new entity from the first line of a fragment. 0x80041460 before `Initialize`; an empty text raises 5.
   Ref<IDataEntity> Decode(const String& RTFText) const;

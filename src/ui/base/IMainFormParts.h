@@ -6,7 +6,7 @@
 
 namespace portico {
 
-/// What commands and dialogs need of the main window. `gMainForm` is one.
+/// What commands and dialogs need of the main window.
 class IMainFormParts : public virtual IObject {
 public:
   /// The owner of modal dialogs. Its pointer is set by value.
@@ -17,5 +17,8 @@ public:
   virtual Ref<ISubscriber> Logger() const = 0;
   virtual void Logger(const Ref<ISubscriber>& newValue) = 0;
 };
+
+/// Set with the main window; unset where there is none that the user sees.
+extern Ref<IMainFormParts> gMainFormParts;
 
 } // namespace portico

@@ -1,11 +1,13 @@
 #include "ui/commands/EditCommands.h"
 
 #include "document/entities/IDataStore.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/Application.h"
 #include "framework/shared/IConfiguration.h"
 #include "platform/IDesktop.h"
-#include "ui/base/CommandSupport.h"
+#include "ui/base/Wired.h"
 #include "ui/dialogs/frmSelectFile.h"
 
 namespace portico {

@@ -4,7 +4,7 @@
 #include "framework/shared/IConfiguration.h"
 #include "instructions/CInstGenerator.h"
 #include "instructions/InstrumentAccess.h"
-#include "ui/base/CommandSupport.h"
+#include "ui/base/IMainFormParts.h"
 #include "ui/dialogs/KnownInstruments.h"
 #include "ui/dialogs/frmInstrumentDialog.h"
 
@@ -19,7 +19,7 @@ void WriteAndRead(const String& command) {
 
 String AskForInstrument() {
   const auto dialog = MakeDialog<frmInstrumentDialog>(u"Failed to create instrument dialog box.");
-  const auto window = MainFormParts();
+  const auto window = gMainFormParts;
   dialog->ShowModal(&window->Form());
   const String name = dialog->InstrumentName();
   dialog->Hide();
@@ -37,7 +37,7 @@ void COpenInstrument::Act() {
   if (!termination) return;
   Tolerate([&] { KnownInstruments::Remember(name); });
   InstrumentAccess::SetTermination(*termination);
-  MainFormParts()->txtFuture()->SetFocus(); // which is what makes the window look at the new state
+  gMainFormParts->txtFuture()->SetFocus(); // which is what makes the window look at the new state
 }
 
 void CCloseInstrument::Act() { InstrumentAccess::Close(); }

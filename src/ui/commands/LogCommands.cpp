@@ -5,7 +5,8 @@
 #include "framework/shared/Application.h"
 #include "framework/shared/Guards.h"
 #include "platform/IDesktop.h"
-#include "ui/base/CommandSupport.h"
+#include "ui/base/IMainFormParts.h"
+#include "ui/base/Wired.h"
 #include "ui/dialogs/frmSelectFile.h"
 #include "ui/viewer/frmViewLog.h"
 
@@ -52,7 +53,7 @@ void CNewLogFile::OpenNewLogFile() try {
   gConfiguration->ItemValue(LogFileName, name);
   gConfiguration->ItemValue(Logging, On);
   store->OpenSession();
-  MainFormParts()->Logger(Create<ISubscriber>(u"ReportLogger", modGlobals::VarArray(store)));
+  gMainFormParts->Logger(Create<ISubscriber>(u"ReportLogger", modGlobals::VarArray(store)));
 } catch (...) {
   PassOn(u"CNewLogFile.OpenNewLogFile");
 }
@@ -60,13 +61,13 @@ void CNewLogFile::OpenNewLogFile() try {
 void CNewLogFile::CloseLogFile() try {
   gConfiguration->ItemValue(Logging, On); // left ready for the next log
   gConfiguration->ItemValue(LogFileName, {});
-  MainFormParts()->Logger({});
+  gMainFormParts->Logger({});
 } catch (...) {
   PassOn(u"CCloseLogFile.CloseLogFile");
 }
 
 void CToggleLogging::Act() {
-  const auto logger = Cast<CReportLogger>(MainFormParts()->Logger());
+  const auto logger = Cast<CReportLogger>(gMainFormParts->Logger());
   HuntERR::Check(bool(logger), ErrorNumber::ObjectRequired, u"This operation requires an open logger.");
   if (logger->IsLogging()) {
     logger->DisableLogging();
@@ -82,7 +83,7 @@ void CViewLogFile::Act() {
   const String name = Ask(dialog, u"Select a log file", ViewLogFilters);
   if (name.empty()) return;
   viewer->FileName(name);
-  viewer->Show(&MainFormParts()->Form());
+  viewer->Show(&gMainFormParts->Form());
 }
 
 const CreatorRow CtorNewLogFile = {u"CtorNewLogFile",

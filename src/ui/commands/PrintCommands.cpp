@@ -1,7 +1,10 @@
 #include "ui/commands/PrintCommands.h"
 
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 #include "platform/IDesktop.h"
-#include "ui/base/CommandSupport.h"
+#include "ui/base/IMainFormParts.h"
+#include "ui/base/Wired.h"
 
 namespace portico {
 namespace {
@@ -24,7 +27,7 @@ void CPrint::Initialize(const Ref<ICommonDialog>& Dialog, const Ref<IPrintable>&
 }
 
 void CPrint::Act() {
-  const bool hasSelection = MainFormParts()->txtPast()->SelLength() != 0;
+  const bool hasSelection = gMainFormParts->txtPast()->SelLength() != 0;
   PrinterDialogSettings settings;
   settings.Flags = (hasSelection ? PrintSelectionPreset : PrintNoSelection) + PrintReturnsContext + PrintNoPageNumbers;
   settings.DialogTitle = DialogTitle;

@@ -1,7 +1,7 @@
 #include "ui/dialogs/DialogForm.h"
 
 #include "framework/objects/modGlobals.h"
-#include "ui/base/CommandSupport.h"
+#include "ui/base/Wired.h"
 #include "ui/base/ProgramConstants.h"
 
 namespace portico {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 #include "platform/ICommonDialog.h"
 #include "platform/IForm.h"
 #include "ui/base/Tolerate.h"

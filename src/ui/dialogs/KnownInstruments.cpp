@@ -2,7 +2,7 @@
 
 #include "framework/shared/Application.h"
 #include "platform/ISettingsStore.h"
-#include "ui/base/CommandSupport.h"
+#include "ui/base/Wired.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,9 @@
 #include "ui/dialogs/frmTVSCPIOptions.h"
 
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 #include "framework/shared/IConfiguration.h"
-#include "ui/base/CommandSupport.h"
+#include "ui/base/IMainFormParts.h"
 #include "ui/dialogs/DialogDesigns.h"
 
 #include <array>
@@ -215,7 +217,7 @@ void frmTVSCPIOptions::cmdHelp_Click() {
 
 void CConfigOptions::Act() {
   const auto dialog = MakeDialog<frmTVSCPIOptions>(u"Failed to create option dialog box.");
-  dialog->ShowModal(&MainFormParts()->Form());
+  dialog->ShowModal(&gMainFormParts->Form());
 }
 
 const CreatorRow CtorConfigOptions = {u"CtorConfigOptions", u"ConfigOptions", 0, MakePlainCommand<CConfigOptions>};

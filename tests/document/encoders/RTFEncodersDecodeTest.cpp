@@ -162,7 +162,7 @@ TYPED_TEST(RTFEncodersDecode, InitializeWithoutADisplayRaisesUnderAnotherName) {
 }
 
 TYPED_TEST(RTFEncodersDecode, InitializeNeedsTheMainWindow) {
-  gMainForm = {};
+  gScratchArea = {};
   const auto error = Raised([&] { this->Initialize(); });
   EXPECT_EQ(error.Number, 91);
   ExpectTrail(error, {u"CStep.Initialize(Display)"});

@@ -13,7 +13,7 @@ void MainWindowFixture::Start(const String& commandLine) {
       if (HasSpies) OfferSpies();
     };
     Window = HasHelp ? New<frmMain>(make) : New<frmMain>(make, StringView());
-    return Ref<IMainForm>(Window);
+    return modAppGlobals::MainForm{Window, Window, Window};
   };
   modAppGlobals::Main({makeDocument, makeWindow, commandLine});
 }

@@ -68,7 +68,7 @@ protected:
   }
   void LetGo() {
     Window = nullptr;
-    gMainForm = nullptr;
+    modAppGlobals::ReleaseMainForm();
     gConfiguration = nullptr;
     modAppGlobals::ReleaseObjectFactory();
   }

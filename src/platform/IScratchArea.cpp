@@ -1,0 +1,7 @@
+#include "platform/IScratchArea.h"
+
+namespace portico {
+
+Ref<IScratchArea> gScratchArea;
+
+} // namespace portico

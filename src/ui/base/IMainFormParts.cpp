@@ -1,0 +1,7 @@
+#include "ui/base/IMainFormParts.h"
+
+namespace portico {
+
+Ref<IMainFormParts> gMainFormParts;
+
+} // namespace portico

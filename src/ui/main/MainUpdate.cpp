@@ -74,8 +74,11 @@ void MainUpdate::Run() const {
   ShowPlaceholder(state);
   ShowProtocol(state);
   ShowLog(state);
-  const bool cmdFocus = ShowEditing();
-  ShowRunning(state, cmdFocus);
+  const auto* box = dynamic_cast<const IRichTextBox*>(gForms->ActiveControl());
+  const bool hasSelection = box != nullptr && box->SelTextLength() > 0;
+  const bool cmdFocus = box != nullptr && m_circumstances.CommandHasFocus();
+  ShowEditGroup(hasSelection, cmdFocus);
+  ShowRunGroup(state, cmdFocus);
   mnuFilePrint.Enabled(m_txtPast->TextLength() != 0);
   gEventLoop->DoEvents();
 }
@@ -136,19 +139,15 @@ void MainUpdate::ShowLog(const State& state) const {
   m_pause.Enabled(hasLog);
 }
 
-bool MainUpdate::ShowEditing() const {
-  const auto* box = dynamic_cast<const IRichTextBox*>(gForms->ActiveControl());
-  const bool hasSelection = box != nullptr && box->SelTextLength() > 0;
-  const bool cmdFocus = box != nullptr && m_circumstances.CommandHasFocus();
+void MainUpdate::ShowEditGroup(bool hasSelection, bool cmdFocus) const {
   m_cut.Enabled(hasSelection && cmdFocus);
   m_copy.Enabled(hasSelection);
   m_paste.Enabled(cmdFocus && !gClipboard->GetText().empty());
   m_pasteFrom.Enabled(cmdFocus);
   m_copyTo.Enabled(hasSelection);
-  return cmdFocus;
 }
 
-void MainUpdate::ShowRunning(const State& state, bool cmdFocus) const {
+void MainUpdate::ShowRunGroup(const State& state, bool cmdFocus) const {
   const bool isExecuting = m_circumstances.Executing();
   const bool canRun = !isExecuting && state.ModeOff && state.Opened && state.HasCommands;
   m_step.Enabled(canRun);

@@ -32,9 +32,8 @@ private:
   void ShowPlaceholder(const State& state) const;
   void ShowProtocol(const State& state) const;
   void ShowLog(const State& state) const;
-  /// True if the command window has the focus, as far as the run group cares, too.
-  bool ShowEditing() const;
-  void ShowRunning(const State& state, bool cmdFocus) const;
+  void ShowEditGroup(bool hasSelection, bool cmdFocus) const;
+  void ShowRunGroup(const State& state, bool cmdFocus) const;
 
   IForm& m_form;
   Ref<IRichTextControl> m_txtFuture;

@@ -17,7 +17,12 @@ TerminalWindow::TerminalWindow(const Ref<IRichTextBox>& txtFuture, const Ref<IRi
       m_scratch(rtfScratchArea),
       m_interrupted(std::move(interrupted)),
       m_frame(txtFuture, txtPast) {
-  m_frame.Remarked.Connect([this](const String& line) { Remarked(line); });
+  for (LineRunner* runner : m_frame.Runners()) {
+    runner->Add2History.Connect([this](const String& line) {
+      m_frame.Add2History(line);
+      Remarked(line);
+    });
+  }
 }
 
 void TerminalWindow::Load() {

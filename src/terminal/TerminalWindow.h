@@ -30,7 +30,7 @@ public:
   /// How many of those lines have not been taken off yet.
   std::size_t LinesLeft() const;
 
-  /// What the history shows, in order.
+  /// What the history shows, in order: entities, and remarks and blank lines.
   Event<const IDataEntity&> Shown;
   Event<const String&> Remarked;
   /// Drops what has been shown: the text first, then the queue.

@@ -7,12 +7,7 @@
 namespace portico {
 
 RunFrame::RunFrame(const Ref<IRichTextBox>& txtFuture, const Ref<IRichTextBox>& txtPast)
-    : m_txtFuture(txtFuture), m_txtPast(txtPast) {
-  for (LineRunner* runner : {static_cast<LineRunner*>(&aCmdRunner), static_cast<LineRunner*>(&aCmdStepper),
-                             static_cast<LineRunner*>(&aCmdCursorRunner)}) {
-    runner->Add2History.Connect([this](const String& Line) { Add2History(Line); });
-  }
-}
+    : m_txtFuture(txtFuture), m_txtPast(txtPast) {}
 
 void RunFrame::Run() { RunLines(aCmdRunner); }
 void RunFrame::RunToCursor() { RunLines(aCmdCursorRunner); }
@@ -54,7 +49,6 @@ void RunFrame::Add2History(const String& Line) {
   CSimpleRTFEncoder encoder;
   encoder.Initialize(m_txtPast);
   m_txtPast->SelRTF(encoder.Encode(String(Line).append(NewLine), DataTypeName::Remark));
-  Remarked(Line);
 }
 
 } // namespace portico

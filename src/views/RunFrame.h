@@ -2,10 +2,13 @@
 
 #include "views/LineRunners.h"
 
+#include <array>
+
 namespace portico {
 
 /// The three ways to run the command window, with all that stands around a run. Needs what the runners need. An error
-/// leaves the window as a run has it: executing, so that no other run can be started.
+/// leaves the window as a run has it: executing, so that no other run can be started. Made by the window, which
+/// connects each runner to its own handler of remarks and blank lines; the handler calls `Add2History`.
 class RunFrame {
 public:
   /// The command window and the history window.
@@ -15,11 +18,13 @@ public:
   void RunToCursor();
   /// While it lasts, the window still shows the idle state.
   void Step();
-  /// Writes a remark or a blank line into the history, as a run does.
+  /// Writes a remark or a blank line into the history.
   void Add2History(const String& Line);
 
-  /// A remark or a blank line has been written into the history.
-  Event<const String&> Remarked;
+  CCommandRunner aCmdRunner;
+  CCommandStepper aCmdStepper;
+  CCommandCursorRunner aCmdCursorRunner;
+  std::array<LineRunner*, 3> Runners() { return {&aCmdRunner, &aCmdStepper, &aCmdCursorRunner}; }
 
 private:
   void Prepare(LineRunner& runner) const;
@@ -28,9 +33,6 @@ private:
 
   Ref<IRichTextBox> m_txtFuture;
   Ref<IRichTextBox> m_txtPast;
-  CCommandRunner aCmdRunner;
-  CCommandStepper aCmdStepper;
-  CCommandCursorRunner aCmdCursorRunner;
 };
 
 } // namespace portico

@@ -48,6 +48,9 @@ protected:
     Runner = Create<CInstructionRunner>(u"InstructionRunner", modGlobals::VarArray(Ref<IObject>(Window->View)));
     History = Create<CSCPIViewHistory>(u"SCPIViewHistory", modGlobals::VarArray(Ref<IObject>(Past)));
     Displayer = Create<CReportDisplayer>(u"ReportDisplayer", modGlobals::VarArray(Ref<IObject>(History)));
+    for (LineRunner* runner : Frame->Runners()) {
+      runner->Add2History.Connect([this](const String& line) { Frame->Add2History(line); });
+    }
     SetAllOff();
     Driver->OnCall = [this](const std::string& line) {
       if (line == "write *IDN?" || line == "write *idn?") Driver->Answer = "maker,model";

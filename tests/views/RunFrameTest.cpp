@@ -11,6 +11,9 @@ protected:
     Box->OnCall = [this](const std::string& call) {
       if (call == "future.SetFocus") Calls.push_back(call);
     };
+    for (LineRunner* runner : Frame.Runners()) {
+      runner->Add2History.Connect([this](const String& line) { Frame.Add2History(line); });
+    }
   }
   void Type(StringView text) {
     Box->Type(text);
@@ -127,15 +130,6 @@ TEST_F(RunFrameTest, AllThreeShowRemarks) {
   Type(u"REM c\r\n");
   Frame.RunToCursor();
   EXPECT_EQ(Escaped(Past->Contents()), "REM a\\r\\nREM b\\r\\nREM c\\r\\n");
-}
-
-TEST_F(RunFrameTest, TellsOfRemarksAfterTheyAreShown) {
-  List told;
-  Frame.Remarked.Connect(
-      [&](const String& line) { told.push_back(ToUtf8(line) + " in " + Escaped(Past->Contents())); });
-  Type(u"REM a\r\n");
-  Frame.Run();
-  EXPECT_EQ(told, List{"REM a in REM a\\r\\n"});
 }
 
 TEST_F(RunFrameTest, RemarkIsNoReport) {

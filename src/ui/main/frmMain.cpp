@@ -43,6 +43,9 @@ frmMain::frmMain(const std::function<void()>& CreateObjectFactory, StringView He
   const bool made = RunHandler(u"frmMain.Form_Initialize", u"An error occured while initializing.", [&] {
     CreateObjectFactory();
     m_runs.emplace(m_txtFuture, m_txtPast);
+    m_runs->aCmdRunner.Add2History.Connect([this](const String& Line) { aCmdRunner_Add2History(Line); });
+    m_runs->aCmdStepper.Add2History.Connect([this](const String& Line) { aCmdStepper_Add2History(Line); });
+    m_runs->aCmdCursorRunner.Add2History.Connect([this](const String& Line) { aCmdCursorRunner_Add2History(Line); });
   });
   if (made) return;
   gEventLoop->RequestQuit();

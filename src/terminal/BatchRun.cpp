@@ -46,7 +46,7 @@ BatchRun::BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window,
       m_out(out),
       m_err(err),
       m_printer(out, options.ToTerminal),
-      m_faults(New<FaultMonitor>()),
+      m_faults(New<FaultCollector>()),
       m_repeated([this](const std::string& line) { Tell(line); }) {
   m_window->Load();
   ListenToNews();

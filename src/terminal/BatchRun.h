@@ -2,7 +2,7 @@
 
 #include "terminal/ConversationPrinter.h"
 #include "terminal/DriverNews.h"
-#include "terminal/FaultMonitor.h"
+#include "terminal/FaultCollector.h"
 #include "terminal/RepeatedFaults.h"
 #include "terminal/RunLog.h"
 #include "terminal/RunOptions.h"
@@ -57,6 +57,7 @@ private:
   void InstructionDone();
   void Close();
   void CloseLog();
+  /// Judges what was collected of the instruction.
   void JudgeDriver();
   void JudgeAnswer();
   void NoteInterrupt();
@@ -69,7 +70,7 @@ private:
   std::ostream& m_out;
   std::ostream& m_err;
   ConversationPrinter m_printer;
-  Ref<FaultMonitor> m_faults;
+  Ref<FaultCollector> m_faults;
   RepeatedFaults m_repeated;
   std::optional<RunLog> m_log;
   std::optional<Progress> m_progress;

@@ -16,7 +16,7 @@ enum class ExitStatus : int {
   Interrupted = 130,
 };
 
-/// Collects what happened; the gravest counts.
+/// Ranks what happened: the gravest counts.
 class RunStatus {
 public:
   void Note(ExitStatus status) {

@@ -2,18 +2,17 @@
 
 #include "framework/objects/Event.h"
 #include "framework/objects/IPublisher.h"
-#include "framework/shared/IReport.h"
 
 #include <optional>
-#include <string>
 #include <vector>
 
 namespace portico::terminal {
 
-/// Watches the reports of one instruction for what went wrong at the instrument or the driver.
-class FaultMonitor final : public ISubscriber {
+/// Collects from the reports of one instruction how its commands on the channel ended and what was answered. What that
+/// means is for others to judge.
+class FaultCollector final : public ISubscriber {
 public:
-  StringView ClassName() const override { return u"FaultMonitor"; }
+  StringView ClassName() const override { return u"FaultCollector"; }
   void Update(const Ref<IObject>& Subject) override;
 
   /// An instruction has come to its end.

@@ -1,16 +1,17 @@
-#include "terminal/FaultMonitor.h"
+#include "terminal/FaultCollector.h"
 
 #include "framework/errors/ErrorNumbers.h"
+#include "framework/shared/IReport.h"
 
 namespace portico::terminal {
 
-void FaultMonitor::Begin() {
+void FaultCollector::Begin() {
   m_outcomes.clear();
   m_lastAnswer.reset();
   m_writeFailed = false;
 }
 
-std::vector<String> FaultMonitor::DriverFailures() const {
+std::vector<String> FaultCollector::DriverFailures() const {
   std::vector<String> failures;
   for (const Outcome& outcome : m_outcomes) {
     if (outcome.Failure) failures.push_back(*outcome.Failure);
@@ -18,7 +19,7 @@ std::vector<String> FaultMonitor::DriverFailures() const {
   return failures;
 }
 
-void FaultMonitor::Update(const Ref<IObject>& Subject) {
+void FaultCollector::Update(const Ref<IObject>& Subject) {
   const auto report = Cast<IReport>(Subject);
   const std::int32_t code = report->GetErrorCode();
   // Marks, no failures.

@@ -2,6 +2,7 @@
 
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/Guards.h"
+#include "framework/shared/IReport.h"
 #include "instructions/CInstGenerator.h"
 #include "platform/IEventLoop.h"
 #include "views/CommandCreation.h"

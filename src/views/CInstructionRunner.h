@@ -2,7 +2,6 @@
 
 #include "framework/objects/IPublisher.h"
 #include "framework/shared/ICommand.h"
-#include "framework/shared/IReport.h"
 #include "views/CSCPIView.h"
 
 #include <memory>

@@ -1,6 +1,6 @@
 #include "views/SCPIViewBase.h"
 
-#include "document/entities/CSelectionIterator.h"
+#include "document/entities/IIteratableObject.h"
 #include "document/reports/ReportEntities.h"
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/Guards.h"

@@ -1,5 +1,7 @@
 #include "ui/base/ResourceStrings.h"
 
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 #include "platform/IDialogControls.h"
 #include "platform/IToolBar.h"
 #include "ui/base/Tolerate.h"

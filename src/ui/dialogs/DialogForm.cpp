@@ -1,8 +1,9 @@
 #include "ui/dialogs/DialogForm.h"
 
 #include "framework/objects/modGlobals.h"
-#include "ui/base/Wired.h"
+#include "platform/ICommonDialog.h"
 #include "ui/base/ProgramConstants.h"
+#include "ui/base/Wired.h"
 
 namespace portico {
 

@@ -2,7 +2,6 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
-#include "platform/ICommonDialog.h"
 #include "platform/IForm.h"
 #include "ui/base/Tolerate.h"
 

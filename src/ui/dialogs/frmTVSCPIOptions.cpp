@@ -3,6 +3,7 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/shared/IConfiguration.h"
+#include "platform/IDialogControls.h"
 #include "ui/base/IMainFormParts.h"
 #include "ui/dialogs/DialogDesigns.h"
 

@@ -2,7 +2,6 @@
 
 #include "framework/objects/Creator.h"
 #include "framework/shared/UserCommand.h"
-#include "platform/IDialogControls.h"
 #include "ui/dialogs/DialogForm.h"
 
 namespace portico {

@@ -1,5 +1,7 @@
 #include "ui/main/MainUpdate.h"
 
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 #include "framework/shared/Application.h"
 #include "framework/shared/IConfiguration.h"
 #include "platform/IDesktop.h"

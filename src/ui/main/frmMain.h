@@ -9,7 +9,7 @@
 #include "ui/base/WindowSettings.h"
 #include "ui/main/MainUpdate.h"
 #include "ui/main/SplitPanel.h"
-#include "views/CInstructionRunner.h"
+#include "views/CSCPIView.h"
 #include "views/CSCPIViewHistory.h"
 #include "views/RunFrame.h"
 

@@ -1,3 +1,5 @@
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/Application.h"
 #include "framework/shared/IConfiguration.h"

@@ -2,8 +2,10 @@
 
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/Guards.h"
+#include "framework/shared/ICommand.h"
 #include "framework/shared/modAppGlobals.h"
 #include "platform/IPictureBox.h"
+#include "platform/IStatusBar.h"
 #include "ui/base/ResourceStrings.h"
 #include "ui/base/ShowFailure.h"
 #include "ui/base/Tolerate.h"

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "framework/shared/ICommand.h"
 #include "platform/IEventLoop.h"
 #include "platform/IForm.h"
 #include "platform/IRichTextControl.h"
-#include "platform/IStatusBar.h"
 #include "platform/IToolBar.h"
 #include "views/CSCPIView.h"
 

@@ -22,13 +22,13 @@ constexpr float MostDragged = 0.9F;
 
 constexpr float ToFraction(std::uint8_t percent) { return static_cast<float>(percent) / 100; }
 
+} // namespace
+
 std::uint8_t ToPercent(const Value& value) {
   const std::int32_t percent = value.ToLong();
   if (percent < 0 || percent > 255) HuntERR::RaiseStandard(ErrorNumber::Overflow);
   return static_cast<std::uint8_t>(percent);
 }
-
-} // namespace
 
 SplitPanel::SplitPanel(ISplitArea& area) : m_area(area), m_splitter(area.Splitter()) {
   InitProperties();

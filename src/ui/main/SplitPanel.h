@@ -15,6 +15,9 @@ public:
   virtual void WriteProperty(StringView Name, const Value& NewValue, const Value& Default) = 0;
 };
 
+/// A percentage as it is kept; a number that is no byte raises `Overflow`.
+std::uint8_t ToPercent(const Value& value);
+
 /// Shows two controls with a bar between them that the mouse can drag. Made and owned by the window that it stands in;
 /// the area must outlive it. It owns neither of the two controls, which must lie in the area and outlive it too.
 /// A size too small for them disturbs nobody.

@@ -1,6 +1,8 @@
 #include "ui/main/frmMain.h"
 
 #include "configuration/CConfigurationClient.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 #include "framework/errors/Quit.h"
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/modAppGlobals.h"
@@ -12,13 +14,8 @@
 namespace portico {
 namespace {
 
-constexpr double BarPixels = 3;
+constexpr auto BarWidth = static_cast<std::uint8_t>(3 * FormUnitsPerPixel);
 constexpr std::uint8_t DefaultPercent = 75;
-
-std::uint8_t ToByte(std::int32_t number) {
-  if (number < 0 || number > 255) HuntERR::RaiseStandard(ErrorNumber::Overflow);
-  return static_cast<std::uint8_t>(number);
-}
 
 WindowState ToWindowState(std::int32_t number) {
   if (number < 0 || number > 2) HuntERR::RaiseStandard(ErrorNumber::BadPropertyValue);
@@ -116,9 +113,8 @@ void frmMain::SetUpSplitter() {
   area.Left(m_form->ScaleLeft());
   splitterNow->Control1(m_txtPast.Get());
   splitterNow->Control2(m_txtFuture.Get());
-  const Value percent = m_settings.Read(u"SplitPercent", ToText(std::int64_t{DefaultPercent}));
-  splitterNow->SplitPercent(ToByte(percent.ToLong()));
-  splitterNow->SplitWidth(ToByte(static_cast<std::int32_t>(BarPixels * FormUnitsPerPixel)));
+  splitterNow->SplitPercent(ToPercent(m_settings.Read(u"SplitPercent", ToText(std::int64_t{DefaultPercent}))));
+  splitterNow->SplitWidth(BarWidth);
 }
 
 void frmMain::Form_Resize() {

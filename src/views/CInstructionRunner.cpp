@@ -6,7 +6,7 @@
 #include "instructions/CInstGenerator.h"
 #include "platform/IEventLoop.h"
 #include "views/CommandCreation.h"
-#include "views/LineKind.h"
+#include "views/LineMarks.h"
 
 namespace portico {
 namespace {

@@ -1,19 +1,18 @@
 #include "views/CPopALine.h"
 
+#include "framework/text/EndOfText.h"
 #include "platform/IEventLoop.h"
+#include "views/LineMarks.h"
 
 namespace portico {
-namespace {
 
-LineKind Classify(StringView line, bool atEnd) {
+LineKind CPopALine::Classify(StringView line, bool atEnd) {
   if (BeginsWith(line, ResponseMarker)) return LineKind::CmdResponse;
   if (BeginsWith(line, AutomaticMarker)) return LineKind::CmdAutomatic;
   if (line.substr(0, RemarkWord.size()) == RemarkWord) return LineKind::CmdRemark;
   if (line.empty()) return LineKind::CmdBlank;
   return atEnd ? LineKind::CmdEnd : LineKind::CmdInstruction;
 }
-
-} // namespace
 
 String CPopALine::Pop(LineKind& LineType) {
   LineType = LineKind::None;

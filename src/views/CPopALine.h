@@ -5,6 +5,17 @@
 
 namespace portico {
 
+/// What a line of the command window is.
+enum class LineKind : std::int32_t {
+  None = 0,
+  CmdBlank = 1,
+  CmdAutomatic = 2,   ///< begins with `AutomaticMarker`
+  CmdInstruction = 3, ///< anything else: goes to the instrument
+  CmdRemark = 4,      ///< begins with `RemarkWord`
+  CmdResponse = 5,    ///< begins with `ResponseMarker`, or is italic to its line end
+  CmdEnd = 6,         ///< no line: the window is empty
+};
+
 /// Cuts the first line off a box and tells its kind. The runners make one per run. It keeps no position: what a handler
 /// changes in the box between two lines counts.
 class CPopALine final {
@@ -16,14 +27,16 @@ public:
   String Pop(LineKind& LineType);
 
 private:
+  /// By the first characters of a line, which comes without leading blanks.
+  static LineKind Classify(StringView line, bool atEnd);
   String TakeFirstLine(LineKind& LineType);
   String TakeLastLine();
 
   Ref<IRichTextBox> m_queue;
-  CSCPICmdPolicy m_policy; // not asked: the two classifications differ
+  CSCPICmdPolicy m_policy; // part of the contract, and not asked: the two classifications differ
 };
 
-/// Another popper, without kinds and without trimming.
+/// Another popper, without kinds and without trimming. Part of the contract; nothing in the program uses it.
 class CPopInstruction final {
 public:
   /// Takes the characters in front of the first line end, which stays in the box.

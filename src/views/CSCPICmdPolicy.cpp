@@ -1,5 +1,9 @@
 #include "views/CSCPICmdPolicy.h"
 
+#include "framework/text/EndOfText.h"
+#include "views/CPopALine.h"
+#include "views/LineMarks.h"
+
 namespace portico {
 
 LineKind CSCPICmdPolicy::CmdType(const String& Line) const {

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "framework/errors/IObject.h"
-#include "views/LineKind.h"
 
 namespace portico {
+
+enum class LineKind : std::int32_t; // see CPopALine.h
 
 /// Classifies lines after the fact.
 class ICommandPolicy : public virtual IObject {
@@ -13,7 +14,8 @@ public:
   virtual LineKind CmdType(const String& Line) const = 0;
 };
 
-/// Differs from the kinds that `CPopALine` reports, and knows no automatic instructions. No run asks it.
+/// Differs from the kinds that `CPopALine` tells, which are the ones that runs go by, and knows no automatic
+/// instructions. Part of the contract: the runners hold one, and nothing asks it.
 class CSCPICmdPolicy final : public ICommandPolicy {
 public:
   StringView ClassName() const override { return u"CSCPICmdPolicy"; }

@@ -3,9 +3,11 @@
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/IConfiguration.h"
 #include "framework/shared/IMainWindow.h"
+#include "framework/text/EndOfText.h"
 #include "instructions/CInstGenerator.h"
 #include "platform/IEventLoop.h"
 #include "views/CommandCreation.h"
+#include "views/LineMarks.h"
 
 namespace portico {
 

@@ -4,7 +4,7 @@
 #include "document/reports/ReportEntities.h"
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/Guards.h"
-#include "views/LineKind.h"
+#include "views/LineMarks.h"
 
 #include <cmath>
 

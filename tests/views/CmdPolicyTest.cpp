@@ -1,5 +1,7 @@
 #include "views/CSCPICmdPolicy.h"
 
+#include "views/CPopALine.h"
+
 #include <gtest/gtest.h>
 
 namespace portico::test {

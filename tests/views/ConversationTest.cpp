@@ -9,6 +9,7 @@
 #include "support/RecordingTextBox.h"
 #include "views/CInstructionRunner.h"
 #include "views/CSCPIViewHistory.h"
+#include "views/LineMarks.h"
 
 #include <filesystem>
 

@@ -1,11 +1,11 @@
 #include "terminal/console/CommandText.h"
 
+#include "framework/text/EndOfText.h"
+
 #include <optional>
 
 namespace portico::terminal {
 namespace {
-
-constexpr char16_t EndOfText = 0x1A;
 
 /// Characters in front of the position; a surrogate pair is one.
 std::size_t ColumnOf(StringView text, std::size_t position) {

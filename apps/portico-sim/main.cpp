@@ -17,7 +17,7 @@ namespace {
 using portico::simulator::Device;
 using portico::simulator::SocketServer;
 
-constexpr int kUsageError = 2;
+constexpr int UsageError = 2;
 
 SocketServer* running = nullptr;
 
@@ -25,7 +25,7 @@ void StopServer(int /*signal*/) { running->Stop(); }
 
 int Complain(const std::string& what, const std::string& hint) {
   std::cerr << "portico-sim: " << what << "; " << hint << '\n';
-  return kUsageError;
+  return UsageError;
 }
 
 /// The option parser alone would take -1, and what is too large, for the largest number.

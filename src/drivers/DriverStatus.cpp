@@ -15,7 +15,7 @@ struct StatusEntry {
   std::string_view deed = {};
 };
 
-constexpr std::array kStatuses = {
+constexpr std::array Statuses = {
     StatusEntry{DriverStatus::Success, "TVSCPI_SUCCESS", "No error"},
     StatusEntry{DriverStatus::InvalidSession, "TVSCPI_ERROR_INVALID_SESSION", "The session is not open"},
     StatusEntry{DriverStatus::InvalidResourceName, "TVSCPI_ERROR_INVALID_RESOURCE_NAME",
@@ -46,10 +46,10 @@ constexpr std::array kStatuses = {
 };
 
 const StatusEntry* Find(std::int32_t status) {
-  const auto* entry = std::find_if(kStatuses.begin(), kStatuses.end(), [status](const StatusEntry& candidate) {
+  const auto* entry = std::find_if(Statuses.begin(), Statuses.end(), [status](const StatusEntry& candidate) {
     return static_cast<std::int32_t>(candidate.status) == status;
   });
-  return entry == kStatuses.end() ? nullptr : entry;
+  return entry == Statuses.end() ? nullptr : entry;
 }
 
 bool IsControl(char character) {
@@ -71,7 +71,7 @@ std::string StatusMessage(std::int32_t status, std::string_view detail) {
   message += '.';
   // A detail may quote what the user typed; a line feed or zero byte in it would end the message early.
   std::replace_if(message.begin(), message.end(), IsControl, '?');
-  message.resize(std::min(message.size(), kMaxErrorMessage));
+  message.resize(std::min(message.size(), MaxErrorMessage));
   return message;
 }
 
@@ -84,7 +84,7 @@ std::string ReasonFor(const DriverResult& failure) {
 }
 
 void WriteErrorMessage(std::string_view message, char* buffer) {
-  const std::size_t length = std::min(message.size(), kMaxErrorMessage);
+  const std::size_t length = std::min(message.size(), MaxErrorMessage);
   char* end = std::copy_n(message.data(), length, buffer);
   *end++ = '\n';
   *end = '\0';

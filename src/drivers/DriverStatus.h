@@ -41,17 +41,17 @@ struct DriverResult {
 std::string ReasonFor(const DriverResult& failure);
 
 /// Longest message, in bytes.
-inline constexpr std::size_t kMaxErrorMessage = 254;
+inline constexpr std::size_t MaxErrorMessage = 254;
 /// What a caller of WriteErrorMessage provides: the message, a line feed and a zero byte.
-inline constexpr std::size_t kErrorMessageBufferSize = kMaxErrorMessage + 2;
+inline constexpr std::size_t ErrorMessageBufferSize = MaxErrorMessage + 2;
 
 /// The stable name, as in "TVSCPI_ERROR_READ_TIMEOUT"; empty for a number that is none of the driver's.
 std::string_view StatusName(std::int32_t status);
 
-/// One sentence, in 8-bit characters and without control characters, cut at kMaxErrorMessage bytes.
+/// One sentence, in 8-bit characters and without control characters, cut at MaxErrorMessage bytes.
 std::string StatusMessage(std::int32_t status, std::string_view detail = {});
 
-/// Writes the message, a line feed and a zero byte to the start of `buffer` (of kErrorMessageBufferSize bytes).
+/// Writes the message, a line feed and a zero byte to the start of `buffer` (of ErrorMessageBufferSize bytes).
 void WriteErrorMessage(std::string_view message, char* buffer);
 
 } // namespace portico

@@ -99,7 +99,7 @@ DriverResult InstrumentSession::Disconnect(DriverResult reason) {
 }
 
 DriverResult InstrumentSession::Fill(TimePoint deadline) {
-  Received received = m_transport->Read(m_input.Space(), ReceiveBuffer::kCapacity, deadline);
+  Received received = m_transport->Read(m_input.Space(), ReceiveBuffer::Capacity, deadline);
   if (!received.result.Succeeded()) return Disconnect(std::move(received.result));
   m_input.Filled(received.count, received.end);
   return {};

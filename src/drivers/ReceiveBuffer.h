@@ -11,12 +11,12 @@ namespace portico {
 class ReceiveBuffer {
 public:
   /// As much as one read of a transport takes at most, in bytes.
-  static constexpr std::size_t kCapacity = 64 * 1024;
+  static constexpr std::size_t Capacity = 64 * 1024;
 
   bool Empty() const { return m_begin == m_end; }
   std::string_view Unread() const { return {m_bytes.get() + m_begin, m_end - m_begin}; }
 
-  /// Room for kCapacity bytes, to be filled while the buffer is empty.
+  /// Room for Capacity bytes, to be filled while the buffer is empty.
   char* Space() { return m_bytes.get(); }
   /// The first `count` bytes of Space() are filled; `end` tells whether a message ends behind them.
   void Filled(std::size_t count, bool end) {
@@ -32,7 +32,7 @@ public:
   bool AtEndOfMessage() const { return Empty() && m_endsMessage; }
 
 private:
-  std::unique_ptr<char[]> m_bytes = std::make_unique_for_overwrite<char[]>(kCapacity);
+  std::unique_ptr<char[]> m_bytes = std::make_unique_for_overwrite<char[]>(Capacity);
   std::size_t m_begin = 0;
   std::size_t m_end = 0;
   bool m_endsMessage = false;

@@ -11,14 +11,14 @@ namespace {
 
 using ParseResult = std::variant<ResourceName, ResourceNameError>;
 
-constexpr std::string_view kSeparator = "::";
-constexpr std::string_view kDefaultLanDevice = "inst0";
+constexpr std::string_view Separator = "::";
+constexpr std::string_view DefaultLanDevice = "inst0";
 
-constexpr std::string_view kForms = "TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR";
-constexpr std::string_view kSocketForm = "TCPIP::HOST::PORT::SOCKET";
-constexpr std::string_view kUsbForm = "USB::VENDOR::PRODUCT::SERIAL::INSTR";
-constexpr std::string_view kSerialForm = "ASRL1::INSTR or ASRL/dev/ttyUSB0::INSTR";
-constexpr std::string_view kSimulatedForm = "SIM::DEVICE::INSTR";
+constexpr std::string_view Forms = "TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR";
+constexpr std::string_view SocketForm = "TCPIP::HOST::PORT::SOCKET";
+constexpr std::string_view UsbForm = "USB::VENDOR::PRODUCT::SERIAL::INSTR";
+constexpr std::string_view SerialForm = "ASRL1::INSTR or ASRL/dev/ttyUSB0::INSTR";
+constexpr std::string_view SimulatedForm = "SIM::DEVICE::INSTR";
 
 char ToUpper(char character) {
   return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
@@ -35,10 +35,10 @@ bool IsControl(char character) {
 }
 
 std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
-  const std::size_t begin = text.find_first_not_of(kBlanks);
+  constexpr std::string_view blanks = " \t\r\n";
+  const std::size_t begin = text.find_first_not_of(blanks);
   if (begin == std::string_view::npos) return {};
-  return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
+  return text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
 }
 
 std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
@@ -65,9 +65,9 @@ std::optional<std::uint16_t> ParseUsbId(std::string_view text) {
 }
 
 std::string UsbId(std::uint16_t id) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  constexpr std::string_view digits = "0123456789ABCDEF";
   std::string text = "0x";
-  for (int shift = 12; shift >= 0; shift -= 4) text += kDigits[static_cast<std::size_t>(id >> shift) & 0xF];
+  for (int shift = 12; shift >= 0; shift -= 4) text += digits[static_cast<std::size_t>(id >> shift) & 0xF];
   return text;
 }
 
@@ -81,10 +81,10 @@ std::optional<std::vector<std::string_view>> Split(std::string_view text) {
       searchFrom = text.find(']', begin);
       if (searchFrom == std::string_view::npos) return std::nullopt;
     }
-    const std::size_t end = text.find(kSeparator, searchFrom);
+    const std::size_t end = text.find(Separator, searchFrom);
     fields.push_back(text.substr(begin, end - begin));
     if (end == std::string_view::npos) return fields;
-    begin = end + kSeparator.size();
+    begin = end + Separator.size();
   }
 }
 
@@ -110,13 +110,13 @@ BoardResult ParseBoard(std::string_view suffix, std::string_view prefix) {
 /// Takes the brackets off an IPv6 address.
 std::variant<std::string, ResourceNameError> ParseHost(std::string_view field) {
   if (field.empty()) {
-    return Error("the host is missing; write ", kSocketForm,
+    return Error("the host is missing; write ", SocketForm,
                  ", with an IPv6 address in brackets as in TCPIP::[::1]::5025::SOCKET");
   }
   if (field.find(' ') != std::string_view::npos) return Error("the host ", Quoted(field), " holds a blank");
   if (field.front() != '[') {
     if (field.find(':') == std::string_view::npos) return std::string(field);
-    return Error("the host ", Quoted(field), " holds a colon; write ", kSocketForm);
+    return Error("the host ", Quoted(field), " holds a colon; write ", SocketForm);
   }
   const std::string_view address = field.substr(1, field.find(']') - 1);
   if (address.size() + 2 != field.size() || address.find(':') == std::string_view::npos) {
@@ -134,7 +134,7 @@ bool IsNumber(std::string_view text) {
 ParseResult ParseSocket(unsigned board, std::string host, const Fields& fields) {
   if (fields.rest.size() == 2) return Error("the port is missing; write TCPIP::", HostField(host), "::5025::SOCKET");
   if (fields.rest.size() > 3) {
-    return Error("there are too many fields; write ", kSocketForm,
+    return Error("there are too many fields; write ", SocketForm,
                  ", with an IPv6 address in brackets as in TCPIP::[::1]::5025::SOCKET");
   }
   const auto port = ParseNumber<std::uint16_t>(fields.rest[1]);
@@ -145,7 +145,7 @@ ParseResult ParseSocket(unsigned board, std::string host, const Fields& fields) 
 ParseResult ParseTcpip(const Fields& fields) {
   const BoardResult board = ParseBoard(fields.suffix, "TCPIP");
   if (board.error) return *board.error;
-  if (fields.rest.empty()) return Error("the host is missing; write ", kSocketForm);
+  if (fields.rest.empty()) return Error("the host is missing; write ", SocketForm);
   auto parsedHost = ParseHost(fields.rest.front());
   if (auto* error = std::get_if<ResourceNameError>(&parsedHost)) return std::move(*error);
   auto& host = std::get<std::string>(parsedHost);
@@ -157,8 +157,8 @@ ParseResult ParseTcpip(const Fields& fields) {
     return Error("a port needs the class SOCKET; write TCPIP::", HostField(host), "::", fields.rest[1], "::SOCKET");
   }
   if (!isInstr) return Error("the class is missing; end the name with ::PORT::SOCKET or ::INSTR");
-  if (last > 2) return Error("there are too many fields; write TCPIP::HOST::DEVICE::INSTR or ", kSocketForm);
-  const std::string_view device = last == 2 ? fields.rest[1] : kDefaultLanDevice;
+  if (last > 2) return Error("there are too many fields; write TCPIP::HOST::DEVICE::INSTR or ", SocketForm);
+  const std::string_view device = last == 2 ? fields.rest[1] : DefaultLanDevice;
   if (device.empty()) return Error("the device is empty; write TCPIP::", HostField(host), "::inst0::INSTR");
   return ResourceName(LanDeviceAddress{board.board, std::move(host), std::string(device)});
 }
@@ -166,9 +166,9 @@ ParseResult ParseTcpip(const Fields& fields) {
 ParseResult ParseUsb(const Fields& fields) {
   const BoardResult board = ParseBoard(fields.suffix, "USB");
   if (board.error) return *board.error;
-  if (!fields.HasClass("INSTR")) return Error("the class is missing; write ", kUsbForm);
+  if (!fields.HasClass("INSTR")) return Error("the class is missing; write ", UsbForm);
   const std::size_t count = fields.rest.size();
-  if (count != 4 && count != 5) return Error("there are too ", count < 4 ? "few" : "many", " fields; write ", kUsbForm);
+  if (count != 4 && count != 5) return Error("there are too ", count < 4 ? "few" : "many", " fields; write ", UsbForm);
   std::array<std::uint16_t, 2> ids = {};
   for (std::size_t i = 0; i < ids.size(); ++i) {
     const auto id = ParseUsbId(fields.rest[i]);
@@ -183,20 +183,20 @@ ParseResult ParseUsb(const Fields& fields) {
 
 ParseResult ParseSerial(const Fields& fields) {
   if (fields.rest.size() != 1 || !fields.HasClass("INSTR")) {
-    return Error("a serial port's name ends with ::INSTR; write ", kSerialForm);
+    return Error("a serial port's name ends with ::INSTR; write ", SerialForm);
   }
   const bool isPath = fields.suffix.size() > 1 && fields.suffix.front() == '/';
   if (isPath) return ResourceName(SerialAddress{std::string(fields.suffix)});
   if (const auto number = ParseNumber<std::uint16_t>(fields.suffix)) {
     return ResourceName(SerialAddress{std::to_string(*number)});
   }
-  return Error("the serial port ", Quoted(fields.suffix), " is neither a number nor a path; write ", kSerialForm);
+  return Error("the serial port ", Quoted(fields.suffix), " is neither a number nor a path; write ", SerialForm);
 }
 
 ParseResult ParseSimulated(const Fields& fields) {
-  if (!fields.suffix.empty()) return Error("there is no board number behind SIM; write ", kSimulatedForm);
+  if (!fields.suffix.empty()) return Error("there is no board number behind SIM; write ", SimulatedForm);
   if (fields.rest.size() != 2 || !fields.HasClass("INSTR") || fields.rest.front().empty()) {
-    return Error("a simulated instrument's name reads ", kSimulatedForm, ", as in SIM::dmm::INSTR");
+    return Error("a simulated instrument's name reads ", SimulatedForm, ", as in SIM::dmm::INSTR");
   }
   return ResourceName(SimulatedAddress{std::string(fields.rest.front())});
 }
@@ -206,7 +206,7 @@ struct PrefixEntry {
   ParseResult (*parse)(const Fields& fields);
 };
 
-constexpr std::array kPrefixes = {
+constexpr std::array Prefixes = {
     PrefixEntry{"TCPIP", ParseTcpip},
     PrefixEntry{"USB", ParseUsb},
     PrefixEntry{"ASRL", ParseSerial},
@@ -233,20 +233,20 @@ struct CanonicalWriter {
 
 ParseResult ResourceName::Parse(std::string_view text) {
   text = Trimmed(text);
-  if (text.empty()) return Error("the name is empty; write ", kForms);
+  if (text.empty()) return Error("the name is empty; write ", Forms);
   if (std::any_of(text.begin(), text.end(), IsControl)) {
-    return Error("the name holds a control character; write ", kForms);
+    return Error("the name holds a control character; write ", Forms);
   }
   auto fields = Split(text);
   if (!fields) return Error("the bracket before the IPv6 address is not closed, as in TCPIP::[::1]::5025::SOCKET");
   const std::string_view head = fields->front();
-  for (const PrefixEntry& entry : kPrefixes) {
+  for (const PrefixEntry& entry : Prefixes) {
     const std::string_view suffix = head.substr(std::min(head.size(), entry.prefix.size()));
     const bool suffixFits = suffix.empty() || suffix.front() == '/' || IsNumber(suffix.substr(0, 1));
     if (!suffixFits || !EqualsIgnoringCase(head.substr(0, entry.prefix.size()), entry.prefix)) continue;
     return entry.parse({suffix, {fields->begin() + 1, fields->end()}});
   }
-  return Error(Quoted(head), " is no interface; write ", kForms);
+  return Error(Quoted(head), " is no interface; write ", Forms);
 }
 
 std::string ResourceName::Canonical() const { return std::visit(CanonicalWriter(), m_address); }

@@ -99,7 +99,7 @@ std::string DriverContract::Query(const std::string& command) {
 }
 
 std::string DriverContract::Message(std::int32_t status, std::int32_t ofSession) {
-  std::array<char, kErrorMessageBufferSize + 1> buffer = {};
+  std::array<char, ErrorMessageBufferSize + 1> buffer = {};
   buffer.fill('~');
   EXPECT_EQ(Driver().TVSCPI_error_message(ofSession, status, buffer.data()), kSuccess);
   EXPECT_EQ(buffer.back(), '~');

@@ -80,18 +80,18 @@ TEST(DriverStatus, AFailureIsTheReasonWhyThereIsNoConnection) {
 TEST(DriverStatus, ALongMessageIsCut) {
   const std::string message = StatusMessage(-1151008, std::string(300, 'x'));
   EXPECT_EQ(message, "The host is not known: " + std::string(231, 'x'));
-  EXPECT_EQ(message.size(), kMaxErrorMessage);
+  EXPECT_EQ(message.size(), MaxErrorMessage);
 }
 
 TEST(DriverStatus, AMessageIsWrittenWithLineFeedAndZeroByteAndNothingBehind) {
-  std::array<char, kErrorMessageBufferSize> buffer = {};
+  std::array<char, ErrorMessageBufferSize> buffer = {};
   buffer.fill('~');
   WriteErrorMessage("No error.", buffer.data());
   EXPECT_EQ(std::string(buffer.data(), 12), std::string("No error.\n\0~", 12));
 }
 
 TEST(DriverStatus, TheLongestMessageFillsTheBuffer) {
-  std::array<char, kErrorMessageBufferSize + 1> buffer = {};
+  std::array<char, ErrorMessageBufferSize + 1> buffer = {};
   buffer.fill('~');
   WriteErrorMessage(std::string(300, 'x'), buffer.data());
   EXPECT_EQ(std::string(buffer.data(), 257), std::string(254, 'x') + std::string("\n\0~", 3));

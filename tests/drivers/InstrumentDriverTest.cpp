@@ -14,7 +14,7 @@ protected:
   static std::int32_t Code(DriverStatus status) { return static_cast<std::int32_t>(status); }
 
   std::string Message(std::int32_t session, std::int32_t status) {
-    std::array<char, kErrorMessageBufferSize> text = {};
+    std::array<char, ErrorMessageBufferSize> text = {};
     EXPECT_EQ(driver.TVSCPI_error_message(session, status, text.data()), 0);
     return text.data();
   }

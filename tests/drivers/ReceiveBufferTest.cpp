@@ -51,8 +51,8 @@ TEST_F(ReceiveBufferTest, ClearingDropsBytesAndMark) {
 }
 
 TEST_F(ReceiveBufferTest, HoldsItsWholeCapacity) {
-  Fill(std::string(ReceiveBuffer::kCapacity, 'x'), false);
-  EXPECT_EQ(buffer.Unread().size(), ReceiveBuffer::kCapacity);
+  Fill(std::string(ReceiveBuffer::Capacity, 'x'), false);
+  EXPECT_EQ(buffer.Unread().size(), ReceiveBuffer::Capacity);
   EXPECT_EQ(buffer.Unread().back(), 'x');
 }
 

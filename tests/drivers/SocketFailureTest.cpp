@@ -31,7 +31,7 @@ protected:
     return buffer.data();
   }
   std::string Message(std::int32_t status) {
-    std::array<char, kErrorMessageBufferSize> text = {};
+    std::array<char, ErrorMessageBufferSize> text = {};
     EXPECT_EQ(driver.TVSCPI_error_message(session, status, text.data()), 0);
     return text.data();
   }

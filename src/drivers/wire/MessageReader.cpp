@@ -5,7 +5,7 @@
 namespace portico::wire {
 namespace {
 
-constexpr std::size_t kNone = std::string_view::npos;
+constexpr std::size_t None = std::string_view::npos;
 
 constexpr char LastByte(Termination termination) {
   const bool carriageReturn =
@@ -32,7 +32,7 @@ constexpr bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
 constexpr unsigned DigitValue(char byte) { return static_cast<unsigned>(byte - '0'); }
 constexpr bool IsSeparator(char byte) { return byte == ',' || byte == ';' || byte == ' '; }
 
-bool Holds(std::string_view bytes, char byte) { return bytes.find(byte) != kNone; }
+bool Holds(std::string_view bytes, char byte) { return bytes.find(byte) != None; }
 
 } // namespace
 
@@ -43,7 +43,7 @@ MessageReader::MessageReader(Termination termination)
 
 std::size_t MessageReader::Feed(std::string_view bytes) {
   if (m_complete || bytes.empty()) return 0;
-  if (const std::size_t taken = FeedPlain(bytes); taken != kNone) return taken;
+  if (const std::size_t taken = FeedPlain(bytes); taken != None) return taken;
   std::size_t position = 0;
   while (position < bytes.size() && !m_complete) {
     if (m_state == State::BlockData) {
@@ -56,15 +56,15 @@ std::size_t MessageReader::Feed(std::string_view bytes) {
 }
 
 std::size_t MessageReader::FeedPlain(std::string_view bytes) {
-  if (m_state == State::BlockDigitCount || m_state == State::BlockLength || m_state == State::BlockData) return kNone;
+  if (m_state == State::BlockDigitCount || m_state == State::BlockLength || m_state == State::BlockData) return None;
   const std::size_t end = FindTerminator(bytes);
-  if (Holds(bytes.substr(0, end), '#')) return kNone;
-  if (end != kNone) {
+  if (Holds(bytes.substr(0, end), '#')) return None;
+  if (end != None) {
     Finish(end == 0 ? m_previous : bytes[end - 1]);
     return end + 1;
   }
-  if (m_state != State::ElementStart && m_state != State::Element) return kNone;
-  if (Holds(bytes, '"') || Holds(bytes, '\'')) return kNone;
+  if (m_state != State::ElementStart && m_state != State::Element) return None;
+  if (Holds(bytes, '"') || Holds(bytes, '\'')) return None;
   m_previous = bytes.back();
   m_state = IsSeparator(m_previous) ? State::ElementStart : State::Element;
   return bytes.size();
@@ -72,7 +72,7 @@ std::size_t MessageReader::FeedPlain(std::string_view bytes) {
 
 std::size_t MessageReader::FindTerminator(std::string_view bytes) const {
   std::size_t end = bytes.find(m_last);
-  while (end != kNone && !EndsMessage(m_last, end == 0 ? m_previous : bytes[end - 1])) {
+  while (end != None && !EndsMessage(m_last, end == 0 ? m_previous : bytes[end - 1])) {
     end = bytes.find(m_last, end + 1);
   }
   return end;

@@ -7,18 +7,18 @@
 namespace portico::simulator {
 namespace {
 
-constexpr auto kResetTime = std::chrono::milliseconds(2);
-constexpr auto kSelfTestTime = std::chrono::milliseconds(5);
+constexpr auto ResetTime = std::chrono::milliseconds(2);
+constexpr auto SelfTestTime = std::chrono::milliseconds(5);
 
 /// Of the memory of settings.
 std::size_t Place(const Call& call) {
-  return static_cast<std::size_t>(call.Integer(0, 0, InstrumentModel::kPlaces - 1));
+  return static_cast<std::size_t>(call.Integer(0, 0, InstrumentModel::Places - 1));
 }
 
 } // namespace
 
 void CommonCommands::AddTo(CommandTree& tree) {
-  static constexpr Command<CommonCommands> kTable[] = {
+  static constexpr Command<CommonCommands> table[] = {
       {"*CLS", &CommonCommands::ClearStatus},
       {"*ESE", &CommonCommands::SetEventEnable, 1, 1},
       {"*ESE?", &CommonCommands::EventEnable},
@@ -37,7 +37,7 @@ void CommonCommands::AddTo(CommandTree& tree) {
       {"*TST?", &CommonCommands::SelfTest},
       {"*WAI", &CommonCommands::Wait},
   };
-  tree.Add(kTable, *this);
+  tree.Add(table, *this);
 }
 
 void CommonCommands::ClearStatus(const Call& /*call*/) {
@@ -77,7 +77,7 @@ void CommonCommands::Reset(const Call& /*call*/) {
   m_executor.ForgetCompletion();
   m_executor.CancelOperation();
   m_model.Reset();
-  m_executor.StartOperation(kResetTime, 0);
+  m_executor.StartOperation(ResetTime, 0);
   m_executor.WhenIdle([] {});
 }
 
@@ -95,7 +95,7 @@ void CommonCommands::StatusByte(const Call& /*call*/) {
 
 void CommonCommands::SelfTest(const Call& /*call*/) {
   m_executor.WhenIdle([this] {
-    m_executor.StartOperation(kSelfTestTime, 0);
+    m_executor.StartOperation(SelfTestTime, 0);
     m_executor.WhenIdle([this] { m_executor.Respond("0"); });
   });
 }

@@ -7,14 +7,14 @@
 namespace portico::simulator {
 namespace {
 
-constexpr Limits kDelaySeconds{0, 3600, 0, Quantity::Time};
-constexpr std::int64_t kDefaultGarbageBytes = 256;
-constexpr std::int64_t kMostBytes = MessageExchange::kLongestResponse - 1;
+constexpr Limits DelaySeconds{0, 3600, 0, Quantity::Time};
+constexpr std::int64_t DefaultGarbageBytes = 256;
+constexpr std::int64_t MostBytes = MessageExchange::LongestResponse - 1;
 
 } // namespace
 
 void FaultCommands::AddTo(CommandTree& tree) {
-  static constexpr Command<FaultCommands> kTable[] = {
+  static constexpr Command<FaultCommands> table[] = {
       {"SIMulator:DELay", &FaultCommands::Delay, 1, 1},
       {"SIMulator:SILent", &FaultCommands::Silent, 1, 1},
       {"SIMulator:CLOSe", &FaultCommands::Close},
@@ -23,11 +23,11 @@ void FaultCommands::AddTo(CommandTree& tree) {
       {"SIMulator:LENGth?", &FaultCommands::Length, 1, 1},
       {"SIMulator:ERRor", &FaultCommands::Error, 1, 1},
   };
-  tree.Add(kTable, *this);
+  tree.Add(table, *this);
 }
 
 void FaultCommands::Delay(const Call& call) {
-  const std::chrono::duration<double> delay(call.Number(0, kDelaySeconds));
+  const std::chrono::duration<double> delay(call.Number(0, DelaySeconds));
   m_executor.Faults().delay = std::chrono::duration_cast<Executor::Duration>(delay);
 }
 
@@ -41,14 +41,14 @@ void FaultCommands::Endless(const Call& /*call*/) {
 }
 
 void FaultCommands::Garbage(const Call& call) {
-  const std::int64_t count = call.Count() == 0 ? kDefaultGarbageBytes : call.Integer(0, 0, kMostBytes);
+  const std::int64_t count = call.Count() == 0 ? DefaultGarbageBytes : call.Integer(0, 0, MostBytes);
   std::string bytes(static_cast<std::size_t>(count), '\0');
   for (char& byte : bytes) byte = static_cast<char>(m_random.Next() & 0xFFU);
   m_executor.Respond(bytes);
 }
 
 void FaultCommands::Length(const Call& call) {
-  m_executor.Respond(std::string(static_cast<std::size_t>(call.Integer(0, 0, kMostBytes)), '5'));
+  m_executor.Respond(std::string(static_cast<std::size_t>(call.Integer(0, 0, MostBytes)), '5'));
 }
 
 void FaultCommands::Error(const Call& call) {

@@ -7,17 +7,17 @@
 namespace portico::simulator {
 namespace {
 
-constexpr std::size_t kLongestText = 40;
+constexpr std::size_t LongestText = 40;
 
 } // namespace
 
 void FrontPanel::AddTo(CommandTree& tree) {
-  static constexpr Command<FrontPanel> kTable[] = {
+  static constexpr Command<FrontPanel> table[] = {
       {"DISPlay[:STATe]", &FrontPanel::SetDisplay, 1, 1},  {"DISPlay[:STATe]?", &FrontPanel::Display},
       {"DISPlay:TEXT[:DATA]", &FrontPanel::SetText, 1, 1}, {"DISPlay:TEXT[:DATA]?", &FrontPanel::Text},
       {"DISPlay:TEXT:CLEar", &FrontPanel::ClearText},
   };
-  tree.Add(kTable, *this);
+  tree.Add(table, *this);
 }
 
 void FrontPanel::Reset() {
@@ -31,7 +31,7 @@ void FrontPanel::Display(const Call& /*call*/) { m_executor.Respond(FormatBoolea
 
 void FrontPanel::SetText(const Call& call) {
   std::string text = call.String(0);
-  if (text.size() > kLongestText) throw ScpiError(ErrorCode::TooMuchData);
+  if (text.size() > LongestText) throw ScpiError(ErrorCode::TooMuchData);
   m_text = std::move(text);
 }
 

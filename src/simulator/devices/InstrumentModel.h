@@ -14,7 +14,7 @@ namespace portico::simulator {
 class InstrumentModel {
 public:
   /// For settings that are saved.
-  static constexpr std::size_t kPlaces = 10;
+  static constexpr std::size_t Places = 10;
 
   virtual ~InstrumentModel() = default;
 
@@ -59,7 +59,7 @@ protected:
   Settings m_settings;
 
 private:
-  std::array<std::optional<Settings>, kPlaces> m_saved;
+  std::array<std::optional<Settings>, Places> m_saved;
 };
 
 } // namespace portico::simulator

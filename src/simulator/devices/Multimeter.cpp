@@ -10,16 +10,16 @@
 namespace portico::simulator {
 namespace {
 
-constexpr double kOverrange = 1.2; // of the range can be read
-constexpr std::size_t kDefaultPoints = 1000;
-constexpr std::int64_t kMostPoints = 1'000'000;
+constexpr double Overrange = 1.2; // of the range can be read
+constexpr std::size_t DefaultPoints = 1000;
+constexpr std::int64_t MostPoints = 1'000'000;
 
 /// How a temperature in degrees Celsius reads in each unit.
 struct TemperatureScale {
   double factor;
   double offset;
 };
-constexpr TemperatureScale kTemperatureScales[] = {{1, 0}, {1.8, 32}, {1, 273.15}};
+constexpr TemperatureScale TemperatureScales[] = {{1, 0}, {1.8, 32}, {1, 273.15}};
 
 } // namespace
 
@@ -30,7 +30,7 @@ Multimeter::Multimeter(Executor& executor, StatusModel& status, std::uint64_t se
 
 void Multimeter::AddTo(CommandTree& tree) {
   using Self = Multimeter;
-  static constexpr Command<Self> kTable[] = {
+  static constexpr Command<Self> table[] = {
       {"INITiate[:IMMediate]", &Self::Initiate},
       {"ABORt", &Self::Abort},
       {"FETCh?", &Self::Fetch},
@@ -41,7 +41,7 @@ void Multimeter::AddTo(CommandTree& tree) {
       {"TRACe[:DATA]", &Self::SetTrace, 1, 1},
       {"TRACe[:DATA]?", &Self::Trace},
   };
-  tree.Add(kTable, *this);
+  tree.Add(table, *this);
   AddSettingsTo(tree);
   m_panel.AddTo(tree);
 }
@@ -50,7 +50,7 @@ void Multimeter::Reset() {
   m_settings = {};
   m_readings.clear();
   m_panel.Reset();
-  m_trace = MakeTrace(kDefaultPoints);
+  m_trace = MakeTrace(DefaultPoints);
 }
 
 // Measuring.
@@ -60,14 +60,14 @@ double Multimeter::Reading() {
   MeasurandSetup& setup = SetupOf(m_settings.measurand);
   if (setup.autoRange) setup.range = function.RangeFor(function.source);
   const double value = function.source + ResolutionOf(setup) * m_random.Noise();
-  const bool overload = value > setup.range * kOverrange;
+  const bool overload = value > setup.range * Overrange;
   if (overload) {
     m_status.Questionable().Set(function.overload);
     return std::numeric_limits<double>::infinity();
   }
   m_status.Questionable().Clear(function.overload);
   if (m_settings.measurand != Measurand::Temperature) return value;
-  const TemperatureScale& scale = kTemperatureScales[m_settings.temperatureUnit];
+  const TemperatureScale& scale = TemperatureScales[m_settings.temperatureUnit];
   return value * scale.factor + scale.offset;
 }
 
@@ -82,15 +82,15 @@ void Multimeter::StartMeasurement() {
   }
 }
 
-void Multimeter::AwaitTrigger() { m_executor.StartOperation(Executor::kForever, operation::kWaitingForTrigger); }
+void Multimeter::AwaitTrigger() { m_executor.StartOperation(Executor::Forever, OperationBit::WaitingForTrigger); }
 
 /// The readings are those of the settings at the start, whatever is changed while they are being taken.
 void Multimeter::TakeReadings(std::int64_t count) {
   for (std::int64_t i = 0; i < count; ++i) m_taken.push_back(Reading());
   const std::chrono::duration<double> each(m_settings.trigger.delay +
-                                           SetupOf(m_settings.measurand).cycles / MultimeterFunction::kLineFrequency);
+                                           SetupOf(m_settings.measurand).cycles / MultimeterFunction::LineFrequency);
   m_executor.StartOperation(std::chrono::round<Executor::Duration>(each * static_cast<double>(count)),
-                            operation::kMeasuring, [this] {
+                            OperationBit::Measuring, [this] {
                               if (--m_triggersLeft > 0) {
                                 AwaitTrigger();
                               } else {
@@ -139,7 +139,7 @@ void Multimeter::Read(const Call& /*call*/) {
 void Multimeter::Terminals(const Call& /*call*/) { m_executor.Respond("FRON"); }
 
 void Multimeter::SetPoints(const Call& call) {
-  m_trace = MakeTrace(static_cast<std::size_t>(call.Integer(0, 1, kMostPoints)));
+  m_trace = MakeTrace(static_cast<std::size_t>(call.Integer(0, 1, MostPoints)));
 }
 
 void Multimeter::Points(const Call& /*call*/) { m_executor.Respond(std::to_string(m_trace.size())); }
@@ -151,15 +151,15 @@ void Multimeter::Trace(const Call& /*call*/) { m_executor.Respond(FormatBlock(m_
 /// A triangle of one byte a point. Its trough is code 10, the line feed, so that a reader who ends a message there is
 /// found out.
 std::string Multimeter::MakeTrace(std::size_t points) {
-  constexpr std::size_t kPeriod = 64;
-  constexpr std::size_t kTrough = 10;
-  constexpr std::size_t kStep = 7;
+  constexpr std::size_t period = 64;
+  constexpr std::size_t trough = 10;
+  constexpr std::size_t step = 7;
   std::string trace(points, '\0');
   for (std::size_t i = 0; i < points; ++i) {
-    const std::size_t phase = i % kPeriod;
-    const std::size_t height = std::min(phase, kPeriod - phase) * kStep;
-    const std::size_t noise = phase == 0 ? 0 : m_random.Next() % kStep;
-    trace[i] = static_cast<char>(static_cast<unsigned char>(kTrough + height + noise));
+    const std::size_t phase = i % period;
+    const std::size_t height = std::min(phase, period - phase) * step;
+    const std::size_t noise = phase == 0 ? 0 : m_random.Next() % step;
+    trace[i] = static_cast<char>(static_cast<unsigned char>(trough + height + noise));
   }
   return trace;
 }

@@ -30,7 +30,7 @@ struct MultimeterSettings {
   MultimeterSettings();
 
   Measurand measurand = Measurand::DcVoltage;
-  std::array<MeasurandSetup, kMeasurands> setups;
+  std::array<MeasurandSetup, MeasurandCount> setups;
   Trigger trigger;
   std::size_t transducer = 0;
   std::size_t temperatureUnit = 0;

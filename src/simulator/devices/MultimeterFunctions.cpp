@@ -15,27 +15,27 @@ struct Integration {
   double cycles;
   double resolution;
 };
-constexpr Integration kIntegrations[] = {{0.02, 1E-4}, {0.2, 1E-5}, {1, 3E-6}, {10, 1E-6}, {100, 3E-7}};
+constexpr Integration Integrations[] = {{0.02, 1E-4}, {0.2, 1E-5}, {1, 3E-6}, {10, 1E-6}, {100, 3E-7}};
 
-constexpr double kVoltRanges[] = {0.1, 1, 10, 100, 1000};
-constexpr double kAmpereRanges[] = {0.01, 0.1, 1, 3};
-constexpr double kOhmRanges[] = {100, 1E3, 1E4, 1E5, 1E6, 1E7};
-constexpr double kHertzRanges[] = {10, 100, 1E3, 1E4, 1E5, 3E5};
-constexpr double kCelsiusRanges[] = {1000};
+constexpr double VoltRanges[] = {0.1, 1, 10, 100, 1000};
+constexpr double AmpereRanges[] = {0.01, 0.1, 1, 3};
+constexpr double OhmRanges[] = {100, 1E3, 1E4, 1E5, 1E6, 1E7};
+constexpr double HertzRanges[] = {10, 100, 1E3, 1E4, 1E5, 3E5};
+constexpr double CelsiusRanges[] = {1000};
 
-constexpr MultimeterFunction kFunctions[kMeasurands] = {
-    {"VOLTage", kVoltRanges, 10, 1, 1.000234, Quantity::Voltage, questionable::kVoltage},
-    {"VOLTage:AC", kVoltRanges, 10, 1, 0.707107, Quantity::Voltage, questionable::kVoltage},
-    {"CURRent", kAmpereRanges, 1, 1, 0.0123456, Quantity::Current, questionable::kCurrent},
-    {"CURRent:AC", kAmpereRanges, 1, 1, 0.00812345, Quantity::Current, questionable::kCurrent},
-    {"RESistance", kOhmRanges, 1E3, 1, 4702.15, Quantity::Resistance, questionable::kResistance},
-    {"FRESistance", kOhmRanges, 1E3, 1, 4701.95, Quantity::Resistance, questionable::kResistance},
-    {"FREQuency", kHertzRanges, 1E3, 5, 1000.25, Quantity::Frequency, questionable::kFrequency},
-    {"TEMPerature", kCelsiusRanges, 1000, 1, 23.45, Quantity::None, questionable::kTemperature},
+constexpr MultimeterFunction Functions[MeasurandCount] = {
+    {"VOLTage", VoltRanges, 10, 1, 1.000234, Quantity::Voltage, QuestionableBit::Voltage},
+    {"VOLTage:AC", VoltRanges, 10, 1, 0.707107, Quantity::Voltage, QuestionableBit::Voltage},
+    {"CURRent", AmpereRanges, 1, 1, 0.0123456, Quantity::Current, QuestionableBit::Current},
+    {"CURRent:AC", AmpereRanges, 1, 1, 0.00812345, Quantity::Current, QuestionableBit::Current},
+    {"RESistance", OhmRanges, 1E3, 1, 4702.15, Quantity::Resistance, QuestionableBit::Resistance},
+    {"FRESistance", OhmRanges, 1E3, 1, 4701.95, Quantity::Resistance, QuestionableBit::Resistance},
+    {"FREQuency", HertzRanges, 1E3, 5, 1000.25, Quantity::Frequency, QuestionableBit::Frequency},
+    {"TEMPerature", CelsiusRanges, 1000, 1, 23.45, Quantity::None, QuestionableBit::Temperature},
 };
 
 double ShareResolved(double cycles) {
-  const auto* found = std::find_if(std::begin(kIntegrations), std::end(kIntegrations) - 1,
+  const auto* found = std::find_if(std::begin(Integrations), std::end(Integrations) - 1,
                                    [cycles](const Integration& each) { return each.cycles >= cycles; });
   return found->resolution;
 }
@@ -44,7 +44,7 @@ double ShareResolved(double cycles) {
 double CyclesFor(double resolution) {
   // A client may give back a resolution as it was answered; rounding must not ask for ten times the integration.
   const double tolerated = resolution * (1 + 1E-9);
-  const auto* found = std::find_if(std::begin(kIntegrations), std::end(kIntegrations) - 1,
+  const auto* found = std::find_if(std::begin(Integrations), std::end(Integrations) - 1,
                                    [tolerated](const Integration& each) { return each.resolution <= tolerated; });
   return found->cycles;
 }
@@ -52,16 +52,16 @@ double CyclesFor(double resolution) {
 } // namespace
 
 const MultimeterFunction& MultimeterFunction::Of(Measurand measurand) {
-  return kFunctions[static_cast<std::size_t>(measurand)];
+  return Functions[static_cast<std::size_t>(measurand)];
 }
 
 Measurand MultimeterFunction::Named(std::string name) {
   if (name.ends_with(":DC") || name.ends_with(":dc")) name.resize(name.size() - 3);
   const auto* found =
-      std::find_if(std::begin(kFunctions), std::end(kFunctions),
+      std::find_if(std::begin(Functions), std::end(Functions),
                    [&name](const MultimeterFunction& function) { return Mnemonic(function.name).Matches(name); });
-  if (found == std::end(kFunctions)) throw ScpiError(ErrorCode::IllegalParameterValue);
-  return static_cast<Measurand>(found - std::begin(kFunctions));
+  if (found == std::end(Functions)) throw ScpiError(ErrorCode::IllegalParameterValue);
+  return static_cast<Measurand>(found - std::begin(Functions));
 }
 
 std::string MultimeterFunction::ShortName() const { return Mnemonic(name).Short(); }
@@ -78,7 +78,7 @@ MeasurandSetup MultimeterFunction::SetupFrom(const Call& call) const {
     setup.autoRange = false;
   }
   if (call.Count() > 1) {
-    const double finest = setup.range * std::rbegin(kIntegrations)->resolution;
+    const double finest = setup.range * std::rbegin(Integrations)->resolution;
     const double usual = ResolutionOf(setup);
     setup.cycles = CyclesFor(call.Number(1, {finest, setup.range, usual, quantity}) / setup.range);
   }

@@ -21,7 +21,7 @@ enum class Measurand : std::size_t {
   Frequency,
   Temperature,
 };
-constexpr std::size_t kMeasurands = 8;
+constexpr std::size_t MeasurandCount = 8;
 
 /// What `CONFigure` and `SENSe` set for one function.
 struct MeasurandSetup {
@@ -32,7 +32,7 @@ struct MeasurandSetup {
 
 /// One function of the meter, and the source that it finds at its terminals.
 struct MultimeterFunction {
-  static constexpr double kLineFrequency = 50; ///< Hz
+  static constexpr double LineFrequency = 50; ///< Hz
 
   std::string_view name;
   std::span<const double> ranges;

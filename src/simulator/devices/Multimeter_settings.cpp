@@ -6,26 +6,26 @@
 namespace portico::simulator {
 namespace {
 
-constexpr Limits kCycles{0.02, 100, 1};
-constexpr Limits kApertureSeconds{0.01, 1, 0.1, Quantity::Time};
-constexpr Limits kDelaySeconds{0, 3600, 0, Quantity::Time};
-constexpr Limits kSamples{1, 1000, 1};
-constexpr Limits kTriggers{1, 10, 1};
-constexpr std::string_view kTriggerSources[] = {"IMMediate", "BUS", "EXTernal"};
-constexpr std::string_view kTransducers[] = {"FRTD", "RTD", "FTHermistor", "THERmistor"};
-constexpr std::string_view kTemperatureUnits[] = {"C", "F", "K"};
+constexpr Limits CycleLimits{0.02, 100, 1};
+constexpr Limits ApertureSeconds{0.01, 1, 0.1, Quantity::Time};
+constexpr Limits DelaySeconds{0, 3600, 0, Quantity::Time};
+constexpr Limits SampleLimits{1, 1000, 1};
+constexpr Limits TriggerLimits{1, 10, 1};
+constexpr std::string_view TriggerSources[] = {"IMMediate", "BUS", "EXTernal"};
+constexpr std::string_view Transducers[] = {"FRTD", "RTD", "FTHermistor", "THERmistor"};
+constexpr std::string_view TemperatureUnits[] = {"C", "F", "K"};
 
 } // namespace
 
 MultimeterSettings::MultimeterSettings() {
-  for (std::size_t i = 0; i < kMeasurands; ++i) {
+  for (std::size_t i = 0; i < MeasurandCount; ++i) {
     setups[i] = MultimeterFunction::Of(static_cast<Measurand>(i)).StandardSetup();
   }
 }
 
 void Multimeter::AddSettingsTo(CommandTree& tree) {
   using Self = Multimeter;
-  static constexpr Command<Self> kTable[] = {
+  static constexpr Command<Self> table[] = {
       {"[SENSe:]FUNCtion[:ON]", &Self::SetFunction, 1, 1},
       {"[SENSe:]FUNCtion[:ON]?", &Self::SenseFunction},
       {"[SENSe:]VOLTage[:DC]:RANGe[:UPPer]", &Self::SetRange<Measurand::DcVoltage>, 1, 1},
@@ -102,7 +102,7 @@ void Multimeter::AddSettingsTo(CommandTree& tree) {
       {"TRIGger:DELay:AUTO", &Self::SetAutoDelay, 1, 1},
       {"TRIGger:DELay:AUTO?", &Self::AutoDelay},
   };
-  tree.Add(kTable, *this);
+  tree.Add(table, *this);
 }
 
 // What is measured.
@@ -144,7 +144,7 @@ void Multimeter::ConfigureFor(std::size_t transducer) {
 }
 
 std::size_t Multimeter::TransducerOf(const Call& call) {
-  return call.Count() == 0 || call.IsKeyword(0, "DEFault") ? Settings().transducer : call.Keyword(0, kTransducers);
+  return call.Count() == 0 || call.IsKeyword(0, "DEFault") ? Settings().transducer : call.Keyword(0, Transducers);
 }
 
 /// The function, its range, or for a temperature its transducer, and its resolution.
@@ -153,7 +153,7 @@ void Multimeter::Configuration(const Call& /*call*/) {
   const bool temperature = m_settings.measurand == Measurand::Temperature;
   m_executor.Respond(
       FormatString(MultimeterFunction::Of(m_settings.measurand).ShortName() + ' ' +
-                   (temperature ? ShortOf(kTransducers, m_settings.transducer) : FormatReal(setup.range)) + ',' +
+                   (temperature ? ShortOf(Transducers, m_settings.transducer) : FormatReal(setup.range)) + ',' +
                    FormatReal(ResolutionOf(setup))));
 }
 
@@ -194,64 +194,64 @@ void Multimeter::AutoRange(const Call& /*call*/) {
 
 template <Measurand measurand>
 void Multimeter::SetCycles(const Call& call) {
-  SetupOf(measurand).cycles = call.Number(0, kCycles);
+  SetupOf(measurand).cycles = call.Number(0, CycleLimits);
 }
 
 template <Measurand measurand>
 void Multimeter::Cycles(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(SetupOf(measurand).cycles, kCycles)));
+  m_executor.Respond(FormatReal(call.LimitOr(SetupOf(measurand).cycles, CycleLimits)));
 }
 
 void Multimeter::SetAperture(const Call& call) {
-  SetupOf(Measurand::Frequency).cycles = call.Number(0, kApertureSeconds) * MultimeterFunction::kLineFrequency;
+  SetupOf(Measurand::Frequency).cycles = call.Number(0, ApertureSeconds) * MultimeterFunction::LineFrequency;
 }
 
 void Multimeter::Aperture(const Call& call) {
-  const double seconds = SetupOf(Measurand::Frequency).cycles / MultimeterFunction::kLineFrequency;
-  m_executor.Respond(FormatReal(call.LimitOr(seconds, kApertureSeconds)));
+  const double seconds = SetupOf(Measurand::Frequency).cycles / MultimeterFunction::LineFrequency;
+  m_executor.Respond(FormatReal(call.LimitOr(seconds, ApertureSeconds)));
 }
 
-void Multimeter::SetTransducer(const Call& call) { m_settings.transducer = call.Keyword(0, kTransducers); }
+void Multimeter::SetTransducer(const Call& call) { m_settings.transducer = call.Keyword(0, Transducers); }
 
-void Multimeter::Transducer(const Call& /*call*/) { m_executor.Respond(ShortOf(kTransducers, m_settings.transducer)); }
+void Multimeter::Transducer(const Call& /*call*/) { m_executor.Respond(ShortOf(Transducers, m_settings.transducer)); }
 
 void Multimeter::SetTemperatureUnit(const Call& call) {
-  m_settings.temperatureUnit = call.Keyword(0, kTemperatureUnits);
+  m_settings.temperatureUnit = call.Keyword(0, TemperatureUnits);
 }
 
 void Multimeter::TemperatureUnit(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(kTemperatureUnits, m_settings.temperatureUnit));
+  m_executor.Respond(ShortOf(TemperatureUnits, m_settings.temperatureUnit));
 }
 
 // How often, and when.
 
-void Multimeter::SetSamples(const Call& call) { m_settings.trigger.samples = call.Whole(0, kSamples); }
+void Multimeter::SetSamples(const Call& call) { m_settings.trigger.samples = call.Whole(0, SampleLimits); }
 
 void Multimeter::Samples(const Call& call) {
-  m_executor.Respond(std::to_string(call.WholeOr(m_settings.trigger.samples, kSamples)));
+  m_executor.Respond(std::to_string(call.WholeOr(m_settings.trigger.samples, SampleLimits)));
 }
 
-void Multimeter::SetTriggers(const Call& call) { m_settings.trigger.count = call.Whole(0, kTriggers); }
+void Multimeter::SetTriggers(const Call& call) { m_settings.trigger.count = call.Whole(0, TriggerLimits); }
 
 void Multimeter::Triggers(const Call& call) {
-  m_executor.Respond(std::to_string(call.WholeOr(m_settings.trigger.count, kTriggers)));
+  m_executor.Respond(std::to_string(call.WholeOr(m_settings.trigger.count, TriggerLimits)));
 }
 
 void Multimeter::SetTriggerSource(const Call& call) {
-  m_settings.trigger.source = static_cast<Settings::TriggerSource>(call.Keyword(0, kTriggerSources));
+  m_settings.trigger.source = static_cast<Settings::TriggerSource>(call.Keyword(0, TriggerSources));
 }
 
 void Multimeter::TriggerSource(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(kTriggerSources, static_cast<std::size_t>(m_settings.trigger.source)));
+  m_executor.Respond(ShortOf(TriggerSources, static_cast<std::size_t>(m_settings.trigger.source)));
 }
 
 void Multimeter::SetDelay(const Call& call) {
-  m_settings.trigger.delay = call.Number(0, kDelaySeconds);
+  m_settings.trigger.delay = call.Number(0, DelaySeconds);
   m_settings.trigger.autoDelay = false;
 }
 
 void Multimeter::Delay(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(m_settings.trigger.delay, kDelaySeconds)));
+  m_executor.Respond(FormatReal(call.LimitOr(m_settings.trigger.delay, DelaySeconds)));
 }
 
 void Multimeter::SetAutoDelay(const Call& call) {

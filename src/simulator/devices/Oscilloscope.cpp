@@ -9,23 +9,23 @@
 namespace portico::simulator {
 namespace {
 
-constexpr Limits kVoltsPerDivision{0.001, 10, 0.5, Quantity::Voltage};
-constexpr Limits kOffsetVolts{-40, 40, 0, Quantity::Voltage};
-constexpr Limits kSecondsPerDivision{1E-9, 1, 1E-3, Quantity::Time};
-constexpr Limits kAverages{2, 1024, 8};
-constexpr Limits kPoints{10, 1'000'000, 1000};
+constexpr Limits VoltsPerDivision{0.001, 10, 0.5, Quantity::Voltage};
+constexpr Limits OffsetVolts{-40, 40, 0, Quantity::Voltage};
+constexpr Limits SecondsPerDivision{1E-9, 1, 1E-3, Quantity::Time};
+constexpr Limits AverageLimits{2, 1024, 8};
+constexpr Limits PointLimits{10, 1'000'000, 1000};
 
 // As they are written; the short form is answered.
-constexpr std::string_view kSources[] = {"CHANnel1", "CHANnel2", "CHANnel3", "CHANnel4", "EXTernal"};
-constexpr std::string_view kCouplings[] = {"DC", "AC", "GND"};
-constexpr std::string_view kAcquisitions[] = {"NORMal", "AVERage"};
-constexpr std::string_view kSweeps[] = {"NORMal", "AUTO"};
-constexpr std::string_view kSlopes[] = {"POSitive", "NEGative"};
-constexpr std::string_view kFormats[] = {"BYTE", "WORD", "ASCii"};
+constexpr std::string_view Sources[] = {"CHANnel1", "CHANnel2", "CHANnel3", "CHANnel4", "EXTernal"};
+constexpr std::string_view Couplings[] = {"DC", "AC", "GND"};
+constexpr std::string_view Acquisitions[] = {"NORMal", "AVERage"};
+constexpr std::string_view SweepModes[] = {"NORMal", "AUTO"};
+constexpr std::string_view Slopes[] = {"POSitive", "NEGative"};
+constexpr std::string_view Formats[] = {"BYTE", "WORD", "ASCii"};
 
 std::size_t ChannelNamed(const Call& call) {
-  const std::size_t channel = call.Keyword(0, kSources);
-  if (channel == OscilloscopeSettings::kExternal) throw ScpiError(ErrorCode::IllegalParameterValue);
+  const std::size_t channel = call.Keyword(0, Sources);
+  if (channel == OscilloscopeSettings::External) throw ScpiError(ErrorCode::IllegalParameterValue);
   return channel;
 }
 
@@ -33,7 +33,7 @@ std::size_t ChannelNamed(const Call& call) {
 
 void Oscilloscope::AddTo(CommandTree& tree) {
   using Self = Oscilloscope;
-  static constexpr Command<Self> kTable[] = {
+  static constexpr Command<Self> table[] = {
       {"CHANnel<1-4>:SCALe", &Self::SetScale, 1, 1},
       {"CHANnel<1-4>:SCALe?", &Self::Scale, 0, 1},
       {"CHANnel<1-4>:OFFSet", &Self::SetOffset, 1, 1},
@@ -72,7 +72,7 @@ void Oscilloscope::AddTo(CommandTree& tree) {
       {"MEASure:VPP?", &Self::PeakToPeak, 1, 1},
       {"MEASure:FREQuency?", &Self::Frequency, 1, 1},
   };
-  tree.Add(kTable, *this);
+  tree.Add(table, *this);
 }
 
 // Settings.
@@ -84,16 +84,16 @@ Oscilloscope::Settings& Oscilloscope::Change() {
   return m_settings;
 }
 
-void Oscilloscope::SetScale(const Call& call) { ChangeOf(call).scale = call.Number(0, kVoltsPerDivision); }
+void Oscilloscope::SetScale(const Call& call) { ChangeOf(call).scale = call.Number(0, VoltsPerDivision); }
 
 void Oscilloscope::Scale(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(Of(call).scale, kVoltsPerDivision)));
+  m_executor.Respond(FormatReal(call.LimitOr(Of(call).scale, VoltsPerDivision)));
 }
 
-void Oscilloscope::SetOffset(const Call& call) { ChangeOf(call).offset = call.Number(0, kOffsetVolts); }
+void Oscilloscope::SetOffset(const Call& call) { ChangeOf(call).offset = call.Number(0, OffsetVolts); }
 
 void Oscilloscope::Offset(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(Of(call).offset, kOffsetVolts)));
+  m_executor.Respond(FormatReal(call.LimitOr(Of(call).offset, OffsetVolts)));
 }
 
 void Oscilloscope::SetShown(const Call& call) { ChangeOf(call).shown = call.Boolean(0); }
@@ -101,81 +101,81 @@ void Oscilloscope::SetShown(const Call& call) { ChangeOf(call).shown = call.Bool
 void Oscilloscope::Shown(const Call& call) { m_executor.Respond(FormatBoolean(Of(call).shown)); }
 
 void Oscilloscope::SetCoupling(const Call& call) {
-  ChangeOf(call).coupling = static_cast<Settings::Coupling>(call.Keyword(0, kCouplings));
+  ChangeOf(call).coupling = static_cast<Settings::Coupling>(call.Keyword(0, Couplings));
   TriggerChanged();
 }
 
 void Oscilloscope::Coupling(const Call& call) {
-  m_executor.Respond(ShortOf(kCouplings, static_cast<std::size_t>(Of(call).coupling)));
+  m_executor.Respond(ShortOf(Couplings, static_cast<std::size_t>(Of(call).coupling)));
 }
 
-void Oscilloscope::SetTimeScale(const Call& call) { Change().timeScale = call.Number(0, kSecondsPerDivision); }
+void Oscilloscope::SetTimeScale(const Call& call) { Change().timeScale = call.Number(0, SecondsPerDivision); }
 
 void Oscilloscope::TimeScale(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(m_settings.timeScale, kSecondsPerDivision)));
+  m_executor.Respond(FormatReal(call.LimitOr(m_settings.timeScale, SecondsPerDivision)));
 }
 
-void Oscilloscope::SetAcquisition(const Call& call) { Change().averaging = call.Keyword(0, kAcquisitions) == 1; }
+void Oscilloscope::SetAcquisition(const Call& call) { Change().averaging = call.Keyword(0, Acquisitions) == 1; }
 
 void Oscilloscope::Acquisition(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(kAcquisitions, m_settings.averaging ? 1 : 0));
+  m_executor.Respond(ShortOf(Acquisitions, m_settings.averaging ? 1 : 0));
 }
 
-void Oscilloscope::SetAverages(const Call& call) { Change().averages = call.Whole(0, kAverages); }
+void Oscilloscope::SetAverages(const Call& call) { Change().averages = call.Whole(0, AverageLimits); }
 
 void Oscilloscope::Averages(const Call& call) {
-  m_executor.Respond(std::to_string(call.WholeOr(m_settings.averages, kAverages)));
+  m_executor.Respond(std::to_string(call.WholeOr(m_settings.averages, AverageLimits)));
 }
 
 void Oscilloscope::SetSweep(const Call& call) {
-  Change().trigger.automatic = call.Keyword(0, kSweeps) == 1;
+  Change().trigger.automatic = call.Keyword(0, SweepModes) == 1;
   TriggerChanged();
 }
 
 void Oscilloscope::Sweep(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(kSweeps, m_settings.trigger.automatic ? 1 : 0));
+  m_executor.Respond(ShortOf(SweepModes, m_settings.trigger.automatic ? 1 : 0));
 }
 
 void Oscilloscope::SetTriggerSource(const Call& call) {
-  Change().trigger.source = call.Keyword(0, kSources);
+  Change().trigger.source = call.Keyword(0, Sources);
   TriggerChanged();
 }
 
 void Oscilloscope::TriggerSource(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(kSources, m_settings.trigger.source));
+  m_executor.Respond(ShortOf(Sources, m_settings.trigger.source));
 }
 
 void Oscilloscope::SetTriggerLevel(const Call& call) {
-  Change().trigger.level = call.Number(0, kOffsetVolts);
+  Change().trigger.level = call.Number(0, OffsetVolts);
   TriggerChanged();
 }
 
 void Oscilloscope::TriggerLevel(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(m_settings.trigger.level, kOffsetVolts)));
+  m_executor.Respond(FormatReal(call.LimitOr(m_settings.trigger.level, OffsetVolts)));
 }
 
-void Oscilloscope::SetSlope(const Call& call) { Change().trigger.falling = call.Keyword(0, kSlopes) == 1; }
+void Oscilloscope::SetSlope(const Call& call) { Change().trigger.falling = call.Keyword(0, Slopes) == 1; }
 
 void Oscilloscope::Slope(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(kSlopes, m_settings.trigger.falling ? 1 : 0));
+  m_executor.Respond(ShortOf(Slopes, m_settings.trigger.falling ? 1 : 0));
 }
 
 void Oscilloscope::SetSource(const Call& call) { m_settings.source = ChannelNamed(call); }
 
-void Oscilloscope::Source(const Call& /*call*/) { m_executor.Respond(ShortOf(kSources, m_settings.source)); }
+void Oscilloscope::Source(const Call& /*call*/) { m_executor.Respond(ShortOf(Sources, m_settings.source)); }
 
-void Oscilloscope::SetPoints(const Call& call) { Change().points = call.Whole(0, kPoints); }
+void Oscilloscope::SetPoints(const Call& call) { Change().points = call.Whole(0, PointLimits); }
 
 void Oscilloscope::Points(const Call& call) {
-  m_executor.Respond(std::to_string(call.WholeOr(m_settings.points, kPoints)));
+  m_executor.Respond(std::to_string(call.WholeOr(m_settings.points, PointLimits)));
 }
 
 void Oscilloscope::SetFormat(const Call& call) {
-  m_settings.format = static_cast<WaveformFormat>(call.Keyword(0, kFormats));
+  m_settings.format = static_cast<WaveformFormat>(call.Keyword(0, Formats));
 }
 
 void Oscilloscope::Format(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(kFormats, static_cast<std::size_t>(m_settings.format)));
+  m_executor.Respond(ShortOf(Formats, static_cast<std::size_t>(m_settings.format)));
 }
 
 // Measurements.

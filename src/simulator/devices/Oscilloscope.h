@@ -31,7 +31,7 @@ private:
     double frequency; ///< hertz
     double bias;      ///< volts
   };
-  using Records = std::array<std::optional<WaveformRecord>, Settings::kChannels>;
+  using Records = std::array<std::optional<WaveformRecord>, Settings::ChannelCount>;
 
   // Settings.
   void SetScale(const Call& call);

@@ -10,9 +10,9 @@ namespace portico::simulator {
 
 /// What can be set on the oscilloscope, with its defaults.
 struct OscilloscopeSettings {
-  static constexpr std::size_t kChannels = 4;
+  static constexpr std::size_t ChannelCount = 4;
   /// As a trigger's source the external input, at which there is no signal.
-  static constexpr std::size_t kExternal = kChannels;
+  static constexpr std::size_t External = ChannelCount;
 
   enum class Coupling : std::size_t { Dc, Ac, Ground };
 
@@ -31,7 +31,7 @@ struct OscilloscopeSettings {
 
   OscilloscopeSettings() { channels.front().shown = true; }
 
-  std::array<Channel, kChannels> channels;
+  std::array<Channel, ChannelCount> channels;
   double timeScale = 1E-3; ///< seconds per division
   bool averaging = false;
   std::int64_t averages = 8;

@@ -10,9 +10,9 @@
 namespace portico::simulator {
 namespace {
 
-constexpr double kDivisionsAcross = 10;
-constexpr double kDivisionsUsed = 6; ///< of the height, by `AUToscale`
-constexpr double kPeriodsShown = 2;  ///< likewise
+constexpr double DivisionsAcross = 10;
+constexpr double DivisionsUsed = 6; ///< of the height, by `AUToscale`
+constexpr double PeriodsShown = 2;  ///< likewise
 
 /// The smallest of 1, 2 and 5 times a power of ten that is not below the value.
 double RoundUp(double value) {
@@ -36,9 +36,9 @@ void Oscilloscope::Reset() {
 
 /// What the channel makes of the signal at its input.
 Oscilloscope::Signal Oscilloscope::Seen(std::size_t channel) const {
-  static constexpr std::array<Signal, Settings::kChannels> kSignals{
+  static constexpr std::array<Signal, Settings::ChannelCount> signals{
       {{1, 1000, 0}, {0.5, 2000, 0.25}, {2, 500, 0}, {0.25, 10000, 0}}};
-  Signal signal = kSignals[channel];
+  Signal signal = signals[channel];
   const Settings::Coupling coupling = m_settings.channels[channel].coupling;
   if (coupling != Settings::Coupling::Dc) signal.bias = 0;
   if (coupling == Settings::Coupling::Ground) signal.amplitude = 0;
@@ -47,7 +47,7 @@ Oscilloscope::Signal Oscilloscope::Seen(std::size_t channel) const {
 
 std::optional<double> Oscilloscope::Crossing() const {
   const Settings::Trigger& trigger = m_settings.trigger;
-  if (trigger.source == Settings::kExternal) return std::nullopt;
+  if (trigger.source == Settings::External) return std::nullopt;
   const Signal signal = Seen(trigger.source);
   const double height = trigger.level - signal.bias;
   if (std::abs(height) >= signal.amplitude) return std::nullopt;
@@ -61,11 +61,11 @@ std::optional<double> Oscilloscope::Crossing() const {
 Executor::Duration Oscilloscope::SweepTime() const {
   const double sweeps = m_settings.averaging ? static_cast<double>(m_settings.averages) : 1;
   return std::chrono::round<Executor::Duration>(
-      std::chrono::duration<double>(m_settings.timeScale * kDivisionsAcross * sweeps));
+      std::chrono::duration<double>(m_settings.timeScale * DivisionsAcross * sweeps));
 }
 
 void Oscilloscope::StartSweep() {
-  m_executor.StartOperation(SweepTime(), m_running ? std::uint16_t{0} : operation::kSweeping,
+  m_executor.StartOperation(SweepTime(), m_running ? std::uint16_t{0} : OperationBit::Sweeping,
                             [this, taken = TakeRecords()]() mutable { m_records = std::move(taken); });
 }
 
@@ -75,7 +75,7 @@ void Oscilloscope::Single(const Call& /*call*/) {
   if (Sweeps()) {
     StartSweep();
   } else {
-    m_executor.StartOperation(Executor::kForever, operation::kWaitingForTrigger);
+    m_executor.StartOperation(Executor::Forever, OperationBit::WaitingForTrigger);
   }
 }
 
@@ -97,9 +97,9 @@ void Oscilloscope::BeginRun(bool running) {
   m_runBegan = m_executor.Now();
   m_sweeps = 0;
   if (running) {
-    m_status.Operation().Set(operation::kSweeping);
+    m_status.Operation().Set(OperationBit::Sweeping);
   } else {
-    m_status.Operation().Clear(operation::kSweeping);
+    m_status.Operation().Clear(OperationBit::Sweeping);
   }
 }
 
@@ -128,11 +128,11 @@ void Oscilloscope::AutoScale(const Call& call) {
   settings.channels.fill(channel);
   settings.trigger = {};
   settings.averaging = false;
-  for (std::size_t i = 0; i < Settings::kChannels; ++i) {
+  for (std::size_t i = 0; i < Settings::ChannelCount; ++i) {
     const Signal signal = Seen(i);
-    settings.channels[i].scale = RoundUp(2 * (signal.amplitude + signal.bias) / kDivisionsUsed);
+    settings.channels[i].scale = RoundUp(2 * (signal.amplitude + signal.bias) / DivisionsUsed);
   }
-  settings.timeScale = RoundUp(kPeriodsShown / Seen(0).frequency / kDivisionsAcross);
+  settings.timeScale = RoundUp(PeriodsShown / Seen(0).frequency / DivisionsAcross);
   Run(call);
 }
 
@@ -140,7 +140,7 @@ void Oscilloscope::AutoScale(const Call& call) {
 
 WaveformScale Oscilloscope::ScaleOf(std::size_t channel) const {
   const auto points = static_cast<std::size_t>(m_settings.points);
-  const double step = m_settings.timeScale * kDivisionsAcross / static_cast<double>(points);
+  const double step = m_settings.timeScale * DivisionsAcross / static_cast<double>(points);
   return {points, step, m_settings.channels[channel].scale, m_settings.channels[channel].offset};
 }
 
@@ -154,7 +154,7 @@ WaveformRecord Oscilloscope::MakeRecord(std::size_t channel) {
     const double volts = signal.bias + signal.amplitude * Sine(signal.frequency * time);
     const double divisions = (volts - record.scale.centreVolts) / record.scale.voltsPerDivision;
     const double code =
-        WaveformScale::kCentreCode + divisions * WaveformScale::kCodesPerDivision + noise * m_random.Noise();
+        WaveformScale::CentreCode + divisions * WaveformScale::CodesPerDivision + noise * m_random.Noise();
     point = static_cast<char>(static_cast<unsigned char>(std::clamp(code, 0.0, 255.0)));
     time += record.scale.secondsPerPoint;
   }
@@ -163,7 +163,7 @@ WaveformRecord Oscilloscope::MakeRecord(std::size_t channel) {
 
 Oscilloscope::Records Oscilloscope::TakeRecords() {
   Records records;
-  for (std::size_t i = 0; i < Settings::kChannels; ++i) {
+  for (std::size_t i = 0; i < Settings::ChannelCount; ++i) {
     if (m_settings.channels[i].shown) records[i] = MakeRecord(i);
   }
   return records;

@@ -8,26 +8,26 @@
 namespace portico::simulator {
 namespace {
 
-constexpr Limits kVolts{0, 30, 0, Quantity::Voltage};
-constexpr Limits kAmperes{0, 5, 1, Quantity::Current};
-constexpr Limits kProtections[] = {{0, 33, 33, Quantity::Voltage}, {0, 5.5, 5.5, Quantity::Current}};
-constexpr std::uint16_t kTripBits[] = {questionable::kOvervoltage, questionable::kOvercurrent};
-constexpr std::string_view kOutputNames[] = {"CH1", "CH2"};
-constexpr Limits kOutputNumbers{1, 2, 1};
-constexpr double kLoadOhms = 10;
-constexpr double kNoiseVolts = 0.0005;
-constexpr auto kSettlingTime = std::chrono::milliseconds(10);
+constexpr Limits Volts{0, 30, 0, Quantity::Voltage};
+constexpr Limits Amperes{0, 5, 1, Quantity::Current};
+constexpr Limits Protections[] = {{0, 33, 33, Quantity::Voltage}, {0, 5.5, 5.5, Quantity::Current}};
+constexpr std::uint16_t TripBits[] = {QuestionableBit::Overvoltage, QuestionableBit::Overcurrent};
+constexpr std::string_view OutputNames[] = {"CH1", "CH2"};
+constexpr Limits OutputNumbers{1, 2, 1};
+constexpr double LoadOhms = 10;
+constexpr double NoiseVolts = 0.0005;
+constexpr auto SettlingTime = std::chrono::milliseconds(10);
 
 /// At the current limit the voltage gives way.
 double LimitedVolts(const PowerSupplySettings::Output& output) {
-  return output.on ? std::min(output.volts, output.amperes * kLoadOhms) : 0;
+  return output.on ? std::min(output.volts, output.amperes * LoadOhms) : 0;
 }
 
 } // namespace
 
 void PowerSupply::AddTo(CommandTree& tree) {
   using Self = PowerSupply;
-  static constexpr Command<Self> kTable[] = {
+  static constexpr Command<Self> table[] = {
       {"[SOURce<1-2>:]VOLTage[:LEVel][:IMMediate]", &Self::SetVoltage, 1, 1},
       {"[SOURce<1-2>:]VOLTage[:LEVel][:IMMediate]?", &Self::Voltage, 0, 1},
       {"[SOURce<1-2>:]VOLTage:PROTection[:LEVel]", &Self::SetProtection<OfVoltage>, 1, 1},
@@ -55,7 +55,7 @@ void PowerSupply::AddTo(CommandTree& tree) {
       {"INSTrument[:SELect]", &Self::Select, 1, 1},
       {"INSTrument[:SELect]?", &Self::Selected},
   };
-  tree.Add(kTable, *this);
+  tree.Add(table, *this);
 }
 
 void PowerSupply::Reset() {
@@ -72,13 +72,13 @@ std::size_t PowerSupply::IndexOf(const Call& call) const {
 void PowerSupply::Settle() {
   for (std::size_t i = 0; i < m_settings.outputs.size(); ++i) Protect(i);
   ShowTrips();
-  m_executor.StartOperation(kSettlingTime, operation::kSettling);
+  m_executor.StartOperation(SettlingTime, OperationBit::Settling);
 }
 
 void PowerSupply::Protect(std::size_t index) {
   Output& output = m_settings.outputs[index];
   const double volts = LimitedVolts(output);
-  const double found[] = {volts, volts / kLoadOhms};
+  const double found[] = {volts, volts / LoadOhms};
   for (std::size_t kind = 0; kind < KindCount; ++kind) {
     const auto& protection = output.protections[kind];
     if (protection.on && found[kind] > protection.level) m_tripped[index][kind] = true;
@@ -89,28 +89,26 @@ void PowerSupply::Protect(std::size_t index) {
 void PowerSupply::ShowTrips() {
   for (std::size_t kind = 0; kind < KindCount; ++kind) {
     if (m_tripped[0][kind] || m_tripped[1][kind]) {
-      m_status.Questionable().Set(kTripBits[kind]);
+      m_status.Questionable().Set(TripBits[kind]);
     } else {
-      m_status.Questionable().Clear(kTripBits[kind]);
+      m_status.Questionable().Clear(TripBits[kind]);
     }
   }
 }
 
 void PowerSupply::SetVoltage(const Call& call) {
-  Of(call).volts = call.Number(0, kVolts);
+  Of(call).volts = call.Number(0, Volts);
   Settle();
 }
 
-void PowerSupply::Voltage(const Call& call) { m_executor.Respond(FormatReal(call.LimitOr(Of(call).volts, kVolts))); }
+void PowerSupply::Voltage(const Call& call) { m_executor.Respond(FormatReal(call.LimitOr(Of(call).volts, Volts))); }
 
 void PowerSupply::SetCurrent(const Call& call) {
-  Of(call).amperes = call.Number(0, kAmperes);
+  Of(call).amperes = call.Number(0, Amperes);
   Settle();
 }
 
-void PowerSupply::Current(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(Of(call).amperes, kAmperes)));
-}
+void PowerSupply::Current(const Call& call) { m_executor.Respond(FormatReal(call.LimitOr(Of(call).amperes, Amperes))); }
 
 /// `APPLy [CH1|CH2,]<volts>[,<amperes>]`: all or nothing.
 void PowerSupply::Apply(const Call& call) {
@@ -118,10 +116,10 @@ void PowerSupply::Apply(const Call& call) {
   const std::size_t first = named ? 1 : 0;
   if (call.Count() <= first) throw ScpiError(ErrorCode::MissingParameter);
   if (call.Count() > first + 2) throw ScpiError(ErrorCode::ParameterNotAllowed);
-  const std::size_t selected = named ? call.Keyword(0, kOutputNames) : m_settings.selected;
+  const std::size_t selected = named ? call.Keyword(0, OutputNames) : m_settings.selected;
   Output& output = m_settings.outputs[selected];
-  const double volts = call.Number(first, kVolts);
-  const double amperes = call.Count() > first + 1 ? call.Number(first + 1, kAmperes) : output.amperes;
+  const double volts = call.Number(first, Volts);
+  const double amperes = call.Count() > first + 1 ? call.Number(first + 1, Amperes) : output.amperes;
   output.volts = volts;
   output.amperes = amperes;
   m_settings.selected = selected;
@@ -129,7 +127,7 @@ void PowerSupply::Apply(const Call& call) {
 }
 
 void PowerSupply::Applied(const Call& call) {
-  const std::size_t index = call.Count() > 0 ? call.Keyword(0, kOutputNames) : m_settings.selected;
+  const std::size_t index = call.Count() > 0 ? call.Keyword(0, OutputNames) : m_settings.selected;
   const Output& output = m_settings.outputs[index];
   m_executor.Respond(FormatString(FormatReals(std::array{output.volts, output.amperes})));
 }
@@ -148,11 +146,11 @@ void PowerSupply::State(const Call& call) { m_executor.Respond(FormatBoolean(Of(
 double PowerSupply::MeasuredVolts(const Output& output) {
   const double volts = LimitedVolts(output);
   if (output.on && volts < output.volts) {
-    m_status.Questionable().Set(questionable::kVoltage);
+    m_status.Questionable().Set(QuestionableBit::Voltage);
   } else {
-    m_status.Questionable().Clear(questionable::kVoltage);
+    m_status.Questionable().Clear(QuestionableBit::Voltage);
   }
-  return volts + kNoiseVolts * m_random.Noise();
+  return volts + NoiseVolts * m_random.Noise();
 }
 
 void PowerSupply::MeasureVoltage(const Call& call) {
@@ -160,32 +158,31 @@ void PowerSupply::MeasureVoltage(const Call& call) {
 }
 
 void PowerSupply::MeasureCurrent(const Call& call) {
-  m_executor.WhenIdle(
-      [this, &output = Of(call)] { m_executor.Respond(FormatReal(MeasuredVolts(output) / kLoadOhms)); });
+  m_executor.WhenIdle([this, &output = Of(call)] { m_executor.Respond(FormatReal(MeasuredVolts(output) / LoadOhms)); });
 }
 
 void PowerSupply::SelectNumber(const Call& call) {
-  m_settings.selected = static_cast<std::size_t>(call.Whole(0, kOutputNumbers) - 1);
+  m_settings.selected = static_cast<std::size_t>(call.Whole(0, OutputNumbers) - 1);
 }
 
 void PowerSupply::SelectedNumber(const Call& call) {
   const auto number = static_cast<std::int64_t>(m_settings.selected + 1);
-  m_executor.Respond(std::to_string(call.WholeOr(number, kOutputNumbers)));
+  m_executor.Respond(std::to_string(call.WholeOr(number, OutputNumbers)));
 }
 
-void PowerSupply::Select(const Call& call) { m_settings.selected = call.Keyword(0, kOutputNames); }
+void PowerSupply::Select(const Call& call) { m_settings.selected = call.Keyword(0, OutputNames); }
 
-void PowerSupply::Selected(const Call& /*call*/) { m_executor.Respond(kOutputNames[m_settings.selected]); }
+void PowerSupply::Selected(const Call& /*call*/) { m_executor.Respond(OutputNames[m_settings.selected]); }
 
 template <PowerSupply::Kind kind>
 void PowerSupply::SetProtection(const Call& call) {
-  Of(call).protections[kind].level = call.Number(0, kProtections[kind]);
+  Of(call).protections[kind].level = call.Number(0, Protections[kind]);
   Settle();
 }
 
 template <PowerSupply::Kind kind>
 void PowerSupply::Protection(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(Of(call).protections[kind].level, kProtections[kind])));
+  m_executor.Respond(FormatReal(call.LimitOr(Of(call).protections[kind].level, Protections[kind])));
 }
 
 template <PowerSupply::Kind kind>

@@ -6,9 +6,9 @@ namespace portico::simulator {
 
 void SystemCommands::AddTo(CommandTree& tree) {
   using Self = SystemCommands;
-  constexpr RegisterOf kOperation = &StatusModel::Operation;
-  constexpr RegisterOf kQuestionable = &StatusModel::Questionable;
-  static constexpr Command<Self> kTable[] = {
+  constexpr RegisterOf operation = &StatusModel::Operation;
+  constexpr RegisterOf questionable = &StatusModel::Questionable;
+  static constexpr Command<Self> table[] = {
       {"SYSTem:ERRor[:NEXT]?", &Self::NextError},
       {"SYSTem:ERRor:ALL?", &Self::AllErrors},
       {"SYSTem:ERRor:COUNt?", &Self::ErrorCount},
@@ -17,16 +17,16 @@ void SystemCommands::AddTo(CommandTree& tree) {
       {"SYSTem:BEEPer:STATe", &Self::SetBeeper, 1, 1},
       {"SYSTem:BEEPer:STATe?", &Self::Beeper},
       {"STATus:PRESet", &Self::PresetStatus},
-      {"STATus:OPERation[:EVENt]?", &Self::Event<kOperation>},
-      {"STATus:OPERation:CONDition?", &Self::Condition<kOperation>},
-      {"STATus:OPERation:ENABle", &Self::SetEnable<kOperation>, 1, 1},
-      {"STATus:OPERation:ENABle?", &Self::Enable<kOperation>},
-      {"STATus:QUEStionable[:EVENt]?", &Self::Event<kQuestionable>},
-      {"STATus:QUEStionable:CONDition?", &Self::Condition<kQuestionable>},
-      {"STATus:QUEStionable:ENABle", &Self::SetEnable<kQuestionable>, 1, 1},
-      {"STATus:QUEStionable:ENABle?", &Self::Enable<kQuestionable>},
+      {"STATus:OPERation[:EVENt]?", &Self::Event<operation>},
+      {"STATus:OPERation:CONDition?", &Self::Condition<operation>},
+      {"STATus:OPERation:ENABle", &Self::SetEnable<operation>, 1, 1},
+      {"STATus:OPERation:ENABle?", &Self::Enable<operation>},
+      {"STATus:QUEStionable[:EVENt]?", &Self::Event<questionable>},
+      {"STATus:QUEStionable:CONDition?", &Self::Condition<questionable>},
+      {"STATus:QUEStionable:ENABle", &Self::SetEnable<questionable>, 1, 1},
+      {"STATus:QUEStionable:ENABle?", &Self::Enable<questionable>},
   };
-  tree.Add(kTable, *this);
+  tree.Add(table, *this);
 }
 
 void SystemCommands::NextError(const Call& /*call*/) { m_executor.Respond(m_status.Errors().Pop()); }
@@ -39,9 +39,9 @@ void SystemCommands::Version(const Call& /*call*/) { m_executor.Respond("1999.0"
 
 /// Nobody hears it.
 void SystemCommands::Beep(const Call& call) {
-  static constexpr Limits kPitchLengthVolume[] = {
+  static constexpr Limits pitchLengthVolume[] = {
       {20, 20000, 1000, Quantity::Frequency}, {0, 60, 0.1, Quantity::Time}, {0, 1, 1}};
-  for (std::size_t i = 0; i < call.Count(); ++i) call.Number(i, kPitchLengthVolume[i]);
+  for (std::size_t i = 0; i < call.Count(); ++i) call.Number(i, pitchLengthVolume[i]);
 }
 
 void SystemCommands::SetBeeper(const Call& call) { m_beeperOn = call.Boolean(0); }

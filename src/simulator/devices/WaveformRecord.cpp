@@ -9,15 +9,15 @@ namespace portico::simulator {
 namespace {
 
 /// How much larger the codes of words are than those of bytes.
-constexpr double kWordFactor = 256;
+constexpr double WordFactor = 256;
 
 } // namespace
 
 std::string WaveformScale::Preamble(WaveformFormat format) const {
-  const double factor = format == WaveformFormat::Word ? kWordFactor : 1;
-  const double voltsPerCode = voltsPerDivision / kCodesPerDivision / factor;
+  const double factor = format == WaveformFormat::Word ? WordFactor : 1;
+  const double voltsPerCode = voltsPerDivision / CodesPerDivision / factor;
   return std::to_string(points) + ',' +
-         FormatReals(std::array{secondsPerPoint, voltsPerCode, centreVolts, kCentreCode * factor});
+         FormatReals(std::array{secondsPerPoint, voltsPerCode, centreVolts, CentreCode * factor});
 }
 
 std::string WaveformRecord::Data(WaveformFormat format) const {
@@ -30,7 +30,7 @@ std::string WaveformRecord::Data(WaveformFormat format) const {
   std::vector<double> volts;
   for (const char code : codes) {
     const double divisions =
-        (static_cast<unsigned char>(code) - WaveformScale::kCentreCode) / WaveformScale::kCodesPerDivision;
+        (static_cast<unsigned char>(code) - WaveformScale::CentreCode) / WaveformScale::CodesPerDivision;
     volts.push_back(scale.centreVolts + divisions * scale.voltsPerDivision);
   }
   return FormatReals(volts);

@@ -10,8 +10,8 @@ enum class WaveformFormat : std::size_t { Byte, Word, Ascii };
 
 /// What makes seconds and volts of a record.
 struct WaveformScale {
-  static constexpr double kCodesPerDivision = 25;
-  static constexpr double kCentreCode = 128;
+  static constexpr double CodesPerDivision = 25;
+  static constexpr double CentreCode = 128;
 
   std::size_t points;
   double secondsPerPoint;

@@ -14,7 +14,7 @@ namespace {
 
 using Kind = Parameter::Kind;
 
-constexpr std::string_view kBooleans[] = {"OFF", "ON"};
+constexpr std::string_view Booleans[] = {"OFF", "ON"};
 
 ErrorCode NotAllowed(Kind kind) {
   switch (kind) {
@@ -104,7 +104,7 @@ std::int64_t Call::Whole(std::size_t index, const Limits& limits) const {
 
 bool Call::Boolean(std::size_t index) const {
   const Parameter& parameter = At(index, {Kind::Decimal, Kind::NonDecimal, Kind::Character});
-  if (parameter.kind == Kind::Character) return Keyword(index, kBooleans) == 1;
+  if (parameter.kind == Kind::Character) return Keyword(index, Booleans) == 1;
   return std::round(Value(parameter, Quantity::None)) != 0;
 }
 

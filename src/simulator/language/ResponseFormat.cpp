@@ -11,19 +11,19 @@ namespace portico::simulator {
 namespace {
 
 // SCPI-99, volume 1, 7.2.1.4 and 7.2.1.5.
-constexpr double kInfinity = 9.9E37;
-constexpr double kNotANumber = 9.91E37;
+constexpr double Infinity = 9.9E37;
+constexpr double NotANumber = 9.91E37;
 
-constexpr int kFractionDigits = 8;
+constexpr int FractionDigits = 8;
 
 } // namespace
 
 std::string FormatReal(double value) {
-  if (std::isnan(value)) value = kNotANumber;
-  if (std::isinf(value)) value = std::copysign(kInfinity, value);
+  if (std::isnan(value)) value = NotANumber;
+  if (std::isinf(value)) value = std::copysign(Infinity, value);
   std::array<char, 32> digits{};
   const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), std::abs(value),
-                                    std::chars_format::scientific, kFractionDigits);
+                                    std::chars_format::scientific, FractionDigits);
   std::string text(1, value < 0 ? '-' : '+');
   std::transform(digits.data(), result.ptr, std::back_inserter(text), ToUpper);
   return text;

@@ -11,7 +11,7 @@ struct StandardError {
   std::string_view text;
 };
 
-constexpr auto kStandardErrors = std::to_array<StandardError>({
+constexpr auto StandardErrors = std::to_array<StandardError>({
     {0, "No error"},
     {-100, "Command error"},
     {-101, "Invalid character"},
@@ -88,9 +88,9 @@ constexpr auto kStandardErrors = std::to_array<StandardError>({
 std::string_view ErrorText(ErrorCode code) {
   const int number = static_cast<int>(code);
   if (number > 0) return "Simulated device error";
-  const auto found = std::find_if(kStandardErrors.begin(), kStandardErrors.end(),
+  const auto found = std::find_if(StandardErrors.begin(), StandardErrors.end(),
                                   [number](const StandardError& error) { return error.number == number; });
-  return found == kStandardErrors.end() ? std::string_view("") : found->text;
+  return found == StandardErrors.end() ? std::string_view("") : found->text;
 }
 
 } // namespace portico::simulator

@@ -12,18 +12,18 @@ namespace {
 
 // IEEE 488.2 limits a mnemonic, character data and a unit to 12 characters, a mantissa to 255 digits and an exponent
 // to 32000.
-constexpr std::size_t kLongestMnemonic = 12;
-constexpr std::size_t kMostDigits = 255;
-constexpr int kLargestExponent = 32000;
+constexpr std::size_t LongestMnemonic = 12;
+constexpr std::size_t MostDigits = 255;
+constexpr int LargestExponent = 32000;
 
 bool IsMnemonicByte(char byte) { return IsLetter(byte) || IsDigit(byte) || byte == '_'; }
 bool IsUnitByte(char byte) { return IsLetter(byte) || IsDigit(byte) || byte == '/' || byte == '.'; }
 
 /// What a byte that fits nowhere is called: a stray one of the syntax's own, or one that is never allowed.
 ErrorCode Stray(char byte) {
-  constexpr std::string_view kOwn = ":*?,\"'#+-.()";
-  return IsMnemonicByte(byte) || kOwn.find(byte) != std::string_view::npos ? ErrorCode::SyntaxError
-                                                                           : ErrorCode::InvalidCharacter;
+  constexpr std::string_view own = ":*?,\"'#+-.()";
+  return IsMnemonicByte(byte) || own.find(byte) != std::string_view::npos ? ErrorCode::SyntaxError
+                                                                          : ErrorCode::InvalidCharacter;
 }
 
 } // namespace
@@ -61,7 +61,7 @@ void UnitParser::ParseHeader(Unit& unit) {
 HeaderNode UnitParser::ParseNode() {
   if (!IsLetter(Peek())) throw ScpiError(AtUnitEnd() ? ErrorCode::SyntaxError : Stray(Peek()));
   const std::string_view word = TakeWhile(IsMnemonicByte);
-  if (word.size() > kLongestMnemonic) throw ScpiError(ErrorCode::MnemonicTooLong);
+  if (word.size() > LongestMnemonic) throw ScpiError(ErrorCode::MnemonicTooLong);
   const std::size_t nameSize = word.find_last_not_of("0123456789") + 1;
   HeaderNode node{word.substr(0, nameSize), std::nullopt};
   if (nameSize < word.size()) {
@@ -101,7 +101,7 @@ Parameter UnitParser::ParseNumber() {
   std::size_t digits = SkipDigits();
   if (Skip('.')) digits += SkipDigits();
   if (digits == 0 || Peek() == '.') throw ScpiError(ErrorCode::InvalidCharacterInNumber);
-  if (digits > kMostDigits) throw ScpiError(ErrorCode::TooManyDigits);
+  if (digits > MostDigits) throw ScpiError(ErrorCode::TooManyDigits);
 
   // An E is an exponent only if digits follow; otherwise it begins a unit such as EXHZ.
   const std::string_view beforeExponent = m_rest;
@@ -113,14 +113,14 @@ Parameter UnitParser::ParseNumber() {
     const auto result = std::from_chars(exponentStart.data(), exponentStart.data() + exponentDigits, exponent);
     if (exponentDigits == 0) {
       m_rest = beforeExponent;
-    } else if (result.ec != std::errc() || exponent > kLargestExponent) {
+    } else if (result.ec != std::errc() || exponent > LargestExponent) {
       throw ScpiError(ErrorCode::ExponentTooLarge);
     }
   }
   const std::string_view number = start.substr(0, start.size() - m_rest.size());
   SkipWhiteSpace();
   const std::string_view unit = IsLetter(Peek()) ? TakeWhile(IsUnitByte) : std::string_view();
-  if (unit.size() > kLongestMnemonic) throw ScpiError(ErrorCode::SuffixTooLong);
+  if (unit.size() > LongestMnemonic) throw ScpiError(ErrorCode::SuffixTooLong);
   return {Parameter::Kind::Decimal, number, unit, 0};
 }
 
@@ -169,7 +169,7 @@ Parameter UnitParser::ParseString() {
 
 Parameter UnitParser::ParseCharacter() {
   const std::string_view word = TakeWhile(IsMnemonicByte);
-  if (word.size() > kLongestMnemonic) throw ScpiError(ErrorCode::CharacterDataTooLong);
+  if (word.size() > LongestMnemonic) throw ScpiError(ErrorCode::CharacterDataTooLong);
   return {Parameter::Kind::Character, word, {}, 0};
 }
 

@@ -15,7 +15,7 @@ struct Multiplier {
 };
 
 // IEEE 488.2, 7.7.3: M is milli, so that mega is MA.
-constexpr auto kMultipliers = std::to_array<Multiplier>({
+constexpr auto Multipliers = std::to_array<Multiplier>({
     {"", 1.0},
     {"EX", 1E18},
     {"PE", 1E15},
@@ -60,9 +60,9 @@ std::optional<double> UnitFactor(Quantity quantity, std::string_view unit) {
   // The two exceptions of the standard: nobody means milliohm or millihertz.
   if (upper == "MOHM" || upper == "MHZ") return 1E6;
   const std::string_view prefix = std::string_view(upper).substr(0, upper.size() - name.size());
-  const auto found = std::find_if(kMultipliers.begin(), kMultipliers.end(),
+  const auto found = std::find_if(Multipliers.begin(), Multipliers.end(),
                                   [prefix](const Multiplier& multiplier) { return multiplier.prefix == prefix; });
-  if (found == kMultipliers.end()) return std::nullopt;
+  if (found == Multipliers.end()) return std::nullopt;
   return found->factor;
 }
 

@@ -11,10 +11,10 @@ namespace portico::simulator {
 namespace {
 
 // What Connection::AcceptsInput() promises room for.
-constexpr std::size_t kReceiveBytes = 65536;
+constexpr std::size_t ReceiveBytes = 65536;
 
 /// Answers are gathered up to this size before they are sent: a client may ask many questions at once.
-constexpr std::size_t kSendBytes = 65536;
+constexpr std::size_t SendBytes = 65536;
 
 bool WouldBlock(int error) { return error == EAGAIN || error == EWOULDBLOCK || error == EINTR; }
 
@@ -37,7 +37,7 @@ void ClientConnection::Exchange(bool readable, TimePoint now) {
 }
 
 void ClientConnection::Receive(TimePoint now) {
-  std::array<char, kReceiveBytes> buffer; // not cleared: that would cost more than a short message does
+  std::array<char, ReceiveBytes> buffer; // not cleared: that would cost more than a short message does
   const ssize_t count = recv(m_socket.Get(), buffer.data(), buffer.size(), 0);
   if (count > 0) {
     m_connection.Write(std::string_view(buffer.data(), static_cast<std::size_t>(count)), now);
@@ -66,7 +66,7 @@ void ClientConnection::Send(TimePoint now) {
 }
 
 void ClientConnection::Collect(TimePoint now) {
-  while (m_output.size() < kSendBytes) {
+  while (m_output.size() < SendBytes) {
     auto response = m_connection.Read(now);
     if (!response) return;
     if (m_output.empty()) {

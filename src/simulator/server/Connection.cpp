@@ -15,7 +15,7 @@ void Connection::Advance(TimePoint now) {
 }
 
 void Connection::Submit(std::string message, TimePoint now) {
-  const auto fits = [&] { return m_exchange->InputBytes() + message.size() <= kMostInputBytes; };
+  const auto fits = [&] { return m_exchange->InputBytes() + message.size() <= MostInputBytes; };
   while (!fits() && m_exchange->HeldByOutput()) {
     m_status.Raise(ErrorCode::QueryDeadlocked);
     m_exchange->Responses().Clear();

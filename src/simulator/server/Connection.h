@@ -19,8 +19,8 @@ namespace portico::simulator {
 /// unread answers are dropped.
 class Connection {
 public:
-  static constexpr std::size_t kLongestMessage = 1U << 20U; ///< beyond it -363, and the message is discarded
-  static constexpr std::size_t kMostInputBytes = 8U << 20U; ///< of messages that wait for their turn
+  static constexpr std::size_t LongestMessage = 1U << 20U; ///< beyond it -363, and the message is discarded
+  static constexpr std::size_t MostInputBytes = 8U << 20U; ///< of messages that wait for their turn
 
   /// `device` must outlive the connection.
   explicit Connection(Device& device);
@@ -33,7 +33,7 @@ public:
   void Advance(TimePoint now);
   /// Takes a complete program message, without its terminator.
   void Submit(std::string message, TimePoint now);
-  /// A message became longer than kLongestMessage and was discarded.
+  /// A message became longer than LongestMessage and was discarded.
   void ReportOverrun();
 
   /// The next whole response message that is ready at `now`.
@@ -45,7 +45,7 @@ public:
   /// input is ignored.
   bool CloseRequested() const { return m_exchange->Halted(); }
   /// Whether up to 64 KiB more can be submitted without loss.
-  bool AcceptsInput() const { return m_exchange->InputBytes() < kMostInputBytes / 2; }
+  bool AcceptsInput() const { return m_exchange->InputBytes() < MostInputBytes / 2; }
   /// Whether something that was sent is still to be carried out, or an answer to be read.
   bool Busy() const { return m_exchange->Busy(); }
 

@@ -20,8 +20,8 @@
 namespace portico::simulator {
 namespace {
 
-constexpr std::size_t kMostClients = 256;
-constexpr auto kAcceptPause = std::chrono::milliseconds(100);
+constexpr std::size_t MostClients = 256;
+constexpr auto AcceptPause = std::chrono::milliseconds(100);
 
 using Addresses = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
 
@@ -93,7 +93,7 @@ void SocketServer::Run() {
   std::vector<short> events;
   for (;;) {
     TimePoint now = std::chrono::steady_clock::now();
-    const bool accepting = m_clients.size() < kMostClients && now >= m_acceptAgain;
+    const bool accepting = m_clients.size() < MostClients && now >= m_acceptAgain;
     polled.assign({{m_wakeUpReader.Get(), POLLIN, 0}, {accepting ? m_listener.Get() : -1, POLLIN, 0}});
     for (const auto& client : m_clients) {
       const int wanted = (client->WantsInput() ? POLLIN : 0) | (client->WantsOutput() ? POLLOUT : 0);
@@ -138,11 +138,11 @@ std::optional<TimePoint> SocketServer::NextEvent() const {
 
 void SocketServer::Accept(TimePoint now) {
   m_acceptAgain = {};
-  while (m_clients.size() < kMostClients) {
+  while (m_clients.size() < MostClients) {
     FileDescriptor accepted(accept4(m_listener.Get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
     if (!accepted.IsOpen()) {
       const bool exhausted = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
-      if (exhausted) m_acceptAgain = now + kAcceptPause;
+      if (exhausted) m_acceptAgain = now + AcceptPause;
       return;
     }
     SetOption(accepted.Get(), IPPROTO_TCP, TCP_NODELAY);

@@ -24,7 +24,7 @@ public:
 
 private:
   Connection m_connection;
-  MessageFramer m_framer{Connection::kLongestMessage};
+  MessageFramer m_framer{Connection::LongestMessage};
 };
 
 } // namespace portico::simulator

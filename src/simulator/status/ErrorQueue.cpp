@@ -5,7 +5,7 @@
 namespace portico::simulator {
 
 void ErrorQueue::Push(ErrorCode code) {
-  if (m_errors.size() < kCapacity) {
+  if (m_errors.size() < Capacity) {
     m_errors.push_back(code);
   } else {
     m_errors.back() = ErrorCode::QueueOverflow;

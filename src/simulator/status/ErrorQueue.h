@@ -11,7 +11,7 @@ namespace portico::simulator {
 /// The SCPI error queue: first in, first out. When it is full its last place becomes -350 and newer errors are lost.
 class ErrorQueue {
 public:
-  static constexpr std::size_t kCapacity = 20;
+  static constexpr std::size_t Capacity = 20;
 
   void Push(ErrorCode code);
 

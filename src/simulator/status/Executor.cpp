@@ -100,7 +100,7 @@ void Executor::Guard(Action action) {
 
 void Executor::StartOperation(Duration duration, std::uint16_t condition, std::function<void()> atEnd) {
   if (m_operation) m_status.Operation().Clear(m_operation->condition);
-  const TimePoint end = duration == kForever ? TimePoint::max() : m_clock + duration;
+  const TimePoint end = duration == Forever ? TimePoint::max() : m_clock + duration;
   m_operation = {end, condition, std::move(atEnd), ++m_operations};
   m_status.Operation().Set(condition);
 }
@@ -117,7 +117,7 @@ void Executor::EndOperation() {
   m_status.Operation().Clear(ended.condition);
   if (ended.atEnd) ended.atEnd();
   if (m_operation) return;
-  if (std::exchange(m_reportCompletion, false)) m_status.SetEvent(event::kOperationComplete);
+  if (std::exchange(m_reportCompletion, false)) m_status.SetEvent(EventBit::OperationComplete);
 }
 
 void Executor::WhenIdle(std::function<void()> then) {
@@ -147,7 +147,7 @@ void Executor::ReportCompletion() {
   if (m_operation) {
     m_reportCompletion = true;
   } else {
-    m_status.SetEvent(event::kOperationComplete);
+    m_status.SetEvent(EventBit::OperationComplete);
   }
 }
 

@@ -25,7 +25,7 @@ public:
   using Duration = TimePoint::duration;
 
   /// The duration of an operation that does not end by itself.
-  static constexpr Duration kForever = Duration::max();
+  static constexpr Duration Forever = Duration::max();
 
   /// Both must outlive the executor.
   Executor(const CommandTree& commands, StatusModel& status);

@@ -8,12 +8,12 @@ namespace portico::simulator {
 namespace {
 
 /// What a message in the queue costs besides its characters.
-constexpr std::size_t kQueuedMessageBytes = sizeof(std::string);
+constexpr std::size_t QueuedMessageBytes = sizeof(std::string);
 
 } // namespace
 
 void MessageExchange::Submit(std::string message) {
-  m_inputBytes += message.size() + kQueuedMessageBytes;
+  m_inputBytes += message.size() + QueuedMessageBytes;
   m_input.push_back(std::move(message));
 }
 
@@ -26,7 +26,7 @@ bool MessageExchange::Begin() {
   if (m_halted || m_message || m_input.empty() || m_responses.Full()) return false;
   m_message = std::move(m_input.front());
   m_input.pop_front();
-  m_inputBytes -= m_message->size() + kQueuedMessageBytes;
+  m_inputBytes -= m_message->size() + QueuedMessageBytes;
   m_parser = UnitParser(*m_message);
   return true;
 }
@@ -42,7 +42,7 @@ void MessageExchange::Finish(TimePoint at, AnswerFaults& faults) {
 }
 
 void MessageExchange::Respond(std::string_view data) {
-  if (m_response.size() + data.size() >= kLongestResponse) {
+  if (m_response.size() + data.size() >= LongestResponse) {
     m_response = {};
     m_responding = false;
     throw ScpiError(ErrorCode::QueryDeadlocked);

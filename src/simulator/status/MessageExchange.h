@@ -22,7 +22,7 @@ struct AnswerFaults {
 class MessageExchange {
 public:
   /// The longest response message; a query that would make it longer is deadlocked.
-  static constexpr std::size_t kLongestResponse = 64U << 20U;
+  static constexpr std::size_t LongestResponse = 64U << 20U;
 
   // For the connection.
 

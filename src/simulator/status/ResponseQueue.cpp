@@ -7,8 +7,8 @@ namespace portico::simulator {
 namespace {
 
 // About 16 MB/s: fast enough to fill any buffer, slow enough that a reader who polls gets to do other things.
-constexpr std::size_t kPieceBytes = 16384;
-constexpr auto kPieceInterval = std::chrono::milliseconds(1);
+constexpr std::size_t PieceBytes = 16384;
+constexpr auto PieceInterval = std::chrono::milliseconds(1);
 
 } // namespace
 
@@ -29,8 +29,8 @@ std::optional<std::string> ResponseQueue::Pop(TimePoint now) {
   const auto ready = NextReady();
   if (!ready || *ready > now) return std::nullopt;
   if (m_messages.empty()) {
-    m_nextPiece = now + kPieceInterval;
-    return std::string(kPieceBytes, '7');
+    m_nextPiece = now + PieceInterval;
+    return std::string(PieceBytes, '7');
   }
   std::string message = std::move(m_messages.front().text);
   m_messages.pop_front();

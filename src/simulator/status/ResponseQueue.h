@@ -12,11 +12,11 @@ namespace portico::simulator {
 /// The output to one connection: response messages in the order in which they were made, each ready from some time on.
 class ResponseQueue {
 public:
-  static constexpr std::size_t kMostMessages = 1024;
-  static constexpr std::size_t kMostBytes = 4U << 20U;
+  static constexpr std::size_t MostMessages = 1024;
+  static constexpr std::size_t MostBytes = 4U << 20U;
 
   /// No more messages are to be added until one was taken. One message alone may be larger than the bound.
-  bool Full() const { return m_messages.size() >= kMostMessages || m_bytes >= kMostBytes; }
+  bool Full() const { return m_messages.size() >= MostMessages || m_bytes >= MostBytes; }
 
   /// Adds a response message without its line feed, which is added here. It is ready at `readyAt`, and not before those
   /// ahead of it. An endless one goes on in pieces, without a line feed, for as long as they are taken.

@@ -8,10 +8,10 @@ namespace {
 /// -100s are command errors, -200s execution errors, -400s query errors; -300s and positive ones are the device's.
 std::uint8_t EventOf(ErrorCode code) {
   const int number = static_cast<int>(code);
-  if (number <= -400) return event::kQueryError;
-  if (number <= -300 || number > 0) return event::kDeviceError;
-  if (number <= -200) return event::kExecutionError;
-  return event::kCommandError;
+  if (number <= -400) return EventBit::QueryError;
+  if (number <= -300 || number > 0) return EventBit::DeviceError;
+  if (number <= -200) return EventBit::ExecutionError;
+  return EventBit::CommandError;
 }
 
 } // namespace

@@ -7,32 +7,32 @@
 namespace portico::simulator {
 
 /// Bits of the standard event status register (IEEE 488.2).
-namespace event {
-constexpr std::uint8_t kOperationComplete = 1U << 0U;
-constexpr std::uint8_t kQueryError = 1U << 2U;
-constexpr std::uint8_t kDeviceError = 1U << 3U;
-constexpr std::uint8_t kExecutionError = 1U << 4U;
-constexpr std::uint8_t kCommandError = 1U << 5U;
-constexpr std::uint8_t kPowerOn = 1U << 7U;
-} // namespace event
+namespace EventBit {
+constexpr std::uint8_t OperationComplete = 1U << 0U;
+constexpr std::uint8_t QueryError = 1U << 2U;
+constexpr std::uint8_t DeviceError = 1U << 3U;
+constexpr std::uint8_t ExecutionError = 1U << 4U;
+constexpr std::uint8_t CommandError = 1U << 5U;
+constexpr std::uint8_t PowerOn = 1U << 7U;
+} // namespace EventBit
 
 /// Bits of the condition registers (SCPI-99) that the devices use.
-namespace operation {
-constexpr std::uint16_t kSettling = 1U << 1U;
-constexpr std::uint16_t kSweeping = 1U << 3U;
-constexpr std::uint16_t kMeasuring = 1U << 4U;
-constexpr std::uint16_t kWaitingForTrigger = 1U << 5U;
-} // namespace operation
-namespace questionable {
-constexpr std::uint16_t kVoltage = 1U << 0U;
-constexpr std::uint16_t kCurrent = 1U << 1U;
-constexpr std::uint16_t kTemperature = 1U << 4U;
-constexpr std::uint16_t kFrequency = 1U << 5U;
+namespace OperationBit {
+constexpr std::uint16_t Settling = 1U << 1U;
+constexpr std::uint16_t Sweeping = 1U << 3U;
+constexpr std::uint16_t Measuring = 1U << 4U;
+constexpr std::uint16_t WaitingForTrigger = 1U << 5U;
+} // namespace OperationBit
+namespace QuestionableBit {
+constexpr std::uint16_t Voltage = 1U << 0U;
+constexpr std::uint16_t Current = 1U << 1U;
+constexpr std::uint16_t Temperature = 1U << 4U;
+constexpr std::uint16_t Frequency = 1U << 5U;
 // From bit 9 on they are each model's own.
-constexpr std::uint16_t kResistance = 1U << 9U;
-constexpr std::uint16_t kOvervoltage = 1U << 9U;
-constexpr std::uint16_t kOvercurrent = 1U << 10U;
-} // namespace questionable
+constexpr std::uint16_t Resistance = 1U << 9U;
+constexpr std::uint16_t Overvoltage = 1U << 9U;
+constexpr std::uint16_t Overcurrent = 1U << 10U;
+} // namespace QuestionableBit
 
 /// A SCPI status register: a condition, an event that latches each rise of a condition, and a mask for the summary.
 class StatusRegister {
@@ -87,7 +87,7 @@ private:
   ErrorQueue m_errors;
   StatusRegister m_operation;
   StatusRegister m_questionable;
-  std::uint8_t m_event = event::kPowerOn;
+  std::uint8_t m_event = EventBit::PowerOn;
   std::uint8_t m_eventEnable = 0;
   std::uint8_t m_serviceEnable = 0;
 };

@@ -95,7 +95,7 @@ TEST(Device, GoesOnWithWhatUnreadAnswersHadHeld) {
   Session one;
   {
     Session lost = one.Another();
-    for (std::size_t i = 0; i < ResponseQueue::kMostMessages; ++i) lost.Send("*ESE?");
+    for (std::size_t i = 0; i < ResponseQueue::MostMessages; ++i) lost.Send("*ESE?");
     lost.Send("*ESE 9");
     EXPECT_EQ(one.Ask("*ESE?"), "0");
   }
@@ -181,9 +181,9 @@ TEST(Device, ADeadlockDropsTheAnswersOfItsConnectionOnly) {
   Session one;
   Session two = one.Another();
   two.Send("*SRE?");
-  for (std::size_t i = 0; i < ResponseQueue::kMostMessages; ++i) one.Send("*ESE?");
-  const std::string filler(Connection::kLongestMessage - 1, ' ');
-  for (std::size_t i = 0; i < Connection::kMostInputBytes / Connection::kLongestMessage + 1; ++i) one.Send(filler);
+  for (std::size_t i = 0; i < ResponseQueue::MostMessages; ++i) one.Send("*ESE?");
+  const std::string filler(Connection::LongestMessage - 1, ' ');
+  for (std::size_t i = 0; i < Connection::MostInputBytes / Connection::LongestMessage + 1; ++i) one.Send(filler);
   EXPECT_FALSE(one.Read());
   EXPECT_EQ(two.Read(), "0");
   EXPECT_EQ(two.Error(), "-430,\"Query DEADLOCKED\"");

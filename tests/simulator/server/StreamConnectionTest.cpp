@@ -63,7 +63,7 @@ TEST(StreamConnection, UnreadAnswersAreKeptInTheirOrder) {
 
 TEST(StreamConnection, AMessageOverTheLimitIsDiscarded) {
   Session session;
-  const std::string text(Connection::kLongestMessage, 'x');
+  const std::string text(Connection::LongestMessage, 'x');
   session.Send("DISP:TEXT \"" + text + "\"");
   EXPECT_EQ(session.Error(), "-363,\"Input buffer overrun\"");
   EXPECT_EQ(session.Error(), "0,\"No error\"");
@@ -72,18 +72,18 @@ TEST(StreamConnection, AMessageOverTheLimitIsDiscarded) {
 TEST(StreamConnection, AMessageOfTheLimitIsCarriedOut) {
   Session session;
   std::string message = "*ESE?";
-  message.resize(Connection::kLongestMessage, ' ');
+  message.resize(Connection::LongestMessage, ' ');
   EXPECT_EQ(session.Ask(message), "0");
 }
 
 TEST(StreamConnection, InputHeldByAnOperationIsBounded) {
   Session session;
   session.Send("SENS:VOLT:NPLC 100;:INIT;*WAI");
-  const std::string filler(Connection::kLongestMessage - 1, ' ');
+  const std::string filler(Connection::LongestMessage - 1, ' ');
   int sent = 0;
   for (; session.Connection().AcceptsInput(); ++sent) session.Send(filler);
-  EXPECT_EQ(static_cast<std::size_t>(sent), Connection::kMostInputBytes / 2 / Connection::kLongestMessage);
-  for (; static_cast<std::size_t>(sent) < Connection::kMostInputBytes / Connection::kLongestMessage + 2; ++sent) {
+  EXPECT_EQ(static_cast<std::size_t>(sent), Connection::MostInputBytes / 2 / Connection::LongestMessage);
+  for (; static_cast<std::size_t>(sent) < Connection::MostInputBytes / Connection::LongestMessage + 2; ++sent) {
     session.Send(filler);
   }
   session.Advance(std::chrono::seconds(2));
@@ -93,9 +93,9 @@ TEST(StreamConnection, InputHeldByAnOperationIsBounded) {
 
 TEST(StreamConnection, FullBuffersOnBothSidesAreADeadlock) {
   Session session;
-  for (std::size_t i = 0; i < ResponseQueue::kMostMessages; ++i) session.Send("*ESE?");
-  const std::string filler(Connection::kLongestMessage - 1, ' ');
-  for (std::size_t i = 0; i < Connection::kMostInputBytes / Connection::kLongestMessage + 1; ++i) session.Send(filler);
+  for (std::size_t i = 0; i < ResponseQueue::MostMessages; ++i) session.Send("*ESE?");
+  const std::string filler(Connection::LongestMessage - 1, ' ');
+  for (std::size_t i = 0; i < Connection::MostInputBytes / Connection::LongestMessage + 1; ++i) session.Send(filler);
   EXPECT_EQ(session.Read(), std::nullopt);
   EXPECT_EQ(session.Error(), "-430,\"Query DEADLOCKED\"");
   EXPECT_EQ(session.Ask("*ESR?"), "132");

@@ -34,9 +34,9 @@ TEST(ErrorQueue, GivesAllAtOnce) {
 
 TEST(ErrorQueue, TheLastPlaceTellsOfTheOverflow) {
   ErrorQueue queue;
-  for (std::size_t i = 0; i < ErrorQueue::kCapacity + 5; ++i) queue.Push(ErrorCode::UndefinedHeader);
-  EXPECT_EQ(queue.Size(), ErrorQueue::kCapacity);
-  for (std::size_t i = 0; i + 1 < ErrorQueue::kCapacity; ++i) EXPECT_EQ(queue.Pop(), "-113,\"Undefined header\"");
+  for (std::size_t i = 0; i < ErrorQueue::Capacity + 5; ++i) queue.Push(ErrorCode::UndefinedHeader);
+  EXPECT_EQ(queue.Size(), ErrorQueue::Capacity);
+  for (std::size_t i = 0; i + 1 < ErrorQueue::Capacity; ++i) EXPECT_EQ(queue.Pop(), "-113,\"Undefined header\"");
   EXPECT_EQ(queue.Pop(), "-350,\"Queue overflow\"");
   EXPECT_EQ(queue.Size(), 0U);
 }

@@ -44,7 +44,7 @@ protected:
 
 private:
   void Start(const Call& /*call*/) {
-    m_executor.StartOperation(milliseconds(10), operation::kMeasuring, [this] { ++m_done; });
+    m_executor.StartOperation(milliseconds(10), OperationBit::Measuring, [this] { ++m_done; });
   }
   void Cancel(const Call& /*call*/) { m_executor.CancelOperation(); }
   void Hold(const Call& /*call*/) {
@@ -53,12 +53,12 @@ private:
   void Echo(const Call& call) { m_executor.Respond(call.String(0)); }
   void Fail(const Call& /*call*/) { throw ScpiError(ErrorCode::DataOutOfRange); }
   void Done(const Call& /*call*/) { m_executor.Respond(std::to_string(m_done)); }
-  void Big(const Call& /*call*/) { m_executor.Respond(std::string(MessageExchange::kLongestResponse / 2, 'x')); }
+  void Big(const Call& /*call*/) { m_executor.Respond(std::string(MessageExchange::LongestResponse / 2, 'x')); }
   void Report(const Call& /*call*/) { m_executor.ReportCompletion(); }
-  void Wait(const Call& /*call*/) { m_executor.StartOperation(Executor::kForever, operation::kMeasuring); }
+  void Wait(const Call& /*call*/) { m_executor.StartOperation(Executor::Forever, OperationBit::Measuring); }
   void Twice(const Call& /*call*/) {
-    m_executor.StartOperation(milliseconds(10), operation::kSettling,
-                              [this] { m_executor.StartOperation(milliseconds(10), operation::kMeasuring); });
+    m_executor.StartOperation(milliseconds(10), OperationBit::Settling,
+                              [this] { m_executor.StartOperation(milliseconds(10), OperationBit::Measuring); });
   }
 };
 
@@ -94,7 +94,7 @@ TEST_F(ExecutorTest, AnOperationEndsInItsTime) {
   Submit("STAR");
   EXPECT_TRUE(m_executor.OperationPending());
   EXPECT_EQ(m_executor.OperationEnd(), kStart + milliseconds(10));
-  EXPECT_EQ(m_status.Operation().Condition(), operation::kMeasuring);
+  EXPECT_EQ(m_status.Operation().Condition(), OperationBit::Measuring);
   Advance(milliseconds(9));
   EXPECT_EQ(m_done, 0);
   Advance(milliseconds(1));
@@ -146,7 +146,7 @@ TEST_F(ExecutorTest, ReportsCompletionOnce) {
   Submit("STAR;REP");
   EXPECT_EQ(m_status.TakeEvent(), 0);
   Advance(milliseconds(10));
-  EXPECT_EQ(m_status.TakeEvent(), event::kOperationComplete);
+  EXPECT_EQ(m_status.TakeEvent(), EventBit::OperationComplete);
   Submit("STAR");
   Advance(milliseconds(10));
   EXPECT_EQ(m_status.TakeEvent(), 0);
@@ -156,11 +156,11 @@ TEST_F(ExecutorTest, AnOperationMayGoOnInAnother) {
   m_status.TakeEvent();
   Submit("TWIC;REP;HOLD?");
   Advance(milliseconds(10));
-  EXPECT_EQ(m_status.Operation().Condition(), operation::kMeasuring);
+  EXPECT_EQ(m_status.Operation().Condition(), OperationBit::Measuring);
   EXPECT_EQ(m_status.TakeEvent(), 0);
   EXPECT_EQ(Pop(), "(none)");
   Advance(milliseconds(10));
-  EXPECT_EQ(m_status.TakeEvent(), event::kOperationComplete);
+  EXPECT_EQ(m_status.TakeEvent(), EventBit::OperationComplete);
   EXPECT_EQ(Pop(), "held\n");
 }
 
@@ -173,7 +173,7 @@ TEST_F(ExecutorTest, AnOperationMayWaitForEver) {
 }
 
 TEST_F(ExecutorTest, WhatIsOfAnAbandonedExchangeGoesOn) {
-  for (std::size_t i = 0; i < ResponseQueue::kMostMessages + 1; ++i) Submit("ECHO? 'a'");
+  for (std::size_t i = 0; i < ResponseQueue::MostMessages + 1; ++i) Submit("ECHO? 'a'");
   Submit("FAIL?;STAR");
   EXPECT_FALSE(m_executor.OperationPending());
   m_exchange->Abandon();
@@ -193,7 +193,7 @@ TEST_F(ExecutorTest, AResponseBeyondAllMeasureIsDeadlocked) {
 }
 
 TEST_F(ExecutorTest, FullOutputHoldsTheInput) {
-  for (std::size_t i = 0; i < ResponseQueue::kMostMessages + 1; ++i) Submit("ECHO? 'a'");
+  for (std::size_t i = 0; i < ResponseQueue::MostMessages + 1; ++i) Submit("ECHO? 'a'");
   EXPECT_TRUE(m_exchange->HeldByOutput());
   EXPECT_GT(m_exchange->InputBytes(), 0U);
   EXPECT_EQ(Pop(), "a\n");

@@ -35,7 +35,7 @@ TEST(ResponseQueue, ADelayedMessageHoldsThoseBehindIt) {
 
 TEST(ResponseQueue, IsFullByCount) {
   ResponseQueue queue;
-  for (std::size_t i = 0; i < ResponseQueue::kMostMessages; ++i) {
+  for (std::size_t i = 0; i < ResponseQueue::MostMessages; ++i) {
     EXPECT_FALSE(queue.Full());
     queue.Push("a", kStart);
   }
@@ -46,7 +46,7 @@ TEST(ResponseQueue, IsFullByCount) {
 
 TEST(ResponseQueue, IsFullBySize) {
   ResponseQueue queue;
-  queue.Push(std::string(ResponseQueue::kMostBytes - 2, 'x'), kStart);
+  queue.Push(std::string(ResponseQueue::MostBytes - 2, 'x'), kStart);
   EXPECT_FALSE(queue.Full());
   queue.Push("", kStart);
   EXPECT_TRUE(queue.Full());

@@ -7,29 +7,29 @@ namespace {
 
 TEST(StatusRegister, LatchesARiseUntilItIsRead) {
   StatusRegister status;
-  status.Set(operation::kMeasuring);
-  status.Clear(operation::kMeasuring);
+  status.Set(OperationBit::Measuring);
+  status.Clear(OperationBit::Measuring);
   EXPECT_EQ(status.Condition(), 0);
-  EXPECT_EQ(status.TakeEvent(), operation::kMeasuring);
+  EXPECT_EQ(status.TakeEvent(), OperationBit::Measuring);
   EXPECT_EQ(status.TakeEvent(), 0);
 }
 
 TEST(StatusRegister, AConditionThatStaysIsNoNewEvent) {
   StatusRegister status;
-  status.Set(operation::kMeasuring);
+  status.Set(OperationBit::Measuring);
   status.TakeEvent();
-  status.Set(operation::kMeasuring);
+  status.Set(OperationBit::Measuring);
   EXPECT_EQ(status.TakeEvent(), 0);
-  EXPECT_EQ(status.Condition(), operation::kMeasuring);
+  EXPECT_EQ(status.Condition(), OperationBit::Measuring);
 }
 
 TEST(StatusRegister, SummarisesEnabledEvents) {
   StatusRegister status;
-  status.Set(operation::kSettling);
+  status.Set(OperationBit::Settling);
   EXPECT_FALSE(status.Summary());
-  status.SetEnable(operation::kMeasuring);
+  status.SetEnable(OperationBit::Measuring);
   EXPECT_FALSE(status.Summary());
-  status.SetEnable(operation::kSettling);
+  status.SetEnable(OperationBit::Settling);
   EXPECT_TRUE(status.Summary());
 }
 
@@ -41,16 +41,16 @@ TEST(StatusRegister, NeverEnablesBit15) {
 
 TEST(StatusModel, BeginsWithPowerOn) {
   StatusModel status;
-  EXPECT_EQ(status.TakeEvent(), event::kPowerOn);
+  EXPECT_EQ(status.TakeEvent(), EventBit::PowerOn);
   EXPECT_EQ(status.TakeEvent(), 0);
 }
 
 TEST(StatusModel, EachClassOfErrorHasItsBit) {
   const std::pair<ErrorCode, std::uint8_t> expected[] = {
-      {ErrorCode::UndefinedHeader, event::kCommandError},     {ErrorCode::DataOutOfRange, event::kExecutionError},
-      {ErrorCode::QueueOverflow, event::kDeviceError},        {ErrorCode::QueryDeadlocked, event::kQueryError},
-      {static_cast<ErrorCode>(100), event::kDeviceError},     {static_cast<ErrorCode>(-100), event::kCommandError},
-      {static_cast<ErrorCode>(-200), event::kExecutionError}, {static_cast<ErrorCode>(-400), event::kQueryError},
+      {ErrorCode::UndefinedHeader, EventBit::CommandError},     {ErrorCode::DataOutOfRange, EventBit::ExecutionError},
+      {ErrorCode::QueueOverflow, EventBit::DeviceError},        {ErrorCode::QueryDeadlocked, EventBit::QueryError},
+      {static_cast<ErrorCode>(100), EventBit::DeviceError},     {static_cast<ErrorCode>(-100), EventBit::CommandError},
+      {static_cast<ErrorCode>(-200), EventBit::ExecutionError}, {static_cast<ErrorCode>(-400), EventBit::QueryError},
   };
   for (const auto& [code, bit] : expected) {
     StatusModel status;
@@ -68,13 +68,13 @@ TEST(StatusModel, TheStatusByteGathersTheSummaries) {
   EXPECT_EQ(status.StatusByte(true), 16);
   status.Raise(ErrorCode::UndefinedHeader);
   EXPECT_EQ(status.StatusByte(false), 4);
-  status.SetEventEnable(event::kCommandError);
+  status.SetEventEnable(EventBit::CommandError);
   EXPECT_EQ(status.StatusByte(false), 4 + 32);
-  status.Operation().SetEnable(operation::kMeasuring);
-  status.Operation().Set(operation::kMeasuring);
+  status.Operation().SetEnable(OperationBit::Measuring);
+  status.Operation().Set(OperationBit::Measuring);
   EXPECT_EQ(status.StatusByte(false), 4 + 32 + 128);
-  status.Questionable().SetEnable(questionable::kVoltage);
-  status.Questionable().Set(questionable::kVoltage);
+  status.Questionable().SetEnable(QuestionableBit::Voltage);
+  status.Questionable().Set(QuestionableBit::Voltage);
   EXPECT_EQ(status.StatusByte(false), 4 + 8 + 32 + 128);
 }
 

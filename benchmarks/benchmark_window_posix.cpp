@@ -35,6 +35,7 @@
 namespace {
 
 using namespace portico;
+using namespace portico::drivers;
 using Clock = std::chrono::steady_clock;
 
 constexpr int Queries = 10'000;

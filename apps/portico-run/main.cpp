@@ -23,6 +23,7 @@
 namespace {
 
 using namespace portico;
+using namespace portico::drivers;
 using namespace portico::terminal;
 
 constexpr std::uint64_t SimulatorSeed = 1; // fixed, so that a run on a simulated instrument can be repeated

@@ -20,6 +20,7 @@
 namespace {
 
 using namespace portico;
+using namespace portico::drivers;
 
 constexpr std::uint64_t SimulatorSeed = 1; // a simulated instrument measures the same each time
 

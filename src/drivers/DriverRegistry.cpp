@@ -1,6 +1,6 @@
 #include "drivers/DriverRegistry.h"
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 constexpr StringView DriverKey = u"SOFTWARE\\Tolvane Instruments Inc.\\TolvaneIOLayer\\InstalledDrivers\\TVSCPI";
@@ -35,4 +35,4 @@ std::int32_t DriverRegistry::RegQueryValueExA(std::int32_t Key, const String& Na
 
 std::int32_t DriverRegistry::RegCloseKey(std::int32_t Key) { return Key == DriverKeyHandle ? Success : InvalidHandle; }
 
-} // namespace portico
+} // namespace portico::drivers

@@ -2,7 +2,7 @@
 
 #include "platform/IRegistry.h"
 
-namespace portico {
+namespace portico::drivers {
 
 /// Where the built-in driver says which version it is: one key of the machine with the one value "Version".
 class DriverRegistry final : public IRegistry {
@@ -18,4 +18,4 @@ private:
   std::string m_version;
 };
 
-} // namespace portico
+} // namespace portico::drivers

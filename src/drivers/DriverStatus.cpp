@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 struct StatusEntry {
@@ -90,4 +90,4 @@ void WriteErrorMessage(std::string_view message, char* buffer) {
   *end = '\0';
 }
 
-} // namespace portico
+} // namespace portico::drivers

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace portico {
+namespace portico::drivers {
 
 /// What a driver function answers. The numbers and names never change; new ones are added at the end.
 enum class DriverStatus : std::int32_t {
@@ -54,4 +54,4 @@ std::string StatusMessage(std::int32_t status, std::string_view detail = {});
 /// Writes the message, a line feed and a zero byte to the start of `buffer` (of ErrorMessageBufferSize bytes).
 void WriteErrorMessage(std::string_view message, char* buffer);
 
-} // namespace portico
+} // namespace portico::drivers

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace portico {
+namespace portico::drivers {
 
 /// An address and port in the form that the operating system's socket functions take.
 using NetworkAddress = std::vector<std::byte>;
@@ -23,4 +23,4 @@ struct HostLookup {
 /// look-up may take longer: that then ends unheard on a thread of its own.
 HostLookup LookUpHost(const std::string& host, std::uint16_t port, TimePoint deadline);
 
-} // namespace portico
+} // namespace portico::drivers

@@ -8,7 +8,7 @@
 #include <system_error>
 #include <thread>
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 HostLookup Ask(const std::string& host, std::uint16_t port, int flags) {
@@ -45,4 +45,4 @@ HostLookup LookUpHost(const std::string& host, std::uint16_t port, TimePoint dea
   return {{DriverStatus::ConnectTimeout, "the look-up of the name " + host}};
 }
 
-} // namespace portico
+} // namespace portico::drivers

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-namespace portico {
+namespace portico::drivers {
 
 /// A moment on a clock that never runs backwards; a deadline is one too.
 using TimePoint = std::chrono::steady_clock::time_point;
@@ -18,4 +18,4 @@ public:
   virtual void SleepUntil(TimePoint moment) = 0;
 };
 
-} // namespace portico
+} // namespace portico::drivers

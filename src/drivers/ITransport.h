@@ -8,7 +8,7 @@
 #include <memory>
 #include <string_view>
 
-namespace portico {
+namespace portico::drivers {
 
 class ResourceName;
 
@@ -44,4 +44,4 @@ public:
 /// Makes the transport for a name of the kind that it is registered for.
 using TransportFactory = std::function<std::unique_ptr<ITransport>(const ResourceName&)>;
 
-} // namespace portico
+} // namespace portico::drivers

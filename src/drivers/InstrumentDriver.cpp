@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <variant>
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 std::int32_t Number(DriverStatus status) { return static_cast<std::int32_t>(status); }
@@ -109,4 +109,4 @@ std::int32_t InstrumentDriver::OnSession(std::int32_t session, Operation operati
   return Number(result.status);
 }
 
-} // namespace portico
+} // namespace portico::drivers

@@ -10,7 +10,7 @@
 #include <memory>
 #include <string>
 
-namespace portico {
+namespace portico::drivers {
 
 /// Which transport serves which kind of interface; a kind that is missing is not supported.
 using TransportRegistry = std::map<InterfaceKind, TransportFactory>;
@@ -57,4 +57,4 @@ private:
   DriverResult m_lastOpenFailure;
 };
 
-} // namespace portico
+} // namespace portico::drivers

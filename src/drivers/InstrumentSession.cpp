@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 /// The caller's buffer while a message goes into it. The last byte stays free for the zero byte.
@@ -60,7 +60,7 @@ DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count
   if (buffer.empty()) return {DriverStatus::InvalidBuffer};
   if (!m_connection.Succeeded()) return {DriverStatus::NotConnected, ReasonFor(m_connection)};
   const TimePoint deadline = Deadline();
-  wire::MessageReader reader(m_attributes.Termination());
+  MessageReader reader(m_attributes.Termination());
   MessageSink sink(buffer);
   std::size_t length = 0;
   while (!reader.Complete()) {
@@ -105,4 +105,4 @@ DriverResult InstrumentSession::Fill(TimePoint deadline) {
   return {};
 }
 
-} // namespace portico
+} // namespace portico::drivers

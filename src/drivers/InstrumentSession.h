@@ -11,7 +11,7 @@
 #include <span>
 #include <string>
 
-namespace portico {
+namespace portico::drivers {
 
 /// What every session of a driver shares.
 struct SessionOptions {
@@ -66,4 +66,4 @@ private:
   DriverResult m_lastFailure;
 };
 
-} // namespace portico
+} // namespace portico::drivers

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string_view>
 
-namespace portico {
+namespace portico::drivers {
 
 /// Bytes that have come from the transport but were not yet read. Allocated once and never cleared; filled only while
 /// it is empty, so nothing is ever moved.
@@ -38,4 +38,4 @@ private:
   bool m_endsMessage = false;
 };
 
-} // namespace portico
+} // namespace portico::drivers

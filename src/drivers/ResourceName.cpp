@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 using ParseResult = std::variant<ResourceName, ResourceNameError>;
@@ -251,4 +251,4 @@ ParseResult ResourceName::Parse(std::string_view text) {
 
 std::string ResourceName::Canonical() const { return std::visit(CanonicalWriter(), m_address); }
 
-} // namespace portico
+} // namespace portico::drivers

@@ -6,7 +6,7 @@
 #include <utility>
 #include <variant>
 
-namespace portico {
+namespace portico::drivers {
 
 /// A raw TCP socket: `TCPIP[n]::HOST::PORT::SOCKET`.
 struct SocketAddress {
@@ -74,4 +74,4 @@ private:
   Address m_address;
 };
 
-} // namespace portico
+} // namespace portico::drivers

@@ -2,7 +2,7 @@
 
 #include "platform/IInstrumentDriver.h"
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 DriverResult Unknown(std::int32_t attribute) { return {DriverStatus::UnknownAttribute, std::to_string(attribute)}; }
@@ -23,7 +23,7 @@ DriverResult SessionAttributes::Get(std::int32_t attribute, std::string& text) c
 
 DriverResult SessionAttributes::Set(std::int32_t attribute, std::int32_t value) {
   if (attribute != TVSCPI_ATTR_TERMCHAR) return Unknown(attribute);
-  const auto termination = wire::ToTermination(value);
+  const auto termination = ToTermination(value);
   if (!termination) {
     return {DriverStatus::InvalidAttributeValue,
             "TERMCHAR " + std::to_string(value) + ", which is none of 0, 10, 11, 13 and 14"};
@@ -38,4 +38,4 @@ DriverResult SessionAttributes::Set(std::int32_t attribute, const std::string& t
   return {};
 }
 
-} // namespace portico
+} // namespace portico::drivers

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-namespace portico {
+namespace portico::drivers {
 
 /// What can be set on a session. It outlives the connection, so nothing is lost by connecting anew.
 class SessionAttributes {
@@ -16,11 +16,11 @@ public:
   DriverResult Set(std::int32_t attribute, std::int32_t value);
   DriverResult Set(std::int32_t attribute, const std::string& text);
 
-  wire::Termination Termination() const { return m_termination; }
+  drivers::Termination Termination() const { return m_termination; }
 
 private:
-  wire::Termination m_termination = wire::Termination::Auto;
+  drivers::Termination m_termination = drivers::Termination::Auto;
   std::string m_errorQuery = "SYST:ERR?";
 };
 
-} // namespace portico
+} // namespace portico::drivers

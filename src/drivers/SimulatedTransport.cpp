@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace portico {
+namespace portico::drivers {
 
 SimulatedTransport::SimulatedTransport(std::string device, SimulatorConnector connect, IClock& clock)
     : m_device(std::move(device)), m_connect(std::move(connect)), m_clock(clock) {}
@@ -47,4 +47,4 @@ bool SimulatedTransport::AwaitResponse(TimePoint deadline) {
   }
 }
 
-} // namespace portico
+} // namespace portico::drivers

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-namespace portico {
+namespace portico::drivers {
 
 /// Connects to the simulated instrument of a device name; a null pointer if there is none of that name. The instruments
 /// live as long as the function.
@@ -40,4 +40,4 @@ private:
   std::size_t m_position = 0;
 };
 
-} // namespace portico
+} // namespace portico::drivers

@@ -2,7 +2,7 @@
 
 #include "drivers/TcpTransport.h"
 
-namespace portico {
+namespace portico::drivers {
 
 TransportRegistry StandardTransports(SimulatorConnector connect, IClock& clock) {
   TransportRegistry transports;
@@ -17,4 +17,4 @@ TransportRegistry StandardTransports(SimulatorConnector connect, IClock& clock) 
   return transports;
 }
 
-} // namespace portico
+} // namespace portico::drivers

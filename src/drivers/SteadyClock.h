@@ -4,7 +4,7 @@
 
 #include <thread>
 
-namespace portico {
+namespace portico::drivers {
 
 /// The real time.
 class SteadyClock final : public IClock {
@@ -13,4 +13,4 @@ public:
   void SleepUntil(TimePoint moment) override { std::this_thread::sleep_until(moment); }
 };
 
-} // namespace portico
+} // namespace portico::drivers

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-namespace portico {
+namespace portico::drivers {
 
 /// A raw TCP connection: bytes only, without any mark of where a message ends. Time-outs run on the real clock.
 class TcpTransport final : public ITransport {
@@ -41,4 +41,4 @@ private:
   std::chrono::milliseconds m_patience{};
 };
 
-} // namespace portico
+} // namespace portico::drivers

@@ -11,7 +11,7 @@
 #include <system_error>
 #include <unistd.h>
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 /// Waits for `events` on the socket. Answers 0, ETIMEDOUT, or the system's error number.
@@ -132,4 +132,4 @@ DriverResult TcpTransport::Failure(int error, DriverStatus otherwise) const {
   return {otherwise, m_peer + ", " + std::generic_category().message(error)};
 }
 
-} // namespace portico
+} // namespace portico::drivers

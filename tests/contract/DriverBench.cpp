@@ -11,6 +11,8 @@
 namespace portico::test {
 namespace {
 
+using namespace drivers;
+
 class SocketBench final : public DriverBench {
 public:
   SocketBench(InstrumentScript script, std::chrono::milliseconds timeout)

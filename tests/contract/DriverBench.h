@@ -55,6 +55,8 @@ inline void PrintTo(const DriverBenchKind& kind, std::ostream* stream) { *stream
 
 inline std::string BenchName(const testing::TestParamInfo<DriverBenchKind>& info) { return info.param.name; }
 
+using drivers::DriverStatus;
+
 inline constexpr std::int32_t kSuccess = 0;
 inline constexpr std::int32_t Code(DriverStatus status) { return static_cast<std::int32_t>(status); }
 

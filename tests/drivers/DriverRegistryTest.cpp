@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 constexpr char16_t DriverKey[] = u"SOFTWARE\\Tolvane Instruments Inc.\\TolvaneIOLayer\\InstalledDrivers\\TVSCPI";
@@ -60,4 +60,4 @@ TEST_F(DriverRegistryTest, AKeyThatIsNotOpenHasNoValuesAndCannotBeClosed) {
 }
 
 } // namespace
-} // namespace portico
+} // namespace portico::drivers

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <set>
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 struct StatusRow {
@@ -103,4 +103,4 @@ TEST(DriverResult, OnlySuccessIsSuccess) {
 }
 
 } // namespace
-} // namespace portico
+} // namespace portico::drivers

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 TimePoint Soon() { return TimePoint::clock::now() + std::chrono::seconds(5); }
@@ -37,4 +37,4 @@ TEST(HostLookup, ThePortIsPartOfTheAddress) {
 }
 
 } // namespace
-} // namespace portico
+} // namespace portico::drivers

@@ -9,6 +9,8 @@
 namespace portico::test {
 namespace {
 
+using namespace drivers;
+
 class InstrumentDriverTest : public testing::Test {
 protected:
   static std::int32_t Code(DriverStatus status) { return static_cast<std::int32_t>(status); }

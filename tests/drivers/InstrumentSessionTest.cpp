@@ -10,6 +10,8 @@
 namespace portico::test {
 namespace {
 
+using namespace drivers;
+
 using testing::Each;
 using testing::ElementsAre;
 

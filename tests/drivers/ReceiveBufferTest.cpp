@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 class ReceiveBufferTest : public testing::Test {
@@ -57,4 +57,4 @@ TEST_F(ReceiveBufferTest, HoldsItsWholeCapacity) {
 }
 
 } // namespace
-} // namespace portico
+} // namespace portico::drivers

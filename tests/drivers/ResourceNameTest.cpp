@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 ResourceName Parsed(std::string_view text) {
@@ -166,4 +166,4 @@ TEST(ResourceName, TakesTheOthersApart) {
 }
 
 } // namespace
-} // namespace portico
+} // namespace portico::drivers

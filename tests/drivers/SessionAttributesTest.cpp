@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 TEST(SessionAttributes, HaveTheirDefaults) {
@@ -15,13 +15,13 @@ TEST(SessionAttributes, HaveTheirDefaults) {
   std::string text;
   EXPECT_TRUE(attributes.Get(TVSCPI_ATTR_ERRORQUERYSCPI, text).Succeeded());
   EXPECT_EQ(text, "SYST:ERR?");
-  EXPECT_EQ(attributes.Termination(), wire::Termination::Auto);
+  EXPECT_EQ(attributes.Termination(), Termination::Auto);
 }
 
 TEST(SessionAttributes, TermcharSetsTheTermination) {
   SessionAttributes attributes;
   EXPECT_TRUE(attributes.Set(TVSCPI_ATTR_TERMCHAR, 14).Succeeded());
-  EXPECT_EQ(attributes.Termination(), wire::Termination::LineFeedCarriageReturn);
+  EXPECT_EQ(attributes.Termination(), Termination::LineFeedCarriageReturn);
 }
 
 TEST(SessionAttributes, ABadTermcharLeavesTheOldOne) {
@@ -30,7 +30,7 @@ TEST(SessionAttributes, ABadTermcharLeavesTheOldOne) {
   const DriverResult result = attributes.Set(TVSCPI_ATTR_TERMCHAR, 12);
   EXPECT_EQ(result.status, DriverStatus::InvalidAttributeValue);
   EXPECT_EQ(result.detail, "TERMCHAR 12, which is none of 0, 10, 11, 13 and 14");
-  EXPECT_EQ(attributes.Termination(), wire::Termination::CarriageReturn);
+  EXPECT_EQ(attributes.Termination(), Termination::CarriageReturn);
 }
 
 TEST(SessionAttributes, TheErrorQueryMayBeEmpty) {
@@ -54,4 +54,4 @@ TEST(SessionAttributes, AnAttributeHasOneType) {
 }
 
 } // namespace
-} // namespace portico
+} // namespace portico::drivers

@@ -9,6 +9,8 @@
 namespace portico::test {
 namespace {
 
+using namespace drivers;
+
 using std::chrono::milliseconds;
 
 class SimulatedTransportTest : public testing::Test {

@@ -8,6 +8,8 @@
 namespace portico::test {
 namespace {
 
+using namespace drivers;
+
 class MockObserver : public IDriverObserver {
 public:
   MOCK_METHOD(void, Reconnected, (const std::string& resourceName), (override));

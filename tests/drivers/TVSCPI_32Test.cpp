@@ -7,7 +7,7 @@
 #include <string>
 #include <type_traits>
 
-namespace portico {
+namespace portico::drivers {
 namespace {
 
 /// What a C++ parameter of the seam is in the C header.
@@ -81,4 +81,4 @@ TEST(TVSCPI_32, AFailedOpenHasAMessage) {
 }
 
 } // namespace
-} // namespace portico
+} // namespace portico::drivers

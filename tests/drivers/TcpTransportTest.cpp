@@ -10,6 +10,8 @@
 namespace portico::test {
 namespace {
 
+using namespace drivers;
+
 TimePoint In(std::chrono::milliseconds time) { return TimePoint::clock::now() + time; }
 TimePoint Soon() { return In(std::chrono::seconds(5)); }
 TimePoint VerySoon() { return In(std::chrono::milliseconds(50)); }

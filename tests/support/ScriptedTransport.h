@@ -10,16 +10,16 @@
 namespace portico::test {
 
 /// A transport whose reads bring exactly the pieces that the test laid down, and time out behind them.
-class ScriptedTransport final : public ITransport {
+class ScriptedTransport final : public drivers::ITransport {
 public:
   /// What passed through it; outlives the transport, which a session owns.
   struct Record {
-    std::deque<Received> reads = {};
+    std::deque<drivers::Received> reads = {};
     std::deque<std::string> bytes = {};
-    DriverResult openResult = {};
-    DriverResult writeResult = {};
+    drivers::DriverResult openResult = {};
+    drivers::DriverResult writeResult = {};
     std::vector<std::string> written = {};
-    std::vector<TimePoint> deadlines = {};
+    std::vector<drivers::TimePoint> deadlines = {};
     int opened = 0;
     int closed = 0;
 
@@ -27,7 +27,7 @@ public:
       reads.push_back({{}, text.size(), end});
       bytes.push_back(std::move(text));
     }
-    void Fails(DriverStatus status) {
+    void Fails(drivers::DriverStatus status) {
       reads.push_back({{status}});
       bytes.emplace_back();
     }
@@ -35,21 +35,21 @@ public:
 
   explicit ScriptedTransport(Record& record) : m_record(record) {}
 
-  DriverResult Open(TimePoint deadline) override {
+  drivers::DriverResult Open(drivers::TimePoint deadline) override {
     ++m_record.opened;
     m_record.deadlines.push_back(deadline);
     return m_record.openResult;
   }
   void Close() noexcept override { ++m_record.closed; }
-  DriverResult Write(std::string_view bytes, TimePoint deadline) override {
+  drivers::DriverResult Write(std::string_view bytes, drivers::TimePoint deadline) override {
     m_record.written.emplace_back(bytes);
     m_record.deadlines.push_back(deadline);
     return m_record.writeResult;
   }
-  Received Read(char* buffer, std::size_t /*size*/, TimePoint deadline) override {
+  drivers::Received Read(char* buffer, std::size_t /*size*/, drivers::TimePoint deadline) override {
     m_record.deadlines.push_back(deadline);
-    if (m_record.reads.empty()) return {{DriverStatus::ReadTimeout}};
-    Received received = m_record.reads.front();
+    if (m_record.reads.empty()) return {{drivers::DriverStatus::ReadTimeout}};
+    drivers::Received received = m_record.reads.front();
     std::copy(m_record.bytes.front().begin(), m_record.bytes.front().end(), buffer);
     m_record.reads.pop_front();
     m_record.bytes.pop_front();

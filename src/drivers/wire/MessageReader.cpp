@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace portico::wire {
+namespace portico::drivers {
 namespace {
 
 constexpr std::size_t None = std::string_view::npos;
@@ -150,4 +150,4 @@ MessageReader::State MessageReader::ReadBlockLength(char byte) {
   return m_blockBytesLeft > 0 ? State::BlockData : State::Element;
 }
 
-} // namespace portico::wire
+} // namespace portico::drivers

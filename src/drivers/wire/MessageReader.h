@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace portico::wire {
+namespace portico::drivers {
 
 /// Finds the end of one response message in a stream of bytes that comes in pieces of any size.
 ///
@@ -71,4 +71,4 @@ private:
   std::size_t m_terminatorLength = 0;
 };
 
-} // namespace portico::wire
+} // namespace portico::drivers

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace portico::wire {
+namespace portico::drivers {
 
 /// How a response message ends; the values are those of the attribute TVSCPI_ATTR_TERMCHAR.
 enum class Termination : std::int32_t {
@@ -28,4 +28,4 @@ constexpr std::optional<Termination> ToTermination(std::int32_t value) {
   return std::nullopt;
 }
 
-} // namespace portico::wire
+} // namespace portico::drivers

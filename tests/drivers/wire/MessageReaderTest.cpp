@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace portico::wire {
+namespace portico::drivers {
 namespace {
 
 /// A stream and how its first message is to be cut off.
@@ -141,4 +141,4 @@ TEST(MessageReader, TheTransportsEndBehindATerminatorChangesNothing) {
 }
 
 } // namespace
-} // namespace portico::wire
+} // namespace portico::drivers

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace portico::wire {
+namespace portico::drivers {
 namespace {
 
 TEST(Termination, FiveValuesAreKnown) {
@@ -21,4 +21,4 @@ TEST(Termination, NoOtherValueIs) {
 }
 
 } // namespace
-} // namespace portico::wire
+} // namespace portico::drivers

@@ -11,9 +11,12 @@ class MainClosedRunTest : public MainWindowFixture {
 protected:
   MainClosedRunTest() {
     HasSpies = false;
-    const TransportFactory connect = [this](const ResourceName&) { return std::make_unique<ScriptedTransport>(Sent); };
-    gInstrumentDriver = std::make_shared<InstrumentDriver>(TransportRegistry{{InterfaceKind::Socket, connect}},
-                                                           SessionOptions{.clock = DriverClock});
+    const drivers::TransportFactory connect = [this](const drivers::ResourceName&) {
+      return std::make_unique<ScriptedTransport>(Sent);
+    };
+    gInstrumentDriver = std::make_shared<drivers::InstrumentDriver>(
+        drivers::TransportRegistry{{drivers::InterfaceKind::Socket, connect}},
+        drivers::SessionOptions{.clock = DriverClock});
     Start(u"TCPIP::dmm::5025::SOCKET");
     for (const auto* item : {u"OPCPacing", u"AutoReadAfterQueryMode", u"AutoErrorCheckingMode"}) SetItem(item, u"Off");
     Past().Text(u"");

@@ -1,5 +1,6 @@
 #include "simulator/devices/Multimeter.h"
 
+#include "simulator/language/Mnemonic.h"
 #include "simulator/language/ScpiError.h"
 
 #include <algorithm>
@@ -31,6 +32,23 @@ Multimeter::Multimeter(Executor& executor, StatusModel& status, std::uint64_t se
 void Multimeter::AddTo(CommandTree& tree) {
   using Self = Multimeter;
   static constexpr Command<Self> table[] = {
+      {"CONFigure[:VOLTage][:DC]", &Self::Configure<Measurand::DcVoltage>, 0, 2},
+      {"CONFigure:VOLTage:AC", &Self::Configure<Measurand::AcVoltage>, 0, 2},
+      {"CONFigure:CURRent[:DC]", &Self::Configure<Measurand::DcCurrent>, 0, 2},
+      {"CONFigure:CURRent:AC", &Self::Configure<Measurand::AcCurrent>, 0, 2},
+      {"CONFigure:RESistance", &Self::Configure<Measurand::Resistance>, 0, 2},
+      {"CONFigure:FRESistance", &Self::Configure<Measurand::FourWireResistance>, 0, 2},
+      {"CONFigure:FREQuency", &Self::Configure<Measurand::Frequency>, 0, 2},
+      {"CONFigure:TEMPerature", &Self::ConfigureTemperature, 0, 1},
+      {"CONFigure?", &Self::Configuration},
+      {"MEASure[:VOLTage][:DC]?", &Self::Measure<Measurand::DcVoltage>, 0, 2},
+      {"MEASure:VOLTage:AC?", &Self::Measure<Measurand::AcVoltage>, 0, 2},
+      {"MEASure:CURRent[:DC]?", &Self::Measure<Measurand::DcCurrent>, 0, 2},
+      {"MEASure:CURRent:AC?", &Self::Measure<Measurand::AcCurrent>, 0, 2},
+      {"MEASure:RESistance?", &Self::Measure<Measurand::Resistance>, 0, 2},
+      {"MEASure:FRESistance?", &Self::Measure<Measurand::FourWireResistance>, 0, 2},
+      {"MEASure:FREQuency?", &Self::Measure<Measurand::Frequency>, 0, 2},
+      {"MEASure:TEMPerature?", &Self::MeasureTemperature, 0, 1},
       {"INITiate[:IMMediate]", &Self::Initiate},
       {"ABORt", &Self::Abort},
       {"FETCh?", &Self::Fetch},
@@ -42,7 +60,7 @@ void Multimeter::AddTo(CommandTree& tree) {
       {"TRACe[:DATA]?", &Self::Trace},
   };
   tree.Add(table, *this);
-  AddSettingsTo(tree);
+  m_settingCommands.AddTo(tree);
   m_panel.AddTo(tree);
 }
 
@@ -51,6 +69,59 @@ void Multimeter::Reset() {
   m_readings.clear();
   m_panel.Reset();
   m_trace = MakeTrace(DefaultPoints);
+}
+
+// What is measured.
+
+void Multimeter::ConfigureTo(Measurand measurand, const MeasurandSetup& setup) {
+  m_settings.measurand = measurand;
+  SetupOf(measurand) = setup;
+  m_settings.trigger = {};
+}
+
+template <Measurand measurand>
+void Multimeter::Configure(const Call& call) {
+  m_executor.Supersede(
+      [this, setup = MultimeterFunction::Of(measurand).SetupFrom(call)] { ConfigureTo(measurand, setup); });
+}
+
+template <Measurand measurand>
+void Multimeter::Measure(const Call& call) {
+  m_executor.Supersede([this, setup = MultimeterFunction::Of(measurand).SetupFrom(call)] {
+    ConfigureTo(measurand, setup);
+    MeasureAndRespond();
+  });
+}
+
+void Multimeter::ConfigureTemperature(const Call& call) {
+  m_executor.Supersede([this, transducer = TransducerOf(call)] { ConfigureFor(transducer); });
+}
+
+void Multimeter::MeasureTemperature(const Call& call) {
+  m_executor.Supersede([this, transducer = TransducerOf(call)] {
+    ConfigureFor(transducer);
+    MeasureAndRespond();
+  });
+}
+
+void Multimeter::ConfigureFor(std::size_t transducer) {
+  ConfigureTo(Measurand::Temperature, MultimeterFunction::Of(Measurand::Temperature).StandardSetup());
+  m_settings.transducer = transducer;
+}
+
+std::size_t Multimeter::TransducerOf(const Call& call) {
+  return call.Count() == 0 || call.IsKeyword(0, "DEFault") ? Settings().transducer
+                                                           : call.Keyword(0, Settings::Transducers);
+}
+
+/// The function, its range, or for a temperature its transducer, and its resolution.
+void Multimeter::Configuration(const Call& /*call*/) {
+  const MeasurandSetup& setup = SetupOf(m_settings.measurand);
+  const bool temperature = m_settings.measurand == Measurand::Temperature;
+  m_executor.Respond(
+      FormatString(MultimeterFunction::Of(m_settings.measurand).ShortName() + ' ' +
+                   (temperature ? ShortOf(Settings::Transducers, m_settings.transducer) : FormatReal(setup.range)) +
+                   ',' + FormatReal(ResolutionOf(setup))));
 }
 
 // Measuring.

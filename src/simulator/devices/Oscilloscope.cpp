@@ -3,6 +3,7 @@
 #include "simulator/language/Mnemonic.h"
 #include "simulator/language/ScpiError.h"
 
+#include <cmath>
 #include <limits>
 #include <string>
 
@@ -15,6 +16,9 @@ constexpr Limits SecondsPerDivision{1E-9, 1, 1E-3, Quantity::Time};
 constexpr Limits AverageLimits{2, 1024, 8};
 constexpr Limits PointLimits{10, 1'000'000, 1000};
 
+constexpr double HeightUsed = 6;   ///< divisions, by `AUToscale`
+constexpr double PeriodsShown = 2; ///< likewise
+
 // As they are written; the short form is answered.
 constexpr std::string_view Sources[] = {"CHANnel1", "CHANnel2", "CHANnel3", "CHANnel4", "EXTernal"};
 constexpr std::string_view Couplings[] = {"DC", "AC", "GND"};
@@ -22,6 +26,16 @@ constexpr std::string_view Acquisitions[] = {"NORMal", "AVERage"};
 constexpr std::string_view SweepModes[] = {"NORMal", "AUTO"};
 constexpr std::string_view Slopes[] = {"POSitive", "NEGative"};
 constexpr std::string_view Formats[] = {"BYTE", "WORD", "ASCii"};
+
+/// The smallest of 1, 2 and 5 times a power of ten that is not below the value.
+double RoundUp(double value) {
+  value *= 1 - 1E-9; // what is one of them but for rounding stays
+  const double decade = std::pow(10, std::floor(std::log10(value)));
+  for (const double step : {1.0, 2.0, 5.0}) {
+    if (step * decade >= value) return step * decade;
+  }
+  return 10 * decade;
+}
 
 std::size_t ChannelNamed(const Call& call) {
   const std::size_t channel = call.Keyword(0, Sources);
@@ -75,12 +89,15 @@ void Oscilloscope::AddTo(CommandTree& tree) {
   tree.Add(table, *this);
 }
 
+void Oscilloscope::Reset() {
+  m_settings = {};
+  m_acquisition.Reset();
+}
+
 // Settings.
 
 Oscilloscope::Settings& Oscilloscope::Change() {
-  CatchUp();
-  m_runBegan = m_executor.Now();
-  m_sweeps = 0;
+  m_acquisition.ForgetSweeps();
   return m_settings;
 }
 
@@ -102,7 +119,7 @@ void Oscilloscope::Shown(const Call& call) { m_executor.Respond(FormatBoolean(Of
 
 void Oscilloscope::SetCoupling(const Call& call) {
   ChangeOf(call).coupling = static_cast<Settings::Coupling>(call.Keyword(0, Couplings));
-  TriggerChanged();
+  m_acquisition.TriggerChanged();
 }
 
 void Oscilloscope::Coupling(const Call& call) {
@@ -129,7 +146,7 @@ void Oscilloscope::Averages(const Call& call) {
 
 void Oscilloscope::SetSweep(const Call& call) {
   Change().trigger.automatic = call.Keyword(0, SweepModes) == 1;
-  TriggerChanged();
+  m_acquisition.TriggerChanged();
 }
 
 void Oscilloscope::Sweep(const Call& /*call*/) {
@@ -138,7 +155,7 @@ void Oscilloscope::Sweep(const Call& /*call*/) {
 
 void Oscilloscope::SetTriggerSource(const Call& call) {
   Change().trigger.source = call.Keyword(0, Sources);
-  TriggerChanged();
+  m_acquisition.TriggerChanged();
 }
 
 void Oscilloscope::TriggerSource(const Call& /*call*/) {
@@ -147,7 +164,7 @@ void Oscilloscope::TriggerSource(const Call& /*call*/) {
 
 void Oscilloscope::SetTriggerLevel(const Call& call) {
   Change().trigger.level = call.Number(0, OffsetVolts);
-  TriggerChanged();
+  m_acquisition.TriggerChanged();
 }
 
 void Oscilloscope::TriggerLevel(const Call& call) {
@@ -178,14 +195,46 @@ void Oscilloscope::Format(const Call& /*call*/) {
   m_executor.Respond(ShortOf(Formats, static_cast<std::size_t>(m_settings.format)));
 }
 
-// Measurements.
+void Oscilloscope::AutoScale(const Call& /*call*/) {
+  Settings& settings = Change();
+  Settings::Channel channel;
+  channel.shown = true;
+  settings.channels.fill(channel);
+  settings.trigger = {};
+  settings.averaging = false;
+  for (std::size_t i = 0; i < Settings::ChannelCount; ++i) {
+    const auto signal = m_acquisition.Seen(i);
+    settings.channels[i].scale = RoundUp(2 * (signal.amplitude + signal.bias) / HeightUsed);
+  }
+  settings.timeScale = RoundUp(PeriodsShown / m_acquisition.Seen(0).frequency / Settings::DivisionsAcross);
+  m_acquisition.Run();
+}
+
+// Records and measurements.
+
+void Oscilloscope::Data(const Call& /*call*/) {
+  m_acquisition.WhenRecorded([this] {
+    const auto& record = m_acquisition.Record(m_settings.source);
+    if (!record) throw ScpiError(ErrorCode::DataCorruptOrStale);
+    m_executor.Respond(record->Data(m_settings.format));
+  });
+}
+
+/// Of the record; without one, of that which the settings would give.
+void Oscilloscope::Preamble(const Call& /*call*/) {
+  m_acquisition.WhenRecorded([this] {
+    const auto& record = m_acquisition.Record(m_settings.source);
+    const WaveformScale scale = record ? record->scale : m_acquisition.ScaleOf(m_settings.source);
+    m_executor.Respond(scale.Preamble(m_settings.format));
+  });
+}
 
 void Oscilloscope::PeakToPeak(const Call& call) {
-  m_executor.Respond(FormatReal(2 * Seen(ChannelNamed(call)).amplitude));
+  m_executor.Respond(FormatReal(2 * m_acquisition.Seen(ChannelNamed(call)).amplitude));
 }
 
 void Oscilloscope::Frequency(const Call& call) {
-  const Signal signal = Seen(ChannelNamed(call));
+  const auto signal = m_acquisition.Seen(ChannelNamed(call));
   m_executor.Respond(FormatReal(signal.amplitude > 0 ? signal.frequency : std::numeric_limits<double>::quiet_NaN()));
 }
 

@@ -1,15 +1,11 @@
 #pragma once
 
 #include "simulator/devices/InstrumentModel.h"
-#include "simulator/devices/OscilloscopeSettings.h"
-#include "simulator/devices/Random.h"
+#include "simulator/devices/OscilloscopeAcquisition.h"
 #include "simulator/status/Executor.h"
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
-#include <functional>
-#include <optional>
+#include <string_view>
 
 namespace portico::simulator {
 
@@ -17,22 +13,14 @@ namespace portico::simulator {
 class Oscilloscope final : public ModelWithSettings<OscilloscopeSettings> {
 public:
   Oscilloscope(Executor& executor, StatusModel& status, std::uint64_t seed)
-      : m_executor(executor), m_status(status), m_random(seed) {}
+      : m_executor(executor), m_acquisition(m_settings, executor, status, seed) {}
 
   std::string_view Identification() const override { return "TOLVANE INSTRUMENTS,SIM-SCOPE,SIM0003,1.0"; }
   void Reset() override;
-  void Trigger() override;
+  void Trigger() override { m_acquisition.Trigger(); }
   void AddTo(CommandTree& tree) override;
 
 private:
-  /// The signal at an input.
-  struct Signal {
-    double amplitude; ///< volts
-    double frequency; ///< hertz
-    double bias;      ///< volts
-  };
-  using Records = std::array<std::optional<WaveformRecord>, Settings::ChannelCount>;
-
   // Settings.
   void SetScale(const Call& call);
   void Scale(const Call& call);
@@ -65,43 +53,24 @@ private:
   void AutoScale(const Call& call);
 
   // Acquisition and what comes of it.
-  void Run(const Call& call);
-  void Single(const Call& call);
-  void Stop(const Call& call);
-  void ForceTrigger(const Call& call);
+  void Run(const Call& /*call*/) { m_acquisition.Run(); }
+  void Single(const Call& /*call*/) { m_acquisition.Single(); }
+  void Stop(const Call& /*call*/) { m_acquisition.Stop(); }
+  void ForceTrigger(const Call& /*call*/) { m_acquisition.Trigger(); }
   void Data(const Call& call);
   void Preamble(const Call& call);
   void PeakToPeak(const Call& call);
   void Frequency(const Call& call);
 
-  void Recalling() override { CatchUp(); }
-  void Recalled() override { BeginRun(m_running); }
-  /// For all that an acquisition depends on: the sweeps so far are those of the old settings.
+  void Recalling() override { m_acquisition.CatchUp(); }
+  void Recalled() override { m_acquisition.BeginAnew(); }
+  /// For all that an acquisition depends on.
   Settings& Change();
   Settings::Channel& ChangeOf(const Call& call) { return Change().channels[call.Suffix(0) - 1]; }
   const Settings::Channel& Of(const Call& call) const { return m_settings.channels[call.Suffix(0) - 1]; }
-  Signal Seen(std::size_t channel) const;
-  /// Where in the trigger source's period the trigger is, in seconds; none if the signal does not cross the level.
-  std::optional<double> Crossing() const;
-  bool Sweeps() const { return m_settings.trigger.automatic || Crossing(); }
-  bool Armed() const { return m_executor.OperationPending() && !m_executor.OperationEnd(); }
-  void TriggerChanged();
-  Executor::Duration SweepTime() const;
-  void StartSweep();
-  void BeginRun(bool running);
-  void CatchUp();
-  void WhenRecorded(std::function<void()> then);
-  WaveformScale ScaleOf(std::size_t channel) const;
-  WaveformRecord MakeRecord(std::size_t channel);
-  Records TakeRecords();
 
   Executor& m_executor;
-  StatusModel& m_status;
-  Random m_random;
-  Records m_records;
-  bool m_running = false;
-  TimePoint m_runBegan{};
-  std::int64_t m_sweeps = 0; ///< of the run, that are over
+  OscilloscopeAcquisition m_acquisition;
 };
 
 } // namespace portico::simulator

@@ -14,6 +14,9 @@ struct OscilloscopeSettings {
   /// As a trigger's source the external input, at which there is no signal.
   static constexpr std::size_t External = ChannelCount;
 
+  /// Of the screen.
+  static constexpr double DivisionsAcross = 10;
+
   enum class Coupling : std::size_t { Dc, Ac, Ground };
 
   struct Channel {

@@ -16,7 +16,7 @@ bool IsCommand(StringView line) {
 
 } // namespace
 
-std::string CommandOutput::Add(const Entry& entry) {
+std::string CommandOutput::Add(const LogEntry& entry) {
   if (entry.Kind != "Instruction") return {};
   const auto lines = Lines(entry.Text);
   const bool fits = !lines.empty() && std::all_of(lines.begin(), lines.end(), IsCommand);

@@ -12,7 +12,7 @@ public:
   explicit CommandOutput(std::ostream& out) : m_out(out) {}
 
   /// An instruction that no command file can hold is left out.
-  std::string Add(const Entry& entry) override;
+  std::string Add(const LogEntry& entry) override;
 
 private:
   std::ostream& m_out;

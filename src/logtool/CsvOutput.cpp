@@ -26,7 +26,7 @@ void CsvOutput::OpenSession(const Session& session) {
   m_start = m_file + "," + std::to_string(++m_number) + "," + Field(session.OpenStamp) + ",";
 }
 
-std::string CsvOutput::Add(const Entry& entry) {
+std::string CsvOutput::Add(const LogEntry& entry) {
   m_out << m_start << Field(entry.Kind) << ',' << Field(entry.Stamp) << ',' << Field(ToUtf8(WithoutLineEnd(entry.Text)))
         << "\r\n";
   return {};

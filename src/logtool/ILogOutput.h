@@ -1,6 +1,6 @@
 #pragma once
 
-#include "logtool/Entry.h"
+#include "logtool/LogEntry.h"
 
 #include <string>
 
@@ -14,7 +14,7 @@ public:
   virtual void BeginFile(const std::string& /*name*/) {}
   virtual void OpenSession(const Session&) {}
   /// Answers what cannot be printed about the entity; empty if all is well.
-  virtual std::string Add(const Entry&) = 0;
+  virtual std::string Add(const LogEntry&) = 0;
   virtual void CloseSession() {}
   virtual void EndFile() {}
   /// Behind the last file.

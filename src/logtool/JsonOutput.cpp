@@ -35,7 +35,7 @@ void JsonOutput::OpenSession(const Session& session) {
             ",\"sessionClose\":" + (session.CloseStamp ? JsonString(*session.CloseStamp) : "null");
 }
 
-std::string JsonOutput::Add(const Entry& entry) {
+std::string JsonOutput::Add(const LogEntry& entry) {
   m_out << (m_first ? "\n" : ",\n") << m_start << ",\"kind\":" << JsonString(entry.Kind)
         << ",\"timestamp\":" << JsonString(entry.Stamp) << ",\"text\":" << JsonString(ToUtf8(entry.Text)) << '}';
   m_first = false;

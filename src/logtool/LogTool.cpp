@@ -48,7 +48,7 @@ public:
     if (const auto* complaint = std::get_if<std::string>(&entry)) {
       Complain(*complaint);
     } else {
-      Complain(m_output.Add(std::get<Entry>(entry)));
+      Complain(m_output.Add(std::get<LogEntry>(entry)));
     }
     if (!m_out) throw OutputEnded{errno};
   }

@@ -18,7 +18,7 @@ void ShowOutput::OpenSession(const Session& session) {
   }
 }
 
-std::string ShowOutput::Add(const Entry& entry) {
+std::string ShowOutput::Add(const LogEntry& entry) {
   const std::string_view mark = ConversationMark(FromUtf8(entry.Kind).Text);
   const std::string start = Printable(FromUtf8(entry.Stamp).Text).append(" ").append(mark);
   for (const StringView line : Lines(entry.Text)) m_out << start << Printable(line) << '\n';

@@ -14,7 +14,7 @@ public:
 
   void BeginFile(const std::string& name) override;
   void OpenSession(const Session& session) override;
-  std::string Add(const Entry& entry) override;
+  std::string Add(const LogEntry& entry) override;
 
 private:
   std::ostream& m_out;

@@ -58,7 +58,7 @@ void StatisticsOutput::OpenSession(const Session& session) {
   m_last = session.CloseStamp.value_or("");
 }
 
-std::string StatisticsOutput::Add(const Entry& entry) {
+std::string StatisticsOutput::Add(const LogEntry& entry) {
   const bool answersErrorQuery = m_asksForError && entry.Kind == "Response";
   m_asksForError = false;
   if (entry.Kind == "Instruction") {

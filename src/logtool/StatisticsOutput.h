@@ -15,7 +15,7 @@ public:
 
   void BeginFile(const std::string& name) override;
   void OpenSession(const Session& session) override;
-  std::string Add(const Entry& entry) override;
+  std::string Add(const LogEntry& entry) override;
   void CloseSession() override { EndSession(); }
   void EndFile() override;
   void End() override;

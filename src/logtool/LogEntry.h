@@ -18,7 +18,7 @@ struct Session {
 };
 
 /// One entity of a log.
-struct Entry {
+struct LogEntry {
   /// Its data type, such as "Instruction".
   std::string Kind;
   std::string Stamp;
@@ -28,7 +28,7 @@ struct Entry {
 Session ReadSession(const LogElement& element);
 
 /// The entity, or what is wrong with its payload.
-std::variant<Entry, std::string> ReadEntry(const LogElement& element);
+std::variant<LogEntry, std::string> ReadEntry(const LogElement& element);
 
 /// The lines of a text, without their line ends; a line end behind the last makes no further line.
 std::vector<StringView> Lines(StringView text);

@@ -1,4 +1,4 @@
-#include "logtool/Entry.h"
+#include "logtool/LogEntry.h"
 
 #include "document/encoders/CHexEncoder.h"
 #include "document/log/LogText.h"
@@ -12,8 +12,8 @@ Session ReadSession(const LogElement& element) {
   return session;
 }
 
-std::variant<Entry, std::string> ReadEntry(const LogElement& element) {
-  Entry entry;
+std::variant<LogEntry, std::string> ReadEntry(const LogElement& element) {
+  LogEntry entry;
   entry.Kind = element.Attribute(LogName::DataType).value_or(element.Name);
   entry.Stamp = element.Attribute(LogName::Timestamp).value_or("");
   if (element.Attribute(LogName::DataFormat) == LogName::StringFormat) {

@@ -2,6 +2,7 @@
 
 #include "document/log/LogFile.h"
 #include "document/log/LogReader.h"
+#include "document/log/LogText.h"
 #include "framework/shared/Application.h"
 #include "framework/text/Printable.h"
 #include "logtool/Outputs.h"
@@ -21,8 +22,9 @@ namespace {
 struct OutputEnded {
   int Number;
 };
+/// Thrown when a header shows that the log is not one to be read.
 struct NoLog {
-  std::string Reason;
+  LogFault Fault;
 };
 
 /// Hands a log on to an output, entity by entity.
@@ -37,10 +39,9 @@ public:
   }
 
   void Header(const LogElement& header) override {
-    if (++m_headers > 1) throw NoLog{"it has more than one header"};
-    if (header.Attribute("ApplicationName") != ToUtf8(ApplicationTitle)) {
-      throw NoLog{"it is no log of " + ToUtf8(ApplicationTitle)};
-    }
+    const auto application = header.Attribute(LogName::ApplicationName).value_or("");
+    if (const LogFault fault = LogReader::FaultOf(++m_headers, application); fault != LogFault::None)
+      throw NoLog{fault};
   }
   void SessionOpened(const LogElement& session) override { m_output.OpenSession(ReadSession(session)); }
   void Entity(const LogElement& element) override {
@@ -77,11 +78,26 @@ LogReader::Source SourceOf(std::istream& in) {
   };
 }
 
+/// Empty for none.
+std::string TextOf(LogFault fault) {
+  switch (fault) {
+  case LogFault::NoHeader:
+    return "it is no log";
+  case LogFault::SecondHeader:
+    return "it has more than one header";
+  case LogFault::OtherApplication:
+    return "it is no log of " + ToUtf8(ApplicationTitle);
+  case LogFault::None:
+    break;
+  }
+  return {};
+}
+
 std::string WhatIsWrong(const LogReading& reading) {
   const std::string place = "line " + std::to_string(reading.Line) + ": " + reading.Reason;
   if (reading.Ending == LogReading::End::Torn) return "its end is missing (" + place + ")";
   if (reading.Ending == LogReading::End::Broken) return place;
-  if (!reading.IsLog || reading.Headers == 0) return "it is no log";
+  if (!reading.IsOurs()) return TextOf(reading.Fault());
   if (!reading.TornCloseStamps.empty()) return "a session's close stamp is damaged";
   return {};
 }
@@ -93,7 +109,7 @@ std::string Read(const LogReader::Source& source, ILogOutput& output, const std:
     const std::string fault = WhatIsWrong(LogReader::Read(source, visitor));
     return fault.empty() ? visitor.Complaint() : fault;
   } catch (const NoLog& fault) {
-    return fault.Reason;
+    return TextOf(fault.Fault);
   } catch (const std::system_error&) {
     return "it cannot be read";
   }

@@ -8,7 +8,6 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/modGlobals.h"
-#include "framework/shared/Application.h"
 
 #include <algorithm>
 #include <system_error>
@@ -96,10 +95,12 @@ LogReading CXMLDataStore::ReadStore(ILogVisitor& visitor, LogFileIdentity& ident
 }
 
 bool CXMLDataStore::StoreIsValid(const LogReading& reading) const try {
-  HuntERR::Check(reading.Headers > 0, ErrorNumber::BadFileFormat,
+  const LogFault fault = reading.Fault();
+  HuntERR::Check(fault != LogFault::NoHeader, ErrorNumber::BadFileFormat,
                  u"This data store does not contain header information.");
-  HuntERR::Check(reading.Headers == 1, ErrorNumber::BadFileFormat, u"This data store contains more than one header.");
-  HuntERR::Check(reading.ApplicationName == ToUtf8(ApplicationTitle), ErrorNumber::BadFileFormat, u"");
+  HuntERR::Check(fault != LogFault::SecondHeader, ErrorNumber::BadFileFormat,
+                 u"This data store contains more than one header.");
+  HuntERR::Check(fault != LogFault::OtherApplication, ErrorNumber::BadFileFormat, u"");
   return true;
 } catch (...) {
   PassOn(Label(u".StoreIsValid"));

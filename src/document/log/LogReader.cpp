@@ -167,7 +167,13 @@ FileEnd EndOf(const ILogFile& file) {
 
 } // namespace
 
-bool LogReading::IsOurs() const { return IsLog && Headers == 1 && ApplicationName == ToUtf8(ApplicationTitle); }
+LogFault LogReading::Fault() const { return LogReader::FaultOf(IsLog ? Headers : 0, ApplicationName); }
+
+LogFault LogReader::FaultOf(std::size_t headers, std::string_view applicationName) {
+  if (headers == 0) return LogFault::NoHeader;
+  if (headers > 1) return LogFault::SecondHeader;
+  return applicationName == ToUtf8(ApplicationTitle) ? LogFault::None : LogFault::OtherApplication;
+}
 
 LogReading LogReader::Read(const Source& source, ILogVisitor& visitor) { return Pass(source, visitor).Run(); }
 

@@ -11,6 +11,14 @@
 
 namespace portico {
 
+/// What keeps a well-formed document from being a log of this application.
+enum class LogFault {
+  None,
+  NoHeader, ///< or it is no log at all
+  SecondHeader,
+  OtherApplication,
+};
+
 /// What a reading has found out about a whole log.
 struct LogReading {
   enum class End {
@@ -46,11 +54,14 @@ struct LogReading {
   /// Where the room for a close stamp begins that holds a piece of one.
   std::vector<std::uint64_t> TornCloseStamps;
 
-  /// It is a log with one header, and this application's.
-  bool IsOurs() const;
+  LogFault Fault() const;
+  bool IsOurs() const { return Fault() == LogFault::None; }
 };
 
 namespace LogReader {
+
+/// The fault of a log with so many headers, the first of which names that application.
+LogFault FaultOf(std::size_t headers, std::string_view applicationName);
 
 /// Fills the buffer as far as there is something, and returns how many bytes it gave; none at the end.
 using Source = std::function<std::size_t(char* buffer, std::size_t size)>;

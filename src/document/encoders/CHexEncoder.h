@@ -16,7 +16,8 @@ public:
 
   /// Upper-case digits.
   String Encode(const ByteArray& Data) const;
-  /// Digits of either case. An odd length and any other character raise 5, an empty text 9.
+  /// Digits of either case. An odd length and any other character raise `InvalidArgument`, an empty text
+  /// `BadSubscript`.
   ByteArray Decode(const String& HexString) const;
 
   /// The same for a file's text, which is bytes, not characters.

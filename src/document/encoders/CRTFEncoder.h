@@ -10,7 +10,7 @@ public:
   StringView ClassName() const override { return u"CRTFEncoder"; }
 
   /// The entity's fragment; its look is set on the display's selection. Notes the fragment's length on the entity.
-  /// 0x80041460 before `Initialize`; no entity raises 5.
+  /// Raises `NotInitialized` before `Initialize`, `InvalidArgument` for a null entity.
   String Encode(const Ref<IDataEntity>& DataEntity) const;
 
 private:

@@ -12,7 +12,8 @@ class RTFEncoderBase : public IObject {
 public:
   /// A null display raises `InvalidArgument`, no `gScratchArea` `MissingObject`.
   void Initialize(const Ref<IRichTextBox>& Display);
-  /// A new entity from the first line of a fragment. 0x80041460 before `Initialize`; an empty text raises 5.
+  /// A new entity from the first line of a fragment. Raises `NotInitialized` before `Initialize`, `InvalidArgument` for
+  /// an empty text.
   Ref<IDataEntity> Decode(const String& RTFText) const;
 
 protected:

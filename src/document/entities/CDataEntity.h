@@ -11,17 +11,17 @@ namespace portico {
 class IEntityHolder;
 struct EntitySlot;
 
-/// The one implementation of a data entity. Made through the factory only. Members raise 0x80041460 before
-/// `Initialize`.
+/// The one implementation of a data entity. Made through the factory only. Members raise
+/// `NotInitialized` before `Initialize`.
 class CDataEntity final : public IDataEntity,
                           public std::enable_shared_from_this<CDataEntity>,
                           private ISettingsObserver {
 public:
   StringView ClassName() const override { return u"CDataEntity"; }
 
-  /// An empty `TimeStamp` asks for a new one. No `gTimeStamper` raises 424.
+  /// An empty `TimeStamp` asks `gTimeStamper` for a new one, and raises `ObjectRequired` if there is none.
   void Initialize(const ByteArray& data, const String& DataType, const String& TimeStamp);
-  /// An absent name raises 381.
+  /// An absent name raises `BadIndex`.
   String DataAttributeValue(const String& Name) const;
   /// Adds the attribute if the name is new.
   void DataAttributeValue(const String& Name, const String& Value);
@@ -77,7 +77,7 @@ extern const CreatorRow CtorDataEntity;
 
 namespace modDataDocument {
 
-/// Asks the factory for an entity; no factory raises 17.
+/// Asks the factory for an entity. Raises `CannotCarryOut` if there is no factory.
 Ref<CDataEntity> CreateADataEntity(const ByteArray& data, const String& DataType, const String& TimeStamp);
 
 } // namespace modDataDocument

@@ -8,7 +8,7 @@
 namespace portico {
 namespace {
 
-/// Nothing for the end marker.
+/// Null for the end marker.
 const Ref<IDataEntity>& EntityOf(const Ref<IPosition>& position) {
   static const Ref<IDataEntity> nothing;
   const auto at = Cast<CDataPosition>(position);

@@ -14,7 +14,8 @@ class EntitySequence;
 /// selection. Readable as a queue, as a sequence with positions, and as a stream of bytes.
 ///
 /// Entities are found by content, never by reference. Every member but `MaximumCount` and `Initialize` raises
-/// 0x80041460 before `Initialize`. A stamp that is present raises 457, an absent position 5.
+/// `NotInitialized` before `Initialize`. An entity whose stamp is already present raises `DuplicateKey`, a position
+/// that is not in the container `InvalidArgument`.
 class CDataFIFO final : public IIteratableObject,
                         public ISelectableObject,
                         public std::enable_shared_from_this<CDataFIFO> {
@@ -33,9 +34,9 @@ public:
   /// 0 is without limit. A new value acts at the next `Enqueue`.
   std::int32_t MaximumCount() const;
   void MaximumCount(std::int32_t newValue);
-  /// A negative count raises 5.
+  /// A negative count raises `InvalidArgument`.
   void Initialize(std::int32_t MaxCount);
-  /// Nothing is ignored.
+  /// A null entity is ignored, also before `Initialize`.
   void Enqueue(const Ref<IDataEntity>& DataEntity);
   Ref<IDataEntity> Dequeue();
   Ref<IDataEntity> Peek() const;
@@ -45,7 +46,7 @@ public:
   Ref<CDataFIFO> CopyData(const Ref<IIterator>& Iterator) const;
   /// Replaces the selection by copies, with new stamps, of what the attached iterator yields.
   void MergeData(const Ref<IIterator>& Iterator);
-  /// The entity that holds that byte; nothing behind the last.
+  /// The entity that holds that byte; null behind the last.
   Ref<IDataEntity> EntityAtDataIndex(std::int64_t Index) const;
   void DeleteData();
   std::int32_t Count() const;

@@ -6,19 +6,21 @@
 
 namespace portico {
 
-/// An entity and an offset into its data; no entity and the offset 0 is the end marker. Members raise 0x80041460 before
-/// `Initialize`.
+/// An entity and an offset into its data; no entity and the offset 0 is the end marker. Members raise `NotInitialized`
+/// before `Initialize`.
 class CDataPosition final : public IPosition {
 public:
   StringView ClassName() const override { return u"CDataPosition"; }
 
-  /// Without an offset it is 0, or -1 for an entity without data. One outside the data raises 5.
+  /// Without an offset it is `DATA_firstIndex`, or `NoDataOffset` for an entity without data. An offset outside the
+  /// data, or any but 0 for the end marker, raises `InvalidArgument`.
   void Initialize(const Ref<IDataEntity>& DataEntity, std::optional<std::int32_t> DataOffset);
   std::int32_t DataOffset() const;
   const Ref<IDataEntity>& DataEntity() const;
   /// It is the end marker.
   bool IsLast() const;
-  /// The argument's entity is asked: a real position asked about an end marker raises 91.
+  /// The argument's entity answers: for an end marker as the argument of a real position this raises `MissingObject`.
+  /// A null argument raises `InvalidArgument`.
   bool IsSame(const Ref<CDataPosition>& Position) const;
   String ID() const override;
 

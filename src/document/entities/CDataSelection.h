@@ -4,12 +4,12 @@
 
 namespace portico {
 
-/// A half-open range of positions. Members raise 0x80041460 before `Initialize`.
+/// A half-open range of positions. Members raise `NotInitialized` before `Initialize`.
 class CDataSelection final : public IObject {
 public:
   StringView ClassName() const override { return u"CDataSelection"; }
 
-  /// Neither may be nothing: 5.
+  /// A null position raises `InvalidArgument`.
   void Initialize(const Ref<CDataPosition>& Start, const Ref<CDataPosition>& End);
   Ref<CDataPosition> StartingPosition() const;
   Ref<CDataPosition> EndingPosition() const;

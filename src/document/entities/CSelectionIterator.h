@@ -9,7 +9,7 @@ class CSelectionIterator final : public IIterator {
 public:
   StringView ClassName() const override { return u"CSelectionIterator"; }
 
-  /// Any other text raises 5.
+  /// Any other text raises `InvalidArgument`.
   void Initialize(const String& Specification);
   void Attach(const Ref<IIteratableObject>& Object) override;
   Value FirstItem() override;

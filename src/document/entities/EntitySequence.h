@@ -10,7 +10,8 @@ namespace portico {
 class CDataEntity;
 
 /// The entities of a FIFO in their order; positions count from 1. Each is kept under a key, the stamp that it had when
-/// it came; keys are unique without regard to case. An absent position raises 5, a key that is present 457.
+/// it came; keys are unique without regard to case. A position outside the sequence raises `InvalidArgument`,
+/// a key that is already present `DuplicateKey`.
 ///
 /// Entities are found by `CompareToMe` of those that are held, from the first on: the first that answers 0 is meant.
 /// An index of the current stamps tells which can answer so. It is left aside, and everybody asked in turn, as soon as
@@ -46,7 +47,7 @@ public:
   /// Null at the end.
   const EntitySlot* Next(const EntitySlot& slot) const;
 
-  /// The first entity at which the running total of the lengths exceeds the index, or nothing.
+  /// The first entity at which the running total of the lengths exceeds the index, or null.
   Ref<IDataEntity> AtDataIndex(std::int64_t index) const;
 
 private:

@@ -21,7 +21,7 @@ public:
   virtual Ref<IPosition> Position(std::optional<std::int32_t> DataOffset = {}) = 0;
   /// The collection itself: what is written there is written to the entity.
   virtual Ref<IAttributes> DataAttributes() const = 0;
-  /// An absent name raises 381.
+  /// An absent name raises `BadIndex`.
   virtual String DataAttribute(const String& Name) const = 0;
   /// Adds the attribute if the name is new.
   virtual void DataAttribute(const String& Name, const String& Value) = 0;
@@ -33,7 +33,8 @@ public:
   /// Replaces the data by a copy of the argument.
   virtual void UpdateData(const ByteArray& data) = 0;
   String TimeStamp() const { return IDataEntity_TimeStamp(); }
-  /// By content, never by identity: 0 the same, 2 attributes differ, 4 data differ, 6 both differ or nothing is given.
+  /// By content, never by identity: 0 the same, 2 attributes differ, 4 data differ, 6 both differ or the argument
+  /// is null.
   virtual std::int32_t CompareToMe(const Ref<IDataEntity>& DataEntity) const = 0;
 
 private:

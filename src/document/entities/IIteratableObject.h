@@ -6,7 +6,7 @@
 
 namespace portico {
 
-/// A place in an iteratable object: an entity, or nothing, which is the end marker behind the last entity.
+/// A place in an iteratable object: an entity, or the end marker behind the last one.
 class IPosition : public virtual IObject {
 public:
   /// The stamp of the position's entity.
@@ -42,7 +42,7 @@ public:
   virtual bool IsSelectionEmpty() const = 0;
 };
 
-/// Walks an object, or its selection. The item operations give a value that holds the entity, or nothing when done.
+/// Walks an object, or its selection. The item operations give a value that holds the entity, or null when done.
 class IIterator : public virtual IObject {
 public:
   /// Reads the bounds once: later changes of the selection do not reach the iterator.
@@ -51,7 +51,8 @@ public:
   virtual Value CurrentItem() const = 0;
   virtual bool IsDone() const = 0;
   virtual Value NextItem() = 0;
-  /// Not implemented: does nothing, or raises 445 before the iterator is initialised.
+  /// Does nothing and gives an empty value; before the iterator is initialised it raises `NotImplemented`. Part of the
+  /// contract; nothing in the program calls it.
   virtual Value SkipTo(const String& Name, const String& Value) = 0;
 };
 

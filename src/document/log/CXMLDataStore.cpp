@@ -122,7 +122,7 @@ void CXMLDataStore::OpenSession() try { OpenNewSession(); } catch (...) {
 }
 
 void CXMLDataStore::OpenNewSession() try {
-  // The wording is that of the opposite case; both sides share it.
+  // The text is the one for a session that is missing; both failures bear it.
   HuntERR::Check(!m_inSession, ErrorNumber::CannotCarryOut, u"No session is currently open.");
   TakeUpStamps();
   Document().OpenSession(gTimeStamper->TimeStamp());

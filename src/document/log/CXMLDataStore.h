@@ -14,9 +14,12 @@ namespace portico {
 /// The log: one XML document on disk, with a header and any number of sessions. docs/formats/log.md describes it.
 ///
 /// The file is written when the store makes it, and at each `OpenSession`, `AppendDataEntityToStore` and
-/// `CloseSession`; after each it is a whole document. Letting the store go closes an open session. A file that cannot
-/// be written raises 75 and a file that is no log 31037 or 321; what was to be saved goes out with the next save. Only
-/// an entity whose stamp another program has written meanwhile never does; that raises 75, too.
+/// `CloseSession`; after each it is a whole document. Letting the store go closes an open session.
+///
+/// The reader finds what is wrong with a file, and the store raises it: `BadFile` for what cannot be read as a log,
+/// `BadFileFormat` for a log without one header of this application. A file that cannot be written raises `FileAccess`;
+/// what was to be saved goes out with the next save. Only an entity whose stamp another program has written meanwhile
+/// is given up, which raises `FileAccess`, too.
 class CXMLDataStore final : public IDataStore {
 public:
   explicit CXMLDataStore(std::shared_ptr<ILogDisk> disk = std::make_shared<LogDisk>()) : m_disk(std::move(disk)) {}
@@ -28,18 +31,19 @@ public:
   /// Something was to be saved and is not in the file yet, or never will be.
   bool IsAnythingUnwritten() const { return m_document && m_document->IsAnythingUnsaved(); }
 
-  /// Opens the file or makes it. An empty name raises 5. Forgets a session that is open in another file.
+  /// Opens the file or makes it. An empty name raises `InvalidArgument`. Forgets a session that is open in another
+  /// file.
   void Initialize(const String& FileName, bool OverWrite);
 
-  /// Reads the file as it is now; one that is gone or no log any more raises 31037 or 321.
-  /// Forgets the session that is open, whether it succeeds or not: a log that is looked at is not written. An element
-  /// without payload raises 9, a stamp that stands twice 457.
+  /// Reads the file as it is now. Forgets the session that is open, whether it succeeds or not: a log that is looked at
+  /// is not written. An element without payload raises `BadSubscript`, a stamp that stands twice `DuplicateKey`.
   Ref<IIteratableObject> FillDataContainerFromStore() override;
-  /// Before `Initialize` 0x80041460, without a session 17, for nothing 5, for a type that cannot name an element 31004.
+  /// Before `Initialize` it raises `NotInitialized`, without a session `CannotCarryOut`. A null entity raises
+  /// `InvalidArgument`, and one whose type cannot name an element `CannotCreate`.
   void AppendDataEntityToStore(const Ref<IDataEntity>& DataEntity) override;
-  /// An open session raises 17.
+  /// Raises `CannotCarryOut` if a session is open.
   void OpenSession() override;
-  /// No open session raises 17.
+  /// Raises `CannotCarryOut` if no session is open.
   void CloseSession() override;
 
 private:

@@ -41,7 +41,8 @@ std::string Head();
 
 /// The start of a session's opening tag, up to the room for the close stamp.
 std::string SessionTagStart(StringView openStamp);
-/// What fills the room: the attribute and blanks, or blanks alone for no stamp. One that does not fit raises 51.
+/// What fills the room: the attribute and blanks, or blanks alone for no stamp. One that does not fit raises
+/// `InternalState`.
 std::string CloseStampField(StringView closeStamp);
 /// The whole opening tag.
 std::string SessionTag(StringView openStamp, StringView closeStamp);

@@ -9,15 +9,15 @@
 
 namespace portico {
 
-// Each converts a report for itself, so that a report becomes two entities with two stamps. Members raise 0x80041460
-// before `Initialize`.
+// Each converts a report for itself, so that a report becomes two entities with two stamps. Members raise
+// `NotInitialized` before `Initialize`.
 
 /// Puts what a report shows into a view's queue. Subscribes itself, for its whole life.
 class CReportDisplayer final : public ISubscriber, public std::enable_shared_from_this<CReportDisplayer> {
 public:
   StringView ClassName() const override { return u"CReportDisplayer"; }
 
-  /// No target raises 5, no factory 424.
+  /// A null target raises `InvalidArgument`, a missing factory `ObjectRequired`.
   void Initialize(const Ref<IInstructionQueue>& Target);
   void Update(const Ref<IObject>& Subject) override;
 
@@ -33,15 +33,15 @@ class CReportLogger final : public ISubscriber {
 public:
   StringView ClassName() const override { return u"CReportLogger"; }
 
-  /// No store raises 5, no factory 424.
+  /// A null store raises `InvalidArgument`, a missing factory `ObjectRequired`.
   void Initialize(const Ref<IDataStore>& DataStore);
-  /// No configuration server raises 424, here and in the next two.
+  /// This and the next two raise `ObjectRequired` if there is no configuration server.
   bool IsLogging() const;
   /// Closes the store's session.
   void DisableLogging();
   /// Opens a session.
   void EnableLogging();
-  /// A report that shows nothing reaches the store as nothing, which refuses it.
+  /// A report that shows nothing reaches the store as a null entity, which the store refuses.
   void Update(const Ref<IObject>& Subject) override;
 
 private:

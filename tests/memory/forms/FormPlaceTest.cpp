@@ -277,11 +277,5 @@ TEST_F(FormPlaceTest, DesignThatCannotBeBuiltIsALogicError) {
   EXPECT_EQ(gForms->Forms().size(), 1U);
 }
 
-TEST_F(FormPlaceTest, FindControlAsksForNameAndKind) {
-  EXPECT_EQ(FindControl<IRichTextControl>(*Loaded, u"txtPast").Name(), u"txtPast");
-  EXPECT_EQ(NumberOf([&] { FindControl<IRichTextControl>(*Loaded, u"splitter"); }), ErrorNumber::ControlNotFound);
-  EXPECT_EQ(NumberOf([&] { FindControl<IControl>(*Loaded, u"none"); }), ErrorNumber::ControlNotFound);
-}
-
 } // namespace
 } // namespace portico::memory

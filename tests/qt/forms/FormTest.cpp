@@ -90,12 +90,6 @@ TEST_F(FormTest, KnowsItsWindowState) {
   EXPECT_EQ(Raised([&] { form->WindowState(static_cast<WindowState>(3)); }).Number, 380);
 }
 
-TEST_F(FormTest, ASizeBelowZeroRaises380) {
-  const Ref<IForm> form = screen.Load(SampleWindow);
-  EXPECT_EQ(Raised([&] { form->Width(-15); }).Number, 380);
-  EXPECT_EQ(Raised([&] { form->Height(-15); }).Number, 380);
-}
-
 TEST_F(FormTest, PointerIsSetByValueForAllThatTheWindowHolds) {
   const Ref<IForm> form = Shown(SampleWindow);
   QWidget& window = AsForm(form).Window();
@@ -137,17 +131,6 @@ TEST_F(FormTest, TheCloseBoxUnloadsAFormWithoutAHandler) {
   EXPECT_EQ(unloaded, 1);
 }
 
-TEST_F(FormTest, FormsAreKnownInTheOrderOfTheirLoadingUntilTheyAreUnloaded) {
-  const Ref<IForm> first = screen.Load(SampleWindow);
-  const Ref<IForm> second = screen.Load(SampleWindow);
-  ASSERT_EQ(screen.Forms().size(), 2);
-  EXPECT_TRUE(IsSameObject(screen.Forms()[0], first));
-  EXPECT_TRUE(IsSameObject(screen.Forms()[1], second));
-  first->Unload();
-  ASSERT_EQ(screen.Forms().size(), 1);
-  EXPECT_TRUE(IsSameObject(screen.Forms()[0], second));
-}
-
 TEST_F(FormTest, WhatItKeepsLivesUntilNoHandlerRunsAnyMore) {
   Ref<IForm> form = Shown(SampleWindow);
   bool gone = false;
@@ -162,14 +145,6 @@ TEST_F(FormTest, WhatItKeepsLivesUntilNoHandlerRunsAnyMore) {
   });
   Find<QAction>(form, "mnuOpen")->trigger();
   EXPECT_FALSE(goneInHandler);
-  EXPECT_TRUE(gone);
-}
-
-TEST_F(FormTest, WhatItKeepsGoesAtOnceIfNoHandlerRuns) {
-  const Ref<IForm> form = screen.Load(SampleWindow);
-  bool gone = false;
-  form->Keep(New<Kept>(gone));
-  form->Unload();
   EXPECT_TRUE(gone);
 }
 
@@ -279,12 +254,6 @@ TEST_F(FormTest, ActiveControlIsTheLastThatHadTheFocusInTheFrontFormMenusExcepte
   EXPECT_EQ(screen.ActiveControl(), nullptr);
   other->Unload();
   EXPECT_EQ(screen.ActiveControl(), &upper);
-}
-
-TEST_F(FormTest, AControlThatIsNotThereRaises730) {
-  const Ref<IForm> form = screen.Load(SampleWindow);
-  EXPECT_EQ(Raised([&] { FindControl<IMenuItem>(*form, u"mnuNone"); }).Number, 730);
-  EXPECT_EQ(Raised([&] { FindControl<IMenuItem>(*form, u"txtUpper"); }).Number, 730);
 }
 
 } // namespace

@@ -45,34 +45,6 @@ TEST_F(EventLoopTest, WaitingEndsWithATimer) {
   EXPECT_TRUE(timer->Enabled());
 }
 
-TEST_F(EventLoopTest, ATimerIsDisabledToBeginWithAndAnIntervalOfZeroNeverFires) {
-  const auto timer = loop.MakeTimer();
-  EXPECT_FALSE(timer->Enabled());
-  int fired = 0;
-  timer->Timer().Connect([&] { ++fired; });
-  timer->Interval(0);
-  timer->Enabled(true);
-  EXPECT_TRUE(timer->Enabled());
-  for (int i = 0; i < 10; ++i) loop.DoEvents();
-  EXPECT_EQ(fired, 0);
-  timer->Interval(1);
-  while (fired == 0) loop.WaitForEvent();
-  timer->Enabled(false);
-  fired = 0;
-  bool over = false;
-  const auto later = Started(5, [&] { over = true; });
-  while (!over) loop.WaitForEvent();
-  EXPECT_EQ(fired, 0);
-}
-
-TEST_F(EventLoopTest, IntervalOutsideItsRangeRaises380) {
-  const auto timer = loop.MakeTimer();
-  for (const std::int32_t interval : {-1, 65536, INT32_MIN, INT32_MAX}) {
-    EXPECT_EQ(Raised([&] { timer->Interval(interval); }).Number, 380);
-  }
-  EXPECT_NO_THROW(timer->Interval(65535));
-}
-
 TEST_F(EventLoopTest, ATimerMayEndInItsOwnHandler) {
   std::unique_ptr<ITimer> timer;
   bool fired = false;
@@ -82,13 +54,6 @@ TEST_F(EventLoopTest, ATimerMayEndInItsOwnHandler) {
   });
   while (!fired) loop.WaitForEvent();
   EXPECT_EQ(timer, nullptr);
-}
-
-TEST_F(EventLoopTest, EveryTurnThrowsOnceTheProgramIsToldToEnd) {
-  loop.RequestQuit();
-  EXPECT_THROW(loop.DoEvents(), Quit);
-  EXPECT_THROW(loop.WaitForEvent(), Quit);
-  EXPECT_THROW(loop.DoEvents(), Quit);
 }
 
 TEST_F(EventLoopTest, AHandlerOfTheToolkitEndsAndTheTurnAroundItThrows) {

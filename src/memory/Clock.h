@@ -24,7 +24,7 @@ class ManualClock final : public Clock {
 public:
   TimePoint Now() const override { return m_now; }
   void Advance(std::chrono::milliseconds duration) { m_now += duration; }
-  /// Without a deadline, and nothing to wake it, calls `OnIdle`; a wait that nobody could end is a logic error.
+  /// Without a deadline, and nothing to wake it, calls `OnIdle`; without that the wait throws `std::logic_error`.
   void WaitUntil(std::optional<TimePoint> deadline) override;
   void Wake() noexcept override { m_woken = true; }
 

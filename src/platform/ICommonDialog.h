@@ -12,7 +12,7 @@ struct FileDialogSettings {
   std::int32_t FilterIndex = 1;
   String DefaultExt = {}; ///< with its dot; added to a name that has none
   std::int32_t Flags = 0;
-  bool CancelError = false; ///< a cancelled dialog raises 32755
+  bool CancelError = false; ///< a dialog that is cancelled raises `DialogCancelled`
 };
 
 // Flags of the print dialog.

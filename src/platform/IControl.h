@@ -5,7 +5,7 @@
 namespace portico {
 
 /// What the controls of a form have in common. A control belongs to its form and goes with it. A property that a kind
-/// does not have reads as empty and raises 438 when it is set.
+/// does not have reads as empty and raises `PropertyNotFound` when it is set.
 class IControl {
 public:
   virtual ~IControl() = default;

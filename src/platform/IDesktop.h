@@ -52,7 +52,7 @@ extern std::shared_ptr<IPrinter> gPrinter;
 class IHelpViewer {
 public:
   virtual ~IHelpViewer() = default;
-  /// A file that is not there raises 53.
+  /// A help file that does not exist raises `FileNotFound`.
   virtual void WinHelp(const String& HelpFile, std::int32_t Command, const String& Data) = 0;
 };
 extern std::shared_ptr<IHelpViewer> gHelpViewer;

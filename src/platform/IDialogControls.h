@@ -20,7 +20,7 @@ inline constexpr std::int32_t Grayed = 2;
 class ICheckBox : public virtual IControl, public virtual ITabOrder {
 public:
   virtual std::int32_t Value() const = 0;
-  /// A value that is none of the three raises 380.
+  /// A value other than these three raises `BadPropertyValue`.
   virtual void Value(std::int32_t newValue) = 0;
   /// Fires whenever the value changes, whoever changes it.
   virtual Event<>& Click() = 0;
@@ -42,7 +42,7 @@ public:
   virtual void AddItem(const String& item) = 0;
   virtual std::int32_t ListCount() const = 0;
   virtual String List(std::int32_t index) const = 0;
-  /// Counted from 0; -1 if nothing is selected. Anything else raises 380.
+  /// Counted from 0; -1 if nothing is selected. An index that no entry has raises `BadPropertyValue`.
   virtual std::int32_t ListIndex() const = 0;
   virtual void ListIndex(std::int32_t newValue) = 0;
   /// Fires whenever another entry is selected, whoever selects it.

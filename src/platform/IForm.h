@@ -73,7 +73,7 @@ public:
   virtual void Keep(const Ref<IObject>& object) = 0;
 };
 
-/// The control of a name and kind; none of that raises 730.
+/// The control of a name and kind. A form that has no such control raises `ControlNotFound`.
 template <class Control>
 Control& FindControl(IForm& form, StringView name) {
   for (IControl* control : form.Controls()) {

@@ -5,7 +5,8 @@ namespace portico {
 /// A form unit is a fifteenth of a pixel.
 inline constexpr double FormUnitsPerPixel = 15;
 
-/// Something that has a place in the area that holds it, in form units. A width or height below 0 raises 380.
+/// Something that has a place in the area that holds it, in form units. A width or a height below 0 raises
+/// `BadPropertyValue`.
 class IPlaced {
 public:
   virtual ~IPlaced() = default;

@@ -9,7 +9,8 @@
 namespace portico {
 
 // Positions and lengths count UTF-16 units from 0; a line end counts as two, CR and LF. A position between the two
-// stands for the one in front of them. A text has at most 2^31 - 1 units: what would make it longer raises 7.
+// stands for the one in front of them. A text has at most 2^31 - 1 units: what would make it longer raises
+// `OutOfMemory`.
 //
 // Each character and each line end has a look of its own, each line a paragraph's. An insertion gives the lines that it
 // ends, and the last one that it begins, the paragraph look that it has itself; a piece within a line leaves that
@@ -22,12 +23,13 @@ namespace portico {
 class ITextSelection : public virtual IObject {
 public:
   virtual std::int32_t SelStart() const = 0;
-  /// Clamped to the text's length; the selection becomes empty. A negative value raises 380.
+  /// Clamped to the text's length; the selection becomes empty. A negative value raises `BadPropertyValue`.
   virtual void SelStart(std::int32_t position) = 0;
   /// What was set, although no more is selected than there is.
   virtual std::int32_t SelLength() const = 0;
   /// Clamped to one more than the text behind `SelStart`: the end of the text counts as one, but is never part of what
-  /// is selected. So one up and one down again leaves what is selected as it was. A negative value raises 380.
+  /// is selected. So one up and one down again leaves what is selected as it was. A negative value raises
+  /// `BadPropertyValue`.
   virtual void SelLength(std::int32_t length) = 0;
 
   virtual String SelText() const = 0;
@@ -48,7 +50,7 @@ public:
   /// The thirteen values; one that differs within the selection, line ends included, is not set.
   virtual SelectionFormat SelFormat() const = 0;
   /// Applies the values that are set. Paragraph values act on every paragraph that the selection touches, not on one
-  /// that it ends in front of. A value outside its range raises 380, and nothing is changed.
+  /// that it ends in front of. A value outside its range raises `BadPropertyValue`, and nothing is changed.
   virtual void SelFormat(const SelectionFormat& changes) = 0;
 };
 

@@ -17,7 +17,7 @@ public:
 
 class IStatusBar : public virtual IControl, public virtual IPlaced {
 public:
-  /// Counted from 1; another position raises 35600.
+  /// Counted from 1; another position raises `IndexOutOfBounds`.
   virtual IStatusPanel& Panels(std::int32_t Index) = 0;
 };
 

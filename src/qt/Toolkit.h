@@ -11,8 +11,8 @@ namespace portico::qt {
 class EventLoop;
 
 /// All seams that the toolkit implements, wired for as long as this lives: event loop, forms, boxes and dialogs,
-/// clipboard, keyboard, printer, settings, help. Made after the application object, before the factory; what stands on
-/// the seams goes first.
+/// clipboard, keyboard, printer, settings, help. Made after the application object, before the factory; whatever uses
+/// the seams must go before it.
 class Toolkit {
 public:
   /// The folder of the manual's pages.

@@ -72,7 +72,7 @@ struct FormattedLine {
   bool operator==(const FormattedLine&) const = default;
 };
 
-/// Lines with a line end between each two, so never none.
+/// Lines with a line end between each two. There is always at least one line.
 using FormattedText = std::vector<FormattedLine>;
 
 /// Lines in one look from a text in which CR LF, CR and LF each end a line.

@@ -55,7 +55,7 @@ void Apply(const SelectionFormat& changes, ParagraphFormat& format);
 bool SetsCharacters(const SelectionFormat& changes);
 bool SetsParagraphs(const SelectionFormat& changes);
 
-/// Raises 380 for a value outside its range.
+/// A value outside its range raises `BadPropertyValue`.
 void CheckRanges(const SelectionFormat& changes);
 
 /// The nearest half of a point, which is what a fragment can carry.

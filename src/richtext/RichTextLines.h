@@ -25,14 +25,14 @@ public:
   std::int64_t Length() const { return m_lines.Total(); }
   const FormattedLine& operator[](std::size_t line) const { return *m_lines[line]; }
 
-  /// Of any position that is not negative: one inside a line end is the place in front of it, one behind the text its
-  /// end.
+  /// The position must not be negative. One inside a line end gives the place in front of the line end, one behind the
+  /// text gives the end of the text.
   Place PlaceOf(std::int64_t position) const;
   std::int64_t PositionOf(Place place) const;
   Place End() const;
 
   String Text(Place from, Place to) const;
-  /// The end of the copy looks like what is in front of it.
+  /// The end of the copy has the look of the character in front of it.
   FormattedText Copy(Place from, Place to) const;
   FormattedText CopyAll() const;
 

@@ -39,7 +39,7 @@ private:
   Event<const MouseEvent&> m_mouseUp;
 };
 
-/// The inner area is the whole of it.
+/// Its inner area is as large as itself.
 class SplitArea final : public Control, public Placement, public virtual ISplitArea {
 public:
   SplitArea(ControlOwner& form, const ControlDesign& design, Control* container);

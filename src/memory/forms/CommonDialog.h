@@ -10,8 +10,8 @@
 
 namespace portico::memory {
 
-/// The common dialogs, answered from a queue. A file or print dialog that nobody has answered beforehand is a logic
-/// error.
+/// The common dialogs, answered from a queue. A file or print dialog that nobody has answered beforehand throws
+/// `std::logic_error`.
 class CommonDialog final : public ICommonDialog {
 public:
   enum class Kind { Open, Save, Printer };
@@ -42,7 +42,7 @@ public:
   const std::vector<HelpSettings>& Helps() const { return m_helps; }
   /// The contexts that print dialogs have answered with.
   const std::vector<Ref<DeviceContext>>& Contexts() const { return m_contexts; }
-  /// Those that were a logic error.
+  /// The dialogs that threw `std::logic_error`.
   const std::vector<Kind>& Unexpected() const { return m_unexpected; }
   std::size_t AnswersLeft() const { return m_answers.size(); }
 

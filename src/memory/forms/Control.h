@@ -30,7 +30,8 @@ protected:
 
   ControlOwner& Owner() const { return m_form; }
   Keeper& Life() const { return m_form.Life(); }
-  /// To be called for every event: the form outlives its handlers.
+  /// Fires an event of the control, and keeps the form alive until its handlers have returned. No event is fired by any
+  /// other road.
   template <class... Args>
   void Fire(const Event<Args...>& event, std::type_identity_t<Args>... args) const {
     const Turn turn(Life());

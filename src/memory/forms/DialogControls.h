@@ -15,7 +15,7 @@ public:
   bool TabStop() const override { return IsTabStop(); }
   void TabStop(bool newValue) override { IsTabStop(newValue); }
   std::int32_t TabIndex() const override;
-  /// Behind the last position means the last; below 0 raises 380.
+  /// A position behind the last means the last; a position below 0 raises `BadPropertyValue`.
   void TabIndex(std::int32_t newValue) override;
 
 protected:
@@ -65,7 +65,8 @@ private:
   Event<> m_change;
 };
 
-/// Of a box that is not typed in the text is that of the selected entry: a text that is none raises 380.
+/// The text of a box that cannot be typed in is that of the selected entry: a text that no entry has raises
+/// `BadPropertyValue`.
 class ComboBox final : public DialogControl, public virtual IComboBox {
 public:
   using DialogControl::DialogControl;
@@ -76,7 +77,7 @@ public:
 
   void AddItem(const String& item) override { m_items.push_back(item); }
   std::int32_t ListCount() const override { return static_cast<std::int32_t>(m_items.size()); }
-  /// An index that is none raises 381.
+  /// An index that no entry has raises `BadIndex`.
   String List(std::int32_t index) const override;
   std::int32_t ListIndex() const override { return m_index; }
   void ListIndex(std::int32_t newValue) override;
@@ -121,7 +122,7 @@ public:
   std::vector<ITab*> Tabs() override;
   /// 0 while there is no tab.
   std::int32_t SelectedItem() const override { return m_selected; }
-  /// A position that is none raises 35600.
+  /// An index that no tab has raises `IndexOutOfBounds`.
   void SelectedItem(std::int32_t Index) override;
   Event<>& Click() override { return m_click; }
   bool Choose(std::int32_t index);

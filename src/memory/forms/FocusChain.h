@@ -25,9 +25,9 @@ public:
   /// Of the controls that can have the focus; they outlive the chain.
   TabPositions<IFocusStop>& Order() { return m_order; }
 
-  /// The control that has the focus, or will have it as soon as the form has; null if none had it.
+  /// The control that has the focus, or will have it as soon as the form has it; null if none has had it.
   IFocusStop* Active() const { return m_active; }
-  /// The control that has the focus now; null while the form has it not.
+  /// The control that has the focus now; null while the form does not have the focus.
   IFocusStop* Current() const { return m_lit ? m_active : nullptr; }
   void MoveTo(IFocusStop& stop);
   /// To the next tab stop that can be used, or the one before, around the end.

@@ -8,7 +8,8 @@
 
 namespace portico::memory {
 
-/// Keeps objects alive until it is told to let go and no handler is running any more. May itself belong to one of them.
+/// Keeps objects alive until it is told to let go and no handler is running any more. It may be a member of one of
+/// them.
 class Keeper {
 public:
   /// A handler runs, for as long as this lives.

@@ -6,7 +6,8 @@
 
 namespace portico::memory {
 
-/// A control of the kind that the design names; a kind that is made from a table of its own is a logic error.
+/// A control of the kind that the design names; a kind that is made from a table of its own throws
+/// `std::logic_error`.
 std::unique_ptr<Control> MakeControl(ControlOwner& form, const ControlDesign& design, Control* container);
 
 } // namespace portico::memory

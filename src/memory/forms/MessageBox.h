@@ -8,8 +8,8 @@
 
 namespace portico::memory {
 
-/// A message box that is answered from a queue. One that nobody has answered beforehand is a logic error, unless all
-/// are to be answered with OK.
+/// A message box that is answered from a queue. One that nobody has answered beforehand throws `std::logic_error`,
+/// unless all are to be answered with OK.
 class MessageBox final : public IMessageBox {
 public:
   struct Call {
@@ -23,7 +23,7 @@ public:
   /// `isQuitting`: the program has been told to end, and the box throws `Quit`.
   explicit MessageBox(std::function<bool()> isQuitting = {}) : m_isQuitting(std::move(isQuitting)) {}
 
-  /// An answer for which the box has no button is a logic error.
+  /// An answer for which the box has no button throws `std::logic_error`.
   MessageBoxAnswer Show(const String& Prompt, const String& Title,
                         MessageBoxButtons Buttons = MessageBoxButtons::OKOnly,
                         MessageBoxIcon Icon = MessageBoxIcon::None) override;
@@ -35,7 +35,7 @@ public:
   std::function<void(const Call&)> OnShow;
 
   const std::vector<Call>& Calls() const { return m_calls; }
-  /// Those that were a logic error.
+  /// The boxes that threw `std::logic_error`.
   const std::vector<Call>& Unexpected() const { return m_unexpected; }
   std::size_t AnswersLeft() const { return m_answers.size(); }
 

@@ -18,7 +18,7 @@ public:
   Screen(const Screen&) = delete;
   Screen& operator=(const Screen&) = delete;
 
-  /// A parent that stands behind its child in a table, or nowhere, is a logic error.
+  /// A parent that stands behind its child in a table, or nowhere, throws `std::logic_error`.
   Ref<IForm> Load(const FormDesign& design) override;
   std::vector<Ref<IForm>> Forms() const override;
   IControl* ActiveControl() const override;
@@ -29,7 +29,7 @@ public:
   Form* InFront() const { return m_shown.empty() ? nullptr : m_shown.back(); }
 
   /// Played when the form of that name is shown modally; it must hide or unload the form before it returns. A modal
-  /// form without such a script is a logic error.
+  /// form without such a script throws `std::logic_error`.
   void OnShowModal(StringView form, Script<Form>::Act act) { m_modalScript.Add(form, std::move(act)); }
   /// Played when that menu pops up.
   void OnPopup(StringView menu, Script<MenuItem>::Act act) { m_popupScript.Add(menu, std::move(act)); }

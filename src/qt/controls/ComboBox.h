@@ -13,13 +13,13 @@ public:
   ComboBox(const ControlDesign& design, std::shared_ptr<FormLife> life, QComboBox& box);
 
   String Text() const override;
-  /// Where nothing can be typed, the entry that reads so is selected; a text that is none raises 380.
+  /// Selects the entry of that text if nothing can be typed; a text that no entry has raises `BadPropertyValue`.
   void Text(const String& newValue) override;
   Event<>& Change() override { return m_change; }
 
   void AddItem(const String& item) override;
   std::int32_t ListCount() const override { return m_box.count(); }
-  /// Empty for a place where there is none.
+  /// An index that no entry has gives an empty text.
   String List(std::int32_t index) const override;
   std::int32_t ListIndex() const override;
   void ListIndex(std::int32_t newValue) override;

@@ -14,7 +14,7 @@
 
 namespace portico::qt {
 
-/// What the controls of a form share. It outlives them.
+/// What the controls of a form share. It lives as long as the last of them.
 struct FormLife {
   bool Gone = false; ///< unloaded: from then on no event of a control fires
   TabOrder Order;
@@ -29,7 +29,7 @@ public:
 
 protected:
   FormLife& Life() const { return *m_life; }
-  /// To be called for every event.
+  /// Fires an event of the control, unless its form has been unloaded. No event is fired by any other road.
   template <class... Args>
   void Fire(const Event<Args...>& event, std::type_identity_t<Args>... args) const {
     if (m_life->Gone) return;
@@ -62,7 +62,7 @@ private:
   QWidget& m_widget;
 };
 
-/// One that stands in the Tab key's order.
+/// A control that stands in the Tab key's order.
 class TabStopControl : public WidgetControl, public virtual ITabOrder {
 public:
   TabStopControl(const ControlDesign& design, std::shared_ptr<FormLife> life, QWidget& widget);
@@ -76,7 +76,7 @@ private:
   bool m_tabStop = true;
 };
 
-/// One that is placed by the program.
+/// A control that the program places.
 class PlacedControl : public WidgetControl, public Placed {
 public:
   using WidgetControl::WidgetControl;

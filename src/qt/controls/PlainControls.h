@@ -32,7 +32,7 @@ private:
   QGroupBox& m_box;
 };
 
-/// A page of those that share a place. It keeps the room that it needs, in sight or not.
+/// One of the pages that share a place. It keeps its room while it is out of sight.
 class Page final : public WidgetControl, public virtual IPage {
 public:
   Page(const ControlDesign& design, std::shared_ptr<FormLife> life, QWidget& widget);

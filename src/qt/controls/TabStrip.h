@@ -35,7 +35,7 @@ public:
   std::vector<ITab*> Tabs() override;
   /// 0 while there is no tab.
   std::int32_t SelectedItem() const override { return m_bar.currentIndex() + 1; }
-  /// A place where there is no tab raises 35600.
+  /// An index that no tab has raises `IndexOutOfBounds`.
   void SelectedItem(std::int32_t Index) override;
   Event<>& Click() override { return m_click; }
 

@@ -6,7 +6,7 @@ namespace portico::qt {
 
 class EventLoop;
 
-/// Makes a window one of the window that is active, so that it stays in front of it. The owner may go first.
+/// Gives a window the active one for its owner, so that it stays in front of that. The owner may be closed first.
 void SetOwner(QWidget& window);
 
 /// Shows a dialog modally, in the middle of its owner. Throws `Quit` when the program has been told to end, which

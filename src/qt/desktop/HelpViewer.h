@@ -34,7 +34,7 @@ public:
   HelpViewer& operator=(const HelpViewer&) = delete;
   ~HelpViewer() override = default;
 
-  /// Without pages it raises 53, whatever the file is called.
+  /// A manual without pages raises `FileNotFound`; the name of the file does not count.
   void WinHelp(const String& HelpFile, std::int32_t Command, const String& Data) override;
 
 private:

@@ -60,7 +60,7 @@ public:
   void Keep(const Ref<IObject>& object) override;
 
   QWidget& Window() const { return *m_parts.Window; }
-  /// The control that had the focus last; null if none had.
+  /// The control that had the focus last; null if none has had it.
   IControl* ActiveControl();
   /// Fires `KeyDown` for a key that has a code.
   void Handle(const QKeyEvent& key);

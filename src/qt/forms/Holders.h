@@ -16,11 +16,11 @@ class Holders {
 public:
   Holders(QWidget& area, bool isLaidOut);
 
-  /// The one of a name; the form itself for none.
+  /// The widget of the holder of a name; the form's own for an empty name.
   QWidget& WidgetOf(StringView name) const { return *m_holders.at(name).Widget; }
   /// Puts a control's widget where its table says, and has it hold others if it is of that kind.
   void Place(const ControlDesign& design, QWidget& widget);
-  /// To be called when all controls stand.
+  /// To be called when all controls have been placed.
   void Finish();
 
 private:

@@ -25,7 +25,7 @@ public:
   /// Fires for each order to quit, from within whatever loop is running: what is modal closes itself.
   Event<>& Quitting() { return m_quitting; }
 
-  /// What a turn handles that is the so-manieth of those that run inside one another.
+  /// What a turn handles when so many turns, itself included, run inside one another.
   static QEventLoop::ProcessEventsFlags HandledAt(int depth);
 
 private:
@@ -42,8 +42,8 @@ private:
   int m_depth = 0;
 };
 
-/// Something modal is shown for as long as this lives. Throws `Quit` instead of being made when the program has been
-/// told to end.
+/// Lives for as long as something modal is shown, and calls `close` when the program is told to end. The constructor
+/// throws `Quit` if that has happened already.
 class ModalTurn {
 public:
   ModalTurn(EventLoop& loop, std::function<void()> close) : m_loop(loop) {

@@ -16,7 +16,8 @@ public:
   ~HandlerTurn();
 };
 
-/// Calls as soon as no handler runs any more; at once if none does. For what handlers may still stand on.
+/// Makes the call as soon as no handler of the program is running; at once if none is. For the end of what a running
+/// handler may still use.
 void AtRest(std::function<void()> call);
 
 /// Every call from the toolkit into the program goes through here, since the toolkit lets no exception through. `Quit`

@@ -16,7 +16,7 @@ public:
 
   /// With what is selected in the view, if that is within a line.
   void Open();
-  /// Back to its corner.
+  /// Moves it into its corner of the view.
   void Place();
 
 protected:

@@ -20,13 +20,13 @@ public:
   void SetFocus() override;
 
 protected:
-  /// The view, new, is given the font of the standard formatting.
+  /// The view must be a new one; it is given the font of the standard formatting.
   RichTextEditor(TextView& view, StringView fontName, double fontSize);
   RichTextEditor(const RichTextEditor&) = delete;
   RichTextEditor& operator=(const RichTextEditor&) = delete;
   ~RichTextEditor() override;
 
-  /// Only for as long as there is one.
+  /// To be asked for only while the view lives.
   TextView& View() const { return *m_view; }
   /// The user has changed the text: `Change` is to be fired, by way of `Enter`.
   virtual void OnUserChange() = 0;
@@ -63,12 +63,12 @@ private:
   QPointer<TextView> m_view;
   QTextDocument& m_document;
   TextBlocks m_blocks;
-  richtext::LineChanges m_changes; // that the document lags behind in
-  bool m_awaitsSelection = false;  // and so does its selection
+  richtext::LineChanges m_changes; // what the document does not show yet
+  bool m_awaitsSelection = false;  // the document does not show the selection yet
   std::optional<Range> m_selected; // in the document, as it was last the same as in the model
   bool m_isWriting = false;
   bool m_isReading = false;
-  bool m_isChanged = false; // by the user, and nobody told
+  bool m_isChanged = false; // by the user, and `OnUserChange` has not been called for it
   QTimer m_frame;
 };
 

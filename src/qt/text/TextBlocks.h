@@ -16,7 +16,7 @@ namespace portico::qt {
 /// whole length. Both come back as what they stand for.
 class TextBlocks {
 public:
-  /// Units of a line beyond which not all is shown, and those that are shown at its start and its end.
+  /// A line with more units than `LongestShown` shows `HeadShown` at its start and `TailShown` at its end.
   static constexpr std::size_t LongestShown = 20'000;
   static constexpr std::size_t HeadShown = 16'000;
   static constexpr std::size_t TailShown = 2'000;
@@ -35,8 +35,9 @@ public:
   /// A line end that a block contains makes two lines.
   void Read(const QTextBlock& block, richtext::FormattedText& lines) const;
 
-  /// Places in a block and in its line; `lineLength` is the line's length in units. A place in what is not shown is
-  /// that of the character that stands for it, or, if `isEnd`, the one behind it.
+  /// The place in a block for an offset in its line, and back; `lineLength` is the length of the line in units. An
+  /// offset within a text that is not shown gives the place of the character that stands for it, or, if `isEnd`, the
+  /// place behind that character.
   int ToBlock(const QTextBlock& block, std::size_t lineLength, std::size_t offset, bool isEnd) const;
   std::size_t FromBlock(const QTextBlock& block, std::size_t lineLength, int offset) const;
 

@@ -19,24 +19,24 @@ public:
   /// Font and size of the standard formatting are left to the widget.
   explicit TextFormats(const richtext::CharacterFormat& standard);
 
-  /// How much larger than their own size all other sizes are shown.
+  /// The factor that all sizes but that of the standard formatting are enlarged by.
   void Zoom(double factor);
-  /// A size or a distance has been in use that follows `Zoom` only if it is asked for again.
+  /// Whether a size has been in use that `Zoom` changes in the document only when its text is written again.
   bool HasOwnSizes() const { return m_hasOwnSizes; }
 
   const QTextCharFormat& Of(const richtext::CharacterFormat& format);
   /// The look of a line with its end.
   QTextBlockFormat Of(const richtext::ParagraphFormat& format, const richtext::CharacterFormat& lineEnd);
 
-  /// A format that is not from here is the standard one.
+  /// A format that this object has not made gives the standard look.
   const richtext::CharacterFormat& CharacterOf(const QTextFormat& format) const;
   const richtext::ParagraphFormat& ParagraphOf(const QTextFormat& format) const;
   const richtext::CharacterFormat& LineEndOf(const QTextFormat& format) const;
 
-  /// A character that stands for a unit that the document cannot hold.
+  /// Marks a character as standing for a unit that the document cannot hold.
   static void StandFor(QTextCharFormat& format, char16_t unit);
   static std::optional<char16_t> UnitOf(const QTextFormat& format);
-  /// A character that stands for a text that is not shown; its number is at least 0.
+  /// Marks a character as standing for a text that is not shown; the text's number is at least 0.
   static void StandForHidden(QTextCharFormat& format, int number);
   static std::optional<int> HiddenOf(const QTextFormat& format);
 
@@ -55,7 +55,7 @@ private:
   bool m_hasOwnSizes = false;
   std::map<Key, std::size_t> m_numbers;
   std::vector<Character> m_characters;
-  std::size_t m_last = 0; // asked for
+  std::size_t m_last = 0; // the number that was asked for last
   std::vector<richtext::ParagraphFormat> m_paragraphs;
 };
 

@@ -9,7 +9,7 @@ class TextLayout final : public QPlainTextDocumentLayout {
 public:
   using QPlainTextDocumentLayout::QPlainTextDocumentLayout;
 
-  /// How much wider than its measure an indent is.
+  /// The factor that indents are enlarged by.
   void Zoom(double factor) { m_zoom = factor; }
 
   QRectF blockBoundingRect(const QTextBlock& block) const override;

@@ -11,7 +11,7 @@ namespace portico::qt {
 class IPrinterContext : public virtual IDeviceContext {
 public:
   virtual QPrinter& Printer() = 0;
-  /// Only what is selected, if anything is.
+  /// Only the selection is to be printed, if there is one.
   virtual bool SelectionOnly() const = 0;
 };
 

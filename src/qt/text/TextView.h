@@ -16,22 +16,23 @@ namespace portico::qt {
 class FindBar;
 class TextLayout;
 
-/// The box whose text a view shows. It outlives no event of the view's that it is told of.
+/// The box whose text a view shows. While the view tells it of an event it may go.
 class ITextViewOwner {
 public:
   virtual ~ITextViewOwner() = default;
 
-  /// Comes before all that the user does or asks: the document is to be as the box is.
+  /// Called before whatever the user does or asks: the document must be brought up to what the box holds.
   virtual void Show() = 0;
-  /// Comes behind it, outside of the toolkit's own work: the box is to be as the document is, and handlers may run.
+  /// Called after it, outside of the toolkit's own work: the box must be brought up to what the document holds, and
+  /// handlers may run.
   virtual void Settle() = 0;
   virtual std::unique_ptr<QMimeData> Selection() = 0;
   /// Puts text in place of the selection, as one step of the user's undo.
   virtual void Insert(const QMimeData& data) = 0;
   virtual void InsertText(StringView text) = 0;
-  /// The same at a place of the document; then takes away what `moved` selects, if anything.
+  /// Puts text at a place of the document, and removes what `moved` selects, if anything.
   virtual void Drop(const QMimeData& data, const QTextCursor& place, const QTextCursor& moved) = 0;
-  /// What is typed in place of the selection looks like this.
+  /// The look of what is typed in place of the selection.
   virtual QTextCharFormat TypingFormat() = 0;
   virtual void Zoom(double factor) = 0;
   virtual void OnFocus(bool hasFocus) = 0;
@@ -39,21 +40,21 @@ public:
   virtual void OnMouseUp(const MouseEvent& event) = 0;
 };
 
-/// The widget of a rich text box: black on white in every theme, without wrapping. It belongs to its window, and works
-/// for an owner for as long as that one likes.
+/// The widget of a rich text box: black on white in every theme, without wrapping. It belongs to its window. The
+/// box that owns its text may go before it.
 class TextView final : public QPlainTextEdit {
 public:
   explicit TextView(QWidget* parent = nullptr);
 
-  /// Null for none.
+  /// With null the view has no owner any more.
   void Owner(ITextViewOwner* owner) { m_owner = owner; }
   /// The user can select and copy, and cannot change.
   void Lock(bool isLocked);
   TextLayout& Layout() const { return *m_layout; }
-  /// What the size of the standard text is multiplied with to make it larger or smaller.
+  /// The factor that all text is enlarged by; 1 is its own size.
   void Zoom(double factor);
   double Zoom() const { return m_zoom; }
-  /// What is still to be shown is shown.
+  /// Shows what the owner has not yet shown.
   void BringUpToDate() const;
 
   QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
@@ -83,13 +84,14 @@ private:
   bool ZoomKey(const QKeyEvent& event);
   bool FindKey(const QKeyEvent& event);
   bool EditKey(const QKeyEvent& event);
-  /// What an owner is told of it: its place is one within the whole of the view.
+  /// What the owner is told of a mouse event, whose place is counted from the corner of the viewport: there it is
+  /// counted from the corner of the view.
   MouseEvent Told(const QMouseEvent& event) const;
   void Drag();
 
   ITextViewOwner* m_owner = nullptr;
   TextLayout* m_layout;
-  FindBar* m_find = nullptr; // once it has been asked for
+  FindBar* m_find = nullptr; // made when it is first asked for
   double m_zoom = 1;
   double m_pointSize = 0; // before it is zoomed
   std::optional<QPoint> m_dragFrom;

@@ -20,7 +20,7 @@ public:
   void Move(double Left, double Top, double Width, double Height) override;
 
   static double Units(int pixels) { return pixels * FormUnitsPerPixel; }
-  /// To the nearest pixel, halves away from zero; a size below 0 raises 380.
+  /// To the nearest pixel, halves away from zero; a size below 0 raises `BadPropertyValue`.
   static int Pixels(double units);
   static int PixelSize(double units);
 

@@ -6,8 +6,7 @@
 
 namespace portico::qt {
 
-/// The pointer of a shape. `OwnPointer` is none, and raises `BadPropertyValue` as every other number does that is no
-/// shape's.
+/// The pointer of a shape. `OwnPointer`, and a number that is no shape, raise `BadPropertyValue`.
 QCursor PointerShape(std::int32_t shape);
 
 } // namespace portico::qt

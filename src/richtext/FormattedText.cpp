@@ -55,17 +55,7 @@ FormatRuns FormatRuns::Cut(std::size_t place) {
 
 FormatRuns FormatRuns::Copy(std::size_t place, std::size_t length) const {
   FormatRuns copy;
-  for (const FormatRun& run : m_runs) {
-    if (length == 0) break;
-    if (place >= run.Length) {
-      place -= run.Length;
-      continue;
-    }
-    const std::size_t taken = std::min(length, run.Length - place);
-    copy.m_runs.push_back({taken, run.Format});
-    length -= taken;
-    place = 0;
-  }
+  Visit(place, length, [&](const CharacterFormat& format, std::size_t seen) { copy.m_runs.push_back({seen, format}); });
   return copy;
 }
 

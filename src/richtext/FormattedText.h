@@ -40,7 +40,7 @@ public:
     }
     Append(std::move(tail));
   }
-  /// `see(const CharacterFormat&)` for every run from `place` on.
+  /// `see(const CharacterFormat&, std::size_t length)` for every run, cut to the `length` places from `place` on.
   template <class See>
   void Visit(std::size_t place, std::size_t length, See&& see) const {
     for (const FormatRun& run : m_runs) {
@@ -49,8 +49,9 @@ public:
         place -= run.Length;
         continue;
       }
-      see(run.Format);
-      length -= std::min(length, run.Length - place);
+      const std::size_t seen = std::min(length, run.Length - place);
+      see(run.Format, seen);
+      length -= seen;
       place = 0;
     }
   }

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace portico::richtext {
 
@@ -74,7 +75,8 @@ SelectionFormat RichTextModel::SelFormat() const {
   const Place from = From();
   const Place to = To();
   m_lines.Visit(from, to, [&](const FormattedLine& line, std::size_t first, std::size_t length) {
-    line.Runs.Visit(first, length, [&](const CharacterFormat& format) { Mix(description, format); });
+    line.Runs.Visit(first, length,
+                    [&](const CharacterFormat& format, std::size_t /*length*/) { Mix(description, format); });
   });
   for (std::size_t line = from.Line; line <= LastTouched(from, to); ++line) Mix(description, m_lines[line].Paragraph);
   return description;

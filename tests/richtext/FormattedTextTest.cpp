@@ -55,8 +55,9 @@ TEST(FormatRunsTest, EqualsAModelOfSinglePlaces) {
     case 4: {
       EXPECT_EQ(runs.Copy(at, length), Runs({from, to}));
       std::size_t seen = 0;
-      runs.Visit(at, length,
-                 [&](const CharacterFormat& format) { EXPECT_EQ(format, runs.Copy(at, length).All()[seen++].Format); });
+      runs.Visit(at, length, [&](const CharacterFormat& format, std::size_t places) {
+        EXPECT_EQ((FormatRun{places, format}), runs.Copy(at, length).All()[seen++]);
+      });
       EXPECT_EQ(seen, runs.Copy(at, length).All().size());
       break;
     }

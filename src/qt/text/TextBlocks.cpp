@@ -52,14 +52,10 @@ void TextBlocks::WriteLine(QTextCursor& cursor, const FormattedLine& line, bool 
 }
 
 void TextBlocks::WriteRuns(QTextCursor& cursor, const FormattedLine& line, std::size_t from, std::size_t end) {
-  std::size_t start = 0;
-  for (const richtext::FormatRun& run : line.Runs.All()) {
-    const std::size_t first = std::max(start, from);
-    const std::size_t behind = std::min(start + run.Length, end);
-    if (first < behind)
-      WriteText(cursor, StringView(line.Text).substr(first, behind - first), m_formats.Of(run.Format));
-    start += run.Length;
-  }
+  line.Runs.Visit(from, end - from, [&](const richtext::CharacterFormat& format, std::size_t length) {
+    WriteText(cursor, StringView(line.Text).substr(from, length), m_formats.Of(format));
+    from += length;
+  });
 }
 
 void TextBlocks::WriteText(QTextCursor& cursor, StringView text, const QTextCharFormat& format) {

@@ -4,6 +4,7 @@
 #include "richtext/RtfReader.h"
 #include "richtext/RtfWriter.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace portico::qt {
@@ -42,6 +43,10 @@ richtext::FormattedText FromClipboard(const QMimeData& data, const richtext::For
   return richtext::FormatPlain(ReplaceAll(text, u"\u2029", u"\n"), base);
 }
 
-bool HasText(const QMimeData& data) { return data.hasText() || !Fragment(data).empty(); }
+bool HasText(const QMimeData& data) {
+  return data.hasText() || std::ranges::any_of(FragmentTypes, [&](const char* type) {
+           return data.hasFormat(QString::fromLatin1(type));
+         });
+}
 
 } // namespace portico::qt

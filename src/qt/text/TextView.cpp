@@ -1,6 +1,7 @@
 #include "qt/text/TextView.h"
 
 #include "qt/text/FindBar.h"
+#include "qt/text/TextClipboard.h"
 #include "qt/text/TextLayout.h"
 #include "qt/values/Mouse.h"
 #include "qt/values/QtText.h"
@@ -265,10 +266,7 @@ void TextView::focusOutEvent(QFocusEvent* event) {
   if (m_owner != nullptr && !IsMenu(event->reason())) m_owner->OnFocus(false);
 }
 
-bool TextView::canInsertFromMimeData(const QMimeData* source) const {
-  return source->hasText() || source->hasFormat(QStringLiteral("text/rtf")) ||
-         source->hasFormat(QStringLiteral("application/rtf"));
-}
+bool TextView::canInsertFromMimeData(const QMimeData* source) const { return HasText(*source); }
 
 QMimeData* TextView::createMimeDataFromSelection() const {
   return m_owner == nullptr ? QPlainTextEdit::createMimeDataFromSelection() : m_owner->Selection().release();

@@ -2,6 +2,9 @@
 
 #include "platform/shared/TimerState.h"
 
+#include <chrono>
+#include <optional>
+
 namespace portico::memory {
 
 class EventLoop::LoopTimer final : public TimerState {

@@ -1,6 +1,7 @@
 #include "memory/Clock.h"
 
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 

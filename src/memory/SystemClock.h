@@ -3,6 +3,9 @@
 #include "memory/Clock.h"
 #include "platform/shared/WakePipe.h"
 
+#include <chrono>
+#include <optional>
+
 namespace portico::memory {
 
 /// The system's clock.

@@ -1,6 +1,8 @@
 #include "memory/SystemClock.h"
 
 #include <algorithm>
+#include <chrono>
+#include <optional>
 
 #include <poll.h>
 

@@ -7,8 +7,6 @@
 
 namespace portico {
 
-class IForm;
-
 enum class MessageBoxButtons : std::int32_t { OKOnly = 0, YesNo = 4 };
 enum class MessageBoxIcon : std::int32_t { None = 0, Question = 32, Information = 64 };
 enum class MessageBoxAnswer : std::int32_t { OK = 1, Yes = 6, No = 7 };

@@ -8,6 +8,8 @@
 #include "platform/IRegistry.h"
 #include "platform/ISettingsStore.h"
 
+#include <memory>
+
 // The seams that a platform fills, all in one place.
 
 namespace portico {

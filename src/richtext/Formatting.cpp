@@ -4,6 +4,7 @@
 #include "framework/errors/HuntERR.h"
 
 #include <cmath>
+#include <optional>
 #include <tuple>
 
 namespace portico::richtext {

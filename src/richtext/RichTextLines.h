@@ -4,6 +4,7 @@
 #include "richtext/FormattedText.h"
 
 #include <memory>
+#include <utility>
 
 namespace portico::richtext {
 

@@ -4,6 +4,7 @@
 #include "richtext/RichTextLines.h"
 
 #include <optional>
+#include <utility>
 
 namespace portico::richtext {
 

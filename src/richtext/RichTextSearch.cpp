@@ -1,6 +1,7 @@
 #include "richtext/RichTextSearch.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace portico::richtext {
 namespace {

@@ -2,7 +2,9 @@
 
 #include "richtext/RtfWords.h"
 
+#include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace portico::richtext {
 namespace {

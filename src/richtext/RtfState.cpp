@@ -1,5 +1,8 @@
 #include "richtext/RtfState.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace portico::richtext {
 
 RtfDocument::RtfDocument(const Formatting& base) : m_base(base), m_state{base} {}

@@ -1,5 +1,6 @@
 #include "richtext/RtfWords.h"
 
+#include <algorithm>
 #include <array>
 
 namespace portico::richtext {

@@ -2,6 +2,9 @@
 
 #include "platform/shared/Owned.h"
 
+#include <span>
+#include <vector>
+
 namespace portico::memory {
 namespace {
 

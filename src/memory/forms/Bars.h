@@ -8,6 +8,8 @@
 #include "platform/shared/ToolButtonState.h"
 
 #include <memory>
+#include <span>
+#include <vector>
 
 namespace portico::memory {
 

@@ -4,6 +4,8 @@
 #include "platform/IDialogControls.h"
 
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace portico::memory {
 

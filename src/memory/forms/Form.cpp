@@ -8,7 +8,10 @@
 #include "platform/shared/Owned.h"
 
 #include <algorithm>
+#include <memory>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 namespace portico::memory {
 namespace {

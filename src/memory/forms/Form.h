@@ -5,6 +5,9 @@
 #include "memory/forms/Placement.h"
 #include "platform/IForm.h"
 
+#include <memory>
+#include <vector>
+
 namespace portico::memory {
 
 class CommandButton;

@@ -3,6 +3,9 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 
+#include <map>
+#include <utility>
+
 namespace portico::memory {
 
 struct InstrumentList::State {

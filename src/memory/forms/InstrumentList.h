@@ -2,7 +2,6 @@
 
 #include "platform/IInstrumentList.h"
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>

@@ -3,6 +3,9 @@
 #include "memory/forms/Desktop.h"
 #include "memory/forms/Screen.h"
 
+#include <memory>
+#include <vector>
+
 namespace portico::memory {
 
 /// Keeps keys until somebody delivers them, as the program's own turn would.

@@ -5,6 +5,10 @@
 #include "memory/forms/FormScreen.h"
 #include "memory/forms/Script.h"
 
+#include <functional>
+#include <utility>
+#include <vector>
+
 namespace portico::memory {
 
 /// Forms without windows, one in front of the other. What the user does with a modal form and with a popup menu is laid

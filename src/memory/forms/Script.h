@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace portico::memory {

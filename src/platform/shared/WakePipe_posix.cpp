@@ -1,5 +1,6 @@
 #include "platform/shared/WakePipe.h"
 
+#include <array>
 #include <cerrno>
 #include <fcntl.h>
 #include <system_error>

@@ -5,6 +5,7 @@
 
 #include <QSignalBlocker>
 
+#include <memory>
 #include <utility>
 
 namespace portico::qt {

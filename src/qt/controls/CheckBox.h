@@ -5,6 +5,8 @@
 
 #include <QCheckBox>
 
+#include <memory>
+
 namespace portico::qt {
 
 /// The user turns it between checked and unchecked; only the program makes it grayed.

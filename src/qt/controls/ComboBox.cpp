@@ -7,6 +7,7 @@
 
 #include <QSignalBlocker>
 
+#include <memory>
 #include <utility>
 
 namespace portico::qt {

@@ -5,6 +5,8 @@
 
 #include <QComboBox>
 
+#include <memory>
+
 namespace portico::qt {
 
 /// A list that drops down. A text that was typed and is no entry selects nothing.

@@ -5,6 +5,8 @@
 
 #include <QPushButton>
 
+#include <memory>
+
 namespace portico::qt {
 
 class CommandButton final : public TabStopControl, public virtual ICommandButton {

@@ -9,6 +9,7 @@
 #include <QSvgRenderer>
 
 #include <memory>
+#include <utility>
 
 // The pictures lie in a static library, whose resources nobody registers by themselves. The macro declares a function
 // of the global namespace; further calls of it do nothing.

@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <memory>
 #include <utility>
 
 namespace portico::qt {

@@ -6,6 +6,8 @@
 
 #include <QIcon>
 
+#include <memory>
+
 namespace portico::qt {
 
 /// A borderless field in a colour, with a picture in the middle if it was designed with one.

@@ -2,6 +2,7 @@
 
 #include "qt/values/QtText.h"
 
+#include <memory>
 #include <utility>
 
 namespace portico::qt {

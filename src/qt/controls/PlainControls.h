@@ -6,6 +6,8 @@
 #include <QGroupBox>
 #include <QLabel>
 
+#include <memory>
+
 namespace portico::qt {
 
 /// A text of the program's; '&' stands in front of the mnemonic of what it names.

@@ -1,5 +1,7 @@
 #include "qt/controls/TabOrder.h"
 
+#include <vector>
+
 namespace portico::qt {
 
 void TabOrder::Add(QWidget& widget) {

@@ -4,6 +4,7 @@
 
 #include <QSignalBlocker>
 
+#include <memory>
 #include <utility>
 
 namespace portico::qt {

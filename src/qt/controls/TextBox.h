@@ -5,6 +5,8 @@
 
 #include <QLineEdit>
 
+#include <memory>
+
 namespace portico::qt {
 
 /// A line of text that is typed. A label in front of it in its table names it.

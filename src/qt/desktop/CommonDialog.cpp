@@ -4,7 +4,6 @@
 #include "framework/errors/HuntERR.h"
 #include "platform/IDesktop.h"
 #include "qt/desktop/Dialogs.h"
-#include "qt/loop/EventLoop.h"
 #include "qt/values/QtText.h"
 
 #include <QFileDialog>
@@ -13,6 +12,7 @@
 #include <QPrintDialog>
 
 #include <algorithm>
+#include <vector>
 
 namespace portico::qt {
 namespace {

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QUrl>
 
+#include <utility>
+
 namespace portico::qt {
 
 /// A folder of help pages. A file in it, "topics.txt", has a line for each topic: its name, a blank, and a page with or

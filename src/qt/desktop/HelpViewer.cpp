@@ -17,6 +17,8 @@
 #include <QToolButton>
 #include <QWindow>
 
+#include <utility>
+
 namespace portico::qt {
 namespace {
 

@@ -6,6 +6,7 @@
 #include <QPrinter>
 
 #include <memory>
+#include <utility>
 
 namespace portico::qt {
 

@@ -6,6 +6,7 @@
 #include "qt/loop/EventFilter.h"
 
 #include <memory>
+#include <vector>
 
 namespace portico::qt {
 

@@ -2,6 +2,8 @@
 
 #include "qt/values/QtText.h"
 
+#include <QSettings>
+
 #include <iostream>
 #include <utility>
 

@@ -2,7 +2,9 @@
 
 #include "platform/ISettingsStore.h"
 
-#include <QSettings>
+#include <QString>
+
+#include <utility>
 
 namespace portico::qt {
 

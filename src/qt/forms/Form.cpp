@@ -16,6 +16,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <type_traits>
 #include <utility>
 
 namespace portico::qt {

@@ -17,7 +17,7 @@
 #include <QDialog>
 #include <QMainWindow>
 
-#include <utility>
+#include <memory>
 
 namespace portico::qt {
 namespace {

@@ -4,6 +4,7 @@
 #include "qt/forms/FormParts.h"
 
 #include <functional>
+#include <memory>
 
 namespace portico::qt {
 

@@ -4,6 +4,7 @@
 
 #include <QKeySequence>
 
+#include <memory>
 #include <utility>
 
 namespace portico::qt {

@@ -7,6 +7,8 @@
 #include <QAction>
 #include <QMenu>
 
+#include <memory>
+
 namespace portico::qt {
 
 /// A menu title, an item or a bar: an action, and for a title the menu that it drops down. Both belong to the window.

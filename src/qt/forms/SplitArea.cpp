@@ -1,5 +1,7 @@
 #include "qt/forms/SplitArea.h"
 
+#include <memory>
+
 namespace portico::qt {
 
 SplitArea::SplitArea(const ControlDesign& design, std::shared_ptr<FormLife> life, QWidget& widget)

@@ -4,6 +4,8 @@
 #include "qt/controls/Control.h"
 #include "qt/controls/PictureBox.h"
 
+#include <memory>
+
 namespace portico::qt {
 
 /// A field in which other controls are placed, and a bar.

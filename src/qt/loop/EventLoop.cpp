@@ -9,6 +9,8 @@
 #include <QSessionManager>
 #include <QWidget>
 
+#include <memory>
+
 namespace portico::qt {
 namespace {
 

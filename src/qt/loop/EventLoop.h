@@ -8,6 +8,8 @@
 #include <QSocketNotifier>
 
 #include <functional>
+#include <memory>
+#include <utility>
 
 namespace portico::qt {
 

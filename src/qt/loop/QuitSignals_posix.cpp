@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <csignal>
+#include <memory>
 
 namespace portico::qt {
 namespace {

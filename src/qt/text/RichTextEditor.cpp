@@ -9,6 +9,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace portico::qt {

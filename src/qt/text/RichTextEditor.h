@@ -8,6 +8,9 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <memory>
+#include <optional>
+
 namespace portico::qt {
 
 /// A rich text box whose text a view shows and the user edits there. The model has the answers to all that the program

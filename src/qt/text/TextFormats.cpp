@@ -4,7 +4,6 @@
 #include "qt/values/QtText.h"
 
 #include <QBrush>
-#include <QColor>
 
 #include <algorithm>
 

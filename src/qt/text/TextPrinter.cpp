@@ -5,7 +5,7 @@
 
 #include <QTextDocument>
 
-#include <algorithm>
+#include <utility>
 
 namespace portico::qt {
 namespace {

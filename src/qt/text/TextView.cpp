@@ -4,7 +4,6 @@
 #include "qt/text/TextClipboard.h"
 #include "qt/text/TextLayout.h"
 #include "qt/values/Mouse.h"
-#include "qt/values/QtText.h"
 
 #include <QApplication>
 #include <QDrag>

@@ -29,7 +29,7 @@ class IToolBar : public virtual IControl, public virtual IPlaced {
 public:
   /// In the order of the table.
   virtual std::vector<IToolButton*> Buttons() = 0;
-  /// The button of a key; an unknown key raises `ElementNotFound`.
+  /// The button of a key, without regard to case; an unknown key raises `ElementNotFound`.
   virtual IToolButton& Buttons(StringView Key) = 0;
   virtual Event<IToolButton&>& ButtonClick() = 0;
 };

@@ -23,7 +23,7 @@ TEST(FaultCollector, KeepsTheDriversTextsInOrder) {
   collector.Update(FailureReport(u"CWriteCmd", -1151012, u"The instrument closed the connection."));
   collector.Update(FailureReport(u"CSetAttribCmd", -1151006, u"The attribute does not take that value."));
   EXPECT_EQ(collector.DriverFailures(), (std::vector<String>{u"The instrument closed the connection.",
-                                                           u"The attribute does not take that value."}));
+                                                             u"The attribute does not take that value."}));
 }
 
 TEST(FaultCollector, TellsHowEachCommandEnded) {
@@ -102,7 +102,8 @@ TEST(FaultCollector, FailedReadIsNoAnswer) {
 TEST(FaultCollector, EndOfTheInstructionLeavesTheAnswer) {
   FaultCollector collector;
   collector.Update(ReadReport(u"-113"));
-  collector.Update(Report({.Command = u"SCPIInstructionProcessor", .ErrorCode = static_cast<std::int32_t>(0x80041454)}));
+  collector.Update(
+      Report({.Command = u"SCPIInstructionProcessor", .ErrorCode = static_cast<std::int32_t>(0x80041454)}));
   EXPECT_EQ(collector.LastAnswer(), u"-113");
 }
 

@@ -30,7 +30,14 @@ private:
   std::int32_t m_offset = NoDataOffset;
 };
 
-/// "DataPosition": an entity or nothing, and an offset or an empty value.
+namespace Class {
+
+/// An entity or null, and an offset or an empty value. Part of the contract; nothing in the program asks the factory
+/// for a position.
+inline constexpr ClassKey<IPosition, Ref<IDataEntity>, Value> DataPosition{u"DataPosition"};
+
+} // namespace Class
+
 extern const CreatorRow CtorDataPosition;
 
 } // namespace portico

@@ -27,7 +27,7 @@ Ref<IPublisher> Agent() { return Create<IPublisher>(u"CmdSubscriptionAgent", mod
 } // namespace
 
 frmMain::frmMain(const std::function<void()>& CreateObjectFactory, StringView HelpFile)
-    : m_helpFile(HelpFile), m_form(gForms->Load(MainDesign)) {
+    : m_form(gForms->Load(MainDesign)), m_help(*m_form, HelpFile) {
   m_txtFuture = TextBox(u"txtFuture");
   m_txtPast = TextBox(u"txtPast");
   m_scratchArea = TextBox(u"rtfScratchArea");
@@ -47,12 +47,6 @@ frmMain::frmMain(const std::function<void()>& CreateObjectFactory, StringView He
   if (made) return;
   gEventLoop->RequestQuit();
   throw Quit{};
-}
-
-Ref<IRichTextControl> frmMain::TextBox(StringView name) const {
-  // The form owns the box.
-  return Ref<IRichTextControl>(
-      std::shared_ptr<IRichTextControl>(m_form.Shared(), &FindControl<IRichTextControl>(*m_form, name)));
 }
 
 void frmMain::Show() {
@@ -78,6 +72,13 @@ void frmMain::Form_Load() {
   m_displayer = Create<ISubscriber>(u"ReportDisplayer", modGlobals::VarArray(m_historyView));
   SetUpSplitter();
   UpdateUI({}, {});
+}
+
+void frmMain::Connect() {
+  ConnectTextBoxes();
+  ConnectMenus();
+  m_form->Events().Resize.Connect([this] { Form_Resize(); });
+  m_form->Events().QueryUnload.Connect([this] { QueryUnload(); });
 }
 
 void frmMain::RestorePlace() {

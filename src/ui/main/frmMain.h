@@ -7,6 +7,8 @@
 #include "ui/base/IMainFormParts.h"
 #include "ui/base/ProgramConstants.h"
 #include "ui/base/WindowSettings.h"
+#include "ui/main/DeferredRun.h"
+#include "ui/main/MainHelp.h"
 #include "ui/main/MainUpdate.h"
 #include "ui/main/SplitPanel.h"
 #include "views/CSCPIView.h"
@@ -21,9 +23,8 @@ namespace portico {
 /// The one top-level window, without its toolkit. Almost all of it is thin: an item or a button names a command, which
 /// `ExecutionEventHandler` runs. What the window decides itself stands in `MainUpdate`.
 ///
-/// A failure of a handler is shown in a message box and never closes the window. A close, by whatever road, asks the
-/// event loop to quit; what was running then comes down to the bottom of the stack, where the program calls
-/// `Form_Unload` and `Form_Terminate`.
+/// A failure of a handler is shown in a message box and never closes the window. A close asks the event loop to quit;
+/// what runs comes down to the bottom of the stack, where the program calls `Form_Unload` and `Form_Terminate`.
 class frmMain final : public IMainForm, public IMainFormParts, public IScratchArea {
 public:
   /// Runs `Form_Initialize`. If that fails the failure is shown and `Quit` thrown. No help file: an empty name.
@@ -73,6 +74,7 @@ public:
   double FontSize() const override { return StandardFontSize; }
 
 private:
+  static constexpr StringView FocusFailure = u"An error occured while changing focus.";
   /// What a menu item does: a command without parameters, or an action of the window's.
   struct MenuRow;
   static std::span<const MenuRow> MenuRows();
@@ -80,6 +82,8 @@ private:
   struct ButtonRow;
   static std::span<const ButtonRow> ButtonRows();
   void Connect();
+  void ConnectMenus();
+  void ConnectTextBoxes();
   void Click(StringView item);
   void Click(const MenuRow& row);
   void tbToolBar_ButtonClick(IToolButton& Button);
@@ -96,26 +100,23 @@ private:
   void ClearHistory();
   void ClearCommands();
   void ResetTypingFormat();
-  void Defer(bool frmMain::*request);
-  void tmrProcessCmd_Timer();
   void tmrSelection_Timer();
   void OpenInstrument();
   void CloseInstrument();
   void Exit();
   void UseProtocol(StringView protocol, bool canRead);
-  void UseSCPI() { UseProtocol(u"SCPI", false); }
-  void UseOther() { UseProtocol(u"Other", true); }
+  void UseSCPI();
+  void UseOther();
   void Update() { UpdateUI({}, {}); }
   void RunAll() { m_runs->Run(); }
   void RunToCursor() { m_runs->RunToCursor(); }
   void Step() { m_runs->Step(); }
   void Stop() { m_stopRequested = true; }
-  void DeferStep() { Defer(&frmMain::StepRequested); }
-  void DeferRun() { Defer(&frmMain::RunRequested); }
-  void DeferRunToCursor() { Defer(&frmMain::RunToCursorRequested); }
-  void ShowHelpTopics();
+  void DeferStep() { m_deferred->RequestStep(); }
+  void DeferRun() { m_deferred->RequestRun(); }
+  void DeferRunToCursor() { m_deferred->RequestRunToCursor(); }
+  void ShowHelpTopics() { m_help.ShowTopics(); }
   void ShowAbout();
-  void ShowHelp(std::int32_t command, StringView refusal);
 
   void txtFuture_Change();
   void TextGotFocus(bool isCommandWindow, StringView label);
@@ -124,22 +125,19 @@ private:
   void QueryUnload();
 
   const WindowSettings m_settings{u"frmMain"};
-  const String m_helpFile;
   Ref<IForm> m_form;
+  const MainHelp m_help;
   Ref<IRichTextControl> m_txtFuture;
   Ref<IRichTextControl> m_txtPast;
   Ref<IRichTextControl> m_scratchArea;
-  std::unique_ptr<ITimer> tmrProcessCmd;
   std::unique_ptr<ITimer> tmrSelection;
   std::optional<SplitPanel> splitterNow;
   std::optional<MainUpdate> m_update;
   std::optional<RunFrame> m_runs;
+  std::optional<DeferredRun> m_deferred;
 
   bool m_CommandHasFocus = false;
   bool m_stopRequested = false;
-  bool StepRequested = false; // from the popup menu, to be run when it has closed; likewise the next two
-  bool RunRequested = false;
-  bool RunToCursorRequested = false;
   bool m_gotFocus = false;
   Ref<CSCPIView> m_commandView;
   Ref<CSCPIViewHistory> m_historyView;

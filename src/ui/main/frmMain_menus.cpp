@@ -1,7 +1,6 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/modGlobals.h"
-#include "framework/shared/Application.h"
 #include "framework/shared/IConfiguration.h"
 #include "framework/shared/modAppGlobals.h"
 #include "platform/ICommonDialog.h"
@@ -12,13 +11,6 @@
 #include <algorithm>
 
 namespace portico {
-namespace {
-
-constexpr StringView FocusFailure = u"An error occured while changing focus.";
-constexpr std::int32_t DeferralMilliseconds = 10;
-constexpr std::int32_t KeyMilliseconds = 1; // until a key has reached the selection
-
-} // namespace
 
 struct frmMain::MenuRow {
   StringView Item;
@@ -130,34 +122,18 @@ std::span<const frmMain::ButtonRow> frmMain::ButtonRows() {
   return rows;
 }
 
-void frmMain::Connect() {
+void frmMain::ConnectMenus() {
   for (const MenuRow& row : MenuRows()) {
     FindControl<IMenuItem>(*m_form, row.Item).Click().Connect([this, &row] { Click(row); });
   }
   FindControl<IToolBar>(*m_form, ToolBarName).ButtonClick().Connect([this](IToolButton& button) {
     tbToolBar_ButtonClick(button);
   });
-  tmrProcessCmd = gEventLoop->MakeTimer();
-  tmrProcessCmd->Interval(DeferralMilliseconds);
-  tmrProcessCmd->Timer().Connect([this] { tmrProcessCmd_Timer(); });
-  tmrSelection = gEventLoop->MakeTimer();
-  tmrSelection->Interval(KeyMilliseconds);
-  tmrSelection->Timer().Connect([this] { tmrSelection_Timer(); });
-  const auto selected = [this] { tmrSelection->Enabled(true); };
-  m_form->Events().KeyDown.Connect([this, selected](std::int32_t code, std::int32_t shift) {
-    selected();
+  m_deferred.emplace(DeferredRun::Handlers{[this] { mnuStep_Click(); }, [this] { mnuRun_Click(); },
+                                           [this] { mnuRunToCursor_Click(); }});
+  m_form->Events().KeyDown.Connect([this](std::int32_t code, std::int32_t shift) {
     if (code == F1Key && shift == 0) Click(u"mnuHelpTopics");
   });
-  for (const auto& box : {m_txtFuture, m_txtPast}) {
-    box->MouseUp().Connect([selected](const MouseEvent&) { selected(); });
-  }
-  m_txtFuture->Change().Connect([this] { txtFuture_Change(); });
-  m_txtFuture->GotFocus().Connect([this] { TextGotFocus(true, u"frmMain.txtFuture_GotFocus"); });
-  m_txtPast->GotFocus().Connect([this] { TextGotFocus(false, u"frmMain.txtPast_GotFocus"); });
-  m_txtFuture->MouseDown().Connect([this](const MouseEvent& mouse) { txtFuture_MouseDown(mouse); });
-  m_txtPast->MouseDown().Connect([this](const MouseEvent& mouse) { txtPast_MouseDown(mouse); });
-  m_form->Events().Resize.Connect([this] { Form_Resize(); });
-  m_form->Events().QueryUnload.Connect([this] { QueryUnload(); });
 }
 
 void frmMain::Click(StringView item) { Click(*std::ranges::find(MenuRows(), item, &MenuRow::Item)); }
@@ -228,9 +204,8 @@ void frmMain::ClearCommands() {
   ResetTypingFormat();
 }
 
-void frmMain::ResetTypingFormat() {
-  m_txtFuture->SelFormat({.SelBold = false, .SelCharOffset = 0, .SelColor = 0, .SelItalic = false});
-}
+void frmMain::UseSCPI() { UseProtocol(ItemText::SCPI, false); }
+void frmMain::UseOther() { UseProtocol(ItemText::Other, true); }
 
 void frmMain::UseProtocol(StringView protocol, bool canRead) {
   HuntERR::Check(bool(gConfiguration), ErrorNumber::ObjectRequired, u"This operation requires a configuration client.");
@@ -239,58 +214,12 @@ void frmMain::UseProtocol(StringView protocol, bool canRead) {
   FindControl<IMenuItem>(*m_form, u"mnuRead").Enabled(canRead); // overrules the update, until the next one
 }
 
-void frmMain::Defer(bool frmMain::*request) {
-  tmrProcessCmd->Enabled(true);
-  this->*request = true;
-}
-
-void frmMain::tmrProcessCmd_Timer() {
-  tmrProcessCmd->Enabled(false);
-  if (StepRequested) {
-    mnuStep_Click();
-  } else if (RunRequested) {
-    mnuRun_Click();
-  } else if (RunToCursorRequested) {
-    mnuRunToCursor_Click();
-  }
-  StepRequested = false;
-  RunRequested = false;
-  RunToCursorRequested = false;
-  tmrProcessCmd->Enabled(true);
-}
-
-/// What can be cut and copied follows what the user selects, with no menu opened.
-void frmMain::tmrSelection_Timer() {
-  tmrSelection->Enabled(false);
-  RunHandler(u"frmMain.tmrSelection_Timer", FocusFailure, [this] { UpdateUI({}, {}); });
+void frmMain::mnuHelpSearchForHelpOn_Click() {
+  RunHandler(u"frmMain.mnuHelpSearchForHelpOn_Click", u"Can't search for help on a topic.",
+             [this] { m_help.Search(); });
 }
 
 void frmMain::ShowAbout() { portico::ShowAbout(m_form.Get()); }
-
-void frmMain::ShowHelpTopics() {
-  ShowHelp(HelpFinder, u"Unable to display help contents. There is no Help associated with this project.");
-}
-
-void frmMain::mnuHelpSearchForHelpOn_Click() {
-  RunHandler(u"frmMain.mnuHelpSearchForHelpOn_Click", u"Can't search for help on a topic.", [this] {
-    ShowHelp(HelpPartialKey, u"Unable to search for help on a topic. There is no Help associated with this project.");
-  });
-}
-
-void frmMain::ShowHelp(std::int32_t command, StringView refusal) {
-  if (m_helpFile.empty()) {
-    gMessageBox->Show(String(refusal), m_form->Caption(), MessageBoxButtons::OKOnly, MessageBoxIcon::Information);
-    return;
-  }
-  String fault;
-  try {
-    gHelpViewer->WinHelp(m_helpFile, command, {});
-    return;
-  } catch (const Error& error) {
-    fault = error.Record().Description;
-  }
-  gMessageBox->Show(fault, ApplicationTitle);
-}
 
 void frmMain::mnuFileOpen_Click() {
   RunHandler(u"frmMain.mnuFileOpen_Click", u"Can't open file.", [] {
@@ -298,41 +227,6 @@ void frmMain::mnuFileOpen_Click() {
     settings.DialogTitle = u"Open";
     settings.Filter = u"All Files (*.*)|*.*";
     gCommonDialog->ShowOpen(settings);
-  });
-}
-
-void frmMain::txtFuture_Change() {
-  RunHandler(u"frmMain.txtFuture_Change", FocusFailure, [this] {
-    UpdateUI({}, {});
-    const std::int32_t start = m_txtFuture->SelStart();
-    m_txtFuture->Find(NewLine, start - 2, start);
-    m_txtFuture->SelStart(start);
-    ResetTypingFormat();
-  });
-}
-
-void frmMain::TextGotFocus(bool isCommandWindow, StringView label) {
-  RunHandler(label, FocusFailure, [&] {
-    m_gotFocus = true;
-    m_CommandHasFocus = isCommandWindow;
-    UpdateUI({}, {});
-  });
-}
-
-void frmMain::txtFuture_MouseDown(const MouseEvent& mouse) {
-  if (mouse.Button != RightButton) return;
-  RunHandler(u"frmMain.txtFuture_MouseDown", FocusFailure, [this] {
-    m_txtFuture->SetFocus();
-    gEventLoop->DoEvents();
-    m_form->PopupMenu(FindControl<IMenuItem>(*m_form, u"mnuPopupCMD"));
-    gEventLoop->DoEvents();
-  });
-}
-
-void frmMain::txtPast_MouseDown(const MouseEvent& mouse) {
-  RunHandler(u"frmMain.txtPast_MouseDown", FocusFailure, [&] {
-    m_txtPast->SetFocus();
-    if (mouse.Button == RightButton) m_form->PopupMenu(FindControl<IMenuItem>(*m_form, u"mnuPopupHistory"));
   });
 }
 

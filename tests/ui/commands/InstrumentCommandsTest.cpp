@@ -249,7 +249,7 @@ TEST_F(InstrumentCommandsTest, NoneCanBeExecutedBeforeInitialize) {
 }
 
 TEST_F(InstrumentCommandsTest, MainWindowMustBeThere) {
-  gMainForm = {};
+  gMainFormParts = {};
   EXPECT_EQ(Raised([] { Run(u"OpenInstrument"); }).Number, 91);
 }
 

@@ -10,7 +10,7 @@ public:
   StringView ClassName() const override { return u"CSimpleRTFEncoder"; }
 
   String Encode(const String& sData, const String& DataType) const;
-  /// White on the white window: hidden, but there.
+  /// White on the white window: hidden, but there. Part of the contract; nothing in the program calls it.
   String EncodeWhite(const String& sData) const;
 
 protected:

@@ -16,6 +16,9 @@ class EntitySequence;
 /// Entities are found by content, never by reference. Every member but `MaximumCount` and `Initialize` raises
 /// `NotInitialized` before `Initialize`. An entity whose stamp is already present raises `DuplicateKey`, a position
 /// that is not in the container `InvalidArgument`.
+///
+/// Of the contract alone, asked for by nothing in the program: `MaximumCount`, `SelectAllData`, `CopyData` and
+/// `EntityAtDataIndex`.
 class CDataFIFO final : public IIteratableObject,
                         public ISelectableObject,
                         public std::enable_shared_from_this<CDataFIFO> {

@@ -30,14 +30,8 @@ private:
   std::int32_t m_offset = NoDataOffset;
 };
 
-namespace Class {
-
-/// An entity or null, and an offset or an empty value. Part of the contract; nothing in the program asks the factory
-/// for a position.
-inline constexpr ClassKey<IPosition, Ref<IDataEntity>, Value> DataPosition{u"DataPosition"};
-
-} // namespace Class
-
+/// "DataPosition": an entity or null, and an offset or an empty value. Part of the contract; nothing in the program
+/// asks the factory for a position.
 extern const CreatorRow CtorDataPosition;
 
 } // namespace portico

@@ -4,7 +4,8 @@
 
 namespace portico {
 
-/// Walks a whole object ("IterateAll") or its selection ("IterateSelection").
+/// Walks a whole object ("IterateAll") or its selection ("IterateSelection", which is part of the contract and which
+/// nothing in the program asks for).
 class CSelectionIterator final : public IIterator {
 public:
   StringView ClassName() const override { return u"CSelectionIterator"; }

@@ -59,7 +59,6 @@ inline constexpr char16_t AutomaticInstruction[] = u"AutomaticInstruction";
 inline constexpr char16_t Response[] = u"Response";
 inline constexpr char16_t Configuration[] = u"Configuration";
 inline constexpr char16_t Remark[] = u"Remark";
-inline constexpr char16_t DisplayOpenMsg[] = u"DisplayOpenMsg";
 inline constexpr char16_t White[] = u"WHITE";
 } // namespace DataTypeName
 

@@ -9,7 +9,7 @@ namespace portico {
 /// A place in an iteratable object: an entity, or the end marker behind the last one.
 class IPosition : public virtual IObject {
 public:
-  /// The stamp of the position's entity.
+  /// The stamp of the position's entity. Part of the contract; nothing in the program asks for it.
   virtual String ID() const = 0;
 };
 

@@ -47,13 +47,13 @@ void CheckFactory(const Ref<IObjectFactory>& factory) {
 
 /// The communication handler, then SCPI, then configuration: the order in which they are offered an instruction.
 void BuildInstructionProcessor(const Ref<IObjectFactory>& factory) {
-  const auto make = [&](StringView specification) {
-    return Cast<IInstProcessor>(factory->CreateObject(specification, modGlobals::VarArray()));
+  const auto make = [&](const ClassKey<IInstProcessor>& key) {
+    return Cast<IInstProcessor>(factory->CreateObject(key.Specification, modGlobals::VarArray()));
   };
-  const auto director = Cast<CInstDirector>(make(u"InstructionProcessor"));
-  const auto communication = make(u"CommunicationInstructionHandler");
-  const auto scpi = make(u"SCPIInstructionHandler");
-  const auto configuration = make(u"ConfigurationInstructionHandler");
+  const auto director = Cast<CInstDirector>(make(Class::InstructionProcessor));
+  const auto communication = make(Class::CommunicationInstructionHandler);
+  const auto scpi = make(Class::SCPIInstructionHandler);
+  const auto configuration = make(Class::ConfigurationInstructionHandler);
   director->RegisterHandler(communication);
   director->RegisterHandler(scpi);
   director->RegisterHandler(configuration);
@@ -161,7 +161,7 @@ Rows CCommInstHndlrRegistrar::Rows() const {
 }
 void CCommInstHndlrRegistrar::AfterRegistration(const Ref<IObjectFactory>& ObjectFactory) {
   CFactoryRegistrar::AfterRegistration(ObjectFactory);
-  gChannel = Create<IChannel>(u"DriverSession", modGlobals::VarArray());
+  gChannel = Create(Class::DriverSession);
 }
 void CCommInstHndlrRegistrar::AfterRemoval() {
   CFactoryRegistrar::AfterRemoval();

@@ -40,7 +40,7 @@ public:
 
 private:
   std::span<const CreatorRow* const> Rows() const override;
-  /// "SCPIViewHistory".
+  /// `Class::SCPIViewHistory`.
   bool StaysBehind(const CreatorRow& row) const override;
 };
 

@@ -6,7 +6,6 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/errors/Quit.h"
 #include "framework/objects/CObjectFactory.h"
-#include "framework/objects/modGlobals.h"
 #include "framework/shared/IConfiguration.h"
 
 namespace portico::modAppGlobals {
@@ -27,7 +26,7 @@ void Main(const Startup& startup) try {
   gScratchArea = scratchArea;
   form->Show();
   if (Trim(startup.CommandLine).empty()) return;
-  auto configuration = Create<IConfiguration>(u"Configuration", modGlobals::VarArray());
+  auto configuration = Create(Class::Configuration);
   configuration->ItemValue(u"InstrumentName", startup.CommandLine);
   configuration->ItemValue(u"OpenfromTree", Value(true).ToString());
   configuration = nullptr;

@@ -159,8 +159,8 @@ Ref<IResponse> CDriverSession::SetChannelAttribute(const String& Name, const Str
 
 const CreatorRow CtorDriverSession = {
     .Name = u"CtorDriverSession",
-    .Specification = u"DriverSession",
-    .ParamCount = 0,
+    .Specification = Class::DriverSession,
+    .ParamCount = Class::DriverSession.ParamCount,
     .Make = [](const Params&) -> Ref<IObject> { return New<CDriverSession>(); },
     .FailureNumber = ErrorNumber::CannotCreate,
     .FailureText = u"Driver session object does not exist.",

@@ -45,7 +45,7 @@ private:
   std::size_t m_soiled = 0;   // bytes of it that the last read may have filled
 };
 
-/// "DriverSession".
+/// Makes `Class::DriverSession`.
 extern const CreatorRow CtorDriverSession;
 
 } // namespace portico

@@ -4,7 +4,6 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
-#include "framework/objects/modGlobals.h"
 #include "framework/shared/IConfiguration.h"
 
 namespace portico {
@@ -19,17 +18,18 @@ void CIntervalPacingCmd::Initialize(const Ref<ICommand>& InnerCommand, std::int3
   PassOn(u"CReadCmd.Initialize(InnerCommand)", {InnerCommand});
 }
 
-Ref<IResponse> CIntervalPacingCmd::Operate() {
-  return Create<CIntervalTimer>(u"IntervalTimer", modGlobals::VarArray())->StartWhenDone(m_interval);
-}
+Ref<IResponse> CIntervalPacingCmd::Operate() { return Create(Class::IntervalTimer)->StartWhenDone(m_interval); }
 
 const CreatorRow CtorIntervalPacingCmd = {
-    u"CtorIntervalPacingCmd", u"IntervalPacingCommand", 1, [](const Params& Parameters) -> Ref<IObject> {
+    .Name = u"CtorIntervalPacingCmd",
+    .Specification = Class::IntervalPacingCommand,
+    .ParamCount = Class::IntervalPacingCommand.ParamCount,
+    .Make = [](const Params& Parameters) -> Ref<IObject> {
       auto command = New<CIntervalPacingCmd>();
-      const Value interval = Create<IConfiguration>(u"Configuration")->ItemValue(u"PacingInterval");
-      command->Initialize(Parameters[0].ToObject<ICommand>(), interval.ToLong(),
-                          Create<IPublisher>(u"CmdSubscriptionAgent"));
+      const Value interval = Create(Class::Configuration)->ItemValue(u"PacingInterval");
+      command->Initialize(Parameters[0].ToObject<ICommand>(), interval.ToLong(), Create(Class::CmdSubscriptionAgent));
       return command;
-    }};
+    },
+};
 
 } // namespace portico

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "channel/CChainLink.h"
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 
 namespace portico {
@@ -23,7 +24,13 @@ private:
   std::int32_t m_interval = 0;
 };
 
-/// "IntervalPacingCommand".
+namespace Class {
+
+/// The inner command.
+inline constexpr ClassKey<ICommand, Ref<ICommand>> IntervalPacingCommand{u"IntervalPacingCommand"};
+
+} // namespace Class
+
 extern const CreatorRow CtorIntervalPacingCmd;
 
 } // namespace portico

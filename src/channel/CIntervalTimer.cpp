@@ -36,8 +36,8 @@ Ref<IResponse> CIntervalTimer::StartWhenDone(std::int32_t Interval) try {
 
 const CreatorRow CtorIntervalTimer = {
     .Name = u"CtorIntervalTimer",
-    .Specification = u"IntervalTimer",
-    .ParamCount = 0,
+    .Specification = Class::IntervalTimer,
+    .ParamCount = Class::IntervalTimer.ParamCount,
     .Make = [](const Params&) -> Ref<IObject> { return New<CIntervalTimer>(); },
     .FailureNumber = ErrorNumber::InvalidArgument,
     .FailureText = u"Interval timer is invalid.",

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 #include "framework/shared/IResponse.h"
 #include "platform/IEventLoop.h"
@@ -28,7 +29,13 @@ private:
   bool m_done = true;
 };
 
-/// "IntervalTimer".
+namespace Class {
+
+/// The one clock.
+inline constexpr ClassKey<CIntervalTimer> IntervalTimer{u"IntervalTimer"};
+
+} // namespace Class
+
 extern const CreatorRow CtorIntervalTimer;
 
 } // namespace portico

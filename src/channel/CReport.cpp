@@ -27,8 +27,8 @@ String CReport::GetCommand() const try {
 
 const CreatorRow CtorReport = {
     .Name = u"CtorReport",
-    .Specification = u"Report",
-    .ParamCount = 5,
+    .Specification = Class::Report,
+    .ParamCount = Class::Report.ParamCount,
     .Make = [](const Params& Parameters) -> Ref<IObject> {
       auto report = New<CReport>();
       report->Initialize(Parameters[0].ToString(), Parameters[1].ToObject<CInstContainer>(), Parameters[2].ToLong(),

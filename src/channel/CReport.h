@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 #include "framework/shared/CInstContainer.h"
 #include "framework/shared/IReport.h"
@@ -32,7 +33,14 @@ private:
   bool m_initialized = false;
 };
 
-/// "Report".
+namespace Class {
+
+/// The command's name, the instruction, the code, the message and the SCPI instruction.
+inline constexpr ClassKey<IReport, StringView, Ref<CInstContainer>, std::int32_t, StringView, StringView> Report{
+    u"Report"};
+
+} // namespace Class
+
 extern const CreatorRow CtorReport;
 
 } // namespace portico

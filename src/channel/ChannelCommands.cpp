@@ -4,7 +4,6 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
-#include "framework/objects/modGlobals.h"
 #include "framework/shared/IConfiguration.h"
 
 namespace portico {
@@ -27,7 +26,7 @@ void COpenCmd::Initialize(const Ref<ICommand>& InnerCommand, const String& Chann
 Ref<IResponse> COpenCmd::Operate() { return gChannel->OpenChannel(m_channelName); }
 
 void COpenCmd::AfterOperation() {
-  Create<IConfiguration>(u"Configuration")->ItemValue(u"InstrumentOpened", Value(GetErrorCode() == 0).ToString());
+  Create(Class::Configuration)->ItemValue(u"InstrumentOpened", Value(GetErrorCode() == 0).ToString());
 }
 
 void CWriteCmd::Initialize(const Ref<ICommand>& InnerCommand, const String& Data,
@@ -81,43 +80,65 @@ Ref<IResponse> CSetAttribCmd::Operate() { return gChannel->SetChannelAttribute(m
 
 namespace {
 
-Ref<IPublisher> Agent() { return Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray()); }
-
 /// A new command, initialized with the inner command, `arguments`, and the publisher.
 template <class Command, class... Arguments>
 Ref<IObject> Link(const Params& Parameters, const Arguments&... arguments) {
   auto command = New<Command>();
-  command->Initialize(Parameters[0].ToObject<ICommand>(), arguments..., Agent());
+  command->Initialize(Parameters[0].ToObject<ICommand>(), arguments..., Create(Class::CmdSubscriptionAgent));
   return command;
 }
 
 } // namespace
 
-const CreatorRow CtorOpenCmd = {u"CtorOpenCmd", u"OpenCmd", 2, [](const Params& Parameters) {
-                                  return Link<COpenCmd>(Parameters, Parameters[1].ToString());
-                                }};
+const CreatorRow CtorOpenCmd = {
+    .Name = u"CtorOpenCmd",
+    .Specification = Class::OpenCmd,
+    .ParamCount = Class::OpenCmd.ParamCount,
+    .Make = [](const Params& Parameters) { return Link<COpenCmd>(Parameters, Parameters[1].ToString()); },
+};
 
-const CreatorRow CtorWriteCmd = {u"CtorWriteCmd", u"WriteCmd", 2, [](const Params& Parameters) {
-                                   return Link<CWriteCmd>(Parameters, Parameters[1].ToString());
-                                 }};
+const CreatorRow CtorWriteCmd = {
+    .Name = u"CtorWriteCmd",
+    .Specification = Class::WriteCmd,
+    .ParamCount = Class::WriteCmd.ParamCount,
+    .Make = [](const Params& Parameters) { return Link<CWriteCmd>(Parameters, Parameters[1].ToString()); },
+};
 
-const CreatorRow CtorReadCmd = {u"CtorReadCmd", u"ReadCmd", 2, [](const Params& Parameters) {
-                                  // One parameter too many, because the builder treats all its commands alike.
-                                  HuntERR::Check(Parameters[1].ToString().empty(), ErrorNumber::InvalidArgument,
-                                                 u"Second parameter cannot have a value.");
-                                  return Link<CReadCmd>(Parameters);
-                                }};
+const CreatorRow CtorReadCmd = {
+    .Name = u"CtorReadCmd",
+    .Specification = Class::ReadCmd,
+    .ParamCount = Class::ReadCmd.ParamCount,
+    .Make =
+        [](const Params& Parameters) {
+          // One parameter too many, because the builder treats all its commands alike.
+          HuntERR::Check(Parameters[1].ToString().empty(), ErrorNumber::InvalidArgument,
+                         u"Second parameter cannot have a value.");
+          return Link<CReadCmd>(Parameters);
+        },
+};
 
-const CreatorRow CtorCloseCmd = {u"CtorCloseCmd", u"CloseCmd", 1,
-                                 [](const Params& Parameters) { return Link<CCloseCmd>(Parameters); }};
+const CreatorRow CtorCloseCmd = {
+    .Name = u"CtorCloseCmd",
+    .Specification = Class::CloseCmd,
+    .ParamCount = Class::CloseCmd.ParamCount,
+    .Make = [](const Params& Parameters) { return Link<CCloseCmd>(Parameters); },
+};
 
-const CreatorRow CtorGetAttribCmd = {u"CtorGetAttribCmd", u"GetAttribCmd", 2, [](const Params& Parameters) {
-                                       return Link<CGetAttribCmd>(Parameters, Parameters[1].ToString());
-                                     }};
+const CreatorRow CtorGetAttribCmd = {
+    .Name = u"CtorGetAttribCmd",
+    .Specification = Class::GetAttribCmd,
+    .ParamCount = Class::GetAttribCmd.ParamCount,
+    .Make = [](const Params& Parameters) { return Link<CGetAttribCmd>(Parameters, Parameters[1].ToString()); },
+};
 
-const CreatorRow CtorSetAttribCmd = {u"CtorSetAttribCmd", u"SetAttribCmd", 3, [](const Params& Parameters) {
-                                       return Link<CSetAttribCmd>(Parameters, Parameters[1].ToString(),
-                                                                  Parameters[2].ToString());
-                                     }};
+const CreatorRow CtorSetAttribCmd = {
+    .Name = u"CtorSetAttribCmd",
+    .Specification = Class::SetAttribCmd,
+    .ParamCount = Class::SetAttribCmd.ParamCount,
+    .Make =
+        [](const Params& Parameters) {
+          return Link<CSetAttribCmd>(Parameters, Parameters[1].ToString(), Parameters[2].ToString());
+        },
+};
 
 } // namespace portico

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "channel/CChainLink.h"
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 
 namespace portico {
@@ -72,6 +73,23 @@ private:
   String m_attributeName;
   String m_attributeValue;
 };
+
+// The inner command stands first. An unset one ends the chain.
+namespace Class {
+
+/// And the instrument's name.
+inline constexpr ClassKey<ICommand, Ref<ICommand>, StringView> OpenCmd{u"OpenCmd"};
+/// And what is sent.
+inline constexpr ClassKey<ICommand, Ref<ICommand>, StringView> WriteCmd{u"WriteCmd"};
+/// And an empty text; any other raises `InvalidArgument`.
+inline constexpr ClassKey<ICommand, Ref<ICommand>, StringView> ReadCmd{u"ReadCmd"};
+inline constexpr ClassKey<ICommand, Ref<ICommand>> CloseCmd{u"CloseCmd"};
+/// And the attribute's name.
+inline constexpr ClassKey<ICommand, Ref<ICommand>, StringView> GetAttribCmd{u"GetAttribCmd"};
+/// And the attribute's name and value.
+inline constexpr ClassKey<ICommand, Ref<ICommand>, StringView, StringView> SetAttribCmd{u"SetAttribCmd"};
+
+} // namespace Class
 
 extern const CreatorRow CtorOpenCmd;
 extern const CreatorRow CtorWriteCmd;

@@ -3,7 +3,6 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
-#include "framework/objects/modGlobals.h"
 #include "framework/shared/IConfiguration.h"
 
 namespace portico {
@@ -12,14 +11,14 @@ namespace {
 Ref<IConfigurationServer> Server() {
   HuntERR::Check(bool(gObjectFactory), ErrorNumber::MissingObject,
                  u"This command requires an object factory. There is none.");
-  return Create<IConfigurationServer>(u"Configuration", modGlobals::VarArray());
+  return CreateAs<IConfigurationServer>(Class::Configuration);
 }
 
 template <class Command>
 Ref<IObject> Link(const Params& Parameters) {
   auto command = New<Command>();
   command->Initialize(Parameters[0].ToObject<ICommand>(), Parameters[1].ToString(),
-                      Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray()));
+                      Create(Class::CmdSubscriptionAgent));
   return command;
 }
 
@@ -45,7 +44,18 @@ void CSetConfigCmd::Initialize(const Ref<ICommand>& InnerCommand, const String& 
 
 Ref<IResponse> CSetConfigCmd::Operate() { return Server()->Update(m_configuration); }
 
-const CreatorRow CtorGetConfigCmd = {u"CtorGetConfigCmd", u"GetConfigurationCommand", 2, Link<CGetConfigCmd>};
-const CreatorRow CtorSetConfigCmd = {u"CtorSetConfigCmd", u"SetConfigurationCommand", 2, Link<CSetConfigCmd>};
+const CreatorRow CtorGetConfigCmd = {
+    .Name = u"CtorGetConfigCmd",
+    .Specification = Class::GetConfigurationCommand,
+    .ParamCount = Class::GetConfigurationCommand.ParamCount,
+    .Make = Link<CGetConfigCmd>,
+};
+
+const CreatorRow CtorSetConfigCmd = {
+    .Name = u"CtorSetConfigCmd",
+    .Specification = Class::SetConfigurationCommand,
+    .ParamCount = Class::SetConfigurationCommand.ParamCount,
+    .Make = Link<CSetConfigCmd>,
+};
 
 } // namespace portico

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "channel/CChainLink.h"
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 
 namespace portico {
@@ -30,6 +31,14 @@ private:
   StringView LabelName() const override { return u"COpenCmd"; }
   String m_configuration;
 };
+
+// The inner command and the configuration as XML.
+namespace Class {
+
+inline constexpr ClassKey<ICommand, Ref<ICommand>, StringView> GetConfigurationCommand{u"GetConfigurationCommand"};
+inline constexpr ClassKey<ICommand, Ref<ICommand>, StringView> SetConfigurationCommand{u"SetConfigurationCommand"};
+
+} // namespace Class
 
 extern const CreatorRow CtorGetConfigCmd;
 extern const CreatorRow CtorSetConfigCmd;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "framework/shared/IResponse.h"
 
 namespace portico {
@@ -15,6 +16,13 @@ public:
   virtual Ref<IResponse> GetChannelAttribute(const String& Name) = 0;
   virtual Ref<IResponse> SetChannelAttribute(const String& Name, const String& Value) = 0;
 };
+
+namespace Class {
+
+/// The one channel, which its creator holds.
+inline constexpr ClassKey<IChannel> DriverSession{u"DriverSession"};
+
+} // namespace Class
 
 /// The one channel. Set when the communication classes are registered, before any instrument is open.
 extern Ref<IChannel> gChannel;

@@ -83,8 +83,8 @@ Ref<IResponse> CConfiguration::AllItems() const {
 
 const CreatorRow CtorConfiguration = {
     .Name = u"CtorConfiguration",
-    .Specification = u"Configuration",
-    .ParamCount = 0,
+    .Specification = Class::Configuration,
+    .ParamCount = Class::Configuration.ParamCount,
     .Make = [](const Params&) -> Ref<IObject> {
       auto configuration = New<CConfiguration>();
       configuration->Initialize();

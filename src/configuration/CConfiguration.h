@@ -31,7 +31,7 @@ private:
   KeyedList<Ref<CSetting>> m_items;
 };
 
-/// "Configuration".
+/// Makes `Class::Configuration`.
 extern const CreatorRow CtorConfiguration;
 
 } // namespace portico

@@ -4,7 +4,6 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
-#include "framework/objects/modGlobals.h"
 #include "framework/shared/Application.h"
 #include "framework/shared/IMainWindow.h"
 
@@ -95,7 +94,7 @@ void CConfigurationClient::ResetGlobalConfigurationServer() try { m_server = nul
 
 void CConfigurationClient::SetGlobalConfigurationServer() try {
   HuntERR::Check(bool(gObjectFactory), ErrorNumber::ObjectRequired, u"This operation requires an object factory.");
-  m_server = Create<IConfiguration>(u"Configuration", modGlobals::VarArray());
+  m_server = Create(Class::Configuration);
   HuntERR::Check(bool(m_server), ErrorNumber::CannotCreate, u"Cannot create a configuration server.");
 } catch (...) {
   PassOn(Label(u".SetGlobalConfigurationServer()"));

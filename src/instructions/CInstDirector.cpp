@@ -28,8 +28,8 @@ std::int32_t CInstDirector::Send(const Ref<CInstContainer>& Instruction) try {
 
 const CreatorRow CtorInstProcessor = {
     .Name = u"CtorInstProcessor",
-    .Specification = u"InstructionProcessor",
-    .ParamCount = 0,
+    .Specification = Class::InstructionProcessor,
+    .ParamCount = Class::InstructionProcessor.ParamCount,
     .Make = [](const Params&) -> Ref<IObject> { return New<CInstDirector>(); },
     .FailureNumber = ErrorNumber::CannotCreate,
     .FailureText = u"Instruction processor object does not exist.",

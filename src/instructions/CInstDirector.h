@@ -20,7 +20,7 @@ private:
   CInstProcessors m_handlers;
 };
 
-/// "InstructionProcessor".
+/// Makes `Class::InstructionProcessor`.
 extern const CreatorRow CtorInstProcessor;
 
 } // namespace portico

@@ -3,10 +3,14 @@
 #include "channel/CReport.h"
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
+#include "framework/objects/IObjectFactory.h"
 #include "framework/objects/IPublisher.h"
-#include "framework/objects/modGlobals.h"
 #include "framework/shared/ICommand.h"
-#include "instructions/builders/IBuilder.h"
+#include "instructions/builders/CCommCmdBuilder.h"
+#include "instructions/builders/CConfigCmdBuilder.h"
+#include "instructions/builders/CErrChkCmdBuilder.h"
+#include "instructions/builders/CSCPICmdBuilder.h"
+#include "instructions/builders/PacingBuilders.h"
 
 #include <initializer_list>
 
@@ -41,7 +45,7 @@ std::int32_t CInstHandler::Send(const Ref<CInstContainer>& Instruction) try {
 
   Ref<ICommand> command; // from the innermost link outwards
   for (std::int32_t i = m_commandBuilderSpecs.UpperBound(); i >= m_commandBuilderSpecs.LowerBound(); --i) {
-    command = Create<IBuilder>(m_commandBuilderSpecs[i], modGlobals::VarArray())->Build(command, Instruction);
+    command = Create<IBuilder>(m_commandBuilderSpecs[i])->Build(command, Instruction);
   }
   command->Execute();
   PublishReport(Instruction);
@@ -54,32 +58,47 @@ void CInstHandler::PublishReport(const Ref<CInstContainer>& Instruction) const t
   auto report = New<CReport>();
   HuntERR::Check(bool(report), ErrorNumber::CannotCreate, u"Cannot create an instruction-processing-complete report.");
   report->Initialize(m_prefix + u"InstructionProcessor", Instruction, ErrorNumber::InstructionComplete, {}, {});
-  portico::Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray())->Notify(report);
+  Create(Class::CmdSubscriptionAgent)->Notify(report);
 } catch (...) {
   StopHere(String(ClassName()).append(u".PublishReport()"));
 }
 
 namespace {
 
-Ref<IObject> Handler(StringView prefix, std::initializer_list<String> specifications) {
+Ref<IObject> Handler(StringView prefix, std::initializer_list<ClassKey<IBuilder>> builders) {
+  StringArray specifications(builders.size());
+  std::int32_t i = 0;
+  for (const auto& builder : builders) specifications[i++] = builder.Specification;
   auto handler = New<CInstHandler>();
-  handler->Initialize(String(prefix), StringArray(specifications));
+  handler->Initialize(String(prefix), specifications);
   return handler;
 }
 
 } // namespace
 
 const CreatorRow CtorCOMMInstHandler = {
-    u"CtorCOMMInstHandler", u"CommunicationInstructionHandler", 0,
-    [](const Params&) { return Handler(u"COMM", {u"CommunicationCommandBuilder"}); }};
+    .Name = u"CtorCOMMInstHandler",
+    .Specification = Class::CommunicationInstructionHandler,
+    .ParamCount = Class::CommunicationInstructionHandler.ParamCount,
+    .Make = [](const Params&) { return Handler(u"COMM", {Class::CommunicationCommandBuilder}); },
+};
 
 const CreatorRow CtorSCPIInstHandler = {
-    u"CtorSCPIInstHandler", u"SCPIInstructionHandler", 0, [](const Params&) {
-      return Handler(u"SCPI", {u"PacingCommandBuilder", u"SCPICommandBuilder", u"ErrorCheckingCommandBuilder"});
-    }};
+    .Name = u"CtorSCPIInstHandler",
+    .Specification = Class::SCPIInstructionHandler,
+    .ParamCount = Class::SCPIInstructionHandler.ParamCount,
+    .Make =
+        [](const Params&) {
+          return Handler(u"SCPI",
+                         {Class::PacingCommandBuilder, Class::SCPICommandBuilder, Class::ErrorCheckingCommandBuilder});
+        },
+};
 
 const CreatorRow CtorCONFIGInstHandler = {
-    u"CtorCONFIGInstHandler", u"ConfigurationInstructionHandler", 0,
-    [](const Params&) { return Handler(u"CONFIG", {u"ConfigurationCommandBuilder"}); }};
+    .Name = u"CtorCONFIGInstHandler",
+    .Specification = Class::ConfigurationInstructionHandler,
+    .ParamCount = Class::ConfigurationInstructionHandler.ParamCount,
+    .Make = [](const Params&) { return Handler(u"CONFIG", {Class::ConfigurationCommandBuilder}); },
+};
 
 } // namespace portico

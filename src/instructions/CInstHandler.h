@@ -31,8 +31,7 @@ private:
   bool m_initialized = false;
 };
 
-/// "CommunicationInstructionHandler", "SCPIInstructionHandler", "ConfigurationInstructionHandler": they differ in
-/// prefix and builders only.
+// Make the three handlers of the keys in `Class`. They differ in prefix and builders only.
 extern const CreatorRow CtorCOMMInstHandler;
 extern const CreatorRow CtorSCPIInstHandler;
 extern const CreatorRow CtorCONFIGInstHandler;

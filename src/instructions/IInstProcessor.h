@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "framework/shared/CInstContainer.h"
 
 #include <cstdint>
@@ -22,5 +23,17 @@ public:
   /// The `CmdType` that this handler takes, in any case.
   virtual String Prefix() const = 0;
 };
+
+namespace Class {
+
+/// The one processor that the rest of the system sees.
+inline constexpr ClassKey<IInstProcessor> InstructionProcessor{u"InstructionProcessor"};
+
+// The handlers, which it asks. Each also gives `IInstHandler`.
+inline constexpr ClassKey<IInstProcessor> CommunicationInstructionHandler{u"CommunicationInstructionHandler"};
+inline constexpr ClassKey<IInstProcessor> SCPIInstructionHandler{u"SCPIInstructionHandler"};
+inline constexpr ClassKey<IInstProcessor> ConfigurationInstructionHandler{u"ConfigurationInstructionHandler"};
+
+} // namespace Class
 
 } // namespace portico

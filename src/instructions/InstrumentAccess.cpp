@@ -16,12 +16,12 @@ constexpr StringView InstrumentOpened = u"InstrumentOpened";
 constexpr StringView Termchar = u"TERMCHAR";
 
 /// The server: what is written to it tells the main window nothing.
-Ref<IConfiguration> Server() { return Create<IConfiguration>(u"Configuration", modGlobals::VarArray()); }
+Ref<IConfiguration> Server() { return Create(Class::Configuration); }
 
 } // namespace
 
 void Send(const Ref<CInstContainer>& Instruction) {
-  const auto processor = Create<IInstProcessor>(u"InstructionProcessor", modGlobals::VarArray());
+  const auto processor = Create(Class::InstructionProcessor);
   HuntERR::Check(processor->Send(Instruction) == IInstProcessor::Done, ErrorNumber::CannotCarryOut,
                  u"Instruction was not handled.");
 }

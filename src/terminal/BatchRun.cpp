@@ -14,8 +14,6 @@ namespace {
 
 constexpr std::size_t LongestBatch = 1000; // lines that stand in the command window at once
 
-Ref<IPublisher> Agent() { return Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray()); }
-
 bool IsOn(StringView item) { return gConfiguration->ItemValue(item) == u"On"; }
 
 /// Of the error that was stopped last: what a report begins with, its description.
@@ -59,7 +57,7 @@ BatchRun::BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window,
 }
 
 BatchRun::~BatchRun() {
-  Agent()->Unsubscribe(m_faults);
+  Create(Class::CmdSubscriptionAgent)->Unsubscribe(m_faults);
   m_news.ConnectionRenewed = {};
   m_news.AnswerDropped = {};
   m_window->Unload();
@@ -94,7 +92,8 @@ ExitStatus BatchRun::Run(const Sources& sources) {
   try {
     ApplyOptions();
     if (OpenLog()) {
-      Agent()->Subscribe(m_faults); // behind the logger: when an instruction is judged, everybody has heard of it
+      Create(Class::CmdSubscriptionAgent)
+          ->Subscribe(m_faults); // behind the logger: when an instruction is judged, everybody has heard of it
       if (Open()) {
         RunSources(sources);
         Close();

@@ -1,14 +1,9 @@
 #include "terminal/TerminalWindow.h"
 
+#include "document/reports/ReportSubscribers.h"
 #include "framework/objects/IObjectFactory.h"
-#include "framework/objects/modGlobals.h"
 
 namespace portico::terminal {
-namespace {
-
-Ref<IPublisher> Agent() { return Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray()); }
-
-} // namespace
 
 TerminalWindow::TerminalWindow(const Ref<IRichTextBox>& txtFuture, const Ref<IRichTextBox>& txtPast,
                                const Ref<IRichTextBox>& rtfScratchArea, std::function<bool()> interrupted)
@@ -26,18 +21,18 @@ TerminalWindow::TerminalWindow(const Ref<IRichTextBox>& txtFuture, const Ref<IRi
 }
 
 void TerminalWindow::Load() {
-  m_view = Create<CSCPIView>(u"SCPIView", modGlobals::VarArray(m_txtFuture));
-  m_history = Create<CSCPIViewHistory>(u"SCPIViewHistory", modGlobals::VarArray(m_txtPast));
+  m_view = Create(Class::SCPIView, m_txtFuture);
+  m_history = Create(Class::SCPIViewHistory, m_txtPast);
   m_history->Instructions()->OnAdd.Connect([this](const Ref<IDataEntity>& entity, std::int64_t) { Shown(*entity); });
-  m_runner = Create<CInstructionRunner>(u"InstructionRunner", modGlobals::VarArray(m_view));
-  m_displayer = Create<ISubscriber>(u"ReportDisplayer", modGlobals::VarArray(m_history));
+  m_runner = CreateAs<CInstructionRunner>(Class::InstructionRunner, m_view);
+  m_displayer = Create(Class::ReportDisplayer, m_history);
 }
 
 void TerminalWindow::Unload() {
   Shown = {};
   Remarked = {};
-  if (m_displayer) Agent()->Unsubscribe(m_displayer);
-  if (m_runner) Agent()->Unsubscribe(m_runner);
+  if (m_displayer) Create(Class::CmdSubscriptionAgent)->Unsubscribe(m_displayer);
+  if (m_runner) Create(Class::CmdSubscriptionAgent)->Unsubscribe(m_runner);
   m_displayer = nullptr;
   m_runner = nullptr;
   m_history = nullptr;

@@ -7,6 +7,7 @@
 #include "platform/IEventLoop.h"
 #include "views/CommandCreation.h"
 #include "views/LineMarks.h"
+#include "views/RunCommands.h"
 
 namespace portico {
 namespace {
@@ -28,9 +29,9 @@ String InstructionText(const IDataEntity& entity) {
 void CInstructionRunner::Initialize(const Ref<CSCPIView>& InstructionSource) try {
   HuntERR::Check(bool(InstructionSource), ErrorNumber::InvalidArgument, u"Instruction source cannot be nothing.");
   CheckFactory();
-  m_stop = CreateCommand(u"Stop", modGlobals::VarArray(), u"Cannot create a stop command.");
+  m_stop = CreateCommand(Class::Stop, modGlobals::VarArray(), u"Cannot create a stop command.");
   m_source = InstructionSource;
-  const auto publisher = Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray());
+  const auto publisher = Create(Class::CmdSubscriptionAgent);
   publisher->Subscribe(Ref<ISubscriber>(shared_from_this()));
   m_initialized = true;
 } catch (...) {
@@ -54,7 +55,7 @@ void CInstructionRunner::Update(const Ref<IObject>& Subject) try {
 void CInstructionRunner::SendNextInstruction() {
   const String text = TakeInstructionText();
   if (!text.empty()) {
-    CreateCommand(u"Step", modGlobals::VarArray(text), u"Cannot create a step command.")->Execute();
+    CreateCommand(Class::Step, modGlobals::VarArray(text), u"Cannot create a step command.")->Execute();
   }
   m_source->Instructions()->Dequeue();
   // The view is asked again: without the line's text its queue may end earlier than the one that the line came from.
@@ -73,11 +74,16 @@ String CInstructionRunner::TakeInstructionText() {
   return CInstGenerator().ConstructXMLSCPICmdString(text)->Params()->Item(u"Data").ToString();
 }
 
-const CreatorRow CtorInstructionRunner = {u"CtorInstructionRunner", u"InstructionRunner", 1,
-                                          [](const Params& Parameters) {
-                                            auto runner = New<CInstructionRunner>();
-                                            runner->Initialize(Parameters[0].ToObject<CSCPIView>());
-                                            return Ref<IObject>(runner);
-                                          }};
+const CreatorRow CtorInstructionRunner = {
+    .Name = u"CtorInstructionRunner",
+    .Specification = Class::InstructionRunner,
+    .ParamCount = Class::InstructionRunner.ParamCount,
+    .Make =
+        [](const Params& Parameters) {
+          auto runner = New<CInstructionRunner>();
+          runner->Initialize(Parameters[0].ToObject<CSCPIView>());
+          return Ref<IObject>(runner);
+        },
+};
 
 } // namespace portico

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/IPublisher.h"
 #include "framework/shared/ICommand.h"
 #include "views/CSCPIView.h"
@@ -32,7 +33,13 @@ private:
   bool m_initialized = false;
 };
 
-/// "InstructionRunner": the view.
+namespace Class {
+
+/// The view.
+inline constexpr ClassKey<ISubscriber, Ref<CSCPIView>> InstructionRunner{u"InstructionRunner"};
+
+} // namespace Class
+
 extern const CreatorRow CtorInstructionRunner;
 
 } // namespace portico

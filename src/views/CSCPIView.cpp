@@ -62,10 +62,16 @@ void CSCPIView::m_Instructions_MaximumCountExceded(const Ref<IDataEntity>& DataE
   PassOn(Label(u".m_Instructions_MaximumCountExceded(DataEntity, Index)"), {DataEntity, static_cast<double>(Index)});
 }
 
-const CreatorRow CtorSCPIView = {u"CtorSCPIView", u"SCPIView", 1, [](const Params& Parameters) {
-                                   auto view = New<CSCPIView>();
-                                   view->Initialize(Parameters[0].ToObject<IRichTextBox>());
-                                   return Ref<IObject>(view);
-                                 }};
+const CreatorRow CtorSCPIView = {
+    .Name = u"CtorSCPIView",
+    .Specification = Class::SCPIView,
+    .ParamCount = Class::SCPIView.ParamCount,
+    .Make =
+        [](const Params& Parameters) {
+          auto view = New<CSCPIView>();
+          view->Initialize(Parameters[0].ToObject<IRichTextBox>());
+          return Ref<IObject>(view);
+        },
+};
 
 } // namespace portico

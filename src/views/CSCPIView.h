@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "views/SCPIViewBase.h"
 
 namespace portico {
@@ -36,7 +37,13 @@ private:
   Event<>::Connection m_change = 0;
 };
 
-/// "SCPIView": the display.
+namespace Class {
+
+/// The display.
+inline constexpr ClassKey<CSCPIView, Ref<IRichTextBox>> SCPIView{u"SCPIView"};
+
+} // namespace Class
+
 extern const CreatorRow CtorSCPIView;
 
 } // namespace portico

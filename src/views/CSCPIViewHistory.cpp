@@ -41,10 +41,16 @@ void CSCPIViewHistory::m_Instructions_MaximumCountExceded(const Ref<IDataEntity>
   PassOn(Label(u".m_Instructions_MaximumCountExceded"));
 }
 
-const CreatorRow CtorSCPIViewHistory = {u"CtorSCPIViewHistory", u"SCPIViewHistory", 1, [](const Params& Parameters) {
-                                          auto view = New<CSCPIViewHistory>();
-                                          view->Initialize(Parameters[0].ToObject<IRichTextBox>());
-                                          return Ref<IObject>(view);
-                                        }};
+const CreatorRow CtorSCPIViewHistory = {
+    .Name = u"CtorSCPIViewHistory",
+    .Specification = Class::SCPIViewHistory,
+    .ParamCount = Class::SCPIViewHistory.ParamCount,
+    .Make =
+        [](const Params& Parameters) {
+          auto view = New<CSCPIViewHistory>();
+          view->Initialize(Parameters[0].ToObject<IRichTextBox>());
+          return Ref<IObject>(view);
+        },
+};
 
 } // namespace portico

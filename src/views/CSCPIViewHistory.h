@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "views/SCPIViewBase.h"
 
 namespace portico {
@@ -29,7 +30,13 @@ private:
 /// Puts the caret behind a box's text and brings it into view by giving the box the focus.
 void FocusAtEnd(IRichTextBox& box);
 
-/// "SCPIViewHistory": the display.
+namespace Class {
+
+/// The display.
+inline constexpr ClassKey<CSCPIViewHistory, Ref<IRichTextBox>> SCPIViewHistory{u"SCPIViewHistory"};
+
+} // namespace Class
+
 extern const CreatorRow CtorSCPIViewHistory;
 
 } // namespace portico

@@ -8,6 +8,7 @@
 #include "platform/IEventLoop.h"
 #include "views/CommandCreation.h"
 #include "views/LineMarks.h"
+#include "views/RunCommands.h"
 
 namespace portico {
 
@@ -30,7 +31,7 @@ bool LineRunner::SendLine(const String& line) {
   const Ref<CInstContainer> instruction = CInstGenerator().ConstructXMLSCPICmdString(line);
   gConfiguration->ItemValue(u"CurrentInstruction", line);
   if (instruction->FunctionName().empty()) return false;
-  CreateCommand(u"Step", modGlobals::VarArray(instruction), u"Cannot create a step command.")->Execute();
+  CreateCommand(Class::Step, modGlobals::VarArray(instruction), u"Cannot create a step command.")->Execute();
   return true;
 }
 

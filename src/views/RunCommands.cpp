@@ -1,6 +1,11 @@
 #include "views/RunCommands.h"
 
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/IObjectFactory.h"
 #include "framework/shared/Guards.h"
+#include "framework/shared/IConfiguration.h"
+#include "framework/shared/modAppGlobals.h"
 #include "instructions/InstrumentAccess.h"
 
 namespace portico {
@@ -44,17 +49,29 @@ void CRun::Act() {
   while (gConfiguration->ItemValue(RunningMode) != Off) m_runner->Update(Ref<IObject>(shared_from_this()));
 }
 
-const CreatorRow CtorStep = {u"CtorStep", u"Step", 1, [](const Params& Parameters) {
-                               auto step = New<CStep>();
-                               step->Initialize(Parameters[0].ToObject<CInstContainer>());
-                               return Ref<IObject>(step);
-                             }};
+const CreatorRow CtorStep = {
+    .Name = u"CtorStep",
+    .Specification = Class::Step,
+    .ParamCount = Class::Step.ParamCount,
+    .Make =
+        [](const Params& Parameters) {
+          auto step = New<CStep>();
+          step->Initialize(Parameters[0].ToObject<CInstContainer>());
+          return Ref<IObject>(step);
+        },
+};
 
-const CreatorRow CtorRun = {u"CtorRun", u"Run", 2, [](const Params& Parameters) {
-                              auto run = New<CRun>();
-                              run->Initialize(Parameters[0].ToObject<CInstructionRunner>(), Parameters[1].ToString());
-                              return Ref<IObject>(run);
-                            }};
+const CreatorRow CtorRun = {
+    .Name = u"CtorRun",
+    .Specification = Class::Run,
+    .ParamCount = Class::Run.ParamCount,
+    .Make =
+        [](const Params& Parameters) {
+          auto run = New<CRun>();
+          run->Initialize(Parameters[0].ToObject<CInstructionRunner>(), Parameters[1].ToString());
+          return Ref<IObject>(run);
+        },
+};
 
 const CreatorRow CtorStop = {u"CtorStop", u"Stop", 0, MakePlainCommand<CStop>};
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "framework/errors/ErrorNumbers.h"
+#include "framework/objects/ClassKey.h"
 #include "framework/shared/CInstContainer.h"
+#include "framework/shared/ICommand.h"
 #include "framework/shared/IReport.h"
 #include "framework/shared/UserCommand.h"
 #include "views/CInstructionRunner.h"
@@ -58,11 +60,17 @@ private:
   String m_mode;
 };
 
-/// "Step": the instruction.
+namespace Class {
+
+/// The instruction.
+inline constexpr ClassKey<ICommand, Ref<CInstContainer>> Step{u"Step"};
+inline constexpr ClassKey<ICommand> Stop{u"Stop"};
+
+} // namespace Class
+
 extern const CreatorRow CtorStep;
-/// "Run": the runner and the mode.
+/// Makes `Class::Run`.
 extern const CreatorRow CtorRun;
-/// "Stop".
 extern const CreatorRow CtorStop;
 
 } // namespace portico

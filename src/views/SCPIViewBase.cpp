@@ -76,7 +76,7 @@ Ref<CDataFIFO> SCPIViewBase::GetInstructionQueue() try {
 
 Ref<CDataFIFO> SCPIViewBase::ReadQueue() {
   const String text = m_display->Text();
-  auto queue = Create<CDataFIFO>(u"DataContainer", modGlobals::VarArray(0));
+  auto queue = Create(Class::DataContainer, 0);
   HuntERR::Check(bool(queue), ErrorNumber::CannotCreate, u"Can't create an instruction queue.");
   if (text.empty()) return queue;
   std::int64_t position = 0;
@@ -91,7 +91,7 @@ Ref<CDataFIFO> SCPIViewBase::ReadQueue() {
 }
 
 void SCPIViewBase::UpdateDisplay() try {
-  const auto iterator = Create<IIterator>(u"SelectionIterator", modGlobals::VarArray(u"IterateAll"));
+  const auto iterator = Create(Class::SelectionIterator, u"IterateAll");
   m_display->Text({});
   iterator->Attach(m_instructions);
   for (Value item = iterator->FirstItem(); !iterator->IsDone(); item = iterator->NextItem()) {

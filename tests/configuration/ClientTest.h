@@ -118,8 +118,12 @@ protected:
     static Ref<IObject> server;
     return server;
   }
-  inline static const CreatorRow ServerRow = {u"CtorFake", u"Configuration", 0,
-                                              [](const Params&) { return Offered(); }};
+  inline static const CreatorRow ServerRow = {
+      .Name = u"CtorFake",
+      .Specification = u"Configuration",
+      .ParamCount = 0,
+      .Make = [](const Params&) { return Offered(); },
+  };
 
   Trace Events;
   Ref<CObjectFactory> Factory = New<CObjectFactory>();

@@ -40,7 +40,7 @@ Ref<IDataEntity> RTFEncoderBase::Decode(const String& RTFText) const try {
   m_scratch->TextRTF(RTFText);
   const String text = m_scratch->Text();
   const auto entity = [](const ByteArray& data, const String& type) {
-    return Create<IDataEntity>(u"DataEntity", modGlobals::VarArray(data, type, String()));
+    return Create(Class::DataEntity, data, type, {});
   };
   if (text.empty()) return entity({}, {});
   const auto decoded = entity(ToBytes(StringView(text).substr(0, text.find(NewLine))), DataTypeFromFormat(text));

@@ -208,16 +208,18 @@ Ref<IObject> MakeDataEntity(const Params& parameters) {
 } // namespace
 
 // Its errors bear the name of an older creator.
-const CreatorRow CtorDataEntity = {.Name = u"CtorDataEntity",
-                                   .Specification = u"DataEntity",
-                                   .ParamCount = 3,
-                                   .Make = MakeDataEntity,
-                                   .LabelName = u"CtorSubscriptionAgent"};
+const CreatorRow CtorDataEntity = {
+    .Name = u"CtorDataEntity",
+    .Specification = Class::DataEntity,
+    .ParamCount = Class::DataEntity.ParamCount,
+    .Make = MakeDataEntity,
+    .LabelName = u"CtorSubscriptionAgent",
+};
 
 Ref<CDataEntity> modDataDocument::CreateADataEntity(const ByteArray& data, const String& DataType,
                                                     const String& TimeStamp) try {
   HuntERR::Check(bool(gObjectFactory), ErrorNumber::CannotCarryOut, u"The object factory does not exist.");
-  return Create<CDataEntity>(u"DataEntity", modGlobals::VarArray(data, DataType, TimeStamp));
+  return CreateAs<CDataEntity>(Class::DataEntity, data, DataType, TimeStamp);
 } catch (...) {
   PassOn(u"modDataDocument.CreateADataEntity(data,DataType,TimeStamp)", {data, DataType, TimeStamp});
 }

@@ -72,7 +72,7 @@ private:
   CSettings m_attributes{this};
 };
 
-/// "DataEntity": byte array, data type, time stamp.
+/// Makes `Class::DataEntity`.
 extern const CreatorRow CtorDataEntity;
 
 namespace modDataDocument {

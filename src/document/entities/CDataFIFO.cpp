@@ -315,6 +315,10 @@ Ref<IObject> MakeDataFIFO(const Params& parameters) {
 } // namespace
 
 const CreatorRow CtorDataFIFO = {
-    .Name = u"CtorDataFIFO", .Specification = u"DataContainer", .ParamCount = 1, .Make = MakeDataFIFO};
+    .Name = u"CtorDataFIFO",
+    .Specification = Class::DataContainer,
+    .ParamCount = Class::DataContainer.ParamCount,
+    .Make = MakeDataFIFO,
+};
 
 } // namespace portico

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/entities/CDataSelection.h"
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 #include "framework/objects/Event.h"
 
@@ -87,7 +88,13 @@ private:
   Ref<CDataSelection> m_selection;
 };
 
-/// "DataContainer": the maximum count.
+namespace Class {
+
+/// The maximum count.
+inline constexpr ClassKey<CDataFIFO, std::int32_t> DataContainer{u"DataContainer"};
+
+} // namespace Class
+
 extern const CreatorRow CtorDataFIFO;
 
 } // namespace portico

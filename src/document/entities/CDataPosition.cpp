@@ -73,7 +73,11 @@ Ref<IObject> MakeDataPosition(const Params& parameters) {
 
 } // namespace
 
-const CreatorRow CtorDataPosition{
-    .Name = u"CtorDataPosition", .Specification = u"DataPosition", .ParamCount = 2, .Make = MakeDataPosition};
+const CreatorRow CtorDataPosition = {
+    .Name = u"CtorDataPosition",
+    .Specification = Class::DataPosition,
+    .ParamCount = Class::DataPosition.ParamCount,
+    .Make = MakeDataPosition,
+};
 
 } // namespace portico

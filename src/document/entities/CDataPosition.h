@@ -2,6 +2,7 @@
 
 #include "document/entities/IDataEntity.h"
 #include "document/entities/IIteratableObject.h"
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 
 namespace portico {
@@ -30,8 +31,14 @@ private:
   std::int32_t m_offset = NoDataOffset;
 };
 
-/// "DataPosition": an entity or null, and an offset or an empty value. Part of the contract; nothing in the program
-/// asks the factory for a position.
+namespace Class {
+
+/// An entity or null, and an offset or an empty value. Part of the contract; nothing in the program asks the factory for
+/// a position.
+inline constexpr ClassKey<IPosition, Ref<IDataEntity>, Value> DataPosition{u"DataPosition"};
+
+} // namespace Class
+
 extern const CreatorRow CtorDataPosition;
 
 } // namespace portico

@@ -104,10 +104,12 @@ Ref<IObject> MakeIterator(const Params& parameters) {
 } // namespace
 
 // Its errors bear the name of an older creator.
-const CreatorRow CtorIterator{.Name = u"CtorIterator",
-                              .Specification = u"SelectionIterator",
-                              .ParamCount = 1,
-                              .Make = MakeIterator,
-                              .LabelName = u"CtorSubscriptionAgent"};
+const CreatorRow CtorIterator = {
+    .Name = u"CtorIterator",
+    .Specification = Class::SelectionIterator,
+    .ParamCount = Class::SelectionIterator.ParamCount,
+    .Make = MakeIterator,
+    .LabelName = u"CtorSubscriptionAgent",
+};
 
 } // namespace portico

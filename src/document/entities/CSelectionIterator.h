@@ -31,7 +31,7 @@ private:
   Ref<IPosition> m_current;
 };
 
-/// "SelectionIterator": the kind.
+/// Makes `Class::SelectionIterator`.
 extern const CreatorRow CtorIterator;
 
 } // namespace portico

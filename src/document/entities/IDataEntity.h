@@ -1,6 +1,7 @@
 #pragma once
 
 #include "configuration/IAttributes.h"
+#include "framework/objects/ClassKey.h"
 
 #include <cstdint>
 #include <optional>
@@ -61,5 +62,12 @@ inline constexpr char16_t Configuration[] = u"Configuration";
 inline constexpr char16_t Remark[] = u"Remark";
 inline constexpr char16_t White[] = u"WHITE";
 } // namespace DataTypeName
+
+namespace Class {
+
+/// The data, the kind, and the time stamp; an empty one is drawn.
+inline constexpr ClassKey<IDataEntity, ByteArray, StringView, StringView> DataEntity{u"DataEntity"};
+
+} // namespace Class
 
 } // namespace portico

@@ -2,6 +2,7 @@
 
 #include "document/entities/IDataEntity.h"
 #include "document/entities/IIteratableObject.h"
+#include "framework/objects/ClassKey.h"
 
 namespace portico {
 
@@ -14,5 +15,13 @@ public:
   virtual void OpenSession() = 0;
   virtual void CloseSession() = 0;
 };
+
+namespace Class {
+
+/// The file's name, and whether what stands in the file goes. A store that keeps nothing where no XML document can be
+/// made.
+inline constexpr ClassKey<IDataStore, StringView, bool> DataStore{u"DataStore"};
+
+} // namespace Class
 
 } // namespace portico

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "framework/errors/Value.h"
+#include "framework/objects/ClassKey.h"
 
 #include <cstdint>
 
@@ -55,5 +56,12 @@ public:
   /// contract; nothing in the program calls it.
   virtual Value SkipTo(const String& Name, const String& Value) = 0;
 };
+
+namespace Class {
+
+/// "IterateAll" or "IterateSelection".
+inline constexpr ClassKey<IIterator, StringView> SelectionIterator{u"SelectionIterator"};
+
+} // namespace Class
 
 } // namespace portico

@@ -311,8 +311,8 @@ ByteArray CXMLDataStore::Payload(std::string_view text, bool isString) const {
 
 const CreatorRow CtorXMLDataStore = {
     .Name = u"CtorXMLDataStore",
-    .Specification = u"DataStore",
-    .ParamCount = 2,
+    .Specification = Class::DataStore,
+    .ParamCount = Class::DataStore.ParamCount,
     .Make = [](const Params& Parameters) -> Ref<IObject> {
       if (!modGlobals::XMLParserAvailable()) return New<CNullDataStore>();
       auto store = New<CXMLDataStore>();

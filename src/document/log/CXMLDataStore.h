@@ -82,7 +82,7 @@ private:
   bool m_inSession = false;
 };
 
-/// "DataStore": file name, overwrite. Without an XML parser it makes a `CNullDataStore`.
+/// Makes `Class::DataStore`: without an XML parser a `CNullDataStore`.
 extern const CreatorRow CtorXMLDataStore;
 
 } // namespace portico

@@ -3,7 +3,6 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
-#include "framework/objects/modGlobals.h"
 #include "framework/shared/IConfiguration.h"
 
 namespace portico::modAppGlobals {
@@ -44,8 +43,7 @@ Ref<IDataEntity> Report2DataEntity(const Ref<IReport>& Report) try {
   Shown shown = WhatShows(*Report);
   if (Report->GetErrorCode() != 0) shown.Text = AddTerminalNewLineToString(shown.Text);
   if (shown.Text.empty()) return {};
-  const auto entity =
-      Create<IDataEntity>(u"DataEntity", modGlobals::VarArray(ToBytes(shown.Text), shown.DataType, String()));
+  const auto entity = Create(Class::DataEntity, ToBytes(shown.Text), shown.DataType, {});
   TerminateEntityDataWithNewLine(entity);
   return entity;
 } catch (...) {

@@ -1,8 +1,12 @@
 #include "document/reports/ReportSubscribers.h"
 
 #include "document/reports/ReportEntities.h"
+#include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
+#include "framework/objects/IObjectFactory.h"
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/Guards.h"
+#include "framework/shared/IConfiguration.h"
 
 namespace portico {
 namespace {
@@ -14,7 +18,7 @@ constexpr StringView LoggingItem = u"Logging";
 void CReportDisplayer::Initialize(const Ref<IInstructionQueue>& Target) try {
   HuntERR::Check(bool(Target), ErrorNumber::InvalidArgument, u"Target cannot be nothing.");
   CheckFactory();
-  const auto publisher = Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray());
+  const auto publisher = Create(Class::CmdSubscriptionAgent);
   publisher->Subscribe(Ref<ISubscriber>(shared_from_this()));
   m_target = Target;
   m_initialized = true;
@@ -77,16 +81,28 @@ void CReportLogger::Update(const Ref<IObject>& Subject) try {
   PassOn(u"CReportLogger.ISubscriber_Update(Subject)", {Subject});
 }
 
-const CreatorRow CtorReportDisplayer = {u"CtorReportDisplayer", u"ReportDisplayer", 1, [](const Params& Parameters) {
-                                          auto displayer = New<CReportDisplayer>();
-                                          displayer->Initialize(Parameters[0].ToObject<IInstructionQueue>());
-                                          return Ref<IObject>(displayer);
-                                        }};
+const CreatorRow CtorReportDisplayer = {
+    .Name = u"CtorReportDisplayer",
+    .Specification = Class::ReportDisplayer,
+    .ParamCount = Class::ReportDisplayer.ParamCount,
+    .Make =
+        [](const Params& Parameters) {
+          auto displayer = New<CReportDisplayer>();
+          displayer->Initialize(Parameters[0].ToObject<IInstructionQueue>());
+          return Ref<IObject>(displayer);
+        },
+};
 
-const CreatorRow CtorReportLogger = {u"CtorReportLogger", u"ReportLogger", 1, [](const Params& Parameters) {
-                                       auto logger = New<CReportLogger>();
-                                       logger->Initialize(Parameters[0].ToObject<IDataStore>());
-                                       return Ref<IObject>(logger);
-                                     }};
+const CreatorRow CtorReportLogger = {
+    .Name = u"CtorReportLogger",
+    .Specification = Class::ReportLogger,
+    .ParamCount = Class::ReportLogger.ParamCount,
+    .Make =
+        [](const Params& Parameters) {
+          auto logger = New<CReportLogger>();
+          logger->Initialize(Parameters[0].ToObject<IDataStore>());
+          return Ref<IObject>(logger);
+        },
+};
 
 } // namespace portico

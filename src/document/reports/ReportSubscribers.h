@@ -2,6 +2,7 @@
 
 #include "document/entities/IDataStore.h"
 #include "document/entities/IInstructionQueue.h"
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 #include "framework/objects/IPublisher.h"
 
@@ -51,9 +52,16 @@ private:
   Ref<IDataStore> m_store;
 };
 
-/// "ReportDisplayer": the target.
+namespace Class {
+
+/// The target.
+inline constexpr ClassKey<ISubscriber, Ref<IInstructionQueue>> ReportDisplayer{u"ReportDisplayer"};
+/// The store.
+inline constexpr ClassKey<ISubscriber, Ref<IDataStore>> ReportLogger{u"ReportLogger"};
+
+} // namespace Class
+
 extern const CreatorRow CtorReportDisplayer;
-/// "ReportLogger": the store.
 extern const CreatorRow CtorReportLogger;
 
 } // namespace portico

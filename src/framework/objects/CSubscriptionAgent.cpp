@@ -27,8 +27,8 @@ void CSubscriptionAgent::Notify(const Ref<IObject>& Subject) try {
 
 const CreatorRow CtorSubscriptionAgent = {
     .Name = u"CtorSubscriptionAgent",
-    .Specification = u"CmdSubscriptionAgent",
-    .ParamCount = 0,
+    .Specification = Class::CmdSubscriptionAgent,
+    .ParamCount = Class::CmdSubscriptionAgent.ParamCount,
     .Make = [](const Params&) -> Ref<IObject> { return New<CSubscriptionAgent>(); },
     .Singleton = true,
 };

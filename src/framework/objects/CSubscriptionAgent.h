@@ -5,8 +5,8 @@
 
 namespace portico {
 
-/// The publisher "CmdSubscriptionAgent": the commands of an instruction hand it their reports and know nothing of who
-/// is watching. One for the whole program.
+/// The publisher `Class::CmdSubscriptionAgent`: the commands of an instruction hand it their reports and know nothing
+/// of who is watching. One for the whole program.
 class CSubscriptionAgent final : public IPublisher {
 public:
   StringView ClassName() const override { return u"CSubscriptionAgent"; }
@@ -19,7 +19,6 @@ private:
   CSubscribers m_subscribers;
 };
 
-/// "CmdSubscriptionAgent".
 extern const CreatorRow CtorSubscriptionAgent;
 
 } // namespace portico

@@ -1,6 +1,9 @@
 #pragma once
 
-#include "framework/errors/Value.h"
+#include "framework/objects/ClassKey.h"
+#include "framework/objects/modGlobals.h"
+
+#include <type_traits>
 
 namespace portico {
 
@@ -39,10 +42,25 @@ public:
 /// The one factory; unset before `CreateObjectFactory` and after the window's end.
 extern Ref<IObjectFactory> gObjectFactory;
 
-/// Asks the one factory and converts the product to the interface that the caller expects.
+/// Asks the one factory and converts the product to the interface that the caller expects. For specifications and
+/// parameters that are known only when the program runs.
 template <class T>
 Ref<T> Create(StringView Specification, const Params& Parameters = {}) {
   return Cast<T>(gObjectFactory->CreateObject(Value::Borrowed(Specification), Parameters));
+}
+
+/// The same for a class that is known by its key.
+template <class Interface, class... Parameters>
+Ref<Interface> Create(const ClassKey<Interface, Parameters...>& Key,
+                      const std::type_identity_t<Parameters>&... Arguments) {
+  return Create<Interface>(Key.Specification, modGlobals::VarArray(Arguments...));
+}
+
+/// The same for a caller that needs another interface of the product.
+template <class Other, class Interface, class... Parameters>
+Ref<Other> CreateAs(const ClassKey<Interface, Parameters...>& Key,
+                    const std::type_identity_t<Parameters>&... Arguments) {
+  return Create<Other>(Key.Specification, modGlobals::VarArray(Arguments...));
 }
 
 } // namespace portico

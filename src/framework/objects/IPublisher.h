@@ -1,6 +1,7 @@
 #pragma once
 
 #include "framework/errors/Ref.h"
+#include "framework/objects/ClassKey.h"
 
 namespace portico {
 
@@ -20,5 +21,12 @@ public:
   virtual void Unsubscribe(const Ref<ISubscriber>& Subscriber) = 0;
   virtual void Notify(const Ref<IObject>& Subject) = 0;
 };
+
+namespace Class {
+
+/// The one publisher of the program: it hears of every report.
+inline constexpr ClassKey<IPublisher> CmdSubscriptionAgent{u"CmdSubscriptionAgent"};
+
+} // namespace Class
 
 } // namespace portico

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "framework/shared/IResponse.h"
 
 namespace portico {
@@ -21,6 +22,13 @@ public:
   /// Answers with all items for the empty text, otherwise with the given document, its values filled in.
   virtual Ref<IResponse> Retrieve(const String& Configuration) = 0;
 };
+
+namespace Class {
+
+/// The one server. It also gives `IConfigurationServer`.
+inline constexpr ClassKey<IConfiguration> Configuration{u"Configuration"};
+
+} // namespace Class
 
 /// The window's view of the configuration; unset without one. Set and let go by whoever owns the window.
 extern Ref<IConfiguration> gConfiguration;

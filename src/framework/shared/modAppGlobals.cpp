@@ -2,13 +2,13 @@
 
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
-#include "framework/shared/ICommand.h"
 #include "framework/shared/IMainWindow.h"
 
 namespace portico::modAppGlobals {
 namespace {
 
-bool IsLongRunning(StringView cmdName) { return cmdName == u"RunToCursor" || cmdName == u"Run"; }
+/// Nothing is registered under the first of the two.
+bool IsLongRunning(StringView cmdName) { return cmdName == u"RunToCursor" || cmdName == Class::Run.Specification; }
 
 } // namespace
 

@@ -1,8 +1,21 @@
 #pragma once
 
-#include "framework/errors/Value.h"
+#include "framework/objects/ClassKey.h"
+#include "framework/objects/modGlobals.h"
+#include "framework/shared/ICommand.h"
 
-namespace portico::modAppGlobals {
+#include <type_traits>
+
+namespace portico {
+
+namespace Class {
+
+/// The runner and the mode. Named here because the road of every user action knows it as a long one.
+inline constexpr ClassKey<ICommand, Ref<IObject>, StringView> Run{u"Run"};
+
+} // namespace Class
+
+namespace modAppGlobals {
 
 /// The one road of every user action: makes the command that the specification names and runs it under the hourglass.
 /// After a failure the pointer stays the hourglass.
@@ -12,4 +25,17 @@ void EventHandler(const String& cmdName, const Params& Parameters);
 /// After a failure it stays set.
 void ExecutionEventHandler(const String& cmdName, const Params& Parameters);
 
-} // namespace portico::modAppGlobals
+/// The same two for a command that is known by its key.
+template <class... Parameters>
+void EventHandler(const ClassKey<ICommand, Parameters...>& Command,
+                  const std::type_identity_t<Parameters>&... Arguments) {
+  EventHandler(String(Command.Specification), modGlobals::VarArray(Arguments...));
+}
+template <class... Parameters>
+void ExecutionEventHandler(const ClassKey<ICommand, Parameters...>& Command,
+                           const std::type_identity_t<Parameters>&... Arguments) {
+  ExecutionEventHandler(String(Command.Specification), modGlobals::VarArray(Arguments...));
+}
+
+} // namespace modAppGlobals
+} // namespace portico

@@ -1,8 +1,9 @@
 #include "instructions/builders/CCommCmdBuilder.h"
 
+#include "channel/ChannelCommands.h"
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
-#include "framework/objects/modGlobals.h"
+#include "framework/objects/IObjectFactory.h"
 #include "framework/shared/IConfiguration.h"
 #include "instructions/builders/modBuilder.h"
 
@@ -14,12 +15,12 @@ namespace portico {
 namespace {
 
 constexpr std::array<std::pair<StringView, StringView>, 6> Commands = {{
-    {u"OPEN", u"OpenCmd"},
-    {u"CLOSE", u"CloseCmd"},
-    {u"SETATTRIBUTE", u"SetAttribCmd"},
-    {u"GETATTRIBUTE", u"GetAttribCmd"},
-    {u"READ", u"ReadCmd"},
-    {u"WRITE", u"WriteCmd"},
+    {u"OPEN", Class::OpenCmd},
+    {u"CLOSE", Class::CloseCmd},
+    {u"SETATTRIBUTE", Class::SetAttribCmd},
+    {u"GETATTRIBUTE", Class::GetAttribCmd},
+    {u"READ", Class::ReadCmd},
+    {u"WRITE", Class::WriteCmd},
 }};
 
 /// By position: the keys play no part.
@@ -33,7 +34,7 @@ StringArray Values(const KeyedList<Value>& parameters) {
 }
 
 bool IsInstrumentRecordedAsOpen() {
-  const auto configuration = Create<IConfiguration>(u"Configuration", modGlobals::VarArray());
+  const auto configuration = Create(Class::Configuration);
   return !configuration->ItemValue(u"InstrumentName").empty();
 }
 
@@ -49,15 +50,19 @@ Ref<ICommand> CCommCmdBuilder::Build(const Ref<ICommand>& InnerCommand, const Re
   }
   const StringView specification = found->second;
   auto command = Create<ICommand>(specification, modBuilder::BuildCommandParams(InnerCommand, values));
-  if (specification == u"OpenCmd" && IsInstrumentRecordedAsOpen()) {
-    command = Create<ICommand>(u"CloseCmd", modBuilder::BuildCommandParams(command, {}));
+  if (specification == Class::OpenCmd.Specification && IsInstrumentRecordedAsOpen()) {
+    command = Create(Class::CloseCmd, command);
   }
   return command;
 } catch (...) {
   PassOn(u"CCommCmdBuilder.IBuilder_Build(InnerCommand,Instruction)", {InnerCommand, Instruction});
 }
 
-const CreatorRow CtorCommCmdBuilder = {u"CtorCommCmdBuilder", u"CommunicationCommandBuilder", 0,
-                                       [](const Params&) -> Ref<IObject> { return New<CCommCmdBuilder>(); }};
+const CreatorRow CtorCommCmdBuilder = {
+    .Name = u"CtorCommCmdBuilder",
+    .Specification = Class::CommunicationCommandBuilder,
+    .ParamCount = Class::CommunicationCommandBuilder.ParamCount,
+    .Make = [](const Params&) -> Ref<IObject> { return New<CCommCmdBuilder>(); },
+};
 
 } // namespace portico

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 #include "instructions/builders/IBuilder.h"
 
@@ -14,7 +15,12 @@ public:
   Ref<ICommand> Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) override;
 };
 
-/// "CommunicationCommandBuilder".
+namespace Class {
+
+inline constexpr ClassKey<IBuilder> CommunicationCommandBuilder{u"CommunicationCommandBuilder"};
+
+} // namespace Class
+
 extern const CreatorRow CtorCommCmdBuilder;
 
 } // namespace portico

@@ -1,8 +1,9 @@
 #include "instructions/builders/CConfigCmdBuilder.h"
 
+#include "channel/ConfigurationCommands.h"
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
-#include "framework/objects/modGlobals.h"
+#include "framework/objects/IObjectFactory.h"
 #include "instructions/builders/modBuilder.h"
 
 namespace portico {
@@ -12,9 +13,9 @@ Ref<ICommand> CConfigCmdBuilder::Build(const Ref<ICommand>& InnerCommand, const 
   const StringArray values = modBuilder::LastValueFirst(*Instruction->Params());
   StringView specification;
   if (function == u"SET") {
-    specification = u"SetConfigurationCommand";
+    specification = Class::SetConfigurationCommand;
   } else if (function == u"GET") {
-    specification = u"GetConfigurationCommand";
+    specification = Class::GetConfigurationCommand;
   } else {
     HuntERR::Raise(ErrorNumber::Syntax, ClassName(), u"Syntax Error: Unrecognized command.");
   }
@@ -24,11 +25,15 @@ Ref<ICommand> CConfigCmdBuilder::Build(const Ref<ICommand>& InnerCommand, const 
   PassOn(u"CCommCmdBuilder.IBuilder_Build(InnerCommand,Instruction)", {InnerCommand, Instruction});
 }
 
-const CreatorRow CtorConfigCmdBuilder = {u"CtorConfigCmdBuilder", u"ConfigurationCommandBuilder", 0,
-                                         [](const Params&) -> Ref<IObject> {
-                                           auto builder = New<CConfigCmdBuilder>();
-                                           builder->Initialize();
-                                           return builder;
-                                         }};
+const CreatorRow CtorConfigCmdBuilder = {
+    .Name = u"CtorConfigCmdBuilder",
+    .Specification = Class::ConfigurationCommandBuilder,
+    .ParamCount = Class::ConfigurationCommandBuilder.ParamCount,
+    .Make = [](const Params&) -> Ref<IObject> {
+      auto builder = New<CConfigCmdBuilder>();
+      builder->Initialize();
+      return builder;
+    },
+};
 
 } // namespace portico

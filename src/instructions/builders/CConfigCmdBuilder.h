@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 #include "instructions/builders/IBuilder.h"
 
@@ -17,7 +18,12 @@ private:
   bool m_initialized = false;
 };
 
-/// "ConfigurationCommandBuilder".
+namespace Class {
+
+inline constexpr ClassKey<IBuilder> ConfigurationCommandBuilder{u"ConfigurationCommandBuilder"};
+
+} // namespace Class
+
 extern const CreatorRow CtorConfigCmdBuilder;
 
 } // namespace portico

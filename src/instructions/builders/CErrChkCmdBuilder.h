@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 #include "instructions/builders/IBuilder.h"
 
@@ -14,7 +15,13 @@ public:
   Ref<ICommand> Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) override;
 };
 
-/// "ErrorCheckingCommandBuilder": the null builder when the item "AutoErrorCheckingMode" is "Off".
+namespace Class {
+
+/// The null builder when the item "AutoErrorCheckingMode" is "Off".
+inline constexpr ClassKey<IBuilder> ErrorCheckingCommandBuilder{u"ErrorCheckingCommandBuilder"};
+
+} // namespace Class
+
 extern const CreatorRow CtorErrChkCmdBuilder;
 
 } // namespace portico

@@ -12,11 +12,15 @@ Ref<ICommand> CNullCmdBuilder::Build(const Ref<ICommand>& InnerCommand, const Re
   PassOn(u"CNullCmdBuilder.IBuilder_Build(InnerCommand,Instruction)", {InnerCommand, Instruction});
 }
 
-const CreatorRow CtorNullCmdBuilder = {u"CtorNullCmdBuilder", u"NullCommandBuilder", 0,
-                                       [](const Params&) -> Ref<IObject> {
-                                         auto builder = New<CNullCmdBuilder>();
-                                         builder->Initialize();
-                                         return builder;
-                                       }};
+const CreatorRow CtorNullCmdBuilder = {
+    .Name = u"CtorNullCmdBuilder",
+    .Specification = Class::NullCommandBuilder,
+    .ParamCount = Class::NullCommandBuilder.ParamCount,
+    .Make = [](const Params&) -> Ref<IObject> {
+      auto builder = New<CNullCmdBuilder>();
+      builder->Initialize();
+      return builder;
+    },
+};
 
 } // namespace portico

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 #include "instructions/builders/IBuilder.h"
 
@@ -16,7 +17,12 @@ private:
   bool m_initialized = true;
 };
 
-/// "NullCommandBuilder".
+namespace Class {
+
+inline constexpr ClassKey<IBuilder> NullCommandBuilder{u"NullCommandBuilder"};
+
+} // namespace Class
+
 extern const CreatorRow CtorNullCmdBuilder;
 
 } // namespace portico

@@ -2,8 +2,10 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
-#include "framework/objects/modGlobals.h"
+#include "framework/objects/IObjectFactory.h"
 #include "framework/shared/IConfiguration.h"
+#include "instructions/builders/CCommCmdBuilder.h"
+#include "instructions/builders/CNullCmdBuilder.h"
 #include "instructions/builders/modBuilder.h"
 
 #include <algorithm>
@@ -46,26 +48,29 @@ Ref<ICommand> CSCPICmdBuilder::Build(const Ref<ICommand>& InnerCommand, const Re
   const StringArray data = modBuilder::LastValueFirst(*Instruction->Params());
   Ref<ICommand> command = InnerCommand;
   if (ContainsQuery(data)) {
-    const String mode =
-        Create<IConfiguration>(u"Configuration", modGlobals::VarArray())->ItemValue(u"AutoReadAfterQueryMode");
+    const String mode = Create(Class::Configuration)->ItemValue(u"AutoReadAfterQueryMode");
     if (mode != u"On" && mode != u"Off") {
       HuntERR::Raise(ErrorNumber::OptionNotDefined, ClassName(),
                      u"Requested auto-read-after-query mode, " + mode + u" is not defined.");
     }
-    const auto reader = mode == u"On" ? u"CommunicationCommandBuilder" : u"NullCommandBuilder";
-    command = Create<IBuilder>(reader, modGlobals::VarArray())->Build(command, m_readInstruction);
+    const auto& reader = mode == u"On" ? Class::CommunicationCommandBuilder : Class::NullCommandBuilder;
+    command = Create(reader)->Build(command, m_readInstruction);
   }
   // After the mode: an unknown function with a bad mode reports the mode.
   if (ToUpper(function) != u"SEND") {
     HuntERR::Raise(ErrorNumber::Syntax, ClassName(), u"Syntax Error: Unrecognized SCPI function.");
   }
-  const auto writer = Create<IBuilder>(u"CommunicationCommandBuilder", modGlobals::VarArray());
+  const auto writer = Create(Class::CommunicationCommandBuilder);
   return writer->Build(command, modBuilder::Instruction(u"COMM", u"Write", data[0]));
 } catch (...) {
   PassOn(u"CSCPICmdBuilder.IBuilder_Build(InnerCommand,Instruction)", {InnerCommand, Instruction});
 }
 
-const CreatorRow CtorSCPICmdBuilder = {u"CtorSCPICmdBuilder", u"SCPICommandBuilder", 0,
-                                       [](const Params&) -> Ref<IObject> { return New<CSCPICmdBuilder>(); }};
+const CreatorRow CtorSCPICmdBuilder = {
+    .Name = u"CtorSCPICmdBuilder",
+    .Specification = Class::SCPICommandBuilder,
+    .ParamCount = Class::SCPICommandBuilder.ParamCount,
+    .Make = [](const Params&) -> Ref<IObject> { return New<CSCPICmdBuilder>(); },
+};
 
 } // namespace portico

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 #include "instructions/builders/IBuilder.h"
 
@@ -20,7 +21,12 @@ private:
   Ref<CInstContainer> m_readInstruction;
 };
 
-/// "SCPICommandBuilder".
+namespace Class {
+
+inline constexpr ClassKey<IBuilder> SCPICommandBuilder{u"SCPICommandBuilder"};
+
+} // namespace Class
+
 extern const CreatorRow CtorSCPICmdBuilder;
 
 } // namespace portico

@@ -1,9 +1,12 @@
 #include "instructions/builders/PacingBuilders.h"
 
+#include "channel/CIntervalPacingCmd.h"
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
-#include "framework/objects/modGlobals.h"
+#include "framework/objects/IObjectFactory.h"
 #include "framework/shared/IConfiguration.h"
+#include "instructions/builders/CNullCmdBuilder.h"
+#include "instructions/builders/CSCPICmdBuilder.h"
 #include "instructions/builders/modBuilder.h"
 
 namespace portico {
@@ -15,18 +18,18 @@ constexpr StringView BuildLabel = u".IBuilder_Build(InnerCommand, Instruction)";
 /// that names the same option in both creators.
 template <class Builder>
 Ref<IObject> Switched(StringView item, StringView creator) {
-  const String state = Create<IConfiguration>(u"Configuration", modGlobals::VarArray())->ItemValue(item);
+  const String state = Create(Class::Configuration)->ItemValue(item);
   if (state == u"On") return New<Builder>();
-  if (state == u"Off") return Create<IBuilder>(u"NullCommandBuilder", modGlobals::VarArray());
+  if (state == u"Off") return Create(Class::NullCommandBuilder);
   HuntERR::Raise(ErrorNumber::InternalState, creator, u"OPCPacing is misconfigured.");
 }
 
 } // namespace
 
 Ref<ICommand> CPacingCmdBuilder::Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) try {
-  const auto interval = Create<IBuilder>(u"IntervalPacingCommandBuilder", modGlobals::VarArray());
+  const auto interval = Create(Class::IntervalPacingCommandBuilder);
   const Ref<ICommand> command = interval->Build(InnerCommand, Instruction);
-  const auto query = Create<IBuilder>(u"OPCQueryPacingCommandBuilder", modGlobals::VarArray());
+  const auto query = Create(Class::OPCQueryPacingCommandBuilder);
   return query->Build(command, Instruction);
 } catch (...) {
   PassOn(String(ClassName()).append(BuildLabel), {InnerCommand, Instruction});
@@ -34,14 +37,14 @@ Ref<ICommand> CPacingCmdBuilder::Build(const Ref<ICommand>& InnerCommand, const 
 
 Ref<ICommand> CIntervalPcngCmdBldr::Build(const Ref<ICommand>& InnerCommand,
                                           const Ref<CInstContainer>& Instruction) try {
-  return Create<ICommand>(u"IntervalPacingCommand", modGlobals::VarArray(InnerCommand));
+  return Create(Class::IntervalPacingCommand, InnerCommand);
 } catch (...) {
   PassOn(String(ClassName()).append(BuildLabel), {InnerCommand, Instruction});
 }
 
 Ref<ICommand> COPCQueryCmdBuilder::Build(const Ref<ICommand>& InnerCommand,
                                          const Ref<CInstContainer>& Instruction) try {
-  const auto builder = Create<IBuilder>(u"SCPICommandBuilder", modGlobals::VarArray());
+  const auto builder = Create(Class::SCPICommandBuilder);
   return builder->Build(InnerCommand, modBuilder::Instruction(u"SCPI", u"Send", u"*OPC?"));
 } catch (...) {
   PassOn(String(ClassName()).append(BuildLabel), {InnerCommand, Instruction});
@@ -49,8 +52,8 @@ Ref<ICommand> COPCQueryCmdBuilder::Build(const Ref<ICommand>& InnerCommand,
 
 const CreatorRow CtorPacingCmdBuilder = {
     .Name = u"CtorPacingCmdBuilder",
-    .Specification = u"PacingCommandBuilder",
-    .ParamCount = 0,
+    .Specification = Class::PacingCommandBuilder,
+    .ParamCount = Class::PacingCommandBuilder.ParamCount,
     .Make = [](const Params&) -> Ref<IObject> { return New<CPacingCmdBuilder>(); },
     .FailureNumber = ErrorNumber::CannotCreate,
     .FailureText = u"Cannot create a pacing command builder.",
@@ -58,8 +61,8 @@ const CreatorRow CtorPacingCmdBuilder = {
 
 const CreatorRow CtorIntrvlPcngCmdBldr = {
     .Name = u"CtorIntrvlPcngCmdBldr",
-    .Specification = u"IntervalPacingCommandBuilder",
-    .ParamCount = 0,
+    .Specification = Class::IntervalPacingCommandBuilder,
+    .ParamCount = Class::IntervalPacingCommandBuilder.ParamCount,
     .Make = [](const Params&) { return Switched<CIntervalPcngCmdBldr>(u"IntervalPacing", u"CtorIntrvlPcngCmdBldr"); },
     .FailureNumber = ErrorNumber::CannotCreate,
     .FailureText = u"Cannot create an interval pacing command builder.",
@@ -67,8 +70,8 @@ const CreatorRow CtorIntrvlPcngCmdBldr = {
 
 const CreatorRow CtorOPCQueryCmdBldr = {
     .Name = u"CtorOPCQueryCmdBldr",
-    .Specification = u"OPCQueryPacingCommandBuilder",
-    .ParamCount = 0,
+    .Specification = Class::OPCQueryPacingCommandBuilder,
+    .ParamCount = Class::OPCQueryPacingCommandBuilder.ParamCount,
     .Make = [](const Params&) { return Switched<COPCQueryCmdBuilder>(u"OPCPacing", u"CtorOPCQueryCmdBldr"); },
     .FailureNumber = ErrorNumber::CannotCreate,
     .FailureText = u"Cannot create an OPC pacing command builder.",

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/ClassKey.h"
 #include "framework/objects/Creator.h"
 #include "instructions/builders/IBuilder.h"
 
@@ -29,11 +30,18 @@ public:
   Ref<ICommand> Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) override;
 };
 
-/// "PacingCommandBuilder".
+namespace Class {
+
+inline constexpr ClassKey<IBuilder> PacingCommandBuilder{u"PacingCommandBuilder"};
+/// The null builder when the item "IntervalPacing" is "Off".
+inline constexpr ClassKey<IBuilder> IntervalPacingCommandBuilder{u"IntervalPacingCommandBuilder"};
+/// The null builder when the item "OPCPacing" is "Off".
+inline constexpr ClassKey<IBuilder> OPCQueryPacingCommandBuilder{u"OPCQueryPacingCommandBuilder"};
+
+} // namespace Class
+
 extern const CreatorRow CtorPacingCmdBuilder;
-/// "IntervalPacingCommandBuilder": the null builder when the item "IntervalPacing" is "Off".
 extern const CreatorRow CtorIntrvlPcngCmdBldr;
-/// "OPCQueryPacingCommandBuilder": the null builder when the item "OPCPacing" is "Off".
 extern const CreatorRow CtorOPCQueryCmdBldr;
 
 } // namespace portico

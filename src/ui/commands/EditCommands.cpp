@@ -7,6 +7,7 @@
 #include "framework/shared/Application.h"
 #include "framework/shared/IConfiguration.h"
 #include "platform/IDesktop.h"
+#include "ui/base/UserCommands.h"
 #include "ui/base/Wired.h"
 #include "ui/dialogs/frmSelectFile.h"
 
@@ -25,7 +26,7 @@ String AskForFile(const String& title, std::int32_t filters) {
 }
 
 Ref<IDataStore> OpenStore(const String& name) {
-  const auto store = Create<IDataStore>(u"DataStore", modGlobals::VarArray(name, false));
+  const auto store = Create(Class::DataStore, name, false);
   HuntERR::Check(bool(store), ErrorNumber::CannotCreate, u"Cannot create a paste-from file reader.");
   return store;
 }
@@ -72,31 +73,58 @@ void CPasteFrom::Act() {
 
 void CClearHistory::Act() { Refuse(); }
 
-constexpr std::int32_t CannotCreate = ErrorNumber::CannotCreate;
-
 const CreatorRow CtorCut = {
-    u"CtorCut", u"Cut", 0, MakePlainCommand<CCut>, CannotCreate, u"Cannot create a cut command."};
+    .Name = u"CtorCut",
+    .Specification = Class::Cut,
+    .ParamCount = Class::Cut.ParamCount,
+    .Make = MakePlainCommand<CCut>,
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a cut command.",
+};
+
 const CreatorRow CtorCopy = {
-    u"CtorCopy", u"Copy", 0, MakePlainCommand<CCopy>, CannotCreate, u"Cannot create a copy command."};
+    .Name = u"CtorCopy",
+    .Specification = Class::Copy,
+    .ParamCount = Class::Copy.ParamCount,
+    .Make = MakePlainCommand<CCopy>,
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a copy command.",
+};
+
 const CreatorRow CtorPaste = {
-    u"CtorPaste", u"Paste", 0, MakePlainCommand<CPaste>, CannotCreate, u"Cannot create a paste command."};
-const CreatorRow CtorCopyTo = {u"CtorCopyTo",
-                               u"Copyto",
-                               0,
-                               MakePlainCommand<CCopyTo>,
-                               CannotCreate,
-                               u"Cannot create a paste from command."}; // the other one's text
-const CreatorRow CtorPasteFrom = {u"CtorPasteFrom",
-                                  u"Pastefrom",
-                                  0,
-                                  MakePlainCommand<CPasteFrom>,
-                                  CannotCreate,
-                                  u"Cannot create a paste from command."};
-const CreatorRow CtorClearHistory = {u"CtorClearHistory",
-                                     u"ClearHistory",
-                                     0,
-                                     MakePlainCommand<CClearHistory>,
-                                     CannotCreate,
-                                     u"Cannot create a clearHistory command."};
+    .Name = u"CtorPaste",
+    .Specification = Class::Paste,
+    .ParamCount = Class::Paste.ParamCount,
+    .Make = MakePlainCommand<CPaste>,
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a paste command.",
+};
+
+const CreatorRow CtorCopyTo = {
+    .Name = u"CtorCopyTo",
+    .Specification = Class::Copyto,
+    .ParamCount = Class::Copyto.ParamCount,
+    .Make = MakePlainCommand<CCopyTo>,
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a paste from command.", // the other one's text
+};
+
+const CreatorRow CtorPasteFrom = {
+    .Name = u"CtorPasteFrom",
+    .Specification = Class::Pastefrom,
+    .ParamCount = Class::Pastefrom.ParamCount,
+    .Make = MakePlainCommand<CPasteFrom>,
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a paste from command.",
+};
+
+const CreatorRow CtorClearHistory = {
+    .Name = u"CtorClearHistory",
+    .Specification = Class::ClearHistory,
+    .ParamCount = Class::ClearHistory.ParamCount,
+    .Make = MakePlainCommand<CClearHistory>,
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a clearHistory command.",
+};
 
 } // namespace portico

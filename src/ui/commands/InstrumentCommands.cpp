@@ -1,10 +1,12 @@
 #include "ui/commands/InstrumentCommands.h"
 
-#include "framework/objects/modGlobals.h"
+#include "framework/objects/IObjectFactory.h"
 #include "framework/shared/IConfiguration.h"
 #include "instructions/CInstGenerator.h"
+#include "instructions/IInstProcessor.h"
 #include "instructions/InstrumentAccess.h"
 #include "ui/base/IMainFormParts.h"
+#include "ui/base/UserCommands.h"
 #include "ui/dialogs/KnownInstruments.h"
 #include "ui/dialogs/frmInstrumentDialog.h"
 
@@ -29,7 +31,7 @@ String AskForInstrument() {
 } // namespace
 
 void COpenInstrument::Act() {
-  const auto configuration = Create<IConfiguration>(u"Configuration", modGlobals::VarArray());
+  const auto configuration = Create(Class::Configuration);
   const bool isNamed = Value(configuration->ItemValue(u"OpenfromTree")).ToBoolean();
   const String name = isNamed ? configuration->ItemValue(u"InstrumentName") : AskForInstrument();
   if (name.empty()) return;
@@ -48,12 +50,39 @@ void CQueryStatus::Act() { WriteAndRead(gConfiguration->ItemValue(u"ErrorCheckin
 
 void CWaitOPC::Act() { WriteAndRead(u"*OPC?"); }
 
-const CreatorRow CtorOpenInstrument = {u"CtorOpenInstrument", u"OpenInstrument", 0, MakePlainCommand<COpenInstrument>};
-const CreatorRow CtorCloseInstrument = {u"CtorCloseInstrument", u"CloseInstrument", 0,
-                                        MakePlainCommand<CCloseInstrument>};
-const CreatorRow CtorReadInstrumentData = {u"CtorReadInstrumentData", u"ReadInstrumentData", 0,
-                                           MakePlainCommand<CReadInstrumentData>};
-const CreatorRow CtorQueryStatus = {u"CtorQueryStatus", u"QueryStatus", 0, MakePlainCommand<CQueryStatus>};
-const CreatorRow CtorWaitOPC = {u"CtorWaitOPC", u"WaitforOPC", 0, MakePlainCommand<CWaitOPC>};
+const CreatorRow CtorOpenInstrument = {
+    .Name = u"CtorOpenInstrument",
+    .Specification = Class::OpenInstrument,
+    .ParamCount = Class::OpenInstrument.ParamCount,
+    .Make = MakePlainCommand<COpenInstrument>,
+};
+
+const CreatorRow CtorCloseInstrument = {
+    .Name = u"CtorCloseInstrument",
+    .Specification = Class::CloseInstrument,
+    .ParamCount = Class::CloseInstrument.ParamCount,
+    .Make = MakePlainCommand<CCloseInstrument>,
+};
+
+const CreatorRow CtorReadInstrumentData = {
+    .Name = u"CtorReadInstrumentData",
+    .Specification = Class::ReadInstrumentData,
+    .ParamCount = Class::ReadInstrumentData.ParamCount,
+    .Make = MakePlainCommand<CReadInstrumentData>,
+};
+
+const CreatorRow CtorQueryStatus = {
+    .Name = u"CtorQueryStatus",
+    .Specification = Class::QueryStatus,
+    .ParamCount = Class::QueryStatus.ParamCount,
+    .Make = MakePlainCommand<CQueryStatus>,
+};
+
+const CreatorRow CtorWaitOPC = {
+    .Name = u"CtorWaitOPC",
+    .Specification = Class::WaitforOPC,
+    .ParamCount = Class::WaitforOPC.ParamCount,
+    .Make = MakePlainCommand<CWaitOPC>,
+};
 
 } // namespace portico

@@ -6,6 +6,7 @@
 #include "framework/shared/Guards.h"
 #include "platform/IDesktop.h"
 #include "ui/base/IMainFormParts.h"
+#include "ui/base/UserCommands.h"
 #include "ui/base/Wired.h"
 #include "ui/dialogs/frmSelectFile.h"
 #include "ui/viewer/frmViewLog.h"
@@ -48,12 +49,12 @@ void CNewLogFile::OpenNewLogFile() try {
   const String name = Ask(MakeSelectDialog(), u"Open a log file", NewLogFilters);
   if (name.empty()) return;
   const bool overWrite = modGlobals::FileExists(name) && MayErase(name);
-  const auto store = Create<IDataStore>(u"DataStore", modGlobals::VarArray(name, overWrite));
+  const auto store = Create(Class::DataStore, name, overWrite);
   HuntERR::Check(bool(store), ErrorNumber::CannotCreate, u"Cannot create a log file.");
   gConfiguration->ItemValue(LogFileName, name);
   gConfiguration->ItemValue(Logging, On);
   store->OpenSession();
-  gMainFormParts->Logger(Create<ISubscriber>(u"ReportLogger", modGlobals::VarArray(store)));
+  gMainFormParts->Logger(Create(Class::ReportLogger, store));
 } catch (...) {
   PassOn(u"CNewLogFile.OpenNewLogFile");
 }
@@ -86,25 +87,31 @@ void CViewLogFile::Act() {
   viewer->Show(&gMainFormParts->Form());
 }
 
-const CreatorRow CtorNewLogFile = {u"CtorNewLogFile",
-                                   u"ToggleLogFile",
-                                   0,
-                                   MakePlainCommand<CNewLogFile>,
-                                   ErrorNumber::CannotCreate,
-                                   u"Cannot create a new log file command."};
+const CreatorRow CtorNewLogFile = {
+    .Name = u"CtorNewLogFile",
+    .Specification = Class::ToggleLogFile,
+    .ParamCount = Class::ToggleLogFile.ParamCount,
+    .Make = MakePlainCommand<CNewLogFile>,
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a new log file command.",
+};
 
-const CreatorRow CtorToggleLogging = {u"CtorToggleLogging",
-                                      u"ToggleLogging",
-                                      0,
-                                      MakePlainCommand<CToggleLogging>,
-                                      ErrorNumber::CannotCreate,
-                                      u"Cannot create a toggle logging command."};
+const CreatorRow CtorToggleLogging = {
+    .Name = u"CtorToggleLogging",
+    .Specification = Class::ToggleLogging,
+    .ParamCount = Class::ToggleLogging.ParamCount,
+    .Make = MakePlainCommand<CToggleLogging>,
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a toggle logging command.",
+};
 
-const CreatorRow CtorViewLogFile = {u"CtorViewLogFile",
-                                    u"ViewLogFile",
-                                    0,
-                                    MakePlainCommand<CViewLogFile>,
-                                    ErrorNumber::CannotCreate,
-                                    u"Cannot create a new log file command."};
+const CreatorRow CtorViewLogFile = {
+    .Name = u"CtorViewLogFile",
+    .Specification = Class::ViewLogFile,
+    .ParamCount = Class::ViewLogFile.ParamCount,
+    .Make = MakePlainCommand<CViewLogFile>,
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a new log file command.",
+};
 
 } // namespace portico

@@ -1,8 +1,10 @@
 #include "ui/commands/MergeCommands.h"
 
 #include "document/entities/IDataStore.h"
+#include "framework/objects/IObjectFactory.h"
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/Guards.h"
+#include "ui/base/UserCommands.h"
 
 namespace portico {
 
@@ -21,10 +23,10 @@ void CMerge::Act() { m_target->MergeData(m_sourceIterator); }
 void CMergeFrom::Initialize(const Ref<IIteratableObject>& Target, const String& FileName,
                             const Ref<IIterator>& SourceIterator) try {
   CheckFactory();
-  const auto store = Create<IDataStore>(u"DataStore", modGlobals::VarArray(FileName, false));
+  const auto store = Create(Class::DataStore, FileName, false);
   const auto source = store->FillDataContainerFromStore();
   SourceIterator->Attach(source);
-  m_merge = Create<ICommand>(u"MergeDataContainer", modGlobals::VarArray(Target, SourceIterator));
+  m_merge = Create(Class::MergeDataContainer, Target, SourceIterator);
   SetInitialized();
 } catch (...) {
   PassOn(u"CMergeFrom.Initialize()");
@@ -32,28 +34,33 @@ void CMergeFrom::Initialize(const Ref<IIteratableObject>& Target, const String& 
 
 void CMergeFrom::Act() { m_merge->Execute(); }
 
-const CreatorRow CtorMerge = {u"CtorMerge",
-                              u"MergeDataContainer",
-                              2,
-                              [](const Params& Parameters) {
-                                auto merge = New<CMerge>();
-                                merge->Initialize(Parameters[0].ToObject<IIteratableObject>(),
-                                                  Parameters[1].ToObject<IIterator>());
-                                return Ref<IObject>(merge);
-                              },
-                              ErrorNumber::CannotCreate,
-                              u"Cannot create a merge command."};
+const CreatorRow CtorMerge = {
+    .Name = u"CtorMerge",
+    .Specification = Class::MergeDataContainer,
+    .ParamCount = Class::MergeDataContainer.ParamCount,
+    .Make =
+        [](const Params& Parameters) {
+          auto merge = New<CMerge>();
+          merge->Initialize(Parameters[0].ToObject<IIteratableObject>(), Parameters[1].ToObject<IIterator>());
+          return Ref<IObject>(merge);
+        },
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a merge command.",
+};
 
-const CreatorRow CtorMergeFrom = {u"CtorMergeFrom",
-                                  u"MergeDataContainerFromFile",
-                                  3,
-                                  [](const Params& Parameters) {
-                                    auto merge = New<CMergeFrom>();
-                                    merge->Initialize(Parameters[0].ToObject<IIteratableObject>(),
-                                                      Parameters[1].ToString(), Parameters[2].ToObject<IIterator>());
-                                    return Ref<IObject>(merge);
-                                  },
-                                  ErrorNumber::CannotCreate,
-                                  u"Cannot create a merge from command."};
+const CreatorRow CtorMergeFrom = {
+    .Name = u"CtorMergeFrom",
+    .Specification = Class::MergeDataContainerFromFile,
+    .ParamCount = Class::MergeDataContainerFromFile.ParamCount,
+    .Make =
+        [](const Params& Parameters) {
+          auto merge = New<CMergeFrom>();
+          merge->Initialize(Parameters[0].ToObject<IIteratableObject>(), Parameters[1].ToString(),
+                            Parameters[2].ToObject<IIterator>());
+          return Ref<IObject>(merge);
+        },
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a merge from command.",
+};
 
 } // namespace portico

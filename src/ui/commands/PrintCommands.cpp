@@ -4,6 +4,7 @@
 #include "framework/errors/HuntERR.h"
 #include "platform/IDesktop.h"
 #include "ui/base/IMainFormParts.h"
+#include "ui/base/UserCommands.h"
 #include "ui/base/Wired.h"
 
 namespace portico {
@@ -53,27 +54,32 @@ void CPrintSetup::Act() {
   m_dialog->ShowPrinter(settings);
 }
 
-const CreatorRow CtorPrint = {u"CtorPrint",
-                              u"Print",
-                              2,
-                              [](const Params& Parameters) {
-                                auto print = New<CPrint>();
-                                print->Initialize(Parameters[0].ToObject<ICommonDialog>(),
-                                                  Parameters[1].ToObject<IPrintable>());
-                                return Ref<IObject>(print);
-                              },
-                              ErrorNumber::CannotCreate,
-                              u"Cannot create a Print command."};
+const CreatorRow CtorPrint = {
+    .Name = u"CtorPrint",
+    .Specification = Class::Print,
+    .ParamCount = Class::Print.ParamCount,
+    .Make =
+        [](const Params& Parameters) {
+          auto print = New<CPrint>();
+          print->Initialize(Parameters[0].ToObject<ICommonDialog>(), Parameters[1].ToObject<IPrintable>());
+          return Ref<IObject>(print);
+        },
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a Print command.",
+};
 
-const CreatorRow CtorPrintSetup = {u"CtorPrintSetup",
-                                   u"PrintSetup",
-                                   1,
-                                   [](const Params& Parameters) {
-                                     auto setup = New<CPrintSetup>();
-                                     setup->Initialize(Parameters[0].ToObject<ICommonDialog>());
-                                     return Ref<IObject>(setup);
-                                   },
-                                   ErrorNumber::CannotCreate,
-                                   u"Cannot create a PrintSetup command."};
+const CreatorRow CtorPrintSetup = {
+    .Name = u"CtorPrintSetup",
+    .Specification = Class::PrintSetup,
+    .ParamCount = Class::PrintSetup.ParamCount,
+    .Make =
+        [](const Params& Parameters) {
+          auto setup = New<CPrintSetup>();
+          setup->Initialize(Parameters[0].ToObject<ICommonDialog>());
+          return Ref<IObject>(setup);
+        },
+    .FailureNumber = ErrorNumber::CannotCreate,
+    .FailureText = u"Cannot create a PrintSetup command.",
+};
 
 } // namespace portico

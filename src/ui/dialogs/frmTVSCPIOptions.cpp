@@ -5,6 +5,7 @@
 #include "framework/shared/IConfiguration.h"
 #include "platform/IDialogControls.h"
 #include "ui/base/IMainFormParts.h"
+#include "ui/base/UserCommands.h"
 #include "ui/dialogs/DialogDesigns.h"
 
 #include <array>
@@ -221,6 +222,11 @@ void CConfigOptions::Act() {
   dialog->ShowModal(&gMainFormParts->Form());
 }
 
-const CreatorRow CtorConfigOptions = {u"CtorConfigOptions", u"ConfigOptions", 0, MakePlainCommand<CConfigOptions>};
+const CreatorRow CtorConfigOptions = {
+    .Name = u"CtorConfigOptions",
+    .Specification = Class::ConfigOptions,
+    .ParamCount = Class::ConfigOptions.ParamCount,
+    .Make = MakePlainCommand<CConfigOptions>,
+};
 
 } // namespace portico

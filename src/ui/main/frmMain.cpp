@@ -1,15 +1,19 @@
 #include "ui/main/frmMain.h"
 
 #include "configuration/CConfigurationClient.h"
+#include "document/reports/ReportSubscribers.h"
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/errors/Quit.h"
 #include "framework/objects/modGlobals.h"
+#include "framework/shared/Application.h"
 #include "framework/shared/modAppGlobals.h"
 #include "ui/base/ResourceStrings.h"
 #include "ui/base/ShowFailure.h"
 #include "ui/base/Tolerate.h"
+#include "ui/base/UserCommands.h"
 #include "ui/main/MainDesign.h"
+#include "views/CInstructionRunner.h"
 
 namespace portico {
 namespace {
@@ -21,8 +25,6 @@ WindowState ToWindowState(std::int32_t number) {
   if (number < 0 || number > 2) HuntERR::RaiseStandard(ErrorNumber::BadPropertyValue);
   return static_cast<WindowState>(number);
 }
-
-Ref<IPublisher> Agent() { return Create<IPublisher>(u"CmdSubscriptionAgent", modGlobals::VarArray()); }
 
 } // namespace
 
@@ -58,8 +60,8 @@ void frmMain::Show() {
 }
 
 void frmMain::Form_Load() {
-  m_commandView = Create<CSCPIView>(u"SCPIView", modGlobals::VarArray(m_txtFuture));
-  m_runner = Create<ISubscriber>(u"InstructionRunner", modGlobals::VarArray(m_commandView));
+  m_commandView = Create(Class::SCPIView, m_txtFuture);
+  m_runner = Create(Class::InstructionRunner, m_commandView);
   gConfiguration = New<CConfigurationClient>();
   Connect();
   Executing(true); // so that the strings, or a font that comes with them, do not count as typing
@@ -68,8 +70,8 @@ void frmMain::Form_Load() {
   Executing(false);
   RestorePlace();
   HideWhatIsNotOffered();
-  m_historyView = Create<CSCPIViewHistory>(u"SCPIViewHistory", modGlobals::VarArray(m_txtPast));
-  m_displayer = Create<ISubscriber>(u"ReportDisplayer", modGlobals::VarArray(m_historyView));
+  m_historyView = Create(Class::SCPIViewHistory, m_txtPast);
+  m_displayer = Create(Class::ReportDisplayer, m_historyView);
   SetUpSplitter();
   UpdateUI({}, {});
 }
@@ -143,12 +145,12 @@ void frmMain::Form_Unload() {
     // Not this routine's own name; reports have always borne it.
     RunHandler(u"frmMain.mnuFileOpenInstrument_Click", u"An error occured while exitting.", body);
   };
-  step([] { modAppGlobals::EventHandler(u"CloseInstrument", modGlobals::VarArray()); });
+  step([] { modAppGlobals::EventHandler(Class::CloseInstrument); });
   for (const Ref<IForm>& form : gForms->Forms()) {
     if (!IsSameObject(form, m_form)) step([&] { form->Unload(); });
   }
   Ref<IPublisher> agent;
-  step([&] { agent = Agent(); });
+  step([&] { agent = Create(Class::CmdSubscriptionAgent); });
   step([&] {
     if (m_displayer) agent->Unsubscribe(m_displayer);
   });
@@ -184,7 +186,7 @@ void frmMain::Form_Terminate() {
 }
 
 void frmMain::Logger(const Ref<ISubscriber>& newValue) {
-  const Ref<IPublisher> agent = Agent();
+  const Ref<IPublisher> agent = Create(Class::CmdSubscriptionAgent);
   if (newValue) {
     agent->Subscribe(newValue);
   } else if (m_logger) {

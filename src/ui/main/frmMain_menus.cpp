@@ -5,6 +5,7 @@
 #include "framework/shared/modAppGlobals.h"
 #include "platform/ICommonDialog.h"
 #include "ui/base/ShowFailure.h"
+#include "ui/base/UserCommands.h"
 #include "ui/dialogs/frmAbout.h"
 #include "ui/main/frmMain.h"
 
@@ -26,20 +27,20 @@ std::span<const frmMain::MenuRow> frmMain::MenuRows() {
   static constexpr MenuRow rows[] = {
       {u"mnuFileOpenInstrument", u"Can't open instrument.", {}, {}, &frmMain::OpenInstrument},
       {u"mnuFileCloseInstrument", u"Can't open instrument.", {}, {}, &frmMain::CloseInstrument},
-      {u"mnuFileNewLog", u"Can't open new log file.", {}, u"ToggleLogFile"},
-      {u"mnuFileViewLog", u"Can't view a log file.", {}, u"ViewLogFile"},
-      {u"mnuFilePause", u"Can't open new log file.", u"frmMain.mnuFileNewLog_Click", u"ToggleLogging"},
-      {u"mnuCloseLog", u"Can't close log file.", {}, u"ToggleLogFile"},
+      {u"mnuFileNewLog", u"Can't open new log file.", {}, Class::ToggleLogFile},
+      {u"mnuFileViewLog", u"Can't view a log file.", {}, Class::ViewLogFile},
+      {u"mnuFilePause", u"Can't open new log file.", u"frmMain.mnuFileNewLog_Click", Class::ToggleLogging},
+      {u"mnuCloseLog", u"Can't close log file.", {}, Class::ToggleLogFile},
       {u"mnuFilePrint", u"Can't perform print operation.", {}, {}, &frmMain::Print},
       {u"mnuFilePageSetup", u"Can't setup page.", {}, {}, &frmMain::PrintSetup},
       {u"mnuFileExit", u"Can't exit application.", {}, {}, &frmMain::Exit},
 
       {u"mnuEdit", FocusFailure, {}, {}, &frmMain::Update},
-      {u"mnuEditCut", u"Can't perform cut operation.", {}, u"Cut"},
-      {u"mnuEditCopy", u"Can't perform copy operation.", {}, u"Copy"},
+      {u"mnuEditCut", u"Can't perform cut operation.", {}, Class::Cut},
+      {u"mnuEditCopy", u"Can't perform copy operation.", {}, Class::Copy},
       {u"mnuEditPaste", u"Can't perform paste operation.", {}, {}, &frmMain::PasteIntoCommands},
-      {u"mnuCopyTo", u"Can't copy to.", {}, u"Copyto"},
-      {u"mnuPasteFrom", u"Can't paste from a file.", {}, u"Pastefrom"},
+      {u"mnuCopyTo", u"Can't copy to.", {}, Class::Copyto},
+      {u"mnuPasteFrom", u"Can't paste from a file.", {}, Class::Pastefrom},
       {u"mnuClearHistory", u"Can't clear history.", {}, {}, &frmMain::ClearHistory},
       {u"mnuEditClearCmds", u"Can't clear history.", u"mnuClearHistory_Click", {}, &frmMain::ClearCommands},
 
@@ -49,13 +50,13 @@ std::span<const frmMain::MenuRow> frmMain::MenuRows() {
       {u"mnuStop", u"Can't stop running instructions.", {}, {}, &frmMain::Stop},
 
       {u"mnuCommand", FocusFailure, {}, {}, &frmMain::Update},
-      {u"mnuRead", u"Can't read instrument data.", {}, u"ReadInstrumentData"},
-      {u"mnuOPC", u"Can't wait for OPC.", {}, u"WaitforOPC"},
-      {u"mnuGetStatus", u"Can't get instrument status.", {}, u"QueryStatus"},
+      {u"mnuRead", u"Can't read instrument data.", {}, Class::ReadInstrumentData},
+      {u"mnuOPC", u"Can't wait for OPC.", {}, Class::WaitforOPC},
+      {u"mnuGetStatus", u"Can't get instrument status.", {}, Class::QueryStatus},
 
       {u"mnuSCPI", u"Can't use SCPI protocol.", {}, {}, &frmMain::UseSCPI},
       {u"mnuDDC", u"Can't use SCPI protocol.", u"frmMain.mnuSCPI_Click", {}, &frmMain::UseOther},
-      {u"mnuOptions", u"Can't open options dialog.", {}, u"ConfigOptions"},
+      {u"mnuOptions", u"Can't open options dialog.", {}, Class::ConfigOptions},
 
       {u"mnuHelpTopics",
        u"Can't display help contents.",
@@ -65,8 +66,8 @@ std::span<const frmMain::MenuRow> frmMain::MenuRows() {
       {u"mnuHelpAbout", u"Can't display About box.", {}, {}, &frmMain::ShowAbout},
 
       {u"mnuPopupCMD", FocusFailure, {}, {}, &frmMain::Update},
-      {u"mnuPopupCmdCut", u"Can't perform cut operation.", u"frmMain.mnuEditCut_Click", u"Cut"},
-      {u"mnuPopupCmdCopy", u"Can't perform copy operation.", u"frmMain.mnuEditCopy_Click", u"Copy"},
+      {u"mnuPopupCmdCut", u"Can't perform cut operation.", u"frmMain.mnuEditCut_Click", Class::Cut},
+      {u"mnuPopupCmdCopy", u"Can't perform copy operation.", u"frmMain.mnuEditCopy_Click", Class::Copy},
       {u"mnuPopupCmdPaste",
        u"Can't perform paste operation.",
        u"frmMain.mnuEditPaste_Click",
@@ -83,8 +84,8 @@ std::span<const frmMain::MenuRow> frmMain::MenuRows() {
       {u"mnuPopupCMDStop", u"Can't stop running instructions.", {}, {}, &frmMain::mnuStop_Click},
 
       {u"mnuPopupHistory", FocusFailure, {}, {}, &frmMain::Update},
-      {u"mnuPopupHistoryCut", u"Can't perform cut operation.", u"frmMain.mnuEditCut_Click", u"Cut"},
-      {u"mnuPopupHistoryCopy", u"Can't perform copy operation.", u"frmMain.mnuEditCopy_Click", u"Copy"},
+      {u"mnuPopupHistoryCut", u"Can't perform cut operation.", u"frmMain.mnuEditCut_Click", Class::Cut},
+      {u"mnuPopupHistoryCopy", u"Can't perform copy operation.", u"frmMain.mnuEditCopy_Click", Class::Copy},
       {u"mnuPopupHistoryPaste",
        u"Can't perform paste operation.",
        u"frmMain.mnuEditPaste_Click",
@@ -104,20 +105,20 @@ struct frmMain::ButtonRow {
 
 std::span<const frmMain::ButtonRow> frmMain::ButtonRows() {
   static constexpr ButtonRow rows[] = {
-      {u"View Log", u"ViewLogFile"},
-      {u"Logger", u"ToggleLogFile"},
-      {u"Pause", u"ToggleLogging"},
+      {u"View Log", Class::ViewLogFile},
+      {u"Logger", Class::ToggleLogFile},
+      {u"Pause", Class::ToggleLogging},
       {u"Print", {}, &frmMain::mnuFilePrint_Click},
-      {u"Cut", u"Cut"},
-      {u"Copy", u"Copy"},
-      {u"Paste", u"Paste"},
-      {u"Copy to", u"Copyto", nullptr, modAppGlobals::EventHandler},
-      {u"Paste from", u"Pastefrom", nullptr, modAppGlobals::EventHandler},
+      {u"Cut", Class::Cut},
+      {u"Copy", Class::Copy},
+      {u"Paste", Class::Paste},
+      {u"Copy to", Class::Copyto, nullptr, modAppGlobals::EventHandler},
+      {u"Paste from", Class::Pastefrom, nullptr, modAppGlobals::EventHandler},
       {u"Step", {}, &frmMain::mnuStep_Click},
       {u"Run", {}, &frmMain::mnuRun_Click},
       {u"Run to Cursor", {}, &frmMain::mnuRunToCursor_Click},
       {u"Stop", {}, &frmMain::mnuStop_Click},
-      {u"Read", u"ReadInstrumentData"},
+      {u"Read", Class::ReadInstrumentData},
   };
   return rows;
 }
@@ -172,7 +173,7 @@ void frmMain::tbToolBar_ButtonClick(IToolButton& Button) {
 
 void frmMain::OpenInstrument() {
   m_gotFocus = false;
-  modAppGlobals::ExecutionEventHandler(u"OpenInstrument", modGlobals::VarArray());
+  modAppGlobals::ExecutionEventHandler(Class::OpenInstrument);
   // An open gives the focus to the command window, which updates the window, unless it has been there all along.
   const bool opened = Value(gConfiguration->ItemValue(u"InstrumentOpened")).ToBoolean();
   if (opened && !m_gotFocus) UpdateUI({}, {});
@@ -180,20 +181,18 @@ void frmMain::OpenInstrument() {
 
 // The command writes to the server, of which the window hears nothing, and moves no focus.
 void frmMain::CloseInstrument() {
-  modAppGlobals::ExecutionEventHandler(u"CloseInstrument", modGlobals::VarArray());
+  modAppGlobals::ExecutionEventHandler(Class::CloseInstrument);
   UpdateUI({}, {});
 }
 
-void frmMain::Print() {
-  modAppGlobals::ExecutionEventHandler(u"Print", modGlobals::VarArray(gCommonDialog, m_txtPast));
-}
-void frmMain::PrintSetup() { modAppGlobals::ExecutionEventHandler(u"PrintSetup", modGlobals::VarArray(gCommonDialog)); }
+void frmMain::Print() { modAppGlobals::ExecutionEventHandler(Class::Print, gCommonDialog, m_txtPast); }
+void frmMain::PrintSetup() { modAppGlobals::ExecutionEventHandler(Class::PrintSetup, gCommonDialog); }
 
 void frmMain::Exit() { m_form->Close(); }
 
 void frmMain::PasteIntoCommands() {
   m_txtFuture->SetFocus();
-  modAppGlobals::ExecutionEventHandler(u"Paste", modGlobals::VarArray());
+  modAppGlobals::ExecutionEventHandler(Class::Paste);
   m_txtFuture->SetFocus();
 }
 

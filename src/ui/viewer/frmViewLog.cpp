@@ -9,6 +9,7 @@
 #include "ui/base/ResourceStrings.h"
 #include "ui/base/ShowFailure.h"
 #include "ui/base/Tolerate.h"
+#include "ui/base/UserCommands.h"
 #include "ui/base/WindowSettings.h"
 #include "ui/dialogs/frmAbout.h"
 #include "ui/viewer/LogLoading.h"
@@ -116,11 +117,11 @@ void frmViewLog::PlaceForm() {
 
 void frmViewLog::LoadLog() try {
   CheckFactory(ErrorNumber::CannotCreate);
-  const auto iterator = Create<IObject>(u"SelectionIterator", modGlobals::VarArray(u"IterateAll"));
-  m_view = Create<CSCPIView>(u"SCPIView", modGlobals::VarArray(Share(m_form, txtPast())));
+  const auto iterator = Create(Class::SelectionIterator, u"IterateAll");
+  m_view = Create(Class::SCPIView, Share(m_form, txtPast()));
   const auto queue = m_view->Instructions();
   LogLoading loading(m_fileName);
-  const auto merge = Create<ICommand>(u"MergeDataContainerFromFile", modGlobals::VarArray(queue, m_fileName, iterator));
+  const auto merge = Create(Class::MergeDataContainerFromFile, queue, m_fileName, iterator);
   loading.Follow(queue);
   merge->Execute();
   m_view->Refresh();
@@ -194,18 +195,16 @@ void frmViewLog::mnuEdit_Click() {
 }
 
 void frmViewLog::mnuCopy_Click() {
-  Run(u"mnuCopy_Click", [] { modAppGlobals::ExecutionEventHandler(u"Copy", modGlobals::VarArray()); });
+  Run(u"mnuCopy_Click", [] { modAppGlobals::ExecutionEventHandler(Class::Copy); });
 }
 
 void frmViewLog::mnuFilePrint_Click() {
-  Run(u"mnuFilePrint_Click", [this] {
-    modAppGlobals::ExecutionEventHandler(u"Print", modGlobals::VarArray(gCommonDialog, Share(m_form, txtPast())));
-  });
+  Run(u"mnuFilePrint_Click",
+      [this] { modAppGlobals::ExecutionEventHandler(Class::Print, gCommonDialog, Share(m_form, txtPast())); });
 }
 
 void frmViewLog::mnuFilePageSetup_Click() {
-  Run(u"mnuFilePageSetup_Click",
-      [] { modAppGlobals::ExecutionEventHandler(u"PrintSetup", modGlobals::VarArray(gCommonDialog)); });
+  Run(u"mnuFilePageSetup_Click", [] { modAppGlobals::ExecutionEventHandler(Class::PrintSetup, gCommonDialog); });
 }
 
 void frmViewLog::mnuFileClose_Click() {

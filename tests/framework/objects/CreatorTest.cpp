@@ -22,7 +22,9 @@ Ref<IObject> MakeFromFirst(const Params& parameters) {
 }
 Ref<IObject> MakeNothing(const Params&) { return {}; }
 
-CreatorRow Row(std::size_t count) { return {u"CtorWriteCmd", u"WriteCmd", count, &MakeFromFirst}; }
+CreatorRow Row(std::size_t count) {
+  return {.Name = u"CtorWriteCmd", .Specification = u"WriteCmd", .ParamCount = count, .Make = &MakeFromFirst};
+}
 
 TEST_F(CreatorTest, TellsItsNameAndSpecification) {
   const CreatorRow row = Row(1);
@@ -84,10 +86,15 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_P(CreatorCountTest, AnyOtherCountRaises450AndMakesNothing) {
   static int made;
   made = 0;
-  const CreatorRow row = {u"CtorX", u"X", GetParam().Count, [](const Params&) -> Ref<IObject> {
-                            ++made;
-                            return New<NamedObject>();
-                          }};
+  const CreatorRow row = {
+      .Name = u"CtorX",
+      .Specification = u"X",
+      .ParamCount = GetParam().Count,
+      .Make = [](const Params&) -> Ref<IObject> {
+        ++made;
+        return New<NamedObject>();
+      },
+  };
   const auto creator = MakeCreator(row);
   for (std::size_t count = 0; count <= 6; ++count) {
     if (count == GetParam().Count) continue;
@@ -116,14 +123,21 @@ TEST_F(CreatorTest, ALabelNameReplacesTheCreatorsOwn) {
 }
 
 TEST_F(CreatorTest, AProductThatWasNotMadeRaisesTheCreatorsOwnError) {
-  const CreatorRow row = {u"CtorCopy", u"Copy", 0, &MakeNothing, 31004, u"Cannot create a copy command."};
+  const CreatorRow row = {
+      .Name = u"CtorCopy",
+      .Specification = u"Copy",
+      .ParamCount = 0,
+      .Make = &MakeNothing,
+      .FailureNumber = 31004,
+      .FailureText = u"Cannot create a copy command.",
+  };
   const ErrorRecord error = Raised([&] { MakeCreator(row)->Create({}); });
   EXPECT_EQ(error.Number, 31004);
   EXPECT_EQ(FirstDescription(error), u"Cannot create a copy command.");
 }
 
 TEST_F(CreatorTest, WithoutThatCheckAnUnsetProductIsReturned) {
-  const CreatorRow row = {u"CtorCopy", u"Copy", 0, &MakeNothing};
+  const CreatorRow row = {.Name = u"CtorCopy", .Specification = u"Copy", .ParamCount = 0, .Make = &MakeNothing};
   EXPECT_FALSE(MakeCreator(row)->Create({}));
 }
 

@@ -74,6 +74,15 @@ TEST_F(EventHandlerTest, HandsTheParametersToTheCreator) {
   EXPECT_EQ(ParametersSeen[1].ToLong(), 7);
 }
 
+TEST_F(EventHandlerTest, TakesTheKeyOfACommandToo) {
+  constexpr ClassKey<ICommand, StringView, std::int32_t> step{u"Step"};
+  EventHandler(step, u"DMM", 7);
+  ASSERT_EQ(ParametersSeen.size(), 2U);
+  EXPECT_EQ(ParametersSeen[0].ToString(), u"DMM");
+  EXPECT_EQ(ParametersSeen[1].ToLong(), 7);
+  EXPECT_FALSE(ExecutingSeen);
+}
+
 TEST_F(EventHandlerTest, ReleasesTheCommand) {
   auto owned = std::make_shared<int>(0);
   gObjectFactory->Add(
@@ -124,6 +133,15 @@ TEST_F(ExecutionEventHandlerTest, SetsExecutingAroundTheTwoLongRunningCommands) 
     EXPECT_TRUE(ExecutingSeen);
     EXPECT_FALSE(Window->IsExecuting);
   }
+}
+
+TEST_F(ExecutionEventHandlerTest, KnowsTheLongOneByItsKeyToo) {
+  ExecutionEventHandler(Class::Run, {}, u"Step");
+  EXPECT_TRUE(ExecutingSeen);
+  ASSERT_EQ(ParametersSeen.size(), 2U);
+  EXPECT_EQ(ParametersSeen[1].ToString(), u"Step");
+  ExecutionEventHandler(ClassKey<ICommand>{u"Step"});
+  EXPECT_FALSE(ExecutingSeen);
 }
 
 TEST_F(ExecutionEventHandlerTest, LeavesExecutingAloneForOtherCommands) {

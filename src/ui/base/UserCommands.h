@@ -1,0 +1,50 @@
+#pragma once
+
+#include "framework/objects/ClassKey.h"
+#include "framework/shared/ICommand.h"
+#include "framework/text/text.h"
+
+namespace portico {
+
+class ICommonDialog;
+class IIteratableObject;
+class IIterator;
+class IPrintable;
+
+// What the user can do, one command for each; `modAppGlobals::EventHandler` is the road to them. The keys stand apart
+// from the classes, since the windows that ask for a command are themselves what commands work on.
+namespace Class {
+
+inline constexpr ClassKey<ICommand> OpenInstrument{u"OpenInstrument"};
+inline constexpr ClassKey<ICommand> CloseInstrument{u"CloseInstrument"};
+inline constexpr ClassKey<ICommand> ReadInstrumentData{u"ReadInstrumentData"};
+inline constexpr ClassKey<ICommand> WaitforOPC{u"WaitforOPC"};
+inline constexpr ClassKey<ICommand> QueryStatus{u"QueryStatus"};
+
+/// No registrar lists its creator, so that the factory does not find it.
+inline constexpr ClassKey<ICommand> Cut{u"Cut"};
+inline constexpr ClassKey<ICommand> Copy{u"Copy"};
+inline constexpr ClassKey<ICommand> Paste{u"Paste"};
+inline constexpr ClassKey<ICommand> Copyto{u"Copyto"};
+inline constexpr ClassKey<ICommand> Pastefrom{u"Pastefrom"};
+inline constexpr ClassKey<ICommand> ClearHistory{u"ClearHistory"};
+
+/// The dialog, and what is printed.
+inline constexpr ClassKey<ICommand, Ref<ICommonDialog>, Ref<IPrintable>> Print{u"Print"};
+/// The dialog.
+inline constexpr ClassKey<ICommand, Ref<ICommonDialog>> PrintSetup{u"PrintSetup"};
+inline constexpr ClassKey<ICommand> ConfigOptions{u"ConfigOptions"};
+
+/// Opens a new log, or closes the one that is open.
+inline constexpr ClassKey<ICommand> ToggleLogFile{u"ToggleLogFile"};
+inline constexpr ClassKey<ICommand> ToggleLogging{u"ToggleLogging"};
+inline constexpr ClassKey<ICommand> ViewLogFile{u"ViewLogFile"};
+
+/// The target, and what yields the entities.
+inline constexpr ClassKey<ICommand, Ref<IIteratableObject>, Ref<IIterator>> MergeDataContainer{u"MergeDataContainer"};
+/// The target, the log's name, and an iterator to attach to what was read.
+inline constexpr ClassKey<ICommand, Ref<IIteratableObject>, StringView, Ref<IIterator>> MergeDataContainerFromFile{
+    u"MergeDataContainerFromFile"};
+
+} // namespace Class
+} // namespace portico

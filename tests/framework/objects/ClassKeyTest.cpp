@@ -1,0 +1,81 @@
+#include "framework/objects/ClassKey.h"
+
+#include "framework/objects/CObjectFactory.h"
+#include "framework/shared/ICommand.h"
+
+#include "framework/TestObjects.h"
+#include "support/FrameworkTest.h"
+#include "support/Raised.h"
+
+namespace portico {
+namespace {
+
+using test::CommandOf;
+using test::CreatorOf;
+using test::NamedObject;
+using test::Raised;
+
+constexpr ClassKey<ICommand> Plain{u"Plain"};
+constexpr ClassKey<ICommand, StringView, bool, std::int32_t, Ref<IObject>, ByteArray> Full{u"Full"};
+
+class ClassKeyTest : public test::FrameworkTest {
+protected:
+  ClassKeyTest() {
+    gObjectFactory = New<CObjectFactory>();
+    for (const char16_t* specification : {u"Plain", u"Full"}) {
+      gObjectFactory->Add(New<CreatorOf>(specification, [this](const Params& parameters) {
+        Seen = parameters;
+        return Product;
+      }));
+    }
+  }
+
+  Ref<IObject> Product = New<CommandOf>([] {});
+  Params Seen = {u"nothing asked"};
+};
+
+TEST_F(ClassKeyTest, AClassWithoutParametersIsAskedForWithAnEmptyArray) {
+  const Ref<ICommand> command = Create(Plain);
+  EXPECT_TRUE(IsSameObject(command, Product));
+  EXPECT_TRUE(Seen.empty());
+}
+
+TEST_F(ClassKeyTest, ArgumentsReachTheCreatorInTheirOrder) {
+  const auto object = New<NamedObject>(u"CThing");
+  Create(Full, u"text", true, 7, object, ByteArray{1, 2});
+  ASSERT_EQ(Seen.size(), 5U);
+  EXPECT_EQ(Seen[0].TextForm(), u"'text'");
+  EXPECT_EQ(Seen[1].ToString(), u"True");
+  EXPECT_EQ(Seen[2].TextForm(), u"7");
+  EXPECT_EQ(Seen[3].TextForm(), u"{CThing}");
+  EXPECT_EQ(Seen[4].ToByteArray().size(), 2U);
+}
+
+TEST_F(ClassKeyTest, AnUnsetReferenceIsAnArgumentLikeAnyOther) {
+  Create(Full, u"", false, 0, {}, {});
+  ASSERT_EQ(Seen.size(), 5U);
+  EXPECT_EQ(Seen[3].TextForm(), u"{Null}");
+}
+
+TEST_F(ClassKeyTest, AProductWithoutTheInterfaceRaises13) {
+  Product = New<NamedObject>();
+  EXPECT_EQ(Raised([] { Create(Plain); }).Number, 13);
+}
+
+TEST_F(ClassKeyTest, AProductCanBeAskedForAnotherInterface) {
+  Product = New<NamedObject>(u"CThing");
+  EXPECT_EQ(CreateAs<NamedObject>(Plain)->Name, u"CThing");
+}
+
+TEST_F(ClassKeyTest, WithoutAFactoryItRaises91) {
+  gObjectFactory = {};
+  EXPECT_EQ(Raised([] { Create(Plain); }).Number, 91);
+}
+
+TEST_F(ClassKeyTest, KnowsHowManyParametersTheCreatorTakes) {
+  EXPECT_EQ(Plain.ParamCount, 0U);
+  EXPECT_EQ(Full.ParamCount, 5U);
+}
+
+} // namespace
+} // namespace portico

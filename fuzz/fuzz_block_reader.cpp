@@ -3,8 +3,8 @@
 #include <array>
 #include <cstdlib>
 
-using portico::wire::MessageReader;
-using portico::wire::Termination;
+using portico::Termination;
+using portico::drivers::MessageReader;
 
 namespace {
 

@@ -1,6 +1,8 @@
+#include "framework/text/EndOfText.h"
 #include "memory/EventLoop.h"
 #include "memory/RichTextBox.h"
 #include "views/CPopALine.h"
+#include "views/LineMarks.h"
 
 #include <cstdlib>
 

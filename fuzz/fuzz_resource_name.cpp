@@ -2,14 +2,14 @@
 
 #include <cstdlib>
 
-using portico::ResourceName;
-using portico::ResourceNameError;
+using portico::drivers::ResourceName;
+using portico::drivers::ResourceNameError;
 
 // A text is either a name, whose canonical form reads back as the same name, or an error with a reason.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const auto parsed = ResourceName::Parse({reinterpret_cast<const char*>(data), size});
   if (const auto* error = std::get_if<ResourceNameError>(&parsed)) {
-    if (error->text.empty()) std::abort();
+    if (error->Text.empty()) std::abort();
     return 0;
   }
   const auto& name = std::get<ResourceName>(parsed);

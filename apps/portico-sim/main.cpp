@@ -45,10 +45,10 @@ int main(int argc, char** argv) {
   CLI::App app("Serves a simulated instrument over TCP, one for all connections.", "portico-sim");
   app.set_version_flag("--version", "portico-sim " PORTICO_VERSION);
   app.add_option("--device", kind, "The kind of instrument: dmm, psu or scope")->capture_default_str();
-  app.add_option("--port", options.port, "The TCP port; 0 picks a free one")
+  app.add_option("--port", options.Port, "The TCP port; 0 picks a free one")
       ->check(CLI::Range(0, 65535))
       ->capture_default_str();
-  app.add_option("--bind", options.address, "The IPv4 or IPv6 address to listen on")->capture_default_str();
+  app.add_option("--bind", options.Address, "The IPv4 or IPv6 address to listen on")->capture_default_str();
   app.add_option("--seed", seed, "The start of all that looks random")->check(WholeNumber)->capture_default_str();
   try {
     app.parse(argc, argv);

@@ -7,12 +7,12 @@ namespace portico::drivers {
 namespace {
 
 struct StatusEntry {
-  DriverStatus status;
-  std::string_view name;
+  DriverStatus Status;
+  std::string_view Name;
   /// Without its full stop, so that a detail can follow.
-  std::string_view text;
+  std::string_view Text;
   /// What the one that the detail names did to the connection; empty where the detail tells that itself.
-  std::string_view deed = {};
+  std::string_view Deed = {};
 };
 
 constexpr std::array Statuses = {
@@ -47,7 +47,7 @@ constexpr std::array Statuses = {
 
 const StatusEntry* Find(std::int32_t status) {
   const auto* entry = std::find_if(Statuses.begin(), Statuses.end(), [status](const StatusEntry& candidate) {
-    return static_cast<std::int32_t>(candidate.status) == status;
+    return static_cast<std::int32_t>(candidate.Status) == status;
   });
   return entry == Statuses.end() ? nullptr : entry;
 }
@@ -61,12 +61,12 @@ bool IsControl(char character) {
 
 std::string_view StatusName(std::int32_t status) {
   const StatusEntry* entry = Find(status);
-  return entry == nullptr ? std::string_view() : entry->name;
+  return entry == nullptr ? std::string_view() : entry->Name;
 }
 
 std::string StatusMessage(std::int32_t status, std::string_view detail) {
   const StatusEntry* entry = Find(status);
-  std::string message = entry == nullptr ? "Unknown status " + std::to_string(status) : std::string(entry->text);
+  std::string message = entry == nullptr ? "Unknown status " + std::to_string(status) : std::string(entry->Text);
   if (!detail.empty()) message.append(": ").append(detail);
   message += '.';
   // A detail may quote what the user typed; a line feed or zero byte in it would end the message early.
@@ -76,11 +76,11 @@ std::string StatusMessage(std::int32_t status, std::string_view detail) {
 }
 
 std::string ReasonFor(const DriverResult& failure) {
-  const StatusEntry* entry = Find(static_cast<std::int32_t>(failure.status));
-  std::string reason = failure.detail;
-  if (entry == nullptr || entry->deed.empty()) return reason;
+  const StatusEntry* entry = Find(static_cast<std::int32_t>(failure.Status));
+  std::string reason = failure.Detail;
+  if (entry == nullptr || entry->Deed.empty()) return reason;
   if (!reason.empty()) reason += ", ";
-  return reason.append(entry->deed);
+  return reason.append(entry->Deed);
 }
 
 void WriteErrorMessage(std::string_view message, char* buffer) {

@@ -30,11 +30,11 @@ enum class DriverStatus : std::int32_t {
 
 /// How an operation ended, and the particulars that its message gives besides the status' own text.
 struct DriverResult {
-  DriverStatus status = DriverStatus::Success;
+  DriverStatus Status = DriverStatus::Success;
   /// Without a full stop; empty if there is nothing to add.
-  std::string detail = {};
+  std::string Detail = {};
 
-  bool Succeeded() const { return status == DriverStatus::Success; }
+  bool Succeeded() const { return Status == DriverStatus::Success; }
 };
 
 /// Why there is no connection, of the failure that cost it: the detail for DriverStatus::NotConnected.

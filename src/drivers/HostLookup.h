@@ -14,9 +14,9 @@ namespace portico::drivers {
 using NetworkAddress = std::vector<std::byte>;
 
 struct HostLookup {
-  DriverResult result = {};
+  DriverResult Result = {};
   /// In the order in which they are to be tried; not empty if the look-up succeeded.
-  std::vector<NetworkAddress> addresses = {};
+  std::vector<NetworkAddress> Addresses = {};
 };
 
 /// Finds the addresses of a name, or reads an IPv4 or IPv6 address. Gives up at `deadline`, although the system's own

@@ -24,7 +24,7 @@ HostLookup Ask(const std::string& host, std::uint16_t port, int flags) {
   for (const addrinfo* entry = first; entry != nullptr; entry = entry->ai_next) {
     NetworkAddress address(entry->ai_addrlen);
     std::memcpy(address.data(), entry->ai_addr, address.size());
-    lookup.addresses.push_back(std::move(address));
+    lookup.Addresses.push_back(std::move(address));
   }
   return lookup;
 }
@@ -33,7 +33,7 @@ HostLookup Ask(const std::string& host, std::uint16_t port, int flags) {
 
 HostLookup LookUpHost(const std::string& host, std::uint16_t port, TimePoint deadline) {
   // An address needs no look-up, and so no thread.
-  if (HostLookup numeric = Ask(host, port, AI_NUMERICHOST); numeric.result.Succeeded()) return numeric;
+  if (HostLookup numeric = Ask(host, port, AI_NUMERICHOST); numeric.Result.Succeeded()) return numeric;
   try {
     std::packaged_task<HostLookup()> task([host, port] { return Ask(host, port, 0); });
     std::future<HostLookup> answer = task.get_future();

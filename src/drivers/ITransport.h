@@ -14,10 +14,10 @@ class ResourceName;
 
 /// What one read of a transport brought.
 struct Received {
-  DriverResult result = {};
-  std::size_t count = 0;
+  DriverResult Result = {};
+  std::size_t Count = 0;
   /// The transport marks the end of a message behind these bytes; never set by one that carries a mere byte stream.
-  bool end = false;
+  bool End = false;
 };
 
 /// Carries bytes to and from one instrument: the part of a driver that differs from interface to interface.

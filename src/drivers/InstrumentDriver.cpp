@@ -16,7 +16,7 @@ InstrumentDriver::InstrumentDriver(TransportRegistry transports, const SessionOp
 std::int32_t InstrumentDriver::TVSCPI_init(const std::string& name, std::int32_t /*idQuery*/, std::int32_t /*reset*/,
                                            std::int32_t& session) {
   DriverResult result = Open(name, session);
-  const std::int32_t status = Number(result.status);
+  const std::int32_t status = Number(result.Status);
   if (!result.Succeeded()) m_lastOpenFailure = std::move(result);
   return status;
 }
@@ -24,7 +24,7 @@ std::int32_t InstrumentDriver::TVSCPI_init(const std::string& name, std::int32_t
 DriverResult InstrumentDriver::Open(const std::string& name, std::int32_t& session) {
   const auto parsed = ResourceName::Parse(name);
   if (const auto* error = std::get_if<ResourceNameError>(&parsed)) {
-    return {DriverStatus::InvalidResourceName, error->text};
+    return {DriverStatus::InvalidResourceName, error->Text};
   }
   const auto& resource = std::get<ResourceName>(parsed);
   const auto transport = m_transports.find(resource.Kind());
@@ -90,8 +90,8 @@ std::int32_t InstrumentDriver::TVSCPI_error_message(std::int32_t session, std::i
     failure = m_lastOpenFailure;
   }
   // The particulars belong to the last failure only; another status is explained by its own text.
-  if (Number(failure.status) != status) failure.detail.clear();
-  WriteErrorMessage(StatusMessage(status, failure.detail), buffer);
+  if (Number(failure.Status) != status) failure.Detail.clear();
+  WriteErrorMessage(StatusMessage(status, failure.Detail), buffer);
   return Number(DriverStatus::Success);
 }
 
@@ -106,7 +106,7 @@ std::int32_t InstrumentDriver::OnSession(std::int32_t session, Operation operati
   if (open == nullptr) return Number(DriverStatus::InvalidSession);
   const DriverResult result = operation(*open);
   if (!result.Succeeded()) open->RememberFailure(result);
-  return Number(result.status);
+  return Number(result.Status);
 }
 
 } // namespace portico::drivers

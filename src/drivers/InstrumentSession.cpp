@@ -79,15 +79,15 @@ DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count
   // A carriage return that came before the rest of its terminator was stored as data: the zero byte replaces it.
   length -= reader.TerminatorLength();
   count = sink.Finish(length);
-  if (length + 1 >= buffer.size() && m_options.observer != nullptr) {
-    m_options.observer->AnswerFilledBuffer(m_name, length);
+  if (length + 1 >= buffer.size() && m_options.Observer != nullptr) {
+    m_options.Observer->AnswerFilledBuffer(m_name, length);
   }
   return {};
 }
 
 DriverResult InstrumentSession::Reconnect(TimePoint deadline) {
   m_connection = m_transport->Open(deadline);
-  if (m_connection.Succeeded() && m_options.observer != nullptr) m_options.observer->Reconnected(m_name);
+  if (m_connection.Succeeded() && m_options.Observer != nullptr) m_options.Observer->Reconnected(m_name);
   return m_connection;
 }
 
@@ -100,8 +100,8 @@ DriverResult InstrumentSession::Disconnect(DriverResult reason) {
 
 DriverResult InstrumentSession::Fill(TimePoint deadline) {
   Received received = m_transport->Read(m_input.Space(), ReceiveBuffer::Capacity, deadline);
-  if (!received.result.Succeeded()) return Disconnect(std::move(received.result));
-  m_input.Filled(received.count, received.end);
+  if (!received.Result.Succeeded()) return Disconnect(std::move(received.Result));
+  m_input.Filled(received.Count, received.End);
   return {};
 }
 

@@ -16,11 +16,11 @@ namespace portico::drivers {
 /// What every session of a driver shares.
 struct SessionOptions {
   /// Must outlive the sessions.
-  IClock& clock;
+  IClock& Clock;
   /// For each call as a whole: opening, writing, or reading one message.
-  std::chrono::milliseconds timeout = std::chrono::milliseconds(5000);
+  std::chrono::milliseconds Timeout = std::chrono::milliseconds(5000);
   /// Null, or must outlive the sessions.
-  IDriverObserver* observer = nullptr;
+  IDriverObserver* Observer = nullptr;
 };
 
 /// One open instrument, over any transport.
@@ -53,7 +53,7 @@ private:
   /// Gives the connection up and answers the failure that is the reason.
   DriverResult Disconnect(DriverResult reason);
   DriverResult Fill(TimePoint deadline);
-  TimePoint Deadline() const { return m_options.clock.Now() + m_options.timeout; }
+  TimePoint Deadline() const { return m_options.Clock.Now() + m_options.Timeout; }
 
   const std::string m_name;
   const std::unique_ptr<ITransport> m_transport;

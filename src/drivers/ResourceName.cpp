@@ -46,7 +46,7 @@ std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\
 template <typename... Pieces>
 ResourceNameError Error(const Pieces&... pieces) {
   ResourceNameError error;
-  (error.text.append(pieces), ...);
+  (error.Text.append(pieces), ...);
   return error;
 }
 
@@ -90,15 +90,15 @@ std::optional<std::vector<std::string_view>> Split(std::string_view text) {
 
 /// A name behind its prefix: what follows the prefix directly (a board or serial port), and the other fields.
 struct Fields {
-  std::string_view suffix;
-  std::vector<std::string_view> rest;
+  std::string_view Suffix;
+  std::vector<std::string_view> Rest;
 
-  bool HasClass(std::string_view name) const { return !rest.empty() && EqualsIgnoringCase(rest.back(), name); }
+  bool HasClass(std::string_view name) const { return !Rest.empty() && EqualsIgnoringCase(Rest.back(), name); }
 };
 
 struct BoardResult {
-  unsigned board = 0;
-  std::optional<ResourceNameError> error;
+  unsigned Board = 0;
+  std::optional<ResourceNameError> Error;
 };
 
 BoardResult ParseBoard(std::string_view suffix, std::string_view prefix) {
@@ -132,78 +132,78 @@ bool IsNumber(std::string_view text) {
 }
 
 ParseResult ParseSocket(unsigned board, std::string host, const Fields& fields) {
-  if (fields.rest.size() == 2) return Error("the port is missing; write TCPIP::", HostField(host), "::5025::SOCKET");
-  if (fields.rest.size() > 3) {
+  if (fields.Rest.size() == 2) return Error("the port is missing; write TCPIP::", HostField(host), "::5025::SOCKET");
+  if (fields.Rest.size() > 3) {
     return Error("there are too many fields; write ", SocketForm,
                  ", with an IPv6 address in brackets as in TCPIP::[::1]::5025::SOCKET");
   }
-  const auto port = ParseNumber<std::uint16_t>(fields.rest[1]);
-  if (!port || *port == 0) return Error("the port ", Quoted(fields.rest[1]), " is not a number from 1 to 65535");
+  const auto port = ParseNumber<std::uint16_t>(fields.Rest[1]);
+  if (!port || *port == 0) return Error("the port ", Quoted(fields.Rest[1]), " is not a number from 1 to 65535");
   return ResourceName(SocketAddress{board, std::move(host), *port});
 }
 
 ParseResult ParseTcpip(const Fields& fields) {
-  const BoardResult board = ParseBoard(fields.suffix, "TCPIP");
-  if (board.error) return *board.error;
-  if (fields.rest.empty()) return Error("the host is missing; write ", SocketForm);
-  auto parsedHost = ParseHost(fields.rest.front());
+  const BoardResult board = ParseBoard(fields.Suffix, "TCPIP");
+  if (board.Error) return *board.Error;
+  if (fields.Rest.empty()) return Error("the host is missing; write ", SocketForm);
+  auto parsedHost = ParseHost(fields.Rest.front());
   if (auto* error = std::get_if<ResourceNameError>(&parsedHost)) return std::move(*error);
   auto& host = std::get<std::string>(parsedHost);
 
-  if (fields.rest.size() > 1 && fields.HasClass("SOCKET")) return ParseSocket(board.board, std::move(host), fields);
-  const bool isInstr = fields.rest.size() > 1 && fields.HasClass("INSTR");
-  const std::size_t last = fields.rest.size() - (isInstr ? 1 : 0);
-  if (last == 2 && IsNumber(fields.rest[1])) {
-    return Error("a port needs the class SOCKET; write TCPIP::", HostField(host), "::", fields.rest[1], "::SOCKET");
+  if (fields.Rest.size() > 1 && fields.HasClass("SOCKET")) return ParseSocket(board.Board, std::move(host), fields);
+  const bool isInstr = fields.Rest.size() > 1 && fields.HasClass("INSTR");
+  const std::size_t last = fields.Rest.size() - (isInstr ? 1 : 0);
+  if (last == 2 && IsNumber(fields.Rest[1])) {
+    return Error("a port needs the class SOCKET; write TCPIP::", HostField(host), "::", fields.Rest[1], "::SOCKET");
   }
   if (!isInstr) return Error("the class is missing; end the name with ::PORT::SOCKET or ::INSTR");
   if (last > 2) return Error("there are too many fields; write TCPIP::HOST::DEVICE::INSTR or ", SocketForm);
-  const std::string_view device = last == 2 ? fields.rest[1] : DefaultLanDevice;
+  const std::string_view device = last == 2 ? fields.Rest[1] : DefaultLanDevice;
   if (device.empty()) return Error("the device is empty; write TCPIP::", HostField(host), "::inst0::INSTR");
-  return ResourceName(LanDeviceAddress{board.board, std::move(host), std::string(device)});
+  return ResourceName(LanDeviceAddress{board.Board, std::move(host), std::string(device)});
 }
 
 ParseResult ParseUsb(const Fields& fields) {
-  const BoardResult board = ParseBoard(fields.suffix, "USB");
-  if (board.error) return *board.error;
+  const BoardResult board = ParseBoard(fields.Suffix, "USB");
+  if (board.Error) return *board.Error;
   if (!fields.HasClass("INSTR")) return Error("the class is missing; write ", UsbForm);
-  const std::size_t count = fields.rest.size();
+  const std::size_t count = fields.Rest.size();
   if (count != 4 && count != 5) return Error("there are too ", count < 4 ? "few" : "many", " fields; write ", UsbForm);
   std::array<std::uint16_t, 2> ids = {};
   for (std::size_t i = 0; i < ids.size(); ++i) {
-    const auto id = ParseUsbId(fields.rest[i]);
-    if (!id) return Error("the USB id ", Quoted(fields.rest[i]), " is not a number from 0 to 0xFFFF, as in 0x1234");
+    const auto id = ParseUsbId(fields.Rest[i]);
+    if (!id) return Error("the USB id ", Quoted(fields.Rest[i]), " is not a number from 0 to 0xFFFF, as in 0x1234");
     ids[i] = *id;
   }
-  const std::string_view interfaceField = count == 5 ? fields.rest[3] : "0";
+  const std::string_view interfaceField = count == 5 ? fields.Rest[3] : "0";
   const auto interfaceNumber = ParseNumber<std::uint8_t>(interfaceField);
   if (!interfaceNumber) return Error("the USB interface ", Quoted(interfaceField), " is not a number from 0 to 255");
-  return ResourceName(UsbAddress{board.board, ids[0], ids[1], std::string(fields.rest[2]), *interfaceNumber});
+  return ResourceName(UsbAddress{board.Board, ids[0], ids[1], std::string(fields.Rest[2]), *interfaceNumber});
 }
 
 ParseResult ParseSerial(const Fields& fields) {
-  if (fields.rest.size() != 1 || !fields.HasClass("INSTR")) {
+  if (fields.Rest.size() != 1 || !fields.HasClass("INSTR")) {
     return Error("a serial port's name ends with ::INSTR; write ", SerialForm);
   }
-  const bool isPath = fields.suffix.size() > 1 && fields.suffix.front() == '/';
-  if (isPath) return ResourceName(SerialAddress{std::string(fields.suffix)});
-  if (const auto number = ParseNumber<std::uint16_t>(fields.suffix)) {
+  const bool isPath = fields.Suffix.size() > 1 && fields.Suffix.front() == '/';
+  if (isPath) return ResourceName(SerialAddress{std::string(fields.Suffix)});
+  if (const auto number = ParseNumber<std::uint16_t>(fields.Suffix)) {
     return ResourceName(SerialAddress{std::to_string(*number)});
   }
-  return Error("the serial port ", Quoted(fields.suffix), " is neither a number nor a path; write ", SerialForm);
+  return Error("the serial port ", Quoted(fields.Suffix), " is neither a number nor a path; write ", SerialForm);
 }
 
 ParseResult ParseSimulated(const Fields& fields) {
-  if (!fields.suffix.empty()) return Error("there is no board number behind SIM; write ", SimulatedForm);
-  if (fields.rest.size() != 2 || !fields.HasClass("INSTR") || fields.rest.front().empty()) {
+  if (!fields.Suffix.empty()) return Error("there is no board number behind SIM; write ", SimulatedForm);
+  if (fields.Rest.size() != 2 || !fields.HasClass("INSTR") || fields.Rest.front().empty()) {
     return Error("a simulated instrument's name reads ", SimulatedForm, ", as in SIM::dmm::INSTR");
   }
-  return ResourceName(SimulatedAddress{std::string(fields.rest.front())});
+  return ResourceName(SimulatedAddress{std::string(fields.Rest.front())});
 }
 
 struct PrefixEntry {
-  std::string_view prefix;
-  ParseResult (*parse)(const Fields& fields);
+  std::string_view Prefix;
+  ParseResult (*Parse)(const Fields& fields);
 };
 
 constexpr std::array Prefixes = {
@@ -215,18 +215,18 @@ constexpr std::array Prefixes = {
 
 struct CanonicalWriter {
   std::string operator()(const SocketAddress& address) const {
-    return "TCPIP" + std::to_string(address.board) + "::" + HostField(address.host) +
-           "::" + std::to_string(address.port) + "::SOCKET";
+    return "TCPIP" + std::to_string(address.Board) + "::" + HostField(address.Host) +
+           "::" + std::to_string(address.Port) + "::SOCKET";
   }
   std::string operator()(const LanDeviceAddress& address) const {
-    return "TCPIP" + std::to_string(address.board) + "::" + HostField(address.host) + "::" + address.device + "::INSTR";
+    return "TCPIP" + std::to_string(address.Board) + "::" + HostField(address.Host) + "::" + address.Device + "::INSTR";
   }
   std::string operator()(const UsbAddress& address) const {
-    return "USB" + std::to_string(address.board) + "::" + UsbId(address.vendor) + "::" + UsbId(address.product) +
-           "::" + address.serial + "::" + std::to_string(address.interfaceNumber) + "::INSTR";
+    return "USB" + std::to_string(address.Board) + "::" + UsbId(address.Vendor) + "::" + UsbId(address.Product) +
+           "::" + address.Serial + "::" + std::to_string(address.InterfaceNumber) + "::INSTR";
   }
-  std::string operator()(const SerialAddress& address) const { return "ASRL" + address.port + "::INSTR"; }
-  std::string operator()(const SimulatedAddress& address) const { return "SIM::" + address.device + "::INSTR"; }
+  std::string operator()(const SerialAddress& address) const { return "ASRL" + address.Port + "::INSTR"; }
+  std::string operator()(const SimulatedAddress& address) const { return "SIM::" + address.Device + "::INSTR"; }
 };
 
 } // namespace
@@ -241,10 +241,10 @@ ParseResult ResourceName::Parse(std::string_view text) {
   if (!fields) return Error("the bracket before the IPv6 address is not closed, as in TCPIP::[::1]::5025::SOCKET");
   const std::string_view head = fields->front();
   for (const PrefixEntry& entry : Prefixes) {
-    const std::string_view suffix = head.substr(std::min(head.size(), entry.prefix.size()));
+    const std::string_view suffix = head.substr(std::min(head.size(), entry.Prefix.size()));
     const bool suffixFits = suffix.empty() || suffix.front() == '/' || IsNumber(suffix.substr(0, 1));
-    if (!suffixFits || !EqualsIgnoringCase(head.substr(0, entry.prefix.size()), entry.prefix)) continue;
-    return entry.parse({suffix, {fields->begin() + 1, fields->end()}});
+    if (!suffixFits || !EqualsIgnoringCase(head.substr(0, entry.Prefix.size()), entry.Prefix)) continue;
+    return entry.Parse({suffix, {fields->begin() + 1, fields->end()}});
   }
   return Error(Quoted(head), " is no interface; write ", Forms);
 }

@@ -10,39 +10,39 @@ namespace portico::drivers {
 
 /// A raw TCP socket: `TCPIP[n]::HOST::PORT::SOCKET`.
 struct SocketAddress {
-  unsigned board = 0;
+  unsigned Board = 0;
   /// A name or an address; an IPv6 address stands here without its brackets.
-  std::string host;
+  std::string Host;
   /// 1 to 65535.
-  std::uint16_t port = 0;
+  std::uint16_t Port = 0;
 };
 
 /// An instrument protocol over the network: `TCPIP[n]::HOST[::DEVICE]::INSTR`.
 struct LanDeviceAddress {
-  unsigned board = 0;
-  std::string host;
-  std::string device;
+  unsigned Board = 0;
+  std::string Host;
+  std::string Device;
 };
 
 /// A USB test and measurement device: `USB[n]::VENDOR::PRODUCT::SERIAL[::INTF]::INSTR`.
 struct UsbAddress {
-  unsigned board = 0;
-  std::uint16_t vendor = 0;
-  std::uint16_t product = 0;
-  std::string serial;
+  unsigned Board = 0;
+  std::uint16_t Vendor = 0;
+  std::uint16_t Product = 0;
+  std::string Serial;
   /// 0 to 255.
-  unsigned interfaceNumber = 0;
+  unsigned InterfaceNumber = 0;
 };
 
 /// A serial port: `ASRLn::INSTR` or `ASRL/dev/PATH::INSTR`.
 struct SerialAddress {
   /// A decimal number, or the path of the device.
-  std::string port;
+  std::string Port;
 };
 
 /// A simulated instrument in this process: `SIM::DEVICE::INSTR`.
 struct SimulatedAddress {
-  std::string device;
+  std::string Device;
 };
 
 /// The order is that of ResourceName::Address.
@@ -50,7 +50,7 @@ enum class InterfaceKind { Socket, LanDevice, Usb, Serial, Simulated };
 
 /// Why a text is no resource name and what would be right, as one clause without a full stop.
 struct ResourceNameError {
-  std::string text;
+  std::string Text;
 };
 
 /// The name of an instrument, taken apart. Prefix and class are read in any case; hosts, devices, serial numbers and

@@ -45,11 +45,11 @@ TcpTransport::~TcpTransport() { Close(); }
 DriverResult TcpTransport::Open(TimePoint deadline) {
   Close();
   const HostLookup lookup = LookUpHost(m_host, m_port, deadline);
-  DriverResult result = lookup.result;
-  for (std::size_t i = 0; i < lookup.addresses.size(); ++i) {
+  DriverResult result = lookup.Result;
+  for (std::size_t i = 0; i < lookup.Addresses.size(); ++i) {
     const TimePoint now = TimePoint::clock::now();
-    const auto shares = static_cast<TimePoint::rep>(lookup.addresses.size() - i);
-    result = Connect(lookup.addresses[i], now + (deadline - now) / shares);
+    const auto shares = static_cast<TimePoint::rep>(lookup.Addresses.size() - i);
+    result = Connect(lookup.Addresses[i], now + (deadline - now) / shares);
     if (result.Succeeded()) break;
     Close();
   }

@@ -14,26 +14,26 @@ TEST(HostLookup, AnAddressIsReadWithoutALookUp) {
   // A look-up could not even start by this deadline.
   for (const char* address : {"127.0.0.1", "::1", "192.0.2.7", "fe80::1"}) {
     const HostLookup lookup = LookUpHost(address, 5025, TimePoint());
-    EXPECT_TRUE(lookup.result.Succeeded()) << address;
-    EXPECT_EQ(lookup.addresses.size(), 1u);
+    EXPECT_TRUE(lookup.Result.Succeeded()) << address;
+    EXPECT_EQ(lookup.Addresses.size(), 1u);
   }
 }
 
 TEST(HostLookup, TheLoopbackNameHasAnAddress) {
   const HostLookup lookup = LookUpHost("localhost", 5025, Soon());
-  EXPECT_TRUE(lookup.result.Succeeded());
-  EXPECT_THAT(lookup.addresses, testing::Not(testing::IsEmpty()));
+  EXPECT_TRUE(lookup.Result.Succeeded());
+  EXPECT_THAT(lookup.Addresses, testing::Not(testing::IsEmpty()));
 }
 
 TEST(HostLookup, AnUnknownNameIsSaidToBeOne) {
   const HostLookup lookup = LookUpHost(kImpossibleName, 5025, Soon());
-  EXPECT_EQ(lookup.result.status, DriverStatus::UnknownHost);
-  EXPECT_TRUE(lookup.result.detail.starts_with("a..b, ")) << lookup.result.detail;
-  EXPECT_THAT(lookup.addresses, testing::IsEmpty());
+  EXPECT_EQ(lookup.Result.Status, DriverStatus::UnknownHost);
+  EXPECT_TRUE(lookup.Result.Detail.starts_with("a..b, ")) << lookup.Result.Detail;
+  EXPECT_THAT(lookup.Addresses, testing::IsEmpty());
 }
 
 TEST(HostLookup, ThePortIsPartOfTheAddress) {
-  EXPECT_NE(LookUpHost("127.0.0.1", 1, Soon()).addresses, LookUpHost("127.0.0.1", 2, Soon()).addresses);
+  EXPECT_NE(LookUpHost("127.0.0.1", 1, Soon()).Addresses, LookUpHost("127.0.0.1", 2, Soon()).Addresses);
 }
 
 } // namespace

@@ -118,11 +118,11 @@ TEST_F(InstrumentSessionTest, TheTerminationInForceIsThatOfTheRead) {
 TEST_F(InstrumentSessionTest, AFailedReadClosesAtOnceAndErasesWhatItWrote) {
   transport.Piece("12");
   transport.Fails(DriverStatus::ConnectionClosed);
-  EXPECT_EQ(Read(4).status, DriverStatus::ConnectionClosed);
+  EXPECT_EQ(Read(4).Status, DriverStatus::ConnectionClosed);
   EXPECT_EQ(transport.closed, 1);
   EXPECT_EQ(count, 0);
   EXPECT_EQ(buffer, std::string("\0\0~~", 4));
-  EXPECT_EQ(Read().status, DriverStatus::NotConnected);
+  EXPECT_EQ(Read().Status, DriverStatus::NotConnected);
   EXPECT_EQ(transport.opened, 1);
 }
 
@@ -130,9 +130,9 @@ TEST_F(InstrumentSessionTest, AFailedWriteClosesAtOnceAndTheNextReconnects) {
   transport.Piece("1\nstale");
   EXPECT_TRUE(Read().Succeeded());
   transport.writeResult = {DriverStatus::WriteTimeout};
-  EXPECT_EQ(session.Write("A\r").status, DriverStatus::WriteTimeout);
+  EXPECT_EQ(session.Write("A\r").Status, DriverStatus::WriteTimeout);
   EXPECT_EQ(transport.closed, 1);
-  EXPECT_EQ(Read().status, DriverStatus::NotConnected);
+  EXPECT_EQ(Read().Status, DriverStatus::NotConnected);
   transport.writeResult = {};
   transport.Piece("2\n");
   EXPECT_CALL(observer, Reconnected("TCPIP0::bench::5025::SOCKET")).Times(1);
@@ -144,15 +144,15 @@ TEST_F(InstrumentSessionTest, AFailedWriteClosesAtOnceAndTheNextReconnects) {
 
 TEST_F(InstrumentSessionTest, WhileReconnectingFailsWritesAndReadsFailAndNothingIsSent) {
   transport.Fails(DriverStatus::ReadTimeout);
-  EXPECT_EQ(Read().status, DriverStatus::ReadTimeout);
+  EXPECT_EQ(Read().Status, DriverStatus::ReadTimeout);
   transport.openResult = {DriverStatus::ConnectionRefused, "bench"};
-  EXPECT_EQ(session.Write("A\r").status, DriverStatus::ConnectionRefused);
+  EXPECT_EQ(session.Write("A\r").Status, DriverStatus::ConnectionRefused);
   const DriverResult missing = Read();
-  EXPECT_EQ(missing.status, DriverStatus::NotConnected);
-  EXPECT_EQ(missing.detail, "bench, refused it");
+  EXPECT_EQ(missing.Status, DriverStatus::NotConnected);
+  EXPECT_EQ(missing.Detail, "bench, refused it");
   transport.openResult = {DriverStatus::ConnectFailed, "bench, No route to host"};
-  EXPECT_EQ(session.Write("B\r").status, DriverStatus::ConnectFailed);
-  EXPECT_EQ(Read().detail, "bench, No route to host");
+  EXPECT_EQ(session.Write("B\r").Status, DriverStatus::ConnectFailed);
+  EXPECT_EQ(Read().Detail, "bench, No route to host");
   EXPECT_THAT(transport.written, testing::IsEmpty());
   transport.openResult = {};
   EXPECT_CALL(observer, Reconnected).Times(1);
@@ -162,15 +162,15 @@ TEST_F(InstrumentSessionTest, WhileReconnectingFailsWritesAndReadsFailAndNothing
 
 TEST_F(InstrumentSessionTest, AnEmptyBufferIsRefusedWithoutReading) {
   transport.Piece("1\n");
-  EXPECT_EQ(Read(0).status, DriverStatus::InvalidBuffer);
+  EXPECT_EQ(Read(0).Status, DriverStatus::InvalidBuffer);
   EXPECT_THAT(transport.deadlines, testing::SizeIs(1));
 }
 
 TEST_F(InstrumentSessionTest, RemembersItsLastFailure) {
   EXPECT_TRUE(session.LastFailure().Succeeded());
   session.RememberFailure({DriverStatus::ReadTimeout, "bench"});
-  EXPECT_EQ(session.LastFailure().status, DriverStatus::ReadTimeout);
-  EXPECT_EQ(session.LastFailure().detail, "bench");
+  EXPECT_EQ(session.LastFailure().Status, DriverStatus::ReadTimeout);
+  EXPECT_EQ(session.LastFailure().Detail, "bench");
 }
 
 TEST(InstrumentSession, NeedsNoObserver) {
@@ -181,7 +181,7 @@ TEST(InstrumentSession, NeedsNoObserver) {
   EXPECT_TRUE(session.Open().Succeeded());
   std::array<char, 4> buffer = {};
   std::int32_t count = 0;
-  EXPECT_EQ(session.Read(buffer, count).status, DriverStatus::ReadTimeout);
+  EXPECT_EQ(session.Read(buffer, count).Status, DriverStatus::ReadTimeout);
   EXPECT_TRUE(session.Write("A\r").Succeeded());
   EXPECT_EQ(transport.opened, 2);
 }

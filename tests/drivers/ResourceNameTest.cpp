@@ -9,7 +9,7 @@ namespace {
 ResourceName Parsed(std::string_view text) {
   const auto result = ResourceName::Parse(text);
   const auto* error = std::get_if<ResourceNameError>(&result);
-  EXPECT_EQ(error, nullptr) << text << ": " << (error == nullptr ? "" : error->text);
+  EXPECT_EQ(error, nullptr) << text << ": " << (error == nullptr ? "" : error->Text);
   return error == nullptr ? std::get<ResourceName>(result) : ResourceName(SimulatedAddress{"failed"});
 }
 
@@ -135,7 +135,7 @@ void ExpectRefused(const std::vector<Bad>& mistakes) {
     const auto result = ResourceName::Parse(bad.text);
     const auto* error = std::get_if<ResourceNameError>(&result);
     ASSERT_NE(error, nullptr);
-    EXPECT_EQ(error->text, bad.error);
+    EXPECT_EQ(error->Text, bad.error);
   }
 }
 
@@ -145,24 +145,24 @@ TEST(ResourceName, MistakesInOtherNamesAreExplained) { ExpectRefused(kOtherMista
 
 TEST(ResourceName, TakesASocketNameApart) {
   const auto address = std::get<SocketAddress>(Parsed("TCPIP1::[fe80::1]::5025::SOCKET").GetAddress());
-  EXPECT_EQ(address.board, 1u);
-  EXPECT_EQ(address.host, "fe80::1");
-  EXPECT_EQ(address.port, 5025);
+  EXPECT_EQ(address.Board, 1u);
+  EXPECT_EQ(address.Host, "fe80::1");
+  EXPECT_EQ(address.Port, 5025);
 }
 
 TEST(ResourceName, TakesAUsbNameApart) {
   const auto address = std::get<UsbAddress>(Parsed("USB2::0x12::34::SN::5::INSTR").GetAddress());
-  EXPECT_EQ(address.board, 2u);
-  EXPECT_EQ(address.vendor, 0x12);
-  EXPECT_EQ(address.product, 34);
-  EXPECT_EQ(address.serial, "SN");
-  EXPECT_EQ(address.interfaceNumber, 5u);
+  EXPECT_EQ(address.Board, 2u);
+  EXPECT_EQ(address.Vendor, 0x12);
+  EXPECT_EQ(address.Product, 34);
+  EXPECT_EQ(address.Serial, "SN");
+  EXPECT_EQ(address.InterfaceNumber, 5u);
 }
 
 TEST(ResourceName, TakesTheOthersApart) {
-  EXPECT_EQ(std::get<LanDeviceAddress>(Parsed("TCPIP::bench::INSTR").GetAddress()).device, "inst0");
-  EXPECT_EQ(std::get<SerialAddress>(Parsed("ASRL/dev/ttyS0::INSTR").GetAddress()).port, "/dev/ttyS0");
-  EXPECT_EQ(std::get<SimulatedAddress>(Parsed("SIM::dmm::INSTR").GetAddress()).device, "dmm");
+  EXPECT_EQ(std::get<LanDeviceAddress>(Parsed("TCPIP::bench::INSTR").GetAddress()).Device, "inst0");
+  EXPECT_EQ(std::get<SerialAddress>(Parsed("ASRL/dev/ttyS0::INSTR").GetAddress()).Port, "/dev/ttyS0");
+  EXPECT_EQ(std::get<SimulatedAddress>(Parsed("SIM::dmm::INSTR").GetAddress()).Device, "dmm");
 }
 
 } // namespace

@@ -28,8 +28,8 @@ TEST(SessionAttributes, ABadTermcharLeavesTheOldOne) {
   SessionAttributes attributes;
   EXPECT_TRUE(attributes.Set(TVSCPI_ATTR_TERMCHAR, 13).Succeeded());
   const DriverResult result = attributes.Set(TVSCPI_ATTR_TERMCHAR, 12);
-  EXPECT_EQ(result.status, DriverStatus::InvalidAttributeValue);
-  EXPECT_EQ(result.detail, "TERMCHAR 12, which is none of 0, 10, 11, 13 and 14");
+  EXPECT_EQ(result.Status, DriverStatus::InvalidAttributeValue);
+  EXPECT_EQ(result.Detail, "TERMCHAR 12, which is none of 0, 10, 11, 13 and 14");
   EXPECT_EQ(attributes.Termination(), Termination::CarriageReturn);
 }
 
@@ -45,10 +45,10 @@ TEST(SessionAttributes, AnAttributeHasOneType) {
   SessionAttributes attributes;
   std::int32_t value = 7;
   std::string text = "old";
-  EXPECT_EQ(attributes.Get(TVSCPI_ATTR_ERRORQUERYSCPI, value).status, DriverStatus::UnknownAttribute);
-  EXPECT_EQ(attributes.Get(TVSCPI_ATTR_TERMCHAR, text).status, DriverStatus::UnknownAttribute);
-  EXPECT_EQ(attributes.Set(TVSCPI_ATTR_ERRORQUERYSCPI, 1).status, DriverStatus::UnknownAttribute);
-  EXPECT_EQ(attributes.Set(TVSCPI_ATTR_TERMCHAR, text).detail, "1150007");
+  EXPECT_EQ(attributes.Get(TVSCPI_ATTR_ERRORQUERYSCPI, value).Status, DriverStatus::UnknownAttribute);
+  EXPECT_EQ(attributes.Get(TVSCPI_ATTR_TERMCHAR, text).Status, DriverStatus::UnknownAttribute);
+  EXPECT_EQ(attributes.Set(TVSCPI_ATTR_ERRORQUERYSCPI, 1).Status, DriverStatus::UnknownAttribute);
+  EXPECT_EQ(attributes.Set(TVSCPI_ATTR_TERMCHAR, text).Detail, "1150007");
   EXPECT_EQ(value, 7);
   EXPECT_EQ(text, "old");
 }

@@ -20,7 +20,7 @@ protected:
   std::string Read(TimePoint deadline, std::size_t size = 16) {
     std::string buffer(size, '~');
     result = transport.Read(buffer.data(), size, deadline);
-    return buffer.substr(0, result.count);
+    return buffer.substr(0, result.Count);
   }
 
   ManualClock clock;
@@ -47,7 +47,7 @@ TEST_F(SimulatedTransportTest, AnAnswerThatIsReadyTakesNoTime) {
   const TimePoint start = clock.Now();
   EXPECT_TRUE(transport.Write("Q?\r\n", In(milliseconds(1))).Succeeded());
   EXPECT_EQ(Read(In(milliseconds(1))), "1\n");
-  EXPECT_FALSE(result.end);
+  EXPECT_FALSE(result.End);
   EXPECT_EQ(clock.Now(), start);
 }
 
@@ -66,7 +66,7 @@ TEST_F(SimulatedTransportTest, AnAnswerThatTakesTooLongTimesOutAtTheDeadline) {
   const TimePoint start = clock.Now();
   EXPECT_TRUE(transport.Write("MEAS?\r\n", In(milliseconds(1))).Succeeded());
   EXPECT_EQ(Read(In(milliseconds(200))), "");
-  EXPECT_EQ(result.result.status, DriverStatus::ReadTimeout);
+  EXPECT_EQ(result.Result.Status, DriverStatus::ReadTimeout);
   EXPECT_EQ(clock.Now(), start + milliseconds(200));
 }
 
@@ -74,7 +74,7 @@ TEST_F(SimulatedTransportTest, WithNothingUnderWayTheReadWaitsOutItsTime) {
   ASSERT_TRUE(transport.Open(In(milliseconds(1))).Succeeded());
   const TimePoint start = clock.Now();
   EXPECT_EQ(Read(In(milliseconds(200))), "");
-  EXPECT_EQ(result.result.status, DriverStatus::ReadTimeout);
+  EXPECT_EQ(result.Result.Status, DriverStatus::ReadTimeout);
   EXPECT_EQ(clock.Now(), start + milliseconds(200));
 }
 
@@ -102,8 +102,8 @@ TEST(SimulatedTransport, ADeviceThatDoesNotExistCannotBeOpened) {
   SimulatedTransport transport(
       "toaster", [](const std::string&) { return nullptr; }, clock);
   const DriverResult result = transport.Open(clock.Now());
-  EXPECT_EQ(result.status, DriverStatus::UnknownSimulatedDevice);
-  EXPECT_EQ(result.detail, "toaster");
+  EXPECT_EQ(result.Status, DriverStatus::UnknownSimulatedDevice);
+  EXPECT_EQ(result.Detail, "toaster");
 }
 
 } // namespace

@@ -21,9 +21,9 @@ std::string ReadAll(TcpTransport& transport, std::size_t length) {
   std::array<char, 16> buffer = {};
   while (text.size() < length) {
     const Received received = transport.Read(buffer.data(), buffer.size(), Soon());
-    if (!received.result.Succeeded()) break;
-    EXPECT_FALSE(received.end);
-    text.append(buffer.data(), received.count);
+    if (!received.Result.Succeeded()) break;
+    EXPECT_FALSE(received.End);
+    text.append(buffer.data(), received.Count);
   }
   return text;
 }
@@ -77,13 +77,13 @@ TEST(TcpTransport, AClosedPortRefuses) {
   server.StopListening();
   TcpTransport transport("127.0.0.1", server.Port());
   const DriverResult result = transport.Open(Soon());
-  EXPECT_EQ(result.status, DriverStatus::ConnectionRefused);
-  EXPECT_EQ(result.detail, "127.0.0.1, port " + std::to_string(server.Port()));
+  EXPECT_EQ(result.Status, DriverStatus::ConnectionRefused);
+  EXPECT_EQ(result.Detail, "127.0.0.1, port " + std::to_string(server.Port()));
 }
 
 TEST(TcpTransport, AnUnknownHostIsSaidToBeOne) {
   TcpTransport transport("a..b", 5025);
-  EXPECT_EQ(transport.Open(Soon()).status, DriverStatus::UnknownHost);
+  EXPECT_EQ(transport.Open(Soon()).Status, DriverStatus::UnknownHost);
 }
 
 TEST(TcpTransport, AHostThatDoesNotAnswerIsGivenUp) {
@@ -95,8 +95,8 @@ TEST(TcpTransport, AHostThatDoesNotAnswerIsGivenUp) {
     transports.push_back(std::make_unique<TcpTransport>("127.0.0.1", server.Port()));
     result = transports.back()->Open(VerySoon());
   }
-  EXPECT_EQ(result.status, DriverStatus::ConnectTimeout);
-  EXPECT_EQ(result.detail, "127.0.0.1, port " + std::to_string(server.Port()));
+  EXPECT_EQ(result.Status, DriverStatus::ConnectTimeout);
+  EXPECT_EQ(result.Detail, "127.0.0.1, port " + std::to_string(server.Port()));
 }
 
 TEST(TcpTransport, AReadThatNothingComesForTimesOut) {
@@ -105,8 +105,8 @@ TEST(TcpTransport, AReadThatNothingComesForTimesOut) {
   ASSERT_TRUE(transport.Open(Soon()).Succeeded());
   std::array<char, 4> buffer = {};
   const Received received = transport.Read(buffer.data(), buffer.size(), VerySoon());
-  EXPECT_EQ(received.result.status, DriverStatus::ReadTimeout);
-  EXPECT_EQ(received.count, 0u);
+  EXPECT_EQ(received.Result.Status, DriverStatus::ReadTimeout);
+  EXPECT_EQ(received.Count, 0u);
 }
 
 TEST(TcpTransport, NothingIsReadBehindTheDeadline) {
@@ -115,9 +115,9 @@ TEST(TcpTransport, NothingIsReadBehindTheDeadline) {
   ASSERT_TRUE(transport.Open(Soon()).Succeeded());
   server.Send("12");
   std::array<char, 1> buffer = {};
-  EXPECT_EQ(transport.Read(buffer.data(), 1, Soon()).count, 1u);
-  EXPECT_EQ(transport.Read(buffer.data(), 1, TimePoint()).result.status, DriverStatus::ReadTimeout);
-  EXPECT_EQ(transport.Read(buffer.data(), 1, Soon()).count, 1u);
+  EXPECT_EQ(transport.Read(buffer.data(), 1, Soon()).Count, 1u);
+  EXPECT_EQ(transport.Read(buffer.data(), 1, TimePoint()).Result.Status, DriverStatus::ReadTimeout);
+  EXPECT_EQ(transport.Read(buffer.data(), 1, Soon()).Count, 1u);
   EXPECT_EQ(buffer.front(), '2');
 }
 
@@ -129,7 +129,7 @@ TEST(TcpTransport, AWriteThatNobodyTakesTimesOut) {
   const std::string text(1'000'000, 'x');
   DriverResult result;
   while (result.Succeeded()) result = transport.Write(text, VerySoon());
-  EXPECT_EQ(result.status, DriverStatus::WriteTimeout);
+  EXPECT_EQ(result.Status, DriverStatus::WriteTimeout);
 }
 
 TEST(TcpTransport, ALongTextGoesOutWhole) {
@@ -148,7 +148,7 @@ TEST(TcpTransport, APeerThatClosesIsNotAnEmptyAnswer) {
   ASSERT_TRUE(transport.Open(Soon()).Succeeded());
   EXPECT_TRUE(transport.Write("BYE\n", Soon()).Succeeded());
   std::array<char, 4> buffer = {};
-  EXPECT_EQ(transport.Read(buffer.data(), buffer.size(), Soon()).result.status, DriverStatus::ConnectionClosed);
+  EXPECT_EQ(transport.Read(buffer.data(), buffer.size(), Soon()).Result.Status, DriverStatus::ConnectionClosed);
 }
 
 TEST(TcpTransport, WritingToAPeerThatHasClosedFailsWithoutASignal) {
@@ -161,7 +161,7 @@ TEST(TcpTransport, WritingToAPeerThatHasClosedFailsWithoutASignal) {
   // The first write after the end makes the peer's system answer with a reset; one of the next finds it.
   DriverResult result;
   while (result.Succeeded()) result = transport.Write("B\n", Soon());
-  EXPECT_THAT(result.status, testing::AnyOf(DriverStatus::ConnectionClosed, DriverStatus::ConnectionLost));
+  EXPECT_THAT(result.Status, testing::AnyOf(DriverStatus::ConnectionClosed, DriverStatus::ConnectionLost));
 }
 
 } // namespace

@@ -79,8 +79,8 @@ std::vector<IControl*> Form::Controls() { return PointersTo<IControl>(m_controls
 
 void Form::PopupMenu(IMenuItem& Menu) {
   struct Closing {
-    Form& form;
-    ~Closing() { form.ClosePopup(); }
+    Form& Shown;
+    ~Closing() { Shown.ClosePopup(); }
   };
   const Keeper::Turn turn(m_life);
   const Closing closing{*this};
@@ -119,9 +119,9 @@ void Form::Close() {
 
 void Form::Unload() {
   struct Forgetting {
-    Form& form;
+    Form& Open;
     ~Forgetting() {
-      if (form.m_screen != nullptr) form.m_screen->Forget(form);
+      if (Open.m_screen != nullptr) Open.m_screen->Forget(Open);
     }
   };
   if (m_isUnloading) return;

@@ -56,8 +56,8 @@ QTextBlockFormat TextFormats::Of(const ParagraphFormat& format, const CharacterF
   block.setLeftMargin((format.Indent + format.HangingIndent) / TwipsPerPixel);
   block.setTextIndent(-format.HangingIndent / TwipsPerPixel);
   block.setRightMargin(format.RightIndent / TwipsPerPixel);
-  constexpr Qt::Alignment Alignments[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
-  block.setAlignment(Alignments[format.Alignment]);
+  constexpr Qt::Alignment alignments[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+  block.setAlignment(alignments[format.Alignment]);
   return block;
 }
 

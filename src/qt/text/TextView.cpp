@@ -41,8 +41,8 @@ QPalette BlackOnWhite(QPalette palette) {
 bool IsMenu(Qt::FocusReason reason) { return reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason; }
 
 bool IsTyped(const QKeyEvent& event) {
-  constexpr int Commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-  return !event.text().isEmpty() && event.text().front().isPrint() && (event.modifiers() & Commands) == 0;
+  constexpr int commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+  return !event.text().isEmpty() && event.text().front().isPrint() && (event.modifiers() & commands) == 0;
 }
 
 bool IsLineEnd(const QKeyEvent& event) {

@@ -28,10 +28,10 @@ void FaultCommands::AddTo(CommandTree& tree) {
 
 void FaultCommands::Delay(const Call& call) {
   const std::chrono::duration<double> delay(call.Number(0, DelaySeconds));
-  m_executor.Faults().delay = std::chrono::duration_cast<Executor::Duration>(delay);
+  m_executor.Faults().Delay = std::chrono::duration_cast<Executor::Duration>(delay);
 }
 
-void FaultCommands::Silent(const Call& call) { m_executor.Faults().silent = call.Boolean(0); }
+void FaultCommands::Silent(const Call& call) { m_executor.Faults().Silent = call.Boolean(0); }
 
 void FaultCommands::Close(const Call& /*call*/) { m_executor.Current().Halt(); }
 

@@ -17,8 +17,8 @@ constexpr std::int64_t MostPoints = 1'000'000;
 
 /// How a temperature in degrees Celsius reads in each unit.
 struct TemperatureScale {
-  double factor;
-  double offset;
+  double Factor;
+  double Offset;
 };
 constexpr TemperatureScale TemperatureScales[] = {{1, 0}, {1.8, 32}, {1, 273.15}};
 
@@ -74,9 +74,9 @@ void Multimeter::Reset() {
 // What is measured.
 
 void Multimeter::ConfigureTo(Measurand measurand, const MeasurandSetup& setup) {
-  m_settings.measurand = measurand;
+  m_settings.Measured = measurand;
   SetupOf(measurand) = setup;
-  m_settings.trigger = {};
+  m_settings.Trigger = {};
 }
 
 template <Measurand measurand>
@@ -106,48 +106,48 @@ void Multimeter::MeasureTemperature(const Call& call) {
 
 void Multimeter::ConfigureFor(std::size_t transducer) {
   ConfigureTo(Measurand::Temperature, MultimeterFunction::Of(Measurand::Temperature).StandardSetup());
-  m_settings.transducer = transducer;
+  m_settings.Transducer = transducer;
 }
 
 std::size_t Multimeter::TransducerOf(const Call& call) {
-  return call.Count() == 0 || call.IsKeyword(0, "DEFault") ? Settings().transducer
+  return call.Count() == 0 || call.IsKeyword(0, "DEFault") ? Settings().Transducer
                                                            : call.Keyword(0, Settings::Transducers);
 }
 
 /// The function, its range, or for a temperature its transducer, and its resolution.
 void Multimeter::Configuration(const Call& /*call*/) {
-  const MeasurandSetup& setup = SetupOf(m_settings.measurand);
-  const bool temperature = m_settings.measurand == Measurand::Temperature;
+  const MeasurandSetup& setup = SetupOf(m_settings.Measured);
+  const bool temperature = m_settings.Measured == Measurand::Temperature;
   m_executor.Respond(
-      FormatString(MultimeterFunction::Of(m_settings.measurand).ShortName() + ' ' +
-                   (temperature ? ShortOf(Settings::Transducers, m_settings.transducer) : FormatReal(setup.range)) +
+      FormatString(MultimeterFunction::Of(m_settings.Measured).ShortName() + ' ' +
+                   (temperature ? ShortOf(Settings::Transducers, m_settings.Transducer) : FormatReal(setup.Range)) +
                    ',' + FormatReal(ResolutionOf(setup))));
 }
 
 // Measuring.
 
 double Multimeter::Reading() {
-  const MultimeterFunction& function = MultimeterFunction::Of(m_settings.measurand);
-  MeasurandSetup& setup = SetupOf(m_settings.measurand);
-  if (setup.autoRange) setup.range = function.RangeFor(function.source);
-  const double value = function.source + ResolutionOf(setup) * m_random.Noise();
-  const bool overload = value > setup.range * Overrange;
+  const MultimeterFunction& function = MultimeterFunction::Of(m_settings.Measured);
+  MeasurandSetup& setup = SetupOf(m_settings.Measured);
+  if (setup.AutoRange) setup.Range = function.RangeFor(function.Source);
+  const double value = function.Source + ResolutionOf(setup) * m_random.Noise();
+  const bool overload = value > setup.Range * Overrange;
   if (overload) {
-    m_status.Questionable().Set(function.overload);
+    m_status.Questionable().Set(function.Overload);
     return std::numeric_limits<double>::infinity();
   }
-  m_status.Questionable().Clear(function.overload);
-  if (m_settings.measurand != Measurand::Temperature) return value;
-  const TemperatureScale& scale = TemperatureScales[m_settings.temperatureUnit];
-  return value * scale.factor + scale.offset;
+  m_status.Questionable().Clear(function.Overload);
+  if (m_settings.Measured != Measurand::Temperature) return value;
+  const TemperatureScale& scale = TemperatureScales[m_settings.TemperatureUnit];
+  return value * scale.Factor + scale.Offset;
 }
 
 void Multimeter::StartMeasurement() {
   m_readings.clear();
   m_taken.clear();
-  m_triggersLeft = m_settings.trigger.count;
-  if (m_settings.trigger.source == Settings::TriggerSource::Immediate) {
-    TakeReadings(std::exchange(m_triggersLeft, 1) * m_settings.trigger.samples);
+  m_triggersLeft = m_settings.Trigger.Count;
+  if (m_settings.Trigger.Source == Settings::TriggerSource::Immediate) {
+    TakeReadings(std::exchange(m_triggersLeft, 1) * m_settings.Trigger.Samples);
   } else {
     AwaitTrigger();
   }
@@ -158,8 +158,8 @@ void Multimeter::AwaitTrigger() { m_executor.StartOperation(Executor::Forever, O
 /// The readings are those of the settings at the start, whatever is changed while they are being taken.
 void Multimeter::TakeReadings(std::int64_t count) {
   for (std::int64_t i = 0; i < count; ++i) m_taken.push_back(Reading());
-  const std::chrono::duration<double> each(m_settings.trigger.delay +
-                                           SetupOf(m_settings.measurand).cycles / MultimeterFunction::LineFrequency);
+  const std::chrono::duration<double> each(m_settings.Trigger.Delay +
+                                           SetupOf(m_settings.Measured).Cycles / MultimeterFunction::LineFrequency);
   m_executor.StartOperation(std::chrono::round<Executor::Duration>(each * static_cast<double>(count)),
                             OperationBit::Measuring, [this] {
                               if (--m_triggersLeft > 0) {
@@ -172,10 +172,10 @@ void Multimeter::TakeReadings(std::int64_t count) {
 
 void Multimeter::Trigger() {
   const bool waiting = m_executor.OperationPending() && !m_executor.OperationEnd();
-  if (!waiting || m_settings.trigger.source != Settings::TriggerSource::Bus) {
+  if (!waiting || m_settings.Trigger.Source != Settings::TriggerSource::Bus) {
     throw ScpiError(ErrorCode::TriggerIgnored);
   }
-  TakeReadings(m_settings.trigger.samples);
+  TakeReadings(m_settings.Trigger.Samples);
 }
 
 void Multimeter::MeasureAndRespond() {
@@ -201,7 +201,7 @@ void Multimeter::Fetch(const Call& /*call*/) {
 
 /// The trigger that it would wait for could only come behind it.
 void Multimeter::Read(const Call& /*call*/) {
-  if (m_settings.trigger.source == Settings::TriggerSource::Bus) throw ScpiError(ErrorCode::TriggerDeadlock);
+  if (m_settings.Trigger.Source == Settings::TriggerSource::Bus) throw ScpiError(ErrorCode::TriggerDeadlock);
   m_executor.WhenIdle([this] { MeasureAndRespond(); });
 }
 

@@ -12,8 +12,8 @@ namespace {
 
 /// The integration times, and the share of the range that each resolves.
 struct Integration {
-  double cycles;
-  double resolution;
+  double Cycles;
+  double Resolution;
 };
 constexpr Integration Integrations[] = {{0.02, 1E-4}, {0.2, 1E-5}, {1, 3E-6}, {10, 1E-6}, {100, 3E-7}};
 
@@ -36,8 +36,8 @@ constexpr MultimeterFunction Functions[MeasurandCount] = {
 
 double ShareResolved(double cycles) {
   const auto* found = std::find_if(std::begin(Integrations), std::end(Integrations) - 1,
-                                   [cycles](const Integration& each) { return each.cycles >= cycles; });
-  return found->resolution;
+                                   [cycles](const Integration& each) { return each.Cycles >= cycles; });
+  return found->Resolution;
 }
 
 /// The shortest integration that resolves this share of the range, or else the longest.
@@ -45,8 +45,8 @@ double CyclesFor(double resolution) {
   // A client may give back a resolution as it was answered; rounding must not ask for ten times the integration.
   const double tolerated = resolution * (1 + 1E-9);
   const auto* found = std::find_if(std::begin(Integrations), std::end(Integrations) - 1,
-                                   [tolerated](const Integration& each) { return each.resolution <= tolerated; });
-  return found->cycles;
+                                   [tolerated](const Integration& each) { return each.Resolution <= tolerated; });
+  return found->Cycles;
 }
 
 } // namespace
@@ -59,32 +59,32 @@ Measurand MultimeterFunction::Named(std::string name) {
   if (name.ends_with(":DC") || name.ends_with(":dc")) name.resize(name.size() - 3);
   const auto* found =
       std::find_if(std::begin(Functions), std::end(Functions),
-                   [&name](const MultimeterFunction& function) { return Mnemonic(function.name).Matches(name); });
+                   [&name](const MultimeterFunction& function) { return Mnemonic(function.Name).Matches(name); });
   if (found == std::end(Functions)) throw ScpiError(ErrorCode::IllegalParameterValue);
   return static_cast<Measurand>(found - std::begin(Functions));
 }
 
-std::string MultimeterFunction::ShortName() const { return Mnemonic(name).Short(); }
+std::string MultimeterFunction::ShortName() const { return Mnemonic(Name).Short(); }
 
 double MultimeterFunction::RangeFor(double value) const {
-  const auto found = std::lower_bound(ranges.begin(), ranges.end(), value);
-  return found == ranges.end() ? ranges.back() : *found;
+  const auto found = std::lower_bound(Ranges.begin(), Ranges.end(), value);
+  return found == Ranges.end() ? Ranges.back() : *found;
 }
 
 MeasurandSetup MultimeterFunction::SetupFrom(const Call& call) const {
   MeasurandSetup setup = StandardSetup();
   if (call.Count() > 0 && !call.IsKeyword(0, "AUTO") && !call.IsKeyword(0, "DEFault")) {
-    setup.range = RangeFor(call.Number(0, {0, ranges.back(), standardRange, quantity}));
-    setup.autoRange = false;
+    setup.Range = RangeFor(call.Number(0, {0, Ranges.back(), StandardRange, Kind}));
+    setup.AutoRange = false;
   }
   if (call.Count() > 1) {
-    const double finest = setup.range * std::rbegin(Integrations)->resolution;
+    const double finest = setup.Range * std::rbegin(Integrations)->Resolution;
     const double usual = ResolutionOf(setup);
-    setup.cycles = CyclesFor(call.Number(1, {finest, setup.range, usual, quantity}) / setup.range);
+    setup.Cycles = CyclesFor(call.Number(1, {finest, setup.Range, usual, Kind}) / setup.Range);
   }
   return setup;
 }
 
-double ResolutionOf(const MeasurandSetup& setup) { return setup.range * ShareResolved(setup.cycles); }
+double ResolutionOf(const MeasurandSetup& setup) { return setup.Range * ShareResolved(setup.Cycles); }
 
 } // namespace portico::simulator

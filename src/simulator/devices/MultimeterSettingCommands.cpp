@@ -81,11 +81,11 @@ void MultimeterSettingCommands::AddTo(CommandTree& tree) {
 }
 
 void MultimeterSettingCommands::SetFunction(const Call& call) {
-  m_settings.measurand = MultimeterFunction::Named(call.String(0));
+  m_settings.Measured = MultimeterFunction::Named(call.String(0));
 }
 
 void MultimeterSettingCommands::SenseFunction(const Call& /*call*/) {
-  m_executor.Respond(FormatString(MultimeterFunction::Of(m_settings.measurand).ShortName()));
+  m_executor.Respond(FormatString(MultimeterFunction::Of(m_settings.Measured).ShortName()));
 }
 
 // How it is measured.
@@ -93,107 +93,107 @@ void MultimeterSettingCommands::SenseFunction(const Call& /*call*/) {
 template <Measurand measurand>
 void MultimeterSettingCommands::SetRange(const Call& call) {
   const MultimeterFunction& function = MultimeterFunction::Of(measurand);
-  m_settings.SetupOf(measurand).range = function.RangeFor(call.Number(0, function.RangeLimits()));
-  m_settings.SetupOf(measurand).autoRange = false;
+  m_settings.SetupOf(measurand).Range = function.RangeFor(call.Number(0, function.RangeLimits()));
+  m_settings.SetupOf(measurand).AutoRange = false;
 }
 
 template <Measurand measurand>
 void MultimeterSettingCommands::Range(const Call& call) {
   m_executor.Respond(
-      FormatReal(call.LimitOr(m_settings.SetupOf(measurand).range, MultimeterFunction::Of(measurand).RangeLimits())));
+      FormatReal(call.LimitOr(m_settings.SetupOf(measurand).Range, MultimeterFunction::Of(measurand).RangeLimits())));
 }
 
 /// `ONCE` finds the range now, and leaves it.
 template <Measurand measurand>
 void MultimeterSettingCommands::SetAutoRange(const Call& call) {
   const bool once = call.IsKeyword(0, "ONCE");
-  m_settings.SetupOf(measurand).autoRange = !once && call.Boolean(0);
+  m_settings.SetupOf(measurand).AutoRange = !once && call.Boolean(0);
   const MultimeterFunction& function = MultimeterFunction::Of(measurand);
-  if (once) m_settings.SetupOf(measurand).range = function.RangeFor(function.source);
+  if (once) m_settings.SetupOf(measurand).Range = function.RangeFor(function.Source);
 }
 
 template <Measurand measurand>
 void MultimeterSettingCommands::AutoRange(const Call& /*call*/) {
-  m_executor.Respond(FormatBoolean(m_settings.SetupOf(measurand).autoRange));
+  m_executor.Respond(FormatBoolean(m_settings.SetupOf(measurand).AutoRange));
 }
 
 template <Measurand measurand>
 void MultimeterSettingCommands::SetCycles(const Call& call) {
-  m_settings.SetupOf(measurand).cycles = call.Number(0, CycleLimits);
+  m_settings.SetupOf(measurand).Cycles = call.Number(0, CycleLimits);
 }
 
 template <Measurand measurand>
 void MultimeterSettingCommands::Cycles(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(m_settings.SetupOf(measurand).cycles, CycleLimits)));
+  m_executor.Respond(FormatReal(call.LimitOr(m_settings.SetupOf(measurand).Cycles, CycleLimits)));
 }
 
 void MultimeterSettingCommands::SetAperture(const Call& call) {
-  m_settings.SetupOf(Measurand::Frequency).cycles = call.Number(0, ApertureSeconds) * MultimeterFunction::LineFrequency;
+  m_settings.SetupOf(Measurand::Frequency).Cycles = call.Number(0, ApertureSeconds) * MultimeterFunction::LineFrequency;
 }
 
 void MultimeterSettingCommands::Aperture(const Call& call) {
-  const double seconds = m_settings.SetupOf(Measurand::Frequency).cycles / MultimeterFunction::LineFrequency;
+  const double seconds = m_settings.SetupOf(Measurand::Frequency).Cycles / MultimeterFunction::LineFrequency;
   m_executor.Respond(FormatReal(call.LimitOr(seconds, ApertureSeconds)));
 }
 
 void MultimeterSettingCommands::SetTransducer(const Call& call) {
-  m_settings.transducer = call.Keyword(0, MultimeterSettings::Transducers);
+  m_settings.Transducer = call.Keyword(0, MultimeterSettings::Transducers);
 }
 
 void MultimeterSettingCommands::Transducer(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(MultimeterSettings::Transducers, m_settings.transducer));
+  m_executor.Respond(ShortOf(MultimeterSettings::Transducers, m_settings.Transducer));
 }
 
 void MultimeterSettingCommands::SetTemperatureUnit(const Call& call) {
-  m_settings.temperatureUnit = call.Keyword(0, TemperatureUnits);
+  m_settings.TemperatureUnit = call.Keyword(0, TemperatureUnits);
 }
 
 void MultimeterSettingCommands::TemperatureUnit(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(TemperatureUnits, m_settings.temperatureUnit));
+  m_executor.Respond(ShortOf(TemperatureUnits, m_settings.TemperatureUnit));
 }
 
 // How often, and when.
 
 void MultimeterSettingCommands::SetSamples(const Call& call) {
-  m_settings.trigger.samples = call.Whole(0, SampleLimits);
+  m_settings.Trigger.Samples = call.Whole(0, SampleLimits);
 }
 
 void MultimeterSettingCommands::Samples(const Call& call) {
-  m_executor.Respond(std::to_string(call.WholeOr(m_settings.trigger.samples, SampleLimits)));
+  m_executor.Respond(std::to_string(call.WholeOr(m_settings.Trigger.Samples, SampleLimits)));
 }
 
 void MultimeterSettingCommands::SetTriggers(const Call& call) {
-  m_settings.trigger.count = call.Whole(0, TriggerLimits);
+  m_settings.Trigger.Count = call.Whole(0, TriggerLimits);
 }
 
 void MultimeterSettingCommands::Triggers(const Call& call) {
-  m_executor.Respond(std::to_string(call.WholeOr(m_settings.trigger.count, TriggerLimits)));
+  m_executor.Respond(std::to_string(call.WholeOr(m_settings.Trigger.Count, TriggerLimits)));
 }
 
 void MultimeterSettingCommands::SetTriggerSource(const Call& call) {
-  m_settings.trigger.source = static_cast<MultimeterSettings::TriggerSource>(call.Keyword(0, TriggerSources));
+  m_settings.Trigger.Source = static_cast<MultimeterSettings::TriggerSource>(call.Keyword(0, TriggerSources));
 }
 
 void MultimeterSettingCommands::TriggerSource(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(TriggerSources, static_cast<std::size_t>(m_settings.trigger.source)));
+  m_executor.Respond(ShortOf(TriggerSources, static_cast<std::size_t>(m_settings.Trigger.Source)));
 }
 
 void MultimeterSettingCommands::SetDelay(const Call& call) {
-  m_settings.trigger.delay = call.Number(0, DelaySeconds);
-  m_settings.trigger.autoDelay = false;
+  m_settings.Trigger.Delay = call.Number(0, DelaySeconds);
+  m_settings.Trigger.AutoDelay = false;
 }
 
 void MultimeterSettingCommands::Delay(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(m_settings.trigger.delay, DelaySeconds)));
+  m_executor.Respond(FormatReal(call.LimitOr(m_settings.Trigger.Delay, DelaySeconds)));
 }
 
 void MultimeterSettingCommands::SetAutoDelay(const Call& call) {
-  m_settings.trigger.autoDelay = call.Boolean(0);
-  if (m_settings.trigger.autoDelay) m_settings.trigger.delay = 0;
+  m_settings.Trigger.AutoDelay = call.Boolean(0);
+  if (m_settings.Trigger.AutoDelay) m_settings.Trigger.Delay = 0;
 }
 
 void MultimeterSettingCommands::AutoDelay(const Call& /*call*/) {
-  m_executor.Respond(FormatBoolean(m_settings.trigger.autoDelay));
+  m_executor.Respond(FormatBoolean(m_settings.Trigger.AutoDelay));
 }
 
 } // namespace portico::simulator

@@ -101,112 +101,112 @@ Oscilloscope::Settings& Oscilloscope::Change() {
   return m_settings;
 }
 
-void Oscilloscope::SetScale(const Call& call) { ChangeOf(call).scale = call.Number(0, VoltsPerDivision); }
+void Oscilloscope::SetScale(const Call& call) { ChangeOf(call).Scale = call.Number(0, VoltsPerDivision); }
 
 void Oscilloscope::Scale(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(Of(call).scale, VoltsPerDivision)));
+  m_executor.Respond(FormatReal(call.LimitOr(Of(call).Scale, VoltsPerDivision)));
 }
 
-void Oscilloscope::SetOffset(const Call& call) { ChangeOf(call).offset = call.Number(0, OffsetVolts); }
+void Oscilloscope::SetOffset(const Call& call) { ChangeOf(call).Offset = call.Number(0, OffsetVolts); }
 
 void Oscilloscope::Offset(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(Of(call).offset, OffsetVolts)));
+  m_executor.Respond(FormatReal(call.LimitOr(Of(call).Offset, OffsetVolts)));
 }
 
-void Oscilloscope::SetShown(const Call& call) { ChangeOf(call).shown = call.Boolean(0); }
+void Oscilloscope::SetShown(const Call& call) { ChangeOf(call).Shown = call.Boolean(0); }
 
-void Oscilloscope::Shown(const Call& call) { m_executor.Respond(FormatBoolean(Of(call).shown)); }
+void Oscilloscope::Shown(const Call& call) { m_executor.Respond(FormatBoolean(Of(call).Shown)); }
 
 void Oscilloscope::SetCoupling(const Call& call) {
-  ChangeOf(call).coupling = static_cast<Settings::Coupling>(call.Keyword(0, Couplings));
+  ChangeOf(call).Coupling = static_cast<Settings::InputCoupling>(call.Keyword(0, Couplings));
   m_acquisition.TriggerChanged();
 }
 
 void Oscilloscope::Coupling(const Call& call) {
-  m_executor.Respond(ShortOf(Couplings, static_cast<std::size_t>(Of(call).coupling)));
+  m_executor.Respond(ShortOf(Couplings, static_cast<std::size_t>(Of(call).Coupling)));
 }
 
-void Oscilloscope::SetTimeScale(const Call& call) { Change().timeScale = call.Number(0, SecondsPerDivision); }
+void Oscilloscope::SetTimeScale(const Call& call) { Change().TimeScale = call.Number(0, SecondsPerDivision); }
 
 void Oscilloscope::TimeScale(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(m_settings.timeScale, SecondsPerDivision)));
+  m_executor.Respond(FormatReal(call.LimitOr(m_settings.TimeScale, SecondsPerDivision)));
 }
 
-void Oscilloscope::SetAcquisition(const Call& call) { Change().averaging = call.Keyword(0, Acquisitions) == 1; }
+void Oscilloscope::SetAcquisition(const Call& call) { Change().Averaging = call.Keyword(0, Acquisitions) == 1; }
 
 void Oscilloscope::Acquisition(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(Acquisitions, m_settings.averaging ? 1 : 0));
+  m_executor.Respond(ShortOf(Acquisitions, m_settings.Averaging ? 1 : 0));
 }
 
-void Oscilloscope::SetAverages(const Call& call) { Change().averages = call.Whole(0, AverageLimits); }
+void Oscilloscope::SetAverages(const Call& call) { Change().Averages = call.Whole(0, AverageLimits); }
 
 void Oscilloscope::Averages(const Call& call) {
-  m_executor.Respond(std::to_string(call.WholeOr(m_settings.averages, AverageLimits)));
+  m_executor.Respond(std::to_string(call.WholeOr(m_settings.Averages, AverageLimits)));
 }
 
 void Oscilloscope::SetSweep(const Call& call) {
-  Change().trigger.automatic = call.Keyword(0, SweepModes) == 1;
+  Change().Trigger.Automatic = call.Keyword(0, SweepModes) == 1;
   m_acquisition.TriggerChanged();
 }
 
 void Oscilloscope::Sweep(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(SweepModes, m_settings.trigger.automatic ? 1 : 0));
+  m_executor.Respond(ShortOf(SweepModes, m_settings.Trigger.Automatic ? 1 : 0));
 }
 
 void Oscilloscope::SetTriggerSource(const Call& call) {
-  Change().trigger.source = call.Keyword(0, Sources);
+  Change().Trigger.Source = call.Keyword(0, Sources);
   m_acquisition.TriggerChanged();
 }
 
 void Oscilloscope::TriggerSource(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(Sources, m_settings.trigger.source));
+  m_executor.Respond(ShortOf(Sources, m_settings.Trigger.Source));
 }
 
 void Oscilloscope::SetTriggerLevel(const Call& call) {
-  Change().trigger.level = call.Number(0, OffsetVolts);
+  Change().Trigger.Level = call.Number(0, OffsetVolts);
   m_acquisition.TriggerChanged();
 }
 
 void Oscilloscope::TriggerLevel(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(m_settings.trigger.level, OffsetVolts)));
+  m_executor.Respond(FormatReal(call.LimitOr(m_settings.Trigger.Level, OffsetVolts)));
 }
 
-void Oscilloscope::SetSlope(const Call& call) { Change().trigger.falling = call.Keyword(0, Slopes) == 1; }
+void Oscilloscope::SetSlope(const Call& call) { Change().Trigger.Falling = call.Keyword(0, Slopes) == 1; }
 
 void Oscilloscope::Slope(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(Slopes, m_settings.trigger.falling ? 1 : 0));
+  m_executor.Respond(ShortOf(Slopes, m_settings.Trigger.Falling ? 1 : 0));
 }
 
-void Oscilloscope::SetSource(const Call& call) { m_settings.source = ChannelNamed(call); }
+void Oscilloscope::SetSource(const Call& call) { m_settings.Source = ChannelNamed(call); }
 
-void Oscilloscope::Source(const Call& /*call*/) { m_executor.Respond(ShortOf(Sources, m_settings.source)); }
+void Oscilloscope::Source(const Call& /*call*/) { m_executor.Respond(ShortOf(Sources, m_settings.Source)); }
 
-void Oscilloscope::SetPoints(const Call& call) { Change().points = call.Whole(0, PointLimits); }
+void Oscilloscope::SetPoints(const Call& call) { Change().Points = call.Whole(0, PointLimits); }
 
 void Oscilloscope::Points(const Call& call) {
-  m_executor.Respond(std::to_string(call.WholeOr(m_settings.points, PointLimits)));
+  m_executor.Respond(std::to_string(call.WholeOr(m_settings.Points, PointLimits)));
 }
 
 void Oscilloscope::SetFormat(const Call& call) {
-  m_settings.format = static_cast<WaveformFormat>(call.Keyword(0, Formats));
+  m_settings.Format = static_cast<WaveformFormat>(call.Keyword(0, Formats));
 }
 
 void Oscilloscope::Format(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(Formats, static_cast<std::size_t>(m_settings.format)));
+  m_executor.Respond(ShortOf(Formats, static_cast<std::size_t>(m_settings.Format)));
 }
 
 void Oscilloscope::AutoScale(const Call& /*call*/) {
   Settings& settings = Change();
   Settings::Channel channel;
-  channel.shown = true;
-  settings.channels.fill(channel);
-  settings.trigger = {};
-  settings.averaging = false;
+  channel.Shown = true;
+  settings.Channels.fill(channel);
+  settings.Trigger = {};
+  settings.Averaging = false;
   for (std::size_t i = 0; i < Settings::ChannelCount; ++i) {
     const auto signal = m_acquisition.Seen(i);
-    settings.channels[i].scale = RoundUp(2 * (signal.amplitude + signal.bias) / HeightUsed);
+    settings.Channels[i].Scale = RoundUp(2 * (signal.Amplitude + signal.Bias) / HeightUsed);
   }
-  settings.timeScale = RoundUp(PeriodsShown / m_acquisition.Seen(0).frequency / Settings::DivisionsAcross);
+  settings.TimeScale = RoundUp(PeriodsShown / m_acquisition.Seen(0).Frequency / Settings::DivisionsAcross);
   m_acquisition.Run();
 }
 
@@ -214,28 +214,28 @@ void Oscilloscope::AutoScale(const Call& /*call*/) {
 
 void Oscilloscope::Data(const Call& /*call*/) {
   m_acquisition.WhenRecorded([this] {
-    const auto& record = m_acquisition.Record(m_settings.source);
+    const auto& record = m_acquisition.Record(m_settings.Source);
     if (!record) throw ScpiError(ErrorCode::DataCorruptOrStale);
-    m_executor.Respond(record->Data(m_settings.format));
+    m_executor.Respond(record->Data(m_settings.Format));
   });
 }
 
 /// Of the record; without one, of that which the settings would give.
 void Oscilloscope::Preamble(const Call& /*call*/) {
   m_acquisition.WhenRecorded([this] {
-    const auto& record = m_acquisition.Record(m_settings.source);
-    const WaveformScale scale = record ? record->scale : m_acquisition.ScaleOf(m_settings.source);
-    m_executor.Respond(scale.Preamble(m_settings.format));
+    const auto& record = m_acquisition.Record(m_settings.Source);
+    const WaveformScale scale = record ? record->Scale : m_acquisition.ScaleOf(m_settings.Source);
+    m_executor.Respond(scale.Preamble(m_settings.Format));
   });
 }
 
 void Oscilloscope::PeakToPeak(const Call& call) {
-  m_executor.Respond(FormatReal(2 * m_acquisition.Seen(ChannelNamed(call)).amplitude));
+  m_executor.Respond(FormatReal(2 * m_acquisition.Seen(ChannelNamed(call)).Amplitude));
 }
 
 void Oscilloscope::Frequency(const Call& call) {
   const auto signal = m_acquisition.Seen(ChannelNamed(call));
-  m_executor.Respond(FormatReal(signal.amplitude > 0 ? signal.frequency : std::numeric_limits<double>::quiet_NaN()));
+  m_executor.Respond(FormatReal(signal.Amplitude > 0 ? signal.Frequency : std::numeric_limits<double>::quiet_NaN()));
 }
 
 } // namespace portico::simulator

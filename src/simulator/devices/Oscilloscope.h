@@ -66,8 +66,8 @@ private:
   void Recalled() override { m_acquisition.BeginAnew(); }
   /// For all that an acquisition depends on.
   Settings& Change();
-  Settings::Channel& ChangeOf(const Call& call) { return Change().channels[call.Suffix(0) - 1]; }
-  const Settings::Channel& Of(const Call& call) const { return m_settings.channels[call.Suffix(0) - 1]; }
+  Settings::Channel& ChangeOf(const Call& call) { return Change().Channels[call.Suffix(0) - 1]; }
+  const Settings::Channel& Of(const Call& call) const { return m_settings.Channels[call.Suffix(0) - 1]; }
 
   Executor& m_executor;
   OscilloscopeAcquisition m_acquisition;

@@ -23,29 +23,29 @@ OscilloscopeAcquisition::Signal OscilloscopeAcquisition::Seen(std::size_t channe
   static constexpr std::array<Signal, Settings::ChannelCount> signals{
       {{1, 1000, 0}, {0.5, 2000, 0.25}, {2, 500, 0}, {0.25, 10000, 0}}};
   Signal signal = signals[channel];
-  const Settings::Coupling coupling = m_settings.channels[channel].coupling;
-  if (coupling != Settings::Coupling::Dc) signal.bias = 0;
-  if (coupling == Settings::Coupling::Ground) signal.amplitude = 0;
+  const Settings::InputCoupling coupling = m_settings.Channels[channel].Coupling;
+  if (coupling != Settings::InputCoupling::Dc) signal.Bias = 0;
+  if (coupling == Settings::InputCoupling::Ground) signal.Amplitude = 0;
   return signal;
 }
 
 std::optional<double> OscilloscopeAcquisition::Crossing() const {
-  const Settings::Trigger& trigger = m_settings.trigger;
-  if (trigger.source == Settings::External) return std::nullopt;
-  const Signal signal = Seen(trigger.source);
-  const double height = trigger.level - signal.bias;
-  if (std::abs(height) >= signal.amplitude) return std::nullopt;
-  const double rising = std::asin(height / signal.amplitude) / (2 * std::numbers::pi); // turns
-  return (trigger.falling ? 0.5 - rising : rising) / signal.frequency;
+  const Settings::TriggerSetup& trigger = m_settings.Trigger;
+  if (trigger.Source == Settings::External) return std::nullopt;
+  const Signal signal = Seen(trigger.Source);
+  const double height = trigger.Level - signal.Bias;
+  if (std::abs(height) >= signal.Amplitude) return std::nullopt;
+  const double rising = std::asin(height / signal.Amplitude) / (2 * std::numbers::pi); // turns
+  return (trigger.Falling ? 0.5 - rising : rising) / signal.Frequency;
 }
 
 // Acquisition.
 
 /// A sweep records as long as it lasts.
 Executor::Duration OscilloscopeAcquisition::SweepTime() const {
-  const double sweeps = m_settings.averaging ? static_cast<double>(m_settings.averages) : 1;
+  const double sweeps = m_settings.Averaging ? static_cast<double>(m_settings.Averages) : 1;
   return std::chrono::round<Executor::Duration>(
-      std::chrono::duration<double>(m_settings.timeScale * Settings::DivisionsAcross * sweeps));
+      std::chrono::duration<double>(m_settings.TimeScale * Settings::DivisionsAcross * sweeps));
 }
 
 void OscilloscopeAcquisition::StartSweep() {
@@ -111,24 +111,24 @@ void OscilloscopeAcquisition::ForgetSweeps() {
 // Records.
 
 WaveformScale OscilloscopeAcquisition::ScaleOf(std::size_t channel) const {
-  const auto points = static_cast<std::size_t>(m_settings.points);
-  const double step = m_settings.timeScale * Settings::DivisionsAcross / static_cast<double>(points);
-  return {points, step, m_settings.channels[channel].scale, m_settings.channels[channel].offset};
+  const auto points = static_cast<std::size_t>(m_settings.Points);
+  const double step = m_settings.TimeScale * Settings::DivisionsAcross / static_cast<double>(points);
+  return {points, step, m_settings.Channels[channel].Scale, m_settings.Channels[channel].Offset};
 }
 
 WaveformRecord OscilloscopeAcquisition::MakeRecord(std::size_t channel) {
   const Signal signal = Seen(channel);
-  const double noise = m_settings.averaging ? 1 / std::sqrt(static_cast<double>(m_settings.averages)) : 1;
+  const double noise = m_settings.Averaging ? 1 / std::sqrt(static_cast<double>(m_settings.Averages)) : 1;
   WaveformRecord record{ScaleOf(channel), {}};
-  record.codes.resize(record.scale.points);
+  record.Codes.resize(record.Scale.Points);
   double time = Crossing().value_or(0);
-  for (char& point : record.codes) {
-    const double volts = signal.bias + signal.amplitude * Sine(signal.frequency * time);
-    const double divisions = (volts - record.scale.centreVolts) / record.scale.voltsPerDivision;
+  for (char& point : record.Codes) {
+    const double volts = signal.Bias + signal.Amplitude * Sine(signal.Frequency * time);
+    const double divisions = (volts - record.Scale.CentreVolts) / record.Scale.VoltsPerDivision;
     const double code =
         WaveformScale::CentreCode + divisions * WaveformScale::CodesPerDivision + noise * m_random.Noise();
     point = static_cast<char>(static_cast<unsigned char>(std::clamp(code, 0.0, 255.0)));
-    time += record.scale.secondsPerPoint;
+    time += record.Scale.SecondsPerPoint;
   }
   return record;
 }
@@ -136,7 +136,7 @@ WaveformRecord OscilloscopeAcquisition::MakeRecord(std::size_t channel) {
 OscilloscopeAcquisition::Records OscilloscopeAcquisition::TakeRecords() {
   Records records;
   for (std::size_t i = 0; i < Settings::ChannelCount; ++i) {
-    if (m_settings.channels[i].shown) records[i] = MakeRecord(i);
+    if (m_settings.Channels[i].Shown) records[i] = MakeRecord(i);
   }
   return records;
 }

@@ -20,9 +20,9 @@ public:
 
   /// The signal at an input.
   struct Signal {
-    double amplitude; ///< volts
-    double frequency; ///< hertz
-    double bias;      ///< volts
+    double Amplitude; ///< volts
+    double Frequency; ///< hertz
+    double Bias;      ///< volts
   };
 
   /// All three must outlive it.
@@ -61,7 +61,7 @@ private:
 
   /// Where in the trigger source's period the trigger is, in seconds; none if the signal does not cross the level.
   std::optional<double> Crossing() const;
-  bool Sweeps() const { return m_settings.trigger.automatic || Crossing(); }
+  bool Sweeps() const { return m_settings.Trigger.Automatic || Crossing(); }
   bool Armed() const { return m_executor.OperationPending() && !m_executor.OperationEnd(); }
   Executor::Duration SweepTime() const;
   void StartSweep();

@@ -17,31 +17,31 @@ struct OscilloscopeSettings {
   /// Of the screen.
   static constexpr double DivisionsAcross = 10;
 
-  enum class Coupling : std::size_t { Dc, Ac, Ground };
+  enum class InputCoupling : std::size_t { Dc, Ac, Ground };
 
   struct Channel {
-    double scale = 0.5; ///< volts per division
-    double offset = 0;  ///< volts at the centre
-    bool shown = false;
-    Coupling coupling = Coupling::Dc;
+    double Scale = 0.5; ///< volts per division
+    double Offset = 0;  ///< volts at the centre
+    bool Shown = false;
+    InputCoupling Coupling = InputCoupling::Dc;
   };
-  struct Trigger {
-    std::size_t source = 0;
-    double level = 0; ///< volts
-    bool falling = false;
-    bool automatic = true; ///< sweeps also without a trigger
+  struct TriggerSetup {
+    std::size_t Source = 0;
+    double Level = 0; ///< volts
+    bool Falling = false;
+    bool Automatic = true; ///< sweeps also without a trigger
   };
 
-  OscilloscopeSettings() { channels.front().shown = true; }
+  OscilloscopeSettings() { Channels.front().Shown = true; }
 
-  std::array<Channel, ChannelCount> channels;
-  double timeScale = 1E-3; ///< seconds per division
-  bool averaging = false;
-  std::int64_t averages = 8;
-  Trigger trigger;
-  std::size_t source = 0; ///< of what is read
-  std::int64_t points = 1000;
-  WaveformFormat format = WaveformFormat::Byte;
+  std::array<Channel, ChannelCount> Channels;
+  double TimeScale = 1E-3; ///< seconds per division
+  bool Averaging = false;
+  std::int64_t Averages = 8;
+  TriggerSetup Trigger;
+  std::size_t Source = 0; ///< of what is read
+  std::int64_t Points = 1000;
+  WaveformFormat Format = WaveformFormat::Byte;
 };
 
 } // namespace portico::simulator

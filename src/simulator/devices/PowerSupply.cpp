@@ -20,7 +20,7 @@ constexpr auto SettlingTime = std::chrono::milliseconds(10);
 
 /// At the current limit the voltage gives way.
 double LimitedVolts(const PowerSupplySettings::Output& output) {
-  return output.on ? std::min(output.volts, output.amperes * LoadOhms) : 0;
+  return output.On ? std::min(output.Volts, output.Amperes * LoadOhms) : 0;
 }
 
 } // namespace
@@ -65,24 +65,24 @@ void PowerSupply::Reset() {
 }
 
 std::size_t PowerSupply::IndexOf(const Call& call) const {
-  return call.HasSuffix(0) ? call.Suffix(0) - 1 : m_settings.selected;
+  return call.HasSuffix(0) ? call.Suffix(0) - 1 : m_settings.Selected;
 }
 
 /// A new setting begins the settling anew.
 void PowerSupply::Settle() {
-  for (std::size_t i = 0; i < m_settings.outputs.size(); ++i) Protect(i);
+  for (std::size_t i = 0; i < m_settings.Outputs.size(); ++i) Protect(i);
   ShowTrips();
   m_executor.StartOperation(SettlingTime, OperationBit::Settling);
 }
 
 void PowerSupply::Protect(std::size_t index) {
-  Output& output = m_settings.outputs[index];
+  Output& output = m_settings.Outputs[index];
   const double volts = LimitedVolts(output);
   const double found[] = {volts, volts / LoadOhms};
   for (std::size_t kind = 0; kind < KindCount; ++kind) {
-    const auto& protection = output.protections[kind];
-    if (protection.on && found[kind] > protection.level) m_tripped[index][kind] = true;
-    if (m_tripped[index][kind]) output.on = false;
+    const auto& protection = output.Protections[kind];
+    if (protection.On && found[kind] > protection.Level) m_tripped[index][kind] = true;
+    if (m_tripped[index][kind]) output.On = false;
   }
 }
 
@@ -97,18 +97,18 @@ void PowerSupply::ShowTrips() {
 }
 
 void PowerSupply::SetVoltage(const Call& call) {
-  Of(call).volts = call.Number(0, Volts);
+  Of(call).Volts = call.Number(0, Volts);
   Settle();
 }
 
-void PowerSupply::Voltage(const Call& call) { m_executor.Respond(FormatReal(call.LimitOr(Of(call).volts, Volts))); }
+void PowerSupply::Voltage(const Call& call) { m_executor.Respond(FormatReal(call.LimitOr(Of(call).Volts, Volts))); }
 
 void PowerSupply::SetCurrent(const Call& call) {
-  Of(call).amperes = call.Number(0, Amperes);
+  Of(call).Amperes = call.Number(0, Amperes);
   Settle();
 }
 
-void PowerSupply::Current(const Call& call) { m_executor.Respond(FormatReal(call.LimitOr(Of(call).amperes, Amperes))); }
+void PowerSupply::Current(const Call& call) { m_executor.Respond(FormatReal(call.LimitOr(Of(call).Amperes, Amperes))); }
 
 /// `APPLy [CH1|CH2,]<volts>[,<amperes>]`: all or nothing.
 void PowerSupply::Apply(const Call& call) {
@@ -116,36 +116,36 @@ void PowerSupply::Apply(const Call& call) {
   const std::size_t first = named ? 1 : 0;
   if (call.Count() <= first) throw ScpiError(ErrorCode::MissingParameter);
   if (call.Count() > first + 2) throw ScpiError(ErrorCode::ParameterNotAllowed);
-  const std::size_t selected = named ? call.Keyword(0, OutputNames) : m_settings.selected;
-  Output& output = m_settings.outputs[selected];
+  const std::size_t selected = named ? call.Keyword(0, OutputNames) : m_settings.Selected;
+  Output& output = m_settings.Outputs[selected];
   const double volts = call.Number(first, Volts);
-  const double amperes = call.Count() > first + 1 ? call.Number(first + 1, Amperes) : output.amperes;
-  output.volts = volts;
-  output.amperes = amperes;
-  m_settings.selected = selected;
+  const double amperes = call.Count() > first + 1 ? call.Number(first + 1, Amperes) : output.Amperes;
+  output.Volts = volts;
+  output.Amperes = amperes;
+  m_settings.Selected = selected;
   Settle();
 }
 
 void PowerSupply::Applied(const Call& call) {
-  const std::size_t index = call.Count() > 0 ? call.Keyword(0, OutputNames) : m_settings.selected;
-  const Output& output = m_settings.outputs[index];
-  m_executor.Respond(FormatString(FormatReals(std::array{output.volts, output.amperes})));
+  const std::size_t index = call.Count() > 0 ? call.Keyword(0, OutputNames) : m_settings.Selected;
+  const Output& output = m_settings.Outputs[index];
+  m_executor.Respond(FormatString(FormatReals(std::array{output.Volts, output.Amperes})));
 }
 
 void PowerSupply::SetState(const Call& call) {
   const bool on = call.Boolean(0);
   const auto& tripped = m_tripped[IndexOf(call)];
   if (on && (tripped[OfVoltage] || tripped[OfCurrent])) throw ScpiError(ErrorCode::SettingsConflict);
-  Of(call).on = on;
+  Of(call).On = on;
   Settle();
 }
 
-void PowerSupply::State(const Call& call) { m_executor.Respond(FormatBoolean(Of(call).on)); }
+void PowerSupply::State(const Call& call) { m_executor.Respond(FormatBoolean(Of(call).On)); }
 
 /// That the voltage gives way is told by the questionable status.
 double PowerSupply::MeasuredVolts(const Output& output) {
   const double volts = LimitedVolts(output);
-  if (output.on && volts < output.volts) {
+  if (output.On && volts < output.Volts) {
     m_status.Questionable().Set(QuestionableBit::Voltage);
   } else {
     m_status.Questionable().Clear(QuestionableBit::Voltage);
@@ -162,38 +162,38 @@ void PowerSupply::MeasureCurrent(const Call& call) {
 }
 
 void PowerSupply::SelectNumber(const Call& call) {
-  m_settings.selected = static_cast<std::size_t>(call.Whole(0, OutputNumbers) - 1);
+  m_settings.Selected = static_cast<std::size_t>(call.Whole(0, OutputNumbers) - 1);
 }
 
 void PowerSupply::SelectedNumber(const Call& call) {
-  const auto number = static_cast<std::int64_t>(m_settings.selected + 1);
+  const auto number = static_cast<std::int64_t>(m_settings.Selected + 1);
   m_executor.Respond(std::to_string(call.WholeOr(number, OutputNumbers)));
 }
 
-void PowerSupply::Select(const Call& call) { m_settings.selected = call.Keyword(0, OutputNames); }
+void PowerSupply::Select(const Call& call) { m_settings.Selected = call.Keyword(0, OutputNames); }
 
-void PowerSupply::Selected(const Call& /*call*/) { m_executor.Respond(OutputNames[m_settings.selected]); }
+void PowerSupply::Selected(const Call& /*call*/) { m_executor.Respond(OutputNames[m_settings.Selected]); }
 
 template <PowerSupply::Kind kind>
 void PowerSupply::SetProtection(const Call& call) {
-  Of(call).protections[kind].level = call.Number(0, Protections[kind]);
+  Of(call).Protections[kind].Level = call.Number(0, Protections[kind]);
   Settle();
 }
 
 template <PowerSupply::Kind kind>
 void PowerSupply::Protection(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(Of(call).protections[kind].level, Protections[kind])));
+  m_executor.Respond(FormatReal(call.LimitOr(Of(call).Protections[kind].Level, Protections[kind])));
 }
 
 template <PowerSupply::Kind kind>
 void PowerSupply::SetProtectionState(const Call& call) {
-  Of(call).protections[kind].on = call.Boolean(0);
+  Of(call).Protections[kind].On = call.Boolean(0);
   Settle();
 }
 
 template <PowerSupply::Kind kind>
 void PowerSupply::ProtectionState(const Call& call) {
-  m_executor.Respond(FormatBoolean(Of(call).protections[kind].on));
+  m_executor.Respond(FormatBoolean(Of(call).Protections[kind].On));
 }
 
 template <PowerSupply::Kind kind>

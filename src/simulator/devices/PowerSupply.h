@@ -13,18 +13,18 @@ namespace portico::simulator {
 /// What can be set on the supply, with its defaults.
 struct PowerSupplySettings {
   struct Protection {
-    double level; ///< volts or amperes, above which it trips
-    bool on = true;
+    double Level; ///< volts or amperes, above which it trips
+    bool On = true;
   };
   struct Output {
-    double volts = 0;
-    double amperes = 1; ///< the limit
-    bool on = false;
-    std::array<Protection, 2> protections{{{33}, {5.5}}}; ///< of voltage and current
+    double Volts = 0;
+    double Amperes = 1; ///< the limit
+    bool On = false;
+    std::array<Protection, 2> Protections{{{33}, {5.5}}}; ///< of voltage and current
   };
 
-  std::array<Output, 2> outputs;
-  std::size_t selected = 0;
+  std::array<Output, 2> Outputs;
+  std::size_t Selected = 0;
 };
 
 /// The device "psu": a supply of two outputs, each with a resistor across it. A header without a channel suffix means
@@ -71,7 +71,7 @@ private:
 
   void Recalled() override { Settle(); }
   std::size_t IndexOf(const Call& call) const;
-  Output& Of(const Call& call) { return m_settings.outputs[IndexOf(call)]; }
+  Output& Of(const Call& call) { return m_settings.Outputs[IndexOf(call)]; }
   void Settle();
   void Protect(std::size_t index);
   void ShowTrips();

@@ -50,24 +50,24 @@ void SystemCommands::Beeper(const Call& /*call*/) { m_executor.Respond(FormatBoo
 
 void SystemCommands::PresetStatus(const Call& /*call*/) { m_status.Preset(); }
 
-template <SystemCommands::RegisterOf Register>
+template <SystemCommands::RegisterOf which>
 void SystemCommands::Event(const Call& /*call*/) {
-  m_executor.Respond(std::to_string((m_status.*Register)().TakeEvent()));
+  m_executor.Respond(std::to_string((m_status.*which)().TakeEvent()));
 }
 
-template <SystemCommands::RegisterOf Register>
+template <SystemCommands::RegisterOf which>
 void SystemCommands::Condition(const Call& /*call*/) {
-  m_executor.Respond(std::to_string((m_status.*Register)().Condition()));
+  m_executor.Respond(std::to_string((m_status.*which)().Condition()));
 }
 
-template <SystemCommands::RegisterOf Register>
+template <SystemCommands::RegisterOf which>
 void SystemCommands::SetEnable(const Call& call) {
-  (m_status.*Register)().SetEnable(static_cast<std::uint16_t>(call.Integer(0, 0, 65535)));
+  (m_status.*which)().SetEnable(static_cast<std::uint16_t>(call.Integer(0, 0, 65535)));
 }
 
-template <SystemCommands::RegisterOf Register>
+template <SystemCommands::RegisterOf which>
 void SystemCommands::Enable(const Call& /*call*/) {
-  m_executor.Respond(std::to_string((m_status.*Register)().Enable()));
+  m_executor.Respond(std::to_string((m_status.*which)().Enable()));
 }
 
 } // namespace portico::simulator

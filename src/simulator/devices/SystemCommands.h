@@ -25,13 +25,13 @@ private:
   void Beeper(const Call& call);
   void PresetStatus(const Call& call);
 
-  template <RegisterOf Register>
+  template <RegisterOf which>
   void Event(const Call& call);
-  template <RegisterOf Register>
+  template <RegisterOf which>
   void Condition(const Call& call);
-  template <RegisterOf Register>
+  template <RegisterOf which>
   void SetEnable(const Call& call);
-  template <RegisterOf Register>
+  template <RegisterOf which>
   void Enable(const Call& call);
 
   Executor& m_executor;

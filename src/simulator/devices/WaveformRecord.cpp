@@ -15,23 +15,23 @@ constexpr double WordFactor = 256;
 
 std::string WaveformScale::Preamble(WaveformFormat format) const {
   const double factor = format == WaveformFormat::Word ? WordFactor : 1;
-  const double voltsPerCode = voltsPerDivision / CodesPerDivision / factor;
-  return std::to_string(points) + ',' +
-         FormatReals(std::array{secondsPerPoint, voltsPerCode, centreVolts, CentreCode * factor});
+  const double voltsPerCode = VoltsPerDivision / CodesPerDivision / factor;
+  return std::to_string(Points) + ',' +
+         FormatReals(std::array{SecondsPerPoint, voltsPerCode, CentreVolts, CentreCode * factor});
 }
 
 std::string WaveformRecord::Data(WaveformFormat format) const {
-  if (format == WaveformFormat::Byte) return FormatBlock(codes);
+  if (format == WaveformFormat::Byte) return FormatBlock(Codes);
   if (format == WaveformFormat::Word) {
     std::string words;
-    for (const char code : codes) words.append({code, '\0'});
+    for (const char code : Codes) words.append({code, '\0'});
     return FormatBlock(words);
   }
   std::vector<double> volts;
-  for (const char code : codes) {
+  for (const char code : Codes) {
     const double divisions =
         (static_cast<unsigned char>(code) - WaveformScale::CentreCode) / WaveformScale::CodesPerDivision;
-    volts.push_back(scale.centreVolts + divisions * scale.voltsPerDivision);
+    volts.push_back(Scale.CentreVolts + divisions * Scale.VoltsPerDivision);
   }
   return FormatReals(volts);
 }

@@ -13,10 +13,10 @@ struct WaveformScale {
   static constexpr double CodesPerDivision = 25;
   static constexpr double CentreCode = 128;
 
-  std::size_t points;
-  double secondsPerPoint;
-  double voltsPerDivision;
-  double centreVolts;
+  std::size_t Points;
+  double SecondsPerPoint;
+  double VoltsPerDivision;
+  double CentreVolts;
 
   /// Points, seconds a point, volts a code, volts at the centre, and the code of the centre.
   std::string Preamble(WaveformFormat format) const;
@@ -24,8 +24,8 @@ struct WaveformScale {
 
 /// What a channel held at the end of an acquisition, with the scale of that time.
 struct WaveformRecord {
-  WaveformScale scale;
-  std::string codes; ///< one byte a point
+  WaveformScale Scale;
+  std::string Codes; ///< one byte a point
 
   /// A block of one byte a point, or of two with the more significant first, or volts joined by commas.
   std::string Data(WaveformFormat format) const;

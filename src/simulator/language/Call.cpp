@@ -34,7 +34,7 @@ ErrorCode NotAllowed(Kind kind) {
 }
 
 double DecimalValue(const Parameter& parameter, Quantity quantity) {
-  std::string_view digits = parameter.text;
+  std::string_view digits = parameter.Text;
   if (digits.front() == '+') digits.remove_prefix(1);
   double value = 0;
   const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
@@ -43,28 +43,28 @@ double DecimalValue(const Parameter& parameter, Quantity quantity) {
     const bool tiny = exponent != std::string_view::npos && digits.substr(exponent + 1).starts_with('-');
     value = tiny ? 0 : std::numeric_limits<double>::infinity();
   }
-  if (parameter.unit.empty()) return value;
-  const auto factor = UnitFactor(quantity, parameter.unit);
+  if (parameter.Unit.empty()) return value;
+  const auto factor = UnitFactor(quantity, parameter.Unit);
   if (!factor) throw ScpiError(quantity == Quantity::None ? ErrorCode::SuffixNotAllowed : ErrorCode::InvalidSuffix);
   return value * *factor;
 }
 
 double NonDecimalValue(const Parameter& parameter) {
   std::uint64_t value = 0;
-  std::from_chars(parameter.text.data(), parameter.text.data() + parameter.text.size(), value, parameter.mark);
+  std::from_chars(parameter.Text.data(), parameter.Text.data() + parameter.Text.size(), value, parameter.Mark);
   return static_cast<double>(value);
 }
 
 double Value(const Parameter& parameter, Quantity quantity) {
-  return parameter.kind == Kind::Decimal ? DecimalValue(parameter, quantity) : NonDecimalValue(parameter);
+  return parameter.Form == Kind::Decimal ? DecimalValue(parameter, quantity) : NonDecimalValue(parameter);
 }
 
 } // namespace
 
 const Parameter& Call::At(std::size_t index, std::initializer_list<Kind> allowed) const {
-  const Parameter& parameter = m_unit.parameters[index];
-  if (std::find(allowed.begin(), allowed.end(), parameter.kind) == allowed.end()) {
-    throw ScpiError(NotAllowed(parameter.kind));
+  const Parameter& parameter = m_unit.Parameters[index];
+  if (std::find(allowed.begin(), allowed.end(), parameter.Form) == allowed.end()) {
+    throw ScpiError(NotAllowed(parameter.Form));
   }
   return parameter;
 }
@@ -73,17 +73,17 @@ double Call::LimitNamed(std::string_view name, const Limits& limits) {
   static const Mnemonic minimum("MINimum");
   static const Mnemonic maximum("MAXimum");
   static const Mnemonic standard("DEFault");
-  if (minimum.Matches(name)) return limits.minimum;
-  if (maximum.Matches(name)) return limits.maximum;
-  if (standard.Matches(name)) return limits.standard;
+  if (minimum.Matches(name)) return limits.Minimum;
+  if (maximum.Matches(name)) return limits.Maximum;
+  if (standard.Matches(name)) return limits.Standard;
   throw ScpiError(ErrorCode::InvalidCharacterData);
 }
 
 double Call::Number(std::size_t index, const Limits& limits) const {
   const Parameter& parameter = At(index, {Kind::Decimal, Kind::NonDecimal, Kind::Character});
-  if (parameter.kind == Kind::Character) return LimitNamed(parameter.text, limits);
-  const double value = Value(parameter, limits.quantity);
-  if (!(value >= limits.minimum && value <= limits.maximum)) throw ScpiError(ErrorCode::DataOutOfRange);
+  if (parameter.Form == Kind::Character) return LimitNamed(parameter.Text, limits);
+  const double value = Value(parameter, limits.Kind);
+  if (!(value >= limits.Minimum && value <= limits.Maximum)) throw ScpiError(ErrorCode::DataOutOfRange);
   return value;
 }
 
@@ -96,15 +96,15 @@ std::int64_t Call::Integer(std::size_t index, std::int64_t minimum, std::int64_t
 }
 
 std::int64_t Call::Whole(std::size_t index, const Limits& limits) const {
-  const Parameter& parameter = m_unit.parameters[index];
+  const Parameter& parameter = m_unit.Parameters[index];
   const auto whole = [](double limit) { return static_cast<std::int64_t>(limit); };
-  if (parameter.kind == Kind::Character) return whole(LimitNamed(parameter.text, limits));
-  return Integer(index, whole(limits.minimum), whole(limits.maximum));
+  if (parameter.Form == Kind::Character) return whole(LimitNamed(parameter.Text, limits));
+  return Integer(index, whole(limits.Minimum), whole(limits.Maximum));
 }
 
 bool Call::Boolean(std::size_t index) const {
   const Parameter& parameter = At(index, {Kind::Decimal, Kind::NonDecimal, Kind::Character});
-  if (parameter.kind == Kind::Character) return Keyword(index, Booleans) == 1;
+  if (parameter.Form == Kind::Character) return Keyword(index, Booleans) == 1;
   return std::round(Value(parameter, Quantity::None)) != 0;
 }
 
@@ -117,24 +117,24 @@ std::size_t Call::Keyword(std::size_t index, std::span<const std::string_view> c
 }
 
 bool Call::IsKeyword(std::size_t index, std::string_view mnemonic) const {
-  const Parameter& parameter = m_unit.parameters[index];
-  return parameter.kind == Kind::Character && Mnemonic(mnemonic).Matches(parameter.text);
+  const Parameter& parameter = m_unit.Parameters[index];
+  return parameter.Form == Kind::Character && Mnemonic(mnemonic).Matches(parameter.Text);
 }
 
 std::string Call::String(std::size_t index) const {
   const Parameter& parameter = At(index, {Kind::String});
   std::string text;
-  for (std::size_t i = 0; i < parameter.text.size(); ++i) {
-    text += parameter.text[i];
-    if (parameter.text[i] == parameter.mark) ++i; // inside a string its quote only occurs doubled
+  for (std::size_t i = 0; i < parameter.Text.size(); ++i) {
+    text += parameter.Text[i];
+    if (parameter.Text[i] == parameter.Mark) ++i; // inside a string its quote only occurs doubled
   }
   return text;
 }
 
-std::string_view Call::Block(std::size_t index) const { return At(index, {Kind::Block}).text; }
+std::string_view Call::Block(std::size_t index) const { return At(index, {Kind::Block}).Text; }
 
 double Call::LimitOr(double value, const Limits& limits) const {
-  return Count() == 0 ? value : LimitNamed(At(0, {Kind::Character}).text, limits);
+  return Count() == 0 ? value : LimitNamed(At(0, {Kind::Character}).Text, limits);
 }
 
 std::int64_t Call::WholeOr(std::int64_t value, const Limits& limits) const {

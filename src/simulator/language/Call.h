@@ -16,10 +16,10 @@ namespace portico::simulator {
 
 /// What a numeric parameter may be; the ends and the default answer to MINimum, MAXimum and DEFault.
 struct Limits {
-  double minimum;
-  double maximum;
-  double standard;
-  Quantity quantity = Quantity::None;
+  double Minimum;
+  double Maximum;
+  double Standard;
+  Quantity Kind = Quantity::None;
 };
 
 /// The numeric suffixes of a header in the order of its pattern's `<...>`; 0 where none was given.
@@ -32,7 +32,7 @@ public:
   Call(const Unit& unit, const Suffixes& suffixes) : m_unit(unit), m_suffixes(suffixes) {}
 
   /// The number of parameters, which is within what the command's table says.
-  std::size_t Count() const { return m_unit.parameters.size(); }
+  std::size_t Count() const { return m_unit.Parameters.size(); }
 
   bool HasSuffix(std::size_t slot) const { return m_suffixes[slot] != 0; }
   std::uint32_t Suffix(std::size_t slot) const { return HasSuffix(slot) ? m_suffixes[slot] : 1; }

@@ -11,31 +11,31 @@ namespace portico::simulator {
 void CommandTree::Invoke(const Unit& unit) const {
   const Leaf& leaf = Find(unit);
   const Suffixes suffixes = CheckedSuffixes(unit, leaf);
-  if (unit.parameters.size() < leaf.handler->minimumParameters) throw ScpiError(ErrorCode::MissingParameter);
-  if (unit.parameters.size() > leaf.handler->maximumParameters) throw ScpiError(ErrorCode::ParameterNotAllowed);
-  leaf.handler->function(Call(unit, suffixes));
+  if (unit.Parameters.size() < leaf.Target->MinimumParameters) throw ScpiError(ErrorCode::MissingParameter);
+  if (unit.Parameters.size() > leaf.Target->MaximumParameters) throw ScpiError(ErrorCode::ParameterNotAllowed);
+  leaf.Target->Function(Call(unit, suffixes));
 }
 
 const CommandTree::Leaf& CommandTree::Find(const Unit& unit) const {
   const Node* node = &m_root;
-  for (const HeaderNode& part : unit.header) {
-    const auto child = std::find_if(node->children.begin(), node->children.end(),
-                                    [&part](const auto& each) { return each->mnemonic.Matches(part.name); });
-    if (child == node->children.end()) throw ScpiError(ErrorCode::UndefinedHeader);
+  for (const HeaderNode& part : unit.Header) {
+    const auto child = std::find_if(node->Children.begin(), node->Children.end(),
+                                    [&part](const auto& each) { return each->Keyword.Matches(part.Name); });
+    if (child == node->Children.end()) throw ScpiError(ErrorCode::UndefinedHeader);
     node = child->get();
   }
-  const Leaf& leaf = unit.query ? node->query : node->command;
-  if (leaf.handler == nullptr) throw ScpiError(ErrorCode::UndefinedHeader);
+  const Leaf& leaf = unit.Query ? node->Query : node->Command;
+  if (leaf.Target == nullptr) throw ScpiError(ErrorCode::UndefinedHeader);
   return leaf;
 }
 
 Suffixes CommandTree::CheckedSuffixes(const Unit& unit, const Leaf& leaf) {
   Suffixes suffixes{};
-  for (std::size_t i = 0; i < leaf.nodes.size(); ++i) {
-    const auto given = unit.header[i].suffix;
+  for (std::size_t i = 0; i < leaf.Nodes.size(); ++i) {
+    const auto given = unit.Header[i].Suffix;
     if (!given) continue;
-    if (*given < 1 || *given > leaf.nodes[i].largestSuffix) throw ScpiError(ErrorCode::HeaderSuffixOutOfRange);
-    if (leaf.nodes[i].slot) suffixes[*leaf.nodes[i].slot] = *given;
+    if (*given < 1 || *given > leaf.Nodes[i].LargestSuffix) throw ScpiError(ErrorCode::HeaderSuffixOutOfRange);
+    if (leaf.Nodes[i].Slot) suffixes[*leaf.Nodes[i].Slot] = *given;
   }
   return suffixes;
 }
@@ -60,8 +60,8 @@ std::vector<CommandTree::PatternNode> CommandTree::ParsePattern(std::string_view
     } else if (pattern.front() == '<') {
       const std::size_t end = pattern.find('>');
       const std::size_t last = pattern.find('-') + 1;
-      std::from_chars(pattern.data() + last, pattern.data() + end, nodes.back().largestSuffix);
-      nodes.back().slot = slots++;
+      std::from_chars(pattern.data() + last, pattern.data() + end, nodes.back().LargestSuffix);
+      nodes.back().Slot = slots++;
       pattern.remove_prefix(end + 1);
     } else {
       if (pattern.front() != ':') optional = pattern.front() == '[';
@@ -76,12 +76,12 @@ void CommandTree::InsertVariants(const std::vector<PatternNode>& pattern, std::v
                                  bool query) {
   if (pattern.empty()) {
     Node* node = &m_root;
-    for (const PatternNode& each : chosen) node = &Child(*node, each.mnemonic);
-    (query ? node->query : node->command) = {&m_handlers.back(), chosen};
+    for (const PatternNode& each : chosen) node = &Child(*node, each.Mnemonic);
+    (query ? node->Query : node->Command) = {&m_handlers.back(), chosen};
     return;
   }
   const std::vector<PatternNode> rest(pattern.begin() + 1, pattern.end());
-  if (pattern.front().optional) InsertVariants(rest, chosen, query);
+  if (pattern.front().Optional) InsertVariants(rest, chosen, query);
   chosen.push_back(pattern.front());
   InsertVariants(rest, chosen, query);
   chosen.pop_back();
@@ -89,10 +89,10 @@ void CommandTree::InsertVariants(const std::vector<PatternNode>& pattern, std::v
 
 CommandTree::Node& CommandTree::Child(Node& parent, std::string_view mnemonic) {
   const Mnemonic wanted(mnemonic);
-  const auto found = std::find_if(parent.children.begin(), parent.children.end(),
-                                  [&wanted](const auto& child) { return child->mnemonic.Long() == wanted.Long(); });
-  if (found != parent.children.end()) return **found;
-  return *parent.children.emplace_back(std::make_unique<Node>(mnemonic));
+  const auto found = std::find_if(parent.Children.begin(), parent.Children.end(),
+                                  [&wanted](const auto& child) { return child->Keyword.Long() == wanted.Long(); });
+  if (found != parent.Children.end()) return **found;
+  return *parent.Children.emplace_back(std::make_unique<Node>(mnemonic));
 }
 
 } // namespace portico::simulator

@@ -20,10 +20,10 @@ namespace portico::simulator {
 /// its colon, and `<1-4>` behind a node is the range of its numeric suffix, which is 1 alone where none is written.
 template <class Owner>
 struct Command {
-  std::string_view pattern;
-  void (Owner::*handler)(const Call&);
-  std::size_t minimumParameters = 0;
-  std::size_t maximumParameters = 0;
+  std::string_view Pattern;
+  void (Owner::*Handler)(const Call&);
+  std::size_t MinimumParameters = 0;
+  std::size_t MaximumParameters = 0;
 };
 
 /// The commands of an instrument, found by their headers.
@@ -33,8 +33,8 @@ public:
   template <class Owner, std::size_t Size>
   void Add(const Command<Owner> (&table)[Size], Owner& owner) {
     for (const Command<Owner>& command : table) {
-      Insert(command.pattern, {[&owner, handler = command.handler](const Call& call) { (owner.*handler)(call); },
-                               command.minimumParameters, command.maximumParameters});
+      Insert(command.Pattern, {[&owner, handler = command.Handler](const Call& call) { (owner.*handler)(call); },
+                               command.MinimumParameters, command.MaximumParameters});
     }
   }
 
@@ -44,26 +44,26 @@ public:
 
 private:
   struct Handler {
-    std::function<void(const Call&)> function;
-    std::size_t minimumParameters;
-    std::size_t maximumParameters;
+    std::function<void(const Call&)> Function;
+    std::size_t MinimumParameters;
+    std::size_t MaximumParameters;
   };
   struct PatternNode {
-    std::string_view mnemonic;
-    bool optional;
-    std::uint32_t largestSuffix;
-    std::optional<std::size_t> slot; ///< which of the call's suffixes this node's is
+    std::string_view Mnemonic;
+    bool Optional;
+    std::uint32_t LargestSuffix;
+    std::optional<std::size_t> Slot; ///< which of the call's suffixes this node's is
   };
   struct Leaf {
-    const Handler* handler = nullptr;
-    std::vector<PatternNode> nodes;
+    const Handler* Target = nullptr;
+    std::vector<PatternNode> Nodes;
   };
   struct Node {
-    explicit Node(std::string_view pattern) : mnemonic(pattern) {}
-    Mnemonic mnemonic;
-    std::vector<std::unique_ptr<Node>> children;
-    Leaf command;
-    Leaf query;
+    explicit Node(std::string_view pattern) : Keyword(pattern) {}
+    Mnemonic Keyword;
+    std::vector<std::unique_ptr<Node>> Children;
+    Leaf Command;
+    Leaf Query;
   };
 
   void Insert(std::string_view pattern, Handler handler);

@@ -7,8 +7,8 @@ namespace portico::simulator {
 namespace {
 
 struct StandardError {
-  int number;
-  std::string_view text;
+  int Number;
+  std::string_view Text;
 };
 
 constexpr auto StandardErrors = std::to_array<StandardError>({
@@ -89,8 +89,8 @@ std::string_view ErrorText(ErrorCode code) {
   const int number = static_cast<int>(code);
   if (number > 0) return "Simulated device error";
   const auto found = std::find_if(StandardErrors.begin(), StandardErrors.end(),
-                                  [number](const StandardError& error) { return error.number == number; });
-  return found == StandardErrors.end() ? std::string_view("") : found->text;
+                                  [number](const StandardError& error) { return error.Number == number; });
+  return found == StandardErrors.end() ? std::string_view("") : found->Text;
 }
 
 } // namespace portico::simulator

@@ -42,17 +42,17 @@ void UnitParser::ParseHeader(Unit& unit) {
     const std::string_view start = m_rest;
     m_rest.remove_prefix(1);
     const HeaderNode node = ParseNode();
-    if (node.suffix) throw ScpiError(ErrorCode::UndefinedHeader);
-    unit.header.assign(1, {start.substr(0, node.name.size() + 1), std::nullopt});
+    if (node.Suffix) throw ScpiError(ErrorCode::UndefinedHeader);
+    unit.Header.assign(1, {start.substr(0, node.Name.size() + 1), std::nullopt});
   } else {
     if (Skip(':')) m_path.clear();
-    unit.header = m_path;
+    unit.Header = m_path;
     do {
-      unit.header.push_back(ParseNode());
+      unit.Header.push_back(ParseNode());
     } while (Skip(':'));
-    m_path.assign(unit.header.begin(), unit.header.end() - 1);
+    m_path.assign(unit.Header.begin(), unit.Header.end() - 1);
   }
-  unit.query = Skip('?');
+  unit.Query = Skip('?');
   if (AtUnitEnd() || IsWhiteSpace(Peek())) return;
   const bool forbidden = Stray(Peek()) == ErrorCode::InvalidCharacter;
   throw ScpiError(forbidden ? ErrorCode::InvalidCharacter : ErrorCode::HeaderSeparatorError);
@@ -67,18 +67,18 @@ HeaderNode UnitParser::ParseNode() {
   if (nameSize < word.size()) {
     std::uint32_t suffix = 0;
     const auto result = std::from_chars(word.data() + nameSize, word.data() + word.size(), suffix);
-    node.suffix = result.ec == std::errc() ? suffix : std::numeric_limits<std::uint32_t>::max();
+    node.Suffix = result.ec == std::errc() ? suffix : std::numeric_limits<std::uint32_t>::max();
   }
   return node;
 }
 
 void UnitParser::ParseParameters(Unit& unit) {
-  unit.parameters.clear();
+  unit.Parameters.clear();
   SkipWhiteSpace();
   if (AtUnitEnd()) return;
   do {
     SkipWhiteSpace();
-    unit.parameters.push_back(ParseParameter());
+    unit.Parameters.push_back(ParseParameter());
     SkipWhiteSpace();
   } while (Skip(','));
   if (!AtUnitEnd()) throw ScpiError(ErrorCode::InvalidSeparator);

@@ -10,28 +10,28 @@ namespace portico::simulator {
 
 /// One node of a header: `CHAN2` is the name `CHAN` with the suffix 2. A common command is one node, asterisk included.
 struct HeaderNode {
-  std::string_view name;
-  std::optional<std::uint32_t> suffix;
+  std::string_view Name;
+  std::optional<std::uint32_t> Suffix;
 };
 
 /// One parameter as it stands in the message.
 struct Parameter {
   enum class Kind { Decimal, NonDecimal, Character, String, Block, Expression };
 
-  Kind kind;
+  Kind Form;
   /// The digits without `#H`, `#Q` or `#B`; the string without its outer quotes; the block's bytes alone.
-  std::string_view text;
+  std::string_view Text;
   /// Of a decimal number the unit, which may be empty.
-  std::string_view unit;
+  std::string_view Unit;
   /// Of a non-decimal number its base; of a string its quote.
-  char mark;
+  char Mark;
 };
 
 /// A program message unit: one command or query, its header complete from the root.
 struct Unit {
-  std::vector<HeaderNode> header;
-  std::vector<Parameter> parameters;
-  bool query = false;
+  std::vector<HeaderNode> Header;
+  std::vector<Parameter> Parameters;
+  bool Query = false;
 };
 
 /// Takes the units of one program message, one after the other, and follows the current path from unit to unit.

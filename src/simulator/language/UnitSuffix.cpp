@@ -10,8 +10,8 @@ namespace portico::simulator {
 namespace {
 
 struct Multiplier {
-  std::string_view prefix;
-  double factor;
+  std::string_view Prefix;
+  double Factor;
 };
 
 // IEEE 488.2, 7.7.3: M is milli, so that mega is MA.
@@ -61,9 +61,9 @@ std::optional<double> UnitFactor(Quantity quantity, std::string_view unit) {
   if (upper == "MOHM" || upper == "MHZ") return 1E6;
   const std::string_view prefix = std::string_view(upper).substr(0, upper.size() - name.size());
   const auto found = std::find_if(Multipliers.begin(), Multipliers.end(),
-                                  [prefix](const Multiplier& multiplier) { return multiplier.prefix == prefix; });
+                                  [prefix](const Multiplier& multiplier) { return multiplier.Prefix == prefix; });
   if (found == Multipliers.end()) return std::nullopt;
-  return found->factor;
+  return found->Factor;
 }
 
 } // namespace portico::simulator

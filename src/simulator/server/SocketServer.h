@@ -18,8 +18,8 @@ public:
   static constexpr std::uint16_t StandardPort = 5025;
 
   struct Options {
-    std::string address = "127.0.0.1"; ///< of the interface, IPv4 or IPv6, in figures
-    std::uint16_t port = StandardPort; ///< 0 picks a free one
+    std::string Address = "127.0.0.1"; ///< of the interface, IPv4 or IPv6, in figures
+    std::uint16_t Port = StandardPort; ///< 0 picks a free one
   };
 
   /// Listens from now on; connections are accepted while Run() runs. `device` must outlive the server, and while Run()

@@ -68,12 +68,12 @@ SocketServer::SocketServer(Device& device, Options options) : m_device(device), 
   }
   m_wakeUpReader = FileDescriptor(ends[0]);
   m_wakeUpWriter = FileDescriptor(ends[1]);
-  m_port = m_options.port;
+  m_port = m_options.Port;
   Listen();
 }
 
 void SocketServer::Listen() {
-  const Addresses address = Resolve(m_options.address, m_options.port);
+  const Addresses address = Resolve(m_options.Address, m_options.Port);
   m_listener = FileDescriptor(socket(address->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
   if (m_listener.IsOpen()) SetOption(m_listener.Get(), SOL_SOCKET, SO_REUSEADDR);
   if (!m_listener.IsOpen() || bind(m_listener.Get(), address->ai_addr, address->ai_addrlen) != 0 ||
@@ -84,8 +84,8 @@ void SocketServer::Listen() {
 }
 
 std::string SocketServer::Endpoint() const {
-  const bool ipv6 = m_options.address.find(':') != std::string::npos;
-  return (ipv6 ? '[' + m_options.address + ']' : m_options.address) + ':' + std::to_string(m_port);
+  const bool ipv6 = m_options.Address.find(':') != std::string::npos;
+  return (ipv6 ? '[' + m_options.Address + ']' : m_options.Address) + ':' + std::to_string(m_port);
 }
 
 void SocketServer::Run() {

@@ -25,8 +25,8 @@ std::shared_ptr<MessageExchange> Executor::Join() {
 
 void Executor::Run(TimePoint now) {
   Proceed(); // a connection that was lost since may have let go of its input
-  while (m_operation && m_operation->end <= now) {
-    m_clock = m_operation->end;
+  while (m_operation && m_operation->End <= now) {
+    m_clock = m_operation->End;
     EndOperation();
     Proceed();
   }
@@ -36,8 +36,8 @@ void Executor::Run(TimePoint now) {
 }
 
 std::optional<TimePoint> Executor::OperationEnd() const {
-  if (!m_operation || m_operation->end == TimePoint::max()) return std::nullopt;
-  return m_operation->end;
+  if (!m_operation || m_operation->End == TimePoint::max()) return std::nullopt;
+  return m_operation->End;
 }
 
 void Executor::Proceed() {
@@ -57,13 +57,13 @@ void Executor::Proceed() {
 /// waiting for their turn.
 bool Executor::ReleaseOne() {
   auto released = std::find_if(m_holds.begin(), m_holds.end(), [this](const Hold& hold) {
-    return hold.operation && !(m_operation && m_operation->number == *hold.operation);
+    return hold.Operation && !(m_operation && m_operation->Number == *hold.Operation);
   });
   if (released == m_holds.end() && !m_operation) released = m_holds.begin();
   if (released == m_holds.end()) return false;
   Hold hold = std::move(*released);
   m_holds.erase(released);
-  CarryOn(hold.exchange, std::move(hold.then));
+  CarryOn(hold.Exchange, std::move(hold.Then));
   return true;
 }
 
@@ -99,7 +99,7 @@ void Executor::Guard(Action action) {
 }
 
 void Executor::StartOperation(Duration duration, std::uint16_t condition, std::function<void()> atEnd) {
-  if (m_operation) m_status.Operation().Clear(m_operation->condition);
+  if (m_operation) m_status.Operation().Clear(m_operation->Condition);
   const TimePoint end = duration == Forever ? TimePoint::max() : m_clock + duration;
   m_operation = {end, condition, std::move(atEnd), ++m_operations};
   m_status.Operation().Set(condition);
@@ -107,15 +107,15 @@ void Executor::StartOperation(Duration duration, std::uint16_t condition, std::f
 
 void Executor::CancelOperation() {
   if (!m_operation) return;
-  m_operation->atEnd = nullptr;
+  m_operation->AtEnd = nullptr;
   EndOperation();
 }
 
 void Executor::EndOperation() {
   const Operation ended = std::move(*m_operation);
   m_operation.reset();
-  m_status.Operation().Clear(ended.condition);
-  if (ended.atEnd) ended.atEnd();
+  m_status.Operation().Clear(ended.Condition);
+  if (ended.AtEnd) ended.AtEnd();
   if (m_operation) return;
   if (std::exchange(m_reportCompletion, false)) m_status.SetEvent(EventBit::OperationComplete);
 }
@@ -128,11 +128,11 @@ void Executor::WhenIdle(std::function<void()> then) {
   }
 }
 
-void Executor::Await(std::function<void()> then) { AddHold(std::move(then), m_operation->number); }
+void Executor::Await(std::function<void()> then) { AddHold(std::move(then), m_operation->Number); }
 
 void Executor::Supersede(std::function<void()> then) {
   const bool awaited = m_operation && std::any_of(m_holds.begin(), m_holds.end(), [this](const Hold& hold) {
-                         return hold.operation == m_operation->number;
+                         return hold.Operation == m_operation->Number;
                        });
   if (!awaited) CancelOperation();
   WhenIdle(std::move(then));

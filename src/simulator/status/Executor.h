@@ -68,16 +68,16 @@ public:
 
 private:
   struct Operation {
-    TimePoint end;
-    std::uint16_t condition;
-    std::function<void()> atEnd;
-    std::uint64_t number;
+    TimePoint End;
+    std::uint16_t Condition;
+    std::function<void()> AtEnd;
+    std::uint64_t Number;
   };
   /// A message that is held.
   struct Hold {
-    std::shared_ptr<MessageExchange> exchange;
-    std::function<void()> then;
-    std::optional<std::uint64_t> operation; ///< the one whose end it awaits; without one, that of any
+    std::shared_ptr<MessageExchange> Exchange;
+    std::function<void()> Then;
+    std::optional<std::uint64_t> Operation; ///< the one whose end it awaits; without one, that of any
   };
 
   void EndOperation();

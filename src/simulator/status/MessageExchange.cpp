@@ -36,8 +36,8 @@ void MessageExchange::Finish(TimePoint at, AnswerFaults& faults) {
   const bool endless = std::exchange(m_endless, false);
   if (!std::exchange(m_responding, false)) return;
   std::string response = std::exchange(m_response, {});
-  if (faults.silent) return;
-  at += std::exchange(faults.delay, {});
+  if (faults.Silent) return;
+  at += std::exchange(faults.Delay, {});
   if (!m_abandoned) m_responses.Push(std::move(response), at, endless);
 }
 

@@ -13,8 +13,8 @@ namespace portico::simulator {
 
 /// The faults of a device that concern its answers, on whichever connection they are made.
 struct AnswerFaults {
-  TimePoint::duration delay{}; ///< by which the next answer is late
-  bool silent = false;         ///< answers are dropped
+  TimePoint::duration Delay{}; ///< by which the next answer is late
+  bool Silent = false;         ///< answers are dropped
 };
 
 /// What one connection says and hears: the program messages that wait, the one that is being carried out, and the

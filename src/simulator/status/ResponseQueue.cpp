@@ -14,7 +14,7 @@ constexpr auto PieceInterval = std::chrono::milliseconds(1);
 
 void ResponseQueue::Push(std::string message, TimePoint readyAt, bool endless) {
   if (m_nextPiece) return; // behind an answer without end nothing can ever be read
-  if (!m_messages.empty()) readyAt = std::max(readyAt, m_messages.back().readyAt);
+  if (!m_messages.empty()) readyAt = std::max(readyAt, m_messages.back().ReadyAt);
   if (endless) {
     m_nextPiece = readyAt;
   } else {
@@ -32,14 +32,14 @@ std::optional<std::string> ResponseQueue::Pop(TimePoint now) {
     m_nextPiece = now + PieceInterval;
     return std::string(PieceBytes, '7');
   }
-  std::string message = std::move(m_messages.front().text);
+  std::string message = std::move(m_messages.front().Text);
   m_messages.pop_front();
   m_bytes -= message.size();
   return message;
 }
 
 std::optional<TimePoint> ResponseQueue::NextReady() const {
-  return m_messages.empty() ? m_nextPiece : m_messages.front().readyAt;
+  return m_messages.empty() ? m_nextPiece : m_messages.front().ReadyAt;
 }
 
 void ResponseQueue::Clear() {

@@ -35,8 +35,8 @@ public:
 
 private:
   struct Message {
-    std::string text;
-    TimePoint readyAt;
+    std::string Text;
+    TimePoint ReadyAt;
   };
 
   std::deque<Message> m_messages;

@@ -5,12 +5,12 @@
 namespace portico::terminal {
 
 /// Ctrl+C and a request to terminate. The first asks for an end at the line boundary; from the second on
-/// `onSecond` is called, in the signal handler, to end a wait as well. Once the object has gone they are ignored. One
+/// `whenSecond` is called, in the signal handler, to end a wait as well. Once the object has gone they are ignored. One
 /// object at a time.
 class Interrupts {
 public:
-  /// `onSecond` must be safe in a signal handler.
-  explicit Interrupts(std::function<void()> onSecond);
+  /// `whenSecond` must be safe in a signal handler.
+  explicit Interrupts(std::function<void()> whenSecond);
   ~Interrupts();
   Interrupts(const Interrupts&) = delete;
   Interrupts& operator=(const Interrupts&) = delete;

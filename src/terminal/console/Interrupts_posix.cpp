@@ -15,16 +15,16 @@ namespace {
 
 // What a signal handler can reach. The pipe makes a signal visible to poll, so that none slips in between a test of
 // the count and the wait for input.
-std::atomic<int> Count = 0;
-std::array<int, 2> Pipe = {-1, -1};
-const std::function<void()>* OnSecond = nullptr;
+std::atomic<int> requests = 0;
+std::array<int, 2> wakePipe = {-1, -1};
+const std::function<void()>* onSecond = nullptr;
 constexpr std::array Signals = {SIGINT, SIGTERM};
 
 void Handle(int) {
   const int before = errno;
-  if (++Count > 1 && OnSecond != nullptr) (*OnSecond)();
+  if (++requests > 1 && onSecond != nullptr) (*onSecond)();
   const char byte = 0;
-  if (write(Pipe[1], &byte, 1) < 0) {
+  if (write(wakePipe[1], &byte, 1) < 0) {
     // The pipe is full, so it can be read already.
   }
   errno = before;
@@ -39,26 +39,26 @@ void Install(void (*handler)(int)) {
 
 } // namespace
 
-Interrupts::Interrupts(std::function<void()> onSecond) : m_onSecond(std::move(onSecond)) {
-  if (pipe2(Pipe.data(), O_NONBLOCK | O_CLOEXEC) != 0) {
+Interrupts::Interrupts(std::function<void()> whenSecond) : m_onSecond(std::move(whenSecond)) {
+  if (pipe2(wakePipe.data(), O_NONBLOCK | O_CLOEXEC) != 0) {
     throw std::system_error(errno, std::generic_category(), "pipe");
   }
-  Count = 0;
-  OnSecond = &m_onSecond;
+  requests = 0;
+  onSecond = &m_onSecond;
   Install(Handle);
 }
 
 Interrupts::~Interrupts() {
   Install(SIG_IGN); // the program is ending, and one more of them must not change its exit status
-  OnSecond = nullptr;
-  for (const int end : Pipe) close(end);
+  onSecond = nullptr;
+  for (const int end : wakePipe) close(end);
 }
 
-bool Interrupts::Requested() const { return Count > 0; }
+bool Interrupts::Requested() const { return requests > 0; }
 
 bool Interrupts::WaitForInput(int descriptor) const {
   while (!Requested()) {
-    std::array<pollfd, 2> watched = {{{descriptor, POLLIN, 0}, {Pipe[0], POLLIN, 0}}};
+    std::array<pollfd, 2> watched = {{{descriptor, POLLIN, 0}, {wakePipe[0], POLLIN, 0}}};
     if (poll(watched.data(), watched.size(), -1) > 0 && watched[0].revents != 0) return !Requested();
   }
   return false;

@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QDir>
 #include <QMimeData>
+#include <QSettings>
 #include <QTemporaryDir>
 
 namespace portico::test {

@@ -17,12 +17,12 @@ std::vector<std::string> Headers(std::string_view message) {
   std::vector<std::string> headers;
   while (parser.Next(unit)) {
     std::string header;
-    for (const HeaderNode& node : unit.header) {
+    for (const HeaderNode& node : unit.Header) {
       if (!header.empty()) header += ':';
-      header += node.name;
-      if (node.suffix) header += std::to_string(*node.suffix);
+      header += node.Name;
+      if (node.Suffix) header += std::to_string(*node.Suffix);
     }
-    headers.push_back(header + (unit.query ? "?" : ""));
+    headers.push_back(header + (unit.Query ? "?" : ""));
   }
   return headers;
 }
@@ -31,8 +31,8 @@ Parameter Only(std::string_view message) {
   UnitParser parser(message);
   Unit unit;
   EXPECT_TRUE(parser.Next(unit));
-  EXPECT_EQ(unit.parameters.size(), 1U);
-  return unit.parameters.at(0);
+  EXPECT_EQ(unit.Parameters.size(), 1U);
+  return unit.Parameters.at(0);
 }
 
 int ErrorOf(std::string_view message) {
@@ -79,55 +79,55 @@ TEST(UnitParser, Decimals) {
   for (const char* number : {"1", "+1.5", "-.5", "2.", "1E3", "1.5e-3", "007"}) {
     const std::string message = std::string("A ") + number;
     const Parameter parameter = Only(message);
-    EXPECT_EQ(parameter.kind, Kind::Decimal);
-    EXPECT_EQ(parameter.text, number);
-    EXPECT_EQ(parameter.unit, "");
+    EXPECT_EQ(parameter.Form, Kind::Decimal);
+    EXPECT_EQ(parameter.Text, number);
+    EXPECT_EQ(parameter.Unit, "");
   }
 }
 
 TEST(UnitParser, UnitsMayStandApart) {
-  EXPECT_EQ(Only("A 1.5MV").unit, "MV");
-  EXPECT_EQ(Only("A 1.5 MV ").unit, "MV");
-  EXPECT_EQ(Only("A 1E3 V").unit, "V");
-  EXPECT_EQ(Only("A 1EXHZ").unit, "EXHZ");
-  EXPECT_EQ(Only("A 1EXHZ").text, "1");
+  EXPECT_EQ(Only("A 1.5MV").Unit, "MV");
+  EXPECT_EQ(Only("A 1.5 MV ").Unit, "MV");
+  EXPECT_EQ(Only("A 1E3 V").Unit, "V");
+  EXPECT_EQ(Only("A 1EXHZ").Unit, "EXHZ");
+  EXPECT_EQ(Only("A 1EXHZ").Text, "1");
 }
 
 TEST(UnitParser, NonDecimals) {
-  EXPECT_EQ(Only("A #HfF").text, "fF");
-  EXPECT_EQ(Only("A #HfF").mark, 16);
-  EXPECT_EQ(Only("A #q17").mark, 8);
-  EXPECT_EQ(Only("A #B101").mark, 2);
-  EXPECT_EQ(Only("A #B101").kind, Kind::NonDecimal);
+  EXPECT_EQ(Only("A #HfF").Text, "fF");
+  EXPECT_EQ(Only("A #HfF").Mark, 16);
+  EXPECT_EQ(Only("A #q17").Mark, 8);
+  EXPECT_EQ(Only("A #B101").Mark, 2);
+  EXPECT_EQ(Only("A #B101").Form, Kind::NonDecimal);
 }
 
 TEST(UnitParser, Strings) {
-  EXPECT_EQ(Only("A \"x;y,z\"").text, "x;y,z");
-  EXPECT_EQ(Only("A 'x'").mark, '\'');
-  EXPECT_EQ(Only("A \"a\"\"b\"").text, "a\"\"b");
-  EXPECT_EQ(Only("A ''").text, "");
+  EXPECT_EQ(Only("A \"x;y,z\"").Text, "x;y,z");
+  EXPECT_EQ(Only("A 'x'").Mark, '\'');
+  EXPECT_EQ(Only("A \"a\"\"b\"").Text, "a\"\"b");
+  EXPECT_EQ(Only("A ''").Text, "");
 }
 
 TEST(UnitParser, Blocks) {
-  EXPECT_EQ(Only("A #15ab;cd").text, "ab;cd");
-  EXPECT_EQ(Only("A #10").text, "");
-  EXPECT_EQ(Only("A #203abc").text, "abc");
-  EXPECT_EQ(Only("A #0any;thing, \"").text, "any;thing, \"");
+  EXPECT_EQ(Only("A #15ab;cd").Text, "ab;cd");
+  EXPECT_EQ(Only("A #10").Text, "");
+  EXPECT_EQ(Only("A #203abc").Text, "abc");
+  EXPECT_EQ(Only("A #0any;thing, \"").Text, "any;thing, \"");
 }
 
 TEST(UnitParser, CharactersAndExpressions) {
-  EXPECT_EQ(Only("A MAX").kind, Kind::Character);
-  EXPECT_EQ(Only("A CHAN2").text, "CHAN2");
-  EXPECT_EQ(Only("A (@1,2)").kind, Kind::Expression);
+  EXPECT_EQ(Only("A MAX").Form, Kind::Character);
+  EXPECT_EQ(Only("A CHAN2").Text, "CHAN2");
+  EXPECT_EQ(Only("A (@1,2)").Form, Kind::Expression);
 }
 
 TEST(UnitParser, ParametersAreSeparatedByCommas) {
   UnitParser parser("A 1 , MAX,'x' ;B 2");
   Unit unit;
   ASSERT_TRUE(parser.Next(unit));
-  EXPECT_EQ(unit.parameters.size(), 3U);
+  EXPECT_EQ(unit.Parameters.size(), 3U);
   ASSERT_TRUE(parser.Next(unit));
-  EXPECT_EQ(unit.parameters.size(), 1U);
+  EXPECT_EQ(unit.Parameters.size(), 1U);
   EXPECT_FALSE(parser.Next(unit));
 }
 

@@ -222,7 +222,7 @@ TEST(SocketServer, RefusesWhatItCannotServe) {
   EXPECT_THROW((SocketServer{*device, AnyPort("nowhere")}), std::invalid_argument);
   const SocketServer first(*device, AnyPort());
   SocketServer::Options same = AnyPort();
-  same.port = first.Port();
+  same.Port = first.Port();
   EXPECT_THROW((SocketServer{*device, same}), std::system_error);
 }
 

@@ -16,7 +16,7 @@ protected:
     };
     gInstrumentDriver = std::make_shared<drivers::InstrumentDriver>(
         drivers::TransportRegistry{{drivers::InterfaceKind::Socket, connect}},
-        drivers::SessionOptions{.clock = DriverClock});
+        drivers::SessionOptions{.Clock = DriverClock});
     Start(u"TCPIP::dmm::5025::SOCKET");
     for (const auto* item : {u"OPCPacing", u"AutoReadAfterQueryMode", u"AutoErrorCheckingMode"}) SetItem(item, u"Off");
     Past().Text(u"");

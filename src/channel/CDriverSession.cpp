@@ -3,9 +3,9 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/shared/CResponse.h"
+#include "platform/Termination.h"
 
 #include <algorithm>
-#include <array>
 
 namespace portico {
 
@@ -17,24 +17,17 @@ constexpr std::int32_t ReadBufferSize = 0x100000; // fixed: part of the contract
 constexpr std::size_t MessageBufferSize = 256;
 constexpr std::size_t AttributeBufferSize = 512;
 
-struct Termination {
-  StringView Text;
-  std::int32_t DriverValue;
-};
-constexpr std::array<Termination, 5> Terminations = {
-    {{u"Auto", 0}, {u"CR", 13}, {u"LF", 10}, {u"CRLF", 11}, {u"LFCR", 14}}};
-
 /// A text that matches none silently selects the first.
 std::int32_t TerminationValue(StringView text) {
   const auto* found =
-      std::find_if(Terminations.begin(), Terminations.end(), [&](const auto& known) { return known.Text == text; });
-  return found == Terminations.end() ? Terminations.front().DriverValue : found->DriverValue;
+      std::find_if(Terminations.begin(), Terminations.end(), [&](const auto& known) { return known.Name == text; });
+  return static_cast<std::int32_t>((found == Terminations.end() ? Terminations.front() : *found).Value);
 }
 
 String TerminationText(std::int32_t value) {
   const auto* found = std::find_if(Terminations.begin(), Terminations.end(),
-                                   [&](const auto& known) { return known.DriverValue == value; });
-  return found == Terminations.end() ? String() : String(found->Text);
+                                   [&](const auto& known) { return static_cast<std::int32_t>(known.Value) == value; });
+  return found == Terminations.end() ? String() : String(found->Name);
 }
 
 /// The whole buffer counts as text: blanks around the driver's text go first, then the terminators behind it.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drivers/DriverStatus.h"
-#include "drivers/wire/Termination.h"
+#include "platform/Termination.h"
 
 #include <cstdint>
 #include <string>
@@ -16,10 +16,10 @@ public:
   DriverResult Set(std::int32_t attribute, std::int32_t value);
   DriverResult Set(std::int32_t attribute, const std::string& text);
 
-  drivers::Termination Termination() const { return m_termination; }
+  portico::Termination Termination() const { return m_termination; }
 
 private:
-  drivers::Termination m_termination = drivers::Termination::Auto;
+  portico::Termination m_termination = portico::Termination::Auto;
   std::string m_errorQuery = "SYST:ERR?";
 };
 

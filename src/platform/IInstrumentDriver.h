@@ -50,7 +50,7 @@ public:
   virtual std::int32_t TVSCPI_error_message(std::int32_t session, std::int32_t status, char* buffer) = 0;
 };
 
-/// Attribute of a session: how a read finds the end of a message (signed 32-bit, one of the values below).
+/// Attribute of a session: how a read finds the end of a message (signed 32-bit, one of those of `Termination`).
 inline constexpr std::int32_t TVSCPI_ATTR_TERMCHAR = 1150007;
 /// Attribute of a session: the command that asks for the next error (text).
 inline constexpr std::int32_t TVSCPI_ATTR_ERRORQUERYSCPI = 1150002;

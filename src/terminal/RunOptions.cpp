@@ -3,6 +3,7 @@
 #include "configuration/Options.h"
 #include "framework/shared/Application.h"
 #include "platform/IEventLoop.h"
+#include "platform/Termination.h"
 
 #include <CLI/CLI.hpp>
 
@@ -31,7 +32,10 @@ std::string Complaint(OptionKind kind, const std::string& value) {
   case OptionKind::Switch:
     return oneOf({"On", "Off"}, "use On or Off");
   case OptionKind::Termination:
-    return oneOf({"Auto", "CR", "LF", "CRLF", "LFCR"}, "use Auto, CR, LF, CRLF or LFCR");
+    return std::any_of(Terminations.begin(), Terminations.end(),
+                       [&](const auto& known) { return ToUtf8(known.Name) == value; })
+               ? ""
+               : "use Auto, CR, LF, CRLF or LFCR";
   case OptionKind::Interval: {
     const auto interval = ReadWhole(value);
     return interval && *interval >= 1 && *interval <= LongestInterval ? "" : "use 1 to 65535 milliseconds";

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "drivers/wire/Termination.h"
+#include "platform/Termination.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -4,6 +4,7 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/shared/IConfiguration.h"
 #include "platform/IDialogControls.h"
+#include "platform/Termination.h"
 #include "ui/base/IMainFormParts.h"
 #include "ui/base/UserCommands.h"
 #include "ui/dialogs/DialogDesigns.h"
@@ -44,9 +45,6 @@ constexpr std::array Options2 = {
 constexpr std::array<std::span<const Option>, 2> OptionsOfPage = {Options1, Options2};
 constexpr std::array<StringView, 3> Buttons = {u"cmdOK", u"cmdCancel", u"cmdHelp"};
 
-/// By their position in the lists.
-constexpr std::array<StringView, 5> Terminations = {u"Auto", u"CR", u"LF", u"CRLF", u"LFCR"};
-
 void Set(ICheckBox& box, const String& state) {
   HuntERR::Check(state == u"On" || state == u"Off", ErrorNumber::InvalidArgument,
                  [&] { return state + u" is not a valid state for a check box."; });
@@ -62,13 +60,13 @@ String StateOf(const ICheckBox& box) {
 
 void Set(IComboBox& list, const String& termination) {
   for (std::size_t i = 0; i < Terminations.size(); ++i) {
-    if (Terminations[i] == termination) list.ListIndex(static_cast<std::int32_t>(i));
+    if (Terminations[i].Name == termination) list.ListIndex(static_cast<std::int32_t>(i));
   }
 }
 
 String TerminationOf(const IComboBox& list) {
   const std::int32_t index = list.ListIndex();
-  return index < 0 ? String() : String(Terminations.at(static_cast<std::size_t>(index)));
+  return index < 0 ? String() : String(Terminations.at(static_cast<std::size_t>(index)).Name);
 }
 
 } // namespace
@@ -93,7 +91,9 @@ void frmTVSCPIOptions::FillControls() {
   tabs.TabIndex(0);
   for (StringView name : {u"cboSCPITermChar", u"cboOtherTermChar"}) {
     auto& list = Control<IComboBox>(name);
-    for (StringView item : {u"Auto ", u"CR", u"LF", u"CRLF", u"LFCR"}) list.AddItem(String(item));
+    for (const NamedTermination& item : Terminations) {
+      list.AddItem(item.Value == Termination::Auto ? u"Auto " : String(item.Name));
+    }
   }
   Control<IPage>(Pages[1]).Left(PageOffScreen);                  // also when the options cannot be loaded
   EnableBeside(u"chkSCPITimed", u"lblUnit", u"txtSCPIInterval"); // their boxes need not change when they are loaded

@@ -1,8 +1,8 @@
-#include "drivers/wire/Termination.h"
+#include "platform/Termination.h"
 
 #include <gtest/gtest.h>
 
-namespace portico::drivers {
+namespace portico {
 namespace {
 
 TEST(Termination, FiveValuesAreKnown) {
@@ -21,4 +21,4 @@ TEST(Termination, NoOtherValueIs) {
 }
 
 } // namespace
-} // namespace portico::drivers
+} // namespace portico

@@ -5,8 +5,7 @@
 #include "application/Startup.h"
 #include "document/entities/IDataStore.h"
 #include "drivers/DriverRegistry.h"
-#include "drivers/InstrumentDriver.h"
-#include "drivers/StandardTransports.h"
+#include "drivers/StandardDriver.h"
 #include "drivers/SteadyClock.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
@@ -14,7 +13,6 @@
 #include "framework/shared/IConfiguration.h"
 #include "qt/Toolkit.h"
 #include "qt/loop/EventLoop.h"
-#include "simulator/server/DeviceRack.h"
 #include "ui/dialogs/KnownInstruments.h"
 #include "ui/main/frmMain.h"
 
@@ -197,11 +195,7 @@ int main(int argc, char** argv) {
   HuntERR::SetEnvironment(&environment);
   SteadyClock clock;
   const qt::Toolkit toolkit(qt::FindHelpFolder());
-  gInstrumentDriver = std::make_shared<InstrumentDriver>(
-      StandardTransports([devices = std::make_shared<simulator::DeviceRack>(1)](
-                             std::string_view device) { return devices->Connect(device); },
-                         clock),
-      SessionOptions{clock});
+  gInstrumentDriver = StandardDriver({clock});
   gInstrumentList = std::make_shared<KnownInstruments>();
   gRegistry = std::make_shared<DriverRegistry>("1");
 

@@ -3,15 +3,13 @@
 #include "application/HostEnvironment.h"
 #include "application/Startup.h"
 #include "configuration/CConfigurationClient.h"
-#include "drivers/InstrumentDriver.h"
-#include "drivers/StandardTransports.h"
+#include "drivers/StandardDriver.h"
 #include "drivers/SteadyClock.h"
 #include "framework/errors/HuntERR.h"
 #include "memory/EventLoop.h"
 #include "memory/RichTextBox.h"
 #include "memory/SettingsStore.h"
 #include "memory/SystemClock.h"
-#include "simulator/server/DeviceRack.h"
 #include "terminal/BatchRun.h"
 #include "terminal/console/Diagnostic.h"
 #include "terminal/console/FileSizeLimit.h"
@@ -25,8 +23,6 @@ namespace {
 using namespace portico;
 using namespace portico::drivers;
 using namespace portico::terminal;
-
-constexpr std::uint64_t SimulatorSeed = 1; // fixed, so that a run on a simulated instrument can be repeated
 
 int Fail(const std::string& text) {
   std::cerr << Diagnostic(text) << std::endl;
@@ -79,11 +75,7 @@ int Run(const RunOptions& options) {
   HuntERR::SetEnvironment(&environment);
   gEventLoop = loop;
   gSettingsStore = std::make_shared<memory::SettingsStore>();
-  gInstrumentDriver = std::make_shared<InstrumentDriver>(
-      StandardTransports([devices = std::make_shared<simulator::DeviceRack>(SimulatorSeed)](
-                             std::string_view device) { return devices->Connect(device); },
-                         driverClock),
-      SessionOptions{driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &news});
+  gInstrumentDriver = StandardDriver({driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &news});
   const auto window = New<TerminalWindow>(New<memory::RichTextBox>(), New<memory::RichTextBox>(),
                                           New<memory::RichTextBox>(), [&] { return interrupts.Requested(); });
   gMainForm = window;

@@ -5,14 +5,12 @@
 #include "application/WindowProgram.h"
 #include "channel/IChannel.h"
 #include "drivers/DriverRegistry.h"
-#include "drivers/InstrumentDriver.h"
-#include "drivers/StandardTransports.h"
+#include "drivers/StandardDriver.h"
 #include "drivers/SteadyClock.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/shared/Application.h"
 #include "qt/Toolkit.h"
 #include "qt/loop/EventLoop.h"
-#include "simulator/server/DeviceRack.h"
 #include "ui/dialogs/KnownInstruments.h"
 
 #include <QApplication>
@@ -21,8 +19,6 @@ namespace {
 
 using namespace portico;
 using namespace portico::drivers;
-
-constexpr std::uint64_t SimulatorSeed = 1; // a simulated instrument measures the same each time
 
 /// The whole command line is an instrument's name. One that is not UTF-8 names no instrument, and so it fails to open.
 String CommandLine(int argc, char** argv) {
@@ -38,11 +34,7 @@ String CommandLine(int argc, char** argv) {
 struct Wiring {
   Wiring() {
     HuntERR::SetEnvironment(&m_environment);
-    gInstrumentDriver = std::make_shared<InstrumentDriver>(
-        StandardTransports([devices = std::make_shared<simulator::DeviceRack>(SimulatorSeed)](
-                               std::string_view device) { return devices->Connect(device); },
-                           m_clock),
-        SessionOptions{m_clock});
+    gInstrumentDriver = StandardDriver({m_clock});
     gInstrumentList = std::make_shared<KnownInstruments>();
     gRegistry = std::make_shared<DriverRegistry>(ToUtf8(ApplicationVersion()));
   }

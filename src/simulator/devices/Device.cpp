@@ -9,15 +9,32 @@
 
 namespace portico::simulator {
 
-std::unique_ptr<Device> Device::Make(std::string_view kind, std::uint64_t seed) {
+std::optional<Device::Kind> Device::KindNamed(std::string_view name) {
+  if (Mnemonic("DMM").Matches(name)) return Kind::Multimeter;
+  if (Mnemonic("PSU").Matches(name)) return Kind::PowerSupply;
+  if (Mnemonic("SCOPE").Matches(name)) return Kind::Oscilloscope;
+  return std::nullopt;
+}
+
+std::unique_ptr<Device> Device::Make(std::string_view name, std::uint64_t seed) {
+  const auto kind = KindNamed(name);
+  return kind ? Make(*kind, seed) : nullptr;
+}
+
+std::unique_ptr<Device> Device::Make(Kind kind, std::uint64_t seed) {
   const auto make = [seed]<class Model>(std::type_identity<Model>) {
     return std::make_unique<Device>(
         [seed](Executor& executor, StatusModel& status) { return std::make_unique<Model>(executor, status, seed); },
         seed);
   };
-  if (Mnemonic("DMM").Matches(kind)) return make(std::type_identity<Multimeter>());
-  if (Mnemonic("PSU").Matches(kind)) return make(std::type_identity<PowerSupply>());
-  if (Mnemonic("SCOPE").Matches(kind)) return make(std::type_identity<Oscilloscope>());
+  switch (kind) {
+  case Kind::Multimeter:
+    return make(std::type_identity<Multimeter>());
+  case Kind::PowerSupply:
+    return make(std::type_identity<PowerSupply>());
+  case Kind::Oscilloscope:
+    return make(std::type_identity<Oscilloscope>());
+  }
   return nullptr;
 }
 

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 namespace portico::simulator {
@@ -19,9 +20,14 @@ namespace portico::simulator {
 /// It belongs to whoever wires a driver or a server, and must outlive the connections to it.
 class Device {
 public:
-  /// Makes an instrument in the state after power-on: "dmm", "psu" or "scope", in any case. An unknown kind gives a
-  /// null pointer.
-  static std::unique_ptr<Device> Make(std::string_view kind, std::uint64_t seed);
+  enum class Kind { Multimeter, PowerSupply, Oscilloscope };
+
+  /// The kind of a name, "dmm", "psu" or "scope" in any case; none for any other.
+  static std::optional<Kind> KindNamed(std::string_view name);
+  /// Makes an instrument in the state after power-on.
+  static std::unique_ptr<Device> Make(Kind kind, std::uint64_t seed);
+  /// The same by its name; a null pointer for one that names no kind.
+  static std::unique_ptr<Device> Make(std::string_view name, std::uint64_t seed);
 
   using ModelMaker = std::function<std::unique_ptr<InstrumentModel>(Executor&, StatusModel&)>;
   Device(const ModelMaker& makeModel, std::uint64_t seed);

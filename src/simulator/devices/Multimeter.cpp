@@ -171,8 +171,7 @@ void Multimeter::TakeReadings(std::int64_t count) {
 }
 
 void Multimeter::Trigger() {
-  const bool waiting = m_executor.OperationPending() && !m_executor.OperationEnd();
-  if (!waiting || m_settings.Trigger.Source != Settings::TriggerSource::Bus) {
+  if (!m_executor.OperationIsOpen() || m_settings.Trigger.Source != Settings::TriggerSource::Bus) {
     throw ScpiError(ErrorCode::TriggerIgnored);
   }
   TakeReadings(m_settings.Trigger.Samples);

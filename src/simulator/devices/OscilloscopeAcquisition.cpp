@@ -94,11 +94,11 @@ void OscilloscopeAcquisition::CatchUp() {
 }
 
 void OscilloscopeAcquisition::TriggerChanged() {
-  if (Armed() && Sweeps()) StartSweep();
+  if (m_executor.OperationIsOpen() && Sweeps()) StartSweep();
 }
 
 void OscilloscopeAcquisition::Trigger() {
-  if (!Armed() && (!m_running || Sweeps())) throw ScpiError(ErrorCode::TriggerIgnored);
+  if (!m_executor.OperationIsOpen() && (!m_running || Sweeps())) throw ScpiError(ErrorCode::TriggerIgnored);
   StartSweep();
 }
 

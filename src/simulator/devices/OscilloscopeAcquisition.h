@@ -62,7 +62,6 @@ private:
   /// Where in the trigger source's period the trigger is, in seconds; none if the signal does not cross the level.
   std::optional<double> Crossing() const;
   bool Sweeps() const { return m_settings.Trigger.Automatic || Crossing(); }
-  bool Armed() const { return m_executor.OperationPending() && !m_executor.OperationEnd(); }
   Executor::Duration SweepTime() const;
   void StartSweep();
   void BeginRun(bool running);

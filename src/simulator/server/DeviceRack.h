@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <string>
 #include <string_view>
 
 namespace portico::simulator {
@@ -18,13 +17,13 @@ public:
   /// All that looks random in its instruments comes from `seed`.
   explicit DeviceRack(std::uint64_t seed) : m_seed(seed) {}
 
-  /// Connects to the instrument of a kind as in Device::Make(); a null pointer for an unknown one. The rack must
-  /// outlive the connection.
-  std::unique_ptr<SimulatedConnection> Connect(std::string_view kind);
+  /// Connects to the instrument of a name as in Device::KindNamed(); a null pointer for one that names no kind. The
+  /// rack must outlive the connection.
+  std::unique_ptr<SimulatedConnection> Connect(std::string_view name);
 
 private:
   const std::uint64_t m_seed;
-  std::map<std::string, std::unique_ptr<Device>> m_devices; ///< by the kind in capitals
+  std::map<Device::Kind, std::unique_ptr<Device>> m_devices;
 };
 
 } // namespace portico::simulator

@@ -53,6 +53,8 @@ public:
   /// Ends the pending operation, if any, before its time and without its results.
   void CancelOperation();
   bool OperationPending() const { return m_operation.has_value(); }
+  /// An operation is pending that does not end by itself.
+  bool OperationIsOpen() const { return OperationPending() && !OperationEnd(); }
   /// Holds the message until no operation is pending, and calls `then`; at once if none is.
   void WhenIdle(std::function<void()> then);
   /// Holds the message until the operation that is pending now has ended, with its results or without, and calls `then`

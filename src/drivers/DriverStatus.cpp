@@ -1,5 +1,7 @@
 #include "drivers/DriverStatus.h"
 
+#include "drivers/ControlCharacters.h"
+
 #include <algorithm>
 #include <array>
 
@@ -50,11 +52,6 @@ const StatusEntry* Find(std::int32_t status) {
     return static_cast<std::int32_t>(candidate.Status) == status;
   });
   return entry == Statuses.end() ? nullptr : entry;
-}
-
-bool IsControl(char character) {
-  const auto byte = static_cast<unsigned char>(character);
-  return byte < 0x20 || byte == 0x7F;
 }
 
 } // namespace

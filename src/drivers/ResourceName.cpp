@@ -1,5 +1,7 @@
 #include "drivers/ResourceName.h"
 
+#include "drivers/ControlCharacters.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -27,11 +29,6 @@ char ToUpper(char character) {
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                     [](char a, char b) { return ToUpper(a) == ToUpper(b); });
-}
-
-bool IsControl(char character) {
-  const auto byte = static_cast<unsigned char>(character);
-  return byte < 0x20 || byte == 0x7F;
 }
 
 std::string_view Trimmed(std::string_view text) {

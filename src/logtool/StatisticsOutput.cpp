@@ -1,5 +1,6 @@
 #include "logtool/StatisticsOutput.h"
 
+#include "document/log/LogStamps.h"
 #include "framework/shared/ErrorAnswer.h"
 #include "framework/text/Printable.h"
 
@@ -11,16 +12,14 @@
 namespace portico::logtool {
 
 std::optional<std::int64_t> SecondsOf(std::string_view stamp) {
-  constexpr std::string_view form = "dddd-dd-ddTdd:dd:dd";
-  if (stamp.size() < form.size()) return {};
+  stamp = stamp.substr(0, StampSecondForm.size());
+  if (!HasStampForm(stamp, StampSecondForm)) return {};
   std::array<int, 6> fields{};
   std::size_t field = 0;
-  for (std::size_t i = 0; i < form.size(); ++i) {
-    if (form[i] != 'd') {
-      if (stamp[i] != form[i]) return {};
+  for (std::size_t i = 0; i < stamp.size(); ++i) {
+    if (StampSecondForm[i] != 'd') {
       ++field;
     } else {
-      if (stamp[i] < '0' || stamp[i] > '9') return {};
       fields[field] = fields[field] * 10 + (stamp[i] - '0');
     }
   }

@@ -9,16 +9,15 @@
 namespace portico {
 namespace {
 
-constexpr std::string_view SecondForm = "dddd-dd-ddTdd:dd:dd";
 constexpr std::string_view StampForm = "dddd-dd-ddTdd:dd:dd.ddddddddd-5:00";
 
-bool HasForm(std::string_view text, std::string_view form) {
+} // namespace
+
+bool HasStampForm(std::string_view text, std::string_view form) {
   return std::equal(text.begin(), text.end(), form.begin(), form.end(), [](char character, char expected) {
     return expected == 'd' ? character >= '0' && character <= '9' : character == expected;
   });
 }
-
-} // namespace
 
 void LogStamps::SessionOpened(const LogElement& session) {
   Note(session, LogName::OpenStamp);
@@ -36,10 +35,10 @@ std::string LogStamps::Latest() const { return m_highest.empty() ? std::string()
 
 void LogStamps::Note(const LogElement& element, std::string_view attribute) {
   const std::string_view stamp = element.Attribute(attribute).value_or("");
-  if (!HasForm(stamp, StampForm)) return;
+  if (!HasStampForm(stamp, StampForm)) return;
   std::int32_t number = 0;
-  std::from_chars(stamp.data() + SecondForm.size() + 1, stamp.data() + stamp.size(), number);
-  Note(stamp.substr(0, SecondForm.size()), number);
+  std::from_chars(stamp.data() + StampSecondForm.size() + 1, stamp.data() + stamp.size(), number);
+  Note(stamp.substr(0, StampSecondForm.size()), number);
 }
 
 void LogStamps::Note(std::string_view second, std::int32_t number) {

@@ -9,6 +9,11 @@
 
 namespace portico {
 
+/// How the second of a stamp is written; `d` stands for a digit.
+inline constexpr std::string_view StampSecondForm = "dddd-dd-ddTdd:dd:dd";
+/// The text is as long as the form and has a digit at each `d`, and the form's own characters elsewhere.
+bool HasStampForm(std::string_view text, std::string_view form);
+
 /// What the stamps of a log mean to whoever draws further ones. Stamps of another form, and those whose number has more
 /// than nine digits, are passed over.
 class LogStamps final : public ILogVisitor {

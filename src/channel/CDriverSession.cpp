@@ -30,8 +30,9 @@ String TerminationText(std::int32_t value) {
   return found == Terminations.end() ? String() : String(found->Name);
 }
 
-/// The whole buffer counts as text: blanks around the driver's text go first, then the terminators behind it.
-String CutTerminators(std::string_view buffer, std::size_t count) {
+/// The driver's text in a buffer of blanks, without the `count` characters that the driver ends it with. A response has
+/// no line end here: the driver's session has cut it.
+String TextInBuffer(std::string_view buffer, std::size_t count) {
   const String text = FromCodePage(buffer);
   const StringView trimmed = Trim(text);
   if (trimmed.size() < count) HuntERR::RaiseStandard(ErrorNumber::InvalidArgument);
@@ -57,7 +58,7 @@ CDriverSession::~CDriverSession() {
 String CDriverSession::GetErrorMessage(std::int32_t code) try {
   std::string buffer(MessageBufferSize, ' ');
   m_driver->TVSCPI_error_message(m_session, code, buffer.data());
-  return CutTerminators(buffer, 2);
+  return TextInBuffer(buffer, 2);
 } catch (...) {
   PassOn(u"CDriverSession.GetErrorMessage(code)", {code});
 }
@@ -131,7 +132,7 @@ Ref<IResponse> CDriverSession::GetChannelAttribute(const String& Name) try {
     std::string buffer(AttributeBufferSize, ' ');
     const std::int32_t status = m_driver->TVSCPI_GetAttributeViString(
         m_session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, static_cast<std::int32_t>(buffer.size()), buffer.data());
-    return GenerateResponse(status, CutTerminators(buffer, 1));
+    return GenerateResponse(status, TextInBuffer(buffer, 1));
   }
   return GenerateResponse(0, {});
 } catch (...) {

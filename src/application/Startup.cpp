@@ -27,8 +27,8 @@ void Main(const Startup& startup) try {
   form->Show();
   if (Trim(startup.CommandLine).empty()) return;
   auto configuration = Create(Class::Configuration);
-  configuration->ItemValue(u"InstrumentName", startup.CommandLine);
-  configuration->ItemValue(u"OpenfromTree", Value(true).ToString());
+  configuration->ItemValue(Item::InstrumentName, startup.CommandLine);
+  configuration->Set(Item::OpenfromTree, true);
   configuration = nullptr;
   form->mnuFileOpenInstrument_Click();
 } catch (...) {

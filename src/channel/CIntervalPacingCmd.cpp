@@ -26,8 +26,8 @@ const CreatorRow CtorIntervalPacingCmd = {
     .ParamCount = Class::IntervalPacingCommand.ParamCount,
     .Make = [](const Params& Parameters) -> Ref<IObject> {
       auto command = New<CIntervalPacingCmd>();
-      const Value interval = Create(Class::Configuration)->ItemValue(u"PacingInterval");
-      command->Initialize(Parameters[0].ToObject<ICommand>(), interval.ToLong(), Create(Class::CmdSubscriptionAgent));
+      const std::int32_t interval = Create(Class::Configuration)->Milliseconds(Item::PacingInterval);
+      command->Initialize(Parameters[0].ToObject<ICommand>(), interval, Create(Class::CmdSubscriptionAgent));
       return command;
     },
 };

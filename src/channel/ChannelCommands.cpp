@@ -25,9 +25,7 @@ void COpenCmd::Initialize(const Ref<ICommand>& InnerCommand, const String& Chann
 
 Ref<IResponse> COpenCmd::Operate() { return gChannel->OpenChannel(m_channelName); }
 
-void COpenCmd::AfterOperation() {
-  Create(Class::Configuration)->ItemValue(u"InstrumentOpened", Value(GetErrorCode() == 0).ToString());
-}
+void COpenCmd::AfterOperation() { Create(Class::Configuration)->Set(Item::InstrumentOpened, GetErrorCode() == 0); }
 
 void CWriteCmd::Initialize(const Ref<ICommand>& InnerCommand, const String& Data,
                            const Ref<IPublisher>& Publisher) try {

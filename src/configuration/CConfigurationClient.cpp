@@ -13,17 +13,16 @@
 namespace portico {
 namespace {
 
-constexpr char16_t ProtocolItem[] = u"ProtocolName";
 constexpr char16_t StoreSection[] = u"Configuration";
 
 /// Items that start fresh at each run.
 constexpr std::array<std::pair<StringView, StringView>, 6> FreshItems = {{
-    {u"InstrumentOpened", u"False"},
-    {u"OpenfromTree", u"False"},
-    {u"InstrumentName", u""},
-    {u"LogFileName", u""},
-    {u"Logging", u"On"},
-    {u"RunningMode", u"Off"},
+    {Item::InstrumentOpened, ItemText::False},
+    {Item::OpenfromTree, ItemText::False},
+    {Item::InstrumentName, {}},
+    {Item::LogFileName, {}},
+    {Item::Logging, ItemText::On},
+    {Item::RunningMode, ItemText::Off},
 }};
 
 [[noreturn]] void RaiseUnknownProtocol() {
@@ -55,9 +54,9 @@ const Ref<IConfiguration>& CConfigurationClient::Server() const {
 }
 
 std::int32_t CConfigurationClient::Protocol() const try {
-  const String name = Server()->ItemValue(ProtocolItem);
-  if (name == u"SCPI") return SCPI;
-  if (name == u"Other") return Other;
+  const String name = Server()->ItemValue(Item::ProtocolName);
+  if (name == ItemText::SCPI) return SCPI;
+  if (name == ItemText::Other) return Other;
   RaiseUnknownProtocol();
 } catch (...) {
   PassOn(Label(u".Protocol"));
@@ -66,7 +65,7 @@ std::int32_t CConfigurationClient::Protocol() const try {
 void CConfigurationClient::Protocol(std::int32_t newvalue) try {
   Server();
   if (newvalue != SCPI && newvalue != Other) RaiseUnknownProtocol();
-  m_server->ItemValue(ProtocolItem, newvalue == SCPI ? u"SCPI" : u"Other");
+  m_server->ItemValue(Item::ProtocolName, newvalue == SCPI ? ItemText::SCPI : ItemText::Other);
   ApplyProtocolSettings();
 } catch (...) {
   PassOn(Label(u".Protocol(newvalue)"), {newvalue});
@@ -78,7 +77,7 @@ String CConfigurationClient::ItemValue(StringView Name) try { return m_server->I
 
 void CConfigurationClient::ItemValue(StringView Name, StringView Value) try {
   m_server->ItemValue(Name, Value);
-  if (Name == ProtocolItem) {
+  if (Name == Item::ProtocolName) {
     ApplyProtocolSettings();
     gMainForm->UpdateUI({}, {});
   } else {
@@ -103,7 +102,7 @@ void CConfigurationClient::SetGlobalConfigurationServer() try {
 void CConfigurationClient::RestoreConfiguration() try {
   for (const auto& [name, value] : FreshItems) m_server->ItemValue(name, value);
   for (const PersistedOption& option : PersistedOptions()) {
-    const String name(option.Name);
+    const String name(option.Key.Name);
     m_server->ItemValue(name, m_store->GetSetting(ApplicationTitle, StoreSection, name, String(option.Default)));
   }
   ApplyProtocolSettings();
@@ -113,7 +112,7 @@ void CConfigurationClient::RestoreConfiguration() try {
 
 void CConfigurationClient::PersistConfiguration() try {
   for (const PersistedOption& option : PersistedOptions()) {
-    const String name(option.Name);
+    const String name(option.Key.Name);
     m_store->SaveSetting(ApplicationTitle, StoreSection, name, m_server->ItemValue(name));
   }
 } catch (...) {
@@ -121,9 +120,9 @@ void CConfigurationClient::PersistConfiguration() try {
 }
 
 void CConfigurationClient::ApplyProtocolSettings() try {
-  const String protocol = m_server->ItemValue(ProtocolItem);
-  const bool scpi = protocol == u"SCPI";
-  if (!scpi && protocol != u"Other") RaiseUnknownProtocol();
+  const String protocol = m_server->ItemValue(Item::ProtocolName);
+  const bool scpi = protocol == ItemText::SCPI;
+  if (!scpi && protocol != ItemText::Other) RaiseUnknownProtocol();
   for (const WorkingItem& item : WorkingItems()) {
     const StringView option = scpi ? item.ScpiOption : item.OtherOption;
     m_server->ItemValue(item.Name, option.empty() ? String(item.OtherFixed) : m_server->ItemValue(option));

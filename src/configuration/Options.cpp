@@ -6,27 +6,27 @@ namespace portico {
 namespace {
 
 constexpr std::array Persisted = {
-    PersistedOption{u"ProtocolName", u"SCPI", OptionKind::Protocol},
-    PersistedOption{u"SCPIProtocolOPCPacing", u"On", OptionKind::Switch},
-    PersistedOption{u"SCPIProtocolIntervalPacing", u"Off", OptionKind::Switch},
-    PersistedOption{u"SCPIProtocolPacingInterval", u"1000", OptionKind::Interval},
-    PersistedOption{u"SCPIProtocolAutoReadAfterQuery", u"On", OptionKind::Switch},
-    PersistedOption{u"SCPIProtocolAutoErrorChecking", u"On", OptionKind::Switch},
-    PersistedOption{u"SCPIProtocolErrorCheckingCommand", u":SYST:ERR?", OptionKind::Command},
-    PersistedOption{u"SCPIProtocolTerminationCharacter", u"Auto", OptionKind::Termination},
-    PersistedOption{u"OtherProtocolIntervalPacing", u"Off", OptionKind::Switch},
-    PersistedOption{u"OtherProtocolPacingInterval", u"1000", OptionKind::Interval},
-    PersistedOption{u"OtherProtocolTerminationCharacter", u"LF", OptionKind::Termination},
+    PersistedOption{Item::ProtocolName, ItemText::SCPI},
+    PersistedOption{Item::SCPIProtocolOPCPacing, ItemText::On},
+    PersistedOption{Item::SCPIProtocolIntervalPacing, ItemText::Off},
+    PersistedOption{Item::SCPIProtocolPacingInterval, u"1000"},
+    PersistedOption{Item::SCPIProtocolAutoReadAfterQuery, ItemText::On},
+    PersistedOption{Item::SCPIProtocolAutoErrorChecking, ItemText::On},
+    PersistedOption{Item::SCPIProtocolErrorCheckingCommand, u":SYST:ERR?"},
+    PersistedOption{Item::SCPIProtocolTerminationCharacter, u"Auto"},
+    PersistedOption{Item::OtherProtocolIntervalPacing, ItemText::Off},
+    PersistedOption{Item::OtherProtocolPacingInterval, u"1000"},
+    PersistedOption{Item::OtherProtocolTerminationCharacter, u"LF"},
 };
 
 constexpr std::array Working = {
-    WorkingItem{u"AutoErrorCheckingMode", u"SCPIProtocolAutoErrorChecking", u"", u"Off"},
-    WorkingItem{u"AutoReadAfterQueryMode", u"SCPIProtocolAutoReadAfterQuery", u"", u"Off"},
-    WorkingItem{u"OPCPacing", u"SCPIProtocolOPCPacing", u"", u"Off"},
-    WorkingItem{u"IntervalPacing", u"SCPIProtocolIntervalPacing", u"OtherProtocolIntervalPacing", u""},
-    WorkingItem{u"PacingInterval", u"SCPIProtocolPacingInterval", u"OtherProtocolPacingInterval", u""},
-    WorkingItem{u"ErrorCheckingCommand", u"SCPIProtocolErrorCheckingCommand", u"", u""},
-    WorkingItem{u"TERMCHAR", u"SCPIProtocolTerminationCharacter", u"OtherProtocolTerminationCharacter", u""},
+    WorkingItem{Item::AutoErrorCheckingMode, Item::SCPIProtocolAutoErrorChecking, {}, ItemText::Off},
+    WorkingItem{Item::AutoReadAfterQueryMode, Item::SCPIProtocolAutoReadAfterQuery, {}, ItemText::Off},
+    WorkingItem{Item::OPCPacing, Item::SCPIProtocolOPCPacing, {}, ItemText::Off},
+    WorkingItem{Item::IntervalPacing, Item::SCPIProtocolIntervalPacing, Item::OtherProtocolIntervalPacing, {}},
+    WorkingItem{Item::PacingInterval, Item::SCPIProtocolPacingInterval, Item::OtherProtocolPacingInterval, {}},
+    WorkingItem{Item::ErrorCheckingCommand, Item::SCPIProtocolErrorCheckingCommand, {}, {}},
+    WorkingItem{Item::TERMCHAR, Item::SCPIProtocolTerminationCharacter, Item::OtherProtocolTerminationCharacter, {}},
 };
 
 } // namespace

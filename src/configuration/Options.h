@@ -1,25 +1,15 @@
 #pragma once
 
-#include "framework/text/text.h"
+#include "framework/shared/ConfigurationItems.h"
 
 #include <span>
 
 namespace portico {
 
-/// What a persisted option may hold.
-enum class OptionKind {
-  Protocol,    ///< "SCPI" or "Other"
-  Switch,      ///< "On" or "Off"
-  Interval,    ///< milliseconds as text; 1 to 65535 elapse
-  Command,     ///< any text
-  Termination, ///< "Auto", "CR", "LF", "CRLF" or "LFCR"
-};
-
 /// An item that outlives the program, in the section "Configuration" of the settings store.
 struct PersistedOption {
-  StringView Name;
+  AnyItemKey Key;
   StringView Default;
-  OptionKind Kind;
 };
 
 /// All of them, in the order in which they are restored and saved.

@@ -3,17 +3,12 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
-#include "framework/objects/modGlobals.h"
 #include "framework/shared/IConfiguration.h"
 #include "instructions/CInstGenerator.h"
 #include "instructions/IInstProcessor.h"
 
 namespace portico::InstrumentAccess {
 namespace {
-
-constexpr StringView InstrumentName = u"InstrumentName";
-constexpr StringView InstrumentOpened = u"InstrumentOpened";
-constexpr StringView Termchar = u"TERMCHAR";
 
 /// The server: what is written to it tells the main window nothing.
 Ref<IConfiguration> Server() { return Create(Class::Configuration); }
@@ -29,22 +24,22 @@ void Send(const Ref<CInstContainer>& Instruction) {
 std::optional<String> Open(const String& Name) {
   Send(CInstGenerator().ConstructXMLOpenCmdString(Name));
   const auto configuration = Server();
-  configuration->ItemValue(InstrumentName, Name);
-  String termination = configuration->ItemValue(Termchar);
-  if (!Value(configuration->ItemValue(InstrumentOpened)).ToBoolean()) return {};
+  configuration->ItemValue(Item::InstrumentName, Name);
+  String termination = configuration->ItemValue(Item::TERMCHAR);
+  if (!configuration->IsTrue(Item::InstrumentOpened)) return {};
   return termination;
 }
 
 void SetTermination(const String& Termination) {
-  Send(CInstGenerator().ConstructXMLSetAttribCmdString(String(Termchar), Termination));
+  Send(CInstGenerator().ConstructXMLSetAttribCmdString(String(Item::TERMCHAR), Termination));
 }
 
 void Close() {
   Send(CInstGenerator().ConstructXMLCloseCmdString());
   const auto configuration = Server();
-  configuration->ItemValue(InstrumentName, u"");
-  configuration->ItemValue(InstrumentOpened, u"False");
-  configuration->ItemValue(u"OpenfromTree", u"False");
+  configuration->ItemValue(Item::InstrumentName, u"");
+  configuration->Set(Item::InstrumentOpened, false);
+  configuration->Set(Item::OpenfromTree, false);
 }
 
 } // namespace portico::InstrumentAccess

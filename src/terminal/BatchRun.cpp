@@ -14,8 +14,6 @@ namespace {
 
 constexpr std::size_t LongestBatch = 1000; // lines that stand in the command window at once
 
-bool IsOn(StringView item) { return gConfiguration->ItemValue(item) == u"On"; }
-
 /// Of the error that was stopped last: what a report begins with, its description.
 std::string WhatFailed() {
   const String report = HuntERR::ErrDescription();
@@ -121,8 +119,8 @@ ExitStatus BatchRun::Run(const Sources& sources) {
 
 void BatchRun::ApplyOptions() {
   for (const auto& [name, value] : m_options.Options) gConfiguration->ItemValue(name, value);
-  gConfiguration->ItemValue(u"ProtocolName", m_options.Protocol); // only this brings the options into effect
-  gConfiguration->ItemValue(u"CurrentInstruction", {});
+  gConfiguration->ItemValue(Item::ProtocolName, m_options.Protocol); // only this brings the options into effect
+  gConfiguration->ItemValue(Item::CurrentInstruction, {});
 }
 
 bool BatchRun::OpenLog() try {
@@ -248,7 +246,10 @@ void BatchRun::JudgeDriver() {
 
 void BatchRun::JudgeAnswer() {
   const auto& answer = m_faults->LastAnswer();
-  if (!answer || !IsOn(u"AutoErrorCheckingMode") || !IsOn(u"AutoReadAfterQueryMode") || !ReportsError(*answer)) return;
+  if (!answer) return;
+  const bool isAsked =
+      gConfiguration->IsOn(Item::AutoErrorCheckingMode) && gConfiguration->IsOn(Item::AutoReadAfterQueryMode);
+  if (!isAsked || !ReportsError(*answer)) return;
   Diagnose("the instrument reports " + ToUtf8(*answer));
   m_status.Note(ExitStatus::InstrumentError);
   if (m_options.StopOnError) Stop();

@@ -24,29 +24,29 @@ std::optional<int> ReadWhole(std::string_view text) {
 }
 
 /// What would be right, for an option value that is not; empty if it is.
-std::string Complaint(OptionKind kind, const std::string& value) {
+std::string Complaint(ItemType type, const std::string& value) {
   const auto oneOf = [&](std::initializer_list<std::string_view> allowed, const char* complaint) {
     return std::find(allowed.begin(), allowed.end(), value) != allowed.end() ? "" : complaint;
   };
-  switch (kind) {
-  case OptionKind::Switch:
+  switch (type) {
+  case ItemType::Switch:
     return oneOf({"On", "Off"}, "use On or Off");
-  case OptionKind::Termination:
+  case ItemType::Termination:
     return std::any_of(Terminations.begin(), Terminations.end(),
                        [&](const auto& known) { return ToUtf8(known.Name) == value; })
                ? ""
                : "use Auto, CR, LF, CRLF or LFCR";
-  case OptionKind::Interval: {
+  case ItemType::Interval: {
     const auto interval = ReadWhole(value);
     return interval && *interval >= 1 && *interval <= LongestInterval ? "" : "use 1 to 65535 milliseconds";
   }
-  case OptionKind::Command: {
+  case ItemType::Command: {
     const Utf8Text text = FromUtf8(value);
     const bool sendable = !text.BadByte && !FindOutsideCodePage(text.Text) &&
                           text.Text.find_first_of(StringView(u"\0\r\n", 3)) == String::npos;
     return sendable ? "" : "use characters of the instrument's code page on one line";
   }
-  case OptionKind::Protocol:
+  default: // the protocol
     break;
   }
   return "use --protocol";
@@ -55,8 +55,8 @@ std::string Complaint(OptionKind kind, const std::string& value) {
 std::string NamesOf(StringView protocol) {
   std::string names;
   for (const PersistedOption& option : PersistedOptions()) {
-    if (option.Name.substr(0, protocol.size()) != protocol) continue;
-    names += (names.empty() ? "" : ", ") + ToUtf8(option.Name);
+    if (option.Key.Name.substr(0, protocol.size()) != protocol) continue;
+    names += (names.empty() ? "" : ", ") + ToUtf8(option.Key.Name);
   }
   return names;
 }
@@ -71,13 +71,13 @@ std::optional<UsageError> AddOption(RunOptions& options, const std::string& text
   const String wanted = FromUtf8(name).Text;
   const auto known = PersistedOptions();
   const auto found = std::find_if(known.begin(), known.end(), [&](const PersistedOption& option) {
-    return option.Name == wanted && option.Name.substr(0, prefix.size()) == prefix;
+    return option.Key.Name == wanted && option.Key.Name.substr(0, prefix.size()) == prefix;
   });
   if (found == known.end()) {
     return UsageError{"--option " + name + ": the protocol " + ToUtf8(options.Protocol) +
                       " has no such option; it has " + NamesOf(prefix)};
   }
-  if (const std::string complaint = Complaint(found->Kind, value); !complaint.empty()) {
+  if (const std::string complaint = Complaint(found->Key.Type, value); !complaint.empty()) {
     return UsageError{"--option " + name + ": '" + value + "' is not a value of it; " + complaint};
   }
   options.Options.emplace_back(wanted, FromUtf8(value).Text);

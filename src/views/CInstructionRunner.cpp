@@ -12,9 +12,6 @@
 namespace portico {
 namespace {
 
-constexpr StringView CurrentInstruction = u"CurrentInstruction";
-constexpr StringView RunningMode = u"RunningMode";
-
 /// The text of an instruction; empty for a remark and for every other kind of entity.
 String InstructionText(const IDataEntity& entity) {
   if (entity.DataType() != DataTypeName::Instruction) return {};
@@ -45,8 +42,8 @@ void CInstructionRunner::Update(const Ref<IObject>& Subject) try {
   const bool goOn = code == ErrorNumber::SendNextInstruction;
   const bool ended = code == ErrorNumber::InstructionComplete;
   if (goOn) SendNextInstruction();
-  if (ended) gConfiguration->ItemValue(CurrentInstruction, {});
-  if ((goOn || ended) && gConfiguration->ItemValue(RunningMode) != u"Off") ReadyForInstruction();
+  if (ended) gConfiguration->ItemValue(Item::CurrentInstruction, {});
+  if ((goOn || ended) && gConfiguration->ItemValue(Item::RunningMode) != ItemText::Off) ReadyForInstruction();
   gEventLoop->DoEvents();
 } catch (...) {
   PassOn(u"CInstructionRunner.ISubscriber_Update(Subject)", {Subject});
@@ -59,7 +56,8 @@ void CInstructionRunner::SendNextInstruction() {
   }
   m_source->Instructions()->Dequeue();
   // The view is asked again: without the line's text its queue may end earlier than the one that the line came from.
-  if (m_source->Instructions()->Count() == 0 || gConfiguration->ItemValue(RunningMode) == u"Step") m_stop->Execute();
+  if (m_source->Instructions()->Count() == 0 || gConfiguration->ItemValue(Item::RunningMode) == ItemText::Step)
+    m_stop->Execute();
   m_source->Refresh();
 }
 
@@ -68,7 +66,7 @@ String CInstructionRunner::TakeInstructionText() {
   HuntERR::Check(queue->Count() >= 1, ErrorNumber::InternalState,
                  u"Cannot send the next instruction. The instruction queue is empty.");
   String text = InstructionText(*queue->Peek());
-  gConfiguration->ItemValue(CurrentInstruction, text);
+  gConfiguration->ItemValue(Item::CurrentInstruction, text);
   if (text.empty()) return text;
   // Only the text of the instruction goes on to the step command, which takes an instruction and so refuses it.
   return CInstGenerator().ConstructXMLSCPICmdString(text)->Params()->Item(u"Data").ToString();

@@ -29,7 +29,7 @@ bool LineRunner::Act(const String& line, LineKind kind) {
 
 bool LineRunner::SendLine(const String& line) {
   const Ref<CInstContainer> instruction = CInstGenerator().ConstructXMLSCPICmdString(line);
-  gConfiguration->ItemValue(u"CurrentInstruction", line);
+  gConfiguration->ItemValue(Item::CurrentInstruction, line);
   if (instruction->FunctionName().empty()) return false;
   CreateCommand(Class::Step, modGlobals::VarArray(instruction), u"Cannot create a step command.")->Execute();
   return true;

@@ -9,13 +9,6 @@
 #include "instructions/InstrumentAccess.h"
 
 namespace portico {
-namespace {
-
-constexpr StringView RunningMode = u"RunningMode";
-constexpr StringView Off = u"Off";
-
-} // namespace
-
 void CStep::Initialize(const Ref<CInstContainer>& Instruction) {
   m_instruction = Instruction;
   SetInitialized();
@@ -25,7 +18,7 @@ void CStep::Act() { InstrumentAccess::Send(m_instruction); }
 
 void CStop::Act() {
   CheckConfiguration();
-  gConfiguration->ItemValue(RunningMode, Off);
+  gConfiguration->ItemValue(Item::RunningMode, ItemText::Off);
 }
 
 CRun::~CRun() {
@@ -45,8 +38,10 @@ void CRun::Initialize(const Ref<CInstructionRunner>& Runner, const String& Mode)
 
 void CRun::Act() {
   CheckConfiguration();
-  gConfiguration->ItemValue(RunningMode, m_mode);
-  while (gConfiguration->ItemValue(RunningMode) != Off) m_runner->Update(Ref<IObject>(shared_from_this()));
+  gConfiguration->ItemValue(Item::RunningMode, m_mode);
+  while (gConfiguration->ItemValue(Item::RunningMode) != ItemText::Off) {
+    m_runner->Update(Ref<IObject>(shared_from_this()));
+  }
 }
 
 const CreatorRow CtorStep = {

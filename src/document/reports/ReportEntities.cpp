@@ -10,7 +10,7 @@ namespace {
 
 /// What the user typed begins with the text; what the builders add, pacing queries and error checks, does not.
 bool IsTyped(StringView text) {
-  const String line = gConfiguration->ItemValue(u"CurrentInstruction");
+  const String line = gConfiguration->ItemValue(Item::CurrentInstruction);
   return EqualNoCase(StringView(line).substr(0, text.size()), text);
 }
 

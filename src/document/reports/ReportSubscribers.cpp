@@ -9,12 +9,6 @@
 #include "framework/shared/IConfiguration.h"
 
 namespace portico {
-namespace {
-
-constexpr StringView LoggingItem = u"Logging";
-
-} // namespace
-
 void CReportDisplayer::Initialize(const Ref<IInstructionQueue>& Target) try {
   HuntERR::Check(bool(Target), ErrorNumber::InvalidArgument, u"Target cannot be nothing.");
   CheckFactory();
@@ -49,7 +43,7 @@ void CReportLogger::Initialize(const Ref<IDataStore>& DataStore) try {
 bool CReportLogger::IsLogging() const try {
   CheckInitialized(m_initialized);
   CheckConfiguration();
-  return gConfiguration->ItemValue(LoggingItem) == u"On";
+  return gConfiguration->IsOn(Item::Logging);
 } catch (...) {
   PassOn(u"CReportLogger.IsLogging()");
 }
@@ -57,7 +51,7 @@ bool CReportLogger::IsLogging() const try {
 void CReportLogger::DisableLogging() try {
   CheckInitialized(m_initialized);
   CheckConfiguration();
-  gConfiguration->ItemValue(LoggingItem, u"Off");
+  gConfiguration->Set(Item::Logging, false);
   m_store->CloseSession();
 } catch (...) {
   PassOn(u"CReportLogger.DisableLogging()");
@@ -66,7 +60,7 @@ void CReportLogger::DisableLogging() try {
 void CReportLogger::EnableLogging() try {
   CheckInitialized(m_initialized);
   CheckConfiguration();
-  gConfiguration->ItemValue(LoggingItem, u"On");
+  gConfiguration->Set(Item::Logging, true);
   m_store->OpenSession();
 } catch (...) {
   PassOn(u"CReportLogger.EnableLogging()");

@@ -1,17 +1,31 @@
 #pragma once
 
 #include "framework/objects/ClassKey.h"
+#include "framework/shared/ConfigurationItems.h"
 #include "framework/shared/IResponse.h"
+
+#include <cstdint>
 
 namespace portico {
 
-/// One flat table of named text items, which steers everything.
+/// One flat table of named text items, which steers everything. The items that the program knows, and what they hold,
+/// stand in ConfigurationItems.h.
 class IConfiguration : public virtual IObject {
 public:
-  /// An absent item raises 0x80041461.
+  /// An absent item raises `NoSuchItem`, whichever way it is read.
   virtual String ItemValue(StringView Name) = 0;
   /// Makes the item if need be.
   virtual void ItemValue(StringView Name, StringView Value) = 0;
+
+  /// Anything but "On" counts as off.
+  bool IsOn(ItemKey<ItemType::Switch> Key) { return ItemValue(Key) == ItemText::On; }
+  /// A text that does not read as true or false raises `TypeMismatch`.
+  bool IsTrue(ItemKey<ItemType::Truth> Key);
+  /// A text that does not read as a number raises `TypeMismatch`, a number over 32 bits `Overflow`.
+  std::int32_t Milliseconds(ItemKey<ItemType::Interval> Key);
+
+  void Set(ItemKey<ItemType::Switch> Key, bool on) { ItemValue(Key, on ? ItemText::On : ItemText::Off); }
+  void Set(ItemKey<ItemType::Truth> Key, bool truth) { ItemValue(Key, truth ? ItemText::True : ItemText::False); }
 };
 
 /// The table as XML: a root `Parameters` of `Parameter` elements with the attribute `Name` and the value as text.

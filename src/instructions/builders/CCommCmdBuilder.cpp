@@ -35,7 +35,7 @@ StringArray Values(const KeyedList<Value>& parameters) {
 
 bool IsInstrumentRecordedAsOpen() {
   const auto configuration = Create(Class::Configuration);
-  return !configuration->ItemValue(u"InstrumentName").empty();
+  return !configuration->ItemValue(Item::InstrumentName).empty();
 }
 
 } // namespace

@@ -9,14 +9,10 @@
 #include "instructions/builders/modBuilder.h"
 
 namespace portico {
-namespace {
-
-String Item(StringView name) { return Create(Class::Configuration)->ItemValue(name); }
-
-} // namespace
 
 Ref<ICommand> CErrChkCmdBuilder::Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) try {
-  const auto check = modBuilder::Instruction(u"SCPI", u"Send", Item(u"ErrorCheckingCommand"));
+  const String command = Create(Class::Configuration)->ItemValue(Item::ErrorCheckingCommand);
+  const auto check = modBuilder::Instruction(u"SCPI", u"Send", command);
   return Create(Class::SCPICommandBuilder)->Build(InnerCommand, check);
 } catch (...) {
   PassOn(String(ClassName()).append(u".IBuilder_Build(InnerCommand, Instruction)"), {InnerCommand, Instruction});
@@ -27,9 +23,9 @@ const CreatorRow CtorErrChkCmdBuilder = {
     .Specification = Class::ErrorCheckingCommandBuilder,
     .ParamCount = Class::ErrorCheckingCommandBuilder.ParamCount,
     .Make = [](const Params&) -> Ref<IObject> {
-      const String mode = Item(u"AutoErrorCheckingMode");
-      if (mode == u"On") return New<CErrChkCmdBuilder>();
-      if (mode == u"Off") return Create(Class::NullCommandBuilder);
+      const String mode = Create(Class::Configuration)->ItemValue(Item::AutoErrorCheckingMode);
+      if (mode == ItemText::On) return New<CErrChkCmdBuilder>();
+      if (mode == ItemText::Off) return Create(Class::NullCommandBuilder);
       HuntERR::Raise(ErrorNumber::OptionNotDefined, u"CtorErrChkCmdBuilder",
                      u"Requested auto-error checking mode, " + mode + u" is not defined.");
     },

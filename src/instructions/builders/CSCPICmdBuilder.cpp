@@ -48,12 +48,12 @@ Ref<ICommand> CSCPICmdBuilder::Build(const Ref<ICommand>& InnerCommand, const Re
   const StringArray data = modBuilder::LastValueFirst(*Instruction->Params());
   Ref<ICommand> command = InnerCommand;
   if (ContainsQuery(data)) {
-    const String mode = Create(Class::Configuration)->ItemValue(u"AutoReadAfterQueryMode");
-    if (mode != u"On" && mode != u"Off") {
+    const String mode = Create(Class::Configuration)->ItemValue(Item::AutoReadAfterQueryMode);
+    if (mode != ItemText::On && mode != ItemText::Off) {
       HuntERR::Raise(ErrorNumber::OptionNotDefined, ClassName(),
                      u"Requested auto-read-after-query mode, " + mode + u" is not defined.");
     }
-    const auto& reader = mode == u"On" ? Class::CommunicationCommandBuilder : Class::NullCommandBuilder;
+    const auto& reader = mode == ItemText::On ? Class::CommunicationCommandBuilder : Class::NullCommandBuilder;
     command = Create(reader)->Build(command, m_readInstruction);
   }
   // After the mode: an unknown function with a bad mode reports the mode.

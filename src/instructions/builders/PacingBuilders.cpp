@@ -17,10 +17,10 @@ constexpr StringView BuildLabel = u".IBuilder_Build(InnerCommand, Instruction)";
 /// The builder of an option, or the null builder when it is off. Anything but "On" and "Off" raises 51, with a text
 /// that names the same option in both creators.
 template <class Builder>
-Ref<IObject> Switched(StringView item, StringView creator) {
+Ref<IObject> Switched(ItemKey<ItemType::Switch> item, StringView creator) {
   const String state = Create(Class::Configuration)->ItemValue(item);
-  if (state == u"On") return New<Builder>();
-  if (state == u"Off") return Create(Class::NullCommandBuilder);
+  if (state == ItemText::On) return New<Builder>();
+  if (state == ItemText::Off) return Create(Class::NullCommandBuilder);
   HuntERR::Raise(ErrorNumber::InternalState, creator, u"OPCPacing is misconfigured.");
 }
 
@@ -63,7 +63,8 @@ const CreatorRow CtorIntrvlPcngCmdBldr = {
     .Name = u"CtorIntrvlPcngCmdBldr",
     .Specification = Class::IntervalPacingCommandBuilder,
     .ParamCount = Class::IntervalPacingCommandBuilder.ParamCount,
-    .Make = [](const Params&) { return Switched<CIntervalPcngCmdBldr>(u"IntervalPacing", u"CtorIntrvlPcngCmdBldr"); },
+    .Make =
+        [](const Params&) { return Switched<CIntervalPcngCmdBldr>(Item::IntervalPacing, u"CtorIntrvlPcngCmdBldr"); },
     .FailureNumber = ErrorNumber::CannotCreate,
     .FailureText = u"Cannot create an interval pacing command builder.",
 };
@@ -72,7 +73,7 @@ const CreatorRow CtorOPCQueryCmdBldr = {
     .Name = u"CtorOPCQueryCmdBldr",
     .Specification = Class::OPCQueryPacingCommandBuilder,
     .ParamCount = Class::OPCQueryPacingCommandBuilder.ParamCount,
-    .Make = [](const Params&) { return Switched<COPCQueryCmdBuilder>(u"OPCPacing", u"CtorOPCQueryCmdBldr"); },
+    .Make = [](const Params&) { return Switched<COPCQueryCmdBuilder>(Item::OPCPacing, u"CtorOPCQueryCmdBldr"); },
     .FailureNumber = ErrorNumber::CannotCreate,
     .FailureText = u"Cannot create an OPC pacing command builder.",
 };

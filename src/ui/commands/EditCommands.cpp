@@ -46,7 +46,7 @@ bool CCopyTo::OpenCopyToFile() try {
     Wired(gMessageBox).Show(u"Do you want to erase " + name + u"?", ApplicationTitle, MessageBoxButtons::YesNo);
   }
   const auto store = OpenStore(name);
-  gConfiguration->ItemValue(u"CopyToFileName", name);
+  gConfiguration->ItemValue(Item::CopyToFileName, name);
   return bool(store);
 } catch (...) {
   PassOn(u"CCopyTo.OpenCopyToFile");
@@ -61,7 +61,7 @@ bool CPasteFrom::OpenPasteFromFile() try {
   if (name.empty()) return false;
   HuntERR::Check(modGlobals::FileExists(name), ErrorNumber::FileNotFound, u"Paste-from file does not exist.");
   const auto store = OpenStore(name);
-  gConfiguration->ItemValue(u"PasteFromFileName", name);
+  gConfiguration->ItemValue(Item::PasteFromFileName, name);
   return bool(store);
 } catch (...) {
   PassOn(u"CPasteFrom.OpenPasteFromFile");

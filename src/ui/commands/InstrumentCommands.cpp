@@ -32,8 +32,8 @@ String AskForInstrument() {
 
 void COpenInstrument::Act() {
   const auto configuration = Create(Class::Configuration);
-  const bool isNamed = Value(configuration->ItemValue(u"OpenfromTree")).ToBoolean();
-  const String name = isNamed ? configuration->ItemValue(u"InstrumentName") : AskForInstrument();
+  const bool isNamed = configuration->IsTrue(Item::OpenfromTree);
+  const String name = isNamed ? configuration->ItemValue(Item::InstrumentName) : AskForInstrument();
   if (name.empty()) return;
   const auto termination = InstrumentAccess::Open(name);
   if (!termination) return;
@@ -46,7 +46,7 @@ void CCloseInstrument::Act() { InstrumentAccess::Close(); }
 
 void CReadInstrumentData::Act() { InstrumentAccess::Send(CInstGenerator().ConstructXMLReadCmdString()); }
 
-void CQueryStatus::Act() { WriteAndRead(gConfiguration->ItemValue(u"ErrorCheckingCommand")); }
+void CQueryStatus::Act() { WriteAndRead(gConfiguration->ItemValue(Item::ErrorCheckingCommand)); }
 
 void CWaitOPC::Act() { WriteAndRead(u"*OPC?"); }
 

@@ -14,10 +14,6 @@
 namespace portico {
 namespace {
 
-constexpr StringView LogFileName = u"LogFileName";
-constexpr StringView Logging = u"Logging";
-constexpr StringView On = u"On";
-
 /// Empty if the user has cancelled.
 String Ask(const Ref<frmSelectFile>& dialog, const String& title, std::int32_t filters) {
   return dialog->SelectedFileName(SelectToOpen, title, filters);
@@ -38,7 +34,7 @@ bool MayErase(const String& name) {
 
 void CNewLogFile::Act() {
   CheckConfiguration();
-  if (gConfiguration->ItemValue(LogFileName).empty()) {
+  if (gConfiguration->ItemValue(Item::LogFileName).empty()) {
     OpenNewLogFile();
   } else {
     CloseLogFile();
@@ -51,8 +47,8 @@ void CNewLogFile::OpenNewLogFile() try {
   const bool overWrite = modGlobals::FileExists(name) && MayErase(name);
   const auto store = Create(Class::DataStore, name, overWrite);
   HuntERR::Check(bool(store), ErrorNumber::CannotCreate, u"Cannot create a log file.");
-  gConfiguration->ItemValue(LogFileName, name);
-  gConfiguration->ItemValue(Logging, On);
+  gConfiguration->ItemValue(Item::LogFileName, name);
+  gConfiguration->Set(Item::Logging, true);
   store->OpenSession();
   gMainFormParts->Logger(Create(Class::ReportLogger, store));
 } catch (...) {
@@ -60,8 +56,8 @@ void CNewLogFile::OpenNewLogFile() try {
 }
 
 void CNewLogFile::CloseLogFile() try {
-  gConfiguration->ItemValue(Logging, On); // left ready for the next log
-  gConfiguration->ItemValue(LogFileName, {});
+  gConfiguration->Set(Item::Logging, true); // left ready for the next log
+  gConfiguration->ItemValue(Item::LogFileName, {});
   gMainFormParts->Logger({});
 } catch (...) {
   PassOn(u"CCloseLogFile.CloseLogFile");

@@ -19,43 +19,40 @@ constexpr std::int32_t PageOffScreen = -20000;
 
 constexpr std::array<StringView, 2> Pages = {u"picOptions(0)", u"picOptions(1)"};
 
-enum class OptionKind : std::uint8_t { CheckBox, Text, Termination };
-
 struct Option {
   StringView Control;
-  OptionKind Kind;
-  StringView Item;
+  AnyItemKey Key;
 };
 
 // In the order in which they are read, written and reached by the Tab key.
 constexpr std::array Options1 = {
-    Option{u"chkSCPIOPC", OptionKind::CheckBox, u"SCPIProtocolOPCPacing"},
-    Option{u"chkSCPITimed", OptionKind::CheckBox, u"SCPIProtocolIntervalPacing"},
-    Option{u"txtSCPIInterval", OptionKind::Text, u"SCPIProtocolPacingInterval"},
-    Option{u"chkSCPIAutoRead", OptionKind::CheckBox, u"SCPIProtocolAutoReadAfterQuery"},
-    Option{u"chkSCPIGetStatus", OptionKind::CheckBox, u"SCPIProtocolAutoErrorChecking"},
-    Option{u"txtErrQueryCmd", OptionKind::Text, u"SCPIProtocolErrorCheckingCommand"},
-    Option{u"cboSCPITermChar", OptionKind::Termination, u"SCPIProtocolTerminationCharacter"},
+    Option{u"chkSCPIOPC", Item::SCPIProtocolOPCPacing},
+    Option{u"chkSCPITimed", Item::SCPIProtocolIntervalPacing},
+    Option{u"txtSCPIInterval", Item::SCPIProtocolPacingInterval},
+    Option{u"chkSCPIAutoRead", Item::SCPIProtocolAutoReadAfterQuery},
+    Option{u"chkSCPIGetStatus", Item::SCPIProtocolAutoErrorChecking},
+    Option{u"txtErrQueryCmd", Item::SCPIProtocolErrorCheckingCommand},
+    Option{u"cboSCPITermChar", Item::SCPIProtocolTerminationCharacter},
 };
 constexpr std::array Options2 = {
-    Option{u"chkOtherTimed", OptionKind::CheckBox, u"OtherProtocolIntervalPacing"},
-    Option{u"txtOtherInterval", OptionKind::Text, u"OtherProtocolPacingInterval"},
-    Option{u"cboOtherTermChar", OptionKind::Termination, u"OtherProtocolTerminationCharacter"},
+    Option{u"chkOtherTimed", Item::OtherProtocolIntervalPacing},
+    Option{u"txtOtherInterval", Item::OtherProtocolPacingInterval},
+    Option{u"cboOtherTermChar", Item::OtherProtocolTerminationCharacter},
 };
 constexpr std::array<std::span<const Option>, 2> OptionsOfPage = {Options1, Options2};
 constexpr std::array<StringView, 3> Buttons = {u"cmdOK", u"cmdCancel", u"cmdHelp"};
 
 void Set(ICheckBox& box, const String& state) {
-  HuntERR::Check(state == u"On" || state == u"Off", ErrorNumber::InvalidArgument,
+  HuntERR::Check(state == ItemText::On || state == ItemText::Off, ErrorNumber::InvalidArgument,
                  [&] { return state + u" is not a valid state for a check box."; });
-  box.Value(state == u"On" ? Checked : Unchecked);
+  box.Value(state == ItemText::On ? Checked : Unchecked);
 }
 
 String StateOf(const ICheckBox& box) {
   const std::int32_t value = box.Value();
   HuntERR::Check(value == Checked || value == Unchecked, ErrorNumber::InvalidArgument,
                  u"A check box must be checked or unchecked.");
-  return value == Checked ? u"On" : u"Off";
+  return String(value == Checked ? ItemText::On : ItemText::Off);
 }
 
 void Set(IComboBox& list, const String& termination) {
@@ -134,7 +131,7 @@ bool frmTVSCPIOptions::IsChecked(StringView checkBox) const { return Control<ICh
 void frmTVSCPIOptions::Form_Load() {
   Filed(u"frmTVSCPIOptions.Form_Load", [this] {
     LoadOptions();
-    const bool isOther = gConfiguration->ItemValue(u"ProtocolName") == u"Other";
+    const bool isOther = gConfiguration->ItemValue(Item::ProtocolName) == ItemText::Other;
     Control<ITabStrip>(u"tbsOptions").SelectedItem(isOther ? 2 : 1);
     Filed(u"frmTVSCPIOptions.tbsOptions_Click", [this] { tbsOptions_Click(); });
   });
@@ -143,17 +140,16 @@ void frmTVSCPIOptions::Form_Load() {
 void frmTVSCPIOptions::LoadOptions() {
   for (const auto options : OptionsOfPage) {
     for (const Option& option : options) {
-      const String value = gConfiguration->ItemValue(option.Item);
-      switch (option.Kind) {
-      case OptionKind::CheckBox:
+      const String value = gConfiguration->ItemValue(option.Key.Name);
+      switch (option.Key.Type) {
+      case ItemType::Switch:
         Set(Control<ICheckBox>(option.Control), value);
         break;
-      case OptionKind::Text:
-        Control<ITextBox>(option.Control).Text(value);
-        break;
-      case OptionKind::Termination:
+      case ItemType::Termination:
         Set(Control<IComboBox>(option.Control), value);
         break;
+      default:
+        Control<ITextBox>(option.Control).Text(value);
       }
     }
   }
@@ -161,20 +157,20 @@ void frmTVSCPIOptions::LoadOptions() {
 
 void frmTVSCPIOptions::SaveOptions() {
   const auto valueOf = [this](const Option& option) {
-    switch (option.Kind) {
-    case OptionKind::CheckBox:
+    switch (option.Key.Type) {
+    case ItemType::Switch:
       return StateOf(Control<ICheckBox>(option.Control));
-    case OptionKind::Termination:
+    case ItemType::Termination:
       return TerminationOf(Control<IComboBox>(option.Control));
     default:
       return Control<ITextBox>(option.Control).Text();
     }
   };
   for (const auto options : OptionsOfPage) {
-    for (const Option& option : options) gConfiguration->ItemValue(option.Item, valueOf(option));
+    for (const Option& option : options) gConfiguration->ItemValue(option.Key.Name, valueOf(option));
   }
   // This is what brings the options into effect.
-  gConfiguration->ItemValue(u"ProtocolName", gConfiguration->ItemValue(u"ProtocolName"));
+  gConfiguration->ItemValue(Item::ProtocolName, gConfiguration->ItemValue(Item::ProtocolName));
 }
 
 void frmTVSCPIOptions::tbsOptions_Click() {

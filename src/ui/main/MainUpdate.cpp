@@ -24,12 +24,12 @@ IStatusPanel& Panel(IForm& form, std::int32_t index) {
 
 /// What an update reads once.
 struct MainUpdate::State {
-  bool Opened = Value(gConfiguration->ItemValue(u"InstrumentOpened")).ToBoolean();
-  String Name = gConfiguration->ItemValue(u"InstrumentName");
-  String Protocol = gConfiguration->ItemValue(u"ProtocolName");
-  String LogFile = gConfiguration->ItemValue(u"LogFileName");
-  bool Logging = gConfiguration->ItemValue(u"Logging") == u"On";
-  bool ModeOff = gConfiguration->ItemValue(u"RunningMode") == u"Off";
+  bool Opened = gConfiguration->IsTrue(Item::InstrumentOpened);
+  String Name = gConfiguration->ItemValue(Item::InstrumentName);
+  String Protocol = gConfiguration->ItemValue(Item::ProtocolName);
+  String LogFile = gConfiguration->ItemValue(Item::LogFileName);
+  bool Logging = gConfiguration->IsOn(Item::Logging);
+  bool ModeOff = gConfiguration->ItemValue(Item::RunningMode) == ItemText::Off;
   bool HasCommands;
 };
 
@@ -92,7 +92,7 @@ void MainUpdate::ShowInstrument(const State& state) const {
   mnuFileCloseInstrument.Enabled(state.Opened);
   m_openButton.Value(state.Opened ? 1 : 0);
   m_openButton.ToolTipText(LoadResString(state.Opened ? 8015 : 8010));
-  const bool canRead = state.Opened && state.Protocol == u"Other";
+  const bool canRead = state.Opened && state.Protocol == ItemText::Other;
   m_readButton.Visible(canRead);
   m_readButton.Enabled(canRead);
   if (canRead) m_readButton.ToolTipText(LoadResString(8160));
@@ -124,8 +124,8 @@ void MainUpdate::ShowProtocol(const State& state) const {
   mnuOPC.Enabled(wasSCPI && state.Opened);
   mnuGetStatus.Enabled(wasSCPI && state.Opened);
   m_protocol.Text(state.Protocol);
-  mnuSCPI.Checked(state.Protocol == u"SCPI");
-  mnuDDC.Checked(state.Protocol == u"Other");
+  mnuSCPI.Checked(state.Protocol == ItemText::SCPI);
+  mnuDDC.Checked(state.Protocol == ItemText::Other);
 }
 
 void MainUpdate::ShowLog(const State& state) const {

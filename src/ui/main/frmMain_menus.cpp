@@ -175,7 +175,7 @@ void frmMain::OpenInstrument() {
   m_gotFocus = false;
   modAppGlobals::ExecutionEventHandler(Class::OpenInstrument);
   // An open gives the focus to the command window, which updates the window, unless it has been there all along.
-  const bool opened = Value(gConfiguration->ItemValue(u"InstrumentOpened")).ToBoolean();
+  const bool opened = gConfiguration->IsTrue(Item::InstrumentOpened);
   if (opened && !m_gotFocus) UpdateUI({}, {});
 }
 
@@ -208,7 +208,7 @@ void frmMain::UseOther() { UseProtocol(ItemText::Other, true); }
 
 void frmMain::UseProtocol(StringView protocol, bool canRead) {
   HuntERR::Check(bool(gConfiguration), ErrorNumber::ObjectRequired, u"This operation requires a configuration client.");
-  gConfiguration->ItemValue(u"ProtocolName", protocol);
+  gConfiguration->ItemValue(Item::ProtocolName, protocol);
   UpdateUI({}, {});
   FindControl<IMenuItem>(*m_form, u"mnuRead").Enabled(canRead); // overrules the update, until the next one
 }

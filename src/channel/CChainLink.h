@@ -14,10 +14,11 @@ namespace portico {
 /// A driver's failure is only reported; an error that is raised stops the chain.
 class CChainLink : public ICommand, public IReport, public std::enable_shared_from_this<CChainLink> {
 public:
-  /// Before `Initialize` of the link: 0x80041460. May be run again; it replaces the response.
+  /// Raises `NotInitialized` before `Initialize` of the link. May be run again; it replaces the response.
   void Execute() override;
 
-  // The report is there from the moment that the response is stored; before that a reader gets 91.
+  // The report is there from the moment that the response is stored; before that they raise
+  // `MissingObject`.
   String GetCommand() const override { return String(ClassName()); }
   String GetData() const override { return m_response->ResponseData(); }
   String GetErrorMessage() const override { return m_response->ErrorMessage(); }

@@ -13,7 +13,7 @@ class CIntervalPacingCmd final : public CChainLink {
 public:
   StringView ClassName() const override { return u"CIntervalPacingCmd"; }
 
-  /// Milliseconds; a negative interval raises 5, zero is allowed.
+  /// Milliseconds; a negative interval raises `InvalidArgument`, zero is allowed.
   void Initialize(const Ref<ICommand>& InnerCommand, std::int32_t Interval, const Ref<IPublisher>& Publisher);
 
 private:

@@ -28,7 +28,7 @@ Ref<IResponse> CIntervalTimer::StartWhenDone(std::int32_t Interval) try {
   m_tmrCommandInterval->Interval(Interval);
   m_tmrCommandInterval->Enabled(true);
   auto response = New<CResponse>();
-  response->Initialize(0, u"Interval has elapsed."); // the one that was waited for
+  response->Initialize(0, u"Interval has elapsed."); // the interval that was waited for, not the one just started
   return response;
 } catch (...) {
   PassOn(String(ClassName()).append(u".StartWhenDone(Interval)"), {Interval});

@@ -12,11 +12,11 @@ class CReport final : public IReport {
 public:
   StringView ClassName() const override { return u"CReport"; }
 
-  /// An empty `Command` raises 5.
+  /// An empty `Command` raises `InvalidArgument`.
   void Initialize(const String& Command, const Ref<CInstContainer>& Data, std::int32_t ErrorCode,
                   const String& ErrorMessage, const String& SCPIInstruction);
 
-  /// The only property with a guard: 0x80041460 before `Initialize`.
+  /// The only property with a guard: it raises `NotInitialized` before `Initialize`.
   String GetCommand() const override;
   /// An instruction has no text of its own.
   String GetData() const override { return {}; }
@@ -35,7 +35,8 @@ private:
 
 namespace Class {
 
-/// The command's name, the instruction, the code, the message and the SCPI instruction.
+/// The command's name, the instruction, the code, the message and the SCPI instruction. Kept for the contract: an
+/// instruction handler makes its report itself, and nothing in the program asks the factory for one.
 inline constexpr ClassKey<IReport, StringView, Ref<CInstContainer>, std::int32_t, StringView, StringView> Report{
     u"Report"};
 

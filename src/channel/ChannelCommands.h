@@ -50,10 +50,11 @@ private:
   Ref<IResponse> Operate() override;
 };
 
+/// Kept for the contract: nothing in the program asks for it.
 class CGetAttribCmd final : public CChainLink {
 public:
   StringView ClassName() const override { return u"CGetAttribCmd"; }
-  /// An empty name raises 5.
+  /// An empty name raises `InvalidArgument`.
   void Initialize(const Ref<ICommand>& InnerCommand, const String& AttributeName, const Ref<IPublisher>& Publisher);
 
 private:
@@ -64,7 +65,7 @@ private:
 class CSetAttribCmd final : public CChainLink {
 public:
   StringView ClassName() const override { return u"CSetAttribCmd"; }
-  /// An empty name raises 5; an empty value is legal.
+  /// An empty name raises `InvalidArgument`; an empty value is legal.
   void Initialize(const Ref<ICommand>& InnerCommand, const String& AttributeName, const String& AttributeValue,
                   const Ref<IPublisher>& Publisher);
 
@@ -74,19 +75,19 @@ private:
   String m_attributeValue;
 };
 
-// The inner command stands first. An unset one ends the chain.
+// The first parameter of each is the inner command; an unset one ends the chain.
 namespace Class {
 
-/// And the instrument's name.
+/// The second is the instrument's name.
 inline constexpr ClassKey<ICommand, Ref<ICommand>, StringView> OpenCmd{u"OpenCmd"};
-/// And what is sent.
+/// The second is what is sent.
 inline constexpr ClassKey<ICommand, Ref<ICommand>, StringView> WriteCmd{u"WriteCmd"};
-/// And an empty text; any other raises `InvalidArgument`.
+/// The second is empty; any other text raises `InvalidArgument`.
 inline constexpr ClassKey<ICommand, Ref<ICommand>, StringView> ReadCmd{u"ReadCmd"};
 inline constexpr ClassKey<ICommand, Ref<ICommand>> CloseCmd{u"CloseCmd"};
-/// And the attribute's name.
+/// The second is the attribute's name.
 inline constexpr ClassKey<ICommand, Ref<ICommand>, StringView> GetAttribCmd{u"GetAttribCmd"};
-/// And the attribute's name and value.
+/// The second is the attribute's name, the third its value.
 inline constexpr ClassKey<ICommand, Ref<ICommand>, StringView, StringView> SetAttribCmd{u"SetAttribCmd"};
 
 } // namespace Class

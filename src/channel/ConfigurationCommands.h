@@ -6,7 +6,8 @@
 
 namespace portico {
 
-// The links that use the configuration server. A text that is not XML raises, and so stops the chain.
+// The links that use the configuration server. A text that is not XML raises `InvalidArgument`, and so stops the chain.
+// Kept for the contract: nothing in the program asks for them, since nothing sends a "CONFIG" instruction.
 
 /// Answers with the current values of the items that the text names.
 class CGetConfigCmd final : public CChainLink {
@@ -32,7 +33,7 @@ private:
   String m_configuration;
 };
 
-// The inner command and the configuration as XML.
+// The parameters are the inner command and the configuration as XML.
 namespace Class {
 
 inline constexpr ClassKey<ICommand, Ref<ICommand>, StringView> GetConfigurationCommand{u"GetConfigurationCommand"};

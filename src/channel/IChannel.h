@@ -13,6 +13,7 @@ public:
   virtual Ref<IResponse> WriteData(const String& Data) = 0;
   virtual Ref<IResponse> ReadData() = 0;
   virtual Ref<IResponse> CloseChannel() = 0;
+  /// Kept for the contract: nothing in the program asks for it.
   virtual Ref<IResponse> GetChannelAttribute(const String& Name) = 0;
   virtual Ref<IResponse> SetChannelAttribute(const String& Name, const String& Value) = 0;
 };

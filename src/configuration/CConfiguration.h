@@ -18,6 +18,7 @@ public:
   void Initialize();
   Ref<IResponse> Update(const String& Configuration) override;
   Ref<IResponse> Retrieve(const String& Configuration) override;
+  /// Kept for the contract: nothing in the program asks for it.
   void Clear();
   String ItemValue(StringView Name) override;
   /// Never raises: a write that fails, or that comes before `Initialize`, has no effect.

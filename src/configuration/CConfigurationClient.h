@@ -14,15 +14,16 @@ class CConfigurationClient final : public IConfiguration {
 public:
   enum ProtocolCode : std::int32_t { SCPI = 0, Other = 1 };
 
-  /// Needs the factory (424) and the platform's settings store, which is kept alive.
+  /// Without a factory it raises `ObjectRequired`. Keeps the platform's settings store alive.
   CConfigurationClient();
   ~CConfigurationClient() override;
 
   StringView ClassName() const override { return u"CConfigurationClient"; }
 
-  /// A stored protocol that is neither of the two raises 51.
+  // Kept for the contract: the window and the dialogs read and write `Item::ProtocolName` instead.
+  /// A stored protocol that is neither of the two raises `InternalState`.
   std::int32_t Protocol() const;
-  /// Brings the protocol's options into effect. Any other code raises 51.
+  /// Brings the protocol's options into effect. Any other code raises `InternalState`.
   void Protocol(std::int32_t newvalue);
 
   String ItemValue(StringView Name) override;

@@ -20,7 +20,7 @@ protected:
   ~ISettingOwner() = default;
 };
 
-/// One setting. Every member but `IsDirty` and `Wash` raises 0x80041460 before `Initialize`.
+/// One setting. Every member but `IsDirty` and `Wash` raises `NotInitialized` before `Initialize`.
 ///
 /// A collection makes such an object when somebody asks for one of its settings. As long as anybody holds it, what is
 /// written to one is written to the other.
@@ -30,7 +30,7 @@ public:
   ~CSetting() override;
   StringView ClassName() const override { return u"CSetting"; }
 
-  /// An empty name raises 5.
+  /// An empty name raises `InvalidArgument`.
   void Initialize(const String& Name, const String& Value);
   bool IsDirty() const override;
   void Wash() override;

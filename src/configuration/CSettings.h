@@ -19,7 +19,8 @@ protected:
 /// An ordered collection of settings that owns them; `Add` and `Item` hand out shared references, the same one for as
 /// long as anybody holds it.
 ///
-/// Before `Initialize` there is no collection: the guarded members raise 0x80041460, the others 91.
+/// Before `Initialize` there is no collection: the guarded members raise `NotInitialized`, the others
+/// `MissingObject`.
 class CSettings final : public IAttributes, private ISettingOwner {
 public:
   CSettings() = default;
@@ -54,7 +55,7 @@ private:
   using Records = std::vector<SettingRecord>;
 
   String Label(StringView member) const { return String(ClassName()).append(member); }
-  /// Raises 91 before `Initialize`.
+  /// Raises `MissingObject` before `Initialize`.
   Records& Settings() const;
   template <class Text>
   SettingRecord* FindRecord(const Text& key) const;

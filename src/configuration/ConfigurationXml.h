@@ -14,13 +14,13 @@ class ConfigurationXml {
 public:
   /// A document with an empty root.
   ConfigurationXml();
-  /// Text that is not one well-formed document raises 5.
+  /// Text that is not one well-formed document raises `InvalidArgument`.
   explicit ConfigurationXml(const String& text);
 
   void Append(const String& name, const String& value);
 
   /// Calls `visit(name, parameter)` for each `Parameter` below the root `Parameters`, in document order. One without a
-  /// name raises 91.
+  /// name raises `MissingObject`.
   template <class Visit>
   void ForEach(Visit visit) {
     for (pugi::xml_node parameter : m_document.child("Parameters").children("Parameter")) {

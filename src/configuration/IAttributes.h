@@ -10,9 +10,10 @@ namespace portico {
 /// A named text value.
 class IAttribute : public virtual IObject {
 public:
-  /// Names are compared without regard to case, always; `CaseSensitive` concerns the values. Nothing is never the same.
+  /// Names are compared without regard to case, always; `CaseSensitive` concerns the values. An unset reference is
+  /// never the same.
   virtual bool IsSame(const Ref<IAttribute>& Other, bool CaseSensitive) const = 0;
-  /// True while the value equals the washed one.
+  /// True while the value equals the washed one. Kept for the contract, like `Wash`: nothing in the program asks.
   virtual bool IsDirty() const = 0;
   /// The washed value becomes the current value.
   virtual void Wash() = 0;
@@ -29,16 +30,16 @@ public:
   virtual void Wash() = 0;
   /// The same number of attributes, each found by name and the same.
   virtual bool IsSame(const Ref<IAttributes>& Other, bool CaseSensitive) const = 0;
-  /// A name that is present raises 457.
+  /// A name that is present raises `DuplicateKey`.
   virtual Ref<IAttribute> Add(const String& AttributeName, const String& AttributeValue) = 0;
-  /// Nothing for an absent name.
+  /// An unset reference for an absent name.
   virtual Ref<IAttribute> Item(const String& AttributeName) const = 0;
-  /// An absent name raises 381.
+  /// An absent name raises `BadIndex`.
   virtual String ItemValue(const String& Name) const = 0;
   /// Adds the attribute if the name is new.
   virtual void ItemValue(const String& Name, const String& Value) = 0;
   virtual std::int32_t Count() const = 0;
-  /// An absent name raises 5.
+  /// An absent name raises `InvalidArgument`.
   virtual void Remove(const String& AttributeName) = 0;
   /// The items in order of insertion.
   virtual std::vector<Ref<IAttribute>> NewEnum() const = 0;

@@ -10,10 +10,10 @@ class CInstDirector final : public IInstProcessor {
 public:
   StringView ClassName() const override { return u"CInstDirector"; }
 
-  /// A handler for a prefix that has one replaces it and takes the last place. Nothing raises 91; a processor that is
-  /// no `IInstHandler` raises 13.
+  /// A handler for a prefix that has one replaces it and takes the last place. An unset reference raises
+  /// `MissingObject`, a processor that is no `IInstHandler` `TypeMismatch`.
   void RegisterHandler(const Ref<IInstProcessor>& Handler);
-  /// An instruction that no handler takes raises 0x80041450. If two match, both run it.
+  /// An instruction that no handler takes raises `NoHandler`. If two match, both run it.
   std::int32_t Send(const Ref<CInstContainer>& Instruction) override;
 
 private:

@@ -7,7 +7,7 @@
 namespace portico {
 
 /// Carries out the instructions of one type: its builders assemble a chain of commands, the chain runs, and the end is
-/// announced with a report of code 0x80041454.
+/// announced with a report of code `InstructionComplete`.
 ///
 /// Builders are made anew for each instruction, so that a change of settings takes effect at the next one.
 class CInstHandler final : public IInstHandler, public IInstProcessor {
@@ -15,12 +15,13 @@ public:
   StringView ClassName() const override { return u"CInstHandler"; }
 
   /// Builder specifications, outermost first. An empty prefix, a list that does not exist or an empty specification
-  /// raises 5.
+  /// raises `InvalidArgument`.
   void Initialize(const String& InstructionPrefix, const StringArray& CommandBuilderSpecs);
 
-  /// Before `Initialize`: 0x80041460.
+  /// Raises `NotInitialized` before `Initialize`.
   String Prefix() const override;
-  /// Before `Initialize`: 0x80041460. An instruction without a function name raises 0x8004145A, whatever its type.
+  /// Raises `NotInitialized` before `Initialize`. An instruction without a function name raises `MissingFunction`,
+  /// whatever its type.
   std::int32_t Send(const Ref<CInstContainer>& Instruction) override;
 
 private:
@@ -31,7 +32,7 @@ private:
   bool m_initialized = false;
 };
 
-// Make the three handlers of the keys in `Class`. They differ in prefix and builders only.
+// The three handlers. They differ in prefix and builders only.
 extern const CreatorRow CtorCOMMInstHandler;
 extern const CreatorRow CtorSCPIInstHandler;
 extern const CreatorRow CtorCONFIGInstHandler;

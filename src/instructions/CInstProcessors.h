@@ -11,10 +11,10 @@ class CInstProcessors {
 public:
   /// An empty key stands for none. Returns the new item.
   Ref<IInstProcessor> Add(const Ref<IInstProcessor>& NewItem, const String& Key);
-  /// Nothing, and no error, for an absent position or key.
+  /// An unset reference, and no error, for an absent position or key.
   Ref<IInstProcessor> Item(const Value& IndexOrKey) const;
   std::size_t Count() const;
-  /// Absent raises 5.
+  /// An absent position or key raises `InvalidArgument`.
   void Remove(const Value& IndexOrKey);
   std::vector<Ref<IInstProcessor>> NewEnum() const;
 

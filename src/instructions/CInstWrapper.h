@@ -5,9 +5,10 @@
 namespace portico {
 
 /// The generator's textual twin: the same instructions spelled as a string that is XML in shape only, since values are
-/// pasted in as they stand. Nothing reads this form.
+/// pasted in as they stand. Kept for the contract: nothing in the program asks for it.
 ///
-/// Raises what the generator raises, except for an empty name given to `ConstructXMLGetAttribCmdString`: 0x8004145F.
+/// Raises what the generator raises, but `MissingAttributeName` for an empty name given to
+/// `ConstructXMLGetAttribCmdString`.
 class CInstWrapper final {
 public:
   String ConstructXMLOpenCmdString(const String& Instrument) const;

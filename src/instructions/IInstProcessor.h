@@ -32,6 +32,7 @@ inline constexpr ClassKey<IInstProcessor> InstructionProcessor{u"InstructionProc
 // The handlers, which it asks. Each also gives `IInstHandler`.
 inline constexpr ClassKey<IInstProcessor> CommunicationInstructionHandler{u"CommunicationInstructionHandler"};
 inline constexpr ClassKey<IInstProcessor> SCPIInstructionHandler{u"SCPIInstructionHandler"};
+/// Kept for the contract: nothing in the program sends a "CONFIG" instruction.
 inline constexpr ClassKey<IInstProcessor> ConfigurationInstructionHandler{u"ConfigurationInstructionHandler"};
 
 } // namespace Class

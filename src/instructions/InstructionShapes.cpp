@@ -6,7 +6,7 @@
 namespace portico::InstructionShapes {
 namespace {
 
-// Write and SCPI report missing data with the attribute text; users know the message by now.
+// Missing data of a write and of a SCPI instruction is reported with the text for attributes; users know it so.
 constexpr StringView NameRequired = u"An attribute name required for SetattributeValue command";
 
 } // namespace

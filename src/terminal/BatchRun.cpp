@@ -90,8 +90,8 @@ ExitStatus BatchRun::Run(const Sources& sources) {
   try {
     ApplyOptions();
     if (OpenLog()) {
-      Create(Class::CmdSubscriptionAgent)
-          ->Subscribe(m_faults); // behind the logger: when an instruction is judged, everybody has heard of it
+      // Behind the logger: when an instruction is judged, everybody has heard of it.
+      Create(Class::CmdSubscriptionAgent)->Subscribe(m_faults);
       if (Open()) {
         RunSources(sources);
         Close();

@@ -9,13 +9,13 @@
 namespace portico {
 
 /// The position, from 1, that a value means which counts from `first`; 0, which is absent, for what is no position that
-/// a list can reach. An object or an array raises 13.
+/// a list can reach. An object or an array raises `TypeMismatch`.
 inline std::size_t PositionOf(const Value& index, std::int32_t first = 1) {
   const double position = std::nearbyint(ReadNumber(index.ToString()).value_or(first - 1)) - first + 1;
   return position >= 1 && position <= std::numeric_limits<std::int32_t>::max() ? static_cast<std::size_t>(position) : 0;
 }
 
-/// A text is a key, anything else a position, which counts from 1. Absent raises 5.
+/// A text is a key, anything else a position, which counts from 1. An absent one raises `InvalidArgument`.
 template <class T>
 const T& ItemByValue(const KeyedList<T>& list, const Value& indexOrKey) {
   const auto key = indexOrKey.AsText();

@@ -14,7 +14,8 @@
 namespace portico {
 
 /// An ordered container. Items stay in insertion order; positions count from 1. An item may carry a key; keys are
-/// unique and compared without regard to case. An absent key or position raises 5, a key that is present 457.
+/// unique and compared without regard to case. An absent key or position raises `InvalidArgument`, a key that is
+/// present `DuplicateKey`.
 ///
 /// Short lists are searched in order and carry nothing but their items; longer ones keep an index of their keys. An
 /// item for which there is no memory is not added.

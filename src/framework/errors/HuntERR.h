@@ -80,7 +80,8 @@ void Reset();
 } // namespace HuntERR
 
 // Tails, each to be called inside `catch (...)` of a function-try-block. `Quit` passes all of them without a trace;
-// exceptions of the standard library count as standard numbers (bad cast 13, out of range 9, out of memory 7).
+// exceptions of the standard library count as standard numbers (a bad cast as `TypeMismatch`, out of range as
+// `BadSubscript`, out of memory as `OutOfMemory`).
 
 /// Adds a stack line and passes the error on.
 [[noreturn]] void PassOn(StringView Label, const Params& Values = {});

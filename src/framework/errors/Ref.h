@@ -10,7 +10,8 @@
 
 namespace portico {
 
-/// Raise 91 for a call through an unset reference, 13 for a cast to an interface that the object lacks.
+/// Raise `MissingObject` for a call through an unset reference, `TypeMismatch` for a cast to an interface that the
+/// object lacks.
 [[noreturn]] void RaiseUnsetReference();
 [[noreturn]] void RaiseTypeMismatch();
 
@@ -46,7 +47,8 @@ Ref<T> New(Args&&... args) {
   return Ref<T>(std::make_shared<T>(std::forward<Args>(args)...));
 }
 
-/// Another interface of the same object. A cast of nothing gives nothing; of the wrong kind it raises 13.
+/// Another interface of the same object. An unset reference gives an unset one; an object that lacks the interface
+/// raises `TypeMismatch`.
 template <class To, class From>
 Ref<To> Cast(const Ref<From>& from) {
   if (!from) return {};

@@ -56,14 +56,16 @@ public:
   /// The text that a string value holds; none for a value of another kind.
   std::optional<StringView> AsText() const;
 
-  // Conversions as every reader of a parameter makes them. A value of a kind that cannot be converted raises 13.
-  /// A truth value reads "True" or "False", nothing reads empty.
+  // Conversions as every reader of a parameter makes them. A value of a kind that cannot be converted raises
+  // `TypeMismatch`.
+  /// A truth value gives "True" or "False", a value that holds nothing an empty text.
   String ToString() const;
-  /// A fraction is rounded to the nearest integer, halves to the even one; a number over 32 bits raises 6.
+  /// A fraction is rounded to the nearest integer, halves to the even one; a number over 32 bits raises
+  /// `Overflow`.
   std::int32_t ToLong() const;
   /// Text reads "True" or "False" in any case, or a number; a number is true unless it is 0.
   bool ToBoolean() const;
-  /// Nothing gives an unset reference; an object that lacks the interface raises 13.
+  /// A value that holds nothing gives an unset reference; an object that lacks the interface raises `TypeMismatch`.
   template <class T>
   Ref<T> ToObject() const {
     return Cast<T>(Object());

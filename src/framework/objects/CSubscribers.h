@@ -11,12 +11,12 @@ class CSubscribers {
 public:
   /// An empty key stands for none. Returns the new item.
   Ref<ISubscriber> Add(const Ref<ISubscriber>& NewItem, const String& Key);
-  /// Positions count from 1; an absent position or key raises 5.
+  /// Positions count from 1; an absent position or key raises `InvalidArgument`.
   Ref<ISubscriber> Item(const Value& IndexOrKey) const;
   std::size_t Count() const;
   /// A position, a key, or a subscriber: the first that is the same object goes; one that is absent is no error.
   void Remove(const Value& IndexKeyOrObject);
-  std::vector<Ref<ISubscriber>> NewEnum() const;
+  std::vector<Ref<ISubscriber>> NewEnum() const; ///< Kept for the contract: nothing in the program asks for it.
 
 private:
   KeyedList<Ref<ISubscriber>> m_list;

@@ -12,19 +12,22 @@ class ICreator : public virtual IObject {
 public:
   /// The string by which the factory finds this creator.
   virtual Value Specification() const = 0;
-  /// A wrong number of parameters raises 450; a product that cannot be made raises the creator's own error.
+  /// A wrong number of parameters raises `WrongParameterCount`; a product that cannot be made raises the creator's own
+  /// error.
   virtual Ref<IObject> Create(const Params& Parameters) = 0;
-  /// Exact, case-sensitive equality with this creator's specification.
+  /// Exact, case-sensitive equality with this creator's specification. Kept for the contract: the factory finds a
+  /// creator by its key and does not ask.
   virtual bool IsMatch(const Value& Specification) const = 0;
 };
 
 /// Makes nearly every object of the system from a specification string and parameters.
 class IObjectFactory : public virtual IObject {
 public:
-  /// An unknown specification raises 5. The search ignores case.
+  /// An unknown specification raises `InvalidArgument`. The search ignores case.
   virtual Ref<IObject> CreateObject(const Value& Specification, const Params& Parameters) = 0;
+  /// Raises the same. Kept for the contract, like `Remove` and `Substitue`: nothing in the program asks for them.
   virtual Ref<ICreator> GetCreator(const Value& Specification) = 0;
-  /// A specification that is registered already raises 457.
+  /// A specification that is registered already raises `DuplicateKey`.
   virtual void Add(const Ref<ICreator>& Creator) = 0;
   /// Removes the creator registered under the given creator's specification.
   virtual void Remove(const Ref<ICreator>& Creator) = 0;
@@ -36,6 +39,7 @@ public:
 class IRegistrar : public virtual IObject {
 public:
   virtual void RegisterClasses(const Ref<IObjectFactory>& ObjectFactory) = 0;
+  /// Kept for the contract: in the program the classes go with the factory.
   virtual void UnregisterClasses(const Ref<IObjectFactory>& ObjectFactory) = 0;
 };
 

@@ -2,7 +2,7 @@
 
 namespace portico {
 
-// The labels spell the class with an r; error reports have always shown it so.
+// The labels spell the class `CInstrContainer`; error reports have always shown it so.
 
 CInstContainer::CInstContainer() try : m_params(std::make_shared<KeyedList<Value>>()) {
 } catch (...) {

@@ -53,16 +53,17 @@ namespace Item {
 
 // They start afresh at each run.
 inline constexpr ItemKey<ItemType::Truth> InstrumentOpened{u"InstrumentOpened"};
-/// The instrument to open is named already.
+/// The instrument to open stands in `InstrumentName`: nobody is asked for it.
 inline constexpr ItemKey<ItemType::Truth> OpenfromTree{u"OpenfromTree"};
 inline constexpr ItemKey<ItemType::Text> InstrumentName{u"InstrumentName"};
 inline constexpr ItemKey<ItemType::Text> LogFileName{u"LogFileName"};
 inline constexpr ItemKey<ItemType::Switch> Logging{u"Logging"};
-/// Of the second engine, which `CRun` drives.
+/// How `CRun` and `CInstructionRunner` take lines.
 inline constexpr ItemKey<ItemType::Mode> RunningMode{u"RunningMode"};
 
-// They come into being when they are written first.
+// They do not exist before they are written first.
 inline constexpr ItemKey<ItemType::Text> CurrentInstruction{u"CurrentInstruction"};
+// Nobody reads the two names of files: they are kept for the contract.
 inline constexpr ItemKey<ItemType::Text> CopyToFileName{u"CopyToFileName"};
 inline constexpr ItemKey<ItemType::Text> PasteFromFileName{u"PasteFromFileName"};
 
@@ -86,7 +87,7 @@ inline constexpr ItemKey<ItemType::Switch> OPCPacing{u"OPCPacing"};
 inline constexpr ItemKey<ItemType::Switch> IntervalPacing{u"IntervalPacing"};
 inline constexpr ItemKey<ItemType::Interval> PacingInterval{u"PacingInterval"};
 inline constexpr ItemKey<ItemType::Command> ErrorCheckingCommand{u"ErrorCheckingCommand"};
-/// Bears the name of the channel's attribute to which it goes.
+/// It goes to the channel's attribute of the same name.
 inline constexpr ItemKey<ItemType::Termination> TERMCHAR{u"TERMCHAR"};
 
 } // namespace Item

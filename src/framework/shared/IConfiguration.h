@@ -29,9 +29,10 @@ public:
 };
 
 /// The table as XML: a root `Parameters` of `Parameter` elements with the attribute `Name` and the value as text.
+/// Kept for the contract: nothing in the program asks for it, since nothing sends a "CONFIG" instruction.
 class IConfigurationServer : public virtual IObject {
 public:
-  /// Writes the given items; answers with all. Text that is not XML raises 5.
+  /// Writes the given items; answers with all. Text that is not XML raises `InvalidArgument`.
   virtual Ref<IResponse> Update(const String& Configuration) = 0;
   /// Answers with all items for the empty text, otherwise with the given document, its values filled in.
   virtual Ref<IResponse> Retrieve(const String& Configuration) = 0;

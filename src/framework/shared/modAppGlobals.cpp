@@ -7,7 +7,7 @@
 namespace portico::modAppGlobals {
 namespace {
 
-/// Nothing is registered under the first of the two.
+/// No creator is registered under "RunToCursor".
 bool IsLongRunning(StringView cmdName) { return cmdName == u"RunToCursor" || cmdName == Class::Run.Specification; }
 
 } // namespace

@@ -10,7 +10,7 @@ namespace portico {
 
 namespace Class {
 
-/// The runner and the mode. Named here because the road of every user action knows it as a long one.
+/// The runner, and the mode. The key stands here because `ExecutionEventHandler` tells the command apart by it.
 inline constexpr ClassKey<ICommand, Ref<IObject>, StringView> Run{u"Run"};
 
 } // namespace Class
@@ -22,10 +22,10 @@ namespace modAppGlobals {
 void EventHandler(const String& cmdName, const Params& Parameters);
 
 /// The same, with the main window's `Executing` set around the two long-running commands, "Run" and "RunToCursor".
-/// After a failure it stays set.
+/// After a failure it stays set. Nothing in the program sends either: the two names are kept for the contract.
 void ExecutionEventHandler(const String& cmdName, const Params& Parameters);
 
-/// The same two for a command that is known by its key.
+/// `EventHandler` and `ExecutionEventHandler` for a command that is known by its key.
 template <class... Parameters>
 void EventHandler(const ClassKey<ICommand, Parameters...>& Command,
                   const std::type_identity_t<Parameters>&... Arguments) {

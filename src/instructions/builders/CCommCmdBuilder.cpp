@@ -23,7 +23,7 @@ constexpr std::array<std::pair<StringView, StringView>, 6> Commands = {{
     {u"WRITE", Class::WriteCmd},
 }};
 
-/// By position: the keys play no part.
+/// The values in their order, whatever their names are.
 StringArray Values(const KeyedList<Value>& parameters) {
   if (parameters.Count() == 0) return {};
   StringArray values(parameters.Count());

@@ -11,7 +11,7 @@ namespace portico {
 class CCommCmdBuilder final : public IBuilder {
 public:
   StringView ClassName() const override { return u"CCommCmdBuilder"; }
-  /// An unknown function raises 0x80041459.
+  /// An unknown function raises `Syntax`.
   Ref<ICommand> Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) override;
 };
 

@@ -6,12 +6,14 @@
 
 namespace portico {
 
-/// Maps a "CONFIG" function, in any case, to one configuration command.
+/// Maps a "CONFIG" function, in any case, to one configuration command. Kept for the contract: nothing in the program
+/// sends a "CONFIG" instruction.
 class CConfigCmdBuilder final : public IBuilder {
 public:
   StringView ClassName() const override { return u"CConfigCmdBuilder"; }
   void Initialize() { m_initialized = true; }
-  /// An unknown function raises 0x80041459, no parameter 9. Does not ask for `Initialize`.
+  /// An unknown function raises `Syntax`, an instruction without parameters `BadSubscript`. Does not ask whether
+  /// `Initialize` was called.
   Ref<ICommand> Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) override;
 
 private:

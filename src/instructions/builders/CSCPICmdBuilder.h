@@ -13,8 +13,8 @@ public:
   CSCPICmdBuilder();
 
   StringView ClassName() const override { return u"CSCPICmdBuilder"; }
-  /// No parameter raises 9, an auto-read mode other than "On" and "Off" 0x80041462, a function other than "Send" (in
-  /// any case) 0x80041459.
+  /// An instruction without parameters raises `BadSubscript`, an auto-read mode other than "On" and "Off"
+  /// `OptionNotDefined`, a function other than "Send" (in any case) `Syntax`.
   Ref<ICommand> Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) override;
 
 private:

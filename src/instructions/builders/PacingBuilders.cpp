@@ -14,8 +14,8 @@ namespace {
 
 constexpr StringView BuildLabel = u".IBuilder_Build(InnerCommand, Instruction)";
 
-/// The builder of an option, or the null builder when it is off. Anything but "On" and "Off" raises 51, with a text
-/// that names the same option in both creators.
+/// The builder of an option, or the null builder when it is off. Anything but "On" and "Off" raises `InternalState`;
+/// the text names the OPC pacing for either option.
 template <class Builder>
 Ref<IObject> Switched(ItemKey<ItemType::Switch> item, StringView creator) {
   const String state = Create(Class::Configuration)->ItemValue(item);

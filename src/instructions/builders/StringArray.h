@@ -13,7 +13,7 @@ namespace portico {
 class StringArray {
 public:
   StringArray() = default;
-  /// Count 0 raises 9.
+  /// Count 0 raises `BadSubscript`.
   explicit StringArray(std::size_t count);
   /// Without elements it is not allocated.
   StringArray(std::initializer_list<String> elements) {
@@ -21,7 +21,7 @@ public:
   }
 
   bool IsAllocated() const { return m_elements.has_value(); }
-  /// The bounds of an array that was never allocated, and an index outside them, raise 9.
+  /// The bounds of an array that was never allocated, and an index outside the bounds, raise `BadSubscript`.
   std::int32_t LowerBound() const;
   std::int32_t UpperBound() const;
   String& operator[](std::int32_t index);

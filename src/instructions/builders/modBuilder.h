@@ -15,7 +15,7 @@ std::int32_t ParamCount(const StringArray& Params);
 Params BuildCommandParams(const Ref<ICommand>& InnerCommand, const StringArray& Data);
 
 /// An array as long as the list whose first element holds the last value; the other elements stay empty. An empty list
-/// raises 9. With one parameter, the case in use, it is that parameter.
+/// raises `BadSubscript`. All instructions in use have one parameter, so that this one is what the array holds.
 StringArray LastValueFirst(const KeyedList<Value>& Parameters);
 
 /// An instruction with the one parameter "Data".

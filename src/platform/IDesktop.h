@@ -1,8 +1,8 @@
 #pragma once
 
 #include "framework/text/text.h"
-#include "platform/ICommonDialog.h"
 
+#include <cstdint>
 #include <memory>
 
 namespace portico {

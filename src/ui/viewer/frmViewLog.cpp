@@ -4,6 +4,7 @@
 #include "framework/shared/Guards.h"
 #include "framework/shared/ICommand.h"
 #include "framework/shared/modAppGlobals.h"
+#include "platform/ICommonDialog.h"
 #include "platform/IPictureBox.h"
 #include "platform/IStatusBar.h"
 #include "ui/base/ResourceStrings.h"

@@ -1,5 +1,6 @@
 // What the user does in the box.
 
+#include "contract/RichTextBench.h"
 #include "framework/errors/Quit.h"
 #include "qt/text/TextBench.h"
 #include "qt/values/QtText.h"
@@ -198,19 +199,7 @@ TEST_F(RichTextEditorTest, TypedTextInAnEmptyLineLooksLikeItsLineEnd) {
 }
 
 TEST_F(RichTextEditorTest, EveryLookComesBackFromTheDocument) {
-  const SelectionFormat look{.SelAlignment = 2,
-                             .SelBullet = true,
-                             .SelHangingIndent = 300,
-                             .SelIndent = 150,
-                             .SelRightIndent = 75,
-                             .SelBold = true,
-                             .SelCharOffset = -60,
-                             .SelColor = 0x123456,
-                             .SelFontName = u"Mono",
-                             .SelFontSize = 12.5,
-                             .SelItalic = true,
-                             .SelStrikeThru = true,
-                             .SelUnderline = true};
+  const SelectionFormat look = OtherFormat();
   Put(u"abc\r\ndef");
   box.SelStart(0);
   box.SelLength(5);

@@ -3,7 +3,6 @@
 #include "application/HostEnvironment.h"
 #include "application/Startup.h"
 #include "application/WindowProgram.h"
-#include "channel/IChannel.h"
 #include "drivers/DriverRegistry.h"
 #include "drivers/StandardDriver.h"
 #include "drivers/SteadyClock.h"

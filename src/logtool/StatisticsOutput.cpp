@@ -5,7 +5,6 @@
 #include "framework/text/Printable.h"
 
 #include <array>
-#include <charconv>
 #include <chrono>
 #include <iomanip>
 

@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <optional>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace portico {

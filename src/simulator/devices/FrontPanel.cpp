@@ -1,5 +1,6 @@
 #include "simulator/devices/FrontPanel.h"
 
+#include "simulator/language/ResponseFormat.h"
 #include "simulator/language/ScpiError.h"
 
 #include <utility>

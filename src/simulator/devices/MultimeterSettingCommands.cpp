@@ -1,6 +1,7 @@
 #include "simulator/devices/MultimeterSettingCommands.h"
 
 #include "simulator/language/Mnemonic.h"
+#include "simulator/language/ResponseFormat.h"
 
 #include <string>
 

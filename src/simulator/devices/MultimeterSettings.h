@@ -19,7 +19,7 @@ struct MultimeterSettings {
     std::int64_t Count = 1;
     std::int64_t Samples = 1; ///< for each trigger
     double Delay = 0;         ///< seconds before each reading
-    bool AutoDelay = true;    ///< none is needed
+    bool AutoDelay = true;    ///< the settings need no delay
   };
 
   static constexpr std::string_view Transducers[] = {"FRTD", "RTD", "FTHermistor", "THERmistor"};

@@ -1,6 +1,7 @@
 #include "simulator/devices/Oscilloscope.h"
 
 #include "simulator/language/Mnemonic.h"
+#include "simulator/language/ResponseFormat.h"
 #include "simulator/language/ScpiError.h"
 
 #include <cmath>

@@ -1,5 +1,6 @@
 #include "simulator/devices/PowerSupply.h"
 
+#include "simulator/language/ResponseFormat.h"
 #include "simulator/language/ScpiError.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 #include "simulator/devices/SystemCommands.h"
 
+#include "simulator/language/ResponseFormat.h"
+
 #include <string>
 
 namespace portico::simulator {

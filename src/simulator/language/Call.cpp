@@ -2,7 +2,6 @@
 
 #include "simulator/language/Mnemonic.h"
 #include "simulator/language/ScpiError.h"
-#include "simulator/language/Syntax.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "simulator/language/ResponseFormat.h"
 #include "simulator/language/UnitParser.h"
 #include "simulator/language/UnitSuffix.h"
 

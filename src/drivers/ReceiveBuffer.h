@@ -11,7 +11,7 @@ namespace portico::drivers {
 class ReceiveBuffer {
 public:
   /// As much as one read of a transport takes at most, in bytes.
-  static constexpr std::size_t Capacity = 64 * 1024;
+  static constexpr std::size_t Capacity = std::size_t{64} * 1024;
 
   bool Empty() const { return m_begin == m_end; }
   std::string_view Unread() const { return {m_bytes.get() + m_begin, m_end - m_begin}; }

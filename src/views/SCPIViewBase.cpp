@@ -95,7 +95,7 @@ void SCPIViewBase::UpdateDisplay() try {
   m_display->Text({});
   iterator->Attach(m_instructions);
   for (Value item = iterator->FirstItem(); !iterator->IsDone(); item = iterator->NextItem()) {
-    m_display->SelRTF(m_encoder->Encode(item.ToObject<IDataEntity>()));
+    Insert(item.ToObject<IDataEntity>());
   }
   m_viewState = ViewState::InStep;
 } catch (...) {
@@ -127,17 +127,17 @@ void SCPIViewBase::CaretToEnd() { m_display->SelStart(m_display->TextLength() + 
 
 void SCPIViewBase::Show(const Ref<IDataEntity>& DataEntity) {
   const String type = DataEntity->DataType();
-  const bool response = type == DataTypeName::Response;
-  if (response || type == DataTypeName::AutomaticInstruction) {
-    SelectionFormat color;
-    color.SelColor = TextLook::White;
-    SelectionFormat before;
-    before.SelColor = m_display->SelFormat().SelColor;
-    m_display->SelFormat(color);
-    m_display->SelText(StringView(response ? &ResponseMarker : &AutomaticMarker, 1));
-    m_display->SelFormat(before);
-  }
-  m_display->SelRTF(m_encoder->Encode(DataEntity));
+  if (type == DataTypeName::Response) InsertHidden(ResponseMarker);
+  if (type == DataTypeName::AutomaticInstruction) InsertHidden(AutomaticMarker);
+  Insert(DataEntity);
+}
+
+void SCPIViewBase::InsertHidden(char16_t marker) {
+  SelectionFormat before;
+  before.SelColor = m_display->SelFormat().SelColor;
+  m_display->SelFormat({.SelColor = TextLook::White});
+  m_display->SelText(StringView(&marker, 1));
+  m_display->SelFormat(before);
 }
 
 void SCPIViewBase::RemoveText(const Ref<IDataEntity>& DataEntity, std::int64_t Index) {

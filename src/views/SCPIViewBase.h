@@ -32,6 +32,7 @@ protected:
   /// Takes over another queue and its events.
   void Attach(const Ref<CDataFIFO>& queue);
   void CaretToEnd();
+  /// Writes an entity where the caret is, behind its hidden mark if it has one.
   void Show(const Ref<IDataEntity>& DataEntity);
   void RemoveText(const Ref<IDataEntity>& DataEntity, std::int64_t Index);
 
@@ -45,6 +46,9 @@ private:
   virtual bool KeepsSelection() const = 0;
 
   void Detach();
+  /// The encoder sets the entity's look on the box's selection; what it gives takes the selection's place.
+  void Insert(const Ref<IDataEntity>& DataEntity) { m_display->SelRTF(m_encoder->Encode(DataEntity)); }
+  void InsertHidden(char16_t marker);
   Ref<CDataFIFO> ReadQueue();
   void SelectEntityText(std::int64_t Start, std::int64_t Length);
   void DeleteSelectedText() { m_display->SelText({}); }

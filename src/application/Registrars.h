@@ -12,7 +12,7 @@ namespace portico {
 /// What all registrars share.
 class CRegistrarBase : public IRegistrar {
 public:
-  /// No factory raises 5.
+  /// A null factory raises `InvalidArgument`.
   void RegisterClasses(const Ref<IObjectFactory>& ObjectFactory) override;
   void UnregisterClasses(const Ref<IObjectFactory>& ObjectFactory) override;
 

@@ -24,7 +24,7 @@ private:
 
   std::ostream& m_out;
   const bool m_toTerminal;
-  std::string m_line; // kept for its storage
+  std::string m_line; // a member so that its storage is used again
 };
 
 } // namespace portico::terminal

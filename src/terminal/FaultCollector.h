@@ -38,7 +38,7 @@ public:
 private:
   std::vector<Outcome> m_outcomes;
   std::optional<String> m_lastAnswer;
-  bool m_writeFailed = false; // the last one
+  bool m_writeFailed = false; // what the last write did
 };
 
 } // namespace portico::terminal

@@ -24,7 +24,7 @@ struct RunOptions {
   String LogFile;
   /// Begin the log anew.
   bool Overwrite = false;
-  /// Nobody asks for it: it follows from what the standard streams are.
+  /// Not an option of the command line: it follows from what the standard streams are.
   bool ShowProgress = false;
   /// Likewise: the conversation is shown on a terminal.
   bool ToTerminal = false;

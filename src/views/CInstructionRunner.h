@@ -9,16 +9,17 @@
 
 namespace portico {
 
-/// The second engine: sends the first entity of a view's queue whenever a report tells it to go on. Without a run its
-/// one effect is to clear "CurrentInstruction" when an instruction has ended. Subscribes itself.
+/// The second engine: sends the first entity of a view's queue whenever a report tells it to go on. Subscribes itself.
+/// That engine is part of the contract and nothing in the program starts it: what the runner does there is to clear
+/// "CurrentInstruction" when an instruction has ended.
 class CInstructionRunner final : public ISubscriber, public std::enable_shared_from_this<CInstructionRunner> {
 public:
   StringView ClassName() const override { return u"CInstructionRunner"; }
 
-  /// No source raises 5, no factory 424.
+  /// A null source raises `InvalidArgument`, no factory `ObjectRequired`.
   void Initialize(const Ref<CSCPIView>& InstructionSource);
   Ref<CSCPIView> InstructionSource() const { return m_source; }
-  /// 0x80041460 before `Initialize`; no subject raises 5.
+  /// Before `Initialize` it raises `NotInitialized`; a null subject raises `InvalidArgument`.
   void Update(const Ref<IObject>& Subject) override;
 
   /// During a run: the next instruction can come.

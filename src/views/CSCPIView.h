@@ -15,9 +15,11 @@ public:
 
   void Initialize(const Ref<IRichTextBox>& InstructionDisplay);
   using SCPIViewBase::Instructions;
-  /// Replaces the queue and redraws the window from it. Nothing raises 380.
+  /// Replaces the queue and redraws the window from it. A null queue raises `BadPropertyValue`.
   void Instructions(const Ref<CDataFIFO>& newValue);
-  /// Empties the window and its queue. 0x80041460 before `Initialize`, here and in the next.
+  // Before `Initialize` both raise `NotInitialized`.
+
+  /// Empties the window and its queue.
   void Clear();
   /// Redraws nothing.
   void Refresh();

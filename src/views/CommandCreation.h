@@ -7,7 +7,7 @@
 
 namespace portico {
 
-/// Asks the factory for a command; whatever else it makes raises 31004 with the text.
+/// Asks the factory for a command; whatever else it makes raises `CannotCreate` with the text.
 inline Ref<ICommand> CreateCommand(StringView Specification, const Params& Parameters, StringView FailureText) {
   const Ref<IObject> made = Create<IObject>(Specification, Parameters);
   const bool isCommand = made && CastPointer<ICommand>(made.Get()) != nullptr;

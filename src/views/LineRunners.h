@@ -17,7 +17,7 @@ public:
   LineRunner& operator=(const LineRunner&) = delete;
   virtual ~LineRunner() = default;
 
-  /// Kept, and without effect, like the policy.
+  // Both are part of the contract and without effect.
   void CharComment(const String& newValue) { m_charComment = newValue; }
   void Policy(const Ref<ICommandPolicy>& newValue) { m_policy = newValue; }
   void CommandQueue(const Ref<IRichTextBox>& newValue) { m_queue = newValue; }

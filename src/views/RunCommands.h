@@ -25,7 +25,8 @@ private:
   Ref<CInstContainer> m_instruction;
 };
 
-/// Ends the second engine's run: "RunningMode" becomes "Off". No configuration server raises `ObjectRequired`.
+/// Ends the second engine's run: "RunningMode" becomes "Off". No configuration server raises `ObjectRequired`. Part of
+/// the contract; the runner executes it only in such a run.
 class CStop final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CStop"; }
@@ -35,7 +36,8 @@ private:
 };
 
 /// Drives an instruction runner until "RunningMode" is "Off", posing as a report that tells it to go on. The mode
-/// "Step" ends after one instruction; any other but "Off" runs on.
+/// "Step" ends after one instruction; any other but "Off" runs on. Part of the contract; nothing in the program asks
+/// for it.
 class CRun final : public UserCommand, public IReport, public std::enable_shared_from_this<CRun> {
 public:
   CRun() = default;

@@ -12,15 +12,17 @@ class SCPIViewBase : public IInstructionQueue {
 public:
   ~SCPIViewBase() override;
 
-  /// The queue, made anew from the text if that has changed. 0x80041460 before `Initialize`.
+  // Before `Initialize` both raise `NotInitialized`.
+
+  /// The queue, made anew from the text if that has changed.
   Ref<CDataFIFO> Instructions() override;
-  /// A leftover that takes nothing off: splits the text, and gives nothing. 0x80041460 before `Initialize`.
+  /// Takes nothing off and gives nothing. Part of the contract; nothing in the program calls it.
   Ref<IDataEntity> PopNextInstruction();
 
 protected:
   enum class ViewState : std::int32_t { NotInitialized = 0, InStep = 1, Stale = 2 };
 
-  /// No display raises 5.
+  /// A null display raises `InvalidArgument`.
   void SetUp(const Ref<IRichTextBox>& InstructionDisplay);
   void CheckInitialized() const;
   String Label(StringView member) const { return String(ClassName()).append(member); }
@@ -42,7 +44,7 @@ private:
   void m_Instructions_OnRemove(const Ref<IDataEntity>& DataEntity, std::int64_t Index);
   virtual void m_Instructions_OnAdd(const Ref<IDataEntity>& DataEntity, std::int64_t Index) = 0;
   virtual void m_Instructions_MaximumCountExceded(const Ref<IDataEntity>& DataEntity, std::int64_t Index) = 0;
-  /// Only one of the two keeps the selection over a rebuild.
+  /// Whether the selection stays when the queue is made anew.
   virtual bool KeepsSelection() const = 0;
 
   void Detach();
@@ -52,7 +54,8 @@ private:
   Ref<CDataFIFO> ReadQueue();
   void SelectEntityText(std::int64_t Start, std::int64_t Length);
   void DeleteSelectedText() { m_display->SelText({}); }
-  /// 11 before `Initialize`, when the bytes for a character are not known: a queue may have been attached by then.
+  /// Raises `DivisionByZero` before `Initialize`, when the bytes for a character are not known: a queue may have been
+  /// attached by then.
   std::int64_t Characters(std::int64_t bytes) const;
 
   ViewState m_viewState = ViewState::NotInitialized;

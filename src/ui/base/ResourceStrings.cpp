@@ -100,7 +100,7 @@ constexpr std::array Table = {
 constexpr bool Precedes(const ResourceString& a, const ResourceString& b) { return a.Id < b.Id; }
 static_assert(std::is_sorted(Table.begin(), Table.end(), Precedes));
 
-/// The font of a form. The table has neither, so that every form keeps the platform's.
+/// The font of a form. The table has neither string, so every form keeps the platform's font.
 constexpr std::int32_t FontNameId = 20;
 constexpr std::int32_t FontSizeId = 21;
 

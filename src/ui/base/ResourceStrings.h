@@ -20,13 +20,13 @@ std::span<const ResourceString> ResourceStrings();
 /// The run time's number for an id that has no string.
 inline constexpr std::int32_t ResourceNotFound = 326;
 
-/// The string of an id; an absent one raises 326.
+/// The string of an id; an absent one raises `ResourceNotFound`.
 String LoadResString(std::int32_t Id);
 
 namespace modAppGlobals {
 
 /// Puts texts where the form's design has ids. Whatever has no id in the named place keeps what it has; nothing is
-/// raised.
+/// raised. The contract also asks for the strings of a font, which the table does not have: that step does nothing.
 void LoadResStrings(IForm& Form);
 
 } // namespace modAppGlobals

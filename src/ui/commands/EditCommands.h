@@ -9,6 +9,7 @@ namespace portico {
 
 // Clipboard work goes to whichever control has the focus, by its key. The key arrives after `Execute` has returned.
 
+/// Part of the contract; no registrar adds it, so that the window's cut fails at the factory.
 class CCut final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CCut"; }
@@ -33,8 +34,8 @@ private:
   void Act() override;
 };
 
-// These ask for a file, open it as a store, and then raise 17: there is no more to them yet. A user who cancels gets
-// no error. Without a dialog, or without a store, they raise 31004.
+// These ask for a file, open it as a store, and then raise `CannotCarryOut`: there is no more to them yet. A user who
+// cancels gets no error. Without a dialog, or without a store, they raise `CannotCreate`.
 
 /// A new name leaves an empty log; an existing file is kept, whatever the user answers.
 class CCopyTo final : public PlainCommand {
@@ -47,7 +48,7 @@ private:
   static bool OpenCopyToFile();
 };
 
-/// A file that does not exist raises 53.
+/// A file that does not exist raises `FileNotFound`.
 class CPasteFrom final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CPasteFrom"; }
@@ -57,7 +58,7 @@ private:
   static bool OpenPasteFromFile();
 };
 
-/// Raises 17 at once.
+/// Raises `CannotCarryOut` at once. Part of the contract; the window clears its history through the view.
 class CClearHistory final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"CClearHistory"; }
@@ -66,7 +67,7 @@ private:
   void Act() override;
 };
 
-// None takes a parameter. No registrar adds "Cut".
+// Creators, none of which takes a parameter.
 extern const CreatorRow CtorCut;
 extern const CreatorRow CtorCopy;
 extern const CreatorRow CtorPaste;

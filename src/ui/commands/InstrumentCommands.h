@@ -6,10 +6,10 @@
 namespace portico {
 
 // The commands on the instrument work by instructions, so that whatever they do takes the road of a typed line and
-// shows up in the same reports. `Execute` raises 17 if the instruction processor declines.
+// shows up in the same reports. An instruction that nobody takes raises `CannotCarryOut`.
 
 /// Opens the instrument that the command line names, or that the user chooses; none if the user cancels. An instrument
-/// that does not open is told in the reports. A dialog that cannot be made raises 17.
+/// that does not open is told in the reports. A dialog that cannot be made raises `CannotCarryOut`.
 class COpenInstrument final : public PlainCommand {
 public:
   StringView ClassName() const override { return u"COpenInstrument"; }
@@ -53,7 +53,7 @@ private:
   void Act() override;
 };
 
-// None takes a parameter.
+// Creators, none of which takes a parameter.
 extern const CreatorRow CtorOpenInstrument;
 extern const CreatorRow CtorCloseInstrument;
 extern const CreatorRow CtorReadInstrumentData;

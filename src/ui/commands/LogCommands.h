@@ -5,8 +5,6 @@
 
 namespace portico {
 
-// Members raise 0x80041460 before `Initialize`.
-
 /// Opens a log, or closes the one that is open.
 class CNewLogFile final : public PlainCommand {
 public:

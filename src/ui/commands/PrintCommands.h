@@ -8,8 +8,8 @@ namespace portico {
 
 // A null dialog raises `InvalidArgument` in `Initialize`.
 
-/// Asks for a printer and prints a text on it. A user who cancels is an error, 32755, and nothing is printed. Whether
-/// a selection is offered depends on the main window's history, whatever is printed.
+/// Asks for a printer and prints a text on it. A user who cancels raises `DialogCancelled`, and nothing is printed.
+/// Whether a selection is offered depends on the main window's history, whatever is printed.
 class CPrint final : public UserCommand {
 public:
   StringView ClassName() const override { return u"CPrint"; }

@@ -40,7 +40,7 @@ protected:
       if (const auto alive = dialog.lock()) Filed(label, [&] { handler(args...); });
     });
   }
-  /// Runs a handler so.
+  /// Runs the body of such a handler.
   static void Filed(StringView label, const std::function<void()>& handler);
 
   /// Shows the application's help at a topic.
@@ -59,7 +59,7 @@ Ref<Dialog> MakeDialog() {
   return dialog;
 }
 
-/// The same; one that cannot be made raises 17 with the text.
+/// The same; one that cannot be made raises `CannotCarryOut` with the text.
 template <class Dialog>
 Ref<Dialog> MakeDialog(StringView FailureText) {
   Ref<Dialog> dialog;

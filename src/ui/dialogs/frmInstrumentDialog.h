@@ -15,7 +15,7 @@ public:
   const String& InstrumentName() const { return m_instrumentName; }
 
 private:
-  /// Fails if the list does: then there is no dialog.
+  /// A failure of the list of instruments passes out, and no dialog appears.
   void Form_Load() override;
   void InitializeInstrumentList();
   void OKButton_Click();

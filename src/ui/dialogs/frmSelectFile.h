@@ -7,7 +7,7 @@ namespace portico {
 /// Which dialog is shown. The one for opening serves for new files as well: it does not insist that the file exists.
 inline constexpr std::int32_t SelectToOpen = 1;
 
-/// Sets of filters.
+/// Sets of filters. The contract has two more, 2 and 6, and a dialog for saving; nothing in the program asks for them.
 inline constexpr std::int32_t CopyToFilters = 1;
 inline constexpr std::int32_t PasteFromFilters = 3;
 inline constexpr std::int32_t ViewLogFilters = 4;
@@ -16,7 +16,7 @@ inline constexpr std::int32_t NewLogFilters = 5;
 /// The one place from which file dialogs are shown. Made for each question.
 class frmSelectFile final : public IObject {
 public:
-  /// Nothing where there is no dialog to show.
+  /// Null without `gCommonDialog`.
   static Ref<frmSelectFile> Make();
 
   explicit frmSelectFile(const Ref<ICommonDialog>& dialog) : m_dialog(dialog) {}

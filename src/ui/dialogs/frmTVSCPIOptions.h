@@ -16,7 +16,8 @@ public:
   void Form_Initialize() override;
 
 private:
-  /// A failure is filed, as those of the handlers are: a check box whose option is neither "On" nor "Off" raises 5.
+  /// A failure is filed, as those of the handlers are: an option of a check box that is neither "On" nor "Off" raises
+  /// `InvalidArgument`.
   void Form_Load() override;
   void Form_KeyDown(std::int32_t KeyCode, std::int32_t Shift);
   void tbsOptions_Click();

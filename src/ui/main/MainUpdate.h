@@ -22,7 +22,7 @@ public:
   MainUpdate(IForm& form, const Ref<IRichTextControl>& txtFuture, const Ref<IRichTextControl>& txtPast,
              Circumstances circumstances);
 
-  /// Needs the global configuration (424). Ends with a turn of the event loop, in which it can be entered again.
+  /// No `gConfiguration` raises `ObjectRequired`. Ends with a turn of the event loop, in which it can be entered again.
   void Run() const;
 
 private:

@@ -7,7 +7,8 @@
 
 namespace portico {
 
-/// Where a control's properties are kept. Both pass over what equals the default.
+/// Where a control's properties are kept. Reading gives the default for what is not kept; writing passes over what
+/// equals the default.
 class IPropertyBag {
 public:
   virtual ~IPropertyBag() = default;
@@ -45,6 +46,7 @@ public:
 
   /// What a new panel begins with.
   void InitProperties();
+  // Part of the contract; nothing in the program keeps a panel in a property bag. The window stores the share itself.
   /// The direction and the share; a value that cannot be taken leaves what there was.
   void ReadProperties(IPropertyBag& PropBag);
   void WriteProperties(IPropertyBag& PropBag);
@@ -54,7 +56,8 @@ public:
   // What the toolkit calls.
   void UserControl_Resize();
   void Splitter_MouseDown();
-  /// `X` and `Y` come as the mouse's place in the bar; the one along which the bar moves goes as the bar's new place.
+  /// `X` and `Y` come as the mouse's place in the bar; the one along which the bar moves
+  /// is set to the bar's new place.
   void Splitter_MouseMove(std::int32_t Button, std::int32_t Shift, double& X, double& Y);
   void Splitter_MouseUp();
 

@@ -22,7 +22,7 @@
 namespace portico {
 
 /// The one top-level window, without its toolkit. Almost all of it is thin: an item or a button names a command, which
-/// `ExecutionEventHandler` runs. What the window decides itself stands in `MainUpdate`.
+/// `ExecutionEventHandler` runs. What the window decides itself stands in `MainUpdate`. It stores its place itself.
 ///
 /// A failure of a handler is shown in a message box and never closes the window. A close asks the event loop to quit;
 /// what runs comes down to the bottom of the stack, where the program calls `Form_Unload` and `Form_Terminate`.
@@ -34,7 +34,7 @@ public:
 
   bool StopRequested() const override { return m_stopRequested; }
   void StopRequested(bool newValue) override { m_stopRequested = newValue; }
-  /// Forwarded to the command view, so 91 before `Form_Load`.
+  /// Forwarded to the command view: before `Form_Load` it raises `MissingObject`.
   bool Executing() const override { return m_commandView->Executing(); }
   void Executing(bool newValue) override { m_commandView->Executing(newValue); }
   Ref<ISubscriber> Logger() const override { return m_logger; }
@@ -61,7 +61,8 @@ public:
   void mnuRun_Click() { Click(u"mnuRun"); }
   void mnuRunToCursor_Click() { Click(u"mnuRunToCursor"); }
   void mnuStop_Click() { Click(u"mnuStop"); }
-  void mnuHelpSearchForHelpOn_Click(); // no menu item leads here, nor to the next
+  // Part of the contract; no menu item leads to these two.
+  void mnuHelpSearchForHelpOn_Click();
   void mnuFileOpen_Click();
 
   IForm& Form() override { return *m_form; }

@@ -11,11 +11,11 @@
 namespace portico {
 
 /// Shows a log as it lay on disk when the viewer was opened: to read, to copy from and to print. Any number of viewers
-/// can be open. One that is shown is kept by its form until that is unloaded. Its place comes from the settings store,
-/// where it never puts it.
+/// can be open. One that is shown is kept by its form until that is unloaded. Its place comes from the settings store;
+/// it never stores it.
 class frmViewLog final : public IObject, public std::enable_shared_from_this<frmViewLog> {
 public:
-  /// Nothing where there are no forms.
+  /// Null without `gForms`.
   static Ref<frmViewLog> Make();
 
   StringView ClassName() const override { return u"frmViewLog"; }

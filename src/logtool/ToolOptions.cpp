@@ -26,14 +26,8 @@ std::variant<ToolOptions, HelpText, UsageError> ParseToolOptions(int argc, const
       ->type_name("FORMAT")
       ->required();
   CLI::App* counting = command("stats", "Print counts, durations and error answers");
-  try {
-    app.parse(argc, argv);
-  } catch (const CLI::CallForHelp&) {
-    return HelpText{app.help()};
-  } catch (const CLI::CallForVersion&) {
-    return HelpText{app.version() + "\n"};
-  } catch (const CLI::ParseError& error) {
-    return UsageError{std::string(error.what()) + "; see portico-log --help"};
+  if (const auto ending = commandline::Parse(app, argc, argv)) {
+    return std::visit([](const auto& text) { return std::variant<ToolOptions, HelpText, UsageError>(text); }, *ending);
   }
 
   if (counting->parsed()) options.Wanted = Output::Statistics;

@@ -114,14 +114,8 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   app.add_flag("--stop-on-error", options.StopOnError,
                "End at the first error that the error query reports, or the first driver failure");
   app.add_flag("--quiet", options.Quiet, "No conversation on standard output");
-  try {
-    app.parse(argc, argv);
-  } catch (const CLI::CallForHelp&) {
-    return HelpText{app.help()};
-  } catch (const CLI::CallForVersion&) {
-    return HelpText{app.version() + "\n"};
-  } catch (const CLI::ParseError& error) {
-    return UsageError{std::string(error.what()) + "; see portico-run --help"};
+  if (const auto ending = commandline::Parse(app, argc, argv)) {
+    return std::visit([](const auto& text) { return std::variant<RunOptions, HelpText, UsageError>(text); }, *ending);
   }
 
   const Utf8Text name = FromUtf8(instrument);

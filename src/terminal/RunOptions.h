@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commandline/CommandLine.h"
 #include "framework/text/text.h"
 
 #include <string>
@@ -8,6 +9,9 @@
 #include <vector>
 
 namespace portico::terminal {
+
+using commandline::HelpText;
+using commandline::UsageError;
 
 /// What the command line of `portico-run` asks for, checked.
 struct RunOptions {
@@ -28,16 +32,6 @@ struct RunOptions {
   bool ShowProgress = false;
   /// Likewise: the conversation is shown on a terminal.
   bool ToTerminal = false;
-};
-
-/// A text for standard output after which the program ends well: help, or the version.
-struct HelpText {
-  std::string Text;
-};
-
-/// One line that says what was wrong and what would be right.
-struct UsageError {
-  std::string Text;
 };
 
 std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const char* const* argv);

@@ -4,12 +4,11 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/modGlobals.h"
-#include "framework/shared/Application.h"
 #include "framework/shared/IConfiguration.h"
 #include "platform/IDesktop.h"
 #include "ui/base/UserCommands.h"
 #include "ui/base/Wired.h"
-#include "ui/dialogs/frmSelectFile.h"
+#include "ui/dialogs/FileQuestions.h"
 
 namespace portico {
 namespace {
@@ -17,13 +16,6 @@ namespace {
 void Press(StringView keys) { Wired(gKeyboard).SendKeys(String(keys)); }
 
 void Refuse() { HuntERR::Check(false, ErrorNumber::CannotCarryOut, u"Operation is not implemented yet."); }
-
-/// Empty if the user has cancelled.
-String AskForFile(const String& title, std::int32_t filters) {
-  const auto dialog = frmSelectFile::Make();
-  HuntERR::Check(bool(dialog), ErrorNumber::CannotCreate, u"Cannot create a select-file dialog.");
-  return dialog->SelectedFileName(SelectToOpen, title, filters);
-}
 
 Ref<IDataStore> OpenStore(const String& name) {
   const auto store = Create(Class::DataStore, name, false);
@@ -42,9 +34,7 @@ void CPaste::Act() { Press(u"^V"); }
 bool CCopyTo::OpenCopyToFile() try {
   const String name = AskForFile(u"Copy to file...", CopyToFilters);
   if (name.empty()) return false;
-  if (modGlobals::FileExists(name)) { // whatever the answer is, the file is kept
-    Wired(gMessageBox).Show(u"Do you want to erase " + name + u"?", ApplicationTitle, MessageBoxButtons::YesNo);
-  }
+  if (modGlobals::FileExists(name)) AskToErase(name); // whatever the answer is, the file is kept
   const auto store = OpenStore(name);
   gConfiguration->ItemValue(Item::CopyToFileName, name);
   return bool(store);

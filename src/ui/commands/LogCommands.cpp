@@ -2,36 +2,13 @@
 
 #include "document/reports/ReportSubscribers.h"
 #include "framework/objects/modGlobals.h"
-#include "framework/shared/Application.h"
 #include "framework/shared/Guards.h"
-#include "platform/IDesktop.h"
 #include "ui/base/IMainFormParts.h"
 #include "ui/base/UserCommands.h"
-#include "ui/base/Wired.h"
-#include "ui/dialogs/frmSelectFile.h"
+#include "ui/dialogs/FileQuestions.h"
 #include "ui/viewer/frmViewLog.h"
 
 namespace portico {
-namespace {
-
-/// Empty if the user has cancelled.
-String Ask(const Ref<frmSelectFile>& dialog, const String& title, std::int32_t filters) {
-  return dialog->SelectedFileName(SelectToOpen, title, filters);
-}
-
-Ref<frmSelectFile> MakeSelectDialog() {
-  auto dialog = frmSelectFile::Make();
-  HuntERR::Check(bool(dialog), ErrorNumber::CannotCreate, u"Cannot create a select-file dialog.");
-  return dialog;
-}
-
-bool MayErase(const String& name) {
-  return Wired(gMessageBox).Show(u"Do you want to erase " + name + u"?", ApplicationTitle, MessageBoxButtons::YesNo) ==
-         MessageBoxAnswer::Yes;
-}
-
-} // namespace
-
 void CNewLogFile::Act() {
   CheckConfiguration();
   if (gConfiguration->ItemValue(Item::LogFileName).empty()) {
@@ -42,9 +19,9 @@ void CNewLogFile::Act() {
 }
 
 void CNewLogFile::OpenNewLogFile() try {
-  const String name = Ask(MakeSelectDialog(), u"Open a log file", NewLogFilters);
+  const String name = AskForFile(u"Open a log file", NewLogFilters);
   if (name.empty()) return;
-  const bool overWrite = modGlobals::FileExists(name) && MayErase(name);
+  const bool overWrite = modGlobals::FileExists(name) && AskToErase(name);
   const auto store = Create(Class::DataStore, name, overWrite);
   HuntERR::Check(bool(store), ErrorNumber::CannotCreate, u"Cannot create a log file.");
   gConfiguration->ItemValue(Item::LogFileName, name);
@@ -77,7 +54,7 @@ void CViewLogFile::Act() {
   const auto dialog = MakeSelectDialog();
   const auto viewer = frmViewLog::Make();
   HuntERR::Check(bool(viewer), ErrorNumber::CannotCreate, u"Cannot create a log file viewer.");
-  const String name = Ask(dialog, u"Select a log file", ViewLogFilters);
+  const String name = dialog->SelectedFileName(SelectToOpen, u"Select a log file", ViewLogFilters);
   if (name.empty()) return;
   viewer->FileName(name);
   viewer->Show(&gMainFormParts->Form());

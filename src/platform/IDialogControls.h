@@ -15,7 +15,7 @@ public:
 
 inline constexpr std::int32_t Unchecked = 0;
 inline constexpr std::int32_t Checked = 1;
-inline constexpr std::int32_t Grayed = 2;
+inline constexpr std::int32_t Grayed = 2; ///< nothing in the program makes a box so
 
 class ICheckBox : public virtual IControl, public virtual ITabOrder {
 public:
@@ -41,6 +41,7 @@ class IComboBox : public virtual ITextBox {
 public:
   virtual void AddItem(const String& item) = 0;
   virtual std::int32_t ListCount() const = 0;
+  /// Nothing in the program asks for an entry by its index.
   virtual String List(std::int32_t index) const = 0;
   /// Counted from 0; -1 if nothing is selected. An index that no entry has raises `BadPropertyValue`.
   virtual std::int32_t ListIndex() const = 0;

@@ -1,4 +1,4 @@
-#include "support/PipelineFixture.h"
+#include "support/fixtures/PipelineFixture.h"
 
 #include <algorithm>
 

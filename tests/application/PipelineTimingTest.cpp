@@ -1,5 +1,5 @@
 #include "framework/errors/Quit.h"
-#include "support/PipelineFixture.h"
+#include "support/fixtures/PipelineFixture.h"
 
 namespace portico {
 namespace {

@@ -8,7 +8,7 @@
 #include "framework/objects/CSubscriptionAgent.h"
 #include "framework/objects/modGlobals.h"
 #include "instructions/CInstDirector.h"
-#include "support/PipelineFixture.h"
+#include "support/fixtures/PipelineFixture.h"
 #include "ui/commands/EditCommands.h"
 #include "ui/commands/LogCommands.h"
 #include "ui/commands/MergeCommands.h"

@@ -5,7 +5,7 @@
 #include "document/entities/ITimeStamp.h"
 #include "framework/objects/CObjectFactory.h"
 #include "instructions/CInstDirector.h"
-#include "support/PipelineFixture.h"
+#include "support/fixtures/PipelineFixture.h"
 
 namespace portico {
 namespace {

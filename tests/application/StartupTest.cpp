@@ -4,7 +4,7 @@
 #include "framework/objects/CObjectFactory.h"
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/IConfiguration.h"
-#include "support/PipelineFixture.h"
+#include "support/fixtures/PipelineFixture.h"
 
 #include <stdexcept>
 

@@ -1,4 +1,4 @@
-#include "channel/ChainTest.h"
+#include "channel/ChainFixture.h"
 
 #include "channel/CIntervalPacingCmd.h"
 

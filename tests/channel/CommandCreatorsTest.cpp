@@ -1,5 +1,5 @@
-#include "channel/ChainTest.h"
-#include "support/CreatorOfOne.h"
+#include "channel/ChainFixture.h"
+#include "support/doubles/CreatorOfOne.h"
 
 namespace portico {
 namespace {

@@ -1,4 +1,4 @@
-#include "channel/DriverSessionTest.h"
+#include "channel/DriverSessionFixture.h"
 
 namespace portico {
 namespace {

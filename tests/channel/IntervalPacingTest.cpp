@@ -1,7 +1,7 @@
 #include "channel/CIntervalPacingCmd.h"
 
 #include "channel/CIntervalTimer.h"
-#include "channel/ChainTest.h"
+#include "channel/ChainFixture.h"
 #include "framework/errors/Quit.h"
 #include "memory/EventLoop.h"
 

@@ -1,7 +1,7 @@
 #include "channel/CIntervalPacingCmd.h"
 #include "channel/CIntervalTimer.h"
-#include "channel/ChainTest.h"
-#include "channel/DriverSessionTest.h"
+#include "channel/ChainFixture.h"
+#include "channel/DriverSessionFixture.h"
 #include "memory/EventLoop.h"
 #include "support/FailedAllocation.h"
 

@@ -1,4 +1,4 @@
-#include "configuration/ClientTest.h"
+#include "configuration/ClientFixture.h"
 
 namespace portico {
 namespace {

@@ -2,9 +2,9 @@
 
 #include "drivers/StandardTransports.h"
 #include "drivers/SteadyClock.h"
-#include "support/ManualClock.h"
-#include "support/ScriptedConnection.h"
-#include "support/ScriptedServer.h"
+#include "support/doubles/ManualClock.h"
+#include "support/doubles/ScriptedConnection.h"
+#include "support/doubles/ScriptedServer.h"
 
 #include <array>
 

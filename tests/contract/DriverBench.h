@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drivers/InstrumentDriver.h"
-#include "support/InstrumentScript.h"
+#include "support/doubles/InstrumentScript.h"
 
 #include <chrono>
 #include <cstdint>

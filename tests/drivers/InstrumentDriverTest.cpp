@@ -1,7 +1,7 @@
 #include "drivers/InstrumentDriver.h"
 
-#include "support/ManualClock.h"
-#include "support/ScriptedTransport.h"
+#include "support/doubles/ManualClock.h"
+#include "support/doubles/ScriptedTransport.h"
 
 #include <array>
 #include <gmock/gmock.h>

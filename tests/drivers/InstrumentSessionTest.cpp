@@ -1,8 +1,8 @@
 #include "drivers/InstrumentSession.h"
 
 #include "platform/IInstrumentDriver.h"
-#include "support/ManualClock.h"
-#include "support/ScriptedTransport.h"
+#include "support/doubles/ManualClock.h"
+#include "support/doubles/ScriptedTransport.h"
 
 #include <array>
 #include <gmock/gmock.h>

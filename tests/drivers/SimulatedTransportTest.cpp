@@ -1,7 +1,7 @@
 #include "drivers/SimulatedTransport.h"
 
-#include "support/ManualClock.h"
-#include "support/ScriptedConnection.h"
+#include "support/doubles/ManualClock.h"
+#include "support/doubles/ScriptedConnection.h"
 
 #include <array>
 #include <gmock/gmock.h>

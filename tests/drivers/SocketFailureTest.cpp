@@ -1,6 +1,6 @@
 #include "drivers/StandardTransports.h"
 #include "drivers/SteadyClock.h"
-#include "support/ScriptedServer.h"
+#include "support/doubles/ScriptedServer.h"
 
 #include <array>
 #include <gmock/gmock.h>

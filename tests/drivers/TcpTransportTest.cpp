@@ -1,6 +1,6 @@
 #include "drivers/TcpTransport.h"
 
-#include "support/ScriptedServer.h"
+#include "support/doubles/ScriptedServer.h"
 
 #include <array>
 #include <gmock/gmock.h>

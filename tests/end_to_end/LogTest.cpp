@@ -1,6 +1,6 @@
 #include "end_to_end/RunLogs.h"
 #include "support/Golden.h"
-#include "support/ScriptedServer.h"
+#include "support/doubles/ScriptedServer.h"
 
 #include <csignal>
 

@@ -1,5 +1,5 @@
 #include "end_to_end/RunLogs.h"
-#include "support/ScriptedServer.h"
+#include "support/doubles/ScriptedServer.h"
 
 #include <array>
 #include <cstdlib>

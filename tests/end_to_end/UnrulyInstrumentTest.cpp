@@ -1,5 +1,5 @@
 #include "end_to_end/Programs.h"
-#include "support/ScriptedServer.h"
+#include "support/doubles/ScriptedServer.h"
 
 namespace portico::test {
 namespace {

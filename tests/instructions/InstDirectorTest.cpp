@@ -2,7 +2,7 @@
 #include "instructions/CInstHandler.h"
 
 #include "support/InstructionErrors.h"
-#include "support/InstructionFakes.h"
+#include "support/doubles/InstructionFakes.h"
 
 namespace portico {
 namespace {

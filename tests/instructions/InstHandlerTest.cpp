@@ -3,7 +3,7 @@
 #include "framework/objects/CObjectFactory.h"
 #include "framework/objects/CSubscriptionAgent.h"
 #include "support/InstructionErrors.h"
-#include "support/PipelineDriver.h"
+#include "support/doubles/PipelineDriver.h"
 
 namespace portico {
 namespace {

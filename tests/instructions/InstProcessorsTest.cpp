@@ -1,7 +1,7 @@
 #include "instructions/CInstProcessors.h"
 
 #include "support/InstructionErrors.h"
-#include "support/InstructionFakes.h"
+#include "support/doubles/InstructionFakes.h"
 
 namespace portico {
 namespace {

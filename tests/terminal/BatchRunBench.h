@@ -7,7 +7,7 @@
 #include "memory/SettingsStore.h"
 #include "terminal/BatchRun.h"
 
-#include "support/FrameworkTest.h"
+#include "support/fixtures/FrameworkTest.h"
 #include "terminal/RecordingDriver.h"
 
 #include <sstream>

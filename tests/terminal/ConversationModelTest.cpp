@@ -4,7 +4,7 @@
 
 #include "document/entities/CSelectionIterator.h"
 #include "document/reports/ReportSubscribers.h"
-#include "support/CreatorOfOne.h"
+#include "support/doubles/CreatorOfOne.h"
 
 #include <filesystem>
 #include <random>

@@ -2,7 +2,7 @@
 
 #include "document/entities/CDataEntity.h"
 #include "document/log/CMockTimeStampServer.h"
-#include "support/FrameworkTest.h"
+#include "support/fixtures/FrameworkTest.h"
 
 #include <sstream>
 

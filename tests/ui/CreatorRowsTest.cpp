@@ -1,6 +1,6 @@
 #include "framework/objects/Creator.h"
-#include "support/FrameworkTest.h"
 #include "support/Labels.h"
+#include "support/fixtures/FrameworkTest.h"
 #include "ui/commands/EditCommands.h"
 #include "ui/commands/InstrumentCommands.h"
 #include "ui/commands/MergeCommands.h"

@@ -1,7 +1,7 @@
 #include "support/FailedAllocation.h"
 
-#include "support/FrameworkTest.h"
 #include "support/Labels.h"
+#include "support/fixtures/FrameworkTest.h"
 #include "ui/DesktopDoubles.h"
 #include "ui/dialogs/frmSelectFile.h"
 #include "ui/dialogs/frmTVSCPIOptions.h"

@@ -5,8 +5,8 @@
 #include "memory/forms/DialogControls.h"
 #include "memory/forms/RichTextControl.h"
 #include "platform/IInstrumentList.h"
-#include "support/DocumentFixture.h"
-#include "support/WindowPlatform.h"
+#include "support/fixtures/DocumentFixture.h"
+#include "support/fixtures/WindowPlatform.h"
 #include "ui/DesktopDoubles.h"
 #include "ui/base/IMainFormParts.h"
 

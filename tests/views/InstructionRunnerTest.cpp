@@ -1,7 +1,7 @@
 #include "views/CInstructionRunner.h"
 
-#include "support/ReportDouble.h"
-#include "support/RunFixture.h"
+#include "support/doubles/ReportDouble.h"
+#include "views/RunFixture.h"
 
 namespace portico::test {
 namespace {

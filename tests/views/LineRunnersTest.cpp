@@ -1,6 +1,6 @@
 #include "views/LineRunners.h"
 
-#include "support/RunFixture.h"
+#include "views/RunFixture.h"
 
 namespace portico::test {
 namespace {

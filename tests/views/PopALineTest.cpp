@@ -1,6 +1,6 @@
 #include "views/CPopALine.h"
 
-#include "support/ViewFixture.h"
+#include "views/ViewFixture.h"
 
 namespace portico::test {
 namespace {

@@ -1,6 +1,6 @@
 #include "views/RunFrame.h"
 
-#include "support/RunFixture.h"
+#include "views/RunFixture.h"
 
 namespace portico::test {
 namespace {

@@ -1,7 +1,7 @@
 #include "views/CSCPIView.h"
 #include "views/CSCPIViewHistory.h"
 
-#include "support/ViewFixture.h"
+#include "views/ViewFixture.h"
 
 namespace portico::test {
 namespace {

@@ -3,7 +3,7 @@
 #include "views/LineRunners.h"
 
 #include "memory/HeadlessWindow.h"
-#include "support/RunFixture.h"
+#include "views/RunFixture.h"
 
 namespace portico::test {
 namespace {

@@ -1,7 +1,7 @@
 #include "document/encoders/CRTFEncoder.h"
 #include "document/encoders/CSimpleRTFEncoder.h"
 
-#include "support/DocumentFixture.h"
+#include "support/fixtures/DocumentFixture.h"
 
 namespace portico::test {
 namespace {

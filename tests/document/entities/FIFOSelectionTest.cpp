@@ -1,4 +1,4 @@
-#include "document/DocumentTest.h"
+#include "document/FIFOFixture.h"
 
 namespace portico {
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "document/DocumentTest.h"
+#include "document/FIFOFixture.h"
 #include "document/log/CXMLDataStore.h"
-#include "support/MemoryLogDisk.h"
+#include "document/log/MemoryLogDisk.h"
 
 #include <memory>
 #include <string>

@@ -1,6 +1,6 @@
 #include "document/log/LogText.h"
-#include "support/FrameworkTest.h"
 #include "support/Labels.h"
+#include "support/fixtures/FrameworkTest.h"
 
 namespace portico::test {
 namespace {

@@ -1,8 +1,8 @@
 #include "document/reports/ReportSubscribers.h"
 
 #include "channel/CReport.h"
-#include "support/DocumentFixture.h"
-#include "support/ReportDouble.h"
+#include "support/doubles/ReportDouble.h"
+#include "support/fixtures/DocumentFixture.h"
 
 namespace portico::test {
 namespace {

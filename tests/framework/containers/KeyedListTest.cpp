@@ -1,7 +1,7 @@
 #include "framework/containers/KeyedList.h"
 
-#include "support/FrameworkTest.h"
 #include "support/Raised.h"
+#include "support/fixtures/FrameworkTest.h"
 
 namespace portico {
 namespace {

@@ -1,8 +1,8 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/modGlobals.h"
 
-#include "support/FrameworkTest.h"
 #include "support/Raised.h"
+#include "support/fixtures/FrameworkTest.h"
 
 #include <stdexcept>
 

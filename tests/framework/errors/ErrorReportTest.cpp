@@ -1,9 +1,9 @@
 #include "framework/errors/HuntERR.h"
 
-#include "framework/TestObjects.h"
-#include "support/FrameworkTest.h"
 #include "support/Golden.h"
 #include "support/Raised.h"
+#include "support/doubles/TestObjects.h"
+#include "support/fixtures/FrameworkTest.h"
 
 namespace portico {
 namespace {

@@ -1,8 +1,8 @@
 #include "framework/errors/HuntERR.h"
 
-#include "framework/TestObjects.h"
-#include "support/FrameworkTest.h"
 #include "support/Raised.h"
+#include "support/doubles/TestObjects.h"
+#include "support/fixtures/FrameworkTest.h"
 
 #include <type_traits>
 

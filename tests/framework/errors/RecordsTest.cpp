@@ -2,8 +2,8 @@
 #include "framework/shared/CResponse.h"
 
 #include "framework/errors/FailingAllocation.h"
-#include "support/FrameworkTest.h"
 #include "support/Raised.h"
+#include "support/fixtures/FrameworkTest.h"
 
 namespace portico {
 namespace {

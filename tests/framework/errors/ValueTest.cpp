@@ -1,9 +1,9 @@
 #include "framework/errors/Value.h"
 
-#include "framework/TestObjects.h"
 #include "framework/shared/ICommand.h"
-#include "support/FrameworkTest.h"
 #include "support/Raised.h"
+#include "support/doubles/TestObjects.h"
+#include "support/fixtures/FrameworkTest.h"
 
 #include <limits>
 

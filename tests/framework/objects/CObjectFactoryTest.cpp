@@ -3,10 +3,10 @@
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/ICommand.h"
 
-#include "framework/TestObjects.h"
 #include "framework/errors/FailingAllocation.h"
-#include "support/FrameworkTest.h"
 #include "support/Raised.h"
+#include "support/doubles/TestObjects.h"
+#include "support/fixtures/FrameworkTest.h"
 
 namespace portico {
 namespace {

@@ -1,9 +1,9 @@
 #include "framework/objects/modGlobals.h"
 
-#include "framework/TestObjects.h"
 #include "framework/errors/FailingAllocation.h"
-#include "support/FrameworkTest.h"
 #include "support/Raised.h"
+#include "support/doubles/TestObjects.h"
+#include "support/fixtures/FrameworkTest.h"
 
 #include <filesystem>
 #include <fstream>

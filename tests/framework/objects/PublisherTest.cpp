@@ -6,10 +6,10 @@
 
 #include "framework/objects/CObjectFactory.h"
 
-#include "framework/TestObjects.h"
 #include "framework/errors/FailingAllocation.h"
-#include "support/FrameworkTest.h"
 #include "support/Raised.h"
+#include "support/doubles/TestObjects.h"
+#include "support/fixtures/FrameworkTest.h"
 
 #include <gmock/gmock.h>
 

@@ -4,9 +4,9 @@
 #include "framework/objects/CObjectFactory.h"
 #include "framework/objects/modGlobals.h"
 
-#include "framework/TestObjects.h"
-#include "support/FrameworkTest.h"
 #include "support/Raised.h"
+#include "support/doubles/TestObjects.h"
+#include "support/fixtures/FrameworkTest.h"
 
 namespace portico {
 namespace {

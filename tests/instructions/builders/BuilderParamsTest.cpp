@@ -1,7 +1,7 @@
 #include "instructions/builders/modBuilder.h"
 
 #include "support/InstructionErrors.h"
-#include "support/InstructionFakes.h"
+#include "support/doubles/InstructionFakes.h"
 
 namespace portico {
 namespace {

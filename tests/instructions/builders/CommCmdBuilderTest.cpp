@@ -1,4 +1,4 @@
-#include "support/InstructionBuilding.h"
+#include "instructions/builders/BuilderFixture.h"
 
 namespace portico {
 namespace {

@@ -1,7 +1,7 @@
 #include "instructions/builders/PacingBuilders.h"
 #include "framework/objects/Creator.h"
+#include "instructions/builders/BuilderFixture.h"
 #include "instructions/builders/CErrChkCmdBuilder.h"
-#include "support/InstructionBuilding.h"
 
 namespace portico {
 namespace {

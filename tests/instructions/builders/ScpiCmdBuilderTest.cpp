@@ -1,5 +1,5 @@
+#include "instructions/builders/BuilderFixture.h"
 #include "instructions/builders/CNullCmdBuilder.h"
-#include "support/InstructionBuilding.h"
 
 namespace portico {
 namespace {

@@ -5,7 +5,7 @@
 #include "memory/forms/DialogControls.h"
 #include "memory/forms/RichTextControl.h"
 #include "support/Raised.h"
-#include "support/WindowPlatform.h"
+#include "support/fixtures/WindowPlatform.h"
 
 #include <gmock/gmock.h>
 

@@ -3,7 +3,7 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/Quit.h"
 #include "support/Labels.h"
-#include "support/WindowPlatform.h"
+#include "support/fixtures/WindowPlatform.h"
 
 namespace portico::test {
 namespace {

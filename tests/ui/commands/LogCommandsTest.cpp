@@ -1,6 +1,6 @@
 #include "ui/LogFixture.h"
 
-#include "support/ReportDouble.h"
+#include "support/doubles/ReportDouble.h"
 #include "ui/base/ShowFailure.h"
 #include "ui/viewer/frmViewLog.h"
 

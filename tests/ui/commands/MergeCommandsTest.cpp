@@ -1,7 +1,7 @@
 #include "ui/commands/MergeCommands.h"
 
 #include "document/log/CXMLDataStore.h"
-#include "support/DocumentFixture.h"
+#include "support/fixtures/DocumentFixture.h"
 
 #include <fstream>
 

@@ -1,8 +1,8 @@
 #include "ui/dialogs/KnownInstruments.h"
 
 #include "memory/SettingsStore.h"
-#include "support/FrameworkTest.h"
 #include "support/Labels.h"
+#include "support/fixtures/FrameworkTest.h"
 
 namespace portico::test {
 namespace {

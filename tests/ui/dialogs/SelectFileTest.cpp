@@ -1,7 +1,7 @@
 #include "ui/dialogs/frmSelectFile.h"
 
-#include "support/FrameworkTest.h"
 #include "support/Labels.h"
+#include "support/fixtures/FrameworkTest.h"
 #include "ui/DesktopDoubles.h"
 
 namespace portico::test {

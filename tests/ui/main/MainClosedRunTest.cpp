@@ -1,6 +1,6 @@
 #include "drivers/InstrumentDriver.h"
-#include "support/ManualClock.h"
-#include "support/ScriptedTransport.h"
+#include "support/doubles/ManualClock.h"
+#include "support/doubles/ScriptedTransport.h"
 #include "ui/main/MainWindowFixture.h"
 
 namespace portico::test {

@@ -1,6 +1,6 @@
 #include "ui/viewer/ViewLogFixture.h"
 
-#include "support/ReportDouble.h"
+#include "support/doubles/ReportDouble.h"
 
 namespace portico::test {
 namespace {

@@ -4,8 +4,8 @@
 #include "document/entities/CDataFIFO.h"
 #include "document/entities/CSelectionIterator.h"
 #include "document/log/CMockTimeStampServer.h"
-#include "support/FrameworkTest.h"
 #include "support/Labels.h"
+#include "support/fixtures/FrameworkTest.h"
 
 #include <string>
 #include <utility>

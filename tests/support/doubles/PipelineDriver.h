@@ -3,7 +3,7 @@
 #include "framework/objects/IPublisher.h"
 #include "framework/shared/IReport.h"
 #include "platform/IInstrumentDriver.h"
-#include "support/InstructionFakes.h"
+#include "support/doubles/InstructionFakes.h"
 
 #include <algorithm>
 #include <cstring>

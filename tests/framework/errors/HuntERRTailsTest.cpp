@@ -2,8 +2,8 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/errors/Quit.h"
 
-#include "support/FrameworkTest.h"
 #include "support/Raised.h"
+#include "support/fixtures/FrameworkTest.h"
 
 #include <new>
 #include <stdexcept>

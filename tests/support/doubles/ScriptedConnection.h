@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/status/SimulatedConnection.h"
-#include "support/InstrumentScript.h"
+#include "support/doubles/InstrumentScript.h"
 
 #include <deque>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/IEventLoop.h"
-#include "support/DocumentFixture.h"
+#include "support/fixtures/DocumentFixture.h"
 
 namespace portico::test {
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "instructions/IInstProcessor.h"
-#include "support/ViewFixture.h"
 #include "views/CInstructionRunner.h"
 #include "views/RunCommands.h"
+#include "views/ViewFixture.h"
 
 namespace portico::test {
 

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "channel/ChannelCommands.h"
+#include "channel/ChannelDoubles.h"
 #include "channel/ConfigurationCommands.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/CObjectFactory.h"
-#include "support/ChannelDoubles.h"
-#include "support/CreatorOfOne.h"
 #include "support/Labels.h"
+#include "support/doubles/CreatorOfOne.h"
 
 #include <gmock/gmock.h>
 

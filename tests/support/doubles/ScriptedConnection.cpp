@@ -1,4 +1,4 @@
-#include "support/ScriptedConnection.h"
+#include "support/doubles/ScriptedConnection.h"
 
 namespace portico::test {
 

@@ -2,7 +2,7 @@
 
 #include "framework/shared/IMainWindow.h"
 #include "platform/IScratchArea.h"
-#include "support/RecordingTextBox.h"
+#include "support/doubles/RecordingTextBox.h"
 
 namespace portico::test {
 

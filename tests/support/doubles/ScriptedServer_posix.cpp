@@ -1,4 +1,4 @@
-#include "support/ScriptedServer.h"
+#include "support/doubles/ScriptedServer.h"
 
 #include <algorithm>
 #include <arpa/inet.h>

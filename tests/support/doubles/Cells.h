@@ -1,7 +1,7 @@
 #pragma once
 
 #include "framework/text/text.h"
-#include "support/Formats.h"
+#include "support/doubles/Formats.h"
 
 #include <cstddef>
 #include <utility>

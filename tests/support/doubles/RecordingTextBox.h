@@ -3,8 +3,8 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "platform/IRichTextBox.h"
-#include "support/Cells.h"
 #include "support/Journal.h"
+#include "support/doubles/Cells.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "instructions/builders/IBuilder.h"
-#include "support/PipelineFixture.h"
+#include "support/fixtures/PipelineFixture.h"
 
 namespace portico::support {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "channel/CDriverSession.h"
+#include "channel/FakeDriver.h"
 #include "framework/errors/HuntERR.h"
-#include "support/FakeDriver.h"
 #include "support/Labels.h"
 
 #include <gmock/gmock.h>

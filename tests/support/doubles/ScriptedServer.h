@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/InstrumentScript.h"
+#include "support/doubles/InstrumentScript.h"
 
 #include <condition_variable>
 #include <cstdint>

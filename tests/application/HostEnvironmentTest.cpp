@@ -3,12 +3,11 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/modGlobals.h"
 #include "support/EnvironmentVariable.h"
+#include "support/Files.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 
 namespace portico {
@@ -36,35 +35,32 @@ TEST(HostEnvironment, KnowsTheProgram) {
 }
 
 TEST(HostEnvironment, AProgramWhoseDirectoryCannotBeWrittenReportsToTheUsersStateDirectory) {
-  const auto state = std::filesystem::path(::testing::TempDir()) / "portico-host-environment-state";
-  std::filesystem::remove_all(state);
-  const EnvironmentVariable stateHome("XDG_STATE_HOME", state.c_str());
+  const test::TemporaryFolder folder;
+  const auto state = folder.Path() / "state";
+  const test::EnvironmentVariable stateHome("XDG_STATE_HOME", state.c_str());
   HostEnvironment host("/no such directory/portico");
   EXPECT_EQ(host.ProgramFileName(), u"portico");
   EXPECT_EQ(host.ProgramDirectory(), Path(state / "portico"));
   WriteAReport(host);
   EXPECT_TRUE(std::filesystem::exists(state / "portico" / "SCPIComm.log"));
-  std::filesystem::remove_all(state);
 }
 
 TEST(HostEnvironment, AProgramWhoseDirectoryIsNotUtf8ReportsToTheUsersStateDirectory) {
-  const auto ground = std::filesystem::path(::testing::TempDir()) / "portico-host-environment-bytes";
+  const test::TemporaryFolder folder;
+  const auto& ground = folder.Path();
   const auto state = ground / "state";
   const auto program = ground / "be\xFFside";
-  std::filesystem::remove_all(ground);
   std::filesystem::create_directories(program);
   std::filesystem::create_directories(ground / "be"); // where a name that is cut would lead
-  const EnvironmentVariable stateHome("XDG_STATE_HOME", state.c_str());
+  const test::EnvironmentVariable stateHome("XDG_STATE_HOME", state.c_str());
   HostEnvironment host(program / "portico");
   EXPECT_EQ(host.ProgramDirectory(), Path(state / "portico"));
   WriteAReport(host);
-  std::ifstream file(state / "portico" / "SCPIComm.log", std::ios::binary);
-  const std::string report{std::istreambuf_iterator<char>(file), {}};
+  const std::string report = test::ReadFile(state / "portico" / "SCPIComm.log");
   EXPECT_NE(report.find("Something"), std::string::npos) << report;
   EXPECT_NE(report.find("Somewhere.Else"), std::string::npos) << report;
   EXPECT_TRUE(std::filesystem::is_empty(program));
   EXPECT_TRUE(std::filesystem::is_empty(ground / "be"));
-  std::filesystem::remove_all(ground);
 }
 
 TEST(HostEnvironment, AProgramsNameThatIsNotUtf8IsToldWhole) {
@@ -72,12 +68,11 @@ TEST(HostEnvironment, AProgramsNameThatIsNotUtf8IsToldWhole) {
 }
 
 TEST(HostEnvironment, WithoutAStateHomeItIsTheHomeDirectorys) {
-  const auto home = std::filesystem::path(::testing::TempDir()) / "portico-host-environment-home";
-  std::filesystem::remove_all(home);
-  const EnvironmentVariable noStateHome("XDG_STATE_HOME", nullptr);
-  const EnvironmentVariable homeVariable("HOME", home.c_str());
+  const test::TemporaryFolder folder;
+  const auto home = folder.Path() / "home";
+  const test::EnvironmentVariable noStateHome("XDG_STATE_HOME", nullptr);
+  const test::EnvironmentVariable homeVariable("HOME", home.c_str());
   EXPECT_EQ(HostEnvironment("/no such directory/portico").ProgramDirectory(), Path(home / ".local/state/portico"));
-  std::filesystem::remove_all(home);
 }
 
 TEST(HostEnvironment, TheVersionIsMajorMinorAndRevision) {
@@ -97,15 +92,12 @@ TEST(HostEnvironment, TicksNeverGoBack) {
 }
 
 TEST(HostEnvironment, AppendsToAFileInUtf8AndMakesItIfNeedBe) {
-  const auto path = std::filesystem::path(::testing::TempDir()) / "portico-host-environment.log";
-  std::filesystem::remove(path);
+  const test::TemporaryFolder folder;
+  const auto path = folder.Path() / "a file";
   HostEnvironment host;
   EXPECT_TRUE(host.AppendToFile(Path(path), u"one\r\n"));
   EXPECT_TRUE(host.AppendToFile(Path(path), u"\u00B5V\r\n"));
-  std::ifstream file(path, std::ios::binary);
-  const std::string text{std::istreambuf_iterator<char>(file), {}};
-  EXPECT_EQ(text, "one\r\n\xC2\xB5V\r\n");
-  std::filesystem::remove(path);
+  EXPECT_EQ(test::ReadFile(path), "one\r\n\xC2\xB5V\r\n");
 }
 
 TEST(HostEnvironment, AFileThatCannotBeOpenedIsNoError) {

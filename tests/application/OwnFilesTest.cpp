@@ -1,4 +1,5 @@
 #include "application/OwnFiles.h"
+#include "support/Files.h"
 
 #include <gtest/gtest.h>
 
@@ -15,15 +16,10 @@ bool Never(const fs::path&) { return false; }
 
 class OwnFiles : public ::testing::Test {
 protected:
-  OwnFiles() : m_ground(fs::path(::testing::TempDir()) / "portico-own-files") {
-    fs::remove_all(m_ground);
-    fs::create_directories(m_ground);
-  }
-  ~OwnFiles() override { fs::remove_all(m_ground); }
+  std::string At(const char* name) const { return m_folder.At(name); }
 
-  std::string At(const char* name) const { return (m_ground / name).string(); }
-
-  const fs::path m_ground;
+  const test::TemporaryFolder m_folder;
+  const fs::path& m_ground = m_folder.Path();
   const fs::path m_program = "/opt/somewhere/bin";
 };
 

@@ -5,14 +5,14 @@
 namespace portico {
 namespace {
 
-using support::FailureOf;
-using support::Journal;
-using support::MakeInstruction;
-using support::Signed;
-using Report = support::PipelineSubscriber::Report;
+using test::FailureOf;
+using test::Hex;
+using test::Journal;
+using test::MakeInstruction;
+using Report = test::ReportRecorder::Report;
 
 /// Instructions through "InstructionProcessor", to the driver and to the subscribers.
-class Pipeline : public support::PipelineFixture {
+class Pipeline : public test::PipelineFixture {
 protected:
   void SetUp() override {
     PipelineFixture::SetUp();
@@ -60,7 +60,7 @@ TEST_F(Pipeline, EachReportTellsItsOperation) {
       {u"CReadCmd", u"4.2E0", u"Success", 0, u""},
       {u"CWriteCmd", u"", u"Success", 0, u":SYST:ERR?"},
       {u"CReadCmd", u"0,\"No error\"", u"Success", 0, u""},
-      {u"SCPIInstructionProcessor", u"", u"", Signed(0x80041454), u""},
+      {u"SCPIInstructionProcessor", u"", u"", Hex(0x80041454), u""},
   };
   EXPECT_EQ(Subscriber->Reports, expected);
 }
@@ -152,7 +152,7 @@ TEST_F(Pipeline, CommunicationInstructionsAreNeitherPacedNorChecked) {
   EXPECT_EQ(sent(MakeInstruction(u"COMM", u"GetAttribute", {{u"Name", u"TERMCHAR"}})),
             (Journal{"get 1150007", "report CGetAttribCmd", end}));
   EXPECT_EQ(sent(MakeInstruction(u"COMM", u"Close")), (Journal{"close", "report CCloseCmd", end}));
-  EXPECT_EQ(Subscriber->Reports.back().ErrorCode, Signed(0x80041454));
+  EXPECT_EQ(Subscriber->Reports.back().ErrorCode, Hex(0x80041454));
 }
 
 TEST_F(Pipeline, OpeningWhileAnInstrumentIsRecordedClosesItFirstInOneChain) {
@@ -167,10 +167,10 @@ TEST_F(Pipeline, OpeningWhileAnInstrumentIsRecordedClosesItFirstInOneChain) {
 TEST_F(Pipeline, ADriversFailureInTheMiddleDoesNotStopTheChain) {
   const Journal undisturbed = Sent(u"MEAS:VOLT?");
   Subscriber->Reports.clear();
-  Driver->Failures["write MEAS:VOLT?"] = -1073807339;
+  Driver->Statuses["write MEAS:VOLT?"] = -1073807339;
   EXPECT_EQ(Sent(u"MEAS:VOLT?"), undisturbed);
   ASSERT_EQ(Subscriber->Reports.size(), 8U);
-  const Report expected{u"CWriteCmd", u"status -1073807339", u"status -1073807339", -1073807339, u"MEAS:VOLT?"};
+  const Report expected{u"CWriteCmd", u"failure -1073807339", u"failure -1073807339", -1073807339, u"MEAS:VOLT?"};
   EXPECT_EQ(Subscriber->Reports[3], expected);
 }
 
@@ -188,7 +188,7 @@ TEST_F(Pipeline, AnErrorInASubscriberStopsNeitherTheChainNorTheOthers) {
   agent->Subscribe(New<FailingSubscriber>());
   agent->Subscribe(Subscriber);
   EXPECT_EQ(Sent(u"MEAS:VOLT?"), undisturbed);
-  EXPECT_EQ(support::RecordedFailure().Text, u"It fails.");
+  EXPECT_EQ(test::RecordedFailure().Text, u"It fails.");
 }
 
 TEST_F(Pipeline, ABadOptionFailsBeforeAnythingIsSent) {
@@ -207,8 +207,8 @@ TEST_F(Pipeline, ABadOptionFailsBeforeAnythingIsSent) {
   };
   expect(u"IntervalPacing", 51, u"OPCPacing is misconfigured.");
   expect(u"OPCPacing", 51, u"OPCPacing is misconfigured.");
-  expect(u"AutoErrorCheckingMode", Signed(0x80041462), u"Requested auto-error checking mode, Maybe is not defined.");
-  expect(u"AutoReadAfterQueryMode", Signed(0x80041462), u"Requested auto-read-after-query mode, Maybe is not defined.");
+  expect(u"AutoErrorCheckingMode", Hex(0x80041462), u"Requested auto-error checking mode, Maybe is not defined.");
+  expect(u"AutoReadAfterQueryMode", Hex(0x80041462), u"Requested auto-read-after-query mode, Maybe is not defined.");
 }
 
 TEST_F(Pipeline, TypesAreTakenInAnyCase) {
@@ -219,14 +219,14 @@ TEST_F(Pipeline, TypesAreTakenInAnyCase) {
 
 TEST_F(Pipeline, AnUnknownTypeIsNamed) {
   const auto failure = FailureOf([this] { Send(MakeInstruction(u"Telepathy", u"Send", {{u"Data", u"*RST"}})); });
-  EXPECT_EQ(failure.Number, Signed(0x80041450));
+  EXPECT_EQ(failure.Number, Hex(0x80041450));
   EXPECT_EQ(failure.Text, u"This instruction processor cannot handle Telepathy.");
   EXPECT_EQ(Calls, Journal{});
 }
 
 TEST_F(Pipeline, AnUnknownTypeWithoutAFunctionFailsInTheFirstHandler) {
   const auto failure = FailureOf([this] { Send(MakeInstruction(u"Telepathy", u"")); });
-  EXPECT_EQ(failure.Number, Signed(0x8004145A));
+  EXPECT_EQ(failure.Number, Hex(0x8004145A));
   EXPECT_EQ(failure.Trail.front(), u"CSCPIInstHandler.IInstProcessor_Send(Instruction={CInstContainer})");
 }
 

@@ -5,10 +5,10 @@ namespace portico {
 namespace {
 
 using namespace std::chrono_literals;
-using support::Journal;
+using test::Journal;
 
 /// Paced instructions on a clock that only the waits and the test itself move.
-class PipelineTiming : public support::PipelineFixture {
+class PipelineTiming : public test::PipelineFixture {
 protected:
   void SetUp() override {
     PipelineFixture::SetUp();
@@ -68,14 +68,14 @@ TEST_F(PipelineTiming, ANewIntervalHoldsFromTheInstructionThatReadItOn) {
 
 TEST_F(PipelineTiming, CommunicationInstructionsAreNotHeld) {
   SendLine(u"*RST");
-  Send(support::MakeInstruction(u"COMM", u"Write", {{u"Data", u"*CLS"}}));
+  Send(test::MakeInstruction(u"COMM", u"Write", {{u"Data", u"*CLS"}}));
   EXPECT_EQ(m_writes, (Times{0ms, 0ms}));
 }
 
 TEST_F(PipelineTiming, AnIntervalThatIsNoNumberFailsBeforeAnythingIsSent) {
   Set(u"OPCPacing", u"On");
   Set(u"PacingInterval", u"soon");
-  EXPECT_EQ(support::FailureOf([this] { SendLine(u"*RST"); }).Number, 13);
+  EXPECT_EQ(test::FailureOf([this] { SendLine(u"*RST"); }).Number, 13);
   EXPECT_EQ(Calls, Journal{});
 }
 

@@ -19,11 +19,11 @@
 namespace portico {
 namespace {
 
-using support::FailureOf;
-using support::RegisteredRows;
+using test::FailureOf;
+using test::RegisteredRows;
 
 /// The whole factory, seen as what it is.
-class RegisteredClasses : public support::PipelineFixture {
+class RegisteredClasses : public test::PipelineFixture {
 protected:
   static const CObjectFactories& Creators() { return dynamic_cast<CObjectFactory&>(*gObjectFactory).Creators(); }
 };
@@ -127,7 +127,7 @@ TEST_F(RegisteredClasses, MakeTheCommandsFromTheirParameters) {
 
 TEST_F(RegisteredClasses, AReportIsMadeFromFiveParameters) {
   const auto report = Create<IReport>(
-      u"Report", modGlobals::VarArray(u"CWriteCmd", support::MakeInstruction(u"COMM", u"Write"), -5, u"text", u"*RST"));
+      u"Report", modGlobals::VarArray(u"CWriteCmd", test::MakeInstruction(u"COMM", u"Write"), -5, u"text", u"*RST"));
   EXPECT_EQ(report->GetCommand(), u"CWriteCmd");
   EXPECT_EQ(report->GetErrorCode(), -5);
   EXPECT_EQ(report->GetErrorMessage(), u"text");
@@ -180,7 +180,7 @@ TEST_F(RegisteredClasses, AutoReadIsNoBuilderOfItsOwn) {
 }
 
 /// The error of a creator whose product could not be made.
-support::Failure FailureWithoutProduct(CreatorRow row) {
+test::Failure FailureWithoutProduct(CreatorRow row) {
   row.Make = [](const Params&) { return Ref<IObject>(); };
   const auto creator = MakeCreator(row);
   return FailureOf([&] { creator->Create(Params(row.ParamCount)); });

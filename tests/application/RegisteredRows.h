@@ -5,7 +5,7 @@
 #include <array>
 #include <cstddef>
 
-namespace portico::support {
+namespace portico::test {
 
 struct RegisteredRow {
   StringView Registrar;
@@ -75,4 +75,4 @@ inline constexpr std::array RegisteredRows = {
     RegisteredRow{u"CSCPIInstHndlrRegistrar", u"CtorNullCmdBuilder", u"NullCommandBuilder", 0},
 };
 
-} // namespace portico::support
+} // namespace portico::test

@@ -10,9 +10,9 @@
 namespace portico {
 namespace {
 
-using support::FailureOf;
-using support::Journal;
-using support::RegisteredRows;
+using test::FailureOf;
+using test::Journal;
+using test::RegisteredRows;
 
 using Names = std::vector<String>;
 
@@ -27,7 +27,7 @@ Names SpecificationsOf(StringView registrar) {
 void Append(Names& names, const Names& more) { names.insert(names.end(), more.begin(), more.end()); }
 
 /// A factory with nothing in it.
-class Registrars : public support::PlatformFixture {
+class Registrars : public test::PlatformFixture {
 protected:
   void TearDown() override {
     PlatformFixture::TearDown();
@@ -171,7 +171,7 @@ TEST_F(Registrars, RemovingTheProcessorClearsFactoryAndChannel) {
 TEST_F(Registrars, TheHandlersLeaveInTheReverseOrderAndTheProcessorLast) {
   RegisterWhatInstructionsNeed();
   CInstDirectorRegistrar().RegisterClasses(m_factory);
-  const auto spy = New<support::InstructionSpyFactory>();
+  const auto spy = New<test::InstructionSpyFactory>();
   spy->StandBefore(m_factory);
   CInstDirectorRegistrar().UnregisterClasses(spy);
   Names expected;
@@ -192,14 +192,14 @@ TEST_F(Registrars, TheProcessorIsRemovedWholeThroughTheGlobalItself) {
 
 TEST_F(Registrars, TheProcessorGetsItsHandlersInTheOrderCommunicationScpiConfiguration) {
   RegisterWhatInstructionsNeed();
-  const auto spy = New<support::InstructionSpyFactory>();
+  const auto spy = New<test::InstructionSpyFactory>();
   spy->StandBefore(m_factory);
   Journal calls;
   const std::vector<String> handlers = {u"CommunicationInstructionHandler", u"SCPIInstructionHandler",
                                         u"ConfigurationInstructionHandler"};
   for (const String& name : handlers) {
     spy->StandIns[name] = [&calls, name](const Params&) {
-      return New<support::InstructionFakeHandler>(calls, name, ToUtf8(name), 0);
+      return New<test::InstructionFakeHandler>(calls, name, ToUtf8(name), 0);
     };
   }
   CInstDirectorRegistrar().RegisterClasses(spy);
@@ -216,7 +216,7 @@ TEST_F(Registrars, TheProcessorGetsItsHandlersInTheOrderCommunicationScpiConfigu
 
   calls.clear();
   Cast<IInstProcessor>(m_factory->CreateObject(u"InstructionProcessor", {}))
-      ->Send(support::MakeInstruction(u"SCPI", u"Send"));
+      ->Send(test::MakeInstruction(u"SCPI", u"Send"));
   EXPECT_EQ(calls, (Journal{"send CommunicationInstructionHandler", "send SCPIInstructionHandler",
                             "send ConfigurationInstructionHandler"}));
   spy->StandBefore(nullptr);

@@ -4,6 +4,7 @@
 #include "framework/objects/CObjectFactory.h"
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/IConfiguration.h"
+#include "support/doubles/WindowDouble.h"
 #include "support/fixtures/PipelineFixture.h"
 
 #include <stdexcept>
@@ -11,38 +12,10 @@
 namespace portico {
 namespace {
 
-using support::FailureOf;
-using support::Journal;
+using test::FailureOf;
+using test::Journal;
 
-/// Notes what it is told, in the journal of the test.
-class FakeMainForm final : public IMainForm {
-public:
-  explicit FakeMainForm(Journal& calls) : m_calls(calls) {}
-  StringView ClassName() const override { return u"FakeMainForm"; }
-  std::int32_t MousePointer() const override { return 0; }
-  void MousePointer(std::int32_t) override {}
-  bool Executing() const override { return false; }
-  void Executing(bool) override {}
-  bool StopRequested() const override { return false; }
-  void StopRequested(bool) override {}
-  void UpdateUI(const String&, const String&) override {}
-  void Show() override {
-    m_calls.emplace_back("show");
-    if (OnShow) OnShow();
-  }
-  void mnuFileOpenInstrument_Click() override {
-    m_calls.emplace_back("open instrument");
-    if (OnClick) OnClick();
-  }
-
-  std::function<void()> OnShow;
-  std::function<void()> OnClick;
-
-private:
-  Journal& m_calls;
-};
-
-class StartupTest : public support::PlatformFixture {
+class StartupTest : public test::PlatformFixture {
 protected:
   void SetUp() override {
     PlatformFixture::SetUp();
@@ -65,7 +38,7 @@ protected:
   }
   static String Item(const String& name) { return Create<IConfiguration>(u"Configuration")->ItemValue(name); }
 
-  Ref<FakeMainForm> m_form = New<FakeMainForm>(Calls);
+  Ref<test::WindowDouble> m_form = New<test::WindowDouble>(Calls);
 };
 
 TEST_F(StartupTest, GoesFromTheParserToTheWindowAndStopsWithoutACommandLine) {
@@ -92,7 +65,7 @@ TEST_F(StartupTest, ACommandLineOpensTheInstrumentThatItNames) {
 TEST_F(StartupTest, ACommandLineOfBlanksOpensNothing) {
   modAppGlobals::Main(With(u"   "));
   EXPECT_EQ(Calls, (Journal{"xml", "form", "show"}));
-  EXPECT_EQ(FailureOf([] { Item(u"InstrumentName"); }).Number, support::Signed(0x80041461));
+  EXPECT_EQ(FailureOf([] { Item(u"InstrumentName"); }).Number, test::Hex(0x80041461));
 }
 
 TEST_F(StartupTest, ANameKeepsTheBlanksAroundIt) {
@@ -104,7 +77,7 @@ TEST_F(StartupTest, ANameKeepsTheBlanksAroundIt) {
 TEST_F(StartupTest, AnErrorIsRecordedAndEndsThere) {
   m_form->OnClick = [] { HuntERR::Raise(17, u"Source", u"It fails."); };
   EXPECT_NO_THROW(modAppGlobals::Main(With(u"SIM::DMM")));
-  const auto recorded = support::RecordedFailure();
+  const auto recorded = test::RecordedFailure();
   EXPECT_EQ(recorded.Number, 17);
   EXPECT_EQ(recorded.Text, u"It fails.");
   EXPECT_EQ(recorded.Trail, std::vector<String>{u"modAppGlobals.Main()"});
@@ -115,7 +88,7 @@ TEST_F(StartupTest, AnErrorInTheFactorysMakingIsRecordedAndNothingIsShown) {
   gInstrumentDriver.reset();
   EXPECT_NO_THROW(modAppGlobals::Main(With(u"SIM::DMM")));
   EXPECT_EQ(Calls, (Journal{"xml", "form"}));
-  const auto recorded = support::RecordedFailure();
+  const auto recorded = test::RecordedFailure();
   EXPECT_EQ(recorded.Number, 91);
   ASSERT_GE(recorded.Trail.size(), 2U);
   EXPECT_EQ(recorded.Trail.back(), u"modAppGlobals.Main()");
@@ -152,7 +125,7 @@ TEST_F(StartupTest, ProgramsWithoutAParserStartAllTheSame) {
   EXPECT_FALSE(gXMLParserAvailable);
 }
 
-class CreateObjectFactoryTest : public support::PlatformFixture {};
+class CreateObjectFactoryTest : public test::PlatformFixture {};
 
 TEST_F(CreateObjectFactoryTest, SetsTheGlobals) {
   ASSERT_FALSE(gObjectFactory);

@@ -94,7 +94,7 @@ TEST_F(ChainErrorTest, FailureOfThePublisherStopsTheChain) {
 }
 
 TEST_F(ChainErrorTest, FailureOfAnInnerCommandPassesAllTheLinksAroundIt) {
-  const auto inner = New<test::RecordingCommand>(Events, Fail);
+  const auto inner = test::InnerCommand(Events, Fail);
   const auto chain = Made<CWriteCmd>(Made<CReadCmd>(inner, Publisher), Publisher, u"X");
   ExpectTrail(Raised([&] { chain->Execute(); }), {u"CReadCmd.ICommand_Execute", u"CWriteCmd.ICommand_Execute"});
 }
@@ -102,7 +102,7 @@ TEST_F(ChainErrorTest, FailureOfAnInnerCommandPassesAllTheLinksAroundIt) {
 TEST_F(ChainErrorTest, OpenThatCannotReachTheConfigurationIsNotPublished) {
   Server->OnCall = Fail;
   ExpectTrail(Raised([&] { Made<COpenCmd>(Inner, Publisher, u"X")->Execute(); }), {u"COpenCmd.ICommand_Execute"});
-  EXPECT_EQ(Events, (test::Trace{"OpenChannel(X)", "Set(InstrumentOpened,True)"}));
+  EXPECT_EQ(Events, (test::Trace{"OpenChannel(X)", "InstrumentOpened=True"}));
 }
 
 TEST_F(ChainErrorTest, WithoutAChannelTheLinksRaise91) {

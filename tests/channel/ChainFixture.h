@@ -6,7 +6,8 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/CObjectFactory.h"
 #include "support/Labels.h"
-#include "support/doubles/CreatorOfOne.h"
+#include "support/doubles/ConfigurationDouble.h"
+#include "support/doubles/Objects.h"
 
 #include <gmock/gmock.h>
 
@@ -15,41 +16,19 @@ namespace portico::test {
 /// A chain's surroundings, all of which write into one trace.
 class ChainTest : public ::testing::Test {
 protected:
-  ChainTest() {
-    gChannel = Channel;
-    gObjectFactory = Factory;
-    Offer(u"Configuration", Server);
-    Offer(u"CmdSubscriptionAgent", Publisher);
-  }
-  ~ChainTest() override {
-    Publisher->Subjects.clear(); // a command holds its publisher
-    gChannel = nullptr;
-    gObjectFactory = nullptr;
-    HuntERR::Reset();
-  }
+  ChainTest();
+  ~ChainTest() override;
 
-  Ref<CreatorOfOne> Offer(StringView specification, const Ref<IObject>& product) {
-    auto creator = New<CreatorOfOne>(String(specification), product);
-    Factory->Add(creator);
-    return creator;
-  }
+  Ref<CreatorOfOne> Offer(StringView specification, const Ref<IObject>& product);
 
-  void ExpectReport(std::size_t at, const ReportText& expected) {
-    ASSERT_GT(Publisher->Reports.size(), at);
-    const ReportText& report = Publisher->Reports[at];
-    EXPECT_EQ(report.Command, expected.Command);
-    EXPECT_EQ(report.Data, expected.Data);
-    EXPECT_EQ(report.Message, expected.Message);
-    EXPECT_EQ(report.Code, expected.Code);
-    EXPECT_EQ(report.Instruction, expected.Instruction);
-  }
+  void ExpectReport(std::size_t at, const ReportText& expected);
 
   Trace Events;
   Ref<CObjectFactory> Factory = New<CObjectFactory>();
   Ref<FakeChannel> Channel = New<FakeChannel>(Events);
-  Ref<FakeConfigurationServer> Server = New<FakeConfigurationServer>(Events);
+  Ref<ConfigurationDouble> Server = New<ConfigurationDouble>(Events);
   Ref<RecordingPublisher> Publisher = New<RecordingPublisher>(Events);
-  Ref<ICommand> Inner = New<RecordingCommand>(Events);
+  Ref<ICommand> Inner = InnerCommand(Events);
 };
 
 /// A new command that is initialized with the inner command, `arguments` and the publisher.

@@ -15,7 +15,7 @@ class ChannelCommandsTest : public ChainTest {};
 
 TEST_F(ChannelCommandsTest, OpenOpensTellsTheConfigurationPublishesAndRunsTheInner) {
   Made<COpenCmd>(Inner, Publisher, u"DMM")->Execute();
-  EXPECT_EQ(Events, (Trace{"OpenChannel(DMM)", "Set(InstrumentOpened,True)", "Notify(COpenCmd)", "Inner"}));
+  EXPECT_EQ(Events, (Trace{"OpenChannel(DMM)", "InstrumentOpened=True", "Notify(COpenCmd)", "Inner"}));
   ExpectReport(0, {u"COpenCmd", u"", u"Success", 0, u""});
 }
 
@@ -23,14 +23,14 @@ TEST_F(ChannelCommandsTest, OpenThatFailsInTheDriverSetsFalseAndStillPublishes) 
   Channel->Code = -7;
   Channel->Text = u"No such instrument.";
   Made<COpenCmd>(Inner, Publisher, u"DMM")->Execute();
-  EXPECT_EQ(Events, (Trace{"OpenChannel(DMM)", "Set(InstrumentOpened,False)", "Notify(COpenCmd)", "Inner"}));
+  EXPECT_EQ(Events, (Trace{"OpenChannel(DMM)", "InstrumentOpened=False", "Notify(COpenCmd)", "Inner"}));
   ExpectReport(0, {u"COpenCmd", u"No such instrument.", u"No such instrument.", -7, u""});
 }
 
 TEST_F(ChannelCommandsTest, OpenWithAPositiveStatusIsNotOpen) {
   Channel->Code = 1;
   Made<COpenCmd>(Inner, Publisher, u"DMM")->Execute();
-  EXPECT_EQ(Events[1], "Set(InstrumentOpened,False)");
+  EXPECT_EQ(Events[1], "InstrumentOpened=False");
 }
 
 TEST_F(ChannelCommandsTest, WriteActsPublishesAndRunsTheInner) {
@@ -73,7 +73,7 @@ TEST_F(ChannelCommandsTest, SetAttribTakesAnEmptyValue) {
 TEST_F(ChannelCommandsTest, OtherTextsMayBeEmpty) {
   Made<COpenCmd>(Inner, Publisher, u"")->Execute();
   Made<CWriteCmd>(Inner, Publisher, u"")->Execute();
-  EXPECT_EQ(Events, (Trace{"OpenChannel()", "Set(InstrumentOpened,True)", "Notify(COpenCmd)", "Inner", "WriteData()",
+  EXPECT_EQ(Events, (Trace{"OpenChannel()", "InstrumentOpened=True", "Notify(COpenCmd)", "Inner", "WriteData()",
                            "Notify(CWriteCmd)", "Inner"}));
 }
 
@@ -159,7 +159,7 @@ TEST_F(ChannelCommandsTest, ReportBeforeExecutionFails) {
 
 TEST_F(ChannelCommandsTest, NothingOfTheCommandIsTouchedAfterItsInner) {
   Ref<CReadCmd> command;
-  const auto inner = New<test::RecordingCommand>(Events, [&] { command->Initialize(nullptr, Publisher); });
+  const auto inner = test::InnerCommand(Events, [&] { command->Initialize(nullptr, Publisher); });
   command = Made<CReadCmd>(inner, Publisher);
   command->Execute();
   EXPECT_EQ(Events, (Trace{"ReadData()", "Notify(CReadCmd)", "Inner"}));

@@ -1,5 +1,5 @@
 #include "channel/ChainFixture.h"
-#include "support/doubles/CreatorOfOne.h"
+#include "support/doubles/Objects.h"
 
 namespace portico {
 namespace {

@@ -1,5 +1,5 @@
 #include "channel/ChainFixture.h"
-#include "support/doubles/CreatorOfOne.h"
+#include "support/doubles/Objects.h"
 
 #include "configuration/CConfiguration.h"
 
@@ -13,14 +13,14 @@ using test::Trace;
 class ConfigurationCommandsTest : public ChainTest {};
 
 TEST_F(ConfigurationCommandsTest, GetRetrievesPublishesAndRunsTheInner) {
-  Server->Text = u"<filled/>";
+  Server->Answer = u"<filled/>";
   Made<CGetConfigCmd>(Inner, Publisher, u"<asked/>")->Execute();
   EXPECT_EQ(Events, (Trace{"Retrieve(<asked/>)", "Notify(CGetConfigCmd)", "Inner"}));
   ExpectReport(0, {u"CGetConfigCmd", u"<filled/>", u"Success", 0, u""});
 }
 
 TEST_F(ConfigurationCommandsTest, SetUpdatesPublishesAndRunsTheInner) {
-  Server->Text = u"<all/>";
+  Server->Answer = u"<all/>";
   Made<CSetConfigCmd>(Inner, Publisher, u"<given/>")->Execute();
   EXPECT_EQ(Events, (Trace{"Update(<given/>)", "Notify(CSetConfigCmd)", "Inner"}));
   ExpectReport(0, {u"CSetConfigCmd", u"<all/>", u"Success", 0, u""});

@@ -26,12 +26,12 @@ INSTANTIATE_TEST_SUITE_P(Texts, TerminationTest,
 TEST_P(TerminationTest, NumberOfTheDriverReadsAsItsText) {
   Driver->Number = GetParam().Number;
   ExpectSuccess(Session->GetChannelAttribute(u"TERMCHAR"), GetParam().Text);
-  EXPECT_EQ(Driver->Calls, (Calls{"GetAttributeViInt32(7,0,1150007)"}));
+  EXPECT_EQ(Details, (Calls{"GetAttributeViInt32(7,0,1150007)"}));
 }
 
 TEST_P(TerminationTest, TextIsWrittenAsTheDriversNumber) {
   ExpectSuccess(Session->SetChannelAttribute(u"TERMCHAR", GetParam().Text), u"");
-  EXPECT_EQ(Driver->Calls, (Calls{"SetAttributeViInt32(7,0,1150007," + std::to_string(GetParam().Number) + ")"}));
+  EXPECT_EQ(Details, (Calls{"SetAttributeViInt32(7,0,1150007," + std::to_string(GetParam().Number) + ")"}));
 }
 
 TEST_F(ChannelAttributeTest, UnknownNumberReadsAsASuccessWithoutData) {
@@ -43,22 +43,22 @@ TEST_F(ChannelAttributeTest, UnknownNumberReadsAsASuccessWithoutData) {
 
 TEST_F(ChannelAttributeTest, TextInAnotherCaseSilentlySelectsAuto) {
   Session->SetChannelAttribute(u"TERMCHAR", u"crlf");
-  EXPECT_EQ(Driver->Calls, (Calls{"SetAttributeViInt32(7,0,1150007,0)"}));
+  EXPECT_EQ(Details, (Calls{"SetAttributeViInt32(7,0,1150007,0)"}));
 }
 
 TEST_F(ChannelAttributeTest, UnknownTextSilentlySelectsAuto) {
   for (const auto* text : {u"", u"NUL", u"CR ", u"13"}) {
-    Driver->Calls.clear();
+    Details.clear();
     ExpectSuccess(Session->SetChannelAttribute(u"TERMCHAR", text), u"");
-    EXPECT_EQ(Driver->Calls, (Calls{"SetAttributeViInt32(7,0,1150007,0)"}));
+    EXPECT_EQ(Details, (Calls{"SetAttributeViInt32(7,0,1150007,0)"}));
   }
 }
 
 TEST_F(ChannelAttributeTest, FailuresOfTheDriverAreResponses) {
-  Driver->Status = {{"GetAttributeViInt32", -1},
-                    {"GetAttributeViString", -2},
-                    {"SetAttributeViInt32", -3},
-                    {"SetAttributeViString", 4}};
+  Driver->Statuses = {{"GetAttributeViInt32", -1},
+                      {"GetAttributeViString", -2},
+                      {"SetAttributeViInt32", -3},
+                      {"SetAttributeViString", 4}};
   Driver->Number = 10;
   Driver->Text = Terminated("ERR?");
   ExpectFailure(Session->GetChannelAttribute(u"TERMCHAR"), -1, u"It broke.");
@@ -70,7 +70,7 @@ TEST_F(ChannelAttributeTest, FailuresOfTheDriverAreResponses) {
 TEST_F(ChannelAttributeTest, ErrorQueryLosesItsZeroByte) {
   Driver->Text = Terminated(":SYST:ERR?");
   ExpectSuccess(Session->GetChannelAttribute(u"ERRORQUERYSCPI"), u":SYST:ERR?");
-  EXPECT_EQ(Driver->Calls, (Calls{"GetAttributeViString(7,0,1150002,512)"}));
+  EXPECT_EQ(Details, (Calls{"GetAttributeViString(7,0,1150002,512)"}));
 }
 
 TEST_F(ChannelAttributeTest, ErrorQueryIsTrimmedOnlyOutsideItsZeroByte) {
@@ -96,7 +96,7 @@ TEST_F(ChannelAttributeTest, ErrorQueryBufferIs512Blanks) {
 
 TEST_F(ChannelAttributeTest, ErrorQueryIsWrittenAsItStands) {
   ExpectSuccess(Session->SetChannelAttribute(u"ERRORQUERYSCPI", u" :SYST:ERR? "), u"");
-  EXPECT_EQ(Driver->Calls, (Calls{"SetAttributeViString(7,0,1150002, :SYST:ERR? )"}));
+  EXPECT_EQ(Details, (Calls{"SetAttributeViString(7,0,1150002, :SYST:ERR? )"}));
 }
 
 TEST_F(ChannelAttributeTest, UnknownNameIsASuccessWithoutTheDriver) {
@@ -104,7 +104,7 @@ TEST_F(ChannelAttributeTest, UnknownNameIsASuccessWithoutTheDriver) {
     ExpectSuccess(Session->GetChannelAttribute(name), u"");
     ExpectSuccess(Session->SetChannelAttribute(name, u"CR"), u"");
   }
-  EXPECT_THAT(Driver->Calls, IsEmpty());
+  EXPECT_THAT(Details, IsEmpty());
 }
 
 } // namespace

@@ -20,7 +20,7 @@ protected:
     Driver->Message = "x";
     for (const auto* function : {"init", "close", "WriteInstrData", "ReadInstrData", "GetAttributeViInt32",
                                  "GetAttributeViString", "SetAttributeViInt32", "SetAttributeViString"}) {
-      Driver->Status[function] = -1;
+      Driver->Statuses[function] = -1;
     }
   }
 
@@ -64,7 +64,7 @@ TEST_F(DriverSessionErrorTest, MessageOfTwoCharactersIsCutToNothing) {
 }
 
 TEST_F(DriverSessionErrorTest, ErrorQueryOfBlanksRaises5FromTheCut) {
-  Driver->Status.clear();
+  Driver->Statuses.clear();
   const ErrorRecord error = Raised([&] { Session->GetChannelAttribute(u"ERRORQUERYSCPI"); });
   EXPECT_EQ(error.Number, 5);
   ExpectTrail(error, {u"CDriverSession.IChannel_GetChannelAttribute(Name)"});
@@ -77,9 +77,9 @@ TEST_F(DriverSessionErrorTest, ErrorQueryOfBlanksRaises5AlsoWhenTheDriverFails) 
 
 TEST_F(DriverSessionErrorTest, CloseLeavesTheHandleAtZeroAlsoWhenItRaises) {
   EXPECT_EQ(Raised([&] { Session->CloseChannel(); }).Number, 5);
-  Driver->Calls.clear();
+  Details.clear();
   ExpectSuccess(Session->CloseChannel(), u"");
-  EXPECT_THAT(Driver->Calls, IsEmpty());
+  EXPECT_THAT(Details, IsEmpty());
 }
 
 class DriverSessionCreatorTest : public DriverSessionTest {};
@@ -116,7 +116,7 @@ TEST_F(DriverSessionCreatorTest, DestructionOfTheCreatorReleasesAnOpenInstrument
   auto creator = MakeCreator(CtorDriverSession);
   Cast<IChannel>(creator->Create({}))->OpenChannel(u"X");
   creator = nullptr;
-  EXPECT_EQ(Driver->Calls, (Calls{"init(X,0,0)", "close(7)"}));
+  EXPECT_EQ(Details, (Calls{"init(X,0,0)", "close(7)"}));
 }
 
 } // namespace

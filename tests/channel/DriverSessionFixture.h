@@ -1,9 +1,8 @@
 #pragma once
 
 #include "channel/CDriverSession.h"
-#include "channel/FakeDriver.h"
-#include "framework/errors/HuntERR.h"
 #include "support/Labels.h"
+#include "support/doubles/DriverDouble.h"
 
 #include <gmock/gmock.h>
 
@@ -18,37 +17,23 @@ inline constexpr std::int32_t BufferSize = 1048576;
 /// A session over a driver that answers as it is told.
 class DriverSessionTest : public ::testing::Test {
 protected:
-  DriverSessionTest() {
-    gInstrumentDriver = Driver;
-    Session = New<CDriverSession>();
-  }
-  ~DriverSessionTest() override {
-    Session = nullptr;
-    gInstrumentDriver = nullptr;
-    HuntERR::Reset();
-  }
+  DriverSessionTest();
+  ~DriverSessionTest() override;
 
   /// Opens and forgets the call.
-  void Open() {
-    Session->OpenChannel(u"GPIB0::7");
-    Driver->Calls.clear();
-  }
+  void Open();
 
   /// The text is followed by a zero byte, as the driver's contract has it.
-  static std::string Terminated(const std::string& text) { return text + '\0'; }
+  static std::string Terminated(const std::string& text);
 
-  static void ExpectSuccess(const Ref<IResponse>& response, StringView data) {
-    EXPECT_EQ(response->ErrorCode(), 0);
-    EXPECT_EQ(response->ErrorMessage(), u"Success");
-    EXPECT_EQ(response->ResponseData(), data);
-  }
-  static void ExpectFailure(const Ref<IResponse>& response, std::int32_t code, StringView message) {
-    EXPECT_EQ(response->ErrorCode(), code);
-    EXPECT_EQ(response->ErrorMessage(), message);
-    EXPECT_EQ(response->ResponseData(), message);
-  }
+  static void ExpectSuccess(const Ref<IResponse>& response, StringView data);
+  static void ExpectFailure(const Ref<IResponse>& response, std::int32_t code, StringView message);
 
-  std::shared_ptr<FakeDriver> Driver = std::make_shared<FakeDriver>();
+  /// The driver's calls in full, and what a read brings.
+  Calls Details;
+  DriverDouble::Reading Delivered;
+  Journal Lines;
+  std::shared_ptr<DriverDouble> Driver = std::make_shared<DriverDouble>(Lines);
   Ref<CDriverSession> Session;
 };
 

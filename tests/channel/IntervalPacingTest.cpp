@@ -4,6 +4,7 @@
 #include "channel/ChainFixture.h"
 #include "framework/errors/Quit.h"
 #include "memory/EventLoop.h"
+#include "support/doubles/ManualClock.h"
 
 namespace portico {
 namespace {
@@ -21,7 +22,8 @@ protected:
   IntervalPacingTest() {
     gEventLoop = Loop;
     Factory->Add(MakeCreator(CtorIntervalTimer));
-    Server->Text = u"1000";
+    Server->NotesReads = true;
+    Server->Items[u"PacingInterval"] = u"1000";
   }
   ~IntervalPacingTest() override {
     Factory = nullptr;
@@ -34,7 +36,7 @@ protected:
     return std::chrono::duration_cast<std::chrono::milliseconds>(Clock.Now() - memory::Clock::TimePoint{});
   }
 
-  memory::ManualClock Clock;
+  test::ManualClock Clock;
   std::shared_ptr<memory::EventLoop> Loop = std::make_shared<memory::EventLoop>(Clock);
   Ref<ICreator> Creator = MakeCreator(CtorIntervalPacingCmd);
 };
@@ -46,7 +48,7 @@ TEST_F(IntervalPacingTest, PublishesAndRunsTheInner) {
 }
 
 TEST_F(IntervalPacingTest, IntervalRunsWhileTheInnerCommandsDo) {
-  Inner = New<test::RecordingCommand>(Events, [&] { Clock.Advance(600ms); });
+  Inner = test::InnerCommand(Events, [&] { Clock.Advance(600ms); });
   Paced(1000)->Execute();
   Paced(1000)->Execute();
   EXPECT_EQ(Elapsed(), 1600ms); // the second starts at 1000, not 1000 after the first has ended
@@ -98,10 +100,10 @@ TEST_F(IntervalPacingTest, CreatorBearsItsNameAndSpecification) {
 }
 
 TEST_F(IntervalPacingTest, CreatorReadsTheIntervalWhenTheCommandIsBuilt) {
-  Server->Text = u"2500";
+  Server->Items[u"PacingInterval"] = u"2500";
   const auto built = Cast<ICommand>(Creator->Create({Inner}));
-  EXPECT_EQ(Events, (Trace{"Get(PacingInterval)"}));
-  Server->Text = u"1";
+  EXPECT_EQ(Events, (Trace{"get PacingInterval"}));
+  Server->Items[u"PacingInterval"] = u"1";
   built->Execute();
   Paced(1)->Execute();
   EXPECT_EQ(Elapsed(), 2500ms);
@@ -109,7 +111,7 @@ TEST_F(IntervalPacingTest, CreatorReadsTheIntervalWhenTheCommandIsBuilt) {
 
 TEST_F(IntervalPacingTest, CreatorWiresInnerAndPublisher) {
   Cast<ICommand>(Creator->Create({Inner}))->Execute();
-  EXPECT_EQ(Events, (Trace{"Get(PacingInterval)", "Notify(CIntervalPacingCmd)", "Inner"}));
+  EXPECT_EQ(Events, (Trace{"get PacingInterval", "Notify(CIntervalPacingCmd)", "Inner"}));
 }
 
 TEST_F(IntervalPacingTest, CreatorTakesOneParameter) {
@@ -121,7 +123,7 @@ TEST_F(IntervalPacingTest, CreatorTakesOneParameter) {
 }
 
 TEST_F(IntervalPacingTest, NegativeOptionFailsAtTheBuilding) {
-  Server->Text = u"-5";
+  Server->Items[u"PacingInterval"] = u"-5";
   const ErrorRecord error = Raised([&] { Creator->Create({Inner}); });
   ExpectError(error, 5, u"Interval pacing command's interval must be greater than or equal to zero.");
   ExpectTrail(error, {u"CReadCmd.Initialize(InnerCommand)", u"CtorIntervalPacingCmd.ICreator_Create(Params)"});
@@ -129,7 +131,7 @@ TEST_F(IntervalPacingTest, NegativeOptionFailsAtTheBuilding) {
 
 TEST_F(IntervalPacingTest, OptionThatIsNoNumberFailsAtTheBuilding) {
   for (const auto* text : {u"", u"soon", u"1000 ms", u"0x10"}) {
-    Server->Text = text;
+    Server->Items[u"PacingInterval"] = text;
     const ErrorRecord error = Raised([&] { Creator->Create({Inner}); });
     EXPECT_EQ(error.Number, 13);
     ExpectTrail(error, {u"CtorIntervalPacingCmd.ICreator_Create(Params)"});
@@ -138,7 +140,7 @@ TEST_F(IntervalPacingTest, OptionThatIsNoNumberFailsAtTheBuilding) {
 
 TEST_F(IntervalPacingTest, OptionOver32BitsOverflows) {
   for (const auto* text : {u"2147483648", u"1e300"}) {
-    Server->Text = text;
+    Server->Items[u"PacingInterval"] = text;
     EXPECT_EQ(Raised([&] { Creator->Create({Inner}); }).Number, 6);
   }
 }

@@ -5,6 +5,7 @@
 #include "framework/objects/CObjectFactory.h"
 #include "memory/EventLoop.h"
 #include "support/Labels.h"
+#include "support/doubles/ManualClock.h"
 
 #include <gmock/gmock.h>
 
@@ -37,7 +38,7 @@ protected:
     EXPECT_EQ(response->ResponseData(), u"Interval has elapsed.");
   }
 
-  memory::ManualClock Clock;
+  test::ManualClock Clock;
   std::shared_ptr<memory::EventLoop> Loop = std::make_shared<memory::EventLoop>(Clock);
   Ref<CIntervalTimer> Timer;
 };

@@ -3,7 +3,8 @@
 #include "channel/ChainFixture.h"
 #include "channel/DriverSessionFixture.h"
 #include "memory/EventLoop.h"
-#include "support/FailedAllocation.h"
+#include "support/Allocation.h"
+#include "support/doubles/ManualClock.h"
 
 namespace portico {
 namespace {
@@ -38,7 +39,7 @@ TEST(CreatorOutOfMemory, SpecificationPassesItsFailureOnUnderItsLabel) {
   const ErrorRecord error = OutOfMemory(1, [&] { pacing->Specification(); });
   EXPECT_EQ(error.Number, 7);
   ExpectTrail(error, {u"CtorIntervalPacingCmd.ICreator_Specification"});
-  memory::ManualClock clock;
+  test::ManualClock clock;
   gEventLoop = std::make_shared<memory::EventLoop>(clock);
   const auto timer = MakeCreator(CtorIntervalTimer);
   ExpectTrail(OutOfMemory(1, [&] { timer->Specification(); }), {u"CtorCloseCmd.ICreator_Specification"});

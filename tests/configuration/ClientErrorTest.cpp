@@ -45,7 +45,7 @@ TEST_F(ClientErrorTest, SavedProtocolThatIsUnknownFailsTheRestoring) {
 
 TEST_F(ClientErrorTest, ItemThatIsGoneFailsThePersistingWithoutRaising) {
   Start();
-  Server->Clear();
+  Items->Clear();
   EXPECT_NO_THROW(Client = nullptr);
   EXPECT_EQ(HuntERR::ErrNumber(), Hex(0x80041461));
   ExpectTrail(HuntERR::ErrDescription(),
@@ -59,7 +59,7 @@ TEST_F(ClientErrorTest, UnknownProtocolNameIsStoredAndThenRaises51) {
   ExpectError(error, 51, u"Unknown communication protocol.");
   ExpectTrail(error, {u"CConfigurationClient.ApplyProtocolSettings",
                       u"CConfigurationClient.IConfiguration_ItemValue(Name, RHS)"});
-  EXPECT_EQ(Events, (test::Trace{"Set ProtocolName=scpi", "Get ProtocolName"})); // nothing copied, nothing redrawn
+  EXPECT_EQ(Events, (test::Trace{"ProtocolName=scpi", "get ProtocolName"})); // nothing copied, nothing redrawn
   EXPECT_EQ(Item(u"TERMCHAR"), u"Auto");
   Client = nullptr;
   EXPECT_EQ(Saved(u"ProtocolName"), u"scpi");

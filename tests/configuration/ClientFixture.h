@@ -4,9 +4,10 @@
 #include "configuration/CConfigurationClient.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/CObjectFactory.h"
-#include "framework/shared/IMainWindow.h"
 #include "memory/SettingsStore.h"
 #include "support/Labels.h"
+#include "support/doubles/ConfigurationDouble.h"
+#include "support/doubles/WindowDouble.h"
 
 #include <gmock/gmock.h>
 
@@ -17,65 +18,17 @@
 
 namespace portico::test {
 
-using Trace = std::vector<std::string>;
+using Trace = Journal;
 
-/// The server of the program behind a trace of what is written to it and read from it.
-class RecordingServer final : public IConfiguration {
-public:
-  explicit RecordingServer(Trace& trace) : m_trace(trace) { m_server.Initialize(); }
-  StringView ClassName() const override { return u"RecordingServer"; }
-
-  String ItemValue(StringView Name) override {
-    m_trace.push_back("Get " + ToUtf8(Name));
-    return m_server.ItemValue(Name);
-  }
-  void ItemValue(StringView Name, StringView Value) override {
-    m_trace.push_back("Set " + ToUtf8(Name) + "=" + ToUtf8(Value));
-    m_server.ItemValue(Name, Value);
-  }
-  void Clear() { m_server.Clear(); }
-
-private:
-  Trace& m_trace;
-  CConfiguration m_server;
-};
-
+/// Settings behind a trace of what is loaded from them and saved to them.
 class RecordingStore final : public ISettingsStore {
 public:
-  explicit RecordingStore(Trace& trace) : m_trace(trace) {}
+  explicit RecordingStore(Trace& trace);
 
-  String GetSetting(const String& Title, const String& Section, const String& Key, const String& Default) override {
-    m_trace.push_back("Load " + ToUtf8(Title + u"/" + Section + u"/" + Key + u" or " + Default));
-    return Settings.GetSetting(Title, Section, Key, Default);
-  }
-  void SaveSetting(const String& Title, const String& Section, const String& Key, const String& Value) override {
-    m_trace.push_back("Save " + ToUtf8(Title + u"/" + Section + u"/" + Key + u"=" + Value));
-    Settings.SaveSetting(Title, Section, Key, Value);
-  }
+  String GetSetting(const String& Title, const String& Section, const String& Key, const String& Default) override;
+  void SaveSetting(const String& Title, const String& Section, const String& Key, const String& Value) override;
 
   memory::SettingsStore Settings;
-
-private:
-  Trace& m_trace;
-};
-
-class RecordingWindow final : public IMainWindow {
-public:
-  explicit RecordingWindow(Trace& trace) : m_trace(trace) {}
-  StringView ClassName() const override { return u"RecordingWindow"; }
-
-  std::int32_t MousePointer() const override { return 0; }
-  void MousePointer(std::int32_t) override {}
-  bool Executing() const override { return false; }
-  void Executing(bool) override {}
-  bool StopRequested() const override { return false; }
-  void StopRequested(bool) override {}
-  void UpdateUI(const String& Name, const String& Value) override {
-    m_trace.push_back("UpdateUI '" + ToUtf8(Name) + "' '" + ToUtf8(Value) + "'");
-    if (OnUpdate) OnUpdate();
-  }
-
-  std::function<void()> OnUpdate;
 
 private:
   Trace& m_trace;
@@ -84,40 +37,18 @@ private:
 /// A client over recording surroundings.
 class ClientTest : public ::testing::Test {
 protected:
-  ClientTest() {
-    gObjectFactory = Factory;
-    gSettingsStore = Store;
-    gMainForm = Window;
-    Offered() = Server;
-    Factory->Add(MakeCreator(ServerRow));
-  }
-  ~ClientTest() override {
-    Client = nullptr;
-    Offered() = nullptr;
-    gObjectFactory = nullptr;
-    gSettingsStore = nullptr;
-    gMainForm = nullptr;
-    HuntERR::Reset();
-  }
+  ClientTest();
+  ~ClientTest() override;
 
+  static Ref<CConfiguration> MadeServer();
   /// Makes the client and forgets what that took.
-  void Start() {
-    Client = New<CConfigurationClient>();
-    Events.clear();
-  }
-  String Item(const String& name) { return Server->ItemValue(name); }
-  void Save(const String& key, const String& value) {
-    Store->Settings.SaveSetting(u"Tolvane Portico", u"Configuration", key, value);
-  }
-  String Saved(const String& key) {
-    return Store->Settings.GetSetting(u"Tolvane Portico", u"Configuration", key, u"(none)");
-  }
+  void Start();
+  String Item(const String& name);
+  void Save(const String& key, const String& value);
+  String Saved(const String& key);
 
   /// What the factory gives for "Configuration".
-  static Ref<IObject>& Offered() {
-    static Ref<IObject> server;
-    return server;
-  }
+  static Ref<IObject>& Offered();
   inline static const CreatorRow ServerRow = {
       .Name = u"CtorFake",
       .Specification = u"Configuration",
@@ -127,9 +58,10 @@ protected:
 
   Trace Events;
   Ref<CObjectFactory> Factory = New<CObjectFactory>();
-  Ref<RecordingServer> Server = New<RecordingServer>(Events);
+  Ref<CConfiguration> Items = MadeServer();
+  Ref<ConfigurationDouble> Server = New<ConfigurationDouble>(Events, Items);
   std::shared_ptr<RecordingStore> Store = std::make_shared<RecordingStore>(Events);
-  Ref<RecordingWindow> Window = New<RecordingWindow>(Events);
+  Ref<WindowDouble> Window = New<WindowDouble>(Events);
   Ref<CConfigurationClient> Client;
 };
 

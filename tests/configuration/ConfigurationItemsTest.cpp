@@ -2,8 +2,8 @@
 
 #include "configuration/CConfiguration.h"
 
-#include "support/FrameworkTest.h"
-#include "support/Raised.h"
+#include "support/fixtures/FrameworkTest.h"
+#include "support/ErrorReports.h"
 
 namespace portico {
 namespace {

@@ -1,4 +1,4 @@
-#include "support/FailedAllocation.h"
+#include "support/Allocation.h"
 
 #include "configuration/CConfiguration.h"
 #include "configuration/CSettings.h"
@@ -8,6 +8,7 @@
 namespace portico {
 namespace {
 
+using test::AllocationsAlive;
 using test::ExpectTrail;
 using test::FailsAllocation;
 using test::OutOfMemory;
@@ -42,17 +43,16 @@ TEST_F(ConfigurationOutOfMemory, CollectionThatCannotBeMadePassesItsFailureOn) {
 }
 
 TEST(PackedTextMemory, IsOneForAllCopiesAndGoesWithTheLast) {
-  using test::allocation::alive;
-  const std::size_t before = alive;
+  const std::size_t before = AllocationsAlive();
   {
     PackedText copy;
     {
       const PackedText text(u"shared");
       copy = text;
     }
-    EXPECT_EQ(alive, before + 1);
+    EXPECT_EQ(AllocationsAlive(), before + 1);
   }
-  EXPECT_EQ(alive, before);
+  EXPECT_EQ(AllocationsAlive(), before);
 }
 
 /// A server with so many items, all with names and values that need memory of their own.

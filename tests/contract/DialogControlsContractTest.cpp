@@ -3,7 +3,7 @@
 #include "contract/FormsBench.h"
 
 #include "platform/IDialogControls.h"
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 
 #include <array>
 #include <gmock/gmock.h>

@@ -3,7 +3,7 @@
 #include "contract/FormsBench.h"
 
 #include "framework/errors/Quit.h"
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 
 namespace portico::test {
 namespace {

@@ -8,7 +8,7 @@
 #include "platform/IPictureBox.h"
 #include "platform/IStatusBar.h"
 #include "platform/IToolBar.h"
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 
 #include <array>
 

@@ -2,6 +2,7 @@
 
 #include "memory/EventLoop.h"
 #include "memory/forms/Screen.h"
+#include "support/doubles/ManualClock.h"
 
 namespace portico::test {
 namespace {
@@ -17,7 +18,7 @@ public:
   }
 
 private:
-  memory::ManualClock m_clock;
+  ManualClock m_clock;
   memory::EventLoop m_loop{m_clock};
   memory::Screen m_screen{[this] { return m_loop.IsQuitting(); }};
 };

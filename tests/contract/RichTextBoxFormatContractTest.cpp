@@ -2,7 +2,7 @@
 
 #include "contract/RichTextBench.h"
 
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 
 #include <limits>
 

@@ -3,6 +3,9 @@
 #include "support/Golden.h"
 
 #include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
 namespace portico::test {
 namespace {

@@ -1,13 +1,11 @@
 #pragma once
 
+#include "support/Files.h"
 #include "support/Process.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -61,32 +59,16 @@ private:
 /// Command files of one test.
 class CommandFiles {
 public:
-  CommandFiles() { std::filesystem::create_directories(m_folder); }
-  ~CommandFiles() { std::filesystem::remove_all(m_folder); }
-  CommandFiles(const CommandFiles&) = delete;
-  CommandFiles& operator=(const CommandFiles&) = delete;
-
-  std::string Folder() const { return m_folder; }
+  std::string Folder() const { return m_folder.Path(); }
 
   /// Writes the file and answers its path.
   std::string Add(const std::string& name, const std::string& bytes) const {
-    std::string path = m_folder / name;
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path;
+    m_folder.Write(name, bytes);
+    return m_folder.At(name);
   }
 
 private:
-  static std::string TestName() {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    std::string name = std::string(test->test_suite_name()) + "." + test->name();
-    for (char& character : name) {
-      if (character == '/') character = '-';
-    }
-    return name + "." + std::to_string(std::random_device()());
-  }
-
-  // Tests run side by side, each in a process of its own, and so do whole test programs.
-  const std::filesystem::path m_folder = std::filesystem::path(testing::TempDir()) / TestName();
+  const TemporaryFolder m_folder;
 };
 
 /// The whole text but for the lines that begin with the mark.

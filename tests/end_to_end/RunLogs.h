@@ -2,6 +2,9 @@
 
 #include "end_to_end/Programs.h"
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <regex>
 #include <set>
 #include <stdexcept>

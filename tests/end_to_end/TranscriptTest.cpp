@@ -1,6 +1,10 @@
 #include "end_to_end/Programs.h"
 #include "support/Golden.h"
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
 namespace portico::test {
 namespace {
 

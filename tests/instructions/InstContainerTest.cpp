@@ -1,11 +1,11 @@
 #include "framework/shared/CInstContainer.h"
 
-#include "support/InstructionErrors.h"
+#include "support/ErrorReports.h"
 
 namespace portico {
 namespace {
 
-using support::FailureOf;
+using test::FailureOf;
 
 TEST(CInstContainer, StartsEmptyWithAListOfItsOwn) {
   const CInstContainer one;

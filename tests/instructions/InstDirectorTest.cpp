@@ -1,17 +1,17 @@
 #include "instructions/CInstDirector.h"
 #include "instructions/CInstHandler.h"
 
-#include "support/InstructionErrors.h"
+#include "support/ErrorReports.h"
 #include "support/doubles/InstructionFakes.h"
 
 namespace portico {
 namespace {
 
-using support::FailureOf;
-using support::InstructionFakeHandler;
-using support::Journal;
-using support::MakeInstruction;
-using support::Signed;
+using test::FailureOf;
+using test::Hex;
+using test::InstructionFakeHandler;
+using test::Journal;
+using test::MakeInstruction;
 
 class CInstDirectorTest : public ::testing::Test {
 protected:
@@ -45,12 +45,12 @@ TEST_F(CInstDirectorTest, DoesNotStopAtTheFirstSuccess) {
 
 TEST_F(CInstDirectorTest, OnlyZeroCountsAsHandled) {
   Register(u"A", "A", 2);
-  EXPECT_EQ(FailureOf([&] { Send(); }).Number, Signed(0x80041450));
+  EXPECT_EQ(FailureOf([&] { Send(); }).Number, Hex(0x80041450));
 }
 
 TEST_F(CInstDirectorTest, WithoutHandlersEveryInstructionFails) {
   const auto failure = FailureOf([&] { Send(); });
-  EXPECT_EQ(failure.Number, Signed(0x80041450));
+  EXPECT_EQ(failure.Number, Hex(0x80041450));
   EXPECT_EQ(failure.Text, u"This instruction processor cannot handle SCPI.");
   EXPECT_EQ(failure.Source, u"HuntERR.Check");
   EXPECT_EQ(failure.Labels, std::vector<String>{u"CInstDirector.IInstProcessor_Send(Instruction)"});
@@ -79,11 +79,11 @@ TEST_F(CInstDirectorTest, AHandlerThatIsNothingIsRefused) {
 
 TEST_F(CInstDirectorTest, AProcessorThatIsNoHandlerIsRefused) {
   EXPECT_EQ(FailureOf([&] { m_director.RegisterHandler(New<CInstDirector>()); }).Number, 13);
-  EXPECT_EQ(FailureOf([&] { Send(); }).Number, Signed(0x80041450)) << "it must not be in the list";
+  EXPECT_EQ(FailureOf([&] { Send(); }).Number, Hex(0x80041450)) << "it must not be in the list";
 }
 
 TEST_F(CInstDirectorTest, AHandlerThatIsNotInitializedIsRefused) {
-  EXPECT_EQ(FailureOf([&] { m_director.RegisterHandler(New<CInstHandler>()); }).Number, Signed(0x80041460));
+  EXPECT_EQ(FailureOf([&] { m_director.RegisterHandler(New<CInstHandler>()); }).Number, Hex(0x80041460));
 }
 
 } // namespace

@@ -1,13 +1,13 @@
 #include "instructions/CInstGenerator.h"
 #include "instructions/CInstWrapper.h"
 
-#include "support/InstructionErrors.h"
+#include "support/ErrorReports.h"
 
 namespace portico {
 namespace {
 
-using support::FailureOf;
-using support::Signed;
+using test::FailureOf;
+using test::Hex;
 
 /// Type, function, and "key=value" of each parameter in order.
 std::vector<String> Fields(const Ref<CInstContainer>& instruction) {
@@ -60,7 +60,7 @@ TEST(CInstGenerator, AnEmptyAttributeValueIsLegal) {
 
 TEST(CInstGenerator, AnEmptyCommandLineFailsWithTheAttributeText) {
   const auto failure = FailureOf([] { CInstGenerator().ConstructXMLSCPICmdString(u""); });
-  EXPECT_EQ(failure.Number, Signed(0x80041451));
+  EXPECT_EQ(failure.Number, Hex(0x80041451));
   EXPECT_EQ(failure.Text, u"An attribute name required for SetattributeValue command");
 }
 
@@ -123,7 +123,7 @@ void ExpectRefusals(std::uint32_t emptyNameForGet) {
   const Maker maker;
   const auto expect = [](auto act, std::uint32_t number, StringView text) {
     const auto failure = FailureOf(act);
-    EXPECT_EQ(failure.Number, Signed(number));
+    EXPECT_EQ(failure.Number, Hex(number));
     EXPECT_EQ(failure.Text, text);
   };
   expect([&] { maker.ConstructXMLOpenCmdString(u""); }, 0x8004145C, u"An instrument name required");

@@ -2,18 +2,19 @@
 
 #include "framework/objects/CObjectFactory.h"
 #include "framework/objects/CSubscriptionAgent.h"
-#include "support/InstructionErrors.h"
-#include "support/doubles/PipelineDriver.h"
+#include "support/ErrorReports.h"
+#include "support/doubles/InstructionFakes.h"
+#include "support/doubles/ReportRecorder.h"
 
 namespace portico {
 namespace {
 
-using support::FailureOf;
-using support::InstructionBuilder;
-using support::InstructionCreator;
-using support::Journal;
-using support::MakeInstruction;
-using support::Signed;
+using test::CreatorOf;
+using test::FailureOf;
+using test::Hex;
+using test::InstructionBuilder;
+using test::Journal;
+using test::MakeInstruction;
 
 /// A factory of two builders that write down what happens, and of a publisher.
 class CInstHandlerTest : public ::testing::Test {
@@ -33,13 +34,13 @@ protected:
     HuntERR::Reset();
   }
 
-  void Offer(const String& specification, InstructionCreator::Function make) {
-    gObjectFactory->Add(New<InstructionCreator>(specification, std::move(make)));
+  void Offer(const String& specification, CreatorOf::Maker make) {
+    gObjectFactory->Add(New<CreatorOf>(specification, std::move(make)));
   }
   std::int32_t Send(const String& type = u"SCPI") { return m_handler.Send(MakeInstruction(type, u"Send")); }
 
   Journal m_calls;
-  Ref<support::PipelineSubscriber> m_subscriber = New<support::PipelineSubscriber>(m_calls);
+  Ref<test::ReportRecorder> m_subscriber = New<test::ReportRecorder>(m_calls);
   CInstHandler m_handler;
 };
 
@@ -74,7 +75,7 @@ TEST_F(CInstHandlerTest, TakesItsTypeInAnyCase) {
 TEST_F(CInstHandlerTest, AnnouncesTheEndWithTheMark) {
   Send();
   ASSERT_EQ(m_subscriber->Reports.size(), 1U);
-  const support::PipelineSubscriber::Report expected{u"SCPIInstructionProcessor", u"", u"", Signed(0x80041454), u""};
+  const test::ReportRecorder::Report expected{u"SCPIInstructionProcessor", u"", u"", Hex(0x80041454), u""};
   EXPECT_EQ(m_subscriber->Reports[0], expected);
 }
 
@@ -92,7 +93,7 @@ TEST_F(CInstHandlerTest, TheReportBearsTheHandlersPrefix) {
 TEST_F(CInstHandlerTest, AMissingFunctionFailsBeforeTheTypeIsLookedAt) {
   for (const auto* type : {u"SCPI", u"COMM", u"unknown"}) {
     const auto failure = FailureOf([&] { m_handler.Send(MakeInstruction(type, u"")); });
-    EXPECT_EQ(failure.Number, Signed(0x8004145A));
+    EXPECT_EQ(failure.Number, Hex(0x8004145A));
     EXPECT_EQ(failure.Text, u"Syntax error: Function call is missing from instruction.");
     EXPECT_EQ(failure.Trail,
               std::vector<String>{u"CSCPIInstHandler.IInstProcessor_Send(Instruction={CInstContainer})"});
@@ -103,12 +104,12 @@ TEST_F(CInstHandlerTest, AMissingFunctionFailsBeforeTheTypeIsLookedAt) {
 TEST_F(CInstHandlerTest, BeforeInitializeNothingWorks) {
   CInstHandler fresh;
   const auto prefix = FailureOf([&] { fresh.Prefix(); });
-  EXPECT_EQ(prefix.Number, Signed(0x80041460));
+  EXPECT_EQ(prefix.Number, Hex(0x80041460));
   EXPECT_EQ(prefix.Text, u"Property is not valid before Initialize().");
 
   // Even an instruction without a function gets this error first.
   const auto send = FailureOf([&] { fresh.Send(MakeInstruction(u"", u"")); });
-  EXPECT_EQ(send.Number, Signed(0x80041460));
+  EXPECT_EQ(send.Number, Hex(0x80041460));
   EXPECT_EQ(send.Text, u"Method cannot be called before Initialize().");
 }
 
@@ -119,7 +120,7 @@ TEST_F(CInstHandlerTest, InitializeChecksPrefixThenListThenElements) {
     EXPECT_EQ(failure.Number, 5);
     EXPECT_EQ(failure.Text, text);
     EXPECT_EQ(failure.Trail, std::vector<String>{u"CInstHandler.Initialize()"});
-    EXPECT_EQ(FailureOf([&] { fresh.Prefix(); }).Number, Signed(0x80041460)) << "it must not count as initialized";
+    EXPECT_EQ(FailureOf([&] { fresh.Prefix(); }).Number, Hex(0x80041460)) << "it must not count as initialized";
   };
   expect(u"", {}, u"InstructionPrefix cannot be an empty string.");
   expect(u"SCPI", {}, u"CommandBuilderSpecs cannot be an empty Array.");
@@ -167,7 +168,7 @@ class FailingBuilder final : public IBuilder {
 public:
   StringView ClassName() const override { return u"FailingBuilder"; }
   Ref<ICommand> Build(const Ref<ICommand>&, const Ref<CInstContainer>&) override {
-    return New<support::InstructionCommand>([] { HuntERR::Raise(17, u"FailingBuilder", u"It fails."); });
+    return New<test::CommandOf>([] { HuntERR::Raise(17, u"FailingBuilder", u"It fails."); });
   }
 };
 
@@ -185,7 +186,7 @@ TEST_F(CInstHandlerTest, AFailureToAnnounceTheEndDoesNotTravel) {
   gObjectFactory->Remove(MakeCreator(CtorSubscriptionAgent));
   EXPECT_EQ(Send(), 0);
   EXPECT_EQ(m_calls.back(), "run inner");
-  const auto recorded = support::RecordedFailure();
+  const auto recorded = test::RecordedFailure();
   EXPECT_EQ(recorded.Number, 5);
   ASSERT_FALSE(recorded.Trail.empty());
   EXPECT_EQ(recorded.Trail.back(), u"CInstHandler.PublishReport()");

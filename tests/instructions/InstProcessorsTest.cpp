@@ -1,13 +1,13 @@
 #include "instructions/CInstProcessors.h"
 
-#include "support/InstructionErrors.h"
+#include "support/ErrorReports.h"
 #include "support/doubles/InstructionFakes.h"
 
 namespace portico {
 namespace {
 
-using support::FailureOf;
-using support::InstructionFakeHandler;
+using test::FailureOf;
+using test::InstructionFakeHandler;
 
 class CInstProcessorsTest : public ::testing::Test {
 protected:
@@ -18,7 +18,7 @@ protected:
   CInstProcessors m_processors;
 
 private:
-  support::Journal m_journal;
+  test::Journal m_journal;
 };
 
 TEST_F(CInstProcessorsTest, AddReturnsTheNewItem) {

@@ -2,7 +2,7 @@
 
 #include "framework/errors/HuntERR.h"
 #include "framework/errors/Quit.h"
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 
 #include <functional>
 #include <stdexcept>

@@ -6,7 +6,7 @@
 #include "qt/loop/EventLoop.h"
 #include "qt/text/PlainTextControl.h"
 #include "qt/values/QtText.h"
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 
 #include <QAction>
 #include <QTest>

@@ -10,6 +10,8 @@
 namespace portico::simulator {
 namespace {
 
+using test::Session;
+
 std::string Transcript(std::string_view device, std::uint64_t seed) {
   Session session(device, seed);
   std::string all;

@@ -9,20 +9,20 @@
 #include <string>
 #include <string_view>
 
-namespace portico::simulator {
+namespace portico::test {
 
 /// A client of a device in a time of its own, which only moves when a test says so.
 class Session {
 public:
   explicit Session(std::string_view kind = "dmm", std::uint64_t seed = 1)
-      : Session(std::make_shared<World>(Device::Make(kind, seed))) {}
+      : Session(std::make_shared<World>(simulator::Device::Make(kind, seed))) {}
 
   /// A further client of the same device, in the same time.
   Session Another() const { return Session(m_world); }
 
-  StreamConnection& Connection() { return *m_connection; }
-  TimePoint Now() const { return m_world->now; }
-  void Advance(TimePoint::duration time) { m_world->now += time; }
+  simulator::StreamConnection& Connection() { return *m_connection; }
+  simulator::TimePoint Now() const { return m_world->now; }
+  void Advance(simulator::TimePoint::duration time) { m_world->now += time; }
 
   /// Sends a message; the line feed is added.
   void Send(std::string_view message) { m_connection->Write(std::string(message) + '\n', Now()); }
@@ -55,17 +55,17 @@ public:
 
 private:
   struct World {
-    explicit World(std::unique_ptr<Device> made) : device(std::move(made)) {}
+    explicit World(std::unique_ptr<simulator::Device> made) : device(std::move(made)) {}
 
-    const std::unique_ptr<Device> device;
-    TimePoint now{std::chrono::hours(1)};
+    const std::unique_ptr<simulator::Device> device;
+    simulator::TimePoint now{std::chrono::hours(1)};
   };
 
   explicit Session(std::shared_ptr<World> world)
-      : m_world(std::move(world)), m_connection(std::make_unique<StreamConnection>(*m_world->device)) {}
+      : m_world(std::move(world)), m_connection(std::make_unique<simulator::StreamConnection>(*m_world->device)) {}
 
   std::shared_ptr<World> m_world;
-  std::unique_ptr<StreamConnection> m_connection;
+  std::unique_ptr<simulator::StreamConnection> m_connection;
 };
 
-} // namespace portico::simulator
+} // namespace portico::test

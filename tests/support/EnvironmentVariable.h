@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-namespace portico {
+namespace portico::test {
 
 /// Sets an environment variable, or with null takes it away, until the end of the block.
 class EnvironmentVariable {
@@ -29,4 +29,4 @@ private:
   std::optional<std::string> m_before;
 };
 
-} // namespace portico
+} // namespace portico::test

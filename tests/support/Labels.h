@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 
 #include <gtest/gtest.h>
 
@@ -8,56 +8,16 @@
 
 namespace portico::test {
 
-/// Whether a text is the text form of one value, and not of several.
-inline bool IsOneValue(StringView text) {
-  if (text.starts_with(u'\'')) return text.size() > 1 && text.ends_with(u'\'') && text.find(u"', ") == StringView::npos;
-  if (text.starts_with(u'{')) return text.find(u'}') + 1 == text.size();
-  return ReadNumber(text).has_value();
-}
-
 /// Whether a call of a report bears the source label: its method to the letter, and exactly its parameters' names, each
 /// with a value behind it, or as the label writes them if the values are not known. Behind empty brackets one value may
 /// stand without a name.
-inline bool Bears(StringView call, StringView label) {
-  const auto bracket = label.find(u'(');
-  const String method = String(label.substr(0, bracket)) + u"(";
-  if (call.substr(0, method.size()) != method || call.back() != u')') return false;
-  StringView shown = call.substr(method.size(), call.size() - method.size() - 1);
-  const StringView names =
-      bracket == StringView::npos ? StringView{} : label.substr(bracket + 1, label.size() - bracket - 2);
-  if (shown == names) return true;
-  if (names.empty()) return bracket != StringView::npos && IsOneValue(shown); // which is shown without a name
-  const auto fields = Split(names, u",");
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    const String field = String(fields[i]) + u"=";
-    if (shown.substr(0, field.size()) != field) return false;
-    shown.remove_prefix(field.size());
-    const bool last = i + 1 == fields.size();
-    const auto end = last ? shown.size() : shown.find(u", " + String(fields[i + 1]) + u"=");
-    if (end == StringView::npos || !IsOneValue(shown.substr(0, end))) return false;
-    shown.remove_prefix(last ? end : end + 2);
-  }
-  return true;
-}
+bool Bears(StringView call, StringView label);
 
 /// That an error has passed exactly these labels, deepest first.
-inline void ExpectTrail(const String& report, std::initializer_list<StringView> labels) {
-  const auto calls = CallStack(report);
-  ASSERT_EQ(calls.size(), labels.size()) << ToUtf8(report);
-  for (std::size_t i = 0; i < calls.size(); ++i) {
-    EXPECT_TRUE(Bears(calls[i], labels.begin()[i])) << ToUtf8(calls[i]) << "\ninstead of\n"
-                                                    << ToUtf8(labels.begin()[i]);
-  }
-}
-
-inline void ExpectTrail(const ErrorRecord& error, std::initializer_list<StringView> labels) {
-  ExpectTrail(error.Description.Text(), labels);
-}
+void ExpectTrail(const String& report, std::initializer_list<StringView> labels);
+void ExpectTrail(const ErrorRecord& error, std::initializer_list<StringView> labels);
 
 /// The number and text that an error was raised with.
-inline void ExpectError(const ErrorRecord& error, std::int32_t number, StringView text) {
-  EXPECT_EQ(error.Number, number);
-  EXPECT_EQ(ToUtf8(FirstDescription(error)), ToUtf8(text));
-}
+void ExpectError(const ErrorRecord& error, std::int32_t number, StringView text);
 
 } // namespace portico::test

@@ -11,60 +11,59 @@ constexpr char kUndefinedHeader[] = "-113,\"Undefined header\"";
 class BatchRunFailureTest : public test::BatchRunBench {};
 
 TEST_F(BatchRunFailureTest, ReportedErrorIsToldAndTheRunGoesOn) {
-  Driver->Answers[":SYST:ERR?"] = kUndefinedHeader;
+  Answers.Listed[":SYST:ERR?"] = kUndefinedHeader;
   EXPECT_EQ(Run({u"FOO", u"BAR"}), 1);
   EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: the instrument reports -113,\"Undefined header\"\n"
                        "portico-run: lines.cmd:2: the instrument reports -113,\"Undefined header\"\n");
-  EXPECT_EQ(Driver->Calls.back(), "close");
+  EXPECT_EQ(Wire.back(), "close");
 }
 
 TEST_F(BatchRunFailureTest, ReportedErrorEndsTheRunOnDemand) {
   Options.StopOnError = true;
   TurnOff({u"SCPIProtocolOPCPacing"});
-  Driver->Answers[":SYST:ERR?"] = kUndefinedHeader;
+  Answers.Listed[":SYST:ERR?"] = kUndefinedHeader;
   EXPECT_EQ(Run({u"FOO", u"BAR"}), 1);
-  EXPECT_EQ(Driver->Calls,
-            (Calls{"init the instrument", "set 1150007 to 0", "write FOO", "write :SYST:ERR?", "read", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 0", "write FOO", "write :SYST:ERR?", "read", "close"}));
 }
 
 TEST_F(BatchRunFailureTest, AnswerOfAQueryIsNoReportedError) {
-  Driver->Answers["MEAS?"] = "-113";
+  Answers.Listed["MEAS?"] = "-113";
   EXPECT_EQ(Run({u"MEAS?"}), 0);
 }
 
 TEST_F(BatchRunFailureTest, WithoutAutomaticReadsNoErrorIsReported) {
   TurnOff({u"SCPIProtocolAutoReadAfterQuery"});
-  Driver->Answers[":SYST:ERR?"] = kUndefinedHeader;
+  Answers.Listed[":SYST:ERR?"] = kUndefinedHeader;
   EXPECT_EQ(Run({u"FOO"}), 0);
 }
 
 TEST_F(BatchRunFailureTest, DriverFailureIsToldAndTheChainGoesOn) {
-  Driver->Failures["write *CLS"] = -42;
+  Driver->Statuses["write *CLS"] = -42;
   EXPECT_EQ(Run({u"*CLS", u"*RST"}), 4);
   EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: failure -42\n");
-  EXPECT_EQ(Driver->Calls,
-            (Calls{"init the instrument", "set 1150007 to 0", "write *OPC?", "read", "write *CLS", "write :SYST:ERR?",
+  EXPECT_EQ(Wire,
+            (Calls{"init the instrument", "set 1150007 0", "write *OPC?", "read", "write *CLS", "write :SYST:ERR?",
                    "read", "write *OPC?", "read", "write *RST", "write :SYST:ERR?", "read", "close"}));
 }
 
 TEST_F(BatchRunFailureTest, DriverFailureEndsTheRunOnDemandBehindItsLine) {
   Options.StopOnError = true;
-  Driver->Failures["write *CLS"] = -42;
+  Driver->Statuses["write *CLS"] = -42;
   EXPECT_EQ(Run({u"*CLS", u"*RST"}), 4);
-  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *OPC?", "read", "write *CLS",
-                                  "write :SYST:ERR?", "read", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 0", "write *OPC?", "read", "write *CLS",
+                         "write :SYST:ERR?", "read", "close"}));
 }
 
 TEST_F(BatchRunFailureTest, DriverFailureOutranksAReportedError) {
-  Driver->Answers[":SYST:ERR?"] = kUndefinedHeader;
-  Driver->Failures["write *CLS"] = -42;
+  Answers.Listed[":SYST:ERR?"] = kUndefinedHeader;
+  Driver->Statuses["write *CLS"] = -42;
   EXPECT_EQ(Run({u"*CLS"}), 4);
   EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: failure -42\n"
                        "portico-run: lines.cmd:1: the instrument reports -113,\"Undefined header\"\n");
 }
 
 TEST_F(BatchRunFailureTest, CauseThatRepeatsIsToldOnceAndCountedAtTheEnd) {
-  Driver->Failures = {{"write *OPC?", -9}, {"write *CLS", -9}, {"write :SYST:ERR?", -9}, {"read", -14}};
+  Driver->Statuses = {{"write *OPC?", -9}, {"write *CLS", -9}, {"write :SYST:ERR?", -9}, {"read", -14}};
   EXPECT_EQ(Run(std::vector<String>(100, u"*CLS")), 4);
   EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: failure -9\n"
                        "portico-run: lines.cmd:100: failure -9 (300 times)\n");
@@ -72,7 +71,7 @@ TEST_F(BatchRunFailureTest, CauseThatRepeatsIsToldOnceAndCountedAtTheEnd) {
 
 TEST_F(BatchRunFailureTest, CauseThatComesAgainBehindASuccessIsToldWithEachPlace) {
   TurnOffPacingAndChecking();
-  Driver->Failures = {{"write B", -9}};
+  Driver->Statuses = {{"write B", -9}};
   EXPECT_EQ(Run({u"B", u"B", u"A", u"B"}), 4);
   EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: failure -9\n"
                        "portico-run: lines.cmd:2: failure -9 (2 times)\n"
@@ -81,7 +80,7 @@ TEST_F(BatchRunFailureTest, CauseThatComesAgainBehindASuccessIsToldWithEachPlace
 
 TEST_F(BatchRunFailureTest, CauseThatRepeatsAcrossFilesIsCountedInOne) {
   TurnOffPacingAndChecking();
-  Driver->Failures = {{"write B", -9}};
+  Driver->Statuses = {{"write B", -9}};
   Sources sources;
   sources.push_back(std::make_unique<FileLines>("one.cmd", std::vector<String>{u"B"}));
   sources.push_back(std::make_unique<FileLines>("two.cmd", std::vector<String>{u"REM a", u"B"}));
@@ -92,7 +91,7 @@ TEST_F(BatchRunFailureTest, CauseThatRepeatsAcrossFilesIsCountedInOne) {
 
 TEST_F(BatchRunFailureTest, FreshConnectionsAreToldOnceUntilThereIsAnAnswer) {
   TurnOffPacingAndChecking();
-  Driver->Answers["Q?"] = "1";
+  Answers.Listed["Q?"] = "1";
   Driver->OnCall = [this](const std::string& call) {
     if (call.starts_with("write")) News.Reconnected("the name");
   };
@@ -104,14 +103,14 @@ TEST_F(BatchRunFailureTest, FreshConnectionsAreToldOnceUntilThereIsAnAnswer) {
 TEST_F(BatchRunFailureTest, AnswerThatIsDroppedIsToldAndADriverFailureButNothingStopsAtIt) {
   TurnOffPacingAndChecking();
   Options.StopOnError = true;
-  Driver->Answers["Q?"] = "";
+  Answers.Listed["Q?"] = "";
   Driver->OnCall = [this, reads = 0](const std::string& call) mutable {
     if (call == "read" && ++reads == 1) News.AnswerFilledBuffer("the name", 1048575);
   };
   EXPECT_EQ(Run({u"A", u"Q?", u"Q?"}), 4);
   EXPECT_EQ(Err.str(), "portico-run: lines.cmd:2: an answer of 1048575 bytes is too long and was dropped\n");
-  EXPECT_EQ(Driver->Calls.back(), "close");
-  EXPECT_EQ(std::count(Driver->Calls.begin(), Driver->Calls.end(), "read"), 2);
+  EXPECT_EQ(Wire.back(), "close");
+  EXPECT_EQ(std::count(Wire.begin(), Wire.end(), "read"), 2);
 }
 
 TEST_F(BatchRunFailureTest, NewsBehindTheRunGoNowhere) {
@@ -122,37 +121,37 @@ TEST_F(BatchRunFailureTest, NewsBehindTheRunGoNowhere) {
 }
 
 TEST_F(BatchRunFailureTest, ErrorQueryWithoutAnAnswerIsADriverFailureOnly) {
-  Driver->Answers.erase(":SYST:ERR?");
-  Driver->Answers["*OPC?"] = "-1";
+  Answers.Listed.erase(":SYST:ERR?");
+  Answers.Listed["*OPC?"] = "-1";
   EXPECT_EQ(Run({u"*CLS"}), 4);
   EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: failure -7\n");
 }
 
 TEST_F(BatchRunFailureTest, InstrumentThatDoesNotOpenEndsTheRun) {
-  Driver->Failures["init the instrument"] = -9;
+  Driver->Statuses["init the instrument"] = -9;
   EXPECT_EQ(Run({u"*CLS"}), 3);
-  EXPECT_EQ(Driver->Calls, Calls{"init the instrument"});
+  EXPECT_EQ(Wire, Calls{"init the instrument"});
   EXPECT_EQ(Err.str(), "portico-run: cannot open the instrument: failure -9\n");
   EXPECT_EQ(Out.str(), "! failure -9\n");
 }
 
 TEST_F(BatchRunFailureTest, FailureToSetTheTerminationIsADriverFailure) {
-  Driver->Failures["set 1150007 to 0"] = -8;
+  Driver->Statuses["set 1150007 0"] = -8;
   TurnOffPacingAndChecking();
   EXPECT_EQ(Run({u"*CLS"}), 4);
   EXPECT_EQ(Err.str(), "portico-run: failure -8\n");
-  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *CLS", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 0", "write *CLS", "close"}));
 }
 
 TEST_F(BatchRunFailureTest, FailureToSetTheTerminationEndsTheRunOnDemand) {
   Options.StopOnError = true;
-  Driver->Failures["set 1150007 to 0"] = -8;
+  Driver->Statuses["set 1150007 0"] = -8;
   EXPECT_EQ(Run({u"*CLS"}), 4);
-  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 0", "close"}));
 }
 
 TEST_F(BatchRunFailureTest, FailureToCloseIsADriverFailure) {
-  Driver->Failures["close"] = -4;
+  Driver->Statuses["close"] = -4;
   EXPECT_EQ(Run({u"*CLS"}), 4);
   EXPECT_EQ(Err.str(), "portico-run: failure -4\n");
 }
@@ -179,7 +178,7 @@ TEST_F(BatchRunFailureTest, RefusedLineEndsTheRunBehindTheLinesBeforeIt) {
   sources.push_back(std::make_unique<FileLines>("next.cmd", std::vector<String>{u"*RST"}));
   EXPECT_EQ(RunSources(sources), 2);
   EXPECT_EQ(Err.str(), "portico-run: faulty:2:3: a reason\n");
-  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *CLS", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 0", "write *CLS", "close"}));
 }
 
 TEST_F(BatchRunFailureTest, InterruptEndsTheRunAtTheLineBoundary) {
@@ -187,8 +186,8 @@ TEST_F(BatchRunFailureTest, InterruptEndsTheRunAtTheLineBoundary) {
     if (call == "write *OPC?") raise(SIGINT);
   };
   EXPECT_EQ(Run({u"*CLS", u"*RST"}), 130);
-  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *OPC?", "read", "write *CLS",
-                                  "write :SYST:ERR?", "read", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 0", "write *OPC?", "read", "write *CLS",
+                         "write :SYST:ERR?", "read", "close"}));
   EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: interrupted\n");
 }
 
@@ -202,7 +201,7 @@ TEST_F(BatchRunFailureTest, InterruptLeavesTheSourcesThatFollowAlone) {
   sources.push_back(std::make_unique<FileLines>("two.cmd", std::vector<String>{u"C"}));
   EXPECT_EQ(RunSources(sources), 130);
   EXPECT_EQ(Err.str(), "portico-run: one.cmd:2: interrupted\n");
-  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write A", "write B", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 0", "write A", "write B", "close"}));
 }
 
 TEST_F(BatchRunFailureTest, InterruptWhileTheInstrumentOpensHasNoPlace) {
@@ -214,8 +213,8 @@ TEST_F(BatchRunFailureTest, InterruptWhileTheInstrumentOpensHasNoPlace) {
 }
 
 TEST_F(BatchRunFailureTest, InterruptOutranksWhatWentWrongBefore) {
-  Driver->Answers[":SYST:ERR?"] = kUndefinedHeader;
-  Driver->Failures["write *CLS"] = -42;
+  Answers.Listed[":SYST:ERR?"] = kUndefinedHeader;
+  Driver->Statuses["write *CLS"] = -42;
   Driver->OnCall = [](const std::string& call) {
     if (call == "write *CLS") raise(SIGINT);
   };
@@ -233,7 +232,7 @@ TEST_F(BatchRunFailureTest, SecondInterruptEndsAWaitAndTheInstrumentClosesWithTh
   EXPECT_EQ(Run({u"*CLS", u"*RST"}), 130);
   EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: interrupted\n");
   modAppGlobals::ReleaseObjectFactory();
-  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *CLS", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 0", "write *CLS", "close"}));
 }
 
 TEST_F(BatchRunFailureTest, InternalErrorIsToldWithItsReport) {

@@ -7,13 +7,13 @@ class BatchRunTest : public test::BatchRunBench {};
 
 TEST_F(BatchRunTest, OpensSetsTheTerminationRunsTheLinesAndCloses) {
   EXPECT_EQ(Run({u"*CLS"}), 0);
-  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *OPC?", "read", "write *CLS",
-                                  "write :SYST:ERR?", "read", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 0", "write *OPC?", "read", "write *CLS",
+                         "write :SYST:ERR?", "read", "close"}));
   EXPECT_EQ(Err.str(), "");
 }
 
 TEST_F(BatchRunTest, ConversationIsPrintedInOrder) {
-  Driver->Answers["*IDN?"] = "one\r\ntwo";
+  Answers.Listed["*IDN?"] = "one\r\ntwo";
   EXPECT_EQ(Run({u"REM a remark", u"", u"*idn?", u"*IDN?"}), 4);
   EXPECT_EQ(Out.str(), "# REM a remark\n"
                        "# \n"
@@ -34,7 +34,7 @@ TEST_F(BatchRunTest, ConversationIsPrintedInOrder) {
 
 TEST_F(BatchRunTest, NoLineOpensAndCloses) {
   EXPECT_EQ(Run({}), 0);
-  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 0", "close"}));
   EXPECT_EQ(Out.str(), "");
 }
 
@@ -44,23 +44,22 @@ TEST_F(BatchRunTest, OptionsOfTheRunAreInEffect) {
                      {u"SCPIProtocolErrorCheckingCommand", u"STAT:QUE?"},
                      {u"SCPIProtocolTerminationCharacter", u"CRLF"}};
   EXPECT_EQ(Run({u"*IDN?"}), 0);
-  EXPECT_EQ(Driver->Calls,
-            (Calls{"init the instrument", "set 1150007 to 11", "write *IDN?", "write STAT:QUE?", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 11", "write *IDN?", "write STAT:QUE?", "close"}));
 }
 
 TEST_F(BatchRunTest, ErrorCheckingCanBeOff) {
   TurnOff({u"SCPIProtocolAutoErrorChecking"});
-  Driver->Answers["*IDN?"] = "-113";
+  Answers.Listed["*IDN?"] = "-113";
   EXPECT_EQ(Run({u"*IDN?"}), 0);
-  EXPECT_EQ(Driver->Calls,
-            (Calls{"init the instrument", "set 1150007 to 0", "write *OPC?", "read", "write *IDN?", "read", "close"}));
+  EXPECT_EQ(Wire,
+            (Calls{"init the instrument", "set 1150007 0", "write *OPC?", "read", "write *IDN?", "read", "close"}));
 }
 
 TEST_F(BatchRunTest, LastWriteOfTheProtocolBringsTheOptionsIntoEffect) {
   Options.Protocol = u"Other";
   Options.Options = {{u"OtherProtocolTerminationCharacter", u"CR"}, {u"OtherProtocolPacingInterval", u"7"}};
   EXPECT_EQ(Run({u"*IDN?"}), 0);
-  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 13", "write *IDN?", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 13", "write *IDN?", "close"}));
   EXPECT_EQ(gConfiguration->ItemValue(u"ProtocolName"), u"Other");
   EXPECT_EQ(gConfiguration->ItemValue(u"PacingInterval"), u"7");
 }
@@ -68,13 +67,13 @@ TEST_F(BatchRunTest, LastWriteOfTheProtocolBringsTheOptionsIntoEffect) {
 TEST_F(BatchRunTest, OtherProtocolSendsTheLineOnly) {
   Options.Protocol = u"Other";
   EXPECT_EQ(Run({u"*IDN?", u"*CLS"}), 0);
-  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 10", "write *IDN?", "write *CLS", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 10", "write *IDN?", "write *CLS", "close"}));
   EXPECT_EQ(Out.str(), "> *IDN?\n> *CLS\n");
 }
 
 TEST_F(BatchRunTest, IntervalPacingWaitsBetweenThePacingQueryAndTheLine) {
   Options.Options = {{u"SCPIProtocolIntervalPacing", u"On"}, {u"SCPIProtocolPacingInterval", u"250"}};
-  Driver->Answers["Q?"] = "2";
+  Answers.Listed["Q?"] = "2";
   const auto start = Clock.Now();
   Calls timed;
   Driver->OnCall = [&](const std::string& call) {
@@ -82,29 +81,29 @@ TEST_F(BatchRunTest, IntervalPacingWaitsBetweenThePacingQueryAndTheLine) {
     timed.push_back(std::to_string(elapsed.count()) + " " + call);
   };
   EXPECT_EQ(Run({u"Q?", u"Q?"}), 0);
-  EXPECT_EQ(timed, (Calls{"0 init the instrument", "0 set 1150007 to 0", "0 write *OPC?", "0 read", "0 write Q?",
-                          "0 read", "0 write :SYST:ERR?", "0 read", "0 write *OPC?", "0 read", "250 write Q?",
-                          "250 read", "250 write :SYST:ERR?", "250 read", "250 close"}));
+  EXPECT_EQ(timed, (Calls{"0 init the instrument", "0 set 1150007 0", "0 write *OPC?", "0 read", "0 write Q?", "0 read",
+                          "0 write :SYST:ERR?", "0 read", "0 write *OPC?", "0 read", "250 write Q?", "250 read",
+                          "250 write :SYST:ERR?", "250 read", "250 close"}));
 }
 
 TEST_F(BatchRunTest, LeadingBlanksGoTrailingBlanksStay) {
   TurnOffPacingAndChecking();
   EXPECT_EQ(Run({u"   *CLS  ", u"    ", u"  REM a remark "}), 0);
-  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *CLS  ", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 0", "write *CLS  ", "close"}));
   EXPECT_EQ(Out.str(), "> *CLS  \n# \n# REM a remark \n");
 }
 
 TEST_F(BatchRunTest, PastedHistoryIsNotSentAgain) {
   TurnOffPacingAndChecking();
   EXPECT_EQ(Run({u"\u00A9*OPC?", u"\u00AE1", u"*CLS", u"  \u00AEtext"}), 0);
-  EXPECT_EQ(Driver->Calls, (Calls{"init the instrument", "set 1150007 to 0", "write *CLS", "close"}));
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 0", "write *CLS", "close"}));
   EXPECT_EQ(Out.str(), "> *CLS\n");
 }
 
 TEST_F(BatchRunTest, TextGoesOutInTheCodePage) {
   TurnOffPacingAndChecking();
   EXPECT_EQ(Run({u"DISP \u20AC"}), 0);
-  EXPECT_EQ(Driver->Calls.at(2), "write DISP \x80");
+  EXPECT_EQ(Wire.at(2), "write DISP \x80");
   EXPECT_EQ(Out.str(), "> DISP \xE2\x82\xAC\n");
 }
 
@@ -113,7 +112,7 @@ TEST_F(BatchRunTest, SourcesRunOneAfterTheOther) {
   Sources sources;
   sources.push_back(std::make_unique<FileLines>("one.cmd", std::vector<String>{u"A", u"B"}));
   sources.push_back(std::make_unique<FileLines>("two.cmd", std::vector<String>{u"C"}));
-  Driver->Failures = {{"write B", -5}, {"write C", -6}};
+  Driver->Statuses = {{"write B", -5}, {"write C", -6}};
   EXPECT_EQ(RunSources(sources), 4);
   EXPECT_EQ(Out.str(), "> A\n> B\n> C\n");
   EXPECT_EQ(Err.str(), "portico-run: one.cmd:2: failure -5\nportico-run: two.cmd:1: failure -6\n");
@@ -121,7 +120,7 @@ TEST_F(BatchRunTest, SourcesRunOneAfterTheOther) {
 
 TEST_F(BatchRunTest, QuietPrintsNoConversation) {
   Options.Quiet = true;
-  Driver->Answers[":SYST:ERR?"] = "-113,\"Undefined header\"";
+  Answers.Listed[":SYST:ERR?"] = "-113,\"Undefined header\"";
   EXPECT_EQ(Run({u"REM a remark", u"FOO"}), 1);
   EXPECT_EQ(Out.str(), "");
   EXPECT_EQ(Err.str(), "portico-run: lines.cmd:2: the instrument reports -113,\"Undefined header\"\n");
@@ -151,7 +150,7 @@ TEST_F(BatchRunTest, LeavesNoSubscriberBehind) {
 
 TEST_F(BatchRunTest, ControlCharactersAreQuestionMarksOnATerminal) {
   TurnOffPacingAndChecking();
-  Driver->Answers["Q?"] = "\x1B[2Jred\a\tend";
+  Answers.Listed["Q?"] = "\x1B[2Jred\a\tend";
   EXPECT_EQ(Run({u"Q?", u"REM \a"}), 0);
   EXPECT_EQ(Out.str(), "> Q?\n< \x1B[2Jred\a\tend\n# REM \a\n");
   Out.str({});

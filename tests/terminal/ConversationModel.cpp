@@ -101,7 +101,7 @@ private:
   }
 
   void WriteAndRead(const std::string& text, const std::string& line) {
-    Call("write(" + Session() + ", " + text + "\r)");
+    Call("WriteInstrData(" + Session() + "," + text + "\r)");
     const std::int32_t status = m_instrument.Write(text);
     if (status != 0) Explain(status);
     Report(Terminated(text), BeginsIgnoringCase(line, text) ? "Instruction" : "AutomaticInstruction");
@@ -109,7 +109,7 @@ private:
   }
 
   void Read() {
-    Call("read(" + Session() + ", 1048576)");
+    Call("ReadInstrData(" + Session() + ",1048576)");
     const SampleInstrument::Answer answer = m_instrument.Read();
     if (answer.Status != 0) {
       Explain(answer.Status);
@@ -119,7 +119,7 @@ private:
     }
   }
 
-  void Explain(std::int32_t status) { Call("error_message(" + Session() + ", " + std::to_string(status) + ")"); }
+  void Explain(std::int32_t status) { Call("error_message(" + Session() + "," + std::to_string(status) + ")"); }
   void Call(const std::string& text) { m_conversation.Calls.push_back(std::to_string(m_now) + " " + text); }
   std::string Session() const { return std::to_string(m_options.Session); }
 

@@ -4,10 +4,10 @@
 
 #include "document/entities/CSelectionIterator.h"
 #include "document/reports/ReportSubscribers.h"
-#include "support/doubles/CreatorOfOne.h"
+#include "support/Files.h"
+#include "support/doubles/Objects.h"
 
 #include <filesystem>
-#include <random>
 
 namespace portico::terminal {
 namespace {
@@ -17,69 +17,6 @@ using test::Look;
 using test::ModelEntity;
 using test::ModelOptions;
 using Texts = std::vector<std::string>;
-
-/// The driver of the sample instrument. It writes down what it is called with.
-class SampleDriver final : public IInstrumentDriver {
-public:
-  static constexpr std::int32_t Session = 5;
-
-  Texts Calls;
-  std::function<long()> Milliseconds = [] { return 0; };
-
-  /// As if everything had just been switched on.
-  void Restart() {
-    Calls.clear();
-    m_instrument = {};
-  }
-
-  std::int32_t TVSCPI_init(const std::string& name, std::int32_t idQuery, std::int32_t reset,
-                           std::int32_t& session) override {
-    session = Session;
-    return Record("init(" + name + ", " + std::to_string(idQuery) + ", " + std::to_string(reset) + ")");
-  }
-  std::int32_t TVSCPI_close(std::int32_t session) override { return Record("close(" + std::to_string(session) + ")"); }
-  std::int32_t TVSCPI_WriteInstrData(std::int32_t session, const std::string& text) override {
-    Record("write(" + std::to_string(session) + ", " + text + ")");
-    return m_instrument.Write(text.substr(0, text.size() - 1));
-  }
-  std::int32_t TVSCPI_ReadInstrData(std::int32_t session, std::int32_t size, char* buffer,
-                                    std::int32_t& count) override {
-    Record("read(" + std::to_string(session) + ", " + std::to_string(size) + ")");
-    const test::SampleInstrument::Answer answer = m_instrument.Read();
-    std::copy(answer.Bytes.begin(), answer.Bytes.end(), buffer);
-    const bool read = answer.Status != test::SampleInstrument::NothingToRead;
-    count = read ? static_cast<std::int32_t>(answer.Bytes.size()) + 1 : 0;
-    return answer.Status;
-  }
-  std::int32_t TVSCPI_GetAttributeViInt32(std::int32_t, std::int32_t, std::int32_t, std::int32_t&) override {
-    return Record("get");
-  }
-  std::int32_t TVSCPI_GetAttributeViString(std::int32_t, std::int32_t, std::int32_t, std::int32_t, char*) override {
-    return Record("get");
-  }
-  std::int32_t TVSCPI_SetAttributeViInt32(std::int32_t session, std::int32_t zero, std::int32_t attribute,
-                                          std::int32_t value) override {
-    return Record("set(" + std::to_string(session) + ", " + std::to_string(zero) + ", " + std::to_string(attribute) +
-                  ", " + std::to_string(value) + ")");
-  }
-  std::int32_t TVSCPI_SetAttributeViString(std::int32_t, std::int32_t, std::int32_t, const std::string&) override {
-    return Record("set");
-  }
-  std::int32_t TVSCPI_error_message(std::int32_t session, std::int32_t status, char* buffer) override {
-    Record("error_message(" + std::to_string(session) + ", " + std::to_string(status) + ")");
-    const std::string text = test::SampleInstrument::Message(status) + '\n';
-    *std::copy(text.begin(), text.end(), buffer) = '\0';
-    return 0;
-  }
-
-private:
-  std::int32_t Record(const std::string& call) {
-    Calls.push_back(std::to_string(Milliseconds()) + " " + call);
-    return 0;
-  }
-
-  test::SampleInstrument m_instrument;
-};
 
 /// A set of options, told to the system and to the model.
 struct Setting {
@@ -214,8 +151,19 @@ SelectionFormat FormatOf(Look look) {
 
 class ConversationModelTest : public test::BatchRunBench, public ::testing::WithParamInterface<Setting> {
 protected:
-  ConversationModelTest() : ConversationModelTest(std::make_shared<SampleDriver>()) {}
-  ~ConversationModelTest() override { std::filesystem::remove(LogPath); }
+  ConversationModelTest() {
+    Driver->Handle = 5;
+    Driver->OnWrite = [this](const std::string& text) { return Sample.Write(text); };
+    Driver->OnRead = [this] {
+      const test::SampleInstrument::Answer answer = Sample.Read();
+      const bool isRead = answer.Status != test::SampleInstrument::NothingToRead;
+      return test::DriverDouble::Reading{answer.Status, isRead ? answer.Bytes + '\0' : ""};
+    };
+    Driver->OnDetail = [this, start = Clock.Now()](const std::string& call) {
+      const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock.Now() - start);
+      Timed.push_back(std::to_string(elapsed.count()) + " " + call);
+    };
+  }
 
   /// Loads the window with views that the test sees.
   void Load() {
@@ -248,23 +196,14 @@ protected:
     }
   }
 
-  const std::shared_ptr<SampleDriver> Sample;
+  test::SampleInstrument Sample;
+  /// The driver's calls in full, each behind the milliseconds since the start.
+  Texts Timed;
   const Ref<CSCPIView> View = New<CSCPIView>();
   const Ref<CSCPIViewHistory> History = New<CSCPIViewHistory>();
   ConversationPrinter Printer{Out};
-  const std::filesystem::path LogPath;
-
-private:
-  explicit ConversationModelTest(std::shared_ptr<SampleDriver> driver)
-      : BatchRunBench(driver),
-        Sample(std::move(driver)),
-        // Tests run side by side, and so do whole test programs.
-        LogPath(std::filesystem::path(testing::TempDir()) /
-                ("ConversationModelTest." + std::to_string(std::random_device()()) + ".xml")) {
-    Sample->Milliseconds = [this, start = Clock.Now()] {
-      return std::chrono::duration_cast<std::chrono::milliseconds>(Clock.Now() - start).count();
-    };
-  }
+  const test::TemporaryFolder Folder;
+  const std::filesystem::path LogPath = Folder.Path() / "log.xml";
 };
 
 TEST_P(ConversationModelTest, WindowShowsAndLogsWhatTheModelSays) {
@@ -282,7 +221,7 @@ TEST_P(ConversationModelTest, WindowShowsAndLogsWhatTheModelSays) {
 
   publisher->Unsubscribe(logger);
   logger->DisableLogging();
-  ExpectSame(expected.Calls, Sample->Calls);
+  ExpectSame(expected.Calls, Timed);
   ExpectSame(LinesOf(expected.HistoryText(), "\r\n"), LinesOf(ToCodePage(Past->Text()), "\r\n"));
   ExpectLooks(expected);
   ExpectSame(Told(expected.Queue), Told(History->Instructions()));
@@ -325,15 +264,16 @@ TEST_P(ConversationModelTest, PastedAnswersAreKnownByTheirLook) {
     const std::string line = passage.Text.substr(0, passage.Text.size() - 2);
     pasted.push_back(passage.Is == Look::Response ? "\xAE" + line : line);
   }
-  Sample->Restart();
+  Sample = {}; // as if everything had just been switched on
+  Timed.clear();
 
   RunFrame(Future, Past).Run();
 
   const auto withoutTime = [](const std::string& call) { return call.substr(call.find(' ')); };
   Texts expected = test::ModelConversation(pasted, GetParam().Model, 0).Calls;
   std::transform(expected.begin(), expected.end(), expected.begin(), withoutTime);
-  std::transform(Sample->Calls.begin(), Sample->Calls.end(), Sample->Calls.begin(), withoutTime);
-  ExpectSame(expected, Sample->Calls);
+  std::transform(Timed.begin(), Timed.end(), Timed.begin(), withoutTime);
+  ExpectSame(expected, Timed);
   EXPECT_EQ(Future->Text(), u"");
   Window->Unload();
 }
@@ -341,7 +281,7 @@ TEST_P(ConversationModelTest, PastedAnswersAreKnownByTheirLook) {
 TEST_P(ConversationModelTest, RunPrintsSendsAndLogsWhatTheModelSays) {
   const Texts lines = test::MixedLines(2026).Make(300);
   ModelOptions model = GetParam().Model;
-  model.Session = SampleDriver::Session;
+  model.Session = Driver->Handle;
   const Conversation expected = test::ModelConversation(lines, model, 0);
   Options.Protocol = GetParam().Protocol;
   Options.Options = GetParam().Options;
@@ -349,13 +289,13 @@ TEST_P(ConversationModelTest, RunPrintsSendsAndLogsWhatTheModelSays) {
 
   EXPECT_EQ(Run(Decoded(lines)), 4); // some of the lines find the instrument lost
 
-  ASSERT_GT(Sample->Calls.size(), 3U);
+  ASSERT_GT(Timed.size(), 3U);
   const std::string termination = GetParam().Protocol == u"Other" ? "10" : "0";
-  EXPECT_EQ(Sample->Calls.at(0), "0 init(the instrument, 0, 0)");
-  EXPECT_EQ(Sample->Calls.at(1), "0 set(5, 0, 1150007, " + termination + ")");
-  const auto time = Sample->Calls.back().find(' ');
-  EXPECT_EQ(Sample->Calls.back().substr(time + 1), "close(5)");
-  ExpectSame(expected.Calls, {Sample->Calls.begin() + 2, Sample->Calls.end() - 1});
+  EXPECT_EQ(Timed.at(0), "0 init(the instrument,0,0)");
+  EXPECT_EQ(Timed.at(1), "0 SetAttributeViInt32(5,0,1150007," + termination + ")");
+  const auto time = Timed.back().find(' ');
+  EXPECT_EQ(Timed.back().substr(time + 1), "close(5)");
+  ExpectSame(expected.Calls, {Timed.begin() + 2, Timed.end() - 1});
   ExpectSame(LinesOf(expected.Printed, "\n"), LinesOf(ToCodePage(FromUtf8(Out.str()).Text), "\n"));
   const auto withoutStamp = [](std::string told) { return told.erase(told.find(" Timestamp="), 11 + Stamp(0).size()); };
   Texts logged = Told(OpenStore()->FillDataContainerFromStore());

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "framework/shared/IReport.h"
-
-#include <utility>
+#include "support/doubles/ReportDouble.h"
 
 namespace portico::test {
 
@@ -15,22 +13,12 @@ struct ReportText {
   String Instruction = {};
 };
 
-class HandMadeReport final : public IReport {
-public:
-  explicit HandMadeReport(ReportText text) : m_text(std::move(text)) {}
-
-  StringView ClassName() const override { return u"HandMadeReport"; }
-  String GetCommand() const override { return m_text.Command; }
-  String GetData() const override { return m_text.Data; }
-  String GetErrorMessage() const override { return m_text.ErrorMessage; }
-  std::int32_t GetErrorCode() const override { return m_text.ErrorCode; }
-  String GetSCPIInstruction() const override { return m_text.Instruction; }
-
-private:
-  ReportText m_text;
-};
-
-inline Ref<IObject> Report(ReportText text) { return New<HandMadeReport>(std::move(text)); }
+inline Ref<IObject> Report(const ReportText& text) {
+  auto report = ReportOf(text.Command, text.Data, text.ErrorCode);
+  report->ErrorMessage = text.ErrorMessage;
+  report->SCPIInstruction = text.Instruction;
+  return report;
+}
 inline Ref<IObject> WriteReport(const String& instruction) {
   return Report({.Command = u"CWriteCmd", .Instruction = instruction});
 }

@@ -2,6 +2,7 @@
 
 #include "document/entities/CDataFIFO.h"
 #include "document/entities/CSelectionIterator.h"
+#include "support/Files.h"
 
 #include <algorithm>
 #include <csignal>
@@ -17,12 +18,9 @@ namespace {
 class RunLogTest : public test::BatchRunBench {
 protected:
   RunLogTest() {
-    std::filesystem::remove_all(Folder);
-    std::filesystem::create_directories(Folder);
     Options.LogFile = FromAscii((Folder / "run.xml").string());
     TurnOffPacingAndChecking();
   }
-  ~RunLogTest() override { std::filesystem::remove_all(Folder); }
 
   /// The entities of the log, as "TYPE text".
   std::vector<std::string> Logged() const {
@@ -36,10 +34,7 @@ protected:
     }
     return entities;
   }
-  std::string Content() const {
-    std::ifstream file(ToUtf8(Options.LogFile), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
+  std::string Content() const { return test::ReadFile(ToUtf8(Options.LogFile)); }
   std::size_t Occurrences(const std::string& text) const {
     const std::string content = Content();
     std::size_t count = 0;
@@ -66,12 +61,12 @@ protected:
     std::ofstream(ToUtf8(Options.LogFile), std::ios::binary) << content;
   }
 
-  const std::filesystem::path Folder =
-      std::filesystem::temp_directory_path() / ("portico-run-log-" + std::to_string(getpid()));
+  const test::TemporaryFolder Temporary;
+  const std::filesystem::path& Folder = Temporary.Path();
 };
 
 TEST_F(RunLogTest, ConversationIsLoggedInOneSession) {
-  Driver->Answers["*IDN?"] = "an instrument";
+  Answers.Listed["*IDN?"] = "an instrument";
   EXPECT_EQ(Run({u"*CLS", u"REM a remark", u"*idn?", u"*IDN?"}), 4);
   EXPECT_EQ(Logged(),
             (std::vector<std::string>{"Instruction *CLS\r\n", "Instruction *idn?\r\n", "Response failure -7\r\n",
@@ -94,14 +89,14 @@ TEST_F(RunLogTest, ExistingLogIsExtendedUnlessItIsBegunAnew) {
 TEST_F(RunLogTest, LogThatCannotBeMadeEndsTheRunBeforeAnythingIsSent) {
   Options.LogFile = FromAscii((Folder / "absent" / "run.xml").string());
   EXPECT_EQ(Run({u"A"}), 2);
-  EXPECT_EQ(Driver->Calls, Calls{});
+  EXPECT_EQ(Wire, Calls{});
   EXPECT_EQ(Err.str().find("portico-run: cannot log to " + ToUtf8(Options.LogFile) + ": "), 0U) << Err.str();
 }
 
 TEST_F(RunLogTest, FileThatIsNoLogEndsTheRunAndStaysAsItIs) {
   std::ofstream(ToUtf8(Options.LogFile)) << "*CLS\n";
   EXPECT_EQ(Run({u"A"}), 2);
-  EXPECT_EQ(Driver->Calls, Calls{});
+  EXPECT_EQ(Wire, Calls{});
   EXPECT_EQ(Err.str(), "portico-run: cannot log to " + ToUtf8(Options.LogFile) + ": The file, " +
                            ToUtf8(Options.LogFile) + ", is not a valid data store.\n");
   EXPECT_EQ(Content(), "*CLS\n");
@@ -121,7 +116,7 @@ TEST_F(RunLogTest, LogThatIsTakenAwayIsToldWithItsCountAndWhatIsLostAtTheEndWith
     if (call == "write B") std::filesystem::remove_all(Folder);
   };
   EXPECT_EQ(Run({u"A", u"B", u"C"}), 5);
-  EXPECT_EQ(Driver->Calls.back(), "close");
+  EXPECT_EQ(Wire.back(), "close");
   const std::string text = Err.str();
   EXPECT_EQ(text.find("portico-run: lines.cmd:2: the log cannot be written: "), 0U) << text;
   EXPECT_NE(text.find("\nportico-run: lines.cmd:3: the log cannot be written: "), std::string::npos) << text;
@@ -156,7 +151,7 @@ TEST_F(RunLogTest, LineThatAnotherProgramsStampsCrowdOutIsMissingForGood) {
 }
 
 TEST_F(RunLogTest, LogThatIsIncompleteOutranksADriverFailure) {
-  Driver->Failures["write B"] = -42;
+  Driver->Statuses["write B"] = -42;
   Driver->OnCall = [&](const std::string& call) {
     if (call == "write B") std::filesystem::remove_all(Folder);
   };

@@ -3,9 +3,14 @@
 #include "document/entities/IDataStore.h"
 #include "document/reports/ReportSubscribers.h"
 #include "framework/objects/modGlobals.h"
+#include "framework/shared/IConfiguration.h"
+#include "memory/RichTextBox.h"
+#include "support/ErrorReports.h"
+#include "support/Files.h"
 #include "support/Golden.h"
-#include "support/Raised.h"
 #include "support/doubles/RecordingTextBox.h"
+#include "support/doubles/ReportDouble.h"
+#include "support/doubles/WindowDouble.h"
 #include "support/fixtures/PipelineFixture.h"
 #include "views/CInstructionRunner.h"
 #include "views/CSCPIViewHistory.h"
@@ -16,30 +21,18 @@
 namespace portico {
 namespace {
 
-/// As much of the main window as a run needs.
-class RunWindow final : public IMainWindow, public IScratchArea {
+/// A window whose run is that of its command view.
+class RunWindow final : public test::WindowDouble {
 public:
-  StringView ClassName() const override { return u"RunWindow"; }
-  std::int32_t MousePointer() const override { return 0; }
-  void MousePointer(std::int32_t) override {}
+  using WindowDouble::WindowDouble;
   bool Executing() const override { return View->Executing(); }
   void Executing(bool newValue) override { View->Executing(newValue); }
-  bool StopRequested() const override { return m_stop; }
-  void StopRequested(bool newValue) override { m_stop = newValue; }
-  void UpdateUI(const String&, const String&) override {}
-  Ref<IRichTextBox> rtfScratchArea() const override { return m_scratch; }
-  String FontName() const override { return u"Sans"; }
-  double FontSize() const override { return 10; }
 
   Ref<CSCPIView> View;
-
-private:
-  bool m_stop = false;
-  Ref<memory::RichTextBox> m_scratch = New<memory::RichTextBox>();
 };
 
 /// Command window, history and log around the real pipeline, with an instrument in memory.
-class Conversation : public support::PipelineFixture {
+class Conversation : public test::PipelineFixture {
 protected:
   void SetUp() override {
     PipelineFixture::SetUp();
@@ -109,7 +102,8 @@ protected:
 
   using List = std::vector<std::string>;
 
-  Ref<RunWindow> Window = New<RunWindow>();
+  test::Journal Told;
+  Ref<RunWindow> Window = New<RunWindow>(Told);
   Ref<memory::RichTextBox> Future = New<memory::RichTextBox>();
   Ref<memory::RichTextBox> Past = New<memory::RichTextBox>();
   Ref<CInstructionRunner> Runner;
@@ -119,7 +113,7 @@ protected:
 };
 
 TEST_F(Conversation, AppearsInTheHistoryAsItHappens) {
-  Send(support::MakeInstruction(u"COMM", u"Open", {{u"ChannelName", u"DMM"}}));
+  Send(test::MakeInstruction(u"COMM", u"Open", {{u"ChannelName", u"DMM"}}));
   TurnAllOn();
   Type(u"REM what is it?\r\n*idn?\r\n\r\n  MEAS:VOLT? \r\n*RST\r\n");
   Frame->Run();
@@ -196,7 +190,7 @@ TEST_F(Conversation, LineEndsWithinAnAnswerAreNotInTheWindow) {
 }
 
 TEST_F(Conversation, FailedWriteShowsAsItsInstruction) {
-  Driver->Failures["write *RST"] = -1073807339;
+  Driver->Statuses["write *RST"] = -1073807339;
   Type(u"*RST\r\n");
   Frame->Run();
   EXPECT_EQ(test::Escaped(Past->Text()), "*RST\\r\\n");
@@ -204,14 +198,14 @@ TEST_F(Conversation, FailedWriteShowsAsItsInstruction) {
 }
 
 TEST_F(Conversation, FailedOpenShowsTheDriversTextInRed) {
-  Driver->Failures["init DMM"] = -1;
-  Send(support::MakeInstruction(u"COMM", u"Open", {{u"ChannelName", u"DMM"}}));
-  EXPECT_EQ(Transcript(), "plain FF\tstatus -1\n");
-  EXPECT_EQ(Queue(), (List{": status -1\\r\\n", ": \\r\\n"}));
+  Driver->Statuses["init DMM"] = -1;
+  Send(test::MakeInstruction(u"COMM", u"Open", {{u"ChannelName", u"DMM"}}));
+  EXPECT_EQ(Transcript(), "plain FF\tfailure -1\n");
+  EXPECT_EQ(Queue(), (List{": failure -1\\r\\n", ": \\r\\n"}));
 }
 
 TEST_F(Conversation, OpeningWithoutAFailureShowsNothing) {
-  Send(support::MakeInstruction(u"COMM", u"Open", {{u"ChannelName", u"DMM"}}));
+  Send(test::MakeInstruction(u"COMM", u"Open", {{u"ChannelName", u"DMM"}}));
   EXPECT_EQ(Transcript(), "");
 }
 
@@ -219,17 +213,17 @@ TEST_F(Conversation, FailedReadShowsTheDriversTextAsAnAnswer) {
   TurnAllOn();
   Set(u"OPCPacing", u"Off");
   Set(u"AutoErrorCheckingMode", u"Off");
-  Driver->Failures["read"] = -1;
+  Driver->Statuses["read"] = -1;
   Type(u"*IDN?\r\n");
   Frame->Run();
-  EXPECT_EQ(Transcript(), "bold 0\t*IDN?\nitalic 0\t\u00AEstatus -1\n");
+  EXPECT_EQ(Transcript(), "bold 0\t*IDN?\nitalic 0\t\u00AEfailure -1\n");
 }
 
 TEST_F(Conversation, FailedCloseIsAnEmptyLineInTheQueueOnly) {
-  Send(support::MakeInstruction(u"COMM", u"Open", {{u"ChannelName", u"DMM"}}));
-  Driver->Failures["close"] = -1;
+  Send(test::MakeInstruction(u"COMM", u"Open", {{u"ChannelName", u"DMM"}}));
+  Driver->Statuses["close"] = -1;
   const auto before = test::Escaped(Past->Text());
-  Send(support::MakeInstruction(u"COMM", u"Close"));
+  Send(test::MakeInstruction(u"COMM", u"Close"));
   EXPECT_EQ(test::Escaped(Past->Text()), before);
   EXPECT_EQ(Queue().back(), ": \\r\\n");
 }
@@ -298,14 +292,13 @@ protected:
   Ref<CReportLogger> Logger;
 
 private:
-  std::filesystem::path m_path =
-      std::filesystem::path(::testing::TempDir()) /
-      (std::string("portico-") + ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".xml");
+  const test::TemporaryFolder m_folder;
+  const std::filesystem::path m_path = m_folder.Path() / "log.xml";
 };
 
 TEST_F(LoggedConversation, HoldsWhatHasATypeAndNoRemarks) {
   Logger->EnableLogging();
-  Send(support::MakeInstruction(u"COMM", u"Open", {{u"ChannelName", u"DMM"}}));
+  Send(test::MakeInstruction(u"COMM", u"Open", {{u"ChannelName", u"DMM"}}));
   TurnAllOn();
   Type(u"REM a\r\n*IDN?\r\n");
   Frame->Run();
@@ -331,22 +324,9 @@ TEST_F(LoggedConversation, HoldsNothingOfAPause) {
 
 TEST_F(LoggedConversation, RefusesAnEntityWithoutATypeAndNothing) {
   Logger->EnableLogging();
-  class Report final : public IReport {
-  public:
-    explicit Report(String data) : m_data(std::move(data)) {}
-    StringView ClassName() const override { return u"COpenCmd"; }
-    String GetCommand() const override { return u"COpenCmd"; }
-    String GetData() const override { return m_data; }
-    String GetErrorMessage() const override { return {}; }
-    std::int32_t GetErrorCode() const override { return 0; }
-    String GetSCPIInstruction() const override { return {}; }
-
-  private:
-    String m_data;
-  };
-  EXPECT_EQ(test::Raised([&] { Logger->Update(Ref<IObject>(New<Report>(u"opened"))); }).Number, 31004);
+  EXPECT_EQ(test::Raised([&] { Logger->Update(test::ReportOf(u"COpenCmd", u"opened")); }).Number, 31004);
   HuntERR::Reset();
-  const auto error = test::Raised([&] { Logger->Update(Ref<IObject>(New<Report>(u""))); });
+  const auto error = test::Raised([&] { Logger->Update(test::ReportOf(u"COpenCmd", u"")); });
   EXPECT_EQ(error.Number, 5);
   EXPECT_EQ(ToUtf8(test::FirstDescription(error)), "Data entity cannot be nothing.");
   EXPECT_EQ(Logged(), List{});

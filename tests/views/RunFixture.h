@@ -10,15 +10,9 @@ namespace portico::test {
 /// A processor that writes down what it is sent, and answers as it is told.
 class ProcessorDouble final : public IInstProcessor {
 public:
-  explicit ProcessorDouble(std::vector<std::string>& journal) : m_journal(journal) {}
-  StringView ClassName() const override { return u"ProcessorDouble"; }
-  std::int32_t Send(const Ref<CInstContainer>& Instruction) override {
-    const std::string text = ToUtf8(Instruction->Params()->Item(u"Data").ToString());
-    m_journal.push_back("send " + ToUtf8(Instruction->CmdType()) + "." + ToUtf8(Instruction->FunctionName()) + " " +
-                        text);
-    if (OnSend) OnSend(text);
-    return Answer;
-  }
+  explicit ProcessorDouble(std::vector<std::string>& journal);
+  StringView ClassName() const override;
+  std::int32_t Send(const Ref<CInstContainer>& Instruction) override;
 
   std::int32_t Answer = 0;
   std::function<void(const std::string&)> OnSend;
@@ -30,18 +24,10 @@ private:
 /// The window's journal holds what the runners do; the command window, `Box`, writes to one of its own.
 class RunFixture : public ViewFixture {
 protected:
-  RunFixture() {
-    for (const CreatorRow* row : {&CtorStep, &CtorRun, &CtorStop, &CtorInstructionRunner}) {
-      gObjectFactory->Add(MakeCreator(*row));
-    }
-    Offer(u"InstructionProcessor", Processor);
-    Configuration->Items[u"CurrentInstruction"] = u"";
-    Configuration->Items[u"RunningMode"] = u"Off";
-    Box = New<RecordingTextBox>(BoxCalls, "future");
-  }
+  RunFixture();
 
-  std::string Current() { return ToUtf8(Configuration->Items[u"CurrentInstruction"]); }
-  std::string Mode() { return ToUtf8(Configuration->Items[u"RunningMode"]); }
+  std::string Current();
+  std::string Mode();
 
   std::vector<std::string> BoxCalls;
   Ref<ProcessorDouble> Processor = New<ProcessorDouble>(Calls);

@@ -1,5 +1,6 @@
 #include "document/log/LogBench.h"
 #include "document/log/LogFile.h"
+#include "support/Files.h"
 
 #include <cerrno>
 #include <csignal>
@@ -18,20 +19,13 @@ namespace fs = std::filesystem;
 /// The disk of this machine, in a folder of the test's own.
 class LogFileTest : public DocumentTest {
 protected:
-  LogFileTest() { fs::create_directories(m_folder); }
-  ~LogFileTest() override {
-    fs::permissions(m_folder, fs::perms::owner_all);
-    fs::remove_all(m_folder);
-  }
+  ~LogFileTest() override { fs::permissions(m_folder, fs::perms::owner_all); }
 
   std::string Path(const std::string& name = "log.xml") const { return m_folder / name; }
   static void Put(const std::string& path, const std::string& bytes) {
     std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
   }
-  static std::string Get(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  }
+  static std::string Get(const std::string& path) { return ReadFile(path); }
   static Ref<CXMLDataStore> Store(const std::string& path, bool overwrite = false) {
     auto store = New<CXMLDataStore>();
     store->Initialize(FromUtf8(path).Text, overwrite);
@@ -42,10 +36,8 @@ protected:
   }
 
 private:
-  const fs::path m_folder =
-      fs::path(testing::TempDir()) /
-      (std::string("LogFileTest.") + testing::UnitTest::GetInstance()->current_test_info()->name() + "." +
-       std::to_string(getpid()));
+  const TemporaryFolder m_temporary;
+  const fs::path& m_folder = m_temporary.Path();
 };
 
 TEST_F(LogFileTest, AStoreLeavesOneFileWithTheUsualPermissions) {

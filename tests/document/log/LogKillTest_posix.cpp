@@ -1,4 +1,5 @@
 #include "document/log/LogBench.h"
+#include "support/Files.h"
 
 #include <atomic>
 #include <csignal>
@@ -33,13 +34,10 @@ private:
 
 class LogKillTest : public DocumentTest {
 protected:
-  const std::string m_path = testing::TempDir() + "LogKillTest." + std::to_string(getpid()) + ".xml";
-  ~LogKillTest() override { std::filesystem::remove(m_path); }
+  const TemporaryFolder m_folder;
+  const std::string m_path = m_folder.At("log.xml");
 
-  std::string Bytes() const {
-    std::ifstream file(m_path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  }
+  std::string Bytes() const { return ReadFile(m_path); }
 
   /// Logs until it is killed: sessions of a few entities of all sizes, some of many pages.
   [[noreturn]] void Log(std::atomic<std::size_t>& done) {

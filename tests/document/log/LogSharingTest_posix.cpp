@@ -1,4 +1,5 @@
 #include "document/log/LogBench.h"
+#include "support/Files.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -15,17 +16,12 @@ namespace {
 /// A log that several programs use at once.
 class LogSharingTest : public DocumentTest {
 protected:
-  ~LogSharingTest() override { std::filesystem::remove(m_path); }
-
   Ref<CXMLDataStore> Store() const {
     auto store = New<CXMLDataStore>();
     store->Initialize(FromUtf8(m_path).Text, false);
     return store;
   }
-  std::string Bytes() const {
-    std::ifstream file(m_path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  }
+  std::string Bytes() const { return ReadFile(m_path); }
   /// A process that logs that many entities, while its clock stands at that hour. Its exit status is how many of them
   /// it has given up because the other has written at the same time, or 255 if anything else has failed.
   pid_t Writer(int entities, int hour = 8) {
@@ -69,7 +65,8 @@ protected:
     return status;
   }
 
-  const std::string m_path = testing::TempDir() + "LogSharingTest." + std::to_string(getpid()) + ".xml";
+  const TemporaryFolder m_folder;
+  const std::string m_path = m_folder.At("log.xml");
 };
 
 TEST_F(LogSharingTest, WritersAtTheSameTimeLoseNothing) {

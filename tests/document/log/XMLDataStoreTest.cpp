@@ -1,6 +1,7 @@
 #include "document/log/LogBench.h"
 
 #include "document/log/CNullDataStore.h"
+#include "support/Files.h"
 #include "support/Golden.h"
 
 namespace portico::test {
@@ -309,13 +310,12 @@ TEST_F(XMLDataStoreTest, AnEntityWithoutDataIsWrittenAndFailsTheReading) {
 }
 
 TEST_F(XMLDataStoreTest, TheCreatorMakesAStoreWhereThereIsAParser) {
-  const std::string path = testing::TempDir() + "creator-log.xml";
+  const test::TemporaryFolder folder;
   const auto creator = MakeCreator(CtorXMLDataStore);
-  const Params parameters = {FromUtf8(path).Text, true};
+  const Params parameters = {FromUtf8(folder.At("log.xml")).Text, true};
   EXPECT_EQ(creator->Create(parameters)->ClassName(), u"CNullDataStore");
   gXMLParserAvailable = true;
   EXPECT_EQ(creator->Create(parameters)->ClassName(), u"CXMLDataStore");
-  std::remove(path.c_str());
 }
 
 TEST_F(XMLDataStoreTest, TheCreatorWantsTwoParameters) {

@@ -1,6 +1,7 @@
 #include "document/reports/ReportEntities.h"
 
 #include "channel/CReport.h"
+#include "framework/objects/CObjectFactory.h"
 #include "support/doubles/ReportDouble.h"
 #include "support/fixtures/DocumentFixture.h"
 

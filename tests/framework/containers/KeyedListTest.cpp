@@ -1,6 +1,6 @@
 #include "framework/containers/KeyedList.h"
 
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 #include "support/fixtures/FrameworkTest.h"
 
 namespace portico {

@@ -1,7 +1,7 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/modGlobals.h"
 
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 #include "support/fixtures/FrameworkTest.h"
 
 #include <stdexcept>

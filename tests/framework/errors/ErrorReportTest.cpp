@@ -1,8 +1,8 @@
 #include "framework/errors/HuntERR.h"
 
+#include "support/ErrorReports.h"
 #include "support/Golden.h"
-#include "support/Raised.h"
-#include "support/doubles/TestObjects.h"
+#include "support/doubles/Objects.h"
 #include "support/fixtures/FrameworkTest.h"
 
 namespace portico {

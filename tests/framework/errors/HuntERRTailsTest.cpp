@@ -2,7 +2,7 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/errors/Quit.h"
 
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 #include "support/fixtures/FrameworkTest.h"
 
 #include <new>
@@ -17,7 +17,7 @@ using test::CallStack;
 using test::FirstDescription;
 using test::Hex;
 
-class ErrorTailsTest : public test::FrameworkTest {};
+class HuntERRTailsTest : public test::FrameworkTest {};
 
 void Fail(std::int32_t number = 17, StringView description = u"No beam.") {
   HuntERR::Check(false, number, description);
@@ -46,14 +46,14 @@ void Top(Action action) try {
 
 const std::vector<String> ThreeCalls = {u"Inner.Do(Action)", u"Outer.Do(Action)", u"Top.Do(Action)"};
 
-TEST_F(ErrorTailsTest, AnErrorClimbsToTheTailThatStopsIt) {
+TEST_F(HuntERRTailsTest, AnErrorClimbsToTheTailThatStopsIt) {
   Top([] { Fail(); });
   EXPECT_EQ(HuntERR::ErrNumber(), 17);
   EXPECT_EQ(FirstDescription(HuntERR::ErrDescription()), u"No beam.");
   EXPECT_EQ(CallStack(HuntERR::ErrDescription()), ThreeCalls);
 }
 
-TEST_F(ErrorTailsTest, TailsShowTheValuesOfTheCall) {
+TEST_F(HuntERRTailsTest, TailsShowTheValuesOfTheCall) {
   try {
     Fail();
   } catch (...) {
@@ -62,14 +62,14 @@ TEST_F(ErrorTailsTest, TailsShowTheValuesOfTheCall) {
   EXPECT_EQ(CallStack(HuntERR::ErrReport()), (std::vector<String>{u"C.M(Name='Bench', Count=3)"}));
 }
 
-TEST_F(ErrorTailsTest, AnExpectedErrorPassesThemWithItsOwnDescription) {
+TEST_F(HuntERRTailsTest, AnExpectedErrorPassesThemWithItsOwnDescription) {
   Top([] { Fail(Hex(0x80041100), u"The plain description."); });
   EXPECT_EQ(HuntERR::ErrNumber(), Hex(0x80041100));
   EXPECT_EQ(HuntERR::ErrDescription(), u"The plain description.");
   EXPECT_EQ(HuntERR::ErrReport(), u"");
 }
 
-TEST_F(ErrorTailsTest, TheReportNamesTheErrorThatWasRaisedLast) {
+TEST_F(HuntERRTailsTest, TheReportNamesTheErrorThatWasRaisedLast) {
   Top([] { Fail(); });
   Top([] { Fail(53, u"Paste-from file does not exist."); });
   EXPECT_EQ(HuntERR::ErrNumber(), 53);
@@ -77,7 +77,7 @@ TEST_F(ErrorTailsTest, TheReportNamesTheErrorThatWasRaisedLast) {
   EXPECT_EQ(CallStack(HuntERR::ErrReport()), ThreeCalls);
 }
 
-TEST_F(ErrorTailsTest, AHandledErrorOnTheWayDoesNotDisturbALaterOne) {
+TEST_F(HuntERRTailsTest, AHandledErrorOnTheWayDoesNotDisturbALaterOne) {
   Top([] {
     Top([] { Fail(5, u"Handled."); });
     Fail(17, u"Passed on.");
@@ -97,7 +97,7 @@ struct FailsWhenDestroyed {
   }
 };
 
-TEST_F(ErrorTailsTest, ADestructorThatFailsDuringUnwindingDoesNotDisturbThePassingError) {
+TEST_F(HuntERRTailsTest, ADestructorThatFailsDuringUnwindingDoesNotDisturbThePassingError) {
   Top([] {
     const FailsWhenDestroyed local;
     Fail();
@@ -107,7 +107,7 @@ TEST_F(ErrorTailsTest, ADestructorThatFailsDuringUnwindingDoesNotDisturbThePassi
   EXPECT_EQ(CallStack(HuntERR::ErrReport()), ThreeCalls);
 }
 
-TEST_F(ErrorTailsTest, ADestructorsTailRecordsAndSwallows) {
+TEST_F(HuntERRTailsTest, ADestructorsTailRecordsAndSwallows) {
   EXPECT_NO_THROW(FailsWhenDestroyed());
   EXPECT_EQ(HuntERR::ErrNumber(), 5);
   EXPECT_EQ(FirstDescription(HuntERR::ErrReport()), u"From the destructor.");
@@ -121,7 +121,7 @@ public:
   }
 };
 
-TEST_F(ErrorTailsTest, AConstructorFailsWithNumber0AndAHeldCopy) {
+TEST_F(HuntERRTailsTest, AConstructorFailsWithNumber0AndAHeldCopy) {
   try {
     const FailsWhenMade object(17);
     FAIL() << "The constructor did not fail.";
@@ -134,7 +134,7 @@ TEST_F(ErrorTailsTest, AConstructorFailsWithNumber0AndAHeldCopy) {
   }
 }
 
-TEST_F(ErrorTailsTest, TheCreatorsTailGoesOnWithTheConstructorsError) {
+TEST_F(HuntERRTailsTest, TheCreatorsTailGoesOnWithTheConstructorsError) {
   Top([] { FailsWhenMade(17); });
   const String report = HuntERR::ErrReport();
   EXPECT_EQ(HuntERR::ErrNumber(), 17);
@@ -144,7 +144,7 @@ TEST_F(ErrorTailsTest, TheCreatorsTailGoesOnWithTheConstructorsError) {
   EXPECT_EQ(report.find(u"  Time='"), report.rfind(u"  Time='"));
 }
 
-TEST_F(ErrorTailsTest, ADestructorThatFailsDoesNotDisturbAHeldCopy) {
+TEST_F(HuntERRTailsTest, ADestructorThatFailsDoesNotDisturbAHeldCopy) {
   Top([] {
     const FailsWhenDestroyed local;
     FailsWhenMade(17);
@@ -153,13 +153,13 @@ TEST_F(ErrorTailsTest, ADestructorThatFailsDoesNotDisturbAHeldCopy) {
   EXPECT_EQ(FirstDescription(HuntERR::ErrReport()), u"No beam.");
 }
 
-TEST_F(ErrorTailsTest, AnExpectedErrorOutOfAConstructorKeepsItsDescription) {
+TEST_F(HuntERRTailsTest, AnExpectedErrorOutOfAConstructorKeepsItsDescription) {
   Top([] { FailsWhenMade(Hex(0x80041100)); });
   EXPECT_EQ(HuntERR::ErrNumber(), Hex(0x80041100));
   EXPECT_EQ(HuntERR::ErrDescription(), u"No beam.");
 }
 
-TEST_F(ErrorTailsTest, AHeldCopyIsForgottenWithTheErrorThatCarriedIt) {
+TEST_F(HuntERRTailsTest, AHeldCopyIsForgottenWithTheErrorThatCarriedIt) {
   try {
     FailsWhenMade(17);
   } catch (const Error&) { // no tail: the copy is still held
@@ -169,7 +169,7 @@ TEST_F(ErrorTailsTest, AHeldCopyIsForgottenWithTheErrorThatCarriedIt) {
   EXPECT_EQ(FirstDescription(HuntERR::ErrReport()), u"Another.");
 }
 
-TEST_F(ErrorTailsTest, NumberZeroWithoutAHeldCopyCountsAsLostInformation) {
+TEST_F(HuntERRTailsTest, NumberZeroWithoutAHeldCopyCountsAsLostInformation) {
   Top([] { HuntERR::Raise(0, u"Tester", u"Nothing."); });
   EXPECT_EQ(HuntERR::ErrNumber(), Hex(0x8004144E));
 }
@@ -185,7 +185,7 @@ private:
   FailsWhenMade m_member;
 };
 
-TEST_F(ErrorTailsTest, ConstructorsNest) {
+TEST_F(HuntERRTailsTest, ConstructorsNest) {
   Top([] { HasAMemberThatFails(); });
   EXPECT_EQ(HuntERR::ErrNumber(), 17);
   EXPECT_EQ(CallStack(HuntERR::ErrReport()),
@@ -193,7 +193,7 @@ TEST_F(ErrorTailsTest, ConstructorsNest) {
                                  u"Inner.Do(Action)", u"Outer.Do(Action)", u"Top.Do(Action)"}));
 }
 
-TEST_F(ErrorTailsTest, RecordHereRecordsWhatStopHereWould) {
+TEST_F(HuntERRTailsTest, RecordHereRecordsWhatStopHereWould) {
   try {
     HuntERR::Raise(17, u"Tester", u"No beam.");
   } catch (...) {
@@ -207,7 +207,7 @@ TEST_F(ErrorTailsTest, RecordHereRecordsWhatStopHereWould) {
   EXPECT_EQ(HuntERR::ErrSource(), u"HuntERR.ErrorIn");
 }
 
-TEST_F(ErrorTailsTest, RecordStandardRecordsWhatRaisingAndStoppingWould) {
+TEST_F(HuntERRTailsTest, RecordStandardRecordsWhatRaisingAndStoppingWould) {
   try {
     HuntERR::RaiseStandard(5);
   } catch (...) {
@@ -223,20 +223,20 @@ TEST_F(ErrorTailsTest, RecordStandardRecordsWhatRaisingAndStoppingWould) {
   EXPECT_EQ(HuntERR::Err().Source, stopped.Source);
 }
 
-TEST_F(ErrorTailsTest, RecordStandardTellsTheTimeAtWhichItWasCalled) {
+TEST_F(HuntERRTailsTest, RecordStandardTellsTheTimeAtWhichItWasCalled) {
   HuntERR::RecordStandard(5, u"C.M(Name)", u"a");
   Environment.Now = test::FakeErrorEnvironment::At(2031, 12, 24, 23, 59, 58);
   EXPECT_NE(HuntERR::ErrReport().find(u"Time='02/09/04 08:05:03'"), String::npos) << ToUtf8(HuntERR::ErrReport());
 }
 
-TEST_F(ErrorTailsTest, OfSeveralRecordedErrorsTheLastStands) {
+TEST_F(HuntERRTailsTest, OfSeveralRecordedErrorsTheLastStands) {
   HuntERR::RecordStandard(5, u"C.M(Name)", u"a");
   HuntERR::RecordStandard(9, u"C.N(Name)", u"b");
   EXPECT_EQ(HuntERR::ErrNumber(), 9);
   EXPECT_EQ(test::Labels(HuntERR::ErrReport()), std::vector<String>{u"C.N(Name)"});
 }
 
-TEST_F(ErrorTailsTest, RecordStandardTakesCollectedTextAlong) {
+TEST_F(HuntERRTailsTest, RecordStandardTakesCollectedTextAlong) {
   HuntERR::Check(false, 0, u"a hint");
   HuntERR::RecordStandard(5, u"C.M(Name)", u"a");
   EXPECT_NE(HuntERR::ErrReport().find(u"a hint"), String::npos);
@@ -246,13 +246,13 @@ TEST_F(ErrorTailsTest, RecordStandardTakesCollectedTextAlong) {
   EXPECT_EQ(HuntERR::ErrReport().find(u"another"), String::npos); // the first one took it
 }
 
-TEST_F(ErrorTailsTest, QuitPassesEveryTailWithoutAReport) {
+TEST_F(HuntERRTailsTest, QuitPassesEveryTailWithoutAReport) {
   EXPECT_THROW(Top([] { throw Quit{}; }), Quit);
   EXPECT_EQ(HuntERR::ErrNumber(), 0);
   EXPECT_EQ(HuntERR::ErrReport(), u"");
 }
 
-TEST_F(ErrorTailsTest, QuitPassesAConstructorsTail) {
+TEST_F(HuntERRTailsTest, QuitPassesAConstructorsTail) {
   struct Quits {
     Quits() try { throw Quit{}; } catch (...) {
       FailConstruction(u"Quits.Class_Initialize");
@@ -262,7 +262,7 @@ TEST_F(ErrorTailsTest, QuitPassesAConstructorsTail) {
   EXPECT_EQ(HuntERR::ErrReport(), u"");
 }
 
-TEST_F(ErrorTailsTest, QuitEndsInADestructorsTail) {
+TEST_F(HuntERRTailsTest, QuitEndsInADestructorsTail) {
   try {
     throw Quit{};
   } catch (...) {
@@ -277,7 +277,7 @@ std::int32_t NumberOf(Exception exception) {
   return HuntERR::ErrNumber();
 }
 
-TEST_F(ErrorTailsTest, ExceptionsOfTheStandardLibraryCountAsStandardNumbers) {
+TEST_F(HuntERRTailsTest, ExceptionsOfTheStandardLibraryCountAsStandardNumbers) {
   EXPECT_EQ(NumberOf(std::bad_cast()), 13);
   EXPECT_EQ(NumberOf(std::out_of_range("index")), 9);
   EXPECT_EQ(NumberOf(std::bad_alloc()), 7);
@@ -285,12 +285,12 @@ TEST_F(ErrorTailsTest, ExceptionsOfTheStandardLibraryCountAsStandardNumbers) {
   EXPECT_EQ(CallStack(HuntERR::ErrReport()), ThreeCalls);
 }
 
-TEST_F(ErrorTailsTest, AnyOtherExceptionIsTheGeneralErrorWithItsOwnText) {
+TEST_F(HuntERRTailsTest, AnyOtherExceptionIsTheGeneralErrorWithItsOwnText) {
   EXPECT_EQ(NumberOf(std::runtime_error("5 \xC2\xB5V")), Hex(0x8004144E));
   EXPECT_EQ(FirstDescription(HuntERR::ErrReport()), u"5 \u00B5V");
 }
 
-TEST_F(ErrorTailsTest, AThrowOfAForeignTypeIsTheGeneralError) {
+TEST_F(HuntERRTailsTest, AThrowOfAForeignTypeIsTheGeneralError) {
   Top([] { Fail(); }); // which must not be taken for it
   EXPECT_EQ(NumberOf(42), Hex(0x8004144E));
   EXPECT_EQ(FirstDescription(HuntERR::ErrReport()), u"ErrorIn: Error information was lost. To fix: call ErrPreserve "
@@ -298,7 +298,7 @@ TEST_F(ErrorTailsTest, AThrowOfAForeignTypeIsTheGeneralError) {
   EXPECT_EQ(CallStack(HuntERR::ErrReport()), ThreeCalls);
 }
 
-TEST_F(ErrorTailsTest, AThrowOfAForeignTypeIsRecordedByADestructorsTail) {
+TEST_F(HuntERRTailsTest, AThrowOfAForeignTypeIsRecordedByADestructorsTail) {
   try {
     throw "text";
   } catch (...) {
@@ -308,7 +308,7 @@ TEST_F(ErrorTailsTest, AThrowOfAForeignTypeIsRecordedByADestructorsTail) {
   EXPECT_EQ(CallStack(HuntERR::ErrReport()), (std::vector<String>{u"C.Class_Terminate()"}));
 }
 
-TEST_F(ErrorTailsTest, AThrowOfAForeignTypeFailsAConstructorAsAnyErrorDoes) {
+TEST_F(HuntERRTailsTest, AThrowOfAForeignTypeFailsAConstructorAsAnyErrorDoes) {
   struct Foreign {
     Foreign() try { throw 42; } catch (...) {
       FailConstruction(u"Foreign.Class_Initialize");

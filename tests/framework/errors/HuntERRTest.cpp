@@ -1,7 +1,7 @@
 #include "framework/errors/HuntERR.h"
 
-#include "support/Raised.h"
-#include "support/doubles/TestObjects.h"
+#include "support/ErrorReports.h"
+#include "support/doubles/Objects.h"
 #include "support/fixtures/FrameworkTest.h"
 
 #include <type_traits>

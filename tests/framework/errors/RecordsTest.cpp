@@ -1,8 +1,8 @@
 #include "framework/shared/CInstContainer.h"
 #include "framework/shared/CResponse.h"
 
-#include "framework/errors/FailingAllocation.h"
-#include "support/Raised.h"
+#include "support/Allocation.h"
+#include "support/ErrorReports.h"
 #include "support/fixtures/FrameworkTest.h"
 
 namespace portico {

@@ -1,8 +1,8 @@
 #include "framework/errors/Value.h"
 
 #include "framework/shared/ICommand.h"
-#include "support/Raised.h"
-#include "support/doubles/TestObjects.h"
+#include "support/ErrorReports.h"
+#include "support/doubles/Objects.h"
 #include "support/fixtures/FrameworkTest.h"
 
 #include <limits>

@@ -3,9 +3,9 @@
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/ICommand.h"
 
-#include "framework/errors/FailingAllocation.h"
-#include "support/Raised.h"
-#include "support/doubles/TestObjects.h"
+#include "support/Allocation.h"
+#include "support/ErrorReports.h"
+#include "support/doubles/Objects.h"
 #include "support/fixtures/FrameworkTest.h"
 
 namespace portico {

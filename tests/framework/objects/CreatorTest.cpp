@@ -1,8 +1,8 @@
 #include "framework/objects/Creator.h"
 
-#include "framework/errors/FailingAllocation.h"
-#include "support/Raised.h"
-#include "support/doubles/TestObjects.h"
+#include "support/Allocation.h"
+#include "support/ErrorReports.h"
+#include "support/doubles/Objects.h"
 #include "support/fixtures/FrameworkTest.h"
 
 #include <ostream>

@@ -1,12 +1,12 @@
 #include "framework/objects/modGlobals.h"
 
-#include "framework/errors/FailingAllocation.h"
-#include "support/Raised.h"
-#include "support/doubles/TestObjects.h"
+#include "support/Allocation.h"
+#include "support/ErrorReports.h"
+#include "support/Files.h"
+#include "support/doubles/Objects.h"
 #include "support/fixtures/FrameworkTest.h"
 
 #include <filesystem>
-#include <fstream>
 
 namespace portico {
 namespace {
@@ -54,13 +54,12 @@ TEST_F(ModGlobalsTest, ParamArrayCountIsTheNumberOfValues) {
 }
 
 TEST_F(ModGlobalsTest, FileExistsForFilesOnly) {
-  const std::filesystem::path folder = std::filesystem::path(::testing::TempDir()) / "portico_file_exists";
-  const auto file = folder / u"Me\u00DFreihe.xml";
-  std::filesystem::create_directories(folder);
-  std::ofstream(file) << "x";
+  const test::TemporaryFolder folder;
+  const auto file = folder.Path() / u"Me\u00DFreihe.xml";
+  test::WriteFile(file, "x");
   EXPECT_TRUE(FileExists(file.u16string()));
-  EXPECT_FALSE(FileExists(folder.u16string()));
-  std::filesystem::remove_all(folder);
+  EXPECT_FALSE(FileExists(folder.Path().u16string()));
+  std::filesystem::remove(file);
   EXPECT_FALSE(FileExists(file.u16string()));
 }
 

@@ -4,8 +4,9 @@
 #include "framework/objects/CObjectFactory.h"
 #include "framework/objects/modGlobals.h"
 
-#include "support/Raised.h"
-#include "support/doubles/TestObjects.h"
+#include "support/ErrorReports.h"
+#include "support/doubles/Objects.h"
+#include "support/doubles/WindowDouble.h"
 #include "support/fixtures/FrameworkTest.h"
 
 namespace portico {
@@ -19,30 +20,16 @@ using test::CreatorOf;
 using test::Labels;
 using test::Raised;
 
-class FakeMainWindow final : public IMainWindow {
-public:
-  StringView ClassName() const override { return u"frmMain"; }
-  std::int32_t MousePointer() const override { return Pointer; }
-  void MousePointer(std::int32_t shape) override { Pointer = shape; }
-  bool Executing() const override { return IsExecuting; }
-  void Executing(bool newValue) override { IsExecuting = newValue; }
-  bool StopRequested() const override { return false; }
-  void StopRequested(bool) override {}
-  void UpdateUI(const String&, const String&) override {}
-
-  std::int32_t Pointer = 3;
-  bool IsExecuting = false;
-};
-
 class EventHandlerTest : public test::FrameworkTest {
 protected:
   EventHandlerTest() {
+    Window->MousePointer(3);
     gMainForm = Window;
     gObjectFactory = New<CObjectFactory>();
     for (const char16_t* name : {u"Run", u"RunToCursor", u"Step"}) {
       AddCommand(name, [this] {
-        PointerSeen = Window->Pointer;
-        ExecutingSeen = Window->IsExecuting;
+        PointerSeen = Window->MousePointer();
+        ExecutingSeen = Window->Executing();
       });
     }
     AddCommand(u"Fails", [] { HuntERR::Raise(17, u"Tester", u"No beam."); });
@@ -55,7 +42,8 @@ protected:
     }));
   }
 
-  const Ref<FakeMainWindow> Window = New<FakeMainWindow>();
+  test::Journal Told;
+  const Ref<test::WindowDouble> Window = New<test::WindowDouble>(Told);
   std::int32_t PointerSeen = 0;
   bool ExecutingSeen = false;
   Params ParametersSeen;
@@ -64,7 +52,7 @@ protected:
 TEST_F(EventHandlerTest, RunsTheCommandUnderTheHourglassAndSetsThePointerBack) {
   EventHandler(u"Step", VarArray());
   EXPECT_EQ(PointerSeen, 11);
-  EXPECT_EQ(Window->Pointer, 3);
+  EXPECT_EQ(Window->MousePointer(), 3);
 }
 
 TEST_F(EventHandlerTest, HandsTheParametersToTheCreator) {
@@ -94,7 +82,7 @@ TEST_F(EventHandlerTest, ReleasesTheCommand) {
 TEST_F(EventHandlerTest, AnUnknownCommandLeavesTheHourglassAndPassesOnError5) {
   const ErrorRecord error = Raised([] { EventHandler(u"Nope", VarArray()); });
   EXPECT_EQ(error.Number, 5);
-  EXPECT_EQ(Window->Pointer, 11);
+  EXPECT_EQ(Window->MousePointer(), 11);
   EXPECT_EQ(Labels(error), (std::vector<String>{u"CObjectFactories.Item(IndexOrKey)",
                                                 u"CObjectFactory.IObjectFactory_CreateObject(Specification,Params)",
                                                 u"modAppGlobals.EventHandler(cmdName, Params)"}));
@@ -102,13 +90,13 @@ TEST_F(EventHandlerTest, AnUnknownCommandLeavesTheHourglassAndPassesOnError5) {
 
 TEST_F(EventHandlerTest, ACommandThatFailsLeavesTheHourglass) {
   EXPECT_EQ(Raised([] { EventHandler(u"Fails", VarArray()); }).Number, 17);
-  EXPECT_EQ(Window->Pointer, 11);
+  EXPECT_EQ(Window->MousePointer(), 11);
 }
 
 TEST_F(EventHandlerTest, AProductThatIsNoCommandRaises13) {
   gObjectFactory->Add(New<CreatorOf>(u"Object"));
   EXPECT_EQ(Raised([] { EventHandler(u"Object", VarArray()); }).Number, 13);
-  EXPECT_EQ(Window->Pointer, 11);
+  EXPECT_EQ(Window->MousePointer(), 11);
 }
 
 TEST_F(EventHandlerTest, WithoutAWindowOrAFactoryItRaises91) {
@@ -131,7 +119,7 @@ TEST_F(ExecutionEventHandlerTest, SetsExecutingAroundTheTwoLongRunningCommands) 
     ExecutingSeen = false;
     ExecutionEventHandler(name, VarArray());
     EXPECT_TRUE(ExecutingSeen);
-    EXPECT_FALSE(Window->IsExecuting);
+    EXPECT_FALSE(Window->Executing());
   }
 }
 
@@ -147,9 +135,9 @@ TEST_F(ExecutionEventHandlerTest, KnowsTheLongOneByItsKeyToo) {
 TEST_F(ExecutionEventHandlerTest, LeavesExecutingAloneForOtherCommands) {
   ExecutionEventHandler(u"Step", VarArray());
   EXPECT_FALSE(ExecutingSeen);
-  Window->IsExecuting = true;
+  Window->Executing(true);
   ExecutionEventHandler(u"Step", VarArray());
-  EXPECT_TRUE(Window->IsExecuting);
+  EXPECT_TRUE(Window->Executing());
 }
 
 TEST_F(ExecutionEventHandlerTest, ComparesTheNamesExactly) {
@@ -163,8 +151,8 @@ TEST_F(ExecutionEventHandlerTest, LeavesExecutingSetAfterAFailure) {
       New<CreatorOf>(u"Run", [](const Params&) -> Ref<IObject> { HuntERR::Raise(17, u"Tester", u"No beam."); }));
   const ErrorRecord error = Raised([] { ExecutionEventHandler(u"Run", VarArray(1)); });
   EXPECT_EQ(error.Number, 17);
-  EXPECT_TRUE(Window->IsExecuting);
-  EXPECT_EQ(Window->Pointer, 11);
+  EXPECT_TRUE(Window->Executing());
+  EXPECT_EQ(Window->MousePointer(), 11);
   EXPECT_EQ(Labels(error), (std::vector<String>{u"CObjectFactory.IObjectFactory_CreateObject(Specification,Params)",
                                                 u"modAppGlobals.EventHandler(cmdName, Params)",
                                                 u"modAppGlobals.ExecutionEventHandler(cmdName, Params)"}));

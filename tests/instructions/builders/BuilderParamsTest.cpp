@@ -1,12 +1,12 @@
 #include "instructions/builders/modBuilder.h"
 
-#include "support/InstructionErrors.h"
+#include "support/ErrorReports.h"
 #include "support/doubles/InstructionFakes.h"
 
 namespace portico {
 namespace {
 
-using support::FailureOf;
+using test::FailureOf;
 
 TEST(StringArray, AnArrayThatWasNeverAllocatedHasNoBounds) {
   const StringArray none;
@@ -45,7 +45,7 @@ TEST(modBuilder, CountsTheElements) {
 TEST(modBuilder, AnArrayThatWasNeverAllocatedCountsZero) { EXPECT_EQ(modBuilder::ParamCount(StringArray()), 0); }
 
 TEST(modBuilder, ParametersAreTheInnerCommandAndThenTheStrings) {
-  const auto inner = New<support::InstructionCommand>([] {});
+  const auto inner = New<test::CommandOf>([] {});
   const Params parameters = modBuilder::BuildCommandParams(inner, {u"a", u"b"});
   ASSERT_EQ(parameters.size(), 3U);
   EXPECT_TRUE(IsSameObject(parameters[0].ToObject<ICommand>(), inner));

@@ -3,13 +3,13 @@
 namespace portico {
 namespace {
 
-using support::Journal;
-using support::MakeInstruction;
-using support::Signed;
+using test::Hex;
+using test::Journal;
+using test::MakeInstruction;
 
 constexpr char16_t Comm[] = u"CommunicationCommandBuilder";
 
-class CCommCmdBuilderTest : public support::BuilderFixture {};
+class CCommCmdBuilderTest : public test::BuilderFixture {};
 
 TEST_F(CCommCmdBuilderTest, MapsEachFunctionToOneChannelCommand) {
   EXPECT_EQ(Links(Comm, MakeInstruction(u"COMM", u"Open", {{u"ChannelName", u"DMM"}})), (Journal{"init DMM", "inner"}));
@@ -56,7 +56,7 @@ TEST_F(CCommCmdBuilderTest, IgnoresTheCaseOfTheFunction) {
 TEST_F(CCommCmdBuilderTest, AnUnknownFunctionIsASyntaxError) {
   for (const auto* function : {u"Send", u"Writes", u""}) {
     const auto failure = BuildFailure(Comm, MakeInstruction(u"COMM", function, {{u"Data", u"*RST"}}));
-    EXPECT_EQ(failure.Number, Signed(0x80041459));
+    EXPECT_EQ(failure.Number, Hex(0x80041459));
     EXPECT_EQ(failure.Text, u"Syntax Error: Unrecognized command.");
     EXPECT_EQ(failure.Source, u"CCommCmdBuilder");
     EXPECT_EQ(failure.Labels, std::vector<String>{u"CCommCmdBuilder.IBuilder_Build(InnerCommand,Instruction)"});
@@ -64,7 +64,7 @@ TEST_F(CCommCmdBuilderTest, AnUnknownFunctionIsASyntaxError) {
 }
 
 TEST_F(CCommCmdBuilderTest, AFailureShowsTheParametersUnderTheirNames) {
-  const auto failure = support::FailureOf([&] { Builder(Comm)->Build({}, MakeInstruction(u"COMM", u"Writes")); });
+  const auto failure = test::FailureOf([&] { Builder(Comm)->Build({}, MakeInstruction(u"COMM", u"Writes")); });
   EXPECT_EQ(failure.Trail,
             std::vector<String>{u"CCommCmdBuilder.IBuilder_Build(InnerCommand={Null}, Instruction={CInstContainer})"});
 }
@@ -129,12 +129,12 @@ TEST_F(CCommCmdBuilderTest, OnlyOpeningAsksForTheRecordedName) {
 }
 
 TEST_F(CCommCmdBuilderTest, TakesNoParametersItself) {
-  const auto failure = support::FailureOf([] { Create<IBuilder>(Comm, Params{u"x"}); });
+  const auto failure = test::FailureOf([] { Create<IBuilder>(Comm, Params{u"x"}); });
   EXPECT_EQ(failure.Number, 450);
   EXPECT_EQ(failure.Text, u"Expected 0 parameters.");
 }
 
-class CConfigCmdBuilderTest : public support::BuilderFixture {
+class CConfigCmdBuilderTest : public test::BuilderFixture {
 protected:
   /// The array that the command's creator is given.
   Params ArrayFor(const String& specification, const Ref<CInstContainer>& instruction) {
@@ -167,7 +167,7 @@ TEST_F(CConfigCmdBuilderTest, TheFirstElementEndsUpWithTheLastParameter) {
 TEST_F(CConfigCmdBuilderTest, AnUnknownFunctionIsASyntaxErrorUnderTheCommunicationBuildersLabel) {
   const auto failure =
       BuildFailure(u"ConfigurationCommandBuilder", MakeInstruction(u"CONFIG", u"Clear", {{u"Data", u""}}));
-  EXPECT_EQ(failure.Number, Signed(0x80041459));
+  EXPECT_EQ(failure.Number, Hex(0x80041459));
   EXPECT_EQ(failure.Text, u"Syntax Error: Unrecognized command.");
   EXPECT_EQ(failure.Source, u"CConfigCmdBuilder");
   EXPECT_EQ(failure.Labels, std::vector<String>{u"CCommCmdBuilder.IBuilder_Build(InnerCommand,Instruction)"});
@@ -178,7 +178,7 @@ TEST_F(CConfigCmdBuilderTest, WithoutParametersTheArrayCannotBeMade) {
 }
 
 TEST_F(CConfigCmdBuilderTest, TakesNoParametersItself) {
-  const auto failure = support::FailureOf([] { Create<IBuilder>(u"ConfigurationCommandBuilder", Params{1}); });
+  const auto failure = test::FailureOf([] { Create<IBuilder>(u"ConfigurationCommandBuilder", Params{1}); });
   EXPECT_EQ(failure.Number, 450);
   EXPECT_EQ(failure.Text, u"Expected 0 parameters.");
 }

@@ -6,18 +6,18 @@
 namespace portico {
 namespace {
 
-using support::Journal;
-using support::MakeInstruction;
-using support::Signed;
+using test::Hex;
+using test::Journal;
+using test::MakeInstruction;
 
 using List = std::vector<String>;
 
-class PacingBuildersTest : public support::BuilderFixture {
+class PacingBuildersTest : public test::BuilderFixture {
 protected:
   const Ref<CInstContainer> m_line = MakeInstruction(u"SCPI", u"Send", {{u"Data", u"*RST"}});
 
-  static support::Failure CreateFailure(StringView builder) {
-    return support::FailureOf([&] { Create<IBuilder>(builder); });
+  static test::Failure CreateFailure(StringView builder) {
+    return test::FailureOf([&] { Create<IBuilder>(builder); });
   }
 };
 
@@ -66,16 +66,16 @@ TEST_F(PacingBuildersTest, ABadOPCPacingNamesItself) {
 TEST_F(PacingBuildersTest, ABadErrorCheckingModeIsNamedInTheText) {
   Set(u"AutoErrorCheckingMode", u"Maybe");
   const auto failure = CreateFailure(u"ErrorCheckingCommandBuilder");
-  EXPECT_EQ(failure.Number, Signed(0x80041462));
+  EXPECT_EQ(failure.Number, Hex(0x80041462));
   EXPECT_EQ(failure.Text, u"Requested auto-error checking mode, Maybe is not defined.");
   ASSERT_FALSE(failure.Labels.empty());
   EXPECT_EQ(failure.Labels[0], String(u"CtorErrChkCmdBuilder") + u".ICreator_Create(Params)");
 }
 
 /// The error of a creator whose product could not be made.
-support::Failure FailureWithoutProduct(CreatorRow row) {
+test::Failure FailureWithoutProduct(CreatorRow row) {
   row.Make = [](const Params&) { return Ref<IObject>(); };
-  return support::FailureOf([&] { MakeCreator(row)->Create({}); });
+  return test::FailureOf([&] { MakeCreator(row)->Create({}); });
 }
 
 TEST(PacingCreators, ThreeOfThemCheckThatTheBuilderExists) {
@@ -166,7 +166,7 @@ TEST_F(PacingBuildersTest, LabelsHaveABlankBehindTheComma) {
 TEST_F(PacingBuildersTest, TheFourTakeNoParameters) {
   for (const auto* builder : {u"PacingCommandBuilder", u"IntervalPacingCommandBuilder", u"OPCQueryPacingCommandBuilder",
                               u"ErrorCheckingCommandBuilder"}) {
-    const auto failure = support::FailureOf([&] { Create<IBuilder>(builder, Params{u"x"}); });
+    const auto failure = test::FailureOf([&] { Create<IBuilder>(builder, Params{u"x"}); });
     EXPECT_EQ(failure.Number, 450);
     EXPECT_EQ(failure.Text, u"Expected 0 parameters.");
   }

@@ -4,15 +4,15 @@
 namespace portico {
 namespace {
 
-using support::Journal;
-using support::MakeInstruction;
-using support::Signed;
+using test::Hex;
+using test::Journal;
+using test::MakeInstruction;
 
 constexpr char16_t Scpi[] = u"SCPICommandBuilder";
 
 Ref<CInstContainer> Line(const String& text) { return MakeInstruction(u"SCPI", u"Send", {{u"Data", text}}); }
 
-class CSCPICmdBuilderTest : public support::BuilderFixture {
+class CSCPICmdBuilderTest : public test::BuilderFixture {
 protected:
   /// With auto-read on a query has a read behind its write.
   bool IsQuery(const String& text) {
@@ -55,7 +55,7 @@ TEST_F(CSCPICmdBuilderTest, AnyOtherModeIsRefusedForAQuery) {
   for (const auto* mode : {u"on", u"ON", u"off", u"", u"Maybe"}) {
     Set(u"AutoReadAfterQueryMode", mode);
     const auto failure = BuildFailure(Scpi, Line(u"*IDN?"));
-    EXPECT_EQ(failure.Number, Signed(0x80041462));
+    EXPECT_EQ(failure.Number, Hex(0x80041462));
     EXPECT_EQ(failure.Text, u"Requested auto-read-after-query mode, " + String(mode) + u" is not defined.");
     EXPECT_EQ(failure.Labels, std::vector<String>{u"CSCPICmdBuilder.IBuilder_Build(InnerCommand,Instruction)"});
     EXPECT_EQ(Calls, Journal{});
@@ -75,14 +75,14 @@ TEST_F(CSCPICmdBuilderTest, IgnoresTheCaseOfTheFunction) {
 
 TEST_F(CSCPICmdBuilderTest, AnUnknownFunctionIsASyntaxError) {
   const auto failure = BuildFailure(Scpi, MakeInstruction(u"SCPI", u"Write", {{u"Data", u"*RST"}}));
-  EXPECT_EQ(failure.Number, Signed(0x80041459));
+  EXPECT_EQ(failure.Number, Hex(0x80041459));
   EXPECT_EQ(failure.Text, u"Syntax Error: Unrecognized SCPI function.");
   EXPECT_EQ(failure.Source, u"CSCPICmdBuilder");
 }
 
 TEST_F(CSCPICmdBuilderTest, AnUnknownFunctionWithABadModeReportsTheMode) {
   Set(u"AutoReadAfterQueryMode", u"Maybe");
-  EXPECT_EQ(BuildFailure(Scpi, MakeInstruction(u"SCPI", u"Write", {{u"Data", u"*IDN?"}})).Number, Signed(0x80041462));
+  EXPECT_EQ(BuildFailure(Scpi, MakeInstruction(u"SCPI", u"Write", {{u"Data", u"*IDN?"}})).Number, Hex(0x80041462));
 }
 
 TEST_F(CSCPICmdBuilderTest, TheLastOfSeveralParametersWins) {
@@ -104,7 +104,7 @@ TEST_F(CSCPICmdBuilderTest, WithoutAnInnerCommandTheWriteIsTheWholeChain) {
   EXPECT_EQ(Calls, (Journal{"write *RST", "report CWriteCmd"}));
 }
 
-class CNullCmdBuilderTest : public support::BuilderFixture {};
+class CNullCmdBuilderTest : public test::BuilderFixture {};
 
 TEST_F(CNullCmdBuilderTest, GivesBackTheInnerCommandItself) {
   const auto inner = Inner();

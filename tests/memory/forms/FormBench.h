@@ -4,7 +4,7 @@
 #include "memory/forms/Bars.h"
 #include "memory/forms/DialogControls.h"
 #include "memory/forms/RichTextControl.h"
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 #include "support/fixtures/WindowPlatform.h"
 
 #include <gmock/gmock.h>

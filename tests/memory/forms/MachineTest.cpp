@@ -3,7 +3,7 @@
 #include "memory/forms/CommonDialog.h"
 #include "memory/forms/InstrumentList.h"
 #include "memory/forms/Registry.h"
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 
 #include <gmock/gmock.h>
 

@@ -4,7 +4,7 @@
 #include "framework/errors/Quit.h"
 #include "qt/loop/HandlerTurn.h"
 #include "qt/loop/QuitSignals.h"
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -1,7 +1,7 @@
 #include "qt/text/TextPrinter.h"
 
 #include "qt/text/TextBench.h"
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -5,7 +5,7 @@
 #include "qt/text/TextBench.h"
 #include "qt/text/TextLayout.h"
 #include "qt/values/QtText.h"
-#include "support/Raised.h"
+#include "support/ErrorReports.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -10,6 +10,7 @@ namespace portico::simulator {
 namespace {
 
 using std::chrono::milliseconds;
+using test::Session;
 
 TEST(Device, IsMadeOfEveryKindInAnyCase) {
   for (const char* kind : {"dmm", "DMM", "psu", "Psu", "scope", "SCOPE"}) {

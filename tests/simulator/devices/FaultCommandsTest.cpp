@@ -9,6 +9,7 @@ namespace {
 
 using std::chrono::milliseconds;
 using std::chrono::seconds;
+using test::Session;
 
 TEST(FaultCommands, DelaysTheNextAnswerOnly) {
   Session session;

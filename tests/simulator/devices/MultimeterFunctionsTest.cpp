@@ -8,6 +8,7 @@ namespace portico::simulator {
 namespace {
 
 using std::chrono::milliseconds;
+using test::Session;
 
 double Value(const std::string& answer) { return std::stod(answer); }
 

@@ -10,6 +10,7 @@ namespace {
 
 using std::chrono::microseconds;
 using std::chrono::milliseconds;
+using test::Session;
 
 double Value(const std::string& answer) { return std::stod(answer); }
 

@@ -9,6 +9,7 @@ namespace portico::simulator {
 namespace {
 
 using std::chrono::milliseconds;
+using test::Session;
 
 TEST(Oscilloscope, Identification) { EXPECT_NE(Session("scope").Ask("*IDN?").find(",SIM-SCOPE,"), std::string::npos); }
 

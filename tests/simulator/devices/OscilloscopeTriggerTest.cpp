@@ -8,6 +8,7 @@ namespace portico::simulator {
 namespace {
 
 using std::chrono::milliseconds;
+using test::Session;
 
 /// The codes of a record of 500 points.
 class Record {

@@ -8,6 +8,7 @@ namespace portico::simulator {
 namespace {
 
 using std::chrono::milliseconds;
+using test::Session;
 
 TEST(PowerSupply, Identification) { EXPECT_NE(Session("psu").Ask("*IDN?").find(",SIM-PSU,"), std::string::npos); }
 

@@ -6,6 +6,7 @@ namespace portico::simulator {
 namespace {
 
 using std::chrono::milliseconds;
+using test::Session;
 
 TEST(SystemCommands, ErrorsAreReadOneByOne) {
   Session session;

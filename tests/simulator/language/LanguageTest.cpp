@@ -11,6 +11,8 @@
 namespace portico::simulator {
 namespace {
 
+using test::Session;
+
 struct Mistake {
   const char* message;
   const char* error;

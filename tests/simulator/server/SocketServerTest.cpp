@@ -15,6 +15,8 @@
 namespace portico::simulator {
 namespace {
 
+using test::TestClient;
+
 SocketServer::Options AnyPort(std::string address = "127.0.0.1") { return {std::move(address), 0}; }
 
 /// A server of a fresh device that runs in a thread of its own for as long as the test.

@@ -8,6 +8,7 @@ namespace portico::simulator {
 namespace {
 
 using std::chrono::milliseconds;
+using test::Session;
 
 TEST(StreamConnection, AnswersAreLines) {
   Session session;

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace portico::simulator {
+namespace portico::test {
 
 /// A client that connects over loopback and blocks, for no longer than ten seconds a call.
 class TestClient {
@@ -28,9 +28,9 @@ public:
 private:
   bool Fill();
 
-  FileDescriptor m_socket;
+  simulator::FileDescriptor m_socket;
   bool m_connected = false;
   std::string m_received;
 };
 
-} // namespace portico::simulator
+} // namespace portico::test

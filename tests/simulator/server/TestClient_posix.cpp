@@ -7,7 +7,7 @@
 #include <poll.h>
 #include <sys/socket.h>
 
-namespace portico::simulator {
+namespace portico::test {
 
 TestClient::TestClient(std::uint16_t port, bool ipv6) : m_socket(socket(ipv6 ? AF_INET6 : AF_INET, SOCK_STREAM, 0)) {
   const timeval timeout{10, 0};
@@ -75,4 +75,4 @@ bool TestClient::ClosedByPeer() {
   return m_received.empty() && recv(m_socket.Get(), &byte, 1, 0) == 0;
 }
 
-} // namespace portico::simulator
+} // namespace portico::test

@@ -15,16 +15,7 @@ public:
     String Text;
   };
 
-  static std::tm At(int year, int month, int day, int hour, int minute, int second) {
-    std::tm time{};
-    time.tm_year = year - 1900;
-    time.tm_mon = month - 1;
-    time.tm_mday = day;
-    time.tm_hour = hour;
-    time.tm_min = minute;
-    time.tm_sec = second;
-    return time;
-  }
+  static std::tm At(int year, int month, int day, int hour, int minute, int second);
 
   std::tm Now = At(2004, 2, 9, 8, 5, 3);
   String Computer = u"BENCH-7";
@@ -40,33 +31,19 @@ public:
   std::vector<Append> Appended;
   std::vector<std::chrono::milliseconds> Sleeps;
 
-  std::tm LocalTime() const override { return Now; }
-  String ComputerName() const override { return Computer; }
-  String ProgramFileName() const override { return Program; }
-  String ProgramDirectory() const override { return Directory; }
-  String ProgramVersion() const override { return Version; }
-  char16_t PathSeparator() const override { return Separator; }
+  std::tm LocalTime() const override;
+  String ComputerName() const override;
+  String ProgramFileName() const override;
+  String ProgramDirectory() const override;
+  String ProgramVersion() const override;
+  char16_t PathSeparator() const override;
 
-  String SystemMessage(std::uint32_t number) const override {
-    const auto found = SystemMessages.find(number);
-    return found == SystemMessages.end() ? String() : found->second;
-  }
+  String SystemMessage(std::uint32_t number) const override;
 
-  bool AppendToFile(const String& path, const String& text) override {
-    ++Attempts;
-    if (Refusals > 0) {
-      --Refusals;
-      return false;
-    }
-    Appended.push_back({path, text});
-    return true;
-  }
+  bool AppendToFile(const String& path, const String& text) override;
 
-  std::chrono::milliseconds Ticks() const override { return m_ticks; }
-  void Sleep(std::chrono::milliseconds duration) override {
-    Sleeps.push_back(duration);
-    m_ticks += duration;
-  }
+  std::chrono::milliseconds Ticks() const override;
+  void Sleep(std::chrono::milliseconds duration) override;
 
 private:
   std::chrono::milliseconds m_ticks{12345};

@@ -1,20 +1,34 @@
 #pragma once
 
 #include "drivers/IClock.h"
+#include "memory/Clock.h"
 
-#include <algorithm>
+#include <chrono>
+#include <functional>
+#include <optional>
 
 namespace portico::test {
 
-/// Time that passes only where somebody sleeps or the test says so.
-class ManualClock final : public drivers::IClock {
+/// The time of drivers and event loops, which passes only where somebody sleeps, waits to a deadline or the test says
+/// so.
+class ManualClock final : public drivers::IClock, public memory::Clock {
 public:
-  drivers::TimePoint Now() const override { return m_now; }
-  void SleepUntil(drivers::TimePoint moment) override { m_now = std::max(m_now, moment); }
-  void Advance(std::chrono::milliseconds time) { m_now += time; }
+  using TimePoint = memory::Clock::TimePoint;
+
+  TimePoint Now() const override;
+  void Advance(std::chrono::milliseconds time);
+  void SleepUntil(TimePoint moment) override;
+  /// Without a deadline, and nothing to wake it, calls `OnIdle`; a wait that nobody could end is a logic error.
+  void WaitUntil(std::optional<TimePoint> deadline) override;
+  void Wake() noexcept override;
+
+  /// Called before each wait with what is to be waited, -1 for ever.
+  std::function<void(std::chrono::milliseconds)> OnWait;
+  std::function<void()> OnIdle;
 
 private:
-  drivers::TimePoint m_now = drivers::TimePoint(std::chrono::hours(1));
+  TimePoint m_now{};
+  bool m_woken = false;
 };
 
 } // namespace portico::test

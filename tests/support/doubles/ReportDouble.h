@@ -7,13 +7,13 @@ namespace portico::test {
 /// A report of any class. It counts how often its text is asked for.
 class ReportDouble final : public IReport {
 public:
-  explicit ReportDouble(String className) : Class(std::move(className)) {}
-  StringView ClassName() const override { return Class; }
-  String GetCommand() const override { return Class; }
-  String GetData() const override { return ++Asked, Data; }
-  String GetErrorMessage() const override { return ErrorMessage; }
-  std::int32_t GetErrorCode() const override { return ++Asked, ErrorCode; }
-  String GetSCPIInstruction() const override { return ++Asked, SCPIInstruction; }
+  explicit ReportDouble(String className);
+  StringView ClassName() const override;
+  String GetCommand() const override;
+  String GetData() const override;
+  String GetErrorMessage() const override;
+  std::int32_t GetErrorCode() const override;
+  String GetSCPIInstruction() const override;
 
   String Class;
   String Data;
@@ -23,17 +23,8 @@ public:
   mutable int Asked = 0;
 };
 
-inline Ref<ReportDouble> ReportOf(const String& className, const String& data, std::int32_t errorCode = 0) {
-  auto report = New<ReportDouble>(className);
-  report->Data = data;
-  report->ErrorCode = errorCode;
-  return report;
-}
-
-inline Ref<ReportDouble> WriteOf(const String& text, std::int32_t errorCode = 0) {
-  auto report = ReportOf(u"CWriteCmd", u"", errorCode);
-  report->SCPIInstruction = text;
-  return report;
-}
+Ref<ReportDouble> ReportOf(const String& className, const String& data, std::int32_t errorCode = 0);
+/// That of a written instruction.
+Ref<ReportDouble> WriteOf(const String& text, std::int32_t errorCode = 0);
 
 } // namespace portico::test

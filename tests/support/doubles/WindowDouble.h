@@ -1,39 +1,45 @@
 #pragma once
 
-#include "framework/shared/IMainWindow.h"
 #include "platform/IScratchArea.h"
-#include "support/doubles/RecordingTextBox.h"
+#include "support/Journal.h"
+#include "ui/base/IMainForm.h"
+
+#include <cstdint>
+#include <functional>
 
 namespace portico::test {
 
-/// A main window that writes down what it is told, with a scratch area that does the same.
-class WindowDouble final : public IMainWindow, public IScratchArea {
+/// A main window that writes down what it is told, with a scratch area. Pointers come and go unwritten.
+class WindowDouble : public IMainForm, public IScratchArea {
 public:
-  /// Both journals must outlive the window.
-  WindowDouble(Journal& journal, const Ref<IRichTextBox>& scratch) : m_journal(journal), m_scratch(scratch) {}
-  StringView ClassName() const override { return u"WindowDouble"; }
+  /// The journal must outlive the window. Without a scratch area it has an empty one.
+  explicit WindowDouble(Journal& journal, Ref<IRichTextBox> scratch = {});
+  ~WindowDouble() override;
+  StringView ClassName() const override;
 
-  std::int32_t MousePointer() const override { return m_pointer; }
-  void MousePointer(std::int32_t shape) override { m_pointer = shape; }
-  bool Executing() const override { return m_executing; }
-  void Executing(bool newValue) override {
-    m_journal.emplace_back(newValue ? "Executing on" : "Executing off");
-    m_executing = newValue;
-  }
-  bool StopRequested() const override { return m_stopRequested; }
-  void StopRequested(bool newValue) override {
-    m_journal.emplace_back(newValue ? "StopRequested on" : "StopRequested off");
-    m_stopRequested = newValue;
-  }
-  void UpdateUI(const String& Name, const String& Value) override {
-    m_journal.push_back("UpdateUI " + ToUtf8(Name) + "=" + ToUtf8(Value));
-  }
+  std::int32_t MousePointer() const override;
+  void MousePointer(std::int32_t shape) override;
+  bool Executing() const override;
+  void Executing(bool newValue) override;
+  bool StopRequested() const override;
+  void StopRequested(bool newValue) override;
+  void UpdateUI(const String& Name, const String& Value) override;
 
-  Ref<IRichTextBox> rtfScratchArea() const override { return m_scratch; }
-  String FontName() const override { return u"Window Font"; }
-  double FontSize() const override { return 8.25; }
+  Ref<IRichTextBox> rtfScratchArea() const override;
+  String FontName() const override;
+  double FontSize() const override;
+
+  void Show() override;
+  void mnuFileOpenInstrument_Click() override;
+
+  /// Called behind what is written down; may raise.
+  std::function<void()> OnUpdate;
+  std::function<void()> OnShow;
+  std::function<void()> OnClick;
 
 private:
+  void Note(const std::string& line, const std::function<void()>& call = {});
+
   Journal& m_journal;
   Ref<IRichTextBox> m_scratch;
   std::int32_t m_pointer = 0;

@@ -1,4 +1,5 @@
 #include "terminal/console/LineSource.h"
+#include "support/Files.h"
 
 #include <gtest/gtest.h>
 
@@ -35,9 +36,6 @@ TEST(FileLines, GivesItsLinesInOrderThenNone) {
 
 class ReadCommandFileTest : public testing::Test {
 protected:
-  ReadCommandFileTest() { std::filesystem::create_directories(folder); }
-  ~ReadCommandFileTest() override { std::filesystem::remove_all(folder); }
-
   std::string File(const std::string& bytes) const {
     std::string path = folder / "lines.cmd";
     std::ofstream(path, std::ios::binary) << bytes;
@@ -50,9 +48,8 @@ protected:
     return fault != nullptr ? fault->Text : "(none)";
   }
 
-  // Tests run side by side, each in a process of its own.
-  const std::filesystem::path folder =
-      std::filesystem::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
+  const test::TemporaryFolder temporary;
+  const std::filesystem::path& folder = temporary.Path();
 };
 
 TEST_F(ReadCommandFileTest, GivesTheLinesUnderThePathAsGiven) {

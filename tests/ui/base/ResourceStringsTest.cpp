@@ -5,6 +5,8 @@
 #include "ui/UiFixture.h"
 #include "ui/base/ExpectedStrings.h"
 
+#include <array>
+
 namespace portico::test {
 namespace {
 

@@ -1,6 +1,7 @@
 #include "ui/commands/EditCommands.h"
 
 #include "document/log/CXMLDataStore.h"
+#include "support/Files.h"
 #include "ui/UiFixture.h"
 
 #include <fstream>
@@ -17,15 +18,10 @@ protected:
          {&CtorCut, &CtorCopy, &CtorPaste, &CtorCopyTo, &CtorPasteFrom, &CtorClearHistory, &CtorXMLDataStore}) {
       gObjectFactory->Add(MakeCreator(*row));
     }
-    std::filesystem::remove(Path);
   }
-  ~EditCommandsTest() override { std::filesystem::remove(Path); }
 
   static void Run(StringView command) { Create<ICommand>(command)->Execute(); }
-  std::string Bytes() const {
-    std::ifstream file(Path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
+  std::string Bytes() const { return ReadFile(Path); }
   /// A log with one entity; its bytes.
   std::string MakeLog() const {
     {
@@ -37,9 +33,8 @@ protected:
   }
   String Question() const { return u"Do you want to erase " + Path.u16string() + u"?"; }
 
-  std::filesystem::path Path =
-      std::filesystem::path(::testing::TempDir()) /
-      (std::string("portico-") + ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".log");
+  const TemporaryFolder Folder;
+  const std::filesystem::path Path = Folder.Path() / "a.log";
 };
 
 TEST_F(EditCommandsTest, ClipboardCommandsSendTheirKeys) {

@@ -1,7 +1,9 @@
 #include "ui/LogFixture.h"
 
+#include "document/reports/ReportSubscribers.h"
 #include "support/doubles/ReportDouble.h"
 #include "ui/base/ShowFailure.h"
+#include "ui/commands/LogCommands.h"
 #include "ui/viewer/frmViewLog.h"
 
 namespace portico::test {
@@ -60,7 +62,7 @@ TEST_F(NewLogTest, TheDialogCancelledChangesNothing) {
   EXPECT_EQ(TakeWrites(), (List{"ShowOpen 'Open a log file'"}));
   EXPECT_EQ(LogFileName(), "");
   EXPECT_FALSE(bool(Main->Logger()));
-  EXPECT_TRUE(std::filesystem::is_empty(Directory));
+  EXPECT_TRUE(std::filesystem::is_empty(Folder.Path()));
 }
 
 TEST_F(NewLogTest, AsksForALogWithTheDialogForOpening) {

@@ -1,6 +1,7 @@
 #include "ui/commands/MergeCommands.h"
 
 #include "document/log/CXMLDataStore.h"
+#include "support/Files.h"
 #include "support/fixtures/DocumentFixture.h"
 
 #include <fstream>
@@ -14,9 +15,7 @@ protected:
     gXMLParserAvailable = true;
     for (const CreatorRow* row : {&CtorMerge, &CtorMergeFrom, &CtorXMLDataStore})
       gObjectFactory->Add(MakeCreator(*row));
-    std::filesystem::remove(Path);
   }
-  ~MergeTest() override { std::filesystem::remove(Path); }
 
   static Ref<CDataFIFO> Container(std::initializer_list<StringView> texts) {
     const auto container = Create<CDataFIFO>(u"DataContainer", modGlobals::VarArray(0));
@@ -36,9 +35,8 @@ protected:
     return Create<ICommand>(u"MergeDataContainerFromFile", modGlobals::VarArray(target, Path.u16string(), iterator));
   }
 
-  std::filesystem::path Path =
-      std::filesystem::path(::testing::TempDir()) /
-      (std::string("portico-") + ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".log");
+  const TemporaryFolder Folder;
+  const std::filesystem::path Path = Folder.Path() / "a.log";
 };
 
 TEST_F(MergeTest, ReplacesTheTargetsSelectionByTheIteratorsEntities) {

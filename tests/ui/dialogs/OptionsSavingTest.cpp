@@ -3,6 +3,8 @@
 #include "configuration/CConfigurationClient.h"
 #include "ui/dialogs/OptionsFixture.h"
 
+#include <array>
+
 namespace portico::test {
 namespace {
 

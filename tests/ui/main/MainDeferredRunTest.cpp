@@ -23,7 +23,7 @@ protected:
     Clock.Advance(10ms);
     Loop->DoEvents();
   }
-  using Lines = support::Journal;
+  using Lines = test::Journal;
 };
 
 TEST_F(MainDeferredRunTest, NothingRunsInsideTheMenusCall) {

@@ -31,7 +31,7 @@ protected:
     EXPECT_TRUE(Loop->IsQuitting());
   }
   /// The end after what has been sent so far.
-  void ExpectEnd(support::Journal sent) {
+  void ExpectEnd(test::Journal sent) {
     EXPECT_EQ(Wire, sent);
     ExpectSilence();
     End();
@@ -121,7 +121,7 @@ TEST_F(MainEndTest, BetweenAWriteAndItsRead) {
     if (line == "write one?") PressCloseBox();
   };
   EXPECT_TRUE(Quits([this] { Click(u"mnuRun"); }));
-  EXPECT_TRUE(Wire == support::Journal{"write one?"} || Wire == (support::Journal{"write one?", "read"}));
+  EXPECT_TRUE(Wire == test::Journal{"write one?"} || Wire == (test::Journal{"write one?", "read"}));
   ExpectEnd(Wire);
 }
 
@@ -191,7 +191,7 @@ TEST_F(MainEndTest, WithAMessageBoxOpen) {
   ASSERT_EQ(Box->Calls().size(), 1U);
   End();
   EXPECT_EQ(Box->Calls().size(), 1U) << "the box that was open is the only one";
-  EXPECT_EQ(Wire, support::Journal{"close"});
+  EXPECT_EQ(Wire, test::Journal{"close"});
   EXPECT_EQ(Setting(u"MainLeft"), "1000");
 }
 
@@ -203,7 +203,7 @@ TEST_F(MainEndTest, WithTheBoxOfAFailedRunOpen) {
   EXPECT_EQ(Box->Calls().size(), 1U);
   End();
   EXPECT_EQ(Box->Calls().size(), 1U);
-  EXPECT_EQ(Wire, support::Journal{"close"});
+  EXPECT_EQ(Wire, test::Journal{"close"});
 }
 
 TEST_F(MainEndTest, WithThePopupMenuOpen) {

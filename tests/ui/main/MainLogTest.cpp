@@ -1,3 +1,4 @@
+#include "support/Files.h"
 #include "support/Journal.h"
 #include "ui/main/MainWindowFixture.h"
 
@@ -14,11 +15,9 @@ protected:
     HasSpies = false;
     CommonDialog->FileName = FromUtf8(Path.string()).Text;
     Driver->Answer = "1.25";
-    std::filesystem::remove(Path);
     Start(u"DMM");
     ExpectNothingBut({});
   }
-  ~MainLogTest() override { std::filesystem::remove(Path); }
 
   /// What the user and the disk see: the dialogs since the last time, no message, no report, no file.
   void ExpectNothingBut(const Journal& dialogs) {
@@ -34,11 +33,11 @@ protected:
     Future().Text(line + String(NewLine));
     Click(u"mnuRun");
     EXPECT_EQ(Wire,
-              (support::Journal{"write *OPC?", "read", "write " + ToUtf8(line), "read", "write :SYST:ERR?", "read"}));
+              (test::Journal{"write *OPC?", "read", "write " + ToUtf8(line), "read", "write :SYST:ERR?", "read"}));
   }
 
-  const std::filesystem::path Path =
-      std::filesystem::path(::testing::TempDir()) / "portico-log-of-a-machine-without-parser.log";
+  const TemporaryFolder Folder;
+  const std::filesystem::path Path = Folder.Path() / "log.xml";
 };
 
 TEST_F(MainLogTest, WithoutAParserLoggingDoesNothingAndShowsNothing) {

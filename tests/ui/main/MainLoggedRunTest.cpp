@@ -1,3 +1,4 @@
+#include "support/Files.h"
 #include "ui/main/MainWindowFixture.h"
 
 #include <filesystem>
@@ -10,14 +11,11 @@ class MainLoggedRunTest : public MainWindowFixture {
 protected:
   MainLoggedRunTest() {
     HasSpies = false;
-    std::filesystem::remove_all(m_directory); // what a test that was killed has left
-    std::filesystem::create_directories(m_directory);
-    CommonDialog->FileName = FromUtf8((m_directory / "run.log").string()).Text;
+    CommonDialog->FileName = FromUtf8(m_folder.At("run.log")).Text;
     Start(u"DMM");
     for (const auto* item : {u"OPCPacing", u"AutoErrorCheckingMode"}) SetItem(item, u"Off");
     Future().Text({});
   }
-  ~MainLoggedRunTest() override { std::filesystem::remove_all(m_directory); }
 
   void Run(StringView lines) {
     Future().Text(lines);
@@ -35,9 +33,7 @@ protected:
   void SetClock(int hour) { Environment.Now = FakeErrorEnvironment::At(2004, 10, 31, hour, 59, 59); }
 
 private:
-  const std::filesystem::path m_directory =
-      std::filesystem::path(testing::TempDir()) /
-      (std::string("portico-") + testing::UnitTest::GetInstance()->current_test_info()->name());
+  const TemporaryFolder m_folder;
 };
 
 TEST_F(MainLoggedRunTest, AClockThatIsSetBackInARunLosesNoLine) {

@@ -30,7 +30,7 @@ public:
 TEST_F(MainProgramTest, ACommandLineOfBlanksOpensNothing) {
   for (const char16_t* line : {u"", u"   "}) {
     Start(line);
-    EXPECT_EQ(Wire, support::Journal{});
+    EXPECT_EQ(Wire, test::Journal{});
     EXPECT_EQ(Item(u"OpenfromTree"), "False");
     EXPECT_EQ(Item(u"InstrumentName"), "");
     EXPECT_TRUE(MemoryForm().IsShown());
@@ -60,18 +60,18 @@ TEST_F(MainProgramTest, ANameKeepsTheBlanksAroundIt) {
 }
 
 TEST_F(MainProgramTest, AnOpenThatFailsLeavesTheNameAndItsOrigin) {
-  Driver->Failures["init DMM"] = -1;
+  Driver->Statuses["init DMM"] = -1;
   Start(u"DMM");
-  EXPECT_EQ(Wire, support::Journal{"init DMM"});
+  EXPECT_EQ(Wire, test::Journal{"init DMM"});
   EXPECT_EQ(Item(u"InstrumentOpened"), "False");
   EXPECT_EQ(Item(u"OpenfromTree"), "True");
   EXPECT_EQ(Item(u"InstrumentName"), "DMM");
   EXPECT_EQ(ToUtf8(Panel(1).Text()), "Open an instrument. ");
   EXPECT_EQ(Window->MousePointer(), 0) << "the failure is in the reports, not in an error";
   ExpectNoBox();
-  EXPECT_NE(ToUtf8(Past().Text()).find("status -1"), std::string::npos) << Escaped(Past().Text());
+  EXPECT_NE(ToUtf8(Past().Text()).find("failure -1"), std::string::npos) << Escaped(Past().Text());
 
-  Driver->Failures.clear();
+  Driver->Statuses.clear();
   Click(u"mnuFileOpenInstrument"); // asks nobody
   EXPECT_EQ(Item(u"InstrumentOpened"), "True");
   ExpectNoBox();
@@ -108,7 +108,7 @@ TEST_F(MainProgramTest, WithoutAWindowItEndsWithOneAndWaitsForNothing) {
   bool hasWaited = false;
   EXPECT_EQ(RunProgram([&] { hasWaited = true; }), 1);
   EXPECT_FALSE(hasWaited);
-  EXPECT_EQ(Wire, support::Journal{});
+  EXPECT_EQ(Wire, test::Journal{});
 }
 
 TEST_F(MainProgramTest, WithAWindowItWaitsForTheEndAndClosesTheInstrument) {

@@ -44,7 +44,7 @@ protected:
     }
     return offered;
   }
-  using Lines = support::Journal;
+  using Lines = test::Journal;
 
 private:
   std::unique_ptr<ITimer> m_turns;
@@ -227,7 +227,7 @@ TEST_F(MainRunTest, TheButtonsRunToo) {
 }
 
 TEST_F(MainRunTest, ALineThatTheInstrumentRefusesStopsNothing) {
-  Driver->Failures["write one"] = -1;
+  Driver->Statuses["write one"] = -1;
   Type(u"one\r\ntwo\r\n");
   Click(u"mnuRun");
   EXPECT_EQ(Wire, (Lines{"write one", "write two"}));

@@ -37,7 +37,7 @@ TEST_F(MainStartTest, WithNothingOpenItAsksForAnInstrument) {
   EXPECT_FALSE(Window->Executing());
   EXPECT_FALSE(Window->StopRequested());
   EXPECT_EQ(Window->MousePointer(), 0);
-  EXPECT_EQ(Wire, support::Journal{}) << "nothing is sent at the start";
+  EXPECT_EQ(Wire, test::Journal{}) << "nothing is sent at the start";
 }
 
 TEST_F(MainStartTest, PrintIsOffUntilTheHistoryHasText) {

@@ -1,5 +1,5 @@
 #include "framework/objects/IPublisher.h"
-#include "support/doubles/CreatorOfOne.h"
+#include "support/doubles/Objects.h"
 #include "ui/main/MainWindowFixture.h"
 
 namespace portico::test {

@@ -1,5 +1,7 @@
 #include "ui/main/MainWindowFixture.h"
 
+#include "support/doubles/Objects.h"
+
 namespace portico::test {
 
 void MainWindowFixture::Start(const String& commandLine) {
@@ -32,7 +34,9 @@ void MainWindowFixture::OfferSpies() {
 }
 
 void MainWindowFixture::Offer(const String& specification, const std::function<void(const Params&)>& execute) {
-  const Ref<ICreator> creator = New<SpyCreator>(specification, execute);
+  const Ref<ICreator> creator = New<CreatorOf>(specification, [execute](const Params& parameters) -> Ref<IObject> {
+    return New<CommandOf>([execute, parameters] { execute(parameters); });
+  });
   try {
     gObjectFactory->Remove(creator);
   } catch (const Error&) { // it is a new one
@@ -64,6 +68,112 @@ void MainWindowFixture::ExpectOneBox(StringView sentence, StringView label, Stri
   ASSERT_FALSE(calls.empty()) << ToUtf8(report);
   EXPECT_TRUE(Bears(calls.back(), label)) << ToUtf8(calls.back()) << "\ninstead of\n" << ToUtf8(label);
   LastTrail = calls;
+}
+
+MainWindowFixture::MainWindowFixture() {
+  HuntERR::Reset();
+  gEventLoop = Loop;
+  gSettingsStore = Store;
+  gForms = Screen;
+  gMessageBox = Box;
+  gClipboard = Clipboard;
+  gHelpViewer = HelpViewer;
+  gCommonDialog = CommonDialog;
+  gInstrumentDriver = Driver;
+  Box->AnswerAllWithOK();
+}
+
+MainWindowFixture::~MainWindowFixture() {
+  Loop->FinishQuit();
+  LetGo();
+  gInstrumentDriver.reset();
+  gCommonDialog = nullptr;
+  gHelpViewer.reset();
+  gClipboard.reset();
+  gMessageBox.reset();
+  gForms.reset();
+  gSettingsStore.reset();
+  gEventLoop.reset();
+}
+
+bool MainWindowFixture::Quits(const std::function<void()>& body) {
+  try {
+    body();
+    return false;
+  } catch (const Quit&) {
+    return true;
+  }
+}
+
+void MainWindowFixture::End() {
+  Loop->FinishQuit();
+  Window->Form_Unload();
+  Window->Form_Terminate();
+}
+
+void MainWindowFixture::LetGo() {
+  Window = nullptr;
+  modAppGlobals::ReleaseMainForm();
+  gConfiguration = nullptr;
+  modAppGlobals::ReleaseObjectFactory();
+}
+
+void MainWindowFixture::OfferFailure(const String& specification) {
+  Offer(specification, [](const Params&) { Fail(); });
+}
+
+void MainWindowFixture::Fail() { HuntERR::Raise(ErrorNumber::CannotCarryOut, u"Somewhere", u"It broke."); }
+
+IForm& MainWindowFixture::Form() { return Window->Form(); }
+
+memory::Form& MainWindowFixture::MemoryForm() { return dynamic_cast<memory::Form&>(Window->Form()); }
+
+memory::MenuItem& MainWindowFixture::Menu(StringView name) { return FindControl<memory::MenuItem>(Form(), name); }
+
+memory::ToolButton& MainWindowFixture::Button(StringView key) {
+  return FindControl<memory::ToolBar>(Form(), ToolBarName).Buttons(key);
+}
+
+memory::RichTextControl& MainWindowFixture::Future() {
+  return FindControl<memory::RichTextControl>(Form(), u"txtFuture");
+}
+
+memory::RichTextControl& MainWindowFixture::Past() { return FindControl<memory::RichTextControl>(Form(), u"txtPast"); }
+
+IStatusPanel& MainWindowFixture::Panel(std::int32_t index) {
+  return FindControl<IStatusBar>(Form(), StatusBarName).Panels(index);
+}
+
+void MainWindowFixture::Click(StringView name) {
+  const Event<> click = Menu(name).Click();
+  click();
+}
+
+void MainWindowFixture::SetItem(StringView name, StringView value) {
+  Create<IConfiguration>(u"Configuration")->ItemValue(name, value);
+}
+
+std::string MainWindowFixture::Item(StringView name) {
+  return ToUtf8(Create<IConfiguration>(u"Configuration")->ItemValue(name));
+}
+
+void MainWindowFixture::SetOpened(bool opened) {
+  SetItem(u"InstrumentOpened", opened ? u"True" : u"False");
+  SetItem(u"InstrumentName", opened ? u"DMM" : u"");
+  Window->UpdateUI({}, {});
+}
+
+std::string MainWindowFixture::Setting(const String& key, const String& section) {
+  return ToUtf8(Store->GetSetting(u"Tolvane Portico", section, key, u"(none)"));
+}
+
+void MainWindowFixture::Save(const String& key, const String& value) {
+  Store->SaveSetting(u"Tolvane Portico", u"frmMain", key, value);
+}
+
+void MainWindowFixture::ExpectNoBox() {
+  EXPECT_EQ(Box->Calls().size(), m_boxesSeen);
+  if (Box->Calls().size() > m_boxesSeen) ADD_FAILURE() << ToUtf8(Box->Calls().back().Prompt);
 }
 
 } // namespace portico::test

@@ -3,8 +3,8 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/errors/Quit.h"
+#include "support/ErrorReports.h"
 #include "support/Journal.h"
-#include "support/Raised.h"
 #include "support/fixtures/FrameworkTest.h"
 
 namespace portico::test {

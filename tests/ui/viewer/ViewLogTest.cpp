@@ -1,4 +1,4 @@
-#include "support/FailedAllocation.h"
+#include "support/Allocation.h"
 
 #include "ui/viewer/ViewLogFixture.h"
 

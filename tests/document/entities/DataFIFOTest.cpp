@@ -270,5 +270,31 @@ TEST_F(CDataFIFOTest, ComparePositionsIsGuardedAsAMethod) {
   ExpectTrail(error, {u"CDataFIFO.ComparePositions(Position1,Position2)"});
 }
 
+TEST_F(CDataFIFOTest, CallThroughTheInterfaceAddsItsOwnLine) {
+  const auto fresh = New<CDataFIFO>();
+  const IIteratableObject& object = *fresh;
+  ExpectTrail(Raised([&] { object.Count(); }),
+              {u"CDataFIFO.Count(DataEntity)", u"CDataFIFO.IIteratableObject_Count()"});
+  ExpectTrail(Raised([&] { object.ComparePositions({}, {}); }),
+              {u"CDataFIFO.ComparePositions(Position1,Position2)",
+               u"CDataFIFO.IIteratableObject_ComparePositions(Position1,Position2)"});
+  const auto iterator = Iterator(u"IterateAll");
+  iterator->Attach(fresh);
+  ExpectTrail(Raised([&] { iterator->FirstItem(); }),
+              {u"CDataFIFO.ComparePositions(Position1,Position2)",
+               u"CDataFIFO.IIteratableObject_ComparePositions(Position1,Position2)",
+               u"CSelectionIterator.IIterator_FirstItem()"});
+}
+
+TEST_F(CDataFIFOTest, UninitialisedPositionIsRefusedAlikeEverywhere) {
+  const auto fresh = New<CDataPosition>();
+  constexpr char16_t tooEarly[] = u"Method cannot be called before Initialize().";
+  Fill(1);
+  ExpectError(Raised([&] { FIFO->ComparePositions(fresh, EndMarker()); }), Hex(0x80041460), tooEarly);
+  ExpectError(Raised([&] { FIFO->NextPosition(fresh); }), Hex(0x80041460), tooEarly);
+  ExpectError(Raised([&] { FIFO->Item(fresh); }), Hex(0x80041460), tooEarly);
+  ExpectError(Raised([&] { FIFO->SelectData(fresh, EndMarker()); }), Hex(0x80041460), tooEarly);
+}
+
 } // namespace
 } // namespace portico

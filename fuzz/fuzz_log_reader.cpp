@@ -1,4 +1,4 @@
-#include "../tests/support/MemoryLogDisk.h"
+#include "../tests/document/log/MemoryLogDisk.h"
 #include "document/log/LogText.h"
 #include "document/log/LogWriter.h"
 #include "framework/errors/ErrorRecord.h"

@@ -2,8 +2,8 @@
 
 #include "configuration/CConfiguration.h"
 
-#include "support/fixtures/FrameworkTest.h"
 #include "support/ErrorReports.h"
+#include "support/fixtures/FrameworkTest.h"
 
 namespace portico {
 namespace {

@@ -33,8 +33,8 @@ private:
 
 namespace Class {
 
-/// An entity or null, and an offset or an empty value. Part of the contract; nothing in the program asks the factory for
-/// a position.
+/// An entity or null, and an offset or an empty value. Part of the contract; nothing in the program asks the factory
+/// for a position.
 inline constexpr ClassKey<IPosition, Ref<IDataEntity>, Value> DataPosition{u"DataPosition"};
 
 } // namespace Class

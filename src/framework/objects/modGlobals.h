@@ -26,7 +26,7 @@ bool FileExists(const String& path);
 
 bool XMLParserAvailable();
 
-/// Appends the pending error report to "SCPIComm.log" beside the program. Kept for the contract: nothing asks for it.
+/// Appends the pending error report to "SCPIComm.log" beside the program.
 void LogErrorReport();
 
 } // namespace modGlobals

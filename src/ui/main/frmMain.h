@@ -1,6 +1,5 @@
 #pragma once
 
-#include "framework/shared/IConfiguration.h"
 #include "platform/IEventLoop.h"
 #include "platform/IScratchArea.h"
 #include "platform/StandardFont.h"
@@ -107,8 +106,8 @@ private:
   void CloseInstrument();
   void Exit();
   void UseProtocol(StringView protocol, bool canRead);
-  void UseSCPI() { UseProtocol(ItemText::SCPI, false); }
-  void UseOther() { UseProtocol(ItemText::Other, true); }
+  void UseSCPI();
+  void UseOther();
   void Update() { UpdateUI({}, {}); }
   void RunAll() { m_runs->Run(); }
   void RunToCursor() { m_runs->RunToCursor(); }

@@ -3,9 +3,9 @@
 #include "framework/objects/CObjectFactory.h"
 #include "framework/shared/ICommand.h"
 
+#include "support/ErrorReports.h"
 #include "support/doubles/Objects.h"
 #include "support/fixtures/FrameworkTest.h"
-#include "support/ErrorReports.h"
 
 namespace portico {
 namespace {

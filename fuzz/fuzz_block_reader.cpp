@@ -37,9 +37,9 @@ Outcome Read(Termination termination, std::string_view stream, std::size_t piece
 // the second the size of the pieces.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 2) return 0;
-  constexpr std::array kTerminations = {Termination::Auto, Termination::LineFeed, Termination::CarriageReturnLineFeed,
-                                        Termination::CarriageReturn, Termination::LineFeedCarriageReturn};
-  const Termination termination = kTerminations[data[0] % kTerminations.size()];
+  constexpr std::array Terminations = {Termination::Auto, Termination::LineFeed, Termination::CarriageReturnLineFeed,
+                                       Termination::CarriageReturn, Termination::LineFeedCarriageReturn};
+  const Termination termination = Terminations[data[0] % Terminations.size()];
   const std::string_view stream(reinterpret_cast<const char*>(data) + 2, size - 2);
   const Outcome whole = Read(termination, stream, stream.size());
   if (whole.terminator > whole.length || whole.complete != (whole.terminator > 0)) std::abort();

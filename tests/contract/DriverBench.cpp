@@ -76,7 +76,7 @@ void DriverContract::Start(InstrumentScript script, std::chrono::milliseconds ti
 
 std::int32_t DriverContract::Open() {
   std::int32_t opened = 0;
-  EXPECT_EQ(Driver().TVSCPI_init(bench->Name(), 0, 0, opened), kSuccess);
+  EXPECT_EQ(Driver().TVSCPI_init(bench->Name(), 0, 0, opened), Success);
   return opened;
 }
 
@@ -93,9 +93,9 @@ ReadOutcome DriverContract::Read(std::int32_t size) {
 }
 
 std::string DriverContract::Query(const std::string& command) {
-  EXPECT_EQ(Write(command + "\r"), kSuccess);
+  EXPECT_EQ(Write(command + "\r"), Success);
   ReadOutcome outcome = Read();
-  EXPECT_EQ(outcome.status, kSuccess) << command;
+  EXPECT_EQ(outcome.status, Success) << command;
   if (!outcome.bytes.empty()) outcome.bytes.pop_back();
   return outcome.bytes;
 }
@@ -103,7 +103,7 @@ std::string DriverContract::Query(const std::string& command) {
 std::string DriverContract::Message(std::int32_t status, std::int32_t ofSession) {
   std::array<char, ErrorMessageBufferSize + 1> buffer = {};
   buffer.fill('~');
-  EXPECT_EQ(Driver().TVSCPI_error_message(ofSession, status, buffer.data()), kSuccess);
+  EXPECT_EQ(Driver().TVSCPI_error_message(ofSession, status, buffer.data()), Success);
   EXPECT_EQ(buffer.back(), '~');
   return buffer.data();
 }

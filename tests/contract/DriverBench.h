@@ -57,7 +57,7 @@ inline std::string BenchName(const testing::TestParamInfo<DriverBenchKind>& info
 
 using drivers::DriverStatus;
 
-inline constexpr std::int32_t kSuccess = 0;
+inline constexpr std::int32_t Success = 0;
 inline constexpr std::int32_t Code(DriverStatus status) { return static_cast<std::int32_t>(status); }
 
 /// What one read answered.
@@ -72,12 +72,12 @@ struct ReadOutcome {
 class DriverContract : public testing::TestWithParam<DriverBenchKind> {
 protected:
   /// Long enough never to be over by accident.
-  static constexpr auto kPatient = std::chrono::milliseconds(5000);
+  static constexpr auto Patient = std::chrono::milliseconds(5000);
   /// For tests in which a time-out happens, yet answers come through as well.
-  static constexpr auto kBrief = std::chrono::milliseconds(250);
+  static constexpr auto Brief = std::chrono::milliseconds(250);
 
   /// Sets the bench up and opens `session`.
-  void Start(InstrumentScript script, std::chrono::milliseconds timeout = kPatient);
+  void Start(InstrumentScript script, std::chrono::milliseconds timeout = Patient);
 
   IInstrumentDriver& Driver() { return bench->Driver(); }
   std::int32_t Open();

@@ -5,14 +5,14 @@
 namespace portico::test {
 namespace {
 
-constexpr std::int32_t kUnknownAttribute = 1150003;
+constexpr std::int32_t NoSuchAttribute = 1150003;
 
 INSTANTIATE_TEST_SUITE_P(AllDrivers, DriverContract, testing::ValuesIn(AllDriverBenches()), BenchName);
 
 TEST_P(DriverContract, ALineFeedGoesOutBehindTheTextsCarriageReturn) {
   Start({});
-  EXPECT_EQ(Write("CONF:VOLT\r"), kSuccess);
-  EXPECT_EQ(Write("INIT\r"), kSuccess);
+  EXPECT_EQ(Write("CONF:VOLT\r"), Success);
+  EXPECT_EQ(Write("INIT\r"), Success);
   EXPECT_EQ(bench->ReceivedUpTo("INIT\r\n"), "CONF:VOLT\r\nINIT\r\n");
 }
 
@@ -25,7 +25,7 @@ TEST_P(DriverContract, HandlesStartAtOneAndAreNotUsedAgain) {
   Start({});
   EXPECT_EQ(session, 1);
   EXPECT_EQ(Open(), 2);
-  EXPECT_EQ(Driver().TVSCPI_close(2), kSuccess);
+  EXPECT_EQ(Driver().TVSCPI_close(2), Success);
   EXPECT_EQ(Open(), 3);
 }
 
@@ -40,8 +40,8 @@ TEST_P(DriverContract, SessionsHaveTheirOwnAnswers) {
   Start({{"A?", Reaction::Answer("1\n")}, {"B?", Reaction::Answer("2\n")}});
   const std::int32_t first = session;
   const std::int32_t second = Open();
-  EXPECT_EQ(Driver().TVSCPI_WriteInstrData(first, "A?\r"), kSuccess);
-  EXPECT_EQ(Driver().TVSCPI_WriteInstrData(second, "B?\r"), kSuccess);
+  EXPECT_EQ(Driver().TVSCPI_WriteInstrData(first, "A?\r"), Success);
+  EXPECT_EQ(Driver().TVSCPI_WriteInstrData(second, "B?\r"), Success);
   session = second;
   EXPECT_EQ(Read().bytes, std::string("2\0", 2));
   session = first;
@@ -51,17 +51,17 @@ TEST_P(DriverContract, SessionsHaveTheirOwnAnswers) {
 TEST_P(DriverContract, SessionsHaveTheirOwnAttributes) {
   Start({});
   const std::int32_t second = Open();
-  EXPECT_EQ(Driver().TVSCPI_SetAttributeViInt32(second, 0, TVSCPI_ATTR_TERMCHAR, 13), kSuccess);
+  EXPECT_EQ(Driver().TVSCPI_SetAttributeViInt32(second, 0, TVSCPI_ATTR_TERMCHAR, 13), Success);
   std::int32_t value = -1;
-  EXPECT_EQ(Driver().TVSCPI_GetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, value), kSuccess);
+  EXPECT_EQ(Driver().TVSCPI_GetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, value), Success);
   EXPECT_EQ(value, 0);
-  EXPECT_EQ(Driver().TVSCPI_GetAttributeViInt32(second, 0, TVSCPI_ATTR_TERMCHAR, value), kSuccess);
+  EXPECT_EQ(Driver().TVSCPI_GetAttributeViInt32(second, 0, TVSCPI_ATTR_TERMCHAR, value), Success);
   EXPECT_EQ(value, 13);
 }
 
 TEST_P(DriverContract, AHandleThatIsNotOpenIsRefusedEverywhere) {
   Start({});
-  EXPECT_EQ(Driver().TVSCPI_close(session), kSuccess);
+  EXPECT_EQ(Driver().TVSCPI_close(session), Success);
   const std::int32_t invalid = Code(DriverStatus::InvalidSession);
   for (const std::int32_t handle : {session, 0, -1, 99}) {
     std::int32_t number = 5;
@@ -83,9 +83,9 @@ TEST_P(DriverContract, AHandleThatIsNotOpenIsRefusedEverywhere) {
 TEST_P(DriverContract, TermcharTakesItsFiveValuesOnly) {
   Start({});
   for (const std::int32_t value : {10, 11, 13, 14, 0}) {
-    EXPECT_EQ(Driver().TVSCPI_SetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, value), kSuccess);
+    EXPECT_EQ(Driver().TVSCPI_SetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, value), Success);
     std::int32_t stored = -1;
-    EXPECT_EQ(Driver().TVSCPI_GetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, stored), kSuccess);
+    EXPECT_EQ(Driver().TVSCPI_GetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, stored), Success);
     EXPECT_EQ(stored, value);
   }
   const std::int32_t invalid = Code(DriverStatus::InvalidAttributeValue);
@@ -95,7 +95,7 @@ TEST_P(DriverContract, TermcharTakesItsFiveValuesOnly) {
   EXPECT_EQ(Message(invalid, session),
             "The attribute does not take that value: TERMCHAR 1150007, which is none of 0, 10, 11, 13 and 14.\n");
   std::int32_t stored = -1;
-  EXPECT_EQ(Driver().TVSCPI_GetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, stored), kSuccess);
+  EXPECT_EQ(Driver().TVSCPI_GetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, stored), Success);
   EXPECT_EQ(stored, 0);
 }
 
@@ -103,10 +103,10 @@ TEST_P(DriverContract, TheErrorQueryIsKeptAndGivenBack) {
   Start({});
   std::array<char, 16> buffer = {};
   buffer.fill('~');
-  EXPECT_EQ(Driver().TVSCPI_GetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, 16, buffer.data()), kSuccess);
+  EXPECT_EQ(Driver().TVSCPI_GetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, 16, buffer.data()), Success);
   EXPECT_EQ(std::string(buffer.data(), 12), std::string("SYST:ERR?\0~~", 12));
-  EXPECT_EQ(Driver().TVSCPI_SetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, "STAT:ERR?;*CLS"), kSuccess);
-  EXPECT_EQ(Driver().TVSCPI_GetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, 16, buffer.data()), kSuccess);
+  EXPECT_EQ(Driver().TVSCPI_SetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, "STAT:ERR?;*CLS"), Success);
+  EXPECT_EQ(Driver().TVSCPI_GetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, 16, buffer.data()), Success);
   EXPECT_STREQ(buffer.data(), "STAT:ERR?;*CLS");
 }
 
@@ -114,7 +114,7 @@ TEST_P(DriverContract, ATextAttributeIsCutAtTheBuffer) {
   Start({});
   std::array<char, 6> buffer = {};
   buffer.fill('~');
-  EXPECT_EQ(Driver().TVSCPI_GetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, 5, buffer.data()), kSuccess);
+  EXPECT_EQ(Driver().TVSCPI_GetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, 5, buffer.data()), Success);
   EXPECT_EQ(std::string(buffer.data(), 6), std::string("SYST\0~", 6));
   EXPECT_EQ(Driver().TVSCPI_GetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, 0, buffer.data()),
             Code(DriverStatus::InvalidBuffer));
@@ -126,11 +126,11 @@ TEST_P(DriverContract, AnUnknownAttributeOrOneOfTheOtherTypeIsRefused) {
   const std::int32_t unknown = Code(DriverStatus::UnknownAttribute);
   std::int32_t number = 5;
   std::array<char, 8> buffer = {'x'};
-  for (const std::int32_t attribute : {kUnknownAttribute, TVSCPI_ATTR_ERRORQUERYSCPI}) {
+  for (const std::int32_t attribute : {NoSuchAttribute, TVSCPI_ATTR_ERRORQUERYSCPI}) {
     EXPECT_EQ(Driver().TVSCPI_GetAttributeViInt32(session, 0, attribute, number), unknown);
     EXPECT_EQ(Driver().TVSCPI_SetAttributeViInt32(session, 0, attribute, 0), unknown);
   }
-  for (const std::int32_t attribute : {kUnknownAttribute, TVSCPI_ATTR_TERMCHAR}) {
+  for (const std::int32_t attribute : {NoSuchAttribute, TVSCPI_ATTR_TERMCHAR}) {
     EXPECT_EQ(Driver().TVSCPI_GetAttributeViString(session, 0, attribute, 8, buffer.data()), unknown);
     EXPECT_EQ(Driver().TVSCPI_SetAttributeViString(session, 0, attribute, ""), unknown);
   }

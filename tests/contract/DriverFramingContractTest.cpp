@@ -8,7 +8,7 @@ namespace {
 class DriverFramingContract : public DriverContract {
 protected:
   void SetTermination(std::int32_t value) {
-    ASSERT_EQ(Driver().TVSCPI_SetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, value), kSuccess);
+    ASSERT_EQ(Driver().TVSCPI_SetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, value), Success);
   }
 };
 
@@ -16,9 +16,9 @@ INSTANTIATE_TEST_SUITE_P(AllDrivers, DriverFramingContract, testing::ValuesIn(Al
 
 TEST_P(DriverFramingContract, TheCountIncludesOneZeroByte) {
   Start({{"Q?", Reaction::Answer("1.5\n")}});
-  EXPECT_EQ(Write("Q?\r"), kSuccess);
+  EXPECT_EQ(Write("Q?\r"), Success);
   const ReadOutcome outcome = Read();
-  EXPECT_EQ(outcome.status, kSuccess);
+  EXPECT_EQ(outcome.status, Success);
   EXPECT_EQ(outcome.count, 4);
   EXPECT_EQ(outcome.bytes, std::string("1.5\0", 4));
 }
@@ -63,15 +63,15 @@ TEST_P(DriverFramingContract, AMegabyteArrivesWhole) {
   for (std::size_t i = 0; i < 1'000'000; ++i) data += static_cast<char>(i * 31 % 251);
   const std::string block = "#71000000" + data;
   Start({{"WAV?", Reaction::Answer(block + "\n")}});
-  EXPECT_EQ(Write("WAV?\r"), kSuccess);
+  EXPECT_EQ(Write("WAV?\r"), Success);
   const ReadOutcome outcome = Read(1 << 20);
-  EXPECT_EQ(outcome.status, kSuccess);
+  EXPECT_EQ(outcome.status, Success);
   EXPECT_TRUE(outcome.bytes == block + std::string(1, '\0')) << outcome.count;
 }
 
 TEST_P(DriverFramingContract, AMessageThatJustFitsIsComplete) {
   Start({{"Q?", Reaction::Answer("1234567\r\n")}});
-  EXPECT_EQ(Write("Q?\r"), kSuccess);
+  EXPECT_EQ(Write("Q?\r"), Success);
   EXPECT_EQ(Read(8).bytes, std::string("1234567\0", 8));
 }
 
@@ -79,12 +79,12 @@ TEST_P(DriverFramingContract, AMessageThatFillsItsBufferIsToldWithItsWholeLength
   Start({{"SHORT?", Reaction::Answer("123456\n")},
          {"FITS?", Reaction::Answer("1234567\r\n")},
          {"LONGER?", Reaction::Answer(std::string(200'000, 'x') + "\n")}});
-  EXPECT_EQ(Write("SHORT?\r"), kSuccess);
+  EXPECT_EQ(Write("SHORT?\r"), Success);
   Read(8);
   EXPECT_THAT(bench->observer.filled, testing::IsEmpty());
-  EXPECT_EQ(Write("FITS?\r"), kSuccess);
+  EXPECT_EQ(Write("FITS?\r"), Success);
   Read(8);
-  EXPECT_EQ(Write("LONGER?\r"), kSuccess);
+  EXPECT_EQ(Write("LONGER?\r"), Success);
   Read(8);
   EXPECT_THAT(bench->observer.filled,
               testing::ElementsAre(bench->CanonicalName() + ", 7", bench->CanonicalName() + ", 200000"));
@@ -94,20 +94,20 @@ TEST_P(DriverFramingContract, OfAMessageThatIsTooLongTheRestIsLost) {
   Start({{"LONG?", Reaction::Answer("12345678\n")},
          {"LONGER?", Reaction::Answer(std::string(200'000, 'x') + "\n")},
          {"NEXT?", Reaction::Answer("next\n")}});
-  EXPECT_EQ(Write("LONG?\r"), kSuccess);
+  EXPECT_EQ(Write("LONG?\r"), Success);
   const ReadOutcome outcome = Read(8);
-  EXPECT_EQ(outcome.status, kSuccess);
+  EXPECT_EQ(outcome.status, Success);
   EXPECT_EQ(outcome.count, 8);
   EXPECT_EQ(outcome.bytes, std::string("1234567\0", 8));
   EXPECT_EQ(Query("NEXT?"), "next");
-  EXPECT_EQ(Write("LONGER?\r"), kSuccess);
+  EXPECT_EQ(Write("LONGER?\r"), Success);
   EXPECT_EQ(Read(1).bytes, std::string(1, '\0'));
   EXPECT_EQ(Query("NEXT?"), "next");
 }
 
 TEST_P(DriverFramingContract, ABufferWithoutRoomIsRefusedAndTheAnswerStays) {
   Start({{"Q?", Reaction::Answer("1\n")}});
-  EXPECT_EQ(Write("Q?\r"), kSuccess);
+  EXPECT_EQ(Write("Q?\r"), Success);
   std::array<char, 1> buffer = {'~'};
   for (const std::int32_t size : {0, -1}) {
     std::int32_t count = -1;
@@ -126,8 +126,8 @@ TEST_P(DriverFramingContract, TwoMessagesAtOnceAreReadOneByOne) {
 
 TEST_P(DriverFramingContract, AnUnreadAnswerStaysWhereItIs) {
   Start({{"A?", Reaction::Answer("1\n")}, {"B?", Reaction::Answer("2\n")}});
-  EXPECT_EQ(Write("A?\r"), kSuccess);
-  EXPECT_EQ(Write("B?\r"), kSuccess);
+  EXPECT_EQ(Write("A?\r"), Success);
+  EXPECT_EQ(Write("B?\r"), Success);
   EXPECT_EQ(Read().bytes, std::string("1\0", 2));
   EXPECT_EQ(Read().bytes, std::string("2\0", 2));
 }
@@ -145,7 +145,7 @@ TEST_P(DriverFramingContract, AnyByteCrossesUnchanged) {
   }
   Start({{"Q?", Reaction::Answer(all + "\n")}});
   EXPECT_EQ(Query("Q?"), all);
-  EXPECT_EQ(Write(all + "\r"), kSuccess);
+  EXPECT_EQ(Write(all + "\r"), Success);
   EXPECT_TRUE(bench->ReceivedUpTo(all + "\r\n").ends_with(all + "\r\n"));
 }
 

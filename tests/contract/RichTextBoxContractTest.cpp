@@ -12,7 +12,7 @@ namespace {
 
 INSTANTIATE_TEST_SUITE_P(AllBoxes, RichTextContract, testing::ValuesIn(AllRichTextBenches()), RichTextBenchName);
 
-constexpr std::int32_t kFarthest = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t Farthest = std::numeric_limits<std::int32_t>::max();
 
 TEST_P(RichTextContract, ANewBoxIsEmpty) {
   EXPECT_EQ(box->Text(), u"");
@@ -70,7 +70,7 @@ TEST_P(RichTextContract, SelStartIsClampedToTheEnd) {
   EXPECT_EQ(box->SelStart(), 3);
   box->SelStart(box->TextLength() + 1);
   EXPECT_EQ(box->SelStart(), 3);
-  box->SelStart(kFarthest);
+  box->SelStart(Farthest);
   EXPECT_EQ(box->SelStart(), 3);
 }
 
@@ -96,7 +96,7 @@ TEST_P(RichTextContract, NegativePositionsRaise380AndChangeNothing) {
 TEST_P(RichTextContract, ALengthBehindTheEndSelectsWhatThereIs) {
   Load(u"abc");
   EXPECT_EQ(TextOf(1, 100), u"bc");
-  EXPECT_EQ(TextOf(1, kFarthest), u"bc");
+  EXPECT_EQ(TextOf(1, Farthest), u"bc");
   EXPECT_EQ(TextOf(3, 1), u"");
 }
 
@@ -104,7 +104,7 @@ TEST_P(RichTextContract, ALengthIsClampedToOneMoreThanThereIs) {
   Load(u"abc");
   Select(1, 2);
   EXPECT_EQ(box->SelLength(), 2);
-  for (const std::int32_t length : {3, 4, 100, kFarthest}) {
+  for (const std::int32_t length : {3, 4, 100, Farthest}) {
     Select(1, length);
     EXPECT_EQ(box->SelLength(), 3);
   }
@@ -125,7 +125,7 @@ TEST_P(RichTextContract, TheSelectedTextHasALengthThatNeedsNoCopy) {
 
 TEST_P(RichTextContract, TheEndOfTheTextIsNoPartOfTheSelectedLength) {
   Load(u"abc");
-  Select(1, kFarthest);
+  Select(1, Farthest);
   EXPECT_EQ(box->SelLength(), 3);
   EXPECT_EQ(box->SelTextLength(), 2);
   Select(3, 1);
@@ -218,7 +218,7 @@ TEST_P(RichTextContract, LinesAreCountedFromZero) {
   for (std::size_t position = 0; position < expected.size(); ++position) {
     EXPECT_EQ(box->GetLineFromChar(static_cast<std::int32_t>(position)), expected[position]) << position;
   }
-  EXPECT_EQ(box->GetLineFromChar(kFarthest), 2);
+  EXPECT_EQ(box->GetLineFromChar(Farthest), 2);
   EXPECT_EQ(box->GetLineFromChar(-1), 0);
   EXPECT_EQ(box->SelStart(), 0);
 }

@@ -14,7 +14,7 @@ struct StatusRow {
 };
 
 /// Numbers and names are a promise to whoever stores or compares them, so they stand here once more.
-constexpr std::array kRows = {
+constexpr std::array Rows = {
     StatusRow{0, "TVSCPI_SUCCESS", "No error."},
     StatusRow{-1151001, "TVSCPI_ERROR_INVALID_SESSION", "The session is not open."},
     StatusRow{-1151002, "TVSCPI_ERROR_INVALID_RESOURCE_NAME", "The instrument name is not valid."},
@@ -35,7 +35,7 @@ constexpr std::array kRows = {
 };
 
 TEST(DriverStatus, EveryStatusHasItsNumberNameAndMessage) {
-  for (const StatusRow& row : kRows) {
+  for (const StatusRow& row : Rows) {
     EXPECT_EQ(StatusName(row.number), row.name);
     EXPECT_EQ(StatusMessage(row.number), row.message);
   }
@@ -43,8 +43,8 @@ TEST(DriverStatus, EveryStatusHasItsNumberNameAndMessage) {
 
 TEST(DriverStatus, NamesAreUnique) {
   std::set<std::string_view> names;
-  for (const StatusRow& row : kRows) names.insert(StatusName(row.number));
-  EXPECT_EQ(names.size(), kRows.size());
+  for (const StatusRow& row : Rows) names.insert(StatusName(row.number));
+  EXPECT_EQ(names.size(), Rows.size());
 }
 
 TEST(DriverStatus, AnUnknownNumberHasNoNameButAMessage) {

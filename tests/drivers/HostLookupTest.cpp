@@ -8,7 +8,7 @@ namespace {
 TimePoint Soon() { return TimePoint::clock::now() + std::chrono::seconds(5); }
 
 /// No system looks up a name with an empty label, so the test asks nobody.
-constexpr auto kImpossibleName = "a..b";
+constexpr auto ImpossibleName = "a..b";
 
 TEST(HostLookup, AnAddressIsReadWithoutALookUp) {
   // A look-up could not even start by this deadline.
@@ -26,7 +26,7 @@ TEST(HostLookup, TheLoopbackNameHasAnAddress) {
 }
 
 TEST(HostLookup, AnUnknownNameIsSaidToBeOne) {
-  const HostLookup lookup = LookUpHost(kImpossibleName, 5025, Soon());
+  const HostLookup lookup = LookUpHost(ImpossibleName, 5025, Soon());
   EXPECT_EQ(lookup.Result.Status, DriverStatus::UnknownHost);
   EXPECT_TRUE(lookup.Result.Detail.starts_with("a..b, ")) << lookup.Result.Detail;
   EXPECT_THAT(lookup.Addresses, testing::IsEmpty());

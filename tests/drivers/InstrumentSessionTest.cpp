@@ -23,7 +23,7 @@ public:
 
 class InstrumentSessionTest : public testing::Test {
 protected:
-  static constexpr auto kTimeout = std::chrono::milliseconds(700);
+  static constexpr auto Timeout = std::chrono::milliseconds(700);
 
   void SetUp() override { ASSERT_TRUE(session.Open().Succeeded()); }
 
@@ -37,7 +37,7 @@ protected:
   ScriptedTransport::Record transport;
   InstrumentSession session{ResourceName(SocketAddress{0, "bench", 5025}),
                             std::make_unique<ScriptedTransport>(transport),
-                            {clock, kTimeout, &observer}};
+                            {clock, Timeout, &observer}};
   std::string buffer;
   std::int32_t count = -1;
 };
@@ -50,10 +50,10 @@ TEST_F(InstrumentSessionTest, EachCallHasOneDeadline) {
   EXPECT_TRUE(session.Write("Q?\r").Succeeded());
   EXPECT_TRUE(Read().Succeeded());
   EXPECT_THAT(transport.deadlines, testing::SizeIs(5));
-  EXPECT_THAT(transport.deadlines, Each(start + kTimeout));
+  EXPECT_THAT(transport.deadlines, Each(start + Timeout));
   clock.Advance(std::chrono::milliseconds(50));
   EXPECT_TRUE(session.Write("Q?\r").Succeeded());
-  EXPECT_EQ(transport.deadlines.back(), clock.Now() + kTimeout);
+  EXPECT_EQ(transport.deadlines.back(), clock.Now() + Timeout);
 }
 
 TEST_F(InstrumentSessionTest, ATextGoesOutInOnePieceWithItsLineFeed) {

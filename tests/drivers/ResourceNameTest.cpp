@@ -19,7 +19,7 @@ struct Good {
   std::string canonical;
 };
 
-const std::vector<Good> kGoodNames = {
+const std::vector<Good> GoodNames = {
     Good{"TCPIP::bench::5025::SOCKET", InterfaceKind::Socket, "TCPIP0::bench::5025::SOCKET"},
     Good{"  tcpip2::Bench-7.Lab::1::socket\r\n", InterfaceKind::Socket, "TCPIP2::Bench-7.Lab::1::SOCKET"},
     Good{"TCPIP::192.0.2.7::65535::SOCKET", InterfaceKind::Socket, "TCPIP0::192.0.2.7::65535::SOCKET"},
@@ -39,7 +39,7 @@ const std::vector<Good> kGoodNames = {
     Good{"sim::Scope::Instr", InterfaceKind::Simulated, "SIM::Scope::INSTR"}};
 
 TEST(ResourceName, HasItsKindAndCanonicalForm) {
-  for (const Good& good : kGoodNames) {
+  for (const Good& good : GoodNames) {
     SCOPED_TRACE(good.text);
     const ResourceName name = Parsed(good.text);
     EXPECT_EQ(name.Kind(), good.kind);
@@ -48,7 +48,7 @@ TEST(ResourceName, HasItsKindAndCanonicalForm) {
 }
 
 TEST(ResourceName, TheCanonicalFormReadsBackAsItself) {
-  for (const Good& good : kGoodNames) EXPECT_EQ(Parsed(good.canonical).Canonical(), good.canonical);
+  for (const Good& good : GoodNames) EXPECT_EQ(Parsed(good.canonical).Canonical(), good.canonical);
 }
 
 struct Bad {
@@ -56,15 +56,14 @@ struct Bad {
   std::string error;
 };
 
-constexpr auto kTooManyForSocket =
-    "there are too many fields; write TCPIP::HOST::PORT::SOCKET, with an IPv6 address in "
-    "brackets as in TCPIP::[::1]::5025::SOCKET";
-constexpr auto kNoHost = "the host is missing; write TCPIP::HOST::PORT::SOCKET, with an IPv6 address in brackets as in "
-                         "TCPIP::[::1]::5025::SOCKET";
-constexpr auto kSimulated = "a simulated instrument's name reads SIM::DEVICE::INSTR, as in SIM::dmm::INSTR";
-constexpr auto kSerial = "a serial port's name ends with ::INSTR; write ASRL1::INSTR or ASRL/dev/ttyUSB0::INSTR";
+constexpr auto TooManyForSocket = "there are too many fields; write TCPIP::HOST::PORT::SOCKET, with an IPv6 address in "
+                                  "brackets as in TCPIP::[::1]::5025::SOCKET";
+constexpr auto NoHost = "the host is missing; write TCPIP::HOST::PORT::SOCKET, with an IPv6 address in brackets as in "
+                        "TCPIP::[::1]::5025::SOCKET";
+constexpr auto SimulatedMeter = "a simulated instrument's name reads SIM::DEVICE::INSTR, as in SIM::dmm::INSTR";
+constexpr auto SerialMistake = "a serial port's name ends with ::INSTR; write ASRL1::INSTR or ASRL/dev/ttyUSB0::INSTR";
 
-const std::vector<Bad> kGeneralMistakes = {
+const std::vector<Bad> GeneralMistakes = {
     Bad{"", "the name is empty; write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR"},
     Bad{" \t ", "the name is empty; write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR"},
     Bad{std::string("SIM::d\0m::INSTR", 15),
@@ -74,11 +73,11 @@ const std::vector<Bad> kGeneralMistakes = {
         "\"TCPIPX\" is no interface; write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR"},
     Bad{"192.0.2.7:5025", "\"192.0.2.7:5025\" is no interface; write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR"}};
 
-const std::vector<Bad> kTcpipMistakes = {
+const std::vector<Bad> TcpipMistakes = {
     Bad{"TCPIP", "the host is missing; write TCPIP::HOST::PORT::SOCKET"},
-    Bad{"TCPIP::::5025::SOCKET", kNoHost},
-    Bad{"TCPIP::", kNoHost},
-    Bad{"TCPIP::::1::5025::SOCKET", kNoHost},
+    Bad{"TCPIP::::5025::SOCKET", NoHost},
+    Bad{"TCPIP::", NoHost},
+    Bad{"TCPIP::::1::5025::SOCKET", NoHost},
     Bad{"TCPIP0x::bench::5025::SOCKET", "the board \"0x\" is not a number; write TCPIP or TCPIP0"},
     Bad{"TCPIP99999::bench::5025::SOCKET", "the board \"99999\" is not a number; write TCPIP or TCPIP0"},
     Bad{"TCPIP::bench", "the class is missing; end the name with ::PORT::SOCKET or ::INSTR"},
@@ -93,7 +92,7 @@ const std::vector<Bad> kTcpipMistakes = {
     Bad{"TCPIP::bench::scpi::SOCKET", "the port \"scpi\" is not a number from 1 to 65535"},
     Bad{"TCPIP::bench::-1::SOCKET", "the port \"-1\" is not a number from 1 to 65535"},
     Bad{"TCPIP::bench::::SOCKET", "the port \"\" is not a number from 1 to 65535"},
-    Bad{"TCPIP::fe80::1::5025::SOCKET", kTooManyForSocket},
+    Bad{"TCPIP::fe80::1::5025::SOCKET", TooManyForSocket},
     Bad{"TCPIP::bench::a::b::INSTR",
         "there are too many fields; write TCPIP::HOST::DEVICE::INSTR or TCPIP::HOST::PORT::SOCKET"},
     Bad{"TCPIP::bench::::INSTR", "the device is empty; write TCPIP::bench::inst0::INSTR"},
@@ -107,7 +106,7 @@ const std::vector<Bad> kTcpipMistakes = {
     Bad{"TCPIP::[bench]::5025::SOCKET",
         "\"[bench]\" is not an IPv6 address in brackets, as in TCPIP::[::1]::5025::SOCKET"}};
 
-const std::vector<Bad> kOtherMistakes = {
+const std::vector<Bad> OtherMistakes = {
     Bad{"USB::1::2::SN", "the class is missing; write USB::VENDOR::PRODUCT::SERIAL::INSTR"},
     Bad{"USB", "the class is missing; write USB::VENDOR::PRODUCT::SERIAL::INSTR"},
     Bad{"USB::1::2::INSTR", "there are too few fields; write USB::VENDOR::PRODUCT::SERIAL::INSTR"},
@@ -116,18 +115,18 @@ const std::vector<Bad> kOtherMistakes = {
     Bad{"USB::1::0x10000::SN::INSTR", "the USB id \"0x10000\" is not a number from 0 to 0xFFFF, as in 0x1234"},
     Bad{"USB::1::2::SN::256::INSTR", "the USB interface \"256\" is not a number from 0 to 255"},
     Bad{"USB1a::1::2::SN::INSTR", "the board \"1a\" is not a number; write USB or USB0"},
-    Bad{"ASRL1", kSerial},
-    Bad{"ASRL1::9600::INSTR", kSerial},
+    Bad{"ASRL1", SerialMistake},
+    Bad{"ASRL1::9600::INSTR", SerialMistake},
     Bad{"ASRL::INSTR", "the serial port \"\" is neither a number nor a path; write ASRL1::INSTR or "
                        "ASRL/dev/ttyUSB0::INSTR"},
     Bad{"ASRL/::INSTR", "the serial port \"/\" is neither a number nor a path; write ASRL1::INSTR or "
                         "ASRL/dev/ttyUSB0::INSTR"},
     Bad{"SIM0::dmm::INSTR", "there is no board number behind SIM; write SIM::DEVICE::INSTR"},
-    Bad{"SIM::dmm", kSimulated},
-    Bad{"SIM", kSimulated},
-    Bad{"SIM::::INSTR", kSimulated},
-    Bad{"SIM::dmm::SOCKET", kSimulated},
-    Bad{"SIM::dmm::1::INSTR", kSimulated}};
+    Bad{"SIM::dmm", SimulatedMeter},
+    Bad{"SIM", SimulatedMeter},
+    Bad{"SIM::::INSTR", SimulatedMeter},
+    Bad{"SIM::dmm::SOCKET", SimulatedMeter},
+    Bad{"SIM::dmm::1::INSTR", SimulatedMeter}};
 
 void ExpectRefused(const std::vector<Bad>& mistakes) {
   for (const Bad& bad : mistakes) {
@@ -139,9 +138,9 @@ void ExpectRefused(const std::vector<Bad>& mistakes) {
   }
 }
 
-TEST(ResourceName, WhatIsNoNameAtAllIsRefused) { ExpectRefused(kGeneralMistakes); }
-TEST(ResourceName, MistakesInNetworkNamesAreExplained) { ExpectRefused(kTcpipMistakes); }
-TEST(ResourceName, MistakesInOtherNamesAreExplained) { ExpectRefused(kOtherMistakes); }
+TEST(ResourceName, WhatIsNoNameAtAllIsRefused) { ExpectRefused(GeneralMistakes); }
+TEST(ResourceName, MistakesInNetworkNamesAreExplained) { ExpectRefused(TcpipMistakes); }
+TEST(ResourceName, MistakesInOtherNamesAreExplained) { ExpectRefused(OtherMistakes); }
 
 TEST(ResourceName, TakesASocketNameApart) {
   const auto address = std::get<SocketAddress>(Parsed("TCPIP1::[fe80::1]::5025::SOCKET").GetAddress());

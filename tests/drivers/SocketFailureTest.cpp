@@ -19,7 +19,7 @@ public:
 /// The driver against an instrument on a socket that misbehaves.
 class SocketFailureTest : public testing::Test {
 protected:
-  static constexpr auto kBrief = std::chrono::milliseconds(250);
+  static constexpr auto Brief = std::chrono::milliseconds(250);
 
   static std::int32_t Code(DriverStatus status) { return static_cast<std::int32_t>(status); }
 
@@ -42,7 +42,7 @@ protected:
   ScriptedServer server{{{"Q?", Reaction::Answer("1\n")}}};
   SteadyClock clock;
   testing::NiceMock<MockObserver> observer;
-  InstrumentDriver driver{StandardTransports({}, clock), {clock, kBrief, &observer}};
+  InstrumentDriver driver{StandardTransports({}, clock), {clock, Brief, &observer}};
   std::int32_t session = 0;
   std::array<char, 64> buffer = {};
   std::int32_t count = 0;

@@ -32,9 +32,9 @@ struct Shape<std::int32_t (IInstrumentDriver::*)(Parameters...)> {
 };
 
 template <typename Member, typename Function>
-constexpr bool kSameShape = std::is_same_v<typename Shape<Member>::type, Function>;
+constexpr bool SameShape = std::is_same_v<typename Shape<Member>::type, Function>;
 
-#define EXPECT_SAME_SHAPE(name) static_assert(kSameShape<decltype(&IInstrumentDriver::name), decltype(&::name)>)
+#define EXPECT_SAME_SHAPE(name) static_assert(SameShape<decltype(&IInstrumentDriver::name), decltype(&::name)>)
 
 EXPECT_SAME_SHAPE(TVSCPI_init);
 EXPECT_SAME_SHAPE(TVSCPI_close);

@@ -4,30 +4,30 @@
 namespace portico::test {
 namespace {
 
-const std::string kUndefinedHeader = "the instrument reports -113,\"Undefined header\"\n";
-const Reaction kNoError = Reaction::Answer("0,\"No error\"\n");
+const std::string UndefinedHeader = "the instrument reports -113,\"Undefined header\"\n";
+const Reaction NoError = Reaction::Answer("0,\"No error\"\n");
 
 TEST(ExitStatus, AllWentWell) {
-  const Outcome outcome = RunPortico({kSimulated}, "*RST\n*IDN?\n");
+  const Outcome outcome = RunPortico({SimulatedMeter}, "*RST\n*IDN?\n");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
 }
 
 TEST(ExitStatus, NothingToDoIsWell) {
-  const Outcome outcome = RunPortico({kSimulated});
+  const Outcome outcome = RunPortico({SimulatedMeter});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "");
 }
 
 TEST(ExitStatus, ReportedErrorIs1AndTheRunGoesOn) {
-  const Outcome outcome = RunPortico({kSimulated}, "FOO\n*CLS\n");
+  const Outcome outcome = RunPortico({SimulatedMeter}, "FOO\n*CLS\n");
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err, "portico-run: standard input:1: " + kUndefinedHeader);
+  EXPECT_EQ(outcome.err, "portico-run: standard input:1: " + UndefinedHeader);
   EXPECT_TRUE(outcome.out.ends_with("> *CLS\n* :SYST:ERR?\n< 0,\"No error\"\n")) << outcome.out;
 }
 
 TEST(ExitStatus, ErrorThatOnlyAQueryOfTheUserBringsIsNone) {
-  const Outcome outcome = RunPortico(kBare + Arguments{kSimulated}, "FOO\n:SYST:ERR?\n");
+  const Outcome outcome = RunPortico(BareOptions + Arguments{SimulatedMeter}, "FOO\n:SYST:ERR?\n");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "> FOO\n> :SYST:ERR?\n< -113,\"Undefined header\"\n");
 }
@@ -44,11 +44,11 @@ TEST(ExitStatus, InstrumentThatRefusesIs3) {
 
 TEST(ExitStatus, TimeoutIs4) {
   const ScriptedServer server({});
-  EXPECT_EQ(RunPortico(kBare + Arguments{"--timeout", "50", server.ResourceName()}, "MEAS?\n").status, 4);
+  EXPECT_EQ(RunPortico(BareOptions + Arguments{"--timeout", "50", server.ResourceName()}, "MEAS?\n").status, 4);
 }
 
 TEST(ExitStatus, OutputThatCannotBeWrittenIs5) {
-  Process process({"/bin/sh", "-c", "exec \"$0\" \"$@\" > /dev/full", PORTICO_RUN, kSimulated});
+  Process process({"/bin/sh", "-c", "exec \"$0\" \"$@\" > /dev/full", PORTICO_RUN, SimulatedMeter});
   process.Write("*CLS\n");
   const Outcome outcome = process.Wait();
   EXPECT_EQ(outcome.status, 5);
@@ -66,18 +66,18 @@ TEST(ExitStatus, DriverFailureOutranksAReportedError) {
   const Outcome outcome =
       RunPortico({"--timeout", "50", "--option", "SCPIProtocolOPCPacing=Off", server.ResourceName()}, "MEAS?\nFOO\n");
   EXPECT_EQ(outcome.status, 4);
-  EXPECT_NE(outcome.err.find("standard input:2: " + kUndefinedHeader), std::string::npos) << outcome.err;
+  EXPECT_NE(outcome.err.find("standard input:2: " + UndefinedHeader), std::string::npos) << outcome.err;
 }
 
 TEST(StopOnError, EndsAtTheFirstReportedError) {
-  const Outcome outcome = RunPortico({"--stop-on-error", kSimulated}, "*CLS\nFOO\n*RST\n");
+  const Outcome outcome = RunPortico({"--stop-on-error", SimulatedMeter}, "*CLS\nFOO\n*RST\n");
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err, "portico-run: standard input:2: " + kUndefinedHeader);
+  EXPECT_EQ(outcome.err, "portico-run: standard input:2: " + UndefinedHeader);
   EXPECT_TRUE(outcome.out.ends_with("> FOO\n* :SYST:ERR?\n< -113,\"Undefined header\"\n")) << outcome.out;
 }
 
 TEST(StopOnError, EndsAtTheFirstDriverFailure) {
-  const ScriptedServer server({{"*OPC?", Reaction::Answer("1\n")}, {":SYST:ERR?", kNoError}});
+  const ScriptedServer server({{"*OPC?", Reaction::Answer("1\n")}, {":SYST:ERR?", NoError}});
   const Outcome outcome =
       RunPortico({"--stop-on-error", "--timeout", "50", server.ResourceName()}, "*CLS\nMEAS?\n*RST\n");
   EXPECT_EQ(outcome.status, 4);
@@ -90,20 +90,20 @@ TEST(StopOnError, SkipsTheFilesThatFollow) {
   const CommandFiles files;
   const std::string bad = files.Add("bad.cmd", "FOO\n");
   const std::string next = files.Add("next.cmd", "*RST\n");
-  const Outcome outcome = RunPortico({"--stop-on-error", kSimulated, bad, next});
+  const Outcome outcome = RunPortico({"--stop-on-error", SimulatedMeter, bad, next});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out.find("*RST"), std::string::npos) << outcome.out;
 }
 
 TEST(StopOnError, WithoutAnErrorEverythingRuns) {
-  EXPECT_EQ(RunPortico({"--stop-on-error", kSimulated}, "*CLS\n*RST\n").status, 0);
+  EXPECT_EQ(RunPortico({"--stop-on-error", SimulatedMeter}, "*CLS\n*RST\n").status, 0);
 }
 
 TEST(ExitStatus, QuietTellsWhatWentWrong) {
-  const Outcome outcome = RunPortico({"--quiet", kSimulated}, "FOO\n");
+  const Outcome outcome = RunPortico({"--quiet", SimulatedMeter}, "FOO\n");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.err, "portico-run: standard input:1: " + kUndefinedHeader);
+  EXPECT_EQ(outcome.err, "portico-run: standard input:1: " + UndefinedHeader);
 }
 
 } // namespace

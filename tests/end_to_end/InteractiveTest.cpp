@@ -4,14 +4,14 @@
 namespace portico::test {
 namespace {
 
-const std::string kIdentity = "< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0";
+const std::string Identity = "< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0";
 
 TEST(Interactive, AnswerArrivesWhileTheInputIsOpen) {
-  Process process(PorticoRun(kBare + Arguments{kSimulated}));
+  Process process(PorticoRun(BareOptions + Arguments{SimulatedMeter}));
   for (int turn = 0; turn < 3; ++turn) {
     process.Write("*IDN?\n");
     EXPECT_EQ(process.ReadLine(), "> *IDN?");
-    EXPECT_EQ(process.ReadLine(), kIdentity);
+    EXPECT_EQ(process.ReadLine(), Identity);
   }
   process.Write("REM done\n");
   EXPECT_EQ(process.ReadLine(), "# REM done");
@@ -20,7 +20,7 @@ TEST(Interactive, AnswerArrivesWhileTheInputIsOpen) {
 
 TEST(Interactive, LineIsNotSentBeforeItsEnd) {
   const ScriptedServer server({});
-  Process process(PorticoRun(kBare + Arguments{server.ResourceName()}));
+  Process process(PorticoRun(BareOptions + Arguments{server.ResourceName()}));
   process.Write("*CLS\n*R");
   server.WaitForReceived("*CLS\r\n");
   process.Write("ST\n");
@@ -30,12 +30,12 @@ TEST(Interactive, LineIsNotSentBeforeItsEnd) {
 }
 
 TEST(Interactive, LastLineNeedsNoLineEnd) {
-  EXPECT_EQ(RunPortico(kBare + Arguments{kSimulated}, "*CLS\n*RST").out, "> *CLS\n> *RST\n");
+  EXPECT_EQ(RunPortico(BareOptions + Arguments{SimulatedMeter}, "*CLS\n*RST").out, "> *CLS\n> *RST\n");
 }
 
 TEST(Interactive, BadLineEndsTheRunBehindTheLinesBeforeIt) {
   const ScriptedServer server({});
-  Process process(PorticoRun(kBare + Arguments{server.ResourceName()}));
+  Process process(PorticoRun(BareOptions + Arguments{server.ResourceName()}));
   process.Write("*CLS\n");
   process.WaitForOutput("> *CLS\n");
   process.Write("*RST\nRES 5 k\xCE\xA9\n*CLS\n");
@@ -50,7 +50,7 @@ TEST(Interactive, BadLineEndsTheRunBehindTheLinesBeforeIt) {
 
 TEST(Interactive, BadLineEndsTheRunThoughTheInputIsOpen) {
   ScriptedServer server({});
-  Process process(PorticoRun(kBare + Arguments{server.ResourceName()}));
+  Process process(PorticoRun(BareOptions + Arguments{server.ResourceName()}));
   server.Send({}); // waits for the connection
   process.Write("\xFF\n");
   server.WaitForNoClient();
@@ -60,19 +60,19 @@ TEST(Interactive, BadLineEndsTheRunThoughTheInputIsOpen) {
 TEST(Interactive, FilesBehindABadLineAreNotRun) {
   const CommandFiles files;
   const Outcome outcome =
-      RunPortico(kBare + Arguments{kSimulated, "-", files.Add("next.cmd", "*RST\n")}, "*CLS\n\xFF\n");
+      RunPortico(BareOptions + Arguments{SimulatedMeter, "-", files.Add("next.cmd", "*RST\n")}, "*CLS\n\xFF\n");
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.out, "> *CLS\n");
 }
 
 TEST(Interactive, DirectoryIsNoInput) {
-  const Outcome outcome = Process({"/bin/sh", "-c", "exec \"$0\" \"$@\" < /", PORTICO_RUN, kSimulated}).Wait();
+  const Outcome outcome = Process({"/bin/sh", "-c", "exec \"$0\" \"$@\" < /", PORTICO_RUN, SimulatedMeter}).Wait();
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err, "portico-run: standard input:1:1: cannot be read: Is a directory\n");
 }
 
 TEST(Interactive, ClosedInputIsTold) {
-  const Outcome outcome = Process({"/bin/sh", "-c", "exec \"$0\" \"$@\" <&-", PORTICO_RUN, kSimulated}).Wait();
+  const Outcome outcome = Process({"/bin/sh", "-c", "exec \"$0\" \"$@\" <&-", PORTICO_RUN, SimulatedMeter}).Wait();
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err, "portico-run: standard input:1:1: cannot be read: Bad file descriptor\n");
 }
@@ -90,7 +90,8 @@ TEST(Interactive, ClosedStreamsDoNotLeadToTheInstrument) {
 
 TEST(Interactive, InputIsLeftAloneWhenOnlyFilesAreNamed) {
   const CommandFiles files;
-  EXPECT_EQ(RunPortico(kBare + Arguments{kSimulated, files.Add("one.cmd", "*CLS\n")}, "*RST\n").out, "> *CLS\n");
+  EXPECT_EQ(RunPortico(BareOptions + Arguments{SimulatedMeter, files.Add("one.cmd", "*CLS\n")}, "*RST\n").out,
+            "> *CLS\n");
 }
 
 } // namespace

@@ -28,7 +28,7 @@ TEST(Interrupt, IsToldWithTheLastLineThatWasRun) {
   const std::string first = files.Add("first.cmd", "*CLS\nSLOW?\n*RST\n");
   const std::string second = files.Add("second.cmd", "*CLS\n");
   ScriptedServer server({});
-  Process process(PorticoRun(kBare + Arguments{"--timeout", "60000", server.ResourceName(), first, second}));
+  Process process(PorticoRun(BareOptions + Arguments{"--timeout", "60000", server.ResourceName(), first, second}));
   server.WaitForReceived("SLOW?\r\n");
   process.Signal(SIGINT);
   server.Send("answer\n");
@@ -48,7 +48,7 @@ TEST(Interrupt, RequestToTerminateCountsAlike) {
 
 TEST(Interrupt, LetsTheLineComeToItsEnd) {
   ScriptedServer server({});
-  Process process(PorticoRun(kBare + Arguments{"--timeout", "60000", server.ResourceName()}));
+  Process process(PorticoRun(BareOptions + Arguments{"--timeout", "60000", server.ResourceName()}));
   process.Write("SLOW?\n*RST\n");
   server.WaitForReceived("SLOW?\r\n");
   process.Signal(SIGINT);
@@ -62,7 +62,7 @@ TEST(Interrupt, LetsTheLineComeToItsEnd) {
 }
 
 TEST(Interrupt, OnceInAPacingWaitEndsTheRunAtTheLineBoundary) {
-  Process process(PorticoRun(Paced("1500") + Arguments{kSimulated}));
+  Process process(PorticoRun(Paced("1500") + Arguments{SimulatedMeter}));
   process.Write("*CLS\n*RST\n*IDN?\n");
   process.WaitForOutput("> *CLS\n* *OPC?\n< 1\n");
   process.Signal(SIGINT);

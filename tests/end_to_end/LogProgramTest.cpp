@@ -16,10 +16,10 @@ Outcome RunLog(const Arguments& arguments, std::string_view input = {}) {
   return process.Wait();
 }
 
-const std::string kExample = GoldenPath("log-example.xml").string();
+const std::string Example = GoldenPath("log-example.xml").string();
 
 TEST(LogProgramTest, ShowsALog) {
-  const auto outcome = RunLog({"show", kExample});
+  const auto outcome = RunLog({"show", Example});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "# session from 2004-11-01T16:42:09.000000001-5:00 to 2004-11-01T16:42:15.000000000-5:00\n"
                          "2004-11-01T16:42:11.000000000-5:00 > *IDN?\n"
@@ -28,15 +28,15 @@ TEST(LogProgramTest, ShowsALog) {
 }
 
 TEST(LogProgramTest, ReadsStandardInput) {
-  std::ifstream file(kExample, std::ios::binary);
+  std::ifstream file(Example, std::ios::binary);
   const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
   EXPECT_EQ(RunLog({"export", "--format", "cmd", "-"}, bytes).out, "*IDN?\n");
 }
 
 TEST(LogProgramTest, TheCommandsItExportsRun) {
   const CommandFiles files;
-  const std::string path = files.Add("again.cmd", RunLog({"export", "--format", "cmd", kExample}).out);
-  const auto outcome = RunPortico(kBare + Arguments{kSimulated, path});
+  const std::string path = files.Add("again.cmd", RunLog({"export", "--format", "cmd", Example}).out);
+  const auto outcome = RunPortico(BareOptions + Arguments{SimulatedMeter, path});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out.substr(0, 9), "> *IDN?\n<");
 }
@@ -44,23 +44,23 @@ TEST(LogProgramTest, TheCommandsItExportsRun) {
 TEST(LogProgramTest, ALogThatIsNoneFailsAndTheOthersAreRead) {
   const CommandFiles files;
   const std::string bad = files.Add("bad.xml", "no log");
-  const auto outcome = RunLog({"stats", bad, kExample});
+  const auto outcome = RunLog({"stats", bad, Example});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err, "portico-log: " + bad + ": line 1: syntax error\n");
-  EXPECT_NE(outcome.out.find(kExample), std::string::npos);
+  EXPECT_NE(outcome.out.find(Example), std::string::npos);
 }
 
 TEST(LogProgramTest, WrongUsageIsTold) {
   EXPECT_EQ(RunLog({}).status, 2);
   EXPECT_EQ(RunLog({"show"}).status, 2);
-  const auto outcome = RunLog({"export", "--format", "pdf", kExample});
+  const auto outcome = RunLog({"export", "--format", "pdf", Example});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err, "portico-log: --format pdf: use csv, json or cmd\n");
   EXPECT_EQ(RunLog({"--version"}).out, "portico-log 1.0.5\n");
 }
 
 TEST(LogProgramTest, AFullDiskIsTold) {
-  Process process({"/bin/sh", "-c", "exec \"$0\" show \"$1\" > /dev/full", PORTICO_LOG, kExample});
+  Process process({"/bin/sh", "-c", "exec \"$0\" show \"$1\" > /dev/full", PORTICO_LOG, Example});
   const auto outcome = process.Wait();
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err, "portico-log: the output cannot be written\n");
@@ -68,7 +68,7 @@ TEST(LogProgramTest, AFullDiskIsTold) {
 
 TEST(LogProgramTest, AClosedPipeEndsItQuietly) {
   for (const char* trap : {"", "trap '' PIPE; "}) {
-    Process process({"/bin/sh", "-c", std::string(trap) + "\"$0\" show \"$1\" | true", PORTICO_LOG, kExample});
+    Process process({"/bin/sh", "-c", std::string(trap) + "\"$0\" show \"$1\" | true", PORTICO_LOG, Example});
     const auto outcome = process.Wait();
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");

@@ -7,7 +7,7 @@
 namespace portico::test {
 namespace {
 
-const std::string kFirstSteps = std::string(PORTICO_EXAMPLES) + "/first-steps.cmd";
+const std::string FirstSteps = std::string(PORTICO_EXAMPLES) + "/first-steps.cmd";
 
 class Log : public testing::Test {
 protected:
@@ -18,14 +18,14 @@ protected:
 };
 
 TEST_F(Log, FirstStepsOnTheSimulatedMultimeter) {
-  const Outcome outcome = RunPortico({"--log", Path, kSimulated, kFirstSteps});
+  const Outcome outcome = RunPortico({"--log", Path, SimulatedMeter, FirstSteps});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
   ExpectGolden("portico-run-first-steps-log.xml", WithoutStamps(Content()));
 }
 
 TEST_F(Log, HoldsTheConversationButForRemarksAndBlankLines) {
-  const Outcome outcome = RunPortico({"--log", Path, kSimulated, kFirstSteps});
+  const Outcome outcome = RunPortico({"--log", Path, SimulatedMeter, FirstSteps});
   EXPECT_NE(outcome.out, "");
   EXPECT_EQ(Told(Content()), WithoutLines(outcome.out, "# "));
 }
@@ -36,7 +36,7 @@ TEST_F(Log, AndOutputHoldBracesAndBackslashesAsTheyCame) {
                                {"LINES?", Reaction::Answer("one\\par two\n")},
                                {"OPEN?", Reaction::Answer("a{b\n")},
                                {"CLOSE?", Reaction::Answer("a}b\n")}});
-  const Outcome outcome = RunPortico(kBare + Arguments{"--log", Path, server.ResourceName()},
+  const Outcome outcome = RunPortico(BareOptions + Arguments{"--log", Path, server.ResourceName()},
                                      "JSON?\nPATH?\nLINES?\nOPEN?\nCLOSE?\nDISP:TEXT \"{A}\"\n");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "> JSON?\n< {\"volt\":1.5}\n"
@@ -49,16 +49,16 @@ TEST_F(Log, AndOutputHoldBracesAndBackslashesAsTheyCame) {
 }
 
 TEST_F(Log, ConversationIsPrintedAsWithoutALog) {
-  EXPECT_EQ(RunPortico({"--log", Path, kSimulated, kFirstSteps}).out, RunPortico({kSimulated, kFirstSteps}).out);
+  EXPECT_EQ(RunPortico({"--log", Path, SimulatedMeter, FirstSteps}).out, RunPortico({SimulatedMeter, FirstSteps}).out);
 }
 
 TEST_F(Log, IsKeptThoughNothingIsPrinted) {
-  EXPECT_EQ(RunPortico(kBare + Arguments{"--quiet", "--log", Path, kSimulated}, "*OPC?\n").out, "");
+  EXPECT_EQ(RunPortico(BareOptions + Arguments{"--quiet", "--log", Path, SimulatedMeter}, "*OPC?\n").out, "");
   EXPECT_EQ(Told(Content()), "> *OPC?\n< 1\n");
 }
 
 TEST_F(Log, OfARunWithoutLinesHasAnEmptySession) {
-  EXPECT_EQ(RunPortico({"--log", Path, kSimulated}).status, 0);
+  EXPECT_EQ(RunPortico({"--log", Path, SimulatedMeter}).status, 0);
   const std::string log = Content();
   EXPECT_EQ(CountOf(log, "<Session "), 1);
   EXPECT_EQ(CountOf(log, "SessionCloseTimeStamp=\""), 1);
@@ -66,9 +66,9 @@ TEST_F(Log, OfARunWithoutLinesHasAnEmptySession) {
 }
 
 TEST_F(Log, ThatExistsIsExtendedByASession) {
-  ASSERT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*OPC?\n").status, 0);
+  ASSERT_EQ(RunPortico(BareOptions + Arguments{"--log", Path, SimulatedMeter}, "*OPC?\n").status, 0);
   const std::string before = Content();
-  EXPECT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*CLS\n").status, 0);
+  EXPECT_EQ(RunPortico(BareOptions + Arguments{"--log", Path, SimulatedMeter}, "*CLS\n").status, 0);
   const std::string log = Content();
   EXPECT_TRUE(IsComplete(log));
   EXPECT_EQ(log.compare(0, before.rfind("</SCPICommLog>"), before, 0, before.rfind("</SCPICommLog>")), 0);
@@ -83,7 +83,7 @@ TEST_F(Log, OfRunsInOneSecondHoldsEachStampOnce) {
   for (int tries = 0; tries < 40 && SecondsOf(log).size() != 1; ++tries) {
     std::filesystem::remove(Path);
     for (int run = 0; run < 4; ++run) {
-      ASSERT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*OPC?\n").status, 0);
+      ASSERT_EQ(RunPortico(BareOptions + Arguments{"--log", Path, SimulatedMeter}, "*OPC?\n").status, 0);
     }
     log = Content();
   }
@@ -95,8 +95,9 @@ TEST_F(Log, OfRunsInOneSecondHoldsEachStampOnce) {
 }
 
 TEST_F(Log, OfTwoRunsAtTheSameTimeHoldsEachEntitysStampOnce) {
-  const Arguments command = PorticoRun(kBare + Arguments{"--quiet", "--log", Path, kSimulated});
-  ASSERT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}).status, 0); // so that neither has to make it
+  const Arguments command = PorticoRun(BareOptions + Arguments{"--quiet", "--log", Path, SimulatedMeter});
+  ASSERT_EQ(RunPortico(BareOptions + Arguments{"--log", Path, SimulatedMeter}).status,
+            0); // so that neither has to make it
   std::string lines;
   for (int line = 0; line < 50; ++line) lines += "*OPC?\n";
   Process first(command);
@@ -116,22 +117,22 @@ TEST_F(Log, OfTwoRunsAtTheSameTimeHoldsEachEntitysStampOnce) {
 }
 
 TEST_F(Log, IsBegunAnewOnRequest) {
-  ASSERT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*OPC?\n").status, 0);
-  EXPECT_EQ(RunPortico(kBare + Arguments{"--overwrite", "--log", Path, kSimulated}, "*CLS\n").status, 0);
+  ASSERT_EQ(RunPortico(BareOptions + Arguments{"--log", Path, SimulatedMeter}, "*OPC?\n").status, 0);
+  EXPECT_EQ(RunPortico(BareOptions + Arguments{"--overwrite", "--log", Path, SimulatedMeter}, "*CLS\n").status, 0);
   EXPECT_EQ(CountOf(Content(), "<Session "), 1);
   EXPECT_EQ(Told(Content()), "> *CLS\n");
 }
 
 TEST_F(Log, OfAnyFileCanBeBegunAnewOnRequest) {
   Files.Add("run.xml", "no log");
-  EXPECT_EQ(RunPortico(kBare + Arguments{"--overwrite", "--log", Path, kSimulated}, "*CLS\n").status, 0);
+  EXPECT_EQ(RunPortico(BareOptions + Arguments{"--overwrite", "--log", Path, SimulatedMeter}, "*CLS\n").status, 0);
   EXPECT_EQ(Told(Content()), "> *CLS\n");
 }
 
 TEST_F(Log, ThatCannotBeMadeEndsTheRunBeforeTheInstrumentIsOpened) {
   const ScriptedServer server({});
   for (const std::string& path : {Files.Folder() + "/absent/run.xml", Files.Folder()}) {
-    const Outcome outcome = RunPortico(kBare + Arguments{"--log", path, server.ResourceName()}, "*CLS\n");
+    const Outcome outcome = RunPortico(BareOptions + Arguments{"--log", path, server.ResourceName()}, "*CLS\n");
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err.find("portico-run: cannot log to " + path + ": "), 0U) << outcome.err;
@@ -144,7 +145,7 @@ TEST_F(Log, IsNotMadeOfAnotherFile) {
   const ScriptedServer server({});
   for (const std::string text : {"*CLS\n", "", "<Other/>", "<SCPICommLog></SCPICommLog>"}) {
     Files.Add("run.xml", text);
-    EXPECT_EQ(RunPortico(kBare + Arguments{"--log", Path, server.ResourceName()}, "*CLS\n").status, 2) << text;
+    EXPECT_EQ(RunPortico(BareOptions + Arguments{"--log", Path, server.ResourceName()}, "*CLS\n").status, 2) << text;
     EXPECT_EQ(Content(), text);
   }
   EXPECT_EQ(server.Connections(), 0U);
@@ -152,7 +153,7 @@ TEST_F(Log, IsNotMadeOfAnotherFile) {
 
 TEST_F(Log, IsOnDiskBeforeTheNextLineRuns) {
   const ScriptedServer server({{"A?", Reaction::Answer("1\n")}});
-  Process process(PorticoRun(kBare + Arguments{"--log", Path, server.ResourceName()}));
+  Process process(PorticoRun(BareOptions + Arguments{"--log", Path, server.ResourceName()}));
   process.Write("A?\n*CLS\n");
   server.WaitForReceived("*CLS\r\n");
   const std::string log = Content();
@@ -162,7 +163,7 @@ TEST_F(Log, IsOnDiskBeforeTheNextLineRuns) {
 }
 
 TEST_F(Log, GrowsWhileTheInputStaysOpen) {
-  Process process(PorticoRun(kBare + Arguments{"--log", Path, kSimulated}));
+  Process process(PorticoRun(BareOptions + Arguments{"--log", Path, SimulatedMeter}));
   std::string told;
   for (int turn = 0; turn < 3; ++turn) {
     process.Write("*OPC?\n");
@@ -180,7 +181,7 @@ TEST_F(Log, GrowsWhileTheInputStaysOpen) {
 }
 
 TEST_F(Log, OfAnInterruptedRunHasItsSessionClosed) {
-  Process process(PorticoRun(kBare + Arguments{"--log", Path, kSimulated}));
+  Process process(PorticoRun(BareOptions + Arguments{"--log", Path, SimulatedMeter}));
   process.Write("*OPC?\n");
   process.WaitForOutput("< 1\n");
   process.Signal(SIGINT);
@@ -190,7 +191,7 @@ TEST_F(Log, OfAnInterruptedRunHasItsSessionClosed) {
 }
 
 TEST_F(Log, OfARunThatEndsAtABadLineHasItsSessionClosed) {
-  EXPECT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*CLS\n\xFF\n").status, 2);
+  EXPECT_EQ(RunPortico(BareOptions + Arguments{"--log", Path, SimulatedMeter}, "*CLS\n\xFF\n").status, 2);
   EXPECT_EQ(Told(Content()), "> *CLS\n");
   EXPECT_EQ(CountOf(Content(), "SessionCloseTimeStamp=\""), 1);
 }
@@ -198,7 +199,7 @@ TEST_F(Log, OfARunThatEndsAtABadLineHasItsSessionClosed) {
 TEST_F(Log, OfAKilledRunIsCompleteAndCanBeExtended) {
   {
     const ScriptedServer server({});
-    Process process(PorticoRun(kBare + Arguments{"--log", Path, server.ResourceName()}));
+    Process process(PorticoRun(BareOptions + Arguments{"--log", Path, server.ResourceName()}));
     process.Write("*CLS\n*RST\n");
     server.WaitForReceived("*RST\r\n");
     process.Signal(SIGKILL);
@@ -206,7 +207,7 @@ TEST_F(Log, OfAKilledRunIsCompleteAndCanBeExtended) {
   }
   EXPECT_TRUE(IsComplete(Content()));
   EXPECT_EQ(Told(Content()).find("> *CLS\n"), 0U);
-  EXPECT_EQ(RunPortico(kBare + Arguments{"--log", Path, kSimulated}, "*OPC?\n").status, 0);
+  EXPECT_EQ(RunPortico(BareOptions + Arguments{"--log", Path, SimulatedMeter}, "*OPC?\n").status, 0);
   const std::string told = Told(Content());
   EXPECT_EQ(told.substr(told.size() - std::string("> *OPC?\n< 1\n").size()), "> *OPC?\n< 1\n");
   EXPECT_EQ(CountOf(Content(), "<Session "), 2);
@@ -216,7 +217,7 @@ TEST_F(Log, OfAKilledRunIsCompleteAndCanBeExtended) {
 TEST_F(Log, HoldsWhatTheDriverSaysOfAFailure) {
   const ScriptedServer server({});
   const Outcome outcome =
-      RunPortico(kBare + Arguments{"--timeout", "50", "--log", Path, server.ResourceName()}, "A?\n");
+      RunPortico(BareOptions + Arguments{"--timeout", "50", "--log", Path, server.ResourceName()}, "A?\n");
   EXPECT_EQ(outcome.status, 4);
   EXPECT_EQ(CountLines(outcome.out), 2);
   EXPECT_EQ(Told(Content()), outcome.out);
@@ -226,7 +227,8 @@ TEST_F(Log, ThatMayNotGrowAnyMoreStaysWholeAndTheRunGoesOn) {
   std::string lines;
   for (int i = 0; i < 40; ++i) lines += "*OPC?\n";
   std::string command = "ulimit -f 4; exec \"$0\" \"$@\""; // blocks of 512 or 1024 bytes
-  Process process(Arguments{"/bin/sh", "-c", command} + PorticoRun(kBare + Arguments{"--log", Path, kSimulated}));
+  Process process(Arguments{"/bin/sh", "-c", command} +
+                  PorticoRun(BareOptions + Arguments{"--log", Path, SimulatedMeter}));
   process.Write(lines);
   const Outcome outcome = process.Wait();
   EXPECT_EQ(outcome.status, 5);
@@ -237,7 +239,7 @@ TEST_F(Log, ThatMayNotGrowAnyMoreStaysWholeAndTheRunGoesOn) {
 }
 
 TEST_F(Log, IsMissingWhenNobodyAsksForIt) {
-  EXPECT_EQ(RunPortico({"--overwrite", kSimulated}, "*CLS\n").status, 2);
+  EXPECT_EQ(RunPortico({"--overwrite", SimulatedMeter}, "*CLS\n").status, 2);
   EXPECT_FALSE(std::filesystem::exists(Path));
 }
 

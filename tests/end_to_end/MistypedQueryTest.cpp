@@ -3,7 +3,7 @@
 namespace portico::test {
 namespace {
 
-const Arguments kBrief = {"--timeout", "500"};
+const Arguments Brief = {"--timeout", "500"};
 
 /// What is shown when the first line that a user ever sends is a query that the instrument does not know.
 std::string FirstQuery(const std::string& particulars) {
@@ -12,7 +12,7 @@ std::string FirstQuery(const std::string& particulars) {
 }
 
 /// A supply that is set, asked for nonsense, and asked for its settings, which survive the lost connection.
-const std::string kSupply = "VOLT 5\nOUTP ON\nFOO:BAR?\nVOLT?\nOUTP?\nSYST:ERR?\n";
+const std::string Supply = "VOLT 5\nOUTP ON\nFOO:BAR?\nVOLT?\nOUTP?\nSYST:ERR?\n";
 
 std::string SupplyTranscript(const std::string& particulars) {
   return "> VOLT 5\n> OUTP ON\n> FOO:BAR?\n< Timeout expired before the answer was complete: " + particulars +
@@ -26,25 +26,25 @@ std::string Particulars(const SimulatorProgram& simulator) {
 }
 
 TEST(MistypedQuery, IsToldByTheBuiltInInstrument) {
-  const Outcome outcome = RunPortico(kBrief + Arguments{kSimulated}, "FOO:BAR?\n");
+  const Outcome outcome = RunPortico(Brief + Arguments{SimulatedMeter}, "FOO:BAR?\n");
   EXPECT_EQ(outcome.status, 4);
   EXPECT_EQ(outcome.out, FirstQuery("dmm"));
 }
 
 TEST(MistypedQuery, IsToldOverTcp) {
   const SimulatorProgram simulator;
-  const Outcome outcome = RunPortico(kBrief + Arguments{simulator.ResourceName()}, "FOO:BAR?\n");
+  const Outcome outcome = RunPortico(Brief + Arguments{simulator.ResourceName()}, "FOO:BAR?\n");
   EXPECT_EQ(outcome.status, 4);
   EXPECT_EQ(outcome.out, FirstQuery(Particulars(simulator)));
 }
 
 TEST(MistypedQuery, LeavesTheBuiltInSupplyAsItIs) {
-  EXPECT_EQ(RunPortico(kBrief + kBare + Arguments{"SIM::psu::INSTR"}, kSupply).out, SupplyTranscript("psu"));
+  EXPECT_EQ(RunPortico(Brief + BareOptions + Arguments{"SIM::psu::INSTR"}, Supply).out, SupplyTranscript("psu"));
 }
 
 TEST(MistypedQuery, LeavesTheSupplyAsItIsOverTcp) {
   const SimulatorProgram simulator({"--device", "psu"});
-  EXPECT_EQ(RunPortico(kBrief + kBare + Arguments{simulator.ResourceName()}, kSupply).out,
+  EXPECT_EQ(RunPortico(Brief + BareOptions + Arguments{simulator.ResourceName()}, Supply).out,
             SupplyTranscript(Particulars(simulator)));
 }
 

@@ -13,11 +13,11 @@ namespace portico::test {
 
 using Arguments = std::vector<std::string>;
 
-inline const std::string kSimulated = "SIM::dmm::INSTR";
+inline const std::string SimulatedMeter = "SIM::dmm::INSTR";
 
 /// Lines go out alone, without pacing and error checks.
-inline const Arguments kBare = {"--option", "SCPIProtocolOPCPacing=Off", "--option",
-                                "SCPIProtocolAutoErrorChecking=Off"};
+inline const Arguments BareOptions = {"--option", "SCPIProtocolOPCPacing=Off", "--option",
+                                      "SCPIProtocolAutoErrorChecking=Off"};
 
 inline Arguments operator+(Arguments left, const Arguments& right) {
   left.insert(left.end(), right.begin(), right.end());

@@ -4,26 +4,26 @@ namespace portico::test {
 namespace {
 
 /// Lines of all kinds, none of which an automatic text begins.
-const std::string kLines = "REM a conversation\n"
-                           "*RST\n"
-                           "  *CLS  \n"
-                           "*idn?\n"
-                           "\n"
-                           "CONF:VOLT:DC 10\n"
-                           "READ?\n"
-                           "MEAS:VOLT:DC?;:MEAS:RES?\n"
-                           "DISP:TEXT \"WHY?\"\n"
-                           "DISP:TEXT?\n"
-                           "DISP:TEXT 'caf\xC3\xA9 {1} C:\\temp'\n"
-                           "FOO\n"
-                           "\xC2\xA9*OPC?\n"
-                           "\xC2\xAE+1.0\n"
-                           "OPEN the door\n"
-                           "rem no remark\n"
-                           "REM\tno remark\n"
-                           "VOLT 1 REM no remark\n"
-                           "*ESR?\n"
-                           "READ?\n";
+const std::string RunLines = "REM a conversation\n"
+                             "*RST\n"
+                             "  *CLS  \n"
+                             "*idn?\n"
+                             "\n"
+                             "CONF:VOLT:DC 10\n"
+                             "READ?\n"
+                             "MEAS:VOLT:DC?;:MEAS:RES?\n"
+                             "DISP:TEXT \"WHY?\"\n"
+                             "DISP:TEXT?\n"
+                             "DISP:TEXT 'caf\xC3\xA9 {1} C:\\temp'\n"
+                             "FOO\n"
+                             "\xC2\xA9*OPC?\n"
+                             "\xC2\xAE+1.0\n"
+                             "OPEN the door\n"
+                             "rem no remark\n"
+                             "REM\tno remark\n"
+                             "VOLT 1 REM no remark\n"
+                             "*ESR?\n"
+                             "READ?\n";
 
 struct Setting {
   std::string Name;
@@ -49,7 +49,7 @@ protected:
   /// Runs the lines on `instrument`, and what the log exports on `fresh`, which is in the same state as that was.
   void ExpectTheSameAgain(const std::string& instrument, const std::string& fresh) const {
     const std::string log = Files.Folder() + "/log.xml";
-    const std::string once = LogOf(log, instrument, Files.Add("lines.cmd", kLines));
+    const std::string once = LogOf(log, instrument, Files.Add("lines.cmd", RunLines));
     EXPECT_EQ(CountOf(once, "<Instruction "), 16);
     const std::string again = LogOf(Files.Folder() + "/again.xml", fresh, Export(log));
     EXPECT_EQ(WithoutStamps(again), WithoutStamps(once));
@@ -58,7 +58,7 @@ protected:
   const CommandFiles Files;
 };
 
-TEST_P(RepeatedRun, OfAnExportedLogGivesTheSameConversation) { ExpectTheSameAgain(kSimulated, kSimulated); }
+TEST_P(RepeatedRun, OfAnExportedLogGivesTheSameConversation) { ExpectTheSameAgain(SimulatedMeter, SimulatedMeter); }
 
 TEST_P(RepeatedRun, IsTheSameOnAnotherServerWithTheSameSeed) {
   const Arguments seed = {"--seed", "77"};
@@ -68,7 +68,7 @@ TEST_P(RepeatedRun, IsTheSameOnAnotherServerWithTheSameSeed) {
 }
 
 INSTANTIATE_TEST_SUITE_P(, RepeatedRun,
-                         testing::Values(Setting{"Defaults", {}}, Setting{"Bare", kBare},
+                         testing::Values(Setting{"Defaults", {}}, Setting{"Bare", BareOptions},
                                          Setting{"NoAutoRead", {"--option", "SCPIProtocolAutoReadAfterQuery=Off"}},
                                          Setting{"OwnErrorQuery",
                                                  {"--option",

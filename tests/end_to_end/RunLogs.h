@@ -23,14 +23,14 @@ inline long CountOf(const std::string& text, const std::string& part) {
   return count;
 }
 
-inline const std::regex kStamp(R"re((\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d)\.\d{9}-5:00)re");
+inline const std::regex Stamp(R"re((\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d)\.\d{9}-5:00)re");
 
 /// A log with one text in the place of every stamp.
-inline std::string WithoutStamps(const std::string& log) { return std::regex_replace(log, kStamp, "STAMP"); }
+inline std::string WithoutStamps(const std::string& log) { return std::regex_replace(log, Stamp, "STAMP"); }
 
 /// Those of sessions and entities, in order.
 inline std::vector<std::string> StampsOf(const std::string& log) {
-  return {std::sregex_token_iterator(log.begin(), log.end(), kStamp), std::sregex_token_iterator()};
+  return {std::sregex_token_iterator(log.begin(), log.end(), Stamp), std::sregex_token_iterator()};
 }
 
 /// Those of entities, in order. A session's may stand there twice: it goes on behind what others wrote into the log.
@@ -41,7 +41,7 @@ inline std::vector<std::string> EntityStampsOf(const std::string& log) {
 
 /// The seconds into which all stamps fall.
 inline std::set<std::string> SecondsOf(const std::string& log) {
-  return {std::sregex_token_iterator(log.begin(), log.end(), kStamp, 1), std::sregex_token_iterator()};
+  return {std::sregex_token_iterator(log.begin(), log.end(), Stamp, 1), std::sregex_token_iterator()};
 }
 
 /// The ASCII text of a payload, without its line end.
@@ -57,9 +57,9 @@ inline std::string FromPayload(const std::string& hexadecimal) {
 
 /// What a log tells, as `portico-run` would print it. Good for answers of one line.
 inline std::string Told(const std::string& log) {
-  static const std::regex kEntity(R"re(<(\w+) DataType="(\w+)" Timestamp="[^"]+">\s*<!\[CDATA\[([0-9A-F]*)\]\]>)re");
+  static const std::regex Entity(R"re(<(\w+) DataType="(\w+)" Timestamp="[^"]+">\s*<!\[CDATA\[([0-9A-F]*)\]\]>)re");
   std::string told;
-  for (std::sregex_iterator entity(log.begin(), log.end(), kEntity), end; entity != end; ++entity) {
+  for (std::sregex_iterator entity(log.begin(), log.end(), Entity), end; entity != end; ++entity) {
     const std::string type = (*entity)[1];
     if (type != (*entity)[2]) throw std::runtime_error("an element of two types: " + entity->str());
     told += type == "Instruction" ? "> " : type == "AutomaticInstruction" ? "* " : type == "Response" ? "< " : "! ";

@@ -5,15 +5,15 @@
 namespace portico::test {
 namespace {
 
-const std::string kFirstSteps = std::string(PORTICO_EXAMPLES) + "/first-steps.cmd";
+const std::string FirstSteps = std::string(PORTICO_EXAMPLES) + "/first-steps.cmd";
 
 TEST(SimulatorProgram, FirstStepsOverTcpGiveTheTranscriptOfTheBuiltInInstrument) {
   const SimulatorProgram simulator;
-  const Outcome outcome = RunPortico({simulator.ResourceName(), kFirstSteps});
+  const Outcome outcome = RunPortico({simulator.ResourceName(), FirstSteps});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
   EXPECT_NE(outcome.out, "");
-  EXPECT_EQ(outcome.out, RunPortico({kSimulated, kFirstSteps}).out);
+  EXPECT_EQ(outcome.out, RunPortico({SimulatedMeter, FirstSteps}).out);
 }
 
 TEST(SimulatorProgram, ListensOnTheLoopbackUnlessTold) {
@@ -23,8 +23,8 @@ TEST(SimulatorProgram, ListensOnTheLoopbackUnlessTold) {
 
 TEST(SimulatorProgram, ServesClientsSideBySide) {
   const SimulatorProgram simulator;
-  Process one(PorticoRun(kBare + Arguments{simulator.ResourceName()}));
-  Process two(PorticoRun(kBare + Arguments{simulator.ResourceName()}));
+  Process one(PorticoRun(BareOptions + Arguments{simulator.ResourceName()}));
+  Process two(PorticoRun(BareOptions + Arguments{simulator.ResourceName()}));
   one.Write("SENS:VOLT:DC:NPLC 10\nSENS:VOLT:DC:NPLC?\n");
   one.WaitForOutput("< +1.00000000E+01\n");
   two.Write("SENS:VOLT:DC:NPLC?\n");
@@ -37,14 +37,14 @@ TEST(SimulatorProgram, ServesClientsSideBySide) {
 
 TEST(SimulatorProgram, ServesOneInstrumentForAsLongAsItRuns) {
   const SimulatorProgram simulator({"--device", "psu"});
-  RunPortico(kBare + Arguments{simulator.ResourceName()}, "VOLT 5\nOUTP ON\n*OPC?\n");
-  const Outcome outcome = RunPortico(kBare + Arguments{simulator.ResourceName()}, "VOLT?\nOUTP?\n");
+  RunPortico(BareOptions + Arguments{simulator.ResourceName()}, "VOLT 5\nOUTP ON\n*OPC?\n");
+  const Outcome outcome = RunPortico(BareOptions + Arguments{simulator.ResourceName()}, "VOLT?\nOUTP?\n");
   EXPECT_EQ(outcome.out, "> VOLT?\n< +5.00000000E+00\n> OUTP?\n< 1\n");
 }
 
 TEST(SimulatorProgram, ServesTheDeviceThatIsAskedFor) {
   const SimulatorProgram simulator({"--device", "psu"});
-  const Outcome outcome = RunPortico(kBare + Arguments{simulator.ResourceName()}, "*IDN?\n");
+  const Outcome outcome = RunPortico(BareOptions + Arguments{simulator.ResourceName()}, "*IDN?\n");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_NE(outcome.out.find("PSU"), std::string::npos) << outcome.out;
 }
@@ -52,7 +52,8 @@ TEST(SimulatorProgram, ServesTheDeviceThatIsAskedFor) {
 TEST(SimulatorProgram, BlockWithLineFeedsIsReadWhole) {
   const SimulatorProgram simulator;
   // The waveform holds line feeds; were it cut at one, the identity would not be the next answer.
-  const Outcome outcome = RunPortico(kBare + Arguments{simulator.ResourceName()}, "TRAC:POIN 500\nTRAC:DATA?\n*IDN?\n");
+  const Outcome outcome =
+      RunPortico(BareOptions + Arguments{simulator.ResourceName()}, "TRAC:POIN 500\nTRAC:DATA?\n*IDN?\n");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_GT(CountLines(outcome.out), 5);
   EXPECT_TRUE(outcome.out.ends_with("> *IDN?\n< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n"));
@@ -61,7 +62,7 @@ TEST(SimulatorProgram, BlockWithLineFeedsIsReadWhole) {
 TEST(SimulatorProgram, AnswerThatComesTooLateIsNotTakenForTheNextOne) {
   const SimulatorProgram simulator;
   // The late answer is on its way while the next query waits for its own, which takes half a second.
-  const Outcome outcome = RunPortico(kBare + Arguments{"--timeout", "1000", simulator.ResourceName()},
+  const Outcome outcome = RunPortico(BareOptions + Arguments{"--timeout", "1000", simulator.ResourceName()},
                                      "SIM:DEL 1.2\n*IDN?\nSIM:DEL 0.5\n*OPC?\n*IDN?\n");
   EXPECT_EQ(outcome.status, 4);
   EXPECT_NE(outcome.out.find("> *IDN?\n< Timeout expired before the answer was complete"), std::string::npos)

@@ -44,7 +44,7 @@ protected:
   Outcome Run(const std::string& redirections, const Arguments& arguments, const std::string& input = {}) const {
     const std::string assignments = "T='" + Terminal.Name() + "' F='" + OutputFile() + "'; ";
     Process process(Arguments{"/bin/sh", "-c", assignments + "exec \"$0\" \"$@\" " + redirections, PORTICO_RUN} +
-                    kBare + arguments);
+                    BareOptions + arguments);
     process.Write(input);
     return process.Wait();
   }
@@ -58,7 +58,7 @@ protected:
 class ProgressLine : public OnATerminal {};
 
 TEST_F(ProgressLine, StandsOnTheTerminalWhileTheConversationGoesElsewhere) {
-  EXPECT_EQ(Run("2>\"$T\" >\"$F\"", {kSimulated, Lines}).status, 0);
+  EXPECT_EQ(Run("2>\"$T\" >\"$F\"", {SimulatedMeter, Lines}).status, 0);
   const std::string shown = Terminal.Shown();
   EXPECT_EQ(shown.find("\r1 of 5 lines"), 0U) << shown;
   EXPECT_EQ(shown.find('\n'), std::string::npos) << shown;
@@ -67,7 +67,7 @@ TEST_F(ProgressLine, StandsOnTheTerminalWhileTheConversationGoesElsewhere) {
 }
 
 TEST_F(ProgressLine, KnowsNoTotalOfStandardInput) {
-  EXPECT_EQ(Run("2>\"$T\" >\"$F\"", {kSimulated}, "*CLS\n*RST\n").status, 0);
+  EXPECT_EQ(Run("2>\"$T\" >\"$F\"", {SimulatedMeter}, "*CLS\n*RST\n").status, 0);
   const std::string shown = Terminal.Shown();
   EXPECT_EQ(shown.find("\r1 line"), 0U) << shown;
   EXPECT_EQ(shown.find(" of "), std::string::npos) << shown;
@@ -75,7 +75,7 @@ TEST_F(ProgressLine, KnowsNoTotalOfStandardInput) {
 
 TEST_F(ProgressLine, GivesWayToAMessage) {
   const std::string bad = Files.Add("bad.cmd", "*CLS\nFOO\n*CLS\n");
-  EXPECT_EQ(Run("2>\"$T\" >\"$F\"", {"--option", "SCPIProtocolAutoErrorChecking=On", kSimulated, bad}).status, 1);
+  EXPECT_EQ(Run("2>\"$T\" >\"$F\"", {"--option", "SCPIProtocolAutoErrorChecking=On", SimulatedMeter, bad}).status, 1);
   const std::string shown = Terminal.Shown();
   EXPECT_NE(shown.find("\r\x1B[Kportico-run: " + bad + ":2: the instrument reports -113,\"Undefined header\"\r\n"),
             std::string::npos)
@@ -83,18 +83,18 @@ TEST_F(ProgressLine, GivesWayToAMessage) {
 }
 
 TEST_F(ProgressLine, IsMissingWhenTheConversationIsOnTheTerminalToo) {
-  EXPECT_EQ(Run("2>\"$T\" >\"$T\"", {kSimulated, Lines}).status, 0);
+  EXPECT_EQ(Run("2>\"$T\" >\"$T\"", {SimulatedMeter, Lines}).status, 0);
   EXPECT_EQ(Terminal.Shown(), "> *CLS\r\n> *OPC?\r\n< 1\r\n# \r\n# REM three\r\n> *RST\r\n");
 }
 
 TEST_F(ProgressLine, IsMissingWhenMessagesGoElsewhere) {
-  EXPECT_EQ(Run("2>\"$F\" >\"$T\"", {kSimulated, Lines}).status, 0);
+  EXPECT_EQ(Run("2>\"$F\" >\"$T\"", {SimulatedMeter, Lines}).status, 0);
   EXPECT_EQ(BytesOf(OutputFile()), "");
   EXPECT_EQ(CountOf(Terminal.Shown(), "lines"), 0);
 }
 
 TEST_F(ProgressLine, IsMissingWithoutATerminal) {
-  const Outcome outcome = Run("", {kSimulated, Lines});
+  const Outcome outcome = Run("", {SimulatedMeter, Lines});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
 }

@@ -8,7 +8,7 @@
 namespace portico::test {
 namespace {
 
-const std::string kFirstSteps = std::string(PORTICO_EXAMPLES) + "/first-steps.cmd";
+const std::string FirstSteps = std::string(PORTICO_EXAMPLES) + "/first-steps.cmd";
 
 std::string Bytes(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
@@ -16,7 +16,7 @@ std::string Bytes(const std::string& path) {
 }
 
 TEST(Transcript, FirstStepsOnTheSimulatedMultimeter) {
-  const Outcome outcome = RunPortico({kSimulated, kFirstSteps});
+  const Outcome outcome = RunPortico({SimulatedMeter, FirstSteps});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
   ExpectGolden("portico-run-first-steps.txt", outcome.out);
@@ -24,39 +24,40 @@ TEST(Transcript, FirstStepsOnTheSimulatedMultimeter) {
 
 TEST(Transcript, OfAFirstQueryIsWhatTheReadmeShows) {
   const std::string readme = Bytes(std::string(PORTICO_EXAMPLES) + "/../README.md");
-  const Outcome outcome = RunPortico({kSimulated}, "MEAS:VOLT:DC?\n");
+  const Outcome outcome = RunPortico({SimulatedMeter}, "MEAS:VOLT:DC?\n");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_NE(readme.find("\nMEAS:VOLT:DC?\n" + outcome.out + "```\n"), std::string::npos) << outcome.out;
 }
 
 TEST(Transcript, StandardInputIsTheSameAsAFile) {
-  const Outcome outcome = RunPortico({kSimulated}, Bytes(kFirstSteps));
+  const Outcome outcome = RunPortico({SimulatedMeter}, Bytes(FirstSteps));
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.out, RunPortico({kSimulated, kFirstSteps}).out);
+  EXPECT_EQ(outcome.out, RunPortico({SimulatedMeter, FirstSteps}).out);
 }
 
 TEST(Transcript, CrLfFileIsTheSameAsAnLfFile) {
   const CommandFiles files;
-  std::string text = Bytes(kFirstSteps);
+  std::string text = Bytes(FirstSteps);
   const std::string plain = files.Add("lf.cmd", text);
   for (std::size_t end = text.find('\n'); end != std::string::npos; end = text.find('\n', end + 2)) {
     text.insert(end, "\r");
   }
-  const Outcome outcome = RunPortico({kSimulated, files.Add("crlf.cmd", text)});
+  const Outcome outcome = RunPortico({SimulatedMeter, files.Add("crlf.cmd", text)});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_NE(outcome.out, "");
-  EXPECT_EQ(outcome.out, RunPortico({kSimulated, plain}).out);
+  EXPECT_EQ(outcome.out, RunPortico({SimulatedMeter, plain}).out);
 }
 
 TEST(Transcript, ByteOrderMarkIsNoText) {
   const CommandFiles files;
-  const Outcome outcome = RunPortico(kBare + Arguments{kSimulated, files.Add("bom.cmd", "\xEF\xBB\xBF*CLS\n")});
+  const Outcome outcome =
+      RunPortico(BareOptions + Arguments{SimulatedMeter, files.Add("bom.cmd", "\xEF\xBB\xBF*CLS\n")});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "> *CLS\n");
 }
 
 TEST(Transcript, QuietLeavesStandardOutputEmpty) {
-  const Outcome outcome = RunPortico({"--quiet", kSimulated, kFirstSteps});
+  const Outcome outcome = RunPortico({"--quiet", SimulatedMeter, FirstSteps});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "");
   EXPECT_EQ(outcome.err, "");
@@ -66,7 +67,7 @@ TEST(Transcript, SeveralFilesAndStandardInputRunInTheOrderGiven) {
   const CommandFiles files;
   const std::string one = files.Add("one.cmd", "REM one\n");
   const std::string two = files.Add("two.cmd", "REM two\n");
-  EXPECT_EQ(RunPortico({kSimulated, two, "-", one, two}, "REM in between\n").out,
+  EXPECT_EQ(RunPortico({SimulatedMeter, two, "-", one, two}, "REM in between\n").out,
             "# REM two\n# REM in between\n# REM one\n# REM two\n");
 }
 
@@ -74,7 +75,7 @@ TEST(Transcript, MessagesNameTheFileAndTheLineNumber) {
   const CommandFiles files;
   const std::string one = files.Add("one.cmd", "*CLS\nFOO\n");
   const std::string two = files.Add("two.cmd", "\n\nBAR\n");
-  const Outcome outcome = RunPortico({kSimulated, one, "-", two}, "*CLS\nBAZ\n");
+  const Outcome outcome = RunPortico({SimulatedMeter, one, "-", two}, "*CLS\nBAZ\n");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err, "portico-run: " + one +
                              ":2: the instrument reports -113,\"Undefined header\"\n"
@@ -84,18 +85,18 @@ TEST(Transcript, MessagesNameTheFileAndTheLineNumber) {
 }
 
 TEST(Transcript, PastedHistorySendsItsInstructionsOnly) {
-  const Outcome outcome = RunPortico(kBare + Arguments{kSimulated}, "\xC2\xA9*OPC?\n"
-                                                                    "\xC2\xAE"
-                                                                    "1\n"
-                                                                    "*CLS\n"
-                                                                    "  \xC2\xAE+1.0\n"
-                                                                    "REM done\n");
+  const Outcome outcome = RunPortico(BareOptions + Arguments{SimulatedMeter}, "\xC2\xA9*OPC?\n"
+                                                                              "\xC2\xAE"
+                                                                              "1\n"
+                                                                              "*CLS\n"
+                                                                              "  \xC2\xAE+1.0\n"
+                                                                              "REM done\n");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "> *CLS\n# REM done\n");
 }
 
 TEST(Transcript, TypedCaseIsShownAsTyped) {
-  const Outcome outcome = RunPortico({kSimulated}, "*opc?\n");
+  const Outcome outcome = RunPortico({SimulatedMeter}, "*opc?\n");
   EXPECT_EQ(outcome.out, "> *OPC?\n< 1\n> *opc?\n< 1\n* :SYST:ERR?\n< 0,\"No error\"\n");
 }
 
@@ -106,7 +107,7 @@ TEST(Transcript, TenThousandLinesAllGetTheirAnswer) {
     lines += "*OPC?\n";
     expected += "> *OPC?\n< 1\n";
   }
-  const Outcome outcome = RunPortico(kBare + Arguments{kSimulated}, lines);
+  const Outcome outcome = RunPortico(BareOptions + Arguments{SimulatedMeter}, lines);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
   EXPECT_EQ(CountLines(outcome.out), 20'000);

@@ -4,7 +4,7 @@
 namespace portico::test {
 namespace {
 
-const std::string kInput = "portico-run: standard input:";
+const std::string Input = "portico-run: standard input:";
 
 std::string Peer(const ScriptedServer& server) { return "127.0.0.1, port " + std::to_string(server.Port()); }
 std::string Refused(const ScriptedServer& server) {
@@ -44,14 +44,14 @@ TEST_F(UnpluggedInstrument, ACauseThatRepeatsIsToldOnceWithItsCountAtTheEnd) {
   const Outcome outcome = Run({"--quiet"}, lines);
   EXPECT_EQ(outcome.status, 4);
   // Of the first line the last of three writes, of all others each.
-  EXPECT_EQ(outcome.err, kInput + "1" + Closed(server) + "\n" + kInput + "1" + Refused(server) + "\n" + kInput + "300" +
+  EXPECT_EQ(outcome.err, Input + "1" + Closed(server) + "\n" + Input + "1" + Refused(server) + "\n" + Input + "300" +
                              Refused(server) + " (898 times)\n");
 }
 
 TEST_F(UnpluggedInstrument, ARunOfWritesAloneTellsItLikewise) {
-  const Outcome outcome = Run(kBare, "BYE?\n*CLS\n*RST\n");
+  const Outcome outcome = Run(BareOptions, "BYE?\n*CLS\n*RST\n");
   EXPECT_EQ(outcome.status, 4);
-  EXPECT_EQ(outcome.err, kInput + "1" + Closed(server) + "\n" + kInput + "2" + Refused(server) + "\n" + kInput + "3" +
+  EXPECT_EQ(outcome.err, Input + "1" + Closed(server) + "\n" + Input + "2" + Refused(server) + "\n" + Input + "3" +
                              Refused(server) + " (2 times)\n");
   EXPECT_TRUE(outcome.out.ends_with("> *CLS\n> *RST\n")) << outcome.out;
 }
@@ -59,7 +59,7 @@ TEST_F(UnpluggedInstrument, ARunOfWritesAloneTellsItLikewise) {
 TEST_F(UnpluggedInstrument, ARunThatStopsAtErrorsStopsBehindTheLine) {
   const Outcome outcome = Run({"--stop-on-error"}, "BYE?\n*CLS\n");
   EXPECT_EQ(outcome.status, 4);
-  EXPECT_EQ(outcome.err, kInput + "1" + Closed(server) + "\n" + kInput + "1" + Refused(server) + "\n");
+  EXPECT_EQ(outcome.err, Input + "1" + Closed(server) + "\n" + Input + "1" + Refused(server) + "\n");
 }
 
 TEST(SilentInstrument, IsToldOnceWithItsCountAtTheEnd) {
@@ -69,7 +69,7 @@ TEST(SilentInstrument, IsToldOnceWithItsCountAtTheEnd) {
                            "::SOCKET: the connection was made anew; unread answers are lost";
   const std::string timeout = ": Timeout expired before the answer was complete: " + Peer(server) + ".";
   EXPECT_EQ(outcome.status, 4);
-  EXPECT_EQ(outcome.err, anew + "\n" + kInput + "1" + timeout + "\n" + anew + " (4 times)\n" + kInput + "2" + timeout +
+  EXPECT_EQ(outcome.err, anew + "\n" + Input + "1" + timeout + "\n" + anew + " (4 times)\n" + Input + "2" + timeout +
                              " (5 times)\n");
   EXPECT_EQ(server.Received(), "*OPC?\r\nQ?\r\n:SYST:ERR?\r\n*OPC?\r\n*CLS\r\n:SYST:ERR?\r\n");
 }

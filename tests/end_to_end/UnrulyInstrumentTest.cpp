@@ -4,7 +4,7 @@
 namespace portico::test {
 namespace {
 
-const Arguments kImpatient = kBare + Arguments{"--timeout", "200"};
+const Arguments Impatient = BareOptions + Arguments{"--timeout", "200"};
 
 std::string Peer(const ScriptedServer& server) { return "127.0.0.1, port " + std::to_string(server.Port()); }
 
@@ -15,7 +15,7 @@ std::string Notice(const ScriptedServer& server) {
 
 TEST(UnrulyInstrument, AfterATimeoutTheNextQueryGetsAFreshConnectionAndANotice) {
   const ScriptedServer server({{"FAST?", Reaction::Answer("fast\n")}});
-  const Outcome outcome = RunPortico(kImpatient + Arguments{server.ResourceName()}, "SLOW?\nFAST?\n");
+  const Outcome outcome = RunPortico(Impatient + Arguments{server.ResourceName()}, "SLOW?\nFAST?\n");
   const std::string timeout = "Timeout expired before the answer was complete: " + Peer(server) + ".\n";
   EXPECT_EQ(outcome.status, 4);
   EXPECT_EQ(outcome.out, "> SLOW?\n< " + timeout + "> FAST?\n< fast\n");
@@ -25,7 +25,7 @@ TEST(UnrulyInstrument, AfterATimeoutTheNextQueryGetsAFreshConnectionAndANotice) 
 
 TEST(UnrulyInstrument, LateAnswerHasNoRoadToTheNextQuery) {
   const ScriptedServer server({{"FAST?", Reaction::Answer("fast\n")}});
-  Process process(PorticoRun(kImpatient + Arguments{server.ResourceName()}));
+  Process process(PorticoRun(Impatient + Arguments{server.ResourceName()}));
   process.Write("SLOW?\n");
   process.WaitForOutput("< Timeout expired");
   server.WaitForNoClient();
@@ -38,7 +38,7 @@ TEST(UnrulyInstrument, LateAnswerHasNoRoadToTheNextQuery) {
 TEST(UnrulyInstrument, EachFreshConnectionIsTold) {
   const ScriptedServer server({{"FAST?", Reaction::Answer("fast\n")}});
   const Outcome outcome =
-      RunPortico(kImpatient + Arguments{server.ResourceName()}, "SLOW?\nFAST?\nSLOW?\nFAST?\nFAST?\n");
+      RunPortico(Impatient + Arguments{server.ResourceName()}, "SLOW?\nFAST?\nSLOW?\nFAST?\nFAST?\n");
   EXPECT_EQ(outcome.status, 4);
   const std::string notice = Notice(server);
   const std::size_t first = outcome.err.find(notice);
@@ -51,14 +51,14 @@ TEST(UnrulyInstrument, EachFreshConnectionIsTold) {
 
 TEST(UnrulyInstrument, InstrumentThatNeverReadsIsATimeout) {
   const ScriptedServer server({}, {.ipv6 = false, .deaf = true});
-  const Outcome outcome = RunPortico(kImpatient + Arguments{server.ResourceName()}, "*IDN?\n");
+  const Outcome outcome = RunPortico(Impatient + Arguments{server.ResourceName()}, "*IDN?\n");
   EXPECT_EQ(outcome.status, 4);
   EXPECT_EQ(outcome.out, "> *IDN?\n< Timeout expired before the answer was complete: " + Peer(server) + ".\n");
 }
 
 TEST(UnrulyInstrument, ClosesInsteadOfAnAnswer) {
   const ScriptedServer server({{"BYE?", Reaction::Close()}, {"Q?", Reaction::Answer("answer\n")}});
-  const Outcome outcome = RunPortico(kBare + Arguments{server.ResourceName()}, "BYE?\nQ?\n");
+  const Outcome outcome = RunPortico(BareOptions + Arguments{server.ResourceName()}, "BYE?\nQ?\n");
   const std::string closed = "The instrument closed the connection: " + Peer(server) + ".\n";
   EXPECT_EQ(outcome.status, 4);
   EXPECT_EQ(outcome.out, "> BYE?\n< " + closed + "> Q?\n< answer\n");
@@ -67,7 +67,7 @@ TEST(UnrulyInstrument, ClosesInsteadOfAnAnswer) {
 
 TEST(UnrulyInstrument, ClosesBeforeTheFirstLine) {
   ScriptedServer server({{"Q?", Reaction::Answer("answer\n")}});
-  Process process(PorticoRun(kBare + Arguments{server.ResourceName()}));
+  Process process(PorticoRun(BareOptions + Arguments{server.ResourceName()}));
   server.Send({}); // waits for the connection
   server.DropClients();
   process.Write("LOST?\n");
@@ -82,7 +82,7 @@ TEST(UnrulyInstrument, ClosesBeforeTheFirstLine) {
 
 TEST(UnrulyInstrument, ClosesInTheMiddleOfAnAnswer) {
   const ScriptedServer server({{"HALF?", Reaction::Close("half an ans")}, {"Q?", Reaction::Answer("answer\n")}});
-  const Outcome outcome = RunPortico(kBare + Arguments{server.ResourceName()}, "HALF?\nQ?\n");
+  const Outcome outcome = RunPortico(BareOptions + Arguments{server.ResourceName()}, "HALF?\nQ?\n");
   EXPECT_EQ(outcome.status, 4);
   EXPECT_EQ(outcome.out, "> HALF?\n< The instrument closed the connection: " + Peer(server) + ".\n> Q?\n< answer\n");
 }
@@ -93,7 +93,7 @@ TEST(UnrulyInstrument, EveryByteOfAnAnswerIsShown) {
     if (byte != '\n') garbage += static_cast<char>(byte);
   }
   const ScriptedServer server({{"GARBAGE?", Reaction::Answer(garbage + "\n")}, {"Q?", Reaction::Answer("answer\n")}});
-  const Outcome outcome = RunPortico(kBare + Arguments{server.ResourceName()}, "GARBAGE?\nQ?\n");
+  const Outcome outcome = RunPortico(BareOptions + Arguments{server.ResourceName()}, "GARBAGE?\nQ?\n");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out.substr(0, 11 + 2 + 127), "> GARBAGE?\n< " + garbage.substr(0, 127));
   std::string latin;
@@ -117,7 +117,7 @@ TEST(UnrulyInstrument, GarbageInPlaceOfEveryAnswerEndsWell) {
 
 TEST(UnrulyInstrument, AnswerWithoutAnEndIsATimeout) {
   const ScriptedServer server({{"ENDLESS?", Reaction::Endless("7")}, {"Q?", Reaction::Answer("answer\n")}});
-  const Outcome outcome = RunPortico(kImpatient + Arguments{server.ResourceName()}, "ENDLESS?\nQ?\n");
+  const Outcome outcome = RunPortico(Impatient + Arguments{server.ResourceName()}, "ENDLESS?\nQ?\n");
   EXPECT_EQ(outcome.status, 4);
   EXPECT_EQ(outcome.out,
             "> ENDLESS?\n< Timeout expired before the answer was complete: " + Peer(server) + ".\n> Q?\n< answer\n");
@@ -125,7 +125,7 @@ TEST(UnrulyInstrument, AnswerWithoutAnEndIsATimeout) {
 
 TEST(UnrulyInstrument, AnswersWithoutAnEndDoNotHoldTheRun) {
   const ScriptedServer server({{"ENDLESS?", Reaction::Endless("7\n")}});
-  const Outcome outcome = RunPortico(kBare + Arguments{server.ResourceName()}, "ENDLESS?\nREM next\n");
+  const Outcome outcome = RunPortico(BareOptions + Arguments{server.ResourceName()}, "ENDLESS?\nREM next\n");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "> ENDLESS?\n< 7\n# REM next\n");
 }

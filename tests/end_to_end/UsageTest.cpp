@@ -21,7 +21,7 @@ TEST_P(BadUsage, IsOneLineOnStandardErrorAndStatus2) {
   EXPECT_EQ(outcome.err, "portico-run: " + GetParam().says + "\n");
 }
 
-const std::string kScpiOptions =
+const std::string ScpiOptions =
     "SCPIProtocolOPCPacing, SCPIProtocolIntervalPacing, SCPIProtocolPacingInterval, SCPIProtocolAutoReadAfterQuery, "
     "SCPIProtocolAutoErrorChecking, SCPIProtocolErrorCheckingCommand, SCPIProtocolTerminationCharacter";
 
@@ -30,47 +30,48 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Mistake{"NoInstrument", {}, "INSTRUMENT is required; see portico-run --help"},
         Mistake{"UnknownOption",
-                {kSimulated, "--bogus"},
+                {SimulatedMeter, "--bogus"},
                 "The following argument was not expected: --bogus; see portico-run --help"},
         Mistake{"EmptyInstrument", {""}, "'' is no instrument name; use one such as TCPIP::HOST::5025::SOCKET"},
         Mistake{"InstrumentNotUtf8",
                 {"SIM::\xFF::INSTR"},
                 "'SIM::\xFF::INSTR' is no instrument name; use one such as TCPIP::HOST::5025::SOCKET"},
-        Mistake{"Protocol", {kSimulated, "--protocol", "scpi"}, "--protocol scpi: use SCPI or Other"},
-        Mistake{"TimeoutZero", {kSimulated, "--timeout", "0"}, "--timeout 0: use 1 to 3600000 milliseconds"},
-        Mistake{"TimeoutText", {kSimulated, "--timeout", "5s"}, "--timeout 5s: use 1 to 3600000 milliseconds"},
-        Mistake{
-            "TimeoutTooLong", {kSimulated, "--timeout", "3600001"}, "--timeout 3600001: use 1 to 3600000 milliseconds"},
+        Mistake{"Protocol", {SimulatedMeter, "--protocol", "scpi"}, "--protocol scpi: use SCPI or Other"},
+        Mistake{"TimeoutZero", {SimulatedMeter, "--timeout", "0"}, "--timeout 0: use 1 to 3600000 milliseconds"},
+        Mistake{"TimeoutText", {SimulatedMeter, "--timeout", "5s"}, "--timeout 5s: use 1 to 3600000 milliseconds"},
+        Mistake{"TimeoutTooLong",
+                {SimulatedMeter, "--timeout", "3600001"},
+                "--timeout 3600001: use 1 to 3600000 milliseconds"},
         Mistake{"OptionWithoutValue",
-                {kSimulated, "--option", "SCPIProtocolOPCPacing"},
+                {SimulatedMeter, "--option", "SCPIProtocolOPCPacing"},
                 "--option SCPIProtocolOPCPacing: use NAME=VALUE"},
         Mistake{"OptionUnknown",
-                {kSimulated, "--option", "Pacing=On"},
-                "--option Pacing: the protocol SCPI has no such option; it has " + kScpiOptions},
+                {SimulatedMeter, "--option", "Pacing=On"},
+                "--option Pacing: the protocol SCPI has no such option; it has " + ScpiOptions},
         Mistake{"OptionNameNotUtf8",
-                {kSimulated, "--option", "SCPIProtocolOPCPacing\xFFjunk=Off"},
-                "--option SCPIProtocolOPCPacing\xFFjunk: the protocol SCPI has no such option; it has " + kScpiOptions},
+                {SimulatedMeter, "--option", "SCPIProtocolOPCPacing\xFFjunk=Off"},
+                "--option SCPIProtocolOPCPacing\xFFjunk: the protocol SCPI has no such option; it has " + ScpiOptions},
         Mistake{"OptionValueNotUtf8",
-                {kSimulated, "--option", "SCPIProtocolErrorCheckingCommand=ERR?\xFF"},
+                {SimulatedMeter, "--option", "SCPIProtocolErrorCheckingCommand=ERR?\xFF"},
                 "--option SCPIProtocolErrorCheckingCommand: 'ERR?\xFF' is not a value of it; "
                 "use characters of the instrument's code page on one line"},
         Mistake{"OptionOfTheOtherProtocol",
-                {kSimulated, "--option", "OtherProtocolPacingInterval=5"},
-                "--option OtherProtocolPacingInterval: the protocol SCPI has no such option; it has " + kScpiOptions},
+                {SimulatedMeter, "--option", "OtherProtocolPacingInterval=5"},
+                "--option OtherProtocolPacingInterval: the protocol SCPI has no such option; it has " + ScpiOptions},
         Mistake{"OptionValue",
-                {kSimulated, "--option", "SCPIProtocolAutoErrorChecking=yes"},
+                {SimulatedMeter, "--option", "SCPIProtocolAutoErrorChecking=yes"},
                 "--option SCPIProtocolAutoErrorChecking: 'yes' is not a value of it; use On or Off"},
         Mistake{"IntervalZero",
-                {kSimulated, "--option", "SCPIProtocolPacingInterval=0"},
+                {SimulatedMeter, "--option", "SCPIProtocolPacingInterval=0"},
                 "--option SCPIProtocolPacingInterval: '0' is not a value of it; use 1 to 65535 milliseconds"},
         Mistake{"Termination",
-                {kSimulated, "--protocol", "Other", "--option", "OtherProtocolTerminationCharacter=NUL"},
+                {SimulatedMeter, "--protocol", "Other", "--option", "OtherProtocolTerminationCharacter=NUL"},
                 "--option OtherProtocolTerminationCharacter: 'NUL' is not a value of it; "
                 "use Auto, CR, LF, CRLF or LFCR"},
         Mistake{"MissingFile",
-                {kSimulated, "/no/such/file.cmd"},
+                {SimulatedMeter, "/no/such/file.cmd"},
                 "/no/such/file.cmd: cannot be opened: No such file or directory"},
-        Mistake{"Directory", {kSimulated, "/"}, "/: is a directory; name a command file"}),
+        Mistake{"Directory", {SimulatedMeter, "/"}, "/: is a directory; name a command file"}),
     [](const auto& test) { return test.param.name; });
 
 struct BadText {
@@ -87,7 +88,7 @@ class BadCommandFile : public testing::TestWithParam<BadText> {};
 TEST_P(BadCommandFile, IsRefusedWithItsPlaceBeforeAnythingIsSent) {
   const CommandFiles files;
   const std::string path = files.Add("bad.cmd", GetParam().bytes);
-  const Outcome outcome = RunPortico({kSimulated, path});
+  const Outcome outcome = RunPortico({SimulatedMeter, path});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.out, "");
   EXPECT_EQ(outcome.err, "portico-run: " + path + GetParam().says + "\n");

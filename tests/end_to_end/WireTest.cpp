@@ -4,12 +4,12 @@
 namespace portico::test {
 namespace {
 
-const InstrumentScript kMeter = {{"*OPC?", Reaction::Answer("1\n")},
-                                 {"MEAS?", Reaction::Answer("+1.5\n")},
-                                 {":SYST:ERR?", Reaction::Answer("0,\"No error\"\n")}};
+const InstrumentScript Meter = {{"*OPC?", Reaction::Answer("1\n")},
+                                {"MEAS?", Reaction::Answer("+1.5\n")},
+                                {":SYST:ERR?", Reaction::Answer("0,\"No error\"\n")}};
 
 TEST(Wire, WithAllOptionsOnALineIsFramedByThePacingQueryAndTheErrorQuery) {
-  const ScriptedServer server(kMeter);
+  const ScriptedServer server(Meter);
   const Outcome outcome = RunPortico(
       {server.ResourceName(), "--option", "SCPIProtocolIntervalPacing=On", "--option", "SCPIProtocolPacingInterval=1"},
       "MEAS?\nCONF:VOLT 10\n");
@@ -41,7 +41,7 @@ TEST(Wire, EachLinkWaitsForTheOneBefore) {
 }
 
 TEST(Wire, OtherProtocolSendsTheLineOnly) {
-  const ScriptedServer server(kMeter);
+  const ScriptedServer server(Meter);
   const Outcome outcome = RunPortico({"--protocol", "Other", server.ResourceName()}, "MEAS?\n");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "> MEAS?\n");
@@ -51,14 +51,14 @@ TEST(Wire, OtherProtocolSendsTheLineOnly) {
 
 TEST(Wire, BlanksInFrontGoBlanksBehindStay) {
   const ScriptedServer server({});
-  EXPECT_EQ(RunPortico(kBare + Arguments{server.ResourceName()}, "   *CLS  \n\n  REM no bytes\n").status, 0);
+  EXPECT_EQ(RunPortico(BareOptions + Arguments{server.ResourceName()}, "   *CLS  \n\n  REM no bytes\n").status, 0);
   server.WaitForNoClient();
   EXPECT_EQ(server.Received(), "*CLS  \r\n");
 }
 
 TEST(Wire, TextGoesOutInTheInstrumentsCodePage) {
   const ScriptedServer server({{"UNIT?", Reaction::Answer("\xB5V \x80\n")}});
-  const Outcome outcome = RunPortico(kBare + Arguments{server.ResourceName()}, "DISP \"5 \xC2\xB5V\"\nUNIT?\n");
+  const Outcome outcome = RunPortico(BareOptions + Arguments{server.ResourceName()}, "DISP \"5 \xC2\xB5V\"\nUNIT?\n");
   EXPECT_EQ(outcome.out, "> DISP \"5 \xC2\xB5V\"\n> UNIT?\n< \xC2\xB5V \xE2\x82\xAC\n");
   server.WaitForNoClient();
   EXPECT_EQ(server.Received(), "DISP \"5 \xB5V\"\r\nUNIT?\r\n");
@@ -66,7 +66,7 @@ TEST(Wire, TextGoesOutInTheInstrumentsCodePage) {
 
 TEST(Wire, QuestionMarkInQuotesMakesNoQuery) {
   const ScriptedServer server({});
-  EXPECT_EQ(RunPortico(kBare + Arguments{server.ResourceName()}, "DISP \"READY?\"\n").status, 0);
+  EXPECT_EQ(RunPortico(BareOptions + Arguments{server.ResourceName()}, "DISP \"READY?\"\n").status, 0);
   server.WaitForNoClient();
   EXPECT_EQ(server.Received(), "DISP \"READY?\"\r\n");
 }
@@ -82,14 +82,14 @@ TEST(Wire, ErrorQueryIsTheOneThatTheOptionSays) {
 
 TEST(Wire, TerminationSaysWhereAnAnswerEnds) {
   const ScriptedServer server({{"Q?", Reaction::Answer("one\ntwo\r")}});
-  const Outcome outcome =
-      RunPortico(kBare + Arguments{server.ResourceName(), "--option", "SCPIProtocolTerminationCharacter=CR"}, "Q?\n");
+  const Outcome outcome = RunPortico(
+      BareOptions + Arguments{server.ResourceName(), "--option", "SCPIProtocolTerminationCharacter=CR"}, "Q?\n");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "> Q?\n< one\n< two\n");
 }
 
 TEST(Wire, NoConnectionIsMadeWhenAnyFileIsBad) {
-  const ScriptedServer server(kMeter);
+  const ScriptedServer server(Meter);
   const CommandFiles files;
   const std::string good = files.Add("good.cmd", "*CLS\n");
   const std::string bad = files.Add("bad.cmd", "*CLS\nMEAS\xFF\n");
@@ -101,7 +101,7 @@ TEST(Wire, NoConnectionIsMadeWhenAnyFileIsBad) {
 }
 
 TEST(Wire, NoConnectionIsMadeWhenAFileIsMissing) {
-  const ScriptedServer server(kMeter);
+  const ScriptedServer server(Meter);
   const CommandFiles files;
   const std::string good = files.Add("good.cmd", "*CLS\n");
   EXPECT_EQ(RunPortico({server.ResourceName(), good, files.Folder() + "/missing.cmd"}).status, 2);

@@ -14,7 +14,7 @@ namespace {
 using test::ExpectGolden;
 using test::GoldenPath;
 
-const std::string kHead = "<SCPICommLog><Header ApplicationName=\"Tolvane Portico\" ApplicationVersion=\"1.0.5\"/>";
+const std::string Head = "<SCPICommLog><Header ApplicationName=\"Tolvane Portico\" ApplicationVersion=\"1.0.5\"/>";
 
 /// An element of a log with a text for its payload.
 std::string Element(const std::string& kind, const std::string& second, const std::string& text) {
@@ -22,12 +22,12 @@ std::string Element(const std::string& kind, const std::string& second, const st
          ".000000000-5:00\" DataFormat=\"String\"><![CDATA[" + text + "]]></" + kind + ">";
 }
 
-std::string Log(const std::string& sessions) { return kHead + sessions + "</SCPICommLog>"; }
+std::string Log(const std::string& sessions) { return Head + sessions + "</SCPICommLog>"; }
 std::string Session(const std::string& entities) {
   return "<Session SessionOpenTimeStamp=\"s\">" + entities + "</Session>";
 }
 
-const std::string kConversation =
+const std::string Conversation =
     Log("<Session SessionOpenTimeStamp=\"2004-11-01T16:42:09.000000001-5:00\" "
         "SessionCloseTimeStamp=\"2004-11-01T17:43:10.000000000-5:00\">" +
         Element("AutomaticInstruction", "10", "*OPC?") + Element("Response", "10", "1") +
@@ -52,7 +52,7 @@ Result RunOn(Output wanted, const std::string& input, std::vector<std::string> f
 }
 
 TEST(LogToolTest, ShowsTheConversation) {
-  const auto result = RunOn(Output::Show, kConversation);
+  const auto result = RunOn(Output::Show, Conversation);
   EXPECT_EQ(result.Out, "# session from 2004-11-01T16:42:09.000000001-5:00 to 2004-11-01T17:43:10.000000000-5:00\n"
                         "2004-11-01T16:42:10.000000000-5:00 * *OPC?\n"
                         "2004-11-01T16:42:10.000000000-5:00 < 1\n"
@@ -85,7 +85,7 @@ TEST(LogToolTest, ShowLeavesTheTerminalAlone) {
   EXPECT_EQ(bell.Out, "# session from s, not closed\nt ! ?[\n");
 }
 
-TEST(LogToolTest, ExportsCsv) { ExpectGolden("portico-log-export.csv", RunOn(Output::Csv, kConversation).Out); }
+TEST(LogToolTest, ExportsCsv) { ExpectGolden("portico-log-export.csv", RunOn(Output::Csv, Conversation).Out); }
 
 TEST(LogToolTest, CsvIsQuotedWhereItMust) {
   const auto result = RunOn(Output::Csv, Log("<Session SessionOpenTimeStamp=\"a,b\">" +
@@ -96,7 +96,7 @@ TEST(LogToolTest, CsvIsQuotedWhereItMust) {
                             start + "02.000000000-5:00,\"a \"\"b\"\"\"\r\n" + start + "03.000000000-5:00,\"a\nb\"\r\n");
 }
 
-TEST(LogToolTest, ExportsJson) { ExpectGolden("portico-log-export.json", RunOn(Output::Json, kConversation).Out); }
+TEST(LogToolTest, ExportsJson) { ExpectGolden("portico-log-export.json", RunOn(Output::Json, Conversation).Out); }
 
 TEST(LogToolTest, JsonIsEscaped) {
   const auto result = RunOn(Output::Json, Log(Session("<X Timestamp=\"t\">220"
@@ -111,7 +111,7 @@ TEST(LogToolTest, JsonOfNothingIsAnEmptyArray) {
 }
 
 TEST(LogToolTest, ExportsTheTypedInstructionsAsACommandFile) {
-  EXPECT_EQ(RunOn(Output::Commands, kConversation).Out, "MEAS:VOLT?\n*RST\n");
+  EXPECT_EQ(RunOn(Output::Commands, Conversation).Out, "MEAS:VOLT?\n*RST\n");
 }
 
 TEST(LogToolTest, AnInstructionThatNoCommandFileHoldsIsLeftOutAndNamed) {
@@ -126,12 +126,12 @@ TEST(LogToolTest, AnInstructionThatNoCommandFileHoldsIsLeftOutAndNamed) {
 }
 
 TEST(LogToolTest, CountsSessionsDurationsAndErrorAnswers) {
-  ExpectGolden("portico-log-stats.txt", RunOn(Output::Statistics, kConversation).Out);
+  ExpectGolden("portico-log-stats.txt", RunOn(Output::Statistics, Conversation).Out);
 }
 
 TEST(LogToolTest, AddsUpSeveralFiles) {
   const std::string golden = GoldenPath("log-example.xml").string();
-  const auto result = RunOn(Output::Statistics, kConversation, {golden, "-"});
+  const auto result = RunOn(Output::Statistics, Conversation, {golden, "-"});
   const auto all = result.Out.substr(result.Out.find("all files\n"));
   EXPECT_NE(all.find("  sessions               3\n"), std::string::npos);
   EXPECT_NE(all.find("  instructions           3\n"), std::string::npos);
@@ -155,7 +155,7 @@ TEST(LogToolTest, OnlyAnswersToAutomaticErrorQueriesCount) {
 }
 
 TEST(LogToolTest, ADamagedLogIsShownAsFarAsItGoes) {
-  const std::string torn = kHead + Session(Element("Instruction", "01", "A")) + "<Session><X>41";
+  const std::string torn = Head + Session(Element("Instruction", "01", "A")) + "<Session><X>41";
   const auto result = RunOn(Output::Show, torn);
   EXPECT_EQ(result.Out, "# session from s, not closed\n2004-11-01T16:42:01.000000000-5:00 > A\n"
                         "# session from , not closed\n");
@@ -184,14 +184,14 @@ TEST(LogToolTest, SaysWhatIsNoLog) {
   EXPECT_EQ(complaint("x"), start + "line 1: syntax error\n");
   EXPECT_EQ(complaint("<Other/>"), start + "it is no log\n");
   EXPECT_EQ(complaint("<SCPICommLog/>"), start + "it is no log\n");
-  EXPECT_EQ(complaint(kHead + kHead.substr(13) + "</SCPICommLog>"), start + "it has more than one header\n");
+  EXPECT_EQ(complaint(Head + Head.substr(13) + "</SCPICommLog>"), start + "it has more than one header\n");
   EXPECT_EQ(complaint("<SCPICommLog><Header ApplicationName=\"Other\"/></SCPICommLog>"),
             start + "it is no log of Tolvane Portico\n");
   EXPECT_EQ(complaint("<!DOCTYPE a>" + Log("")), start + "line 1: a document type is not allowed\n");
 }
 
 TEST(LogToolTest, TheHeaderMayStandBehindTheSessions) {
-  const auto result = RunOn(Output::Show, "<SCPICommLog>" + Session("") + kHead.substr(13) + "</SCPICommLog>");
+  const auto result = RunOn(Output::Show, "<SCPICommLog>" + Session("") + Head.substr(13) + "</SCPICommLog>");
   EXPECT_EQ(result.Out, "# session from s, not closed\n");
   EXPECT_EQ(result.Err, "");
   const auto none = RunOn(Output::Show, "<SCPICommLog>" + Session("") + "</SCPICommLog>");
@@ -223,7 +223,7 @@ private:
 TEST(LogToolTest, APipeIsReadAsItComes) {
   std::ostringstream out;
   std::ostringstream err;
-  Pieces pieces({kHead + "<Session SessionOpenTimeStamp=\"s\">", "</Session></SCPICommLog>"}, out);
+  Pieces pieces({Head + "<Session SessionOpenTimeStamp=\"s\">", "</Session></SCPICommLog>"}, out);
   std::istream in(&pieces);
   EXPECT_EQ(logtool::Run({Output::Show, {"-"}}, {in, out, err}), ExitStatus::Success);
   ASSERT_GE(pieces.OutBefore.size(), 2U);
@@ -232,8 +232,8 @@ TEST(LogToolTest, APipeIsReadAsItComes) {
 }
 
 TEST(LogToolTest, ADamagedCloseStampIsNamed) {
-  const auto result = RunOn(Output::Show, kHead + "<Session SessionOpenTimeStamp=\"s\" SessionC" +
-                                              std::string(71, ' ') + "></Session></SCPICommLog>");
+  const auto result = RunOn(Output::Show, Head + "<Session SessionOpenTimeStamp=\"s\" SessionC" + std::string(71, ' ') +
+                                              "></Session></SCPICommLog>");
   EXPECT_EQ(result.Out, "# session from s, not closed\n");
   EXPECT_EQ(result.Err, "portico-log: standard input: a session's close stamp is damaged\n");
 }
@@ -268,7 +268,7 @@ TEST(LogToolTest, AClosedPipeEndsItQuietly) {
         std::tuple(ENOSPC, ExitStatus::Damaged, "portico-log: the output cannot be written\n")}) {
     Refusing buffer(fault);
     std::ostream out(&buffer);
-    std::istringstream in(kConversation);
+    std::istringstream in(Conversation);
     std::ostringstream err;
     EXPECT_EQ(logtool::Run({Output::Show, {"-", "missing"}}, {in, out, err}), status);
     EXPECT_EQ(err.str(), text);

@@ -16,10 +16,10 @@ struct Outcome {
 };
 
 /// A program that runs beside the test, with pipes for its three streams. Something that is waited for in vain for
-/// `kPatience` fails the test, and the program is killed; so it is with the object, should it still run.
+/// `Patience` fails the test, and the program is killed; so it is with the object, should it still run.
 class Process {
 public:
-  static constexpr std::chrono::seconds kPatience = std::chrono::seconds(60);
+  static constexpr std::chrono::seconds Patience = std::chrono::seconds(60);
 
   /// The first text is the program's path.
   explicit Process(const std::vector<std::string>& command);
@@ -45,7 +45,7 @@ public:
 private:
   using TimePoint = std::chrono::steady_clock::time_point;
 
-  static TimePoint Deadline() { return std::chrono::steady_clock::now() + kPatience; }
+  static TimePoint Deadline() { return std::chrono::steady_clock::now() + Patience; }
   bool Running() const { return m_output >= 0 || m_error >= 0; }
   bool Pump(TimePoint deadline);
   bool PumpUntil(TimePoint deadline, TimePoint moment);

@@ -16,7 +16,7 @@
 namespace portico::test {
 namespace {
 
-constexpr std::chrono::milliseconds kBetweenSignals = std::chrono::milliseconds(50);
+constexpr std::chrono::milliseconds BetweenSignals = std::chrono::milliseconds(50);
 
 struct Pipe {
   Pipe() {
@@ -146,7 +146,7 @@ Outcome Process::SignalUntilEnd(int number) {
   const TimePoint deadline = Deadline();
   do {
     Signal(number);
-  } while (PumpUntil(deadline, std::chrono::steady_clock::now() + kBetweenSignals));
+  } while (PumpUntil(deadline, std::chrono::steady_clock::now() + BetweenSignals));
   return Reap();
 }
 

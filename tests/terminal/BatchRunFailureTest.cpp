@@ -6,12 +6,12 @@
 namespace portico::terminal {
 namespace {
 
-constexpr char kUndefinedHeader[] = "-113,\"Undefined header\"";
+constexpr char UndefinedHeader[] = "-113,\"Undefined header\"";
 
 class BatchRunFailureTest : public test::BatchRunBench {};
 
 TEST_F(BatchRunFailureTest, ReportedErrorIsToldAndTheRunGoesOn) {
-  Answers.Listed[":SYST:ERR?"] = kUndefinedHeader;
+  Answers.Listed[":SYST:ERR?"] = UndefinedHeader;
   EXPECT_EQ(Run({u"FOO", u"BAR"}), 1);
   EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: the instrument reports -113,\"Undefined header\"\n"
                        "portico-run: lines.cmd:2: the instrument reports -113,\"Undefined header\"\n");
@@ -21,7 +21,7 @@ TEST_F(BatchRunFailureTest, ReportedErrorIsToldAndTheRunGoesOn) {
 TEST_F(BatchRunFailureTest, ReportedErrorEndsTheRunOnDemand) {
   Options.StopOnError = true;
   TurnOff({u"SCPIProtocolOPCPacing"});
-  Answers.Listed[":SYST:ERR?"] = kUndefinedHeader;
+  Answers.Listed[":SYST:ERR?"] = UndefinedHeader;
   EXPECT_EQ(Run({u"FOO", u"BAR"}), 1);
   EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 0", "write FOO", "write :SYST:ERR?", "read", "close"}));
 }
@@ -33,7 +33,7 @@ TEST_F(BatchRunFailureTest, AnswerOfAQueryIsNoReportedError) {
 
 TEST_F(BatchRunFailureTest, WithoutAutomaticReadsNoErrorIsReported) {
   TurnOff({u"SCPIProtocolAutoReadAfterQuery"});
-  Answers.Listed[":SYST:ERR?"] = kUndefinedHeader;
+  Answers.Listed[":SYST:ERR?"] = UndefinedHeader;
   EXPECT_EQ(Run({u"FOO"}), 0);
 }
 
@@ -55,7 +55,7 @@ TEST_F(BatchRunFailureTest, DriverFailureEndsTheRunOnDemandBehindItsLine) {
 }
 
 TEST_F(BatchRunFailureTest, DriverFailureOutranksAReportedError) {
-  Answers.Listed[":SYST:ERR?"] = kUndefinedHeader;
+  Answers.Listed[":SYST:ERR?"] = UndefinedHeader;
   Driver->Statuses["write *CLS"] = -42;
   EXPECT_EQ(Run({u"*CLS"}), 4);
   EXPECT_EQ(Err.str(), "portico-run: lines.cmd:1: failure -42\n"
@@ -213,7 +213,7 @@ TEST_F(BatchRunFailureTest, InterruptWhileTheInstrumentOpensHasNoPlace) {
 }
 
 TEST_F(BatchRunFailureTest, InterruptOutranksWhatWentWrongBefore) {
-  Answers.Listed[":SYST:ERR?"] = kUndefinedHeader;
+  Answers.Listed[":SYST:ERR?"] = UndefinedHeader;
   Driver->Statuses["write *CLS"] = -42;
   Driver->OnCall = [](const std::string& call) {
     if (call == "write *CLS") raise(SIGINT);

@@ -6,17 +6,17 @@
 namespace portico::test {
 namespace {
 
-const std::string kLineEnd = "\r\n";
+const std::string LineEnd = "\r\n";
 
 std::string WithoutLeadingBlanks(const std::string& text) {
   return text.substr(std::min(text.find_first_not_of(' '), text.size()));
 }
 
 bool EndsInLineEnd(const std::string& text) {
-  return text.size() >= 2 && text.compare(text.size() - 2, 2, kLineEnd) == 0;
+  return text.size() >= 2 && text.compare(text.size() - 2, 2, LineEnd) == 0;
 }
 
-std::string Terminated(const std::string& text) { return EndsInLineEnd(text) ? text : text + kLineEnd; }
+std::string Terminated(const std::string& text) { return EndsInLineEnd(text) ? text : text + LineEnd; }
 
 /// A question mark outside quotes. Of the two kinds of quotes only the one that opened closes.
 bool IsQuery(const std::string& text) {
@@ -79,7 +79,7 @@ private:
     const char first = line.empty() ? '\0' : line.front();
     if (first == '\xAE' || first == '\xA9') return;
     if (line.empty() || line.compare(0, 4, "REM ") == 0) {
-      m_conversation.History.push_back({Look::Remark, Visible(line) + kLineEnd});
+      m_conversation.History.push_back({Look::Remark, Visible(line) + LineEnd});
       m_conversation.Printed += "# " + line + '\n';
     } else {
       Send(line);
@@ -91,7 +91,7 @@ private:
     if (m_options.PacingInterval > 0) Pace();
     WriteAndRead(line, line);
     if (m_options.ErrorChecking) WriteAndRead(m_options.ErrorCheckingCommand, line);
-    Report(kLineEnd, ""); // the end of the instruction
+    Report(LineEnd, ""); // the end of the instruction
   }
 
   /// An interval runs from the start of one line to that of the next.
@@ -113,7 +113,7 @@ private:
     const SampleInstrument::Answer answer = m_instrument.Read();
     if (answer.Status != 0) {
       Explain(answer.Status);
-      Report(SampleInstrument::Message(answer.Status) + kLineEnd, "Response");
+      Report(SampleInstrument::Message(answer.Status) + LineEnd, "Response");
     } else if (!answer.Bytes.empty()) {
       Report(Terminated(answer.Bytes), "Response");
     }
@@ -126,7 +126,7 @@ private:
   /// Makes two entities of it, one for the history and one for the log.
   void Report(const std::string& text, const std::string& type) {
     ModelEntity entity{type, text, ++m_stamp, 0};
-    if (text != kLineEnd) {
+    if (text != LineEnd) {
       Show(text, type);
       Print(text, type);
       entity.FragmentLength = std::string("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1 " // before the text
@@ -148,14 +148,14 @@ private:
       look = Look::AutomaticInstruction;
       m_conversation.History.push_back({Look::Marker, "\xA9"});
     }
-    m_conversation.History.push_back({look, Visible(text) + kLineEnd});
+    m_conversation.History.push_back({look, Visible(text) + LineEnd});
   }
 
   void Print(const std::string& text, const std::string& type) {
     const std::string mark = type == "Response" ? "< " : type == "Instruction" ? "> " : "* ";
     std::string line;
     for (std::size_t i = 0; i < text.size(); ++i) {
-      if (text.compare(i, 2, kLineEnd) == 0) ++i;
+      if (text.compare(i, 2, LineEnd) == 0) ++i;
       if (text[i] == '\n') {
         m_conversation.Printed += mark + line + '\n';
         line.clear();

@@ -39,7 +39,7 @@ ModelOptions Only(void (*change)(ModelOptions&)) {
   return options;
 }
 
-const Setting kSettings[] = {
+const Setting Settings[] = {
     {"Defaults", u"SCPI", {}, {}, 10'000},
     {"NoOpcPacing",
      u"SCPI",
@@ -307,7 +307,7 @@ TEST_P(ConversationModelTest, RunPrintsSendsAndLogsWhatTheModelSays) {
   EXPECT_EQ(Future->Text(), u"");
 }
 
-INSTANTIATE_TEST_SUITE_P(, ConversationModelTest, ::testing::ValuesIn(kSettings),
+INSTANTIATE_TEST_SUITE_P(, ConversationModelTest, ::testing::ValuesIn(Settings),
                          [](const auto& setting) { return setting.param.Name; });
 
 } // namespace

@@ -38,10 +38,10 @@ std::string HelpOf(const std::vector<std::string>& arguments) {
 
 using Written = std::vector<std::pair<String, String>>;
 
-constexpr char kSimulated[] = "SIM::dmm::INSTR";
+constexpr char SimulatedMeter[] = "SIM::dmm::INSTR";
 
 TEST(RunOptions, DefaultsNeedNoMoreThanAnInstrument) {
-  const RunOptions options = OptionsOf({kSimulated});
+  const RunOptions options = OptionsOf({SimulatedMeter});
   EXPECT_EQ(options.Instrument, u"SIM::dmm::INSTR");
   EXPECT_EQ(options.Files, std::vector<std::string>{"-"});
   EXPECT_EQ(options.Protocol, u"SCPI");
@@ -52,7 +52,8 @@ TEST(RunOptions, DefaultsNeedNoMoreThanAnInstrument) {
 }
 
 TEST(RunOptions, FilesKeepTheirOrder) {
-  EXPECT_EQ(OptionsOf({kSimulated, "b.cmd", "-", "a.cmd"}).Files, (std::vector<std::string>{"b.cmd", "-", "a.cmd"}));
+  EXPECT_EQ(OptionsOf({SimulatedMeter, "b.cmd", "-", "a.cmd"}).Files,
+            (std::vector<std::string>{"b.cmd", "-", "a.cmd"}));
 }
 
 TEST(RunOptions, LogIsOffUnlessAskedFor) {
@@ -73,7 +74,7 @@ TEST(RunOptions, OverwritingWithoutALogIsAMistake) {
 }
 
 TEST(RunOptions, FlagsMayStandAnywhere) {
-  const RunOptions options = OptionsOf({"--quiet", kSimulated, "a.cmd", "--stop-on-error"});
+  const RunOptions options = OptionsOf({"--quiet", SimulatedMeter, "a.cmd", "--stop-on-error"});
   EXPECT_TRUE(options.Quiet);
   EXPECT_TRUE(options.StopOnError);
   EXPECT_EQ(options.Files, std::vector<std::string>{"a.cmd"});
@@ -84,22 +85,23 @@ TEST(RunOptions, InstrumentNameIsUtf8) {
 }
 
 TEST(RunOptions, ProtocolIsOneOfTwo) {
-  EXPECT_EQ(OptionsOf({kSimulated, "--protocol", "SCPI"}).Protocol, u"SCPI");
-  EXPECT_EQ(OptionsOf({kSimulated, "--protocol=Other"}).Protocol, u"Other");
-  EXPECT_EQ(ErrorOf({kSimulated, "--protocol", "scpi"}), "--protocol scpi: use SCPI or Other");
+  EXPECT_EQ(OptionsOf({SimulatedMeter, "--protocol", "SCPI"}).Protocol, u"SCPI");
+  EXPECT_EQ(OptionsOf({SimulatedMeter, "--protocol=Other"}).Protocol, u"Other");
+  EXPECT_EQ(ErrorOf({SimulatedMeter, "--protocol", "scpi"}), "--protocol scpi: use SCPI or Other");
 }
 
 TEST(RunOptions, TimeoutIsFromOneMillisecondToAnHour) {
-  EXPECT_EQ(OptionsOf({kSimulated, "--timeout", "1"}).TimeoutMilliseconds, 1);
-  EXPECT_EQ(OptionsOf({kSimulated, "--timeout=3600000"}).TimeoutMilliseconds, 3600000);
+  EXPECT_EQ(OptionsOf({SimulatedMeter, "--timeout", "1"}).TimeoutMilliseconds, 1);
+  EXPECT_EQ(OptionsOf({SimulatedMeter, "--timeout=3600000"}).TimeoutMilliseconds, 3600000);
   for (const std::string value : {"0", "-5", "3600001", "99999999999999999999", "1.5", "1s", "0x10", "five", " 5"}) {
-    EXPECT_EQ(ErrorOf({kSimulated, "--timeout=" + value}), "--timeout " + value + ": use 1 to 3600000 milliseconds");
+    EXPECT_EQ(ErrorOf({SimulatedMeter, "--timeout=" + value}),
+              "--timeout " + value + ": use 1 to 3600000 milliseconds");
   }
 }
 
 TEST(RunOptions, EveryOptionOfTheProtocolIsTaken) {
   EXPECT_EQ(
-      OptionsOf({kSimulated, "--option", "SCPIProtocolOPCPacing=Off", "--option", "SCPIProtocolIntervalPacing=On",
+      OptionsOf({SimulatedMeter, "--option", "SCPIProtocolOPCPacing=Off", "--option", "SCPIProtocolIntervalPacing=On",
                  "--option", "SCPIProtocolPacingInterval=65535", "--option", "SCPIProtocolAutoReadAfterQuery=Off",
                  "--option", "SCPIProtocolAutoErrorChecking=Off", "--option",
                  "SCPIProtocolErrorCheckingCommand=STAT:QUE?", "--option", "SCPIProtocolTerminationCharacter=LFCR"})
@@ -111,7 +113,7 @@ TEST(RunOptions, EveryOptionOfTheProtocolIsTaken) {
                {u"SCPIProtocolAutoErrorChecking", u"Off"},
                {u"SCPIProtocolErrorCheckingCommand", u"STAT:QUE?"},
                {u"SCPIProtocolTerminationCharacter", u"LFCR"}}));
-  EXPECT_EQ(OptionsOf({kSimulated, "--protocol", "Other", "--option", "OtherProtocolIntervalPacing=On", "--option",
+  EXPECT_EQ(OptionsOf({SimulatedMeter, "--protocol", "Other", "--option", "OtherProtocolIntervalPacing=On", "--option",
                        "OtherProtocolPacingInterval=1", "--option", "OtherProtocolTerminationCharacter=Auto"})
                 .Options,
             (Written{{u"OtherProtocolIntervalPacing", u"On"},
@@ -121,23 +123,24 @@ TEST(RunOptions, EveryOptionOfTheProtocolIsTaken) {
 
 TEST(RunOptions, EveryTerminationIsTaken) {
   for (const std::string value : {"Auto", "CR", "LF", "CRLF", "LFCR"}) {
-    const auto options = OptionsOf({kSimulated, "--option", "SCPIProtocolTerminationCharacter=" + value}).Options;
+    const auto options = OptionsOf({SimulatedMeter, "--option", "SCPIProtocolTerminationCharacter=" + value}).Options;
     EXPECT_EQ(options, (Written{{u"SCPIProtocolTerminationCharacter", FromAscii(value)}}));
   }
 }
 
 TEST(RunOptions, ProtocolOfTheOptionsMayFollowThem) {
-  EXPECT_EQ(OptionsOf({kSimulated, "--option", "OtherProtocolPacingInterval=7", "--protocol", "Other"}).Options.size(),
-            1U);
+  EXPECT_EQ(
+      OptionsOf({SimulatedMeter, "--option", "OtherProtocolPacingInterval=7", "--protocol", "Other"}).Options.size(),
+      1U);
 }
 
 TEST(RunOptions, ValueMayHoldAnEqualsSign) {
-  EXPECT_EQ(OptionsOf({kSimulated, "--option", "SCPIProtocolErrorCheckingCommand=A=B?"}).Options,
+  EXPECT_EQ(OptionsOf({SimulatedMeter, "--option", "SCPIProtocolErrorCheckingCommand=A=B?"}).Options,
             (Written{{u"SCPIProtocolErrorCheckingCommand", u"A=B?"}}));
 }
 
 TEST(RunOptions, OneOptionTakesOneValue) {
-  const RunOptions options = OptionsOf({"--option", "SCPIProtocolOPCPacing=Off", kSimulated, "a.cmd"});
+  const RunOptions options = OptionsOf({"--option", "SCPIProtocolOPCPacing=Off", SimulatedMeter, "a.cmd"});
   EXPECT_EQ(options.Instrument, u"SIM::dmm::INSTR");
   EXPECT_EQ(options.Files, std::vector<std::string>{"a.cmd"});
 }
@@ -153,7 +156,7 @@ void PrintTo(const BadOption& option, std::ostream* out) { *out << option.Name; 
 class BadOptionValue : public testing::TestWithParam<BadOption> {};
 
 TEST_P(BadOptionValue, IsAUsageErrorThatSaysWhatWouldBeRight) {
-  EXPECT_EQ(ErrorOf({kSimulated, "--option", GetParam().Setting}), GetParam().Message);
+  EXPECT_EQ(ErrorOf({SimulatedMeter, "--option", GetParam().Setting}), GetParam().Message);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -193,7 +196,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadOption{"Nothing", "", "--option : use NAME=VALUE"}),
     [](const auto& test) { return std::string(test.param.Name); });
 
-constexpr char kScpiNames[] =
+constexpr char ScpiNames[] =
     "SCPIProtocolOPCPacing, SCPIProtocolIntervalPacing, SCPIProtocolPacingInterval, SCPIProtocolAutoReadAfterQuery, "
     "SCPIProtocolAutoErrorChecking, SCPIProtocolErrorCheckingCommand, SCPIProtocolTerminationCharacter";
 
@@ -201,20 +204,20 @@ TEST(RunOptions, UnknownOptionIsToldTheKnownOnes) {
   for (const std::string name :
        {"SCPIProtocolPacing", "scpiprotocolopcpacing", "OPCPacing", "ProtocolName", "", "OtherProtocolPacingInterval",
         "SCPIProtocolOPCPacing ", "SCPIProtocolOPCPacing\xFF", "SCPIProtocolOPCPacing\xFFjunk"}) {
-    EXPECT_EQ(ErrorOf({kSimulated, "--option", name + "=On"}),
-              "--option " + name + ": the protocol SCPI has no such option; it has " + kScpiNames);
+    EXPECT_EQ(ErrorOf({SimulatedMeter, "--option", name + "=On"}),
+              "--option " + name + ": the protocol SCPI has no such option; it has " + ScpiNames);
   }
 }
 
 TEST(RunOptions, OptionOfTheOtherProtocolIsUnknown) {
-  EXPECT_EQ(ErrorOf({kSimulated, "--protocol", "Other", "--option", "SCPIProtocolOPCPacing=On"}),
+  EXPECT_EQ(ErrorOf({SimulatedMeter, "--protocol", "Other", "--option", "SCPIProtocolOPCPacing=On"}),
             "--option SCPIProtocolOPCPacing: the protocol Other has no such option; it has "
             "OtherProtocolIntervalPacing, OtherProtocolPacingInterval, OtherProtocolTerminationCharacter");
 }
 
 TEST(RunOptions, FirstBadOptionIsTold) {
-  EXPECT_EQ(ErrorOf({kSimulated, "--option", "SCPIProtocolOPCPacing=Off", "--option", "SCPIProtocolPacingInterval=x",
-                     "--option", "nonsense"}),
+  EXPECT_EQ(ErrorOf({SimulatedMeter, "--option", "SCPIProtocolOPCPacing=Off", "--option",
+                     "SCPIProtocolPacingInterval=x", "--option", "nonsense"}),
             "--option SCPIProtocolPacingInterval: 'x' is not a value of it; use 1 to 65535 milliseconds");
 }
 
@@ -231,14 +234,14 @@ TEST(RunOptions, MistakenCommandLineIsToldInOneLineThatPointsToTheHelp) {
   const std::vector<std::vector<std::string>> mistakes = {
       {},
       {"--quiet"},
-      {kSimulated, "--bogus"},
-      {kSimulated, "--timeout"},
-      {kSimulated, "--option"},
-      {kSimulated, "--protocol"},
-      {kSimulated, "--protocol="},
-      {kSimulated, "--quiet=maybe"},
-      {kSimulated, "--timeout", "1", "--timeout", "2"},
-      {kSimulated, "-x"},
+      {SimulatedMeter, "--bogus"},
+      {SimulatedMeter, "--timeout"},
+      {SimulatedMeter, "--option"},
+      {SimulatedMeter, "--protocol"},
+      {SimulatedMeter, "--protocol="},
+      {SimulatedMeter, "--quiet=maybe"},
+      {SimulatedMeter, "--timeout", "1", "--timeout", "2"},
+      {SimulatedMeter, "-x"},
   };
   const std::string help = "; see portico-run --help";
   for (const auto& mistake : mistakes) {

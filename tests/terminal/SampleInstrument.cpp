@@ -39,7 +39,7 @@ std::int32_t SampleInstrument::Write(const std::string& text) {
 }
 
 void SampleInstrument::AnswerAwkwardly(const std::string& text) {
-  static const Answer kAnswers[] = {
+  static const Answer Answers[] = {
       {0, "+1.23450000E+00"},
       {0, "TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0"},
       {0, ""},
@@ -61,13 +61,13 @@ void SampleInstrument::AnswerAwkwardly(const std::string& text) {
       {9, "lost with a warning"},
       {-8, "lost with an error"},
   };
-  const unsigned kinds = std::size(kAnswers) + 3;
+  const unsigned kinds = std::size(Answers) + 3;
   const unsigned kind = HashOf(text) % kinds;
-  if (kind < std::size(kAnswers)) {
-    m_unread.push_back(kAnswers[kind]);
-  } else if (kind == std::size(kAnswers)) {
+  if (kind < std::size(Answers)) {
+    m_unread.push_back(Answers[kind]);
+  } else if (kind == std::size(Answers)) {
     m_unread.push_back({0, std::string(3000, '7')});
-  } else if (kind == std::size(kAnswers) + 1) {
+  } else if (kind == std::size(Answers) + 1) {
     m_unread.push_back({0, "first"});
     m_unread.push_back({0, "second"});
   } // else it keeps silent

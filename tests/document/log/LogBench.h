@@ -11,9 +11,9 @@
 namespace portico::test {
 
 /// The header as this program writes it, and a log around the given sessions.
-inline const std::string kHeader = "<Header ApplicationName=\"Tolvane Portico\" ApplicationVersion=\"1.0.5\"/>";
+inline const std::string LogHeader = "<Header ApplicationName=\"Tolvane Portico\" ApplicationVersion=\"1.0.5\"/>";
 inline std::string LogOf(const std::string& sessions) {
-  return "<SCPICommLog>" + kHeader + sessions + "</SCPICommLog>";
+  return "<SCPICommLog>" + LogHeader + sessions + "</SCPICommLog>";
 }
 
 /// What a reading of a log tells, one thing a line.
@@ -56,14 +56,14 @@ inline std::vector<std::string> TextsOf(const std::string& bytes) {
 /// A store on a disk in memory.
 class StoreTest : public DocumentTest {
 protected:
-  static constexpr char kPath[] = "conversation.xml";
+  static constexpr char Path[] = "conversation.xml";
 
   Ref<CXMLDataStore> Store(bool overwrite = false) {
     auto store = New<CXMLDataStore>(Disk);
     store->Initialize(u"conversation.xml", overwrite);
     return store;
   }
-  std::string& Bytes() { return Disk->Bytes(kPath); }
+  std::string& Bytes() { return Disk->Bytes(Path); }
 
   static void Append(const Ref<CXMLDataStore>& store, StringView text, const String& type = u"Response") {
     store->AppendDataEntityToStore(Entity(text, {}, type));
@@ -98,7 +98,7 @@ protected:
   }
 
   std::vector<std::string> Failures;
-  static constexpr char16_t kFull[] = u"The file, conversation.xml, cannot be written: No space left on device.";
+  static constexpr char16_t Full[] = u"The file, conversation.xml, cannot be written: No space left on device.";
 };
 
 } // namespace portico::test

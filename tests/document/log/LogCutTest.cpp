@@ -55,7 +55,7 @@ protected:
 
 TEST_P(LogCutTest, EveryCutLeavesALogThatOpensAndCanBeExtended) {
   const Course& course = GetParam();
-  if (!course.Before.empty()) Disk->Put(kPath, course.Before);
+  if (!course.Before.empty()) Disk->Put(Path, course.Before);
   const Texts before = course.Before.empty() ? Texts{} : Read(Store());
   Do(course);
   const std::size_t steps = Disk->Steps;
@@ -63,11 +63,11 @@ TEST_P(LogCutTest, EveryCutLeavesALogThatOpensAndCanBeExtended) {
 
   for (std::size_t cut = 0; cut < steps; ++cut) {
     Disk = std::make_shared<MemoryLogDisk>();
-    if (!course.Before.empty()) Disk->Put(kPath, course.Before);
+    if (!course.Before.empty()) Disk->Put(Path, course.Before);
     Disk->BytesToLive = cut;
     const auto [done, underWay] = Do(course);
     Disk->BytesToLive.reset();
-    if (!Disk->Exists(kPath)) {
+    if (!Disk->Exists(Path)) {
       EXPECT_EQ(cut, 0U);
       continue;
     }
@@ -93,25 +93,25 @@ TEST_P(LogCutTest, EveryCutLeavesALogThatOpensAndCanBeExtended) {
   }
 }
 
-const std::string kClosed = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<SCPICommLog>\n" + kHeader +
-                            "\n<Session>\n<X Timestamp=\"x\"><![CDATA[7800]]></X>\n</Session>\n</SCPICommLog>\n";
+const std::string Closed = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<SCPICommLog>\n" + LogHeader +
+                           "\n<Session>\n<X Timestamp=\"x\"><![CDATA[7800]]></X>\n</Session>\n</SCPICommLog>\n";
 
 INSTANTIATE_TEST_SUITE_P(
     , LogCutTest,
-    testing::Values(
-        Course{"Fresh", "", {"make", "open", "1", "2", "close"}},
-        Course{"TwoSessions", "", {"make", "open", "1", "close", "open", "2", "close"}},
-        Course{"OnAClosedLog", kClosed, {"make", "open", "1", "close"}},
-        Course{
-            "OnALogInOneLine", LogOf("<Session><X Timestamp=\"x\">7800</X></Session>"), {"make", "open", "1", "close"}},
-        Course{"OnALogWithAnEpilogue", kClosed + "<!-- behind -->", {"make", "open", "1", "close"}},
-        Course{"OnATornLog", kClosed.substr(0, kClosed.find("7800")) + "78", {"make", "open", "1", "close"}},
-        Course{"OnALogCutInItsTags", kClosed.substr(0, kClosed.size() - 20), {"make", "open", "1", "close"}}),
+    testing::Values(Course{"Fresh", "", {"make", "open", "1", "2", "close"}},
+                    Course{"TwoSessions", "", {"make", "open", "1", "close", "open", "2", "close"}},
+                    Course{"OnAClosedLog", Closed, {"make", "open", "1", "close"}},
+                    Course{"OnALogInOneLine",
+                           LogOf("<Session><X Timestamp=\"x\">7800</X></Session>"),
+                           {"make", "open", "1", "close"}},
+                    Course{"OnALogWithAnEpilogue", Closed + "<!-- behind -->", {"make", "open", "1", "close"}},
+                    Course{"OnATornLog", Closed.substr(0, Closed.find("7800")) + "78", {"make", "open", "1", "close"}},
+                    Course{"OnALogCutInItsTags", Closed.substr(0, Closed.size() - 20), {"make", "open", "1", "close"}}),
     [](const testing::TestParamInfo<Course>& test) { return test.param.Name; });
 
 /// Whoever reads meanwhile finds a log that is whole.
 TEST_F(StoreTest, AClosedLogIsExtendedWithoutBeingCutFirst) {
-  Disk->Put(kPath, kClosed);
+  Disk->Put(Path, Closed);
   Disk->TruncateFault = EIO;
   const auto store = Store();
   store->OpenSession();

@@ -8,7 +8,7 @@ namespace {
 using End = LogReading::End;
 using Lines = std::vector<std::string>;
 
-const std::string kHeaderLine = "header ApplicationName=Tolvane Portico ApplicationVersion=1.0.5";
+const std::string HeaderLine = "header ApplicationName=Tolvane Portico ApplicationVersion=1.0.5";
 
 LogReading ReadingOf(const std::string& bytes) {
   ILogVisitor nobody;
@@ -19,19 +19,19 @@ End EndOf(const std::string& bytes) { return ReadingOf(bytes).Ending; }
 
 TEST(LogReaderTest, TellsOfHeaderSessionsAndEntities) {
   EXPECT_EQ(Tell(LogOf("<Session a=\"1\"><X b=\"2\" c=\"3\"><![CDATA[41]]></X></Session><Session/>")),
-            (Lines{kHeaderLine, "session a=1", "X b=2 c=3 41", "end", "session", "end"}));
+            (Lines{HeaderLine, "session a=1", "X b=2 c=3 41", "end", "session", "end"}));
 }
 
 TEST(LogReaderTest, NamesAreCaseSensitive) {
-  EXPECT_EQ(Tell(LogOf("<session><X>41</X></session>")), Lines{kHeaderLine});
-  EXPECT_EQ(ReadingOf("<scpicommlog>" + kHeader + "</scpicommlog>").Headers, 0U);
+  EXPECT_EQ(Tell(LogOf("<session><X>41</X></session>")), Lines{HeaderLine});
+  EXPECT_EQ(ReadingOf("<scpicommlog>" + LogHeader + "</scpicommlog>").Headers, 0U);
 }
 
 TEST(LogReaderTest, WhatIsNoLogsIsPassedOver) {
   EXPECT_EQ(Tell(LogOf("<!-- a --><?b c?><Other><Session><X>41</X></Session></Other>stray<Session>stray<!-- d -->"
                        "<X>4<!-- e -->1<Y>42</Y></X></Session>")),
-            (Lines{kHeaderLine, "session", "X 4142", "end"}));
-  EXPECT_TRUE(Tell("<Other>" + kHeader + "<Session/></Other>").empty());
+            (Lines{HeaderLine, "session", "X 4142", "end"}));
+  EXPECT_TRUE(Tell("<Other>" + LogHeader + "<Session/></Other>").empty());
 }
 
 TEST(LogReaderTest, WhiteSpaceAroundACDataSectionIsNoText) {
@@ -45,7 +45,7 @@ TEST(LogReaderTest, ACarriageReturnIsTextWhenItIsMeant) {
 
 TEST(LogReaderTest, AnEntityMayBeCalledAsASessionIs) {
   EXPECT_EQ(Tell(LogOf("<Session><Session>41</Session><Header>42</Header></Session>")),
-            (Lines{kHeaderLine, "session", "Session 41", "Header 42", "end"}));
+            (Lines{HeaderLine, "session", "Session 41", "Header 42", "end"}));
 }
 
 TEST(LogReaderTest, ReadsOtherEncodings) {
@@ -79,7 +79,7 @@ TEST(LogReaderTest, WhatIsNotXmlIsBroken) {
 }
 
 TEST(LogReaderTest, SaysWhereItIsBroken) {
-  const auto reading = ReadingOf("<SCPICommLog>\n" + kHeader + "\n<Session>\n<X></Y>");
+  const auto reading = ReadingOf("<SCPICommLog>\n" + LogHeader + "\n<Session>\n<X></Y>");
   EXPECT_EQ(reading.Reason, "mismatched tag");
   EXPECT_EQ(reading.Line, 4U);
 }
@@ -133,7 +133,7 @@ TEST(LogReaderTest, ReadsInPiecesOfAnySize) {
         },
         told);
     EXPECT_EQ(reading.Ending, End::Complete);
-    EXPECT_EQ(told.Lines, (Lines{kHeaderLine, "session SessionOpenTimeStamp=t", "X a=< 41", "end"}));
+    EXPECT_EQ(told.Lines, (Lines{HeaderLine, "session SessionOpenTimeStamp=t", "X a=< 41", "end"}));
     EXPECT_EQ(reading.Size, log.size());
     EXPECT_EQ(reading.SoundEnd, log.size() - LogText::RootEnd.size());
   }
@@ -174,8 +174,8 @@ TEST(LogReaderTest, StrayTextIsKeptUpToItsLastCharacter) {
 
 TEST(LogReaderTest, AnotherApplicationsLogIsNotCompleted) {
   EXPECT_EQ(EndOf("<SCPICommLog><Header ApplicationName=\"Other\"/><Session>"), End::Broken);
-  EXPECT_EQ(EndOf("<SCPICommLog>" + kHeader + kHeader + "<Session>"), End::Broken);
-  EXPECT_EQ(EndOf("<Other>" + kHeader + "<Session>"), End::Broken);
+  EXPECT_EQ(EndOf("<SCPICommLog>" + LogHeader + LogHeader + "<Session>"), End::Broken);
+  EXPECT_EQ(EndOf("<Other>" + LogHeader + "<Session>"), End::Broken);
   EXPECT_EQ(EndOf("<SCPICommLog><Header ApplicationName=\"Tolvane Portico\"><Session>"), End::Broken);
 }
 
@@ -207,7 +207,7 @@ TEST(LogReaderTest, APieceOfACloseStampLeavesTheSessionOpen) {
     std::string torn = full.substr(0, written);
     torn.resize(LogText::CloseStampRoom, ' ');
     const std::string log = start + torn + rest;
-    EXPECT_EQ(Tell(log), (Lines{kHeaderLine, "session SessionOpenTimeStamp=t", "X 41", "end"})) << written;
+    EXPECT_EQ(Tell(log), (Lines{HeaderLine, "session SessionOpenTimeStamp=t", "X 41", "end"})) << written;
     const auto reading = ReadingOf(log);
     EXPECT_EQ(reading.TornCloseStamps.size(), written <= 1 ? 0U : 1U);
     EXPECT_EQ(reading.Size, log.size());

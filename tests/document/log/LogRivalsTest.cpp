@@ -62,7 +62,7 @@ protected:
     return sessions;
   }
 
-  static constexpr char16_t kTaken[] =
+  static constexpr char16_t Taken[] =
       u"The file, conversation.xml, has been written by another program at the same time.";
   Program One{Disk};
   Program Other{Disk};
@@ -73,10 +73,10 @@ TEST_F(LogRivalsTest, AnEntityWhoseStampStandsThereIsGivenUp) {
   Other.Open();
   One.Log(u"one 2");
   const ErrorRecord error = Raised([&] { Other.Log(u"other 2"); });
-  ExpectError(error, 75, kTaken);
+  ExpectError(error, 75, Taken);
   ExpectTrail(error, {u"CXMLDataStore.AppendDataEntity(DataEntity)",
                       u"CXMLDataStore.IDataStore_AppendDataEntityToStore(DataEntity)"});
-  EXPECT_EQ(Other.Failures, Texts{ToUtf8(kTaken)});
+  EXPECT_EQ(Other.Failures, Texts{ToUtf8(Taken)});
   Other.Log(u"other 3");
   EXPECT_EQ(Read(Store()), (Texts{"one 2", "other 3"}));
 }
@@ -116,10 +116,10 @@ TEST_F(LogRivalsTest, WhatIsBehindAndBeforeAnEntityThatIsGivenUpGoesOut) {
   Disk->OpenFault = 0;
   One.Draw();
   One.Log(u"one 3");
-  ExpectError(Raised([&] { Other.Log(u"other 5"); }), 75, kTaken);
+  ExpectError(Raised([&] { Other.Log(u"other 5"); }), 75, Taken);
   EXPECT_EQ(Read(Store()), (Texts{"one 3", "other 2", "other 4", "other 5"}));
   Other.Log(u"other 6");
-  EXPECT_EQ(Other.Failures.back(), ToUtf8(kTaken));
+  EXPECT_EQ(Other.Failures.back(), ToUtf8(Taken));
   EXPECT_EQ(Other.Failures.size(), 4U);
 }
 
@@ -136,7 +136,7 @@ TEST_F(LogRivalsTest, ADiskThatIsFullWhenAnEntityIsGivenUpIsToldFirst) {
   ExpectError(Raised([&] { Other.Log(u"other 4"); }), 75,
               u"The file, conversation.xml, cannot be written: No space left on device.");
   Disk->Capacity = std::numeric_limits<std::size_t>::max();
-  ExpectError(Raised([&] { Other.Log(u"other 5"); }), 75, kTaken);
+  ExpectError(Raised([&] { Other.Log(u"other 5"); }), 75, Taken);
   Other.Log(u"other 6");
   EXPECT_EQ(Read(Store()), (Texts{"one 3", "other 2", "other 4", "other 5", "other 6"}));
 }
@@ -165,7 +165,7 @@ TEST_F(LogRivalsTest, ASessionThatHasLostAllThatWasToComeIsClosedInItsPlace) {
   EXPECT_EQ(Raised([&] { Other.Close(); }).Number, 75);
   Disk->OpenFault = 0;
   One.Log(u"one 2");
-  ExpectError(Raised([&] { Other.Close(); }), 75, kTaken);
+  ExpectError(Raised([&] { Other.Close(); }), 75, Taken);
   EXPECT_EQ(Read(Store()), Texts{"one 2"});
   EXPECT_EQ(Sessions(), (Texts{"SessionOpenTimeStamp=2004-02-09T08:05:03.000000001-5:00",
                                "SessionOpenTimeStamp=2004-02-09T08:05:03.000000001-5:00 "
@@ -176,7 +176,7 @@ TEST_F(LogRivalsTest, ASessionThatHasLostAllThatWasToComeIsClosedInItsPlace) {
 TEST_F(LogRivalsTest, AFileThatIsNoLogAnyMoreTakesNothing) {
   One.Open();
   One.Log(u"one");
-  Disk->Put(kPath, "notes");
+  Disk->Put(Path, "notes");
   EXPECT_EQ(Raised([&] { One.Log(u"two"); }).Number, 31037);
   EXPECT_TRUE(One.HasUnwritten());
 }

@@ -14,7 +14,7 @@ protected:
   }
   /// The stamp of the session that is opened in that log.
   std::string Extend(const std::string& log) {
-    Disk->Put(kPath, log);
+    Disk->Put(Path, log);
     m_store = Store();
     m_store->OpenSession();
     const std::string& bytes = Bytes();
@@ -97,13 +97,13 @@ TEST_F(LogStampsTest, TheHighestOfNineDigitsIsGoneOnBehind) {
 }
 
 TEST_F(LogStampsTest, ViewingALogRaisesNothing) {
-  Disk->Put(kPath, LogWith({"2004-02-09T08:05:03.000000040-5:00"}));
+  Disk->Put(Path, LogWith({"2004-02-09T08:05:03.000000040-5:00"}));
   Read(Store());
   EXPECT_EQ(Draw(), "2004-02-09T08:05:03.000000002-5:00"); // one was drawn for the entity
 }
 
 TEST_F(LogStampsTest, OnlyOpeningASessionRaises) {
-  Disk->Put(kPath, LogWith({"2004-02-09T08:05:03.000000040-5:00"}));
+  Disk->Put(Path, LogWith({"2004-02-09T08:05:03.000000040-5:00"}));
   const auto store = Store();
   EXPECT_EQ(Draw(), "2004-02-09T08:05:03.000000001-5:00");
   store->OpenSession();
@@ -111,13 +111,13 @@ TEST_F(LogStampsTest, OnlyOpeningASessionRaises) {
 }
 
 TEST_F(LogStampsTest, ALogThatIsOverwrittenRaisesNothing) {
-  Disk->Put(kPath, LogWith({"2004-02-09T08:05:03.000000040-5:00"}));
+  Disk->Put(Path, LogWith({"2004-02-09T08:05:03.000000040-5:00"}));
   Store(true)->OpenSession();
   EXPECT_NE(Bytes().find("2004-02-09T08:05:03.000000001-5:00"), std::string::npos);
 }
 
 TEST_F(LogStampsTest, AStoreThatIsInitializedAgainForgetsTheOtherLog) {
-  Disk->Put(kPath, LogWith({"2004-02-09T08:05:03.000000040-5:00"}));
+  Disk->Put(Path, LogWith({"2004-02-09T08:05:03.000000040-5:00"}));
   const auto store = Store();
   store->Initialize(u"other.xml", false);
   store->OpenSession();

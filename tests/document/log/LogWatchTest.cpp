@@ -168,7 +168,7 @@ TEST_F(TornLogWatchTest, TellsOfTheSessionBehindWhichItEnds) {
 }
 
 TEST_F(TornLogWatchTest, TellsOfALogThatHasNoSessionLeft) {
-  CutBehind(kHeader);
+  CutBehind(LogHeader);
   EXPECT_EQ(ToldOfFilling(), List{"no end behind 0, "});
 }
 
@@ -184,7 +184,7 @@ TEST_F(TornLogWatchTest, IsNotToldOfIfItCannotBeLocked) {
   Disk->LockFault = EWOULDBLOCK;
   EXPECT_EQ(ToldOfFilling(), (List{"entity", "entity"}));
   Disk->LockFault = 0;
-  Disk->BeforeLockedRead = [this] { Disk->Remove(kPath); };
+  Disk->BeforeLockedRead = [this] { Disk->Remove(Path); };
   EXPECT_EQ(ToldOfFilling(), (List{"entity", "entity"}));
 }
 
@@ -202,7 +202,7 @@ TEST_F(TornLogWatchTest, TheCheckOfAStoreTellsNothing) {
 
 TEST_F(LogWatchTest, ALogThatIsNotThereIsNotToldOf) {
   const auto store = Store();
-  Disk->Remove(kPath);
+  Disk->Remove(Path);
   const LogWatch watch(&Watching);
   EXPECT_EQ(Raised([&] { store->FillDataContainerFromStore(); }).Number, 31037);
   EXPECT_EQ(Told, List{});

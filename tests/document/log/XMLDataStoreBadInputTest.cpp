@@ -9,14 +9,14 @@ class XMLDataStoreBadInputTest : public StoreTest {
 protected:
   /// What opening the file raises; the file must stay as it is.
   ErrorRecord Opening(const std::string& bytes) {
-    Disk->Put(kPath, bytes);
+    Disk->Put(Path, bytes);
     const auto error = Raised([&] { Store(); });
     EXPECT_EQ(Bytes(), bytes);
     return error;
   }
   /// What reading an entity raises, the file being a good log.
   ErrorRecord Reading(const std::string& entities) {
-    Disk->Put(kPath, LogOf("<Session>" + entities + "</Session>"));
+    Disk->Put(Path, LogOf("<Session>" + entities + "</Session>"));
     const std::string before = Bytes();
     const auto store = Store();
     const auto error = Raised([&] { store->FillDataContainerFromStore(); });
@@ -35,7 +35,7 @@ TEST_F(XMLDataStoreBadInputTest, AFileThatIsNotXml) {
 }
 
 TEST_F(XMLDataStoreBadInputTest, AnotherRoot) {
-  const auto error = Opening("<Other>" + kHeader + "</Other>");
+  const auto error = Opening("<Other>" + LogHeader + "</Other>");
   ExpectError(error, 321, u"This data store does not contain header information.");
   ExpectTrail(error, {u"CXMLDataStore.StoreIsValid", u"CXMLDataStore.InititalizeDataStore(FileName, OverWrite)",
                       u"CXMLDataStore.Initialize"});
@@ -51,7 +51,7 @@ TEST_F(XMLDataStoreBadInputTest, ElementsNestedTooDeeply) {
     }
     return LogOf(open + close);
   };
-  Disk->Put(kPath, nested(255));
+  Disk->Put(Path, nested(255));
   EXPECT_TRUE(Read(Store()).empty());
   ExpectError(Opening(nested(256)), 31037, u"The file, conversation.xml, is not a valid data store.");
 }
@@ -59,8 +59,8 @@ TEST_F(XMLDataStoreBadInputTest, ElementsNestedTooDeeply) {
 TEST_F(XMLDataStoreBadInputTest, ATornCloseStampInALogWithACommentBehindTheRoot) {
   std::string torn = " SessionCloseTimeSt";
   torn.resize(LogText::CloseStampRoom, ' ');
-  Disk->Put(kPath, LogText::Head() + LogText::SessionTagStart(u"t") + torn + "><X>3100</X></Session></SCPICommLog>" +
-                       "<!-- behind -->");
+  Disk->Put(Path, LogText::Head() + LogText::SessionTagStart(u"t") + torn + "><X>3100</X></Session></SCPICommLog>" +
+                      "<!-- behind -->");
   const auto store = Store();
   store->OpenSession();
   Append(store, u"2");
@@ -71,12 +71,12 @@ TEST_F(XMLDataStoreBadInputTest, ATornCloseStampInALogWithACommentBehindTheRoot)
 
 TEST_F(XMLDataStoreBadInputTest, NoHeader) {
   ExpectError(Opening("<SCPICommLog/>"), 321, u"This data store does not contain header information.");
-  ExpectError(Opening("<SCPICommLog><Session>" + kHeader + "</Session></SCPICommLog>"), 321,
+  ExpectError(Opening("<SCPICommLog><Session>" + LogHeader + "</Session></SCPICommLog>"), 321,
               u"This data store does not contain header information.");
 }
 
 TEST_F(XMLDataStoreBadInputTest, TwoHeaders) {
-  ExpectError(Opening(LogOf(kHeader)), 321, u"This data store contains more than one header.");
+  ExpectError(Opening(LogOf(LogHeader)), 321, u"This data store contains more than one header.");
 }
 
 TEST_F(XMLDataStoreBadInputTest, AnotherApplicationsLogFailsWithoutAWord) {
@@ -86,7 +86,7 @@ TEST_F(XMLDataStoreBadInputTest, AnotherApplicationsLogFailsWithoutAWord) {
 }
 
 TEST_F(XMLDataStoreBadInputTest, AnyVersionIsAccepted) {
-  Disk->Put(kPath, "<SCPICommLog><Header ApplicationName=\"Tolvane Portico\" ApplicationVersion=\"9\"/></SCPICommLog>");
+  Disk->Put(Path, "<SCPICommLog><Header ApplicationName=\"Tolvane Portico\" ApplicationVersion=\"9\"/></SCPICommLog>");
   EXPECT_TRUE(Read(Store()).empty());
 }
 
@@ -115,12 +115,12 @@ TEST_F(XMLDataStoreBadInputTest, AnEmptyPayloadFailsTheWholeReading) {
 }
 
 TEST_F(XMLDataStoreBadInputTest, AnEmptyStringPayloadIsNoData) {
-  Disk->Put(kPath, LogOf("<Session><X Timestamp=\"t\" DataFormat=\"String\"/></Session>"));
+  Disk->Put(Path, LogOf("<Session><X Timestamp=\"t\" DataFormat=\"String\"/></Session>"));
   EXPECT_EQ(FirstRead(Store())->DataLength(), 0);
 }
 
 TEST_F(XMLDataStoreBadInputTest, ElementsOfAnyTypeAreEntities) {
-  Disk->Put(kPath,
+  Disk->Put(Path,
             LogOf("<Session><Unknown DataType=\"Other\" Timestamp=\"t\" DataFormat=\"Binary\" _p=\"q\">7800</Unknown>"
                   "</Session>"));
   const auto entity = FirstRead(Store());
@@ -131,7 +131,7 @@ TEST_F(XMLDataStoreBadInputTest, ElementsOfAnyTypeAreEntities) {
 }
 
 TEST_F(XMLDataStoreBadInputTest, AnElementWithoutAttributesKeepsTheNewEntitysOwn) {
-  Disk->Put(kPath, LogOf("<Session><X>7800</X></Session>"));
+  Disk->Put(Path, LogOf("<Session><X>7800</X></Session>"));
   const auto entity = FirstRead(Store());
   EXPECT_EQ(entity->DataType(), u"");
   EXPECT_EQ(entity->TimeStamp(), u"2004-02-09T08:05:03.000000001-5:00");

@@ -36,7 +36,7 @@ TEST_F(XMLDataStoreFileTest, AFullDiskLeavesTheLogAsItWas) {
   for (std::size_t room = 0; room < 60; ++room) {
     Disk->Capacity = before.size() + room;
     const auto error = Raised([&] { Append(store, u"x"); });
-    ExpectError(error, 75, kFull);
+    ExpectError(error, 75, Full);
     EXPECT_EQ(Bytes(), before) << room;
   }
 }
@@ -45,10 +45,10 @@ TEST_F(XMLDataStoreFileTest, AFailedSaveIsToldOfAndRaises) {
   const auto store = Logging();
   Disk->Capacity = Bytes().size();
   const auto error = Raised([&] { Append(store, u"2"); });
-  ExpectError(error, 75, kFull);
+  ExpectError(error, 75, Full);
   ExpectTrail(error, {u"CXMLDataStore.AppendDataEntity(DataEntity)",
                       u"CXMLDataStore.IDataStore_AppendDataEntityToStore(DataEntity)"});
-  EXPECT_EQ(Failures, Texts{ToUtf8(kFull)});
+  EXPECT_EQ(Failures, Texts{ToUtf8(Full)});
 }
 
 TEST_F(XMLDataStoreFileTest, WhatCouldNotBeWrittenGoesOutWithTheNextSave) {
@@ -118,7 +118,7 @@ TEST_F(XMLDataStoreFileTest, ACloseThatFailsLeavesTheSessionOpenWithItsStampToCo
 
 TEST_F(XMLDataStoreFileTest, ALogThatWasRemovedIsBegunAnew) {
   const auto store = Logging();
-  Disk->Remove(kPath);
+  Disk->Remove(Path);
   Append(store, u"2");
   Append(store, u"3");
   store->CloseSession();
@@ -132,14 +132,14 @@ TEST_F(XMLDataStoreFileTest, ALogThatWasRemovedIsBegunAnew) {
 
 TEST_F(XMLDataStoreFileTest, ALogMayBeRemovedAtAnyTime) {
   const auto store = Store();
-  Disk->Remove(kPath);
+  Disk->Remove(Path);
   store->OpenSession();
   EXPECT_EQ(Tell(Bytes()).size(), 3U);
-  Disk->Remove(kPath);
+  Disk->Remove(Path);
   store->CloseSession();
   EXPECT_EQ(Tell(Bytes()).size(), 3U);
   EXPECT_NE(Bytes().find("SessionCloseTimeStamp"), std::string::npos);
-  Disk->Remove(kPath);
+  Disk->Remove(Path);
   store->OpenSession();
   Append(store, u"1");
   EXPECT_EQ(Tell(Bytes()).size(), 4U);
@@ -147,7 +147,7 @@ TEST_F(XMLDataStoreFileTest, ALogMayBeRemovedAtAnyTime) {
 
 TEST_F(XMLDataStoreFileTest, ALogThatCannotBeBegunAnewYetKeepsItsEntities) {
   const auto store = Logging();
-  Disk->Remove(kPath);
+  Disk->Remove(Path);
   Disk->ReplaceFault = EACCES;
   EXPECT_EQ(Raised([&] { Append(store, u"2"); }).Number, 75);
   EXPECT_EQ(Raised([&] { Append(store, u"3"); }).Number, 75);
@@ -159,7 +159,7 @@ TEST_F(XMLDataStoreFileTest, ALogThatCannotBeBegunAnewYetKeepsItsEntities) {
 
 TEST_F(XMLDataStoreFileTest, ALogThatIsStillALogIsExtendedByASessionOfItsOwn) {
   const auto store = Logging();
-  Disk->Put(kPath, LogOf("<Session SessionOpenTimeStamp=\"other\"><X Timestamp=\"x\">7800</X></Session>"));
+  Disk->Put(Path, LogOf("<Session SessionOpenTimeStamp=\"other\"><X Timestamp=\"x\">7800</X></Session>"));
   Append(store, u"2");
   store->CloseSession();
   EXPECT_EQ(Tell(Bytes()),
@@ -196,7 +196,7 @@ TEST_F(XMLDataStoreFileTest, WhatIsNoLogAnyMoreIsLeftAlone) {
   const auto store = Logging();
   for (const std::string& text : {std::string("notes"), std::string("<Other/>"), std::string(),
                                   std::string("<SCPICommLog><Header ApplicationName=\"Other\"/></SCPICommLog>")}) {
-    Disk->Put(kPath, text);
+    Disk->Put(Path, text);
     const auto error = Raised([&] { Append(store, u"2"); });
     ExpectError(error, 31037,
                 u"The file, conversation.xml, is not a valid data store: it has been changed by another program and is "
@@ -204,7 +204,7 @@ TEST_F(XMLDataStoreFileTest, WhatIsNoLogAnyMoreIsLeftAlone) {
     EXPECT_EQ(Bytes(), text);
   }
   EXPECT_EQ(Failures.size(), 4U);
-  Disk->Remove(kPath);
+  Disk->Remove(Path);
   Append(store, u"3");
   EXPECT_EQ(Read(store), (Texts{"2", "2", "2", "2", "3"}));
 }
@@ -223,7 +223,7 @@ TEST_F(XMLDataStoreFileTest, OpeningAndReadingWriteNothing) {
   for (const std::string& log :
        {LogOf(""), LogOf("<Session/>"), LogOf("<Session><X>7800</X></Session>") + "<!-- behind -->",
         LogText::Head() + "\n<Session>\n<X>7800</X>\n<Y>78", "\xEF\xBB\xBF" + LogOf("")}) {
-    Disk->Put(kPath, log);
+    Disk->Put(Path, log);
     {
       const auto store = Store();
       Read(store);
@@ -242,7 +242,7 @@ TEST_F(XMLDataStoreFileTest, AnyFormOfALogIsExtended) {
         LogOf("<Session><X>7800</X></Session>") + "<!-- behind --><?and this?>", latin,
         "\xEF\xBB\xBF" + LogOf("<Session/>"), "<?xml version=\"1.0\"?>\r\n" + LogOf("<Session a='1'/>\r\n"),
         LogOf("<Other>&lt;<!-- x --></Other>")}) {
-    Disk->Put(kPath, log);
+    Disk->Put(Path, log);
     auto expected = Tell(log);
     const auto store = Store();
     store->OpenSession();
@@ -268,18 +268,18 @@ TEST_F(XMLDataStoreFileTest, AnotherEncodingIsRewrittenFaithfully) {
     wide.push_back(static_cast<char>(unit >> 8));
     wide.push_back(static_cast<char>(unit & 0xFF));
   }
-  Disk->Put(kPath, wide);
+  Disk->Put(Path, wide);
   const auto store = Store();
   store->OpenSession();
   EXPECT_EQ(Bytes().substr(0, Bytes().rfind("\n<Session ")),
-            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<SCPICommLog>" + kHeader +
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<SCPICommLog>" + LogHeader +
                 "<!-- c --><?p q?><Session a=\"&lt;&quot;&#9;&#13;\"><X b=\"\xC3\xA9\"><![CDATA[<&]]>&amp;&#13;<Y/><Z/>"
                 "</X></Session>");
 }
 
 TEST_F(XMLDataStoreFileTest, ATornLogIsCompletedWhenItIsExtended) {
   const std::string sound = LogText::Head() + LogText::SessionTag(u"t", u"") + "\n<X>3100</X>";
-  Disk->Put(kPath, sound + "\n<Y>3200</");
+  Disk->Put(Path, sound + "\n<Y>3200</");
   const auto store = Store();
   EXPECT_EQ(Read(store), Texts{"1"});
   store->OpenSession();
@@ -293,7 +293,7 @@ TEST_F(XMLDataStoreFileTest, ATornCloseStampIsBlankedWhenItsLogIsExtended) {
   torn.resize(LogText::CloseStampRoom, ' ');
   const std::string start = LogText::Head() + LogText::SessionTagStart(u"t");
   const std::string rest = ">\n<X>3100</X>" + std::string(LogText::SessionEnd);
-  Disk->Put(kPath, start + torn + rest + std::string(LogText::RootEnd));
+  Disk->Put(Path, start + torn + rest + std::string(LogText::RootEnd));
   const auto store = Store();
   store->OpenSession();
   EXPECT_EQ(Bytes().substr(0, Bytes().rfind("\n<Session ")), start + std::string(LogText::CloseStampRoom, ' ') + rest);
@@ -308,13 +308,13 @@ TEST_F(XMLDataStoreFileTest, ASkeletonThatCannotBeWrittenIsAnError) {
 }
 
 TEST_F(XMLDataStoreFileTest, AFileThatAppearsMeanwhileIsNotReplaced) {
-  Disk->BeforeCreation = [this] { Disk->Put(kPath, LogOf("<Session><X>7800</X></Session>")); };
+  Disk->BeforeCreation = [this] { Disk->Put(Path, LogOf("<Session><X>7800</X></Session>")); };
   const auto store = Store();
   store->OpenSession();
   Append(store, u"1");
   EXPECT_EQ(TextsOf(Bytes()), (Texts{"7800", "3100"}));
-  Disk->Remove(kPath);
-  Disk->BeforeCreation = [this] { Disk->Put(kPath, LogOf("<Session><X>7900</X></Session>")); };
+  Disk->Remove(Path);
+  Disk->BeforeCreation = [this] { Disk->Put(Path, LogOf("<Session><X>7900</X></Session>")); };
   Append(store, u"2");
   EXPECT_EQ(TextsOf(Bytes()), (Texts{"7900", "3200"}));
 }
@@ -340,7 +340,7 @@ TEST_F(XMLDataStoreFileTest, AFailingCloseIsAFailedSave) {
   const auto store = Logging();
   Disk->CloseFault = ENOSPC;
   Disk->TruncateFault = EBADF;
-  ExpectError(Raised([&] { Append(store, u"2"); }), 75, kFull);
+  ExpectError(Raised([&] { Append(store, u"2"); }), 75, Full);
   ExpectError(Raised([&] { Append(store, u"3"); }), 75, // the failed save must be undone first
               u"The file, conversation.xml, cannot be written: Bad file descriptor.");
   EXPECT_EQ(Raised([&] { store->CloseSession(); }).Number, 75);
@@ -365,16 +365,16 @@ TEST_F(XMLDataStoreFileTest, AStoreThatIsInitializedAgainHasNoSession) {
 
 TEST_F(XMLDataStoreFileTest, ALogThatHasBecomeForeignIsNotRead) {
   const auto store = Store();
-  Disk->Put(kPath, "<SCPICommLog><Header ApplicationName=\"Other\"/></SCPICommLog>");
+  Disk->Put(Path, "<SCPICommLog><Header ApplicationName=\"Other\"/></SCPICommLog>");
   ExpectError(Raised([&] { store->FillDataContainerFromStore(); }), 321, u"");
-  Disk->Put(kPath, "<Other/>");
+  Disk->Put(Path, "<Other/>");
   ExpectError(Raised([&] { store->FillDataContainerFromStore(); }), 321,
               u"This data store does not contain header information.");
 }
 
 TEST_F(XMLDataStoreFileTest, ALogThatHasGoneCannotBeRead) {
   const auto store = Store();
-  Disk->Remove(kPath);
+  Disk->Remove(Path);
   ExpectError(Raised([&] { store->FillDataContainerFromStore(); }), 31037,
               u"The file, conversation.xml, is not a valid data store.");
 }

@@ -11,7 +11,7 @@ class XMLDataStoreTest : public StoreTest {};
 
 TEST_F(XMLDataStoreTest, ANewStoreIsAFileWithTheHeaderAndNoSession) {
   Store();
-  EXPECT_EQ(Bytes(), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<SCPICommLog>\n" + kHeader + "\n</SCPICommLog>\n");
+  EXPECT_EQ(Bytes(), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<SCPICommLog>\n" + LogHeader + "\n</SCPICommLog>\n");
 }
 
 /// The instruction *IDN? went out and ok came back.
@@ -93,17 +93,17 @@ TEST_F(XMLDataStoreTest, WithoutOverwriteAnExistingLogKeepsItsSessions) {
 }
 
 TEST_F(XMLDataStoreTest, WithOverwriteTheOldContentsAreGone) {
-  Disk->Put(kPath, "anything at all");
+  Disk->Put(Path, "anything at all");
   Store(true);
   EXPECT_EQ(Tell(Bytes()).size(), 1U);
 }
 
 TEST_F(XMLDataStoreTest, AnOverwrittenLogIsANewFile) {
-  Disk->Put(kPath, LogOf("<Session/>"));
-  const auto old = Disk->Open(kPath, ILogDisk::Access::Read);
+  Disk->Put(Path, LogOf("<Session/>"));
+  const auto old = Disk->Open(Path, ILogDisk::Access::Read);
   const auto identity = old->Identity();
   Store(true);
-  EXPECT_NE(Disk->Open(kPath, ILogDisk::Access::Read)->Identity().File, identity.File);
+  EXPECT_NE(Disk->Open(Path, ILogDisk::Access::Read)->Identity().File, identity.File);
   EXPECT_EQ(old->Identity(), identity); // whoever has it open keeps what it held
 }
 
@@ -224,8 +224,8 @@ TEST_F(XMLDataStoreTest, CharactersThatXmlCannotHoldAreReplaced) {
 }
 
 TEST_F(XMLDataStoreTest, AStringPayloadIsReadAndWrittenAsPlainText) {
-  Disk->Put(kPath, LogOf("<Session><Response DataType=\"Response\" Timestamp=\"t\" DataFormat=\"String\">"
-                         "<![CDATA[plain <text>]]></Response></Session>"));
+  Disk->Put(Path, LogOf("<Session><Response DataType=\"Response\" Timestamp=\"t\" DataFormat=\"String\">"
+                        "<![CDATA[plain <text>]]></Response></Session>"));
   const auto entity = FirstRead(Store());
   EXPECT_EQ(FromBytes(entity->ReadData()), u"plain <text>");
   const auto store = Store(true);

@@ -11,7 +11,7 @@ using Texts = std::vector<std::string>;
 /// Whether a log holds all that was to be saved.
 class XMLDataStoreUnwrittenTest : public LoggingTest {
 protected:
-  static constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
+  static constexpr std::size_t NoLimit = std::numeric_limits<std::size_t>::max();
 };
 
 TEST_F(XMLDataStoreUnwrittenTest, NothingIsWhileSavesSucceed) {
@@ -27,7 +27,7 @@ TEST_F(XMLDataStoreUnwrittenTest, AnEntityIsUntilASaveCarriesIt) {
   Disk->Capacity = Bytes().size();
   EXPECT_EQ(Raised([&] { Append(store, u"2"); }).Number, 75);
   EXPECT_TRUE(store->IsAnythingUnwritten());
-  Disk->Capacity = kNoLimit;
+  Disk->Capacity = NoLimit;
   Append(store, u"3");
   EXPECT_FALSE(store->IsAnythingUnwritten());
 }

@@ -11,8 +11,8 @@
 namespace portico::simulator {
 namespace {
 
-constexpr Limits kVolts{-10, 10, 5, Quantity::Voltage};
-constexpr Limits kPlain{0, 100, 1};
+constexpr Limits Volts{-10, 10, 5, Quantity::Voltage};
+constexpr Limits Plain{0, 100, 1};
 
 /// Parses `A <parameters>` and gives the call to `use`.
 template <class Use>
@@ -43,39 +43,39 @@ int NumberError(const std::string& parameters, const Limits& limits) {
 }
 
 TEST(Call, NumbersWithUnits) {
-  EXPECT_EQ(Number("1.5", kVolts), 1.5);
-  EXPECT_EQ(Number("+1.5", kVolts), 1.5);
-  EXPECT_EQ(Number("-.5", kVolts), -0.5);
-  EXPECT_DOUBLE_EQ(Number("250 MV", kVolts), 0.25);
-  EXPECT_DOUBLE_EQ(Number("0.001kv", kVolts), 1);
-  EXPECT_EQ(Number("#H0A", kVolts), 10);
-  EXPECT_EQ(Number("#Q12", kVolts), 10);
-  EXPECT_EQ(Number("#b11", kVolts), 3);
+  EXPECT_EQ(Number("1.5", Volts), 1.5);
+  EXPECT_EQ(Number("+1.5", Volts), 1.5);
+  EXPECT_EQ(Number("-.5", Volts), -0.5);
+  EXPECT_DOUBLE_EQ(Number("250 MV", Volts), 0.25);
+  EXPECT_DOUBLE_EQ(Number("0.001kv", Volts), 1);
+  EXPECT_EQ(Number("#H0A", Volts), 10);
+  EXPECT_EQ(Number("#Q12", Volts), 10);
+  EXPECT_EQ(Number("#b11", Volts), 3);
 }
 
 TEST(Call, NumbersByName) {
-  EXPECT_EQ(Number("MIN", kVolts), -10);
-  EXPECT_EQ(Number("maximum", kVolts), 10);
-  EXPECT_EQ(Number("DEF", kVolts), 5);
-  EXPECT_EQ(NumberError("MAXI", kVolts), -141);
+  EXPECT_EQ(Number("MIN", Volts), -10);
+  EXPECT_EQ(Number("maximum", Volts), 10);
+  EXPECT_EQ(Number("DEF", Volts), 5);
+  EXPECT_EQ(NumberError("MAXI", Volts), -141);
 }
 
 TEST(Call, NumbersOutOfRange) {
-  EXPECT_EQ(NumberError("10.1", kVolts), -222);
-  EXPECT_EQ(NumberError("1E400", kVolts), -222);
-  EXPECT_EQ(NumberError("1E-400", kVolts), 0);
-  EXPECT_EQ(Number("1E-400", kVolts), 0);
+  EXPECT_EQ(NumberError("10.1", Volts), -222);
+  EXPECT_EQ(NumberError("1E400", Volts), -222);
+  EXPECT_EQ(NumberError("1E-400", Volts), 0);
+  EXPECT_EQ(Number("1E-400", Volts), 0);
 }
 
 TEST(Call, UnitsThatDoNotFit) {
-  EXPECT_EQ(NumberError("1 A", kVolts), -131);
-  EXPECT_EQ(NumberError("1 V", kPlain), -138);
+  EXPECT_EQ(NumberError("1 A", Volts), -131);
+  EXPECT_EQ(NumberError("1 V", Plain), -138);
 }
 
 TEST(Call, TypesThatDoNotFit) {
-  EXPECT_EQ(NumberError("'x'", kVolts), -158);
-  EXPECT_EQ(NumberError("#11x", kVolts), -168);
-  EXPECT_EQ(NumberError("(1)", kVolts), -178);
+  EXPECT_EQ(NumberError("'x'", Volts), -158);
+  EXPECT_EQ(NumberError("#11x", Volts), -168);
+  EXPECT_EQ(NumberError("(1)", Volts), -178);
   EXPECT_EQ(ErrorOf([] { With("1", [](const Call& call) { return call.String(0); }); }), -128);
   EXPECT_EQ(ErrorOf([] { With("#H1", [](const Call& call) { return call.String(0); }); }), -128);
   EXPECT_EQ(ErrorOf([] { With("MAX", [](const Call& call) { return call.String(0); }); }), -148);
@@ -111,9 +111,9 @@ TEST(Call, Booleans) {
 }
 
 TEST(Call, WholeNumbersTakeNamedLimits) {
-  constexpr Limits kCount{2, 10, 5};
+  constexpr Limits Count{2, 10, 5};
   const auto whole = [&](const std::string& text) {
-    return With(text, [&](const Call& call) { return call.Whole(0, kCount); });
+    return With(text, [&](const Call& call) { return call.Whole(0, Count); });
   };
   EXPECT_EQ(whole("3.6"), 4);
   EXPECT_EQ(whole("MIN"), 2);
@@ -149,7 +149,7 @@ TEST(Call, StringsLoseTheirDoubledQuotes) {
 
 TEST(Call, LimitsAreAskedForByName) {
   const auto asked = [](const std::string& text) {
-    return With(text, [](const Call& call) { return call.LimitOr(7, kVolts); });
+    return With(text, [](const Call& call) { return call.LimitOr(7, Volts); });
   };
   EXPECT_EQ(asked(""), 7);
   EXPECT_EQ(asked("MIN"), -10);

@@ -13,7 +13,7 @@ namespace {
 class Recorder {
 public:
   Recorder() {
-    static constexpr Command<Recorder> kTable[] = {
+    static constexpr Command<Recorder> Table[] = {
         {"*TST?", &Recorder::Test},
         {"[SENSe:]VOLTage[:DC]:RANGe", &Recorder::Range, 1, 2},
         {"[SENSe:]VOLTage[:DC]:RANGe?", &Recorder::RangeQuery},
@@ -21,7 +21,7 @@ public:
         {"OUTPut<1-3>[:STATe]", &Recorder::Output, 0, 0},
         {"[SOURce<1-2>:]MARKer<1-4>:LEVel", &Recorder::Marker},
     };
-    m_tree.Add(kTable, *this);
+    m_tree.Add(Table, *this);
   }
 
   std::string Invoke(std::string_view message) {

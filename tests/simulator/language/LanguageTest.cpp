@@ -101,8 +101,8 @@ TEST(Language, NoiseDoesNoHarm) {
     Random random(seed);
     Session session;
     std::string noise(500, '\0');
-    constexpr std::string_view kLikely = "*:;,?\"' \n019AVOLTRANGE";
-    std::generate(noise.begin(), noise.end(), [&] { return kLikely[random.Next() % kLikely.size()]; });
+    constexpr std::string_view Likely = "*:;,?\"' \n019AVOLTRANGE";
+    std::generate(noise.begin(), noise.end(), [&] { return Likely[random.Next() % Likely.size()]; });
     session.SendRaw(noise);
     session.SendRaw("\n");
     while (session.Await() != "(none)") {

@@ -8,7 +8,7 @@
 namespace portico::simulator {
 namespace {
 
-constexpr std::size_t kLimit = 64;
+constexpr std::size_t Limit = 64;
 
 struct Framed {
   std::vector<std::string> messages;
@@ -17,7 +17,7 @@ struct Framed {
 
 Framed Frame(std::string_view bytes, std::size_t pieceSize) {
   Framed framed;
-  MessageFramer framer(kLimit);
+  MessageFramer framer(Limit);
   while (!bytes.empty()) {
     std::string_view piece = bytes.substr(0, pieceSize);
     bytes.remove_prefix(piece.size());
@@ -84,12 +84,12 @@ TEST(MessageFramer, OutsideADataElementQuotesAndHashesAreStray) {
 TEST(MessageFramer, AfterASemicolonAHeaderComesFirst) { ExpectMessages("T \"a\"; 'b\nU\n", {"T \"a\"; 'b", "U"}); }
 
 TEST(MessageFramer, AMessageOfTheLimitFits) {
-  const std::string message(kLimit, 'x');
+  const std::string message(Limit, 'x');
   ExpectMessages(message + "\nU\n", {message, "U"});
 }
 
 TEST(MessageFramer, ALongerOneIsDiscardedToItsEnd) {
-  const std::string bytes = std::string(kLimit + 1, 'x') + "\nU\n";
+  const std::string bytes = std::string(Limit + 1, 'x') + "\nU\n";
   for (std::size_t size = 1; size <= bytes.size(); ++size) {
     const Framed framed = Frame(bytes, size);
     EXPECT_EQ(framed.messages, std::vector<std::string>{"U"}) << size;
@@ -107,7 +107,7 @@ TEST(MessageFramer, ALongBlockIsDiscardedWithTheLineFeedsInIt) {
 }
 
 TEST(MessageFramer, EveryOverrunIsTold) {
-  const std::string tooLong = std::string(kLimit * 2, 'x') + '\n';
+  const std::string tooLong = std::string(Limit * 2, 'x') + '\n';
   EXPECT_EQ(Frame(tooLong + tooLong + "U\n", 1000).overruns, 2);
 }
 

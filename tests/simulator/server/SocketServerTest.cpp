@@ -141,23 +141,23 @@ TEST(SocketServer, OneClientsWaitDoesNotHoldAnother) {
 TEST(SocketServer, ManyQuestionsAtOnceAreAnsweredInTheirOrder) {
   RunningServer server;
   TestClient client(server.Port());
-  constexpr int kCount = 3000;
+  constexpr int Count = 3000;
   std::string questions;
-  for (int i = 0; i < kCount; ++i) questions += "*ESE " + std::to_string(i % 256) + ";*ESE?\n";
+  for (int i = 0; i < Count; ++i) questions += "*ESE " + std::to_string(i % 256) + ";*ESE?\n";
   std::thread writer([&] { client.Send(questions); });
   TestClient& reader = client;
-  for (int i = 0; i < kCount; ++i) ASSERT_EQ(reader.ReadLine(), std::to_string(i % 256) + "\n");
+  for (int i = 0; i < Count; ++i) ASSERT_EQ(reader.ReadLine(), std::to_string(i % 256) + "\n");
   writer.join();
 }
 
 TEST(SocketServer, LargeAnswersArriveWhole) {
   RunningServer server;
   TestClient client(server.Port());
-  constexpr std::size_t kSize = 20'000'000;
-  client.Send("SIM:LENG? " + std::to_string(kSize) + "\n*ESE?\n");
-  const std::string answer = client.ReadBytes(kSize + 1);
-  EXPECT_EQ(answer.size(), kSize + 1);
-  EXPECT_EQ(answer.find_first_not_of('5'), kSize);
+  constexpr std::size_t Size = 20'000'000;
+  client.Send("SIM:LENG? " + std::to_string(Size) + "\n*ESE?\n");
+  const std::string answer = client.ReadBytes(Size + 1);
+  EXPECT_EQ(answer.size(), Size + 1);
+  EXPECT_EQ(answer.find_first_not_of('5'), Size);
   EXPECT_EQ(client.ReadLine(), "0\n");
 }
 
@@ -166,8 +166,8 @@ TEST(SocketServer, ReadsNoMoreFromAClientThatDoesNotRead) {
   TestClient client(server.Port());
   std::string questions;
   for (int i = 0; i < 1000; ++i) questions += "TRAC:DATA?\n";
-  constexpr std::size_t kMost = 256U << 20U;
-  EXPECT_LT(client.SendUntilBlocked(questions, kMost), kMost);
+  constexpr std::size_t Most = 256U << 20U;
+  EXPECT_LT(client.SendUntilBlocked(questions, Most), Most);
   TestClient other(server.Port());
   other.Send("*ESE?\n");
   EXPECT_EQ(other.ReadLine(), "0\n");

@@ -105,12 +105,12 @@ TEST(StreamConnection, FullBuffersOnBothSidesAreADeadlock) {
 TEST(StreamConnection, ManyQuestionsAtOnceAreAllAnswered) {
   Session session;
   std::string questions;
-  constexpr int kCount = 5000;
-  for (int i = 0; i < kCount; ++i) questions += "*ESE?\n";
+  constexpr int Count = 5000;
+  for (int i = 0; i < Count; ++i) questions += "*ESE?\n";
   session.SendRaw(questions);
   int answers = 0;
   while (session.Read()) ++answers;
-  EXPECT_EQ(answers, kCount);
+  EXPECT_EQ(answers, Count);
 }
 
 TEST(StreamConnection, NothingIsUnderWayAtFirst) {

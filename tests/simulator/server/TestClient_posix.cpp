@@ -37,10 +37,10 @@ void TestClient::Send(std::string_view bytes) {
 }
 
 std::size_t TestClient::SendUntilBlocked(std::string_view bytes, std::size_t most) {
-  constexpr int kPatience = 500; // ms without progress
+  constexpr int Patience = 500; // ms without progress
   std::size_t sent = 0;
   pollfd writable{m_socket.Get(), POLLOUT, 0};
-  while (sent < most && poll(&writable, 1, kPatience) > 0) {
+  while (sent < most && poll(&writable, 1, Patience) > 0) {
     const ssize_t count = send(m_socket.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
     if (count > 0) sent += static_cast<std::size_t>(count);
   }

@@ -11,20 +11,20 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr TimePoint kStart{std::chrono::hours(1)};
+constexpr TimePoint StartTime{std::chrono::hours(1)};
 
 /// An executor with a handful of commands that show what it does.
 class ExecutorTest : public testing::Test {
 protected:
   ExecutorTest() {
-    static constexpr Command<ExecutorTest> kTable[] = {
+    static constexpr Command<ExecutorTest> Table[] = {
         {"STARt", &ExecutorTest::Start},      {"CANCel", &ExecutorTest::Cancel}, {"HOLD?", &ExecutorTest::Hold},
         {"ECHO?", &ExecutorTest::Echo, 1, 1}, {"FAIL?", &ExecutorTest::Fail},    {"DONE?", &ExecutorTest::Done},
         {"BIG?", &ExecutorTest::Big},         {"REPort", &ExecutorTest::Report}, {"WAIT", &ExecutorTest::Wait},
         {"TWICe", &ExecutorTest::Twice},
     };
-    m_tree.Add(kTable, *this);
-    m_executor.Run(kStart);
+    m_tree.Add(Table, *this);
+    m_executor.Run(StartTime);
   }
 
   void Submit(const char* message) {
@@ -39,7 +39,7 @@ protected:
   CommandTree m_tree;
   Executor m_executor{m_tree, m_status};
   const std::shared_ptr<MessageExchange> m_exchange = m_executor.Join();
-  TimePoint m_now = kStart;
+  TimePoint m_now = StartTime;
   int m_done = 0;
 
 private:
@@ -93,7 +93,7 @@ TEST_F(ExecutorTest, AnExecutionErrorFailsItsUnitOnly) {
 TEST_F(ExecutorTest, AnOperationEndsInItsTime) {
   Submit("STAR");
   EXPECT_TRUE(m_executor.OperationPending());
-  EXPECT_EQ(m_executor.OperationEnd(), kStart + milliseconds(10));
+  EXPECT_EQ(m_executor.OperationEnd(), StartTime + milliseconds(10));
   EXPECT_EQ(m_status.Operation().Condition(), OperationBit::Measuring);
   Advance(milliseconds(9));
   EXPECT_EQ(m_done, 0);
@@ -120,7 +120,7 @@ TEST_F(ExecutorTest, OperationsInARowFollowEachOtherHoweverLateTheCall) {
   Submit("STAR;HOLD?;STAR;HOLD?;STAR");
   Advance(milliseconds(25));
   EXPECT_EQ(m_done, 2);
-  EXPECT_EQ(m_executor.OperationEnd(), kStart + milliseconds(30));
+  EXPECT_EQ(m_executor.OperationEnd(), StartTime + milliseconds(30));
 }
 
 TEST_F(ExecutorTest, ACancelledOperationHasNoResults) {

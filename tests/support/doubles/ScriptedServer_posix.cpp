@@ -14,7 +14,7 @@
 namespace portico::test {
 namespace {
 
-constexpr int kBacklog = 16;
+constexpr int Backlog = 16;
 
 /// A loopback address with port 0 (any) of either family.
 union LoopbackAddress {
@@ -61,7 +61,7 @@ void CloseSocket(int& socket) {
 
 ScriptedServer::ScriptedServer(InstrumentScript script, const Options& options)
     : m_options(options), m_script(std::move(script)) {
-  m_listener = Listen(m_options.ipv6, m_options.deaf ? 0 : kBacklog, m_port);
+  m_listener = Listen(m_options.ipv6, m_options.deaf ? 0 : Backlog, m_port);
   if (m_listener < 0 || ::pipe2(m_wakePipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
   if (!m_options.deaf) m_thread = std::thread([this] { Serve(); });
 }
@@ -81,7 +81,7 @@ ScriptedServer::~ScriptedServer() {
 
 bool ScriptedServer::HasIpv6() {
   std::uint16_t port = 0;
-  int listener = Listen(true, kBacklog, port);
+  int listener = Listen(true, Backlog, port);
   const bool listening = listener >= 0;
   CloseSocket(listener);
   return listening;

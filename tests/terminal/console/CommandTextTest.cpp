@@ -18,10 +18,10 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr char kNotUtf8[] = "not UTF-8; save the file as UTF-8";
-constexpr char kBareReturn[] = "a carriage return without a line feed; end lines with CR LF or LF";
-constexpr char kZero[] = "a line cannot hold a zero character";
-constexpr char kEndOfText[] = "a line cannot begin with U+001A";
+constexpr char NotUtf8[] = "not UTF-8; save the file as UTF-8";
+constexpr char BareReturn[] = "a carriage return without a line feed; end lines with CR LF or LF";
+constexpr char Zero[] = "a line cannot hold a zero character";
+constexpr char EndOfText[] = "a line cannot begin with U+001A";
 
 std::vector<String> LinesOf(const std::string& bytes) {
   const auto decoded = DecodeText(bytes);
@@ -76,28 +76,28 @@ TEST(DecodeText, CharactersOfTheCodePageAreTaken) {
 }
 
 TEST(DecodeText, BytesThatAreNotUtf8AreRefusedAtTheByte) {
-  EXPECT_EQ(FaultOf("*CLS\nDISP \xB5V\n"), (TextFault{2, 6, kNotUtf8}));
-  EXPECT_EQ(FaultOf("\xC3\xA9\xFF"), (TextFault{1, 3, kNotUtf8}));
-  EXPECT_EQ(FaultOf("A\xC0\x80"), (TextFault{1, 2, kNotUtf8}));
-  EXPECT_EQ(FaultOf("A\xED\xA0\x80"), (TextFault{1, 2, kNotUtf8}));
-  EXPECT_EQ(FaultOf("A\xE2\x82\n"), (TextFault{1, 2, kNotUtf8}));
+  EXPECT_EQ(FaultOf("*CLS\nDISP \xB5V\n"), (TextFault{2, 6, NotUtf8}));
+  EXPECT_EQ(FaultOf("\xC3\xA9\xFF"), (TextFault{1, 3, NotUtf8}));
+  EXPECT_EQ(FaultOf("A\xC0\x80"), (TextFault{1, 2, NotUtf8}));
+  EXPECT_EQ(FaultOf("A\xED\xA0\x80"), (TextFault{1, 2, NotUtf8}));
+  EXPECT_EQ(FaultOf("A\xE2\x82\n"), (TextFault{1, 2, NotUtf8}));
 }
 
 TEST(DecodeText, Utf16IsRefused) {
-  EXPECT_EQ(FaultOf("\xFF\xFE*\0C\0"s), (TextFault{1, 1, kNotUtf8}));
-  EXPECT_EQ(FaultOf("*\0C\0L\0S\0"s), (TextFault{1, 2, kZero}));
+  EXPECT_EQ(FaultOf("\xFF\xFE*\0C\0"s), (TextFault{1, 1, NotUtf8}));
+  EXPECT_EQ(FaultOf("*\0C\0L\0S\0"s), (TextFault{1, 2, Zero}));
 }
 
-TEST(DecodeText, ZeroCharacterIsRefused) { EXPECT_EQ(FaultOf("*CLS\nAB\0C\n"s), (TextFault{2, 3, kZero})); }
+TEST(DecodeText, ZeroCharacterIsRefused) { EXPECT_EQ(FaultOf("*CLS\nAB\0C\n"s), (TextFault{2, 3, Zero})); }
 
 TEST(DecodeText, BareCarriageReturnIsRefused) {
-  EXPECT_EQ(FaultOf("*CLS\r*RST\n"), (TextFault{1, 5, kBareReturn}));
-  EXPECT_EQ(FaultOf("*CLS\r\r\n"), (TextFault{1, 5, kBareReturn}));
+  EXPECT_EQ(FaultOf("*CLS\r*RST\n"), (TextFault{1, 5, BareReturn}));
+  EXPECT_EQ(FaultOf("*CLS\r\r\n"), (TextFault{1, 5, BareReturn}));
 }
 
 TEST(DecodeText, LineThatBeginsWithEndOfTextIsRefused) {
-  EXPECT_EQ(FaultOf("*CLS\n\x1A*RST\n"), (TextFault{2, 1, kEndOfText}));
-  EXPECT_EQ(FaultOf("  \x1A"), (TextFault{1, 3, kEndOfText}));
+  EXPECT_EQ(FaultOf("*CLS\n\x1A*RST\n"), (TextFault{2, 1, EndOfText}));
+  EXPECT_EQ(FaultOf("  \x1A"), (TextFault{1, 3, EndOfText}));
 }
 
 TEST(DecodeText, EndOfTextFurtherOnIsText) { EXPECT_EQ(LinesOf("A\x1A\n"), Lines({u"A\x1A"})); }
@@ -112,7 +112,7 @@ TEST(DecodeText, CharacterOutsideTheCodePageIsNamed) {
 TEST(DecodeText, ColumnsCountCharacters) {
   EXPECT_EQ(FaultOf("\xC2\xB5\xE2\x82\xAC\xCE\xA9"),
             (TextFault{1, 3, "U+03A9 cannot be sent: the instrument's code page lacks it"}));
-  EXPECT_EQ(FaultOf("\xF0\x9F\x98\x80\rA\n"), (TextFault{1, 2, kBareReturn}));
+  EXPECT_EQ(FaultOf("\xF0\x9F\x98\x80\rA\n"), (TextFault{1, 2, BareReturn}));
 }
 
 TEST(DecodeText, FirstLineAtFaultIsReported) { EXPECT_EQ(FaultOf("A\n\xFF\nB\rC\n").Line, 2U); }
@@ -120,7 +120,7 @@ TEST(DecodeText, FirstLineAtFaultIsReported) { EXPECT_EQ(FaultOf("A\n\xFF\nB\rC\
 TEST(DecodeLine, TellsTheNumberThatItWasGiven) {
   const auto decoded = DecodeLine("A\xFF", 42);
   ASSERT_TRUE(std::holds_alternative<TextFault>(decoded));
-  EXPECT_EQ(std::get<TextFault>(decoded), (TextFault{42, 2, kNotUtf8}));
+  EXPECT_EQ(std::get<TextFault>(decoded), (TextFault{42, 2, NotUtf8}));
 }
 
 TEST(DecodeLine, CarriageReturnAtItsEndIsPartOfTheLineEnd) {

@@ -5,7 +5,7 @@
 namespace portico::test {
 namespace {
 
-constexpr double kPixel = FormUnitsPerPixel;
+constexpr double Pixel = FormUnitsPerPixel;
 
 /// Forms in which everything shows and every panel has a text before their logic gets them.
 class RevealingForms final : public IForms {
@@ -162,15 +162,15 @@ TEST_F(ViewLogLoadTest, TheTextFillsWhatTheToolbarLeaves) {
 
 TEST_F(ViewLogLoadTest, TheTextFollowsTheWindow) {
   const auto viewer = ViewOf({});
-  Bar(viewer).Top(3 * kPixel);
+  Bar(viewer).Top(3 * Pixel);
   Past(viewer).Left(70);
   viewer->Resize(9000, 8000);
   EXPECT_EQ(Past(viewer).Left(), 0);
-  EXPECT_EQ(Past(viewer).Top(), 3 * kPixel + Bar(viewer).Height());
+  EXPECT_EQ(Past(viewer).Top(), 3 * Pixel + Bar(viewer).Height());
   EXPECT_EQ(Past(viewer).Width(), viewer->ScaleWidth());
   EXPECT_EQ(Past(viewer).Height(), viewer->ScaleHeight() - Past(viewer).Top());
   auto& logo = Find<memory::PictureBox>(viewer, u"picLogo");
-  EXPECT_EQ(logo.Top(), 3 * kPixel);
+  EXPECT_EQ(logo.Top(), 3 * Pixel);
   EXPECT_EQ(logo.Left(), viewer->ScaleWidth() - logo.Width());
 }
 

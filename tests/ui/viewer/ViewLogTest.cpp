@@ -8,8 +8,8 @@
 namespace portico::test {
 namespace {
 
-constexpr ControlDesign kOtherControls[] = {{.Kind = ControlKind::CommandButton, .Name = u"cmdOther"}};
-constexpr FormDesign kOther = {.Name = u"frmOther", .Caption = u"Other", .Controls = kOtherControls};
+constexpr ControlDesign OtherControls[] = {{.Kind = ControlKind::CommandButton, .Name = u"cmdOther"}};
+constexpr FormDesign OtherForm = {.Name = u"frmOther", .Caption = u"Other", .Controls = OtherControls};
 
 class ViewLogTest : public ViewLogFixture {
 protected:
@@ -146,7 +146,7 @@ TEST_F(ViewLogTest, CopyIsForWhateverTextHasTheFocus) {
 
 TEST_F(ViewLogTest, CopyIsOffWhileNoTextHasTheFocus) {
   const auto viewer = ViewWithSelection();
-  const auto other = gForms->Load(kOther);
+  const auto other = gForms->Load(OtherForm);
   other->Show();
   ASSERT_NE(gForms->ActiveControl(), nullptr);
   Upset(viewer, true);

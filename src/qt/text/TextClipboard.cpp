@@ -5,13 +5,16 @@
 #include "richtext/RtfWriter.h"
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 
 namespace portico::qt {
 namespace {
 
-// The first is the one that is written.
+// The first is the one that is written. The last is often something else than RTF, so it is read where it comes along
+// and does not count as an offer.
 constexpr const char* FragmentTypes[] = {"text/rtf", "application/rtf", "text/richtext"};
+constexpr std::span OfferedTypes(FragmentTypes, 2);
 
 /// Without the zero bytes that some programs put behind it.
 String Fragment(const QMimeData& data) {
@@ -44,9 +47,8 @@ richtext::FormattedText FromClipboard(const QMimeData& data, const richtext::For
 }
 
 bool HasText(const QMimeData& data) {
-  return data.hasText() || std::ranges::any_of(FragmentTypes, [&](const char* type) {
-           return data.hasFormat(QString::fromLatin1(type));
-         });
+  return data.hasText() ||
+         std::ranges::any_of(OfferedTypes, [&](const char* type) { return data.hasFormat(QString::fromLatin1(type)); });
 }
 
 } // namespace portico::qt

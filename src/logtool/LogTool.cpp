@@ -40,8 +40,8 @@ public:
 
   void Header(const LogElement& header) override {
     const auto application = header.Attribute(LogName::ApplicationName).value_or("");
-    if (const LogFault fault = LogReader::FaultOf(++m_headers, application); fault != LogFault::None)
-      throw NoLog{fault};
+    const LogFault fault = LogReader::FaultOf(++m_headers, application);
+    if (fault != LogFault::None) throw NoLog{fault};
   }
   void SessionOpened(const LogElement& session) override { m_output.OpenSession(ReadSession(session)); }
   void Entity(const LogElement& element) override {

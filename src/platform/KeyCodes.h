@@ -25,7 +25,7 @@ inline constexpr std::int32_t RightKey = 39;
 inline constexpr std::int32_t DownKey = 40;
 inline constexpr std::int32_t DeleteKey = 46;
 inline constexpr std::int32_t F1Key = 112;
-inline constexpr std::int32_t FunctionKeys = 16; ///< how many there are
+inline constexpr std::int32_t FunctionKeyCount = 16; ///< how many there are
 
 /// What is held down with a key or a mouse button; the states add up.
 inline constexpr std::int32_t ShiftState = 1;

@@ -18,8 +18,8 @@ class EntitySequence;
 /// `NotInitialized` before `Initialize`. An entity whose stamp is already present raises `DuplicateKey`, a position
 /// that is not in the container `InvalidArgument`.
 ///
-/// Of the contract alone, asked for by nothing in the program: `MaximumCount`, `SelectAllData`, `CopyData` and
-/// `EntityAtDataIndex`.
+/// Of the contract alone, asked for by nothing in the program: `MaximumCount`, `SelectAllData`, `CopyData`,
+/// `EntityAtDataIndex` and `IsSelectionEmpty`.
 class CDataFIFO final : public IIteratableObject,
                         public ISelectableObject,
                         public std::enable_shared_from_this<CDataFIFO> {

@@ -24,7 +24,7 @@ String NameOfShortcut(std::int32_t code, std::int32_t shift) {
   if ((shift & CtrlState) != 0) name += u"Ctrl+";
   if ((shift & AltState) != 0) name += u"Alt+";
   if ((shift & ShiftState) != 0) name += u"Shift+";
-  if (code >= F1Key && code < F1Key + FunctionKeys) return name + u"F" + ToText(std::int64_t{code} - F1Key + 1);
+  if (code >= F1Key && code < F1Key + FunctionKeyCount) return name + u"F" + ToText(std::int64_t{code} - F1Key + 1);
   return name + static_cast<char16_t>(code);
 }
 

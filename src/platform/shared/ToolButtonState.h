@@ -5,7 +5,7 @@
 
 namespace portico {
 
-/// The same for a button of a toolbar.
+/// What a button of a toolbar is set to, on every platform; its kind shows it.
 class ToolButtonState : public IToolButton {
 public:
   explicit ToolButtonState(const ToolButtonDesign& design) : m_design(design), m_toolTipText(design.ToolTipText) {}

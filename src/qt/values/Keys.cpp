@@ -29,7 +29,7 @@ std::int32_t ShiftState(Qt::KeyboardModifiers modifiers) {
 
 std::int32_t KeyCode(int key) {
   if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) return key;
-  if (key >= Qt::Key_F1 && key < Qt::Key_F1 + FunctionKeys) return F1Key + key - Qt::Key_F1;
+  if (key >= Qt::Key_F1 && key < Qt::Key_F1 + FunctionKeyCount) return F1Key + key - Qt::Key_F1;
   const auto found = std::find_if(Codes.begin(), Codes.end(), [key](const auto& code) { return code.first == key; });
   return found == Codes.end() ? 0 : found->second;
 }

@@ -17,8 +17,7 @@ public:
   /// Raises `NotInitialized` before `Initialize` of the link. May be run again; it replaces the response.
   void Execute() override;
 
-  // The report is there from the moment that the response is stored; before that they raise
-  // `MissingObject`.
+  // The report is there from the moment that the response is stored; before that they raise `MissingObject`.
   String GetCommand() const override { return String(ClassName()); }
   String GetData() const override { return m_response->ResponseData(); }
   String GetErrorMessage() const override { return m_response->ErrorMessage(); }

@@ -30,8 +30,8 @@ String TerminationText(std::int32_t value) {
   return found == Terminations.end() ? String() : String(found->Name);
 }
 
-/// The driver's text in a buffer of blanks, without the `count` characters that the driver ends it with. A response has
-/// no line end here: the driver's session has cut it.
+/// A message or an attribute in a buffer of blanks, without the `count` characters that the driver ends it with. A
+/// response does not come by here: its line end has been cut in the driver.
 String TextInBuffer(std::string_view buffer, std::size_t count) {
   const String text = FromCodePage(buffer);
   const StringView trimmed = Trim(text);

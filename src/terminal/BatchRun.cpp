@@ -3,7 +3,6 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/errors/Quit.h"
 #include "framework/objects/IObjectFactory.h"
-#include "framework/objects/modGlobals.h"
 #include "framework/shared/ErrorAnswer.h"
 #include "framework/shared/IConfiguration.h"
 #include "instructions/InstrumentAccess.h"

@@ -17,7 +17,7 @@
 namespace portico::terminal {
 
 /// Runs command lines on one instrument. Needs the factory, `gConfiguration` and the event loop; the window must be
-/// `gMainForm`. All must outlive it.
+/// `gMainForm` and `gScratchArea`. All must outlive it.
 class BatchRun {
 public:
   using Sources = std::vector<std::unique_ptr<LineSource>>;

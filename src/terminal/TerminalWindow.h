@@ -20,7 +20,8 @@ public:
                  const Ref<IRichTextBox>& rtfScratchArea, std::function<bool()> interrupted);
   StringView ClassName() const override { return u"TerminalWindow"; }
 
-  /// Makes the views and what subscribes to reports. The window must be `gMainForm`, the factory must be there.
+  /// Makes the views and what subscribes to reports. The window must be `gMainForm` and `gScratchArea`, the factory
+  /// must be there.
   void Load();
   /// Lets go of all that, and of whoever listens, before the factory goes.
   void Unload();

@@ -17,9 +17,10 @@ public:
   LineRunner& operator=(const LineRunner&) = delete;
   virtual ~LineRunner() = default;
 
-  // Both are part of the contract and without effect.
+  // These two are part of the contract and without effect.
   void CharComment(const String& newValue) { m_charComment = newValue; }
   void Policy(const Ref<ICommandPolicy>& newValue) { m_policy = newValue; }
+
   void CommandQueue(const Ref<IRichTextBox>& newValue) { m_queue = newValue; }
   virtual void Execute() = 0;
 

@@ -2,13 +2,13 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
-#include "framework/objects/IObjectFactory.h"
 #include "framework/shared/Guards.h"
 #include "framework/shared/IConfiguration.h"
 #include "framework/shared/modAppGlobals.h"
 #include "instructions/InstrumentAccess.h"
 
 namespace portico {
+
 void CStep::Initialize(const Ref<CInstContainer>& Instruction) {
   m_instruction = Instruction;
   SetInitialized();
@@ -68,6 +68,11 @@ const CreatorRow CtorRun = {
         },
 };
 
-const CreatorRow CtorStop = {u"CtorStop", u"Stop", 0, MakePlainCommand<CStop>};
+const CreatorRow CtorStop = {
+    .Name = u"CtorStop",
+    .Specification = Class::Stop,
+    .ParamCount = Class::Stop.ParamCount,
+    .Make = MakePlainCommand<CStop>,
+};
 
 } // namespace portico

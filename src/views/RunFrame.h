@@ -8,7 +8,7 @@ namespace portico {
 
 /// The three ways to run the command window, with all that stands around a run. Needs what the runners need. An error
 /// leaves the window as a run has it: executing, so that no other run can be started. Made by the window, which
-/// connects each runner to its own handler of remarks and blank lines; the handler calls `Add2History`.
+/// connects each runner's `Add2History` to its handler of remarks and blank lines; the handler calls `Add2History`.
 class RunFrame {
 public:
   /// The command window and the history window.

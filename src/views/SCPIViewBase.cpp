@@ -2,7 +2,6 @@
 
 #include "document/entities/IIteratableObject.h"
 #include "document/reports/ReportEntities.h"
-#include "framework/objects/modGlobals.h"
 #include "framework/shared/Guards.h"
 #include "views/LineMarks.h"
 

@@ -5,7 +5,6 @@
 #include "document/entities/ITimeStamp.h"
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
-#include "framework/objects/modGlobals.h"
 
 #include <limits>
 #include <typeinfo>

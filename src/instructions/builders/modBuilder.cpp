@@ -1,6 +1,5 @@
 #include "instructions/builders/modBuilder.h"
 
-#include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 
 namespace portico::modBuilder {

@@ -3,7 +3,6 @@
 #include "framework/objects/IObjectFactory.h"
 #include "framework/shared/IConfiguration.h"
 #include "instructions/CInstGenerator.h"
-#include "instructions/IInstProcessor.h"
 #include "instructions/InstrumentAccess.h"
 #include "ui/base/IMainFormParts.h"
 #include "ui/base/UserCommands.h"

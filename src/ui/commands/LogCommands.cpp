@@ -9,6 +9,7 @@
 #include "ui/viewer/frmViewLog.h"
 
 namespace portico {
+
 void CNewLogFile::Act() {
   CheckConfiguration();
   if (gConfiguration->ItemValue(Item::LogFileName).empty()) {

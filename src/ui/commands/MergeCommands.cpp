@@ -2,7 +2,6 @@
 
 #include "document/entities/IDataStore.h"
 #include "framework/objects/IObjectFactory.h"
-#include "framework/objects/modGlobals.h"
 #include "framework/shared/Guards.h"
 #include "ui/base/UserCommands.h"
 

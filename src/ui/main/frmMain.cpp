@@ -6,7 +6,6 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/errors/Quit.h"
 #include "framework/objects/modGlobals.h"
-#include "framework/shared/Application.h"
 #include "framework/shared/modAppGlobals.h"
 #include "ui/base/ResourceStrings.h"
 #include "ui/base/ShowFailure.h"
@@ -77,6 +76,8 @@ void frmMain::Form_Load() {
 }
 
 void frmMain::Connect() {
+  m_deferred.emplace(DeferredRun::Handlers{[this] { mnuStep_Click(); }, [this] { mnuRun_Click(); },
+                                           [this] { mnuRunToCursor_Click(); }});
   ConnectTextBoxes();
   ConnectMenus();
   m_form->Events().Resize.Connect([this] { Form_Resize(); });

@@ -130,8 +130,6 @@ void frmMain::ConnectMenus() {
   FindControl<IToolBar>(*m_form, ToolBarName).ButtonClick().Connect([this](IToolButton& button) {
     tbToolBar_ButtonClick(button);
   });
-  m_deferred.emplace(DeferredRun::Handlers{[this] { mnuStep_Click(); }, [this] { mnuRun_Click(); },
-                                           [this] { mnuRunToCursor_Click(); }});
   m_form->Events().KeyDown.Connect([this](std::int32_t code, std::int32_t shift) {
     if (code == F1Key && shift == 0) Click(u"mnuHelpTopics");
   });

@@ -1,6 +1,5 @@
 #include "ui/viewer/frmViewLog.h"
 
-#include "framework/objects/modGlobals.h"
 #include "framework/shared/Guards.h"
 #include "framework/shared/ICommand.h"
 #include "framework/shared/modAppGlobals.h"
@@ -113,7 +112,10 @@ bool frmViewLog::Form_Load() {
 
 void frmViewLog::PlaceForm() {
   const WindowSettings settings(ClassName());
-  m_form->Move(settings.Left(), settings.Top(), settings.Width(), settings.Height());
+  const double left = settings.Left(); // one after the other: the first that is no number is told
+  const double top = settings.Top();
+  const double width = settings.Width();
+  m_form->Move(left, top, width, settings.Height());
 }
 
 void frmViewLog::LoadLog() try {

@@ -40,7 +40,7 @@ public:
 
   void Header(const LogElement& header) override {
     const auto application = header.Attribute(LogName::ApplicationName).value_or("");
-    const LogFault fault = LogReader::FaultOf(++m_headers, application);
+    const LogFault fault = LogReading::FaultOf(++m_headers, application);
     if (fault != LogFault::None) throw NoLog{fault};
   }
   void SessionOpened(const LogElement& session) override { m_output.OpenSession(ReadSession(session)); }

@@ -167,14 +167,6 @@ FileEnd EndOf(const ILogFile& file) {
 
 } // namespace
 
-LogFault LogReading::Fault() const { return LogReader::FaultOf(IsLog ? Headers : 0, ApplicationName); }
-
-LogFault LogReader::FaultOf(std::size_t headers, std::string_view applicationName) {
-  if (headers == 0) return LogFault::NoHeader;
-  if (headers > 1) return LogFault::SecondHeader;
-  return applicationName == ToUtf8(ApplicationTitle) ? LogFault::None : LogFault::OtherApplication;
-}
-
 LogReading LogReader::Read(const Source& source, ILogVisitor& visitor) { return Pass(source, visitor).Run(); }
 
 LogReading LogReader::Read(std::string_view bytes, ILogVisitor& visitor) {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "document/log/LogReader.h"
+#include "document/log/LogElement.h"
+#include "document/log/LogReading.h"
 
 namespace portico {
 

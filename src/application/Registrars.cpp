@@ -31,6 +31,7 @@
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/PrintCommands.h"
 #include "ui/dialogs/frmTVSCPIOptions.h"
+#include "views/CRun.h"
 #include "views/CSCPIViewHistory.h"
 #include "views/RunCommands.h"
 

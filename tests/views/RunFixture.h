@@ -2,6 +2,7 @@
 
 #include "instructions/IInstProcessor.h"
 #include "views/CInstructionRunner.h"
+#include "views/CRun.h"
 #include "views/RunCommands.h"
 #include "views/ViewFixture.h"
 

@@ -2,19 +2,9 @@
 
 #include "platform/IRichTextBox.h"
 #include "views/CSCPICmdPolicy.h"
+#include "views/LineKind.h"
 
 namespace portico {
-
-/// What a line of the command window is.
-enum class LineKind : std::int32_t {
-  None = 0,
-  CmdBlank = 1,
-  CmdAutomatic = 2,   ///< begins with `AutomaticMarker`
-  CmdInstruction = 3, ///< anything else: goes to the instrument
-  CmdRemark = 4,      ///< begins with `RemarkWord`
-  CmdResponse = 5,    ///< begins with `ResponseMarker`, or is italic to its line end
-  CmdEnd = 6,         ///< no line: the window is empty
-};
 
 /// Cuts the first line off a box and tells its kind. The runners make one per run. It keeps no position: what a handler
 /// changes in the box between two lines counts.

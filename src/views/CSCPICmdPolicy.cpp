@@ -1,7 +1,6 @@
 #include "views/CSCPICmdPolicy.h"
 
 #include "framework/text/EndOfText.h"
-#include "views/CPopALine.h"
 #include "views/LineMarks.h"
 
 namespace portico {

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "framework/errors/IObject.h"
+#include "views/LineKind.h"
 
 namespace portico {
-
-enum class LineKind : std::int32_t; // see CPopALine.h
 
 /// Classifies lines after the fact.
 class ICommandPolicy : public virtual IObject {

@@ -1,7 +1,5 @@
 #include "views/CSCPICmdPolicy.h"
 
-#include "views/CPopALine.h"
-
 #include <gtest/gtest.h>
 
 namespace portico::test {

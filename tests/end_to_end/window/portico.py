@@ -231,7 +231,15 @@ class Portico:
         return self.desktop.xdotool("search", "--onlyvisible", "--pid", self.process.pid, ".").split()
 
     def key(self, *keys):
+        wait_for(self._is_active, "a window to have the keyboard")
         self.desktop.xdotool("key", *keys)
+
+    def _is_active(self):
+        """A window is on the screen before the window manager lets keys reach it."""
+        try:
+            return any(window.has(Atspi.StateType.ACTIVE) for window in self._windows())
+        except GLib.Error:
+            return False
 
     def type(self, text):
         self.desktop.xdotool("type", "--delay", 1, text)

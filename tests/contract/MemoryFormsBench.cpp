@@ -1,7 +1,7 @@
 #include "contract/FormsBench.h"
 
 #include "memory/EventLoop.h"
-#include "memory/forms/Screen.h"
+#include "memory/desktop/Screen.h"
 #include "support/doubles/ManualClock.h"
 
 namespace portico::test {

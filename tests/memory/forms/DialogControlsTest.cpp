@@ -1,6 +1,6 @@
 #include "memory/forms/DialogControls.h"
 
-#include "memory/forms/FormBench.h"
+#include "memory/FormBench.h"
 
 namespace portico::memory {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "memory/FormBench.h"
 #include "memory/forms/Form.h"
-#include "memory/forms/FormBench.h"
 
 namespace portico::memory {
 

@@ -1,7 +1,7 @@
 #include "memory/forms/RichTextControl.h"
 
+#include "memory/FormBench.h"
 #include "memory/forms/DeviceContext.h"
-#include "memory/forms/FormBench.h"
 #include "platform/IPictureBox.h"
 
 namespace portico::memory {

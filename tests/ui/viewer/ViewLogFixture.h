@@ -1,9 +1,9 @@
 #pragma once
 
+#include "memory/desktop/Screen.h"
 #include "memory/forms/Areas.h"
 #include "memory/forms/DialogControls.h"
 #include "memory/forms/RichTextControl.h"
-#include "memory/forms/Screen.h"
 #include "support/Labels.h"
 #include "ui/LogFixture.h"
 #include "ui/viewer/frmViewLog.h"

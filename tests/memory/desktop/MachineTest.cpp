@@ -1,8 +1,8 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/Quit.h"
-#include "memory/forms/CommonDialog.h"
-#include "memory/forms/InstrumentList.h"
-#include "memory/forms/Registry.h"
+#include "memory/desktop/CommonDialog.h"
+#include "memory/desktop/InstrumentList.h"
+#include "memory/desktop/Registry.h"
 #include "support/ErrorReports.h"
 
 #include <gmock/gmock.h>

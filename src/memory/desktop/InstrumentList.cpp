@@ -1,4 +1,4 @@
-#include "memory/forms/InstrumentList.h"
+#include "memory/desktop/InstrumentList.h"
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"

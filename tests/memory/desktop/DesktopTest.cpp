@@ -1,7 +1,7 @@
-#include "memory/forms/Desktop.h"
+#include "memory/desktop/Desktop.h"
 
 #include "framework/errors/Quit.h"
-#include "memory/forms/FormBench.h"
+#include "memory/FormBench.h"
 
 #include <stdexcept>
 

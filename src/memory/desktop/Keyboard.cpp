@@ -1,4 +1,4 @@
-#include "memory/forms/Keyboard.h"
+#include "memory/desktop/Keyboard.h"
 
 #include "memory/forms/RichTextControl.h"
 

@@ -1,4 +1,4 @@
-#include "memory/forms/MessageBox.h"
+#include "memory/desktop/MessageBox.h"
 
 #include "framework/errors/Quit.h"
 

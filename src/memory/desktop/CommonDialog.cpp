@@ -1,4 +1,4 @@
-#include "memory/forms/CommonDialog.h"
+#include "memory/desktop/CommonDialog.h"
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"

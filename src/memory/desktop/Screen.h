@@ -1,9 +1,9 @@
 #pragma once
 
+#include "memory/desktop/Script.h"
 #include "memory/forms/Bars.h"
 #include "memory/forms/Form.h"
 #include "memory/forms/FormScreen.h"
-#include "memory/forms/Script.h"
 
 #include <functional>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "memory/forms/Registry.h"
+#include "memory/desktop/Registry.h"
 
 namespace portico::memory {
 

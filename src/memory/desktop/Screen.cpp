@@ -1,4 +1,4 @@
-#include "memory/forms/Screen.h"
+#include "memory/desktop/Screen.h"
 
 #include "framework/errors/Quit.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "memory/forms/Desktop.h"
-#include "memory/forms/Screen.h"
+#include "memory/desktop/Desktop.h"
+#include "memory/desktop/Screen.h"
 
 #include <memory>
 #include <vector>

@@ -58,8 +58,9 @@ int main(int argc, char** argv) {
   }
 
   const std::unique_ptr<Device> device = Device::Make(kind, seed);
-  if (!device)
+  if (!device) {
     return Complain("'" + kind + "' is not a device; there are dmm, psu and scope", "try portico-sim --help");
+  }
   try {
     SocketServer server(*device, options);
     running = &server;

@@ -71,7 +71,9 @@ void CRegistrarBase::RegisterClasses(const Ref<IObjectFactory>& ObjectFactory) t
 }
 
 void CRegistrarBase::UnregisterClasses(const Ref<IObjectFactory>& ObjectFactory) try {
-  const Ref<IObjectFactory> factory = ObjectFactory; // the argument may be the global that is cleared on the way
+  // The argument may be the global that is cleared on the way.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+  const Ref<IObjectFactory> factory = ObjectFactory;
   CheckFactory(factory);
   BeforeRemoval(factory);
   for (const CreatorRow* row : Rows()) {

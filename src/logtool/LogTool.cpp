@@ -94,7 +94,7 @@ std::string TextOf(LogFault fault) {
 }
 
 std::string WhatIsWrong(const LogReading& reading) {
-  const std::string place = "line " + std::to_string(reading.Line) + ": " + reading.Reason;
+  std::string place = "line " + std::to_string(reading.Line) + ": " + reading.Reason;
   if (reading.Ending == LogReading::End::Torn) return "its end is missing (" + place + ")";
   if (reading.Ending == LogReading::End::Broken) return place;
   if (!reading.IsOurs()) return TextOf(reading.Fault());

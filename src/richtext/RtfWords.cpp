@@ -11,29 +11,29 @@ struct Row {
   RtfAction Act;
 };
 
-template <bool CharacterFormat::*Switch>
+template <bool CharacterFormat::*flag>
 void Turn(RtfDocument& document, RtfNumber number) {
-  document.Change().Format.Character.*Switch = number.IsOn();
+  document.Change().Format.Character.*flag = number.IsOn();
 }
 
-template <std::int32_t Alignment>
+template <std::int32_t alignment>
 void Align(RtfDocument& document, RtfNumber) {
-  document.Change().Format.Paragraph.Alignment = Alignment;
+  document.Change().Format.Paragraph.Alignment = alignment;
 }
 
-template <char16_t Unit>
+template <char16_t unit>
 void Add(RtfDocument& document, RtfNumber) {
-  document.AddUnit(Unit);
+  document.AddUnit(unit);
 }
 
-template <RtfDestination Destination>
+template <RtfDestination destination>
 void Enter(RtfDocument& document, RtfNumber) {
-  document.Change().Destination = Destination;
+  document.Change().Destination = destination;
 }
 
-template <int Shift>
+template <int shift>
 void ColorPart(RtfDocument& document, RtfNumber number) {
-  document.SetColorPart(Shift, number.Or(0));
+  document.SetColorPart(shift, number.Or(0));
 }
 
 void EndLine(RtfDocument& document, RtfNumber) { document.EndLine(); }
@@ -42,10 +42,10 @@ std::int32_t Twips(std::int64_t number) {
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(number, -FarthestTwips, FarthestTwips));
 }
 
-template <int Sign>
+template <int sign>
 void Raise(RtfDocument& document, RtfNumber number) {
   const std::int64_t halfPoints = number.Or(6);
-  document.Change().Format.Character.CharOffset = Twips(Sign * halfPoints * TwipsPerHalfPoint);
+  document.Change().Format.Character.CharOffset = Twips(sign * halfPoints * TwipsPerHalfPoint);
 }
 
 void FontSize(RtfDocument& document, RtfNumber number) {

@@ -56,8 +56,9 @@ void CInstructionRunner::SendNextInstruction() {
   }
   m_source->Instructions()->Dequeue();
   // The view is asked again: without the line's text its queue may end earlier than the one that the line came from.
-  if (m_source->Instructions()->Count() == 0 || gConfiguration->ItemValue(Item::RunningMode) == ItemText::Step)
+  if (m_source->Instructions()->Count() == 0 || gConfiguration->ItemValue(Item::RunningMode) == ItemText::Step) {
     m_stop->Execute();
+  }
   m_source->Refresh();
 }
 

@@ -42,7 +42,7 @@ Ref<IDataEntity> RTFEncoderBase::Decode(const String& RTFText) const try {
     return Create(Class::DataEntity, data, type, {});
   };
   if (text.empty()) return entity({}, {});
-  const auto decoded = entity(ToBytes(StringView(text).substr(0, text.find(NewLine))), DataTypeFromFormat(text));
+  auto decoded = entity(ToBytes(StringView(text).substr(0, text.find(NewLine))), DataTypeFromFormat(text));
   modAppGlobals::TerminateEntityDataWithNewLine(decoded);
   return decoded;
 } catch (...) {

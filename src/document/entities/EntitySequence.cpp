@@ -171,7 +171,7 @@ Ref<IDataEntity> EntitySequence::AtDataIndex(std::int64_t index) const {
   }
   std::int64_t sum = 0;
   for (std::int64_t position = 1; position <= Count(); ++position) {
-    const Ref<IDataEntity> held = Item(position);
+    Ref<IDataEntity> held = Item(position);
     sum += held->DataLength();
     if (sum > index) return held;
   }

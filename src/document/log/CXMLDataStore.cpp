@@ -290,7 +290,7 @@ void CXMLDataStore::TellMissingEnd() const {
 
 Ref<IDataEntity> CXMLDataStore::ElementToDataEntity(const LogElement* Element, Filler& names) const try {
   HuntERR::Check(Element != nullptr, ErrorNumber::InvalidArgument, u"XML element cannot be nothing.");
-  const Ref<IDataEntity> entity = modDataDocument::CreateADataEntity({}, u"", u"");
+  Ref<IDataEntity> entity = modDataDocument::CreateADataEntity({}, u"", u"");
   HuntERR::Check(bool(entity), ErrorNumber::CannotCreate, u"Cannot create a data entity.");
   bool isString = false;
   for (const LogAttribute& attribute : Element->Attributes) {

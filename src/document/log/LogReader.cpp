@@ -10,8 +10,8 @@
 namespace portico {
 namespace {
 
-constexpr std::size_t ChunkSize = 256 * 1024;
-constexpr std::size_t LargestChunk = 64 * 1024 * 1024;
+constexpr std::size_t ChunkSize = std::size_t{256} * 1024;
+constexpr std::size_t LargestChunk = std::size_t{64} * 1024 * 1024;
 /// What is kept of the bytes before the chunk, to look at when something is torn: more than any session's tag.
 constexpr std::size_t Lookback = 4096;
 

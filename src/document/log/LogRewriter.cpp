@@ -13,7 +13,7 @@
 namespace portico {
 namespace {
 
-constexpr std::size_t ChunkSize = 256 * 1024;
+constexpr std::size_t ChunkSize = std::size_t{256} * 1024;
 
 /// Gathers the document; the caller takes the bytes away between two chunks, so that no exception crosses the parser.
 class Rewriter {

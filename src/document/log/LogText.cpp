@@ -31,8 +31,8 @@ std::string XmlCharacters(StringView text) {
 
 using Range = std::pair<char32_t, char32_t>;
 
-template <std::size_t Count>
-bool IsIn(const std::array<Range, Count>& ranges, char32_t point) {
+template <std::size_t count>
+bool IsIn(const std::array<Range, count>& ranges, char32_t point) {
   return std::any_of(ranges.begin(), ranges.end(),
                      [point](const Range& range) { return point >= range.first && point <= range.second; });
 }

@@ -43,7 +43,7 @@ Ref<IDataEntity> Report2DataEntity(const Ref<IReport>& Report) try {
   Shown shown = WhatShows(*Report);
   if (Report->GetErrorCode() != 0) shown.Text = AddTerminalNewLineToString(shown.Text);
   if (shown.Text.empty()) return {};
-  const auto entity = Create(Class::DataEntity, ToBytes(shown.Text), shown.DataType, {});
+  auto entity = Create(Class::DataEntity, ToBytes(shown.Text), shown.DataType, {});
   TerminateEntityDataWithNewLine(entity);
   return entity;
 } catch (...) {

@@ -49,7 +49,7 @@ QUrl HelpPages::Find(const QString& topic) const {
 QUrl HelpPages::TopicOf(StringView macro) const {
   const QString name = NameIn(macro);
   for (const QString& topic : {name, name.section('.', 0, -2)}) {
-    const QUrl page = topic.isEmpty() ? QUrl() : Find(topic);
+    QUrl page = topic.isEmpty() ? QUrl() : Find(topic);
     if (!page.isEmpty()) return page;
   }
   return Contents();

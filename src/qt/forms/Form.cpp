@@ -59,7 +59,7 @@ Form::~Form() {
   if (const auto list = m_list.lock()) std::erase(list->Shown, this);
   m_parts.Life->Gone = true;
   m_parts.Window->hide();
-  (new Remains(std::move(m_parts)))->deleteLater();
+  std::make_unique<Remains>(std::move(m_parts)).release()->deleteLater();
 }
 
 template <class... Args>

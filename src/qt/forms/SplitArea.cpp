@@ -4,7 +4,7 @@
 
 namespace portico::qt {
 
-SplitArea::SplitArea(const ControlDesign& design, std::shared_ptr<FormLife> life, QWidget& widget)
+SplitArea::SplitArea(const ControlDesign& design, const std::shared_ptr<FormLife>& life, QWidget& widget)
     : PlacedControl(design, life, widget),
       m_splitter({.Kind = ControlKind::PictureBox, .Name = u"Splitter"}, life, *new QWidget(&widget)) {
   widget.resize(0, 0);

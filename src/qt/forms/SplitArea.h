@@ -11,7 +11,7 @@ namespace portico::qt {
 /// A field in which other controls are placed, and a bar.
 class SplitArea final : public PlacedControl, public virtual ISplitArea {
 public:
-  SplitArea(const ControlDesign& design, std::shared_ptr<FormLife> life, QWidget& widget);
+  SplitArea(const ControlDesign& design, const std::shared_ptr<FormLife>& life, QWidget& widget);
 
   double ScaleWidth() const override { return Width(); }
   double ScaleHeight() const override { return Height(); }

@@ -94,17 +94,17 @@ void RichTextEditor::Flush(bool isUserEdit) {
 
 /// A stretch without lines, or without blocks, takes in a neighbour.
 void RichTextEditor::WriteStretch(const richtext::LineChanges::Stretch& stretch) {
-  auto [first, count, oldFirst, oldCount] = stretch;
-  if (count == 0 || oldCount == 0) {
-    if (first + count == Lines().Count()) {
-      --first;
-      --oldFirst;
+  richtext::LineChanges::Stretch taken = stretch;
+  if (taken.Count == 0 || taken.OldCount == 0) {
+    if (taken.First + taken.Count == Lines().Count()) {
+      --taken.First;
+      --taken.OldFirst;
     }
-    ++count;
-    ++oldCount;
+    ++taken.Count;
+    ++taken.OldCount;
   }
-  m_blocks.Write(Narrow(oldFirst), Narrow(oldCount), count,
-                 [&](std::size_t i) -> const richtext::FormattedLine& { return Lines()[first + i]; });
+  m_blocks.Write(Narrow(taken.OldFirst), Narrow(taken.OldCount), taken.Count,
+                 [&](std::size_t i) -> const richtext::FormattedLine& { return Lines()[taken.First + i]; });
 }
 
 void RichTextEditor::ShowSelection(bool isBackwards) {
@@ -153,7 +153,7 @@ void RichTextEditor::ReadContents(int position, int added) {
     m_blocks.Read(block, lines);
     if (block == last) break;
   }
-  const auto blocks = static_cast<std::size_t>(last.blockNumber() - first.blockNumber() + 1);
+  const auto blocks = static_cast<std::size_t>(last.blockNumber() - first.blockNumber()) + 1;
   const std::size_t read = lines.size();
   m_isChanged |= TakeLines(firstLine, Lines().Count() - behind - firstLine, std::move(lines));
   m_selected.reset();

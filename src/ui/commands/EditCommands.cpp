@@ -18,7 +18,7 @@ void Press(StringView keys) { Wired(gKeyboard).SendKeys(String(keys)); }
 void Refuse() { HuntERR::Check(false, ErrorNumber::CannotCarryOut, u"Operation is not implemented yet."); }
 
 Ref<IDataStore> OpenStore(const String& name) {
-  const auto store = Create(Class::DataStore, name, false);
+  auto store = Create(Class::DataStore, name, false);
   HuntERR::Check(bool(store), ErrorNumber::CannotCreate, u"Cannot create a paste-from file reader.");
   return store;
 }

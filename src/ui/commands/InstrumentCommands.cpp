@@ -22,7 +22,7 @@ String AskForInstrument() {
   const auto dialog = MakeDialog<frmInstrumentDialog>(u"Failed to create instrument dialog box.");
   const auto window = gMainFormParts;
   dialog->ShowModal(&window->Form());
-  const String name = dialog->InstrumentName();
+  String name = dialog->InstrumentName();
   dialog->Hide();
   return name;
 }

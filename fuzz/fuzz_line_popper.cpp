@@ -1,6 +1,7 @@
 #include "framework/text/EndOfText.h"
 #include "memory/EventLoop.h"
 #include "memory/RichTextBox.h"
+#include "memory/SystemClock.h"
 #include "views/CPopALine.h"
 #include "views/LineMarks.h"
 
@@ -35,7 +36,7 @@ Popped PopFrom(String& text, bool italic) {
 // read as UTF-16.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
-  memory::ManualClock clock;
+  memory::SystemClock clock;
   gEventLoop = std::make_shared<memory::EventLoop>(clock);
   const auto box = New<memory::RichTextBox>();
   const bool italic = data[0] % 2 != 0;

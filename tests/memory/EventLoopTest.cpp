@@ -3,6 +3,7 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/errors/Quit.h"
 #include "support/ErrorReports.h"
+#include "support/doubles/ManualClock.h"
 
 #include <functional>
 #include <stdexcept>
@@ -12,6 +13,7 @@ namespace portico::memory {
 namespace {
 
 using namespace std::chrono_literals;
+using test::ManualClock;
 
 class EventLoopTest : public ::testing::Test {
 protected:

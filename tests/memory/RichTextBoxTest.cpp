@@ -1,6 +1,6 @@
 #include "memory/RichTextBox.h"
 
-#include "memory/HeadlessWindow.h"
+#include "memory/RichTextBox.h"
 
 #include <gtest/gtest.h>
 
@@ -68,16 +68,6 @@ TEST(RichTextBoxTest, ManyLinesAreAddedAtTheEnd) {
   }
   EXPECT_EQ(box.Text(), text);
   EXPECT_EQ(box.Find(u"\r\n2999\r\n", 0), static_cast<std::int32_t>(text.size()) - 8);
-}
-
-TEST(HeadlessWindowTest, ScratchAreaIsAlwaysTheSameAndHasTheWindowsFont) {
-  const Ref<IScratchArea> scratch = New<HeadlessWindow>();
-  EXPECT_TRUE(IsSameObject(scratch->rtfScratchArea(), scratch->rtfScratchArea()));
-  EXPECT_EQ(scratch->FontName(), u"Sans");
-  EXPECT_EQ(scratch->FontSize(), 10);
-  EXPECT_EQ(scratch->rtfScratchArea()->SelFormat().SelFontName, scratch->FontName());
-  EXPECT_EQ(scratch->rtfScratchArea()->SelFormat().SelFontSize, scratch->FontSize());
-  EXPECT_EQ(scratch->rtfScratchArea()->Text(), u"");
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 #include "views/CSCPIViewHistory.h"
 #include "views/LineRunners.h"
 
-#include "memory/HeadlessWindow.h"
+#include "memory/RichTextBox.h"
 #include "views/RunFixture.h"
 
 namespace portico::test {
@@ -12,8 +12,7 @@ namespace {
 class ViewsOnRichText : public RunFixture {
 protected:
   ViewsOnRichText() {
-    gMainForm = Headless;
-    gScratchArea = Headless;
+    gScratchArea = New<WindowDouble>(WindowCalls); // with an area that knows RTF
     History->Initialize(Past);
     Command->Initialize(Future);
   }
@@ -45,7 +44,7 @@ protected:
     return lines;
   }
 
-  Ref<memory::HeadlessWindow> Headless = New<memory::HeadlessWindow>();
+  Journal WindowCalls;
   Ref<memory::RichTextBox> Past = New<memory::RichTextBox>();
   Ref<memory::RichTextBox> Future = New<memory::RichTextBox>();
   Ref<CSCPIViewHistory> History = New<CSCPIViewHistory>();

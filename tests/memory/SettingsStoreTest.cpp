@@ -1,4 +1,3 @@
-#include "memory/HeadlessWindow.h"
 #include "memory/SettingsStore.h"
 
 #include <gtest/gtest.h>
@@ -31,20 +30,6 @@ TEST(SettingsStoreTest, TitlesSectionsAndKeysAreApart) {
   EXPECT_EQ(store.GetSetting(u"T2", u"S", u"K", u"-"), u"-");
   EXPECT_EQ(store.GetSetting(u"T", u"S2", u"K", u"-"), u"-");
   EXPECT_EQ(store.GetSetting(u"T", u"S", u"K2", u"-"), u"-");
-}
-
-TEST(HeadlessWindowTest, RemembersWhatItIsTold) {
-  HeadlessWindow window;
-  EXPECT_EQ(window.ClassName(), u"HeadlessWindow");
-  EXPECT_EQ(window.MousePointer(), 0);
-  EXPECT_FALSE(window.Executing());
-  window.MousePointer(11);
-  window.Executing(true);
-  window.UpdateUI(u"Logging", u"On");
-  EXPECT_EQ(window.MousePointer(), 11);
-  EXPECT_TRUE(window.Executing());
-  window.Executing(false);
-  EXPECT_FALSE(window.Executing());
 }
 
 } // namespace

@@ -37,7 +37,7 @@ RichTextEditor::RichTextEditor(TextView& view, StringView fontName, double fontS
   QObject::connect(&view, &QPlainTextEdit::cursorPositionChanged, &m_frame, [this] { ReadSelection(); });
   QObject::connect(&view, &QPlainTextEdit::selectionChanged, &m_frame, [this] { ReadSelection(); });
   m_changes.Add(0, 1, 1); // the first line has its look yet to come
-  Show();
+  RichTextEditor::Show();
   view.Owner(this);
 }
 

@@ -1,5 +1,7 @@
-// Whole processes, start-up included: portico-run against a bare socket loop that puts the same bytes on the wire.
-// Everything, the answering server too, runs on one core; the two take turns, and medians are compared.
+// Whole processes, start-up included: portico-run against a bare socket loop that puts the same bytes on the wire, and
+// beside what else talks to instruments. Everything, the answering server too, runs on one core; all take turns, and
+// medians are compared.
+//   benchmark_whole_process [QUERIES [ROUNDS]]
 
 #include <algorithm>
 #include <array>
@@ -9,7 +11,10 @@
 #include <cstdlib>
 #include <fstream>
 #include <functional>
+#include <initializer_list>
 #include <iostream>
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -27,8 +32,6 @@
 
 namespace {
 
-constexpr int Queries = 20'000;
-constexpr int Rounds = 9;
 constexpr std::string_view Query = "MEAS:VOLT:DC?";
 
 [[noreturn]] void Fail(const char* what) { throw std::system_error(errno, std::generic_category(), what); }
@@ -39,16 +42,21 @@ struct Exchange {
   std::string Answer;
 };
 
-const std::array<Exchange, 3> Exchanges = {{
+const std::array<Exchange, 4> Exchanges = {{
     {"*OPC?\r\n", "1\n"},
     {std::string(Query) + "\r\n", "+1.00023837E+00\n"},
     {":SYST:ERR?\r\n", "0,\"No error\"\n"},
+    {"*IDN?\n", "+1.00023837E+00\n"}, // what `lxi benchmark` asks
 }};
 
-struct Case {
-  const char* Name;
-  std::vector<Exchange> PerQuery;
-  std::vector<std::string> Arguments;
+using Words = std::vector<std::string>;
+
+/// Who takes part: a name, and the work, which is done in a child process.
+struct Contestant {
+  std::string Name;
+  std::function<void()> Work;
+  std::size_t Bare = 0; // the contestant whose time it is compared with
+  std::vector<double> Seconds = {};
 };
 
 int Listen(std::uint16_t& port) {
@@ -99,7 +107,7 @@ void NoDelay(int descriptor) {
   }
 }
 
-void BareLoop(std::uint16_t port, const std::vector<Exchange>& exchanges) {
+void BareLoop(std::uint16_t port, const std::vector<Exchange>& exchanges, int queries) {
   const int descriptor = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
   sockaddr_in address{};
   address.sin_family = AF_INET;
@@ -108,7 +116,7 @@ void BareLoop(std::uint16_t port, const std::vector<Exchange>& exchanges) {
   if (connect(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) Fail("connect");
   NoDelay(descriptor);
   std::array<char, 4096> answer{};
-  for (int i = 0; i < Queries; ++i) {
+  for (int i = 0; i < queries; ++i) {
     for (const Exchange& exchange : exchanges) {
       SendAll(descriptor, exchange.Sent);
       std::size_t filled = 0;
@@ -122,8 +130,8 @@ void BareLoop(std::uint16_t port, const std::vector<Exchange>& exchanges) {
   close(descriptor);
 }
 
-/// Seconds that a child takes which does `work`.
-double Time(const std::function<void()>& work) {
+/// Seconds that a child takes which does `work`; none if it fails.
+std::optional<double> Time(const std::function<void()>& work) {
   const auto start = std::chrono::steady_clock::now();
   const pid_t child = fork();
   if (child == 0) {
@@ -131,48 +139,94 @@ double Time(const std::function<void()>& work) {
     _exit(0);
   }
   int status = 0;
-  if (waitpid(child, &status, 0) != child || status != 0) {
-    std::cerr << "a child failed with status " << status << "\n";
-    std::exit(1);
-  }
+  if (waitpid(child, &status, 0) != child || status != 0) return {};
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-[[noreturn]] void Exec(const std::string& instrument, const std::string& file, const Case& run) {
-  std::vector<std::string> words = {PORTICO_RUN};
-  words.insert(words.end(), run.Arguments.begin(), run.Arguments.end());
-  words.push_back(instrument);
-  words.push_back(file);
+[[noreturn]] void Exec(Words words) {
   std::vector<char*> argv;
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
   const int null = open("/dev/null", O_WRONLY | O_CLOEXEC);
   dup2(null, STDOUT_FILENO);
-  execv(PORTICO_RUN, argv.data());
+  execvp(argv.front(), argv.data());
   _exit(127);
 }
 
 double Median(std::vector<double> seconds) {
-  std::nth_element(seconds.begin(), seconds.begin() + Rounds / 2, seconds.end());
-  return seconds[Rounds / 2];
+  const auto middle = seconds.begin() + static_cast<std::ptrdiff_t>(seconds.size() / 2);
+  std::nth_element(seconds.begin(), middle, seconds.end());
+  return *middle;
 }
 
-void Compare(const Case& run, std::uint16_t port, const std::string& file) {
-  const std::string instrument = "TCPIP::127.0.0.1::" + std::to_string(port) + "::SOCKET";
-  std::vector<double> bare;
-  std::vector<double> portico;
-  for (int round = 0; round < Rounds; ++round) {
-    bare.push_back(Time([&] { BareLoop(port, run.PerQuery); }));
-    portico.push_back(Time([&] { Exec(instrument, file, run); }));
+/// The cases, each with a bare loop of the same exchanges, and the other programs.
+std::vector<Contestant> Contestants(std::uint16_t port, const std::string& commands, const std::string& log,
+                                    int queries) {
+  const std::string host = "127.0.0.1";
+  const std::string instrument = "TCPIP::" + host + "::" + std::to_string(port) + "::SOCKET";
+  const Words off = {"--option", "SCPIProtocolOPCPacing=Off", "--option", "SCPIProtocolAutoErrorChecking=Off"};
+  const Words logging = {"--log", log, "--overwrite"};
+  const std::vector<Exchange> alone = {Exchanges[1]};
+  const std::vector<Exchange> cared = {Exchanges[0], Exchanges[1], Exchanges[2]};
+  std::vector<Contestant> all;
+  const auto bare = [&](const char* name, const std::vector<Exchange>& exchanges) {
+    all.push_back({name, [=] { BareLoop(port, exchanges, queries); }, all.size()});
+    return all.size() - 1;
+  };
+  const auto portico = [&](const char* name, std::size_t loop, std::initializer_list<Words> options) {
+    Words words = {PORTICO_RUN};
+    for (const Words& some : options) words.insert(words.end(), some.begin(), some.end());
+    words.insert(words.end(), {instrument, commands});
+    all.push_back({name, [=] { Exec(words); }, loop});
+  };
+  const auto other = [&](const char* name, const Words& trial, const Words& words, std::size_t loop) {
+    if (Time([&] { Exec(trial); })) {
+      all.push_back({name, [=] { Exec(words); }, loop});
+    } else {
+      std::printf("%-44s not installed\n", name);
+    }
+  };
+
+  const std::string count = std::to_string(queries);
+  const std::size_t one = bare("bare loop, one exchange", alone);
+  portico("(a) OPC pacing and error check off", one, {off});
+  portico("(c) as (a), with the log", one, {off, logging});
+  other("lxi-tools: lxi benchmark", {"lxi", "--version"},
+        {"lxi", "benchmark", "--raw", "--address", host, "--port", std::to_string(port), "--count", count}, one);
+  const std::string python = "/usr/bin/python3"; // the one that Debian's packages are for
+  other("pyvisa-py: visa_queries.py", {python, "-c", "import pyvisa_py"},
+        {python, VISA_QUERIES, instrument, std::string(Query), count}, one);
+  const std::size_t three = bare("bare loop, three exchanges", cared);
+  portico("(b) OPC pacing and error check on", three, {});
+  portico("(d) as (b), with the log", three, {logging});
+  return all;
+}
+
+/// The medians of all rounds, which everybody takes part in.
+void Compare(std::vector<Contestant> all, int queries, int rounds) {
+  for (int round = 0; round < rounds; ++round) {
+    for (Contestant& contestant : all) {
+      const auto seconds = Time(contestant.Work);
+      if (!seconds) throw std::runtime_error(contestant.Name + " failed");
+      contestant.Seconds.push_back(*seconds);
+    }
   }
-  const auto perQuery = [](double seconds) { return seconds / Queries * 1e6; };
-  std::printf("%-28s bare loop %6.2f us/query   portico-run %6.2f us/query   ratio %.2f\n", run.Name,
-              perQuery(Median(bare)), perQuery(Median(portico)), Median(portico) / Median(bare));
+  for (const Contestant& contestant : all) {
+    const double seconds = Median(contestant.Seconds);
+    std::printf("%-44s %7.2f us/query   ratio %5.2f\n", contestant.Name.c_str(), seconds / queries * 1e6,
+                seconds / Median(all[contestant.Bare].Seconds));
+  }
+}
+
+int Argument(int argc, char** argv, int index, int otherwise) {
+  return index < argc ? std::max(1, std::atoi(argv[index])) : otherwise;
 }
 
 } // namespace
 
-int main() {
+int main(int argc, char** argv) try {
+  const int queries = Argument(argc, argv, 1, 20'000);
+  const int rounds = Argument(argc, argv, 2, 9);
   cpu_set_t one;
   CPU_ZERO(&one);
   CPU_SET(0, &one);
@@ -184,7 +238,7 @@ int main() {
   close(descriptor);
   {
     std::ofstream commands(file);
-    for (int i = 0; i < Queries; ++i) commands << Query << '\n';
+    for (int i = 0; i < queries; ++i) commands << Query << '\n';
   }
   std::uint16_t port = 0;
   const int listener = Listen(port);
@@ -192,22 +246,12 @@ int main() {
   if (server == 0) Serve(listener);
 
   const std::string log = file + ".xml";
-  const std::vector<Exchange> alone = {Exchanges[1]};
-  const std::vector<Exchange> cared = {Exchanges[0], Exchanges[1], Exchanges[2]};
-  const std::vector<std::string> off = {"--option", "SCPIProtocolOPCPacing=Off", "--option",
-                                        "SCPIProtocolAutoErrorChecking=Off"};
-  const std::vector<std::string> logging = {"--log", log, "--overwrite"};
-  std::vector<std::string> offLogging = off;
-  offLogging.insert(offLogging.end(), logging.begin(), logging.end());
-  const std::vector<Case> cases = {
-      {"(a) pacing and checks off", alone, off},
-      {"(b) OPC pacing, error check", cared, {}},
-      {"(c) as (a), with the log", alone, offLogging},
-      {"(d) as (b), with the log", cared, logging},
-  };
-  for (const Case& run : cases) Compare(run, port, file);
+  Compare(Contestants(port, file, log, queries), queries, rounds);
   kill(server, SIGTERM);
   unlink(file.c_str());
   unlink(log.c_str());
   return 0;
+} catch (const std::exception& error) {
+  std::cerr << error.what() << '\n';
+  return 1;
 }

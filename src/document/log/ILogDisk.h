@@ -24,6 +24,8 @@ public:
   virtual ~ILogFile() = default;
 
   virtual LogFileIdentity Identity() const = 0;
+  /// As it was when it was opened, and locked if it was to be. Takes no further look.
+  virtual LogFileIdentity WhenOpened() const = 0;
   /// Fills the buffer as far as the file goes; returns the number of bytes.
   virtual std::size_t Read(std::uint64_t position, char* buffer, std::size_t size) const = 0;
   /// Writes in the order of the bytes. Of a write that fails some may have been written.

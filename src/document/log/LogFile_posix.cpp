@@ -32,11 +32,11 @@ public:
     return status;
   }
 
-  LogFileIdentity Identity() const override {
-    const auto status = Status();
-    return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino),
-            static_cast<std::uint64_t>(status.st_size)};
-  }
+  /// A look that is kept.
+  const struct stat& Look() { return m_status = Status(); }
+
+  LogFileIdentity Identity() const override { return IdentityOf(Status()); }
+  LogFileIdentity WhenOpened() const override { return IdentityOf(m_status); }
 
   std::size_t Read(std::uint64_t position, char* buffer, std::size_t size) const override {
     std::size_t done = 0;
@@ -65,15 +65,18 @@ public:
     }
   }
 
-  /// Others hold the lock for one save. One that is held longer must not hold up a conversation.
-  void Lock(int kind = LOCK_EX) const {
+  /// Others hold the lock for one save. One that is held longer must not hold up a conversation. False if it was free.
+  bool Lock(int kind = LOCK_EX) const {
     constexpr int attempts = 1000;
     constexpr timespec pause{0, 1'000'000};
+    bool hasWaited = false;
     for (int attempt = 1; flock(m_descriptor, kind | LOCK_NB) != 0; ++attempt) {
-      if (errno != EWOULDBLOCK && errno != EINTR) return; // where there are no locks it must go without
+      if (errno != EWOULDBLOCK && errno != EINTR) break; // where there are no locks it must go without
       if (attempt == attempts) Fail();
       nanosleep(&pause, nullptr);
+      hasWaited = true;
     }
+    return hasWaited;
   }
 
   void Synchronize() const {
@@ -93,7 +96,13 @@ public:
   int Descriptor() const { return m_descriptor; }
 
 private:
+  static LogFileIdentity IdentityOf(const struct stat& status) {
+    return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino),
+            static_cast<std::uint64_t>(status.st_size)};
+  }
+
   int m_descriptor;
+  struct stat m_status {};
 };
 
 /// A new file beside another, removed again unless it has taken the other's place.
@@ -167,21 +176,18 @@ std::filesystem::path Resolved(std::filesystem::path path) {
   return path;
 }
 
-std::unique_ptr<OpenFile> OpenPlainFile(const std::string& path, int mode) {
+std::unique_ptr<OpenFile> OpenFileAt(const std::string& path, int mode) {
   int descriptor = -1;
   do { // without waiting, because a named pipe would wait for its other end
     descriptor = open(path.c_str(), mode | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
   } while (descriptor < 0 && errno == EINTR);
   if (descriptor < 0 && errno == ENOENT) return {};
   if (descriptor < 0) Fail();
-  auto file = std::make_unique<OpenFile>(descriptor);
-  if (!S_ISREG(file->Status().st_mode)) throw std::system_error(EINVAL, std::generic_category());
-  return file;
+  return std::make_unique<OpenFile>(descriptor);
 }
 
-bool IsAt(const std::string& path, const OpenFile& file) {
+bool IsAt(const std::string& path, const struct stat& status) {
   struct stat named {};
-  const auto status = file.Status();
   return stat(path.c_str(), &named) == 0 && named.st_dev == status.st_dev && named.st_ino == status.st_ino;
 }
 
@@ -195,10 +201,15 @@ bool LogDisk::Exists(const std::string& path) const {
 std::unique_ptr<ILogFile> LogDisk::Open(const std::string& path, Access access) {
   CheckPath(path);
   for (;;) {
-    auto file = OpenPlainFile(path, access == Access::ReadAndWrite ? O_RDWR : O_RDONLY);
-    if (!file || access == Access::Read) return file;
-    file->Lock(access == Access::ReadAndWrite ? LOCK_EX : LOCK_SH);
-    if (IsAt(path, *file)) return file; // else whoever had the lock has put another in its place
+    auto file = OpenFileAt(path, access == Access::ReadAndWrite ? O_RDWR : O_RDONLY);
+    if (!file) return {};
+    const bool hasWaited = access != Access::Read && file->Lock(access == Access::ReadAndWrite ? LOCK_EX : LOCK_SH);
+    const auto& status = file->Look();
+    if (!S_ISREG(status.st_mode)) throw std::system_error(EINVAL, std::generic_category());
+    if (access == Access::Read) return file;
+    // Whoever had the lock may have put another in its place. Where nobody had, a file that has its one name still had
+    // it a moment ago: what happens to the name from here on happens behind the save.
+    if ((!hasWaited && status.st_nlink == 1) || IsAt(path, status)) return file;
   }
 }
 

@@ -124,9 +124,13 @@ void LogWriter::SaveAll(LogStamps& others) {
     if (BeginAnew()) return;
     file = m_disk.Open(m_path, ILogDisk::Access::ReadAndWrite); // somebody else has begun one
   }
-  if (!m_attempt.empty() && IsTraceOfAttempt(*file)) Undo(*file);
+  LogFileIdentity now = file->WhenOpened();
+  if (!m_attempt.empty() && IsTraceOfAttempt(*file)) {
+    Undo(*file);
+    now = file->Identity();
+  }
   m_attempt.clear();
-  if (!StandsAsLeft(*file)) TakeUpChanged(*file, others);
+  if (!StandsAsLeft(*file, now)) TakeUpChanged(*file, others);
   if (m_text.empty() && !m_stamping) return; // there was nothing but what has been given up
   if (!m_isPrepared && (CanBeAddedTo() || !m_text.empty())) file = Prepare(std::move(file));
   Write(*file);
@@ -149,8 +153,8 @@ bool LogWriter::HoldsTag(const ILogFile& file, const Session& session) {
          Stands(file, session.Room() + LogText::CloseStampRoom, ">");
 }
 
-bool LogWriter::StandsAsLeft(const ILogFile& file) const {
-  if (!(file.Identity() == m_identity)) return false;
+bool LogWriter::StandsAsLeft(const ILogFile& file, const LogFileIdentity& now) const {
+  if (!(now == m_identity)) return false;
   if (m_stamping && !HoldsTag(file, m_stamping->Closed)) return false;
   if (!m_isPrepared) return m_reading.TornCloseStamps.empty(); // what looked torn may have been in the writing
   return Stands(file, m_end, ClosingTags());

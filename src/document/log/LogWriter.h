@@ -81,7 +81,7 @@ private:
 
   std::string_view ClosingTags() const;
   static bool HoldsTag(const ILogFile& file, const Session& session);
-  bool StandsAsLeft(const ILogFile& file) const;
+  bool StandsAsLeft(const ILogFile& file, const LogFileIdentity& now) const;
   std::string TextOfItsOwn() const;
   void MakeTextItsOwn();
   void LetGoOfFile(const ILogFile* now);

@@ -88,6 +88,7 @@ private:
   public:
     Handle(MemoryLogDisk& disk, std::shared_ptr<File> file) : m_disk(disk), m_file(std::move(file)) {}
     LogFileIdentity Identity() const override { return {1, m_file->Number, m_file->Bytes.size()}; }
+    LogFileIdentity WhenOpened() const override { return m_whenOpened; }
     std::size_t Read(std::uint64_t position, char* buffer, std::size_t size) const override {
       if (position >= m_file->Bytes.size()) return 0;
       return m_file->Bytes.copy(buffer, size, position);
@@ -120,6 +121,7 @@ private:
   private:
     MemoryLogDisk& m_disk;
     std::shared_ptr<File> m_file;
+    LogFileIdentity m_whenOpened = Identity();
   };
 
   void Step() {

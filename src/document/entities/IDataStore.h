@@ -2,6 +2,7 @@
 
 #include "document/entities/IDataEntity.h"
 #include "document/entities/IIteratableObject.h"
+#include "framework/errors/Refusal.h"
 #include "framework/objects/ClassKey.h"
 
 namespace portico {
@@ -14,6 +15,13 @@ public:
   virtual void AppendDataEntityToStore(const Ref<IDataEntity>& DataEntity) = 0;
   virtual void OpenSession() = 0;
   virtual void CloseSession() = 0;
+
+  /// `AppendDataEntityToStore` for a caller that expects some entities to be refused: what a store foresees comes back
+  /// unraised.
+  virtual Refusal Offer(const Ref<IDataEntity>& DataEntity) {
+    AppendDataEntityToStore(DataEntity);
+    return {};
+  }
 };
 
 namespace Class {

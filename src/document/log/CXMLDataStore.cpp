@@ -139,33 +139,59 @@ void CXMLDataStore::TakeUpStamps() {
   m_stamps = {};
 }
 
-void CXMLDataStore::AppendDataEntityToStore(const Ref<IDataEntity>& DataEntity) try {
-  AppendDataEntity(DataEntity);
-} catch (...) {
-  PassOn(Label(u".IDataStore_AppendDataEntityToStore(DataEntity)"), {DataEntity});
+void CXMLDataStore::AppendDataEntityToStore(const Ref<IDataEntity>& DataEntity) {
+  if (const Refusal refusal = Offer(DataEntity)) refusal.Raise();
 }
 
-void CXMLDataStore::AppendDataEntity(const Ref<IDataEntity>& DataEntity) try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
-  HuntERR::Check(m_inSession, ErrorNumber::CannotCarryOut, u"No session is currently open.");
-  AppendEntityElement(DataEntity);
-  Save();
-} catch (...) {
-  PassOn(Label(u".AppendDataEntity(DataEntity)"), {DataEntity});
+Refusal CXMLDataStore::Offer(const Ref<IDataEntity>& DataEntity) {
+  return Refusable(
+      {ClassName(), u".IDataStore_AppendDataEntityToStore(DataEntity)"}, [&] { return AppendDataEntity(DataEntity); },
+      DataEntity);
 }
 
-void CXMLDataStore::AppendEntityElement(const Ref<IDataEntity>& DataEntity) try {
-  Document().Append(DataEntityToElement(DataEntity));
-} catch (...) {
-  PassOn(Label(u".AppendEntityElement(DataEntity)"), {DataEntity});
+Refusal CXMLDataStore::AppendDataEntity(const Ref<IDataEntity>& DataEntity) {
+  return Refusable(
+      {ClassName(), u".AppendDataEntity(DataEntity)"},
+      [&] {
+        HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+        HuntERR::Check(m_inSession, ErrorNumber::CannotCarryOut, u"No session is currently open.");
+        Refusal refusal = AppendEntityElement(DataEntity);
+        if (!refusal) Save();
+        return refusal;
+      },
+      DataEntity);
 }
 
-std::string CXMLDataStore::DataEntityToElement(const Ref<IDataEntity>& DataEntity) const try {
-  HuntERR::Check(bool(DataEntity), ErrorNumber::InvalidArgument, u"Data entity cannot be nothing.");
-  const String type = DataEntity->DataType();
-  HuntERR::Check(LogText::IsName(type), ErrorNumber::CannotCreate, u"Cannot create an XML element.");
-  const std::string name = ToUtf8(type);
-  std::string element = "\n<" + name;
+Refusal CXMLDataStore::AppendEntityElement(const Ref<IDataEntity>& DataEntity) {
+  return Refusable(
+      {ClassName(), u".AppendEntityElement(DataEntity)"},
+      [&] {
+        std::string element;
+        Refusal refusal = DataEntityToElement(DataEntity, element);
+        if (!refusal) Document().Append(element);
+        return refusal;
+      },
+      DataEntity);
+}
+
+Refusal CXMLDataStore::DataEntityToElement(const Ref<IDataEntity>& DataEntity, std::string& element) const {
+  return Refusable(
+      {ClassName(), u".DataEntityToElement(DataEntity)"},
+      [&] {
+        if (!DataEntity) return Refusal(ErrorNumber::InvalidArgument, u"Data entity cannot be nothing.");
+        const String type = DataEntity->DataType();
+        if (!LogText::IsName(type)) return Refusal(ErrorNumber::CannotCreate, u"Cannot create an XML element.");
+        const std::string name = ToUtf8(type);
+        element.append("\n<").append(name);
+        AppendContent(element, DataEntity);
+        element.append("</").append(name).append(">");
+        return Refusal();
+      },
+      DataEntity);
+}
+
+/// The attributes that are not private, the end of the tag, and the payload.
+void CXMLDataStore::AppendContent(std::string& element, const Ref<IDataEntity>& DataEntity) {
   String format;
   if (const auto attributes = DataEntity->DataAttributes()) {
     for (const Ref<IAttribute>& attribute : attributes->NewEnum()) {
@@ -183,9 +209,6 @@ std::string CXMLDataStore::DataEntityToElement(const Ref<IDataEntity>& DataEntit
     CHexEncoder::AppendEncoded(element, DataEntity->ReadData());
     element += "]]>";
   }
-  return element.append("</").append(name).append(">");
-} catch (...) {
-  PassOn(Label(u".DataEntityToElement(DataEntity)"), {DataEntity});
 }
 
 bool CXMLDataStore::IsPrivateAttribute(StringView Name) { return !Name.empty() && Name.front() == u'_'; }

@@ -39,8 +39,9 @@ public:
   /// is not written. An element without payload raises `BadSubscript`, a stamp that stands twice `DuplicateKey`.
   Ref<IIteratableObject> FillDataContainerFromStore() override;
   /// Before `Initialize` it raises `NotInitialized`, without a session `CannotCarryOut`. A null entity raises
-  /// `InvalidArgument`, and one whose type cannot name an element `CannotCreate`.
+  /// `InvalidArgument`, and one whose type cannot name an element `CannotCreate`; these two are foreseen.
   void AppendDataEntityToStore(const Ref<IDataEntity>& DataEntity) override;
+  Refusal Offer(const Ref<IDataEntity>& DataEntity) override;
   /// Raises `CannotCarryOut` if a session is open.
   void OpenSession() override;
   /// Raises `CannotCarryOut` if no session is open.
@@ -50,14 +51,15 @@ private:
   class Filler;
 
   Ref<CDataFIFO> FillDataFIFOFromStore();
-  void AppendDataEntity(const Ref<IDataEntity>& DataEntity);
+  Refusal AppendDataEntity(const Ref<IDataEntity>& DataEntity);
   void OpenNewSession();
   void CloseCurrentSession();
   Ref<IDataEntity> ElementToDataEntity(const LogElement* Element, Filler& names) const;
   ByteArray Payload(std::string_view text, bool isString) const;
   static bool IsPrivateAttribute(StringView Name);
-  std::string DataEntityToElement(const Ref<IDataEntity>& DataEntity) const;
-  void AppendEntityElement(const Ref<IDataEntity>& DataEntity);
+  Refusal DataEntityToElement(const Ref<IDataEntity>& DataEntity, std::string& element) const;
+  static void AppendContent(std::string& element, const Ref<IDataEntity>& DataEntity);
+  Refusal AppendEntityElement(const Ref<IDataEntity>& DataEntity);
   bool StoreIsValid(const LogReading& reading) const;
   bool CreateStoreSkeleton();
   void InititalizeDataStore(const String& FileName, bool OverWrite);

@@ -65,13 +65,21 @@ void CReportLogger::EnableLogging() try {
   PassOn(u"CReportLogger.EnableLogging()");
 }
 
-void CReportLogger::LogDataEntity(const Ref<IDataEntity>& DataEntity) { m_store->AppendDataEntityToStore(DataEntity); }
+Refusal CReportLogger::LogDataEntity(const Ref<IDataEntity>& DataEntity) { return m_store->Offer(DataEntity); }
 
-void CReportLogger::Update(const Ref<IObject>& Subject) try {
-  CheckInitialized(m_initialized);
-  if (IsLogging()) LogDataEntity(modAppGlobals::Report2DataEntity(Cast<IReport>(Subject)));
-} catch (...) {
-  PassOn(u"CReportLogger.ISubscriber_Update(Subject)", {Subject});
+void CReportLogger::Update(const Ref<IObject>& Subject) {
+  if (const Refusal refusal = Offer(Subject)) refusal.Raise();
+}
+
+Refusal CReportLogger::Offer(const Ref<IObject>& Subject) {
+  return Refusable(
+      {{}, u"CReportLogger.ISubscriber_Update(Subject)"},
+      [&]() -> Refusal {
+        CheckInitialized(m_initialized);
+        if (!IsLogging()) return {};
+        return LogDataEntity(modAppGlobals::Report2DataEntity(Cast<IReport>(Subject)));
+      },
+      Subject);
 }
 
 const CreatorRow CtorReportDisplayer = {

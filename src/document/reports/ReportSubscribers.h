@@ -42,11 +42,13 @@ public:
   void DisableLogging();
   /// Opens a session.
   void EnableLogging();
-  /// A report that shows nothing reaches the store as a null entity, which the store refuses.
+  /// A report that shows nothing reaches the store as a null entity, which the store refuses. So it does with the one
+  /// that ends an instruction, since an entity without a type cannot be logged.
   void Update(const Ref<IObject>& Subject) override;
+  Refusal Offer(const Ref<IObject>& Subject) override;
 
 private:
-  void LogDataEntity(const Ref<IDataEntity>& DataEntity);
+  Refusal LogDataEntity(const Ref<IDataEntity>& DataEntity);
 
   bool m_initialized = false;
   Ref<IDataStore> m_store;

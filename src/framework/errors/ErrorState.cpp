@@ -11,10 +11,7 @@ ErrorState& KnownErrors() {
 
 ErrorState& SettledErrors() {
   ErrorState& state = KnownErrors();
-  if (state.Pending.Number != 0) {
-    const StoppedError stopped = std::exchange(state.Pending, {});
-    stopped.TakeIn(stopped);
-  }
+  if (state.Pending) std::exchange(state.Pending, {}).Record();
   return state;
 }
 

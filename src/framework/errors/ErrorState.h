@@ -1,19 +1,9 @@
 #pragma once
 
-#include "framework/errors/ErrorRecord.h"
-
-#include <ctime>
+#include "framework/errors/ErrorReport.h"
+#include "framework/errors/Refusal.h"
 
 namespace portico::HuntERR {
-
-/// A standard error that was stopped where it arose, and that nobody has asked for yet.
-struct StoppedError {
-  std::int32_t Number = 0; ///< 0: none
-  StringView Label;
-  String Value;
-  std::tm Time{};
-  void (*TakeIn)(const StoppedError& stopped) = nullptr; ///< puts it on record
-};
 
 /// All that is remembered of errors; the program's one. The functions in HuntERR.h and Raise.h are the way to it.
 struct ErrorState {
@@ -22,13 +12,16 @@ struct ErrorState {
   bool Preserved = false;
   LazyText Report;
   bool HasReport = false;
-  String Collected;     ///< by `Check` with number 0
-  StoppedError Pending; ///< newer than all of these
+  String Collected; ///< by `Check` with number 0
+  Refusal Pending;  ///< newer than all of these: an error that was stopped, and that nobody has asked for yet
 };
 
 /// As it lies there.
 ErrorState& KnownErrors();
 /// The same once what is pending is on record.
 ErrorState& SettledErrors();
+
+/// What `ErrorIn` does, for an error that may have passed there a while ago.
+LazyText PassTail(const ErrorReport::Passage& passage, unsigned Flags);
 
 } // namespace portico::HuntERR

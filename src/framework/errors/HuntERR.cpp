@@ -30,8 +30,6 @@ void FailCheck(std::int32_t ErrNum, StringView Message, const Params& Values, St
   collected += message;
 }
 
-namespace {
-
 LazyText PassTail(const ErrorReport::Passage& passage, unsigned Flags) {
   ErrorState& state = SettledErrors();
   if (state.Current.Number == 0 && !state.Preserved) {
@@ -61,13 +59,6 @@ LazyText PassTail(const ErrorReport::Passage& passage, unsigned Flags) {
   }
   return state.Report;
 }
-
-void TakeIn(const StoppedError& stopped) {
-  Load(Error(StandardError(stopped.Number)));
-  PassTail({stopped.Label, Params{Value(stopped.Value)}, stopped.Time}, StopFlags);
-}
-
-} // namespace
 
 LazyText ErrorIn(StringView MethodName, const Params& Values, unsigned Flags) {
   return PassTail({MethodName, Values, {}}, Flags);
@@ -106,10 +97,9 @@ const ErrorRecord& Err() { return SettledErrors().Current; }
 
 void Reset() { KnownErrors() = ErrorState{}; }
 
-// Each one replaces all that the one before left behind, but for a text that was collected.
 void RecordStandard(std::int32_t Number, StringView Label, StringView Value) {
   if (!KnownErrors().Collected.empty()) SettledErrors();
-  KnownErrors().Pending = {Number, Label, String(Value), Environment().LocalTime(), &TakeIn};
+  KnownErrors().Pending.BecomeStandard(Number, Label, Value);
 }
 
 } // namespace HuntERR

@@ -46,11 +46,21 @@ String Value::TextForm() const {
   if (const auto* object = std::get_if<Ref<IObject>>(&m_value)) {
     return *object ? String(u"{").append((*object)->ClassName()).append(u"}") : u"{Null}";
   }
+  if (const auto* description = std::get_if<Description>(&m_value)) return u"{" + description->ClassName + u"}";
   if (std::holds_alternative<ParamsPointer>(m_value) || std::holds_alternative<BytesPointer>(m_value)) {
     return u"{Array}";
   }
   if (std::holds_alternative<NullType>(m_value)) return u"{Null}";
   return IsEmpty() ? u"{Empty}" : u"{?}";
+}
+
+Value Value::Described() const {
+  const auto* object = std::get_if<Ref<IObject>>(&m_value);
+  if (object == nullptr) return *this;
+  if (!*object) return NullType{};
+  Value value;
+  value.m_value = Description{String((*object)->ClassName())};
+  return value;
 }
 
 String Value::ToString() const {

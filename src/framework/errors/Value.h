@@ -53,6 +53,9 @@ public:
   /// "{Null}" (also for an unset reference), "{" + class name + "}" for an object, "{?}" for anything else.
   String TextForm() const;
 
+  /// The same for who wants nothing but its text form, later: an object is no longer held.
+  Value Described() const;
+
   /// The text that a string value holds; none for a value of another kind.
   std::optional<StringView> AsText() const;
 
@@ -76,10 +79,14 @@ public:
 private:
   Ref<IObject> Object() const;
 
+  struct Description {
+    String ClassName; // of an object
+  };
+
   using ParamsPointer = std::shared_ptr<const Params>;
   using BytesPointer = std::shared_ptr<const ByteArray>;
   std::variant<std::monostate, NullType, bool, std::int32_t, double, String, StringView, Ref<IObject>, ParamsPointer,
-               BytesPointer>
+               BytesPointer, Description>
       m_value;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "framework/errors/Ref.h"
+#include "framework/errors/Refusal.h"
 #include "framework/objects/ClassKey.h"
 
 namespace portico {
@@ -9,6 +10,11 @@ namespace portico {
 class ISubscriber : public virtual IObject {
 public:
   virtual void Update(const Ref<IObject>& Subject) = 0;
+  /// The same for the publisher, which stops errors: one that is foreseen comes back unraised.
+  virtual Refusal Offer(const Ref<IObject>& Subject) {
+    Update(Subject);
+    return {};
+  }
 };
 
 /// Hands each subject to whoever has subscribed, synchronously and in the order of subscription. A subscriber that

@@ -2,7 +2,14 @@
 
 #include "framework/errors/HuntERR.h"
 
+#include <utility>
+
 namespace portico::modPublisher {
+namespace {
+
+constexpr StringView TryUpdateLabel = u"modPublisher.TryUpdate(Subscriber,Subject)";
+
+} // namespace
 
 void Notify(CSubscribers& Subscribers, const Ref<IObject>& Subject) try {
   // The live list, by position: a subscriber may subscribe or unsubscribe while it is being updated.
@@ -14,9 +21,10 @@ void Notify(CSubscribers& Subscribers, const Ref<IObject>& Subject) try {
 }
 
 void TryUpdate(const Ref<ISubscriber>& Subscriber, const Ref<IObject>& Subject) try {
-  Subscriber->Update(Subject);
+  if (Refusal refusal = Subscriber->Offer(Subject))
+    std::move(refusal).StopHere({{}, TryUpdateLabel}, {Subscriber, Subject});
 } catch (...) {
-  StopHere(u"modPublisher.TryUpdate(Subscriber,Subject)", {Subscriber, Subject});
+  StopHere(TryUpdateLabel, {Subscriber, Subject});
 }
 
 void Subscribe(CSubscribers& Subscribers, const Ref<ISubscriber>& Subscriber) try {

@@ -27,6 +27,9 @@ public:
 
 private:
   std::filesystem::path m_program;
+  // Stamps and errors ask many times a second.
+  mutable std::time_t m_second = 0;
+  mutable std::tm m_local{}; // without a day: none yet
 };
 
 } // namespace portico

@@ -34,9 +34,11 @@ HostEnvironment::HostEnvironment(std::filesystem::path program) : m_program(std:
 
 std::tm HostEnvironment::LocalTime() const {
   const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  return local;
+  if (now != m_second || m_local.tm_mday == 0) {
+    localtime_r(&now, &m_local);
+    m_second = now;
+  }
+  return m_local;
 }
 
 String HostEnvironment::ComputerName() const {

@@ -33,6 +33,12 @@ inline void Check(bool Condition, std::int32_t ErrNum, StringView Message) {
   if (!Condition) FailCheck(ErrNum, Message);
 }
 
+/// The same for a literal, whose length nobody counts as long as all is well.
+template <std::size_t Size>
+void Check(bool Condition, std::int32_t ErrNum, const char16_t (&Message)[Size]) {
+  if (!Condition) FailCheck(ErrNum, {Message, Size - 1});
+}
+
 /// The same; %1, %2 … in the message are replaced by the text forms of `Values`.
 inline void Check(bool Condition, std::int32_t ErrNum, StringView Message, const Params& Values,
                   StringView HelpFile = {}, std::int32_t HelpContext = 0) {

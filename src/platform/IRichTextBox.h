@@ -3,6 +3,7 @@
 #include "framework/errors/Ref.h"
 #include "framework/objects/Event.h"
 #include "platform/SelectionFormat.h"
+#include "platform/TextFragment.h"
 
 #include <cstdint>
 
@@ -46,6 +47,8 @@ public:
   /// character and line, or like the caret; the caret stands behind it. A line end that the fragment ends in is one of
   /// the text. Empty text deletes the selection. Any text is accepted: what is not RTF is plain text.
   virtual void SelRTF(StringView fragment) = 0;
+  /// The same as `SelRTF` of the fragment's RTF, which a box need not make.
+  virtual void SelFragment(const TextFragment& fragment) { SelRTF(fragment.Rtf()); }
 
   /// The thirteen values; one that differs within the selection, line ends included, is not set.
   virtual SelectionFormat SelFormat() const = 0;

@@ -70,6 +70,8 @@ String RichTextModel::SelRTF() const {
 
 void RichTextModel::SelRTF(StringView fragment) { Replace(ReadRtf(fragment, InsertionFormat())); }
 
+void RichTextModel::SelFragment(const TextFragment& fragment) { Replace(ReadRtf(fragment, InsertionFormat())); }
+
 SelectionFormat RichTextModel::SelFormat() const {
   SelectionFormat description = Describe(InsertionFormat());
   const Place from = From();

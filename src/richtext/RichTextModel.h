@@ -21,6 +21,7 @@ public:
   void SelText(StringView text) override;
   String SelRTF() const override;
   void SelRTF(StringView fragment) override;
+  void SelFragment(const TextFragment& fragment) override;
   SelectionFormat SelFormat() const override;
   void SelFormat(const SelectionFormat& changes) override;
 

@@ -35,6 +35,10 @@ char16_t CodePageUnit(int byte) {
 class Reader {
 public:
   Reader(StringView source, const Formatting& base) : m_rest(source), m_document(base) {}
+  /// The head has been read: it opens a group, and its words leave all as it is at the start.
+  Reader(const TextFragment& fragment, const Formatting& base) : Reader(fragment.Content, base) {
+    m_document.OpenGroup();
+  }
 
   FormattedText Read() {
     while (!m_rest.empty()) {
@@ -177,5 +181,7 @@ FormattedText ReadRtf(StringView source, const Formatting& base) {
   if (!source.starts_with(Opening)) return FormatPlain(source, base);
   return Reader(source, base).Read();
 }
+
+FormattedText ReadRtf(const TextFragment& fragment, const Formatting& base) { return Reader(fragment, base).Read(); }
 
 } // namespace portico::richtext

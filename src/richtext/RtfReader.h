@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/TextFragment.h"
 #include "richtext/FormattedText.h"
 
 namespace portico::richtext {
@@ -18,5 +19,7 @@ namespace portico::richtext {
 /// The last line's end has the look that was in force at the fragment's end. Time and memory are in proportion to the
 /// source.
 FormattedText ReadRtf(StringView source, const Formatting& base);
+/// The same for the fragment's RTF, without making it.
+FormattedText ReadRtf(const TextFragment& fragment, const Formatting& base);
 
 } // namespace portico::richtext

@@ -48,7 +48,7 @@ void RunFrame::Add2History(const String& Line) {
   FocusAtEnd(*m_txtPast);
   CSimpleRTFEncoder encoder;
   encoder.Initialize(m_txtPast);
-  m_txtPast->SelRTF(encoder.Encode(String(Line).append(NewLine), DataTypeName::Remark));
+  m_txtPast->SelFragment(encoder.Compose(String(Line).append(NewLine), DataTypeName::Remark));
 }
 
 } // namespace portico

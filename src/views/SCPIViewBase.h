@@ -49,7 +49,7 @@ private:
 
   void Detach();
   /// The encoder sets the entity's look on the box's selection; what it gives takes the selection's place.
-  void Insert(const Ref<IDataEntity>& DataEntity) { m_display->SelRTF(m_encoder->Encode(DataEntity)); }
+  void Insert(const Ref<IDataEntity>& DataEntity) { m_display->SelFragment(m_encoder->Compose(DataEntity)); }
   void InsertHidden(char16_t marker);
   Ref<CDataFIFO> ReadQueue();
   void SelectEntityText(std::int64_t Start, std::int64_t Length);

@@ -266,6 +266,26 @@ TEST_P(RichTextFragmentContract, RandomTextsWithRandomLooksSurvive) {
   }
 }
 
+/// What the text does as RTF, it does here.
+TEST_P(RichTextFragmentContract, AnInsertedFragmentIsWhatItsRtfWouldBe) {
+  const Ref<IRichTextBox> other = GetParam().make();
+  for (const StringView text : {u"", u"1.5\r\n", u"a\r\nb", u"{\"volt\":1.5}\r\n", u"C:\\data\\new.csv", u"}behind",
+                                u"{", u"{{}", u"\\", u"\\\\", u"\\'4", u"\\'80", u"\\b x\\i", u"\\plain\\qr",
+                                u"\\uc2\\u8364 ", u"{\\*\\none", u"\\bin3", u"\u20AC\u4E2D"}) {
+    for (const Ref<IRichTextBox>& each : {box, other}) {
+      each->Text(u"first\r\nsecond");
+      each->SelStart(3);
+      each->SelLength(6);
+      each->SelFormat(OtherFormat());
+    }
+    box->SelFragment({String(text) + u"\\par }\r\n"});
+    other->SelRTF(Encoded(text));
+    EXPECT_EQ(box->TextRTF(), other->TextRTF()) << ToUtf8(text);
+    EXPECT_EQ(box->SelStart(), other->SelStart()) << ToUtf8(text);
+    EXPECT_EQ(box->SelFormat(), other->SelFormat()) << ToUtf8(text);
+  }
+}
+
 TEST_P(RichTextFragmentContract, APastedFragmentReadsBackTheSame) {
   Load(u"ab\r\ncd\r\nef");
   Format(1, 3, OtherFormat());

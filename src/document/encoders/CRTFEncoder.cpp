@@ -4,27 +4,46 @@
 #include "framework/errors/HuntERR.h"
 
 namespace portico {
+namespace {
 
-String CRTFEncoder::Encode(const Ref<IDataEntity>& DataEntity) const try {
-  HuntERR::Check(IsInitialized(), ErrorNumber::NotInitialized, MethodBeforeInitialize);
-  HuntERR::Check(bool(DataEntity), ErrorNumber::InvalidArgument, u"Data entity cannot be nothing.");
-  ResetScratchArea();
-  String fragment = BuildRTF(DataEntity);
-  ApplyDataTypeFormat(DataEntity->DataType());
-  CopyFormatToDisplay();
-  return fragment;
-} catch (...) {
-  PassOn(u"CRTFEncoder.Encode(Dataentity)", {DataEntity});
+constexpr StringView EncodeLabel = u"CRTFEncoder.Encode(Dataentity)";
+
+void NoteLength(IDataEntity& entity, const TextFragment& fragment) {
+  // The leading blank is the place of a sign, which positive numbers leave empty.
+  entity.DataAttribute(AttributeName::RTFSelectionLength, u" " + ToText(static_cast<std::int64_t>(fragment.Length())));
+  entity.DataAttribute(AttributeName::RTFVisibleTextOffset, u"0");
 }
 
-String CRTFEncoder::BuildRTF(const Ref<IDataEntity>& DataEntity) const {
-  String fragment = Fragment(FromBytes(DataEntity->ReadData()), FragmentEnd);
-  ScratchArea()->TextRTF(fragment);
-  // The leading blank is the place of a sign, which positive numbers leave empty.
-  DataEntity->DataAttribute(AttributeName::RTFSelectionLength,
-                            u" " + ToText(static_cast<std::int64_t>(fragment.size())));
-  DataEntity->DataAttribute(AttributeName::RTFVisibleTextOffset, u"0");
+} // namespace
+
+void CRTFEncoder::Check(const Ref<IDataEntity>& DataEntity) const {
+  HuntERR::Check(IsInitialized(), ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  HuntERR::Check(bool(DataEntity), ErrorNumber::InvalidArgument, u"Data entity cannot be nothing.");
+}
+
+TextFragment CRTFEncoder::Compose(const Ref<IDataEntity>& DataEntity) const try {
+  Check(DataEntity);
+  TextFragment fragment = Fragment(FromBytes(DataEntity->ReadData()), FragmentEnd);
+  NoteLength(*DataEntity, fragment);
+  ShowDataType(DataEntity->DataType());
   return fragment;
+} catch (...) {
+  PassOn(EncodeLabel, {DataEntity}); // whichever of the two was called
+}
+
+String CRTFEncoder::Encode(const Ref<IDataEntity>& DataEntity) const try {
+  Check(DataEntity);
+  ResetScratchArea();
+  const TextFragment fragment = Fragment(FromBytes(DataEntity->ReadData()), FragmentEnd);
+  String rtf = fragment.Rtf();
+  ScratchArea()->TextRTF(rtf);
+  NoteLength(*DataEntity, fragment);
+  const String type = DataEntity->DataType();
+  ApplyDataTypeFormat(type);
+  ShowDataType(type);
+  return rtf;
+} catch (...) {
+  PassOn(EncodeLabel, {DataEntity});
 }
 
 } // namespace portico

@@ -9,12 +9,14 @@ class CRTFEncoder final : public RTFEncoderBase {
 public:
   StringView ClassName() const override { return u"CRTFEncoder"; }
 
-  /// The entity's fragment; its look is set on the display's selection. Notes the fragment's length on the entity.
-  /// Raises `NotInitialized` before `Initialize`, `InvalidArgument` for a null entity.
+  // Both set the entity's look on the display's selection, and note the length of the fragment's RTF on the entity.
+  // They raise `NotInitialized` before `Initialize`, `InvalidArgument` for a null entity.
+
+  TextFragment Compose(const Ref<IDataEntity>& DataEntity) const;
   String Encode(const Ref<IDataEntity>& DataEntity) const;
 
 private:
-  String BuildRTF(const Ref<IDataEntity>& DataEntity) const;
+  void Check(const Ref<IDataEntity>& DataEntity) const;
 };
 
 } // namespace portico

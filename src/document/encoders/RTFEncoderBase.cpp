@@ -9,18 +9,32 @@
 namespace portico {
 namespace {
 
-constexpr StringView FragmentHeader = u"{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1 ";
 constexpr StringView ParagraphMark = u"\\par ";
+
+/// All thirteen values: black in the window's own font.
+SelectionFormat PlainFormat() {
+  return {.SelAlignment = 0,
+          .SelBullet = false,
+          .SelHangingIndent = 0,
+          .SelIndent = 0,
+          .SelRightIndent = 0,
+          .SelBold = false,
+          .SelCharOffset = 0,
+          .SelColor = TextLook::Black,
+          .SelFontName = gScratchArea->FontName(),
+          .SelFontSize = gScratchArea->FontSize(),
+          .SelItalic = false,
+          .SelStrikeThru = false,
+          .SelUnderline = false};
+}
 
 } // namespace
 
-SelectionFormat TextLook::Of(bool italic, bool bold, std::int32_t color, std::int32_t indent) {
-  SelectionFormat format;
+void TextLook::Set(SelectionFormat& format, bool italic, bool bold, std::int32_t color, std::int32_t indent) {
   format.SelItalic = italic;
   format.SelBold = bold;
   format.SelColor = color;
   format.SelIndent = indent;
-  return format;
 }
 
 void RTFEncoderBase::Initialize(const Ref<IRichTextBox>& Display) try {
@@ -50,42 +64,37 @@ Ref<IDataEntity> RTFEncoderBase::Decode(const String& RTFText) const try {
 }
 
 void RTFEncoderBase::ResetScratchArea() const {
-  SelectionFormat plain;
-  plain.SelAlignment = 0;
-  plain.SelBold = false;
-  plain.SelBullet = false;
-  plain.SelCharOffset = 0;
-  plain.SelColor = TextLook::Black;
-  plain.SelFontName = gScratchArea->FontName();
-  plain.SelFontSize = gScratchArea->FontSize();
-  plain.SelHangingIndent = 0;
-  plain.SelIndent = 0;
-  plain.SelItalic = false;
-  plain.SelRightIndent = 0;
-  plain.SelStrikeThru = false;
-  plain.SelUnderline = false;
-  m_scratch->SelFormat(plain);
+  m_scratch->SelFormat(PlainFormat());
   m_scratch->Text({});
 }
 
-String RTFEncoderBase::Fragment(StringView text, StringView end) {
-  String fragment;
-  fragment.reserve(FragmentHeader.size() + text.size() + ParagraphMark.size() + end.size());
-  return fragment.append(FragmentHeader).append(text).append(ParagraphMark).append(end);
+void RTFEncoderBase::ApplyDataTypeFormat(StringView DataType) const {
+  SelectionFormat format;
+  FormatDataType(format, DataType);
+  m_scratch->SelFormat(format);
 }
 
-SelectionFormat RTFEncoderBase::FormatOf(StringView DataType) const {
+void RTFEncoderBase::ShowDataType(StringView DataType) const {
+  SelectionFormat format = PlainFormat();
+  FormatDataType(format, DataType);
+  m_display->SelFormat(format);
+}
+
+TextFragment RTFEncoderBase::Fragment(StringView text, StringView end) {
+  TextFragment fragment;
+  fragment.Content.reserve(text.size() + ParagraphMark.size() + end.size());
+  fragment.Content.append(text).append(ParagraphMark).append(end);
+  return fragment;
+}
+
+void RTFEncoderBase::FormatDataType(SelectionFormat& format, StringView DataType) const {
   using namespace TextLook;
-  if (DataType == DataTypeName::Configuration) return Of(false, false, Green, 0);
-  if (DataType == DataTypeName::Instruction) return Of(false, true, Black, 0);
-  if (DataType == DataTypeName::AutomaticInstruction) return Of(false, true, Blue, 0);
-  if (DataType == DataTypeName::Response) return Of(true, false, Black, ResponseIndent);
-  return Of(false, false, Red, 0);
+  if (DataType == DataTypeName::Configuration) return Set(format, false, false, Green, 0);
+  if (DataType == DataTypeName::Instruction) return Set(format, false, true, Black, 0);
+  if (DataType == DataTypeName::AutomaticInstruction) return Set(format, false, true, Blue, 0);
+  if (DataType == DataTypeName::Response) return Set(format, true, false, Black, ResponseIndent);
+  Set(format, false, false, Red, 0);
 }
-
-void RTFEncoderBase::ApplyDataTypeFormat(StringView DataType) const { m_scratch->SelFormat(FormatOf(DataType)); }
-
-void RTFEncoderBase::CopyFormatToDisplay() const { m_display->SelFormat(m_scratch->SelFormat()); }
 
 String RTFEncoderBase::DataTypeFromFormat(StringView plainText) const {
   const SelectionFormat format = m_scratch->SelFormat();

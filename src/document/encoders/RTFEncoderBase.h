@@ -6,8 +6,12 @@
 namespace portico {
 
 /// What both encoders share: they turn text into a minimal fragment, and show its kind by the formatting that they set
-/// on the display's selection, never in the fragment. So the order is always: encode, then insert; and the formatting
-/// of a line read back tells its kind. Nothing is kept between calls: the scratch area is everybody's.
+/// on the display's selection, never in the fragment. So the order is always: compose, then insert; and the formatting
+/// of a line read back tells its kind.
+///
+/// `Compose` gives the fragment as a box takes it. `Encode` gives its RTF, and tries text and look on the scratch area
+/// first; it is part of the contract, and nothing in the program calls it. Nothing is kept between calls: the scratch
+/// area is everybody's.
 class RTFEncoderBase : public IObject {
 public:
   /// A null display raises `InvalidArgument`, no `gScratchArea` `MissingObject`.
@@ -22,13 +26,14 @@ protected:
 
   /// All thirteen values, and no text.
   void ResetScratchArea() const;
-  /// Nothing is escaped: a backslash or brace in the text has whatever effect it has.
-  static String Fragment(StringView text, StringView end);
-  static constexpr StringView FragmentEnd = u"}\r\n";
   void ApplyDataTypeFormat(StringView DataType) const;
-  void CopyFormatToDisplay() const;
-  /// The formatting that this encoder knows a type by; unknown types are red.
-  virtual SelectionFormat FormatOf(StringView DataType) const;
+  /// Sets all thirteen values on the display's selection.
+  void ShowDataType(StringView DataType) const;
+  /// Nothing is escaped: a backslash or brace in the text has whatever effect it has.
+  static TextFragment Fragment(StringView text, StringView end);
+  static constexpr StringView FragmentEnd = u"}\r\n";
+  /// Sets the four values that this encoder knows a type by; unknown types are red.
+  virtual void FormatDataType(SelectionFormat& format, StringView DataType) const;
 
 private:
   String Label(StringView member) const { return String(ClassName()).append(member); }
@@ -53,7 +58,7 @@ inline constexpr std::int32_t White = 0xFFFFFF;
 
 inline constexpr std::int32_t ResponseIndent = 150; ///< in the box's unit of indents
 
-SelectionFormat Of(bool italic, bool bold, std::int32_t color, std::int32_t indent);
+void Set(SelectionFormat& format, bool italic, bool bold, std::int32_t color, std::int32_t indent);
 
 } // namespace TextLook
 } // namespace portico

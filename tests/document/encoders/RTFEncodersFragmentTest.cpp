@@ -116,10 +116,41 @@ TEST_F(RTFEncodersFragment, OfASimpleTextReadsTheScratchAreaLast) {
   EXPECT_EQ(ScratchCalls.back(), "get TextRTF");
 }
 
+TEST_F(RTFEncodersFragment, OfABoxIsTheEncodedOneAndLeavesTheScratchArea) {
+  for (const StringView text : {u"A", u"*IDN?\r\n", u"{\\\u20AC", u""}) {
+    const auto composed = Entity(text, u"Response");
+    const auto encoded = Entity(text, u"Response");
+    const TextFragment fragment = Encoder.Compose(composed);
+    EXPECT_TRUE(ScratchCalls.empty());
+    const auto shown = Writes(std::exchange(Calls, {}));
+    EXPECT_EQ(ToUtf8(fragment.Rtf()), ToUtf8(Encoder.Encode(encoded)));
+    EXPECT_EQ(shown, Writes(std::exchange(Calls, {}))) << "the look on the display";
+    EXPECT_EQ(fragment.Length(), fragment.Rtf().size());
+    EXPECT_EQ(Attribute(composed, u"_RTFSelectionLength"), Attribute(encoded, u"_RTFSelectionLength"));
+    EXPECT_EQ(Attribute(composed, u"_RTFVisibleTextOffset"), "0");
+    ScratchCalls.clear();
+
+    const TextFragment remark = Simple.Compose(text, u"Remark");
+    EXPECT_TRUE(ScratchCalls.empty());
+    const auto shownRemark = Writes(std::exchange(Calls, {}));
+    EXPECT_EQ(ToUtf8(remark.Rtf()), ToUtf8(Simple.Encode(String(text), u"Remark")));
+    EXPECT_EQ(shownRemark, Writes(std::exchange(Calls, {})));
+    ScratchCalls.clear();
+  }
+}
+
+TEST_F(RTFEncodersFragment, LengthOfABoxesFragmentNeedsNoRtf) {
+  const auto entity = Entity(u"\u20AC\u4E2D\r\n", u"Response");
+  EXPECT_EQ(Encoder.Compose(entity).Length(), 46U);
+  EXPECT_EQ(Attribute(entity, u"_RTFSelectionLength"), " 46");
+}
+
 TEST_F(RTFEncodersFragment, IsNotInsertedByTheEncoder) {
   Display->Type(u"before");
   Encoder.Encode(Entity(u"A", u"Instruction"));
+  Encoder.Compose(Entity(u"A", u"Instruction"));
   Simple.Encode(u"A", u"Remark");
+  Simple.Compose(u"A", u"Remark");
   EXPECT_EQ(ToUtf8(Display->Contents()), "before");
 }
 

@@ -21,6 +21,8 @@ void DeferredRun::Request(bool& request) {
 
 void DeferredRun::tmrProcessCmd_Timer() {
   tmrProcessCmd->Enabled(false);
+  // Until the next request all further firings would find nothing either, and wake the program for it.
+  if (!StepRequested && !RunRequested && !RunToCursorRequested) return;
   if (StepRequested) {
     m_handlers.Step();
   } else if (RunRequested) {

@@ -68,6 +68,23 @@ TEST_F(MainDeferredRunTest, TheTimerIsOffUntilItIsUsed) {
   EXPECT_TRUE(hasWaited);
 }
 
+TEST_F(MainDeferredRunTest, NothingWakesTheProgramWhenARunIsOver) {
+  Click(u"mnuPopupCMDStep");
+  PassTenMilliseconds();
+  EXPECT_EQ(Wire, Lines{"write one"});
+  PassTenMilliseconds(); // the timer finds nothing to do
+  std::vector<std::chrono::milliseconds> waits;
+  Clock.OnWait = [&](std::chrono::milliseconds rest) {
+    waits.push_back(rest);
+    Clock.Wake();
+  };
+  Loop->WaitForEvent();
+  EXPECT_EQ(waits, std::vector{-1ms}) << "no timer is running";
+  Click(u"mnuPopupCMDStep");
+  PassTenMilliseconds();
+  EXPECT_EQ(Wire, (Lines{"write one", "write two"})) << "the next request starts it again";
+}
+
 TEST_F(MainDeferredRunTest, StepWins) {
   Click(u"mnuPopupCMDRun2Cursor");
   Click(u"mnuPopupCMDRun");

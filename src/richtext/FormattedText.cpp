@@ -53,6 +53,14 @@ FormatRuns FormatRuns::Cut(std::size_t place) {
   return tail;
 }
 
+void FormatRuns::Truncate(std::size_t place) {
+  auto run = m_runs.begin();
+  for (; run != m_runs.end() && place >= run->Length; ++run) place -= run->Length;
+  if (run == m_runs.end()) return;
+  if (place > 0) (run++)->Length = place;
+  m_runs.erase(run, m_runs.end());
+}
+
 FormatRuns FormatRuns::Copy(std::size_t place, std::size_t length) const {
   FormatRuns copy;
   Visit(place, length, [&](const CharacterFormat& format, std::size_t seen) { copy.m_runs.push_back({seen, format}); });

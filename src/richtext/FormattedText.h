@@ -28,6 +28,8 @@ public:
   const CharacterFormat& At(std::size_t place) const;
   /// Takes the places from `place` on away and returns them.
   FormatRuns Cut(std::size_t place);
+  /// Drops the places from `place` on.
+  void Truncate(std::size_t place);
   FormatRuns Copy(std::size_t place, std::size_t length) const;
   /// `change(CharacterFormat&)` for every look from `place` on.
   template <class Change>

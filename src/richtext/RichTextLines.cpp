@@ -18,7 +18,7 @@ FormattedLine CutLine(FormattedLine& line, std::size_t offset) {
 
 /// Puts `tail` behind the text of `head`, whose end is given up.
 void JoinLines(FormattedLine& head, FormattedLine tail) {
-  head.Runs.Cut(head.Text.size());
+  head.Runs.Truncate(head.Text.size());
   head.Runs.Append(std::move(tail.Runs));
   head.Text += tail.Text;
 }
@@ -26,24 +26,25 @@ void JoinLines(FormattedLine& head, FormattedLine tail) {
 } // namespace
 
 void RichTextLines::Load(FormattedText text) {
-  m_lines.Clear();
-  for (FormattedLine& line : text) Insert(m_lines.Count(), std::move(line));
-  Measure(m_lines.Count() - 1);
+  m_ended.Clear();
+  m_last = std::move(text.back());
+  text.pop_back();
+  for (FormattedLine& line : text) InsertEnded(m_ended.Count(), std::move(line));
 }
 
-// The start of the text, where a run takes its lines from, needs no search.
 RichTextLines::Place RichTextLines::PlaceOf(std::int64_t position) const {
   if (position == 0) return {0, 0};
-  const std::size_t line = std::min(m_lines.FindSum(position), Count() - 1);
-  const auto offset = static_cast<std::size_t>(position - m_lines.SumBefore(line));
-  return {line, std::min(offset, m_lines[line]->Text.size())};
+  const bool isInLast = position >= m_ended.Total();
+  const std::size_t line = isInLast ? m_ended.Count() : m_ended.FindSum(position);
+  const auto offset = static_cast<std::size_t>(position - PositionOf({line, 0}));
+  return {line, std::min(offset, (*this)[line].Text.size())};
 }
 
 std::int64_t RichTextLines::PositionOf(Place place) const {
-  return (place.Line == 0 ? 0 : m_lines.SumBefore(place.Line)) + static_cast<std::int64_t>(place.Offset);
+  return (place.Line == 0 ? 0 : m_ended.SumBefore(place.Line)) + static_cast<std::int64_t>(place.Offset);
 }
 
-RichTextLines::Place RichTextLines::End() const { return {Count() - 1, m_lines[Count() - 1]->Text.size()}; }
+RichTextLines::Place RichTextLines::End() const { return {m_ended.Count(), m_last.Text.size()}; }
 
 String RichTextLines::Text(Place from, Place to) const {
   String text;
@@ -70,7 +71,8 @@ FormattedText RichTextLines::Copy(Place from, Place to) const {
 
 FormattedText RichTextLines::CopyAll() const {
   FormattedText copy;
-  for (std::size_t i = 0; i < Count(); ++i) copy.push_back(*m_lines[i]);
+  copy.reserve(Count());
+  for (std::size_t i = 0; i < Count(); ++i) copy.push_back((*this)[i]);
   return copy;
 }
 
@@ -78,65 +80,79 @@ void RichTextLines::Replace(Place from, Place to, FormattedText text) {
   if (from.Line != to.Line || from.Offset != to.Offset) Delete(from, to);
   if (text.size() == 1 && text.front().Text.empty()) return;
 
-  FormattedLine& first = *m_lines[from.Line];
-  FormattedLine rest = CutLine(first, from.Offset);
-  const bool isWholeLine = text.size() > 1 || (first.Text.empty() && rest.Text.empty());
-  if (isWholeLine) first.Paragraph = text.front().Paragraph;
+  FormattedLine& held = Line(from.Line);
+  FormattedLine rest = CutLine(held, from.Offset);
+  const bool isWholeLine = text.size() > 1 || (held.Text.empty() && rest.Text.empty());
+  if (isWholeLine) held.Paragraph = text.front().Paragraph;
   FormattedLine& last = text.back();
   if (last.Text.empty()) {
     last = std::move(rest);
   } else {
     JoinLines(last, std::move(rest));
   }
-  first.Runs.Append(std::move(text.front().Runs));
-  first.Text += text.front().Text;
-  for (std::size_t i = 1; i < text.size(); ++i) Insert(from.Line + i, std::move(text[i]));
-  Measure(from.Line);
+  held.Runs.Append(std::move(text.front().Runs));
+  if (held.Text.empty()) {
+    held.Text = std::move(text.front().Text);
+  } else {
+    held.Text += text.front().Text;
+  }
+  if (text.size() > 1) {
+    // What stands behind stays where it is, and the lines that end come in front of it.
+    InsertEnded(from.Line, std::exchange(held, std::move(last)));
+    for (std::size_t i = 1; i + 1 < text.size(); ++i) InsertEnded(from.Line + i, std::move(text[i]));
+  }
   Measure(from.Line + text.size() - 1);
 }
 
 void RichTextLines::ReplaceLines(std::size_t first, std::size_t count, FormattedText lines) {
-  for (std::size_t i = 0; i < lines.size(); ++i) Insert(first + i, std::move(lines[i]));
-  for (std::size_t i = 0; i < count; ++i) m_lines.Remove(first + lines.size());
-  Measure(Count() - 1);
+  InsertEnded(m_ended.Count(), std::move(m_last)); // for as long as this takes it is one of them
+  for (std::size_t i = 0; i < count; ++i) m_ended.Remove(first);
+  for (std::size_t i = 0; i < lines.size(); ++i) InsertEnded(first + i, std::move(lines[i]));
+  m_last = std::move(*m_ended.Remove(m_ended.Count() - 1));
 }
 
 void RichTextLines::Delete(Place from, Place to) {
+  FormattedLine& rest = Line(to.Line);
   if (from.Offset == 0) {
-    for (std::size_t line = from.Line; line < to.Line; ++line) m_lines.Remove(from.Line);
-    FormattedLine& rest = *m_lines[from.Line];
     rest.Text.erase(0, to.Offset);
     rest.Runs = rest.Runs.Cut(to.Offset);
   } else {
-    FormattedLine rest = CutLine(*m_lines[to.Line], to.Offset);
-    for (std::size_t line = from.Line; line < to.Line; ++line) m_lines.Remove(from.Line + 1);
-    FormattedLine& first = *m_lines[from.Line];
-    first.Text.resize(from.Offset);
-    JoinLines(first, std::move(rest));
+    FormattedLine tail = CutLine(rest, to.Offset);
+    if (from.Line < to.Line) rest = std::move(Line(from.Line));
+    rest.Text.resize(from.Offset);
+    JoinLines(rest, std::move(tail));
   }
+  for (std::size_t line = from.Line; line < to.Line; ++line) m_ended.Remove(from.Line);
   Measure(from.Line);
 }
 
-void RichTextLines::Insert(std::size_t at, FormattedLine line) {
+void RichTextLines::InsertEnded(std::size_t at, FormattedLine line) {
   const std::int64_t length = UnitsOf(line) + LineEndLength;
-  m_lines.Insert(at, std::make_unique<FormattedLine>(std::move(line)), length);
+  m_ended.Insert(at, std::make_unique<FormattedLine>(std::move(line)), length);
 }
 
 void RichTextLines::Measure(std::size_t line) {
-  m_lines.SetLength(line, UnitsOf(*m_lines[line]) + (line + 1 == Count() ? 0 : LineEndLength));
+  if (line < m_ended.Count()) m_ended.SetLength(line, UnitsOf(*m_ended[line]) + LineEndLength);
 }
 
 void RichTextLines::Transform(Place from, Place to, const SelectionFormat& changes) {
   for (std::size_t line = from.Line; line <= to.Line; ++line) {
-    FormattedLine& held = *m_lines[line];
+    FormattedLine& held = Line(line);
     const std::size_t first = line == from.Line ? from.Offset : 0;
     const std::size_t end = line == to.Line ? to.Offset : held.Text.size() + 1;
     held.Runs.Transform(first, end - first, [&](CharacterFormat& format) { Apply(changes, format); });
   }
 }
 
-void RichTextLines::TransformParagraphs(std::size_t first, std::size_t last, const SelectionFormat& changes) {
-  for (std::size_t line = first; line <= last; ++line) Apply(changes, m_lines[line]->Paragraph);
+bool RichTextLines::TransformParagraphs(std::size_t first, std::size_t last, const SelectionFormat& changes) {
+  bool isChange = false;
+  for (std::size_t line = first; line <= last; ++line) {
+    ParagraphFormat& held = Line(line).Paragraph;
+    const ParagraphFormat before = held;
+    Apply(changes, held);
+    isChange |= held != before;
+  }
+  return isChange;
 }
 
 } // namespace portico::richtext

@@ -22,9 +22,9 @@ public:
 
   void Load(FormattedText text);
 
-  std::size_t Count() const { return m_lines.Count(); }
-  std::int64_t Length() const { return m_lines.Total(); }
-  const FormattedLine& operator[](std::size_t line) const { return *m_lines[line]; }
+  std::size_t Count() const { return m_ended.Count() + 1; }
+  std::int64_t Length() const { return m_ended.Total() + static_cast<std::int64_t>(m_last.Text.size()); }
+  const FormattedLine& operator[](std::size_t line) const { return line == m_ended.Count() ? m_last : *m_ended[line]; }
 
   /// The position must not be negative. One inside a line end gives the place in front of the line end, one behind the
   /// text gives the end of the text.
@@ -46,14 +46,15 @@ public:
   void ReplaceLines(std::size_t first, std::size_t count, FormattedText lines);
 
   void Transform(Place from, Place to, const SelectionFormat& changes);
-  void TransformParagraphs(std::size_t first, std::size_t last, const SelectionFormat& changes);
+  /// Returns whether any of them looks different now.
+  bool TransformParagraphs(std::size_t first, std::size_t last, const SelectionFormat& changes);
 
   /// `see(const FormattedLine&, offset, length)` for what lies in each line between two places, a line end counting as
   /// one place of its runs.
   template <class See>
   void Visit(Place from, Place to, See&& see) const {
     for (std::size_t line = from.Line; line <= to.Line; ++line) {
-      const FormattedLine& held = *m_lines[line];
+      const FormattedLine& held = (*this)[line];
       const std::size_t first = line == from.Line ? from.Offset : 0;
       const std::size_t end = line == to.Line ? to.Offset : held.Text.size() + 1;
       see(held, first, end - first);
@@ -63,11 +64,15 @@ public:
 private:
   using LinePointer = std::unique_ptr<FormattedLine>;
 
+  FormattedLine& Line(std::size_t line) { return line == m_ended.Count() ? m_last : *m_ended[line]; }
   void Delete(Place from, Place to);
-  void Insert(std::size_t at, FormattedLine line);
+  void InsertEnded(std::size_t at, FormattedLine line);
+  /// The line's text has become longer or shorter.
   void Measure(std::size_t line);
 
-  SummedSequence<LinePointer> m_lines; // with their line ends; the last one has none
+  // Text is put in at its end more often than anywhere else, and taken off its start.
+  SummedSequence<LinePointer> m_ended; // with their line ends
+  FormattedLine m_last;
 };
 
 } // namespace portico::richtext

@@ -90,7 +90,7 @@ void RichTextModel::SelFormat(const SelectionFormat& changes) {
   const Place to = To();
   if (SetsCharacters(changes)) {
     if (IsEmpty(from, to)) {
-      m_caretFormat = InsertionFormat().Character;
+      if (!m_caretFormat) m_caretFormat = LookAt(from, true);
       Apply(changes, *m_caretFormat);
       OnSelection();
     } else {
@@ -100,8 +100,8 @@ void RichTextModel::SelFormat(const SelectionFormat& changes) {
   }
   if (SetsParagraphs(changes)) {
     const std::size_t last = LastTouched(from, to);
-    m_lines.TransformParagraphs(from.Line, last, changes);
-    OnLines(from.Line, last + 1 - from.Line, last + 1 - from.Line);
+    const std::size_t count = last + 1 - from.Line;
+    if (m_lines.TransformParagraphs(from.Line, last, changes)) OnLines(from.Line, count, count);
   }
 }
 
@@ -140,10 +140,11 @@ std::int32_t RichTextModel::GetLineFromChar(std::int32_t position) const {
 
 Formatting RichTextModel::InsertionFormat() const {
   const Place from = From();
-  const FormattedLine& line = m_lines[from.Line];
-  if (m_caretFormat) return {*m_caretFormat, line.Paragraph};
-  const bool isCaret = IsEmpty(from, To());
-  return {line.Runs.At(isCaret && from.Offset > 0 ? from.Offset - 1 : from.Offset), line.Paragraph};
+  return {m_caretFormat ? *m_caretFormat : LookAt(from, IsEmpty(from, To())), m_lines[from.Line].Paragraph};
+}
+
+const CharacterFormat& RichTextModel::LookAt(Place place, bool isCaret) const {
+  return m_lines[place.Line].Runs.At(isCaret && place.Offset > 0 ? place.Offset - 1 : place.Offset);
 }
 
 void RichTextModel::Select(std::int64_t start, std::int64_t length) {

@@ -62,6 +62,8 @@ protected:
   bool Put(FormattedText text);
 
 private:
+  /// The look that stands there; a caret's is that of the character in front of it in its line.
+  const CharacterFormat& LookAt(Place place, bool isCaret) const;
   void Replace(FormattedText text) {
     if (Put(std::move(text))) m_change();
   }

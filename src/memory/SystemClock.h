@@ -1,7 +1,7 @@
 #pragma once
 
 #include "memory/Clock.h"
-#include "platform/shared/WakePipe.h"
+#include "system/WakePipe.h"
 
 #include <chrono>
 #include <optional>
@@ -16,7 +16,7 @@ public:
   void Wake() noexcept override { m_pipe.Wake(); }
 
 private:
-  WakePipe m_pipe;
+  system::WakePipe m_pipe;
 };
 
 } // namespace portico::memory

@@ -2,7 +2,7 @@
 
 #include "framework/objects/Event.h"
 #include "platform/shared/EventLoopBase.h"
-#include "platform/shared/WakePipe.h"
+#include "system/WakePipe.h"
 
 #include <QEventLoop>
 #include <QSocketNotifier>
@@ -37,7 +37,7 @@ private:
   void Wake() noexcept override { m_pipe.Wake(); }
   void EndLoops();
 
-  WakePipe m_pipe;
+  system::WakePipe m_pipe;
   QSocketNotifier m_notifier;
   Event<> m_quitting;
   bool m_running = false;

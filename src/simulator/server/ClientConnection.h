@@ -1,7 +1,7 @@
 #pragma once
 
-#include "simulator/server/FileDescriptor.h"
 #include "simulator/server/StreamConnection.h"
+#include "system/FileDescriptor.h"
 
 #include <cstddef>
 #include <optional>
@@ -15,7 +15,7 @@ namespace portico::simulator {
 class ClientConnection {
 public:
   /// `socket` is connected and does not block; `device` must outlive the connection.
-  ClientConnection(FileDescriptor socket, Device& device);
+  ClientConnection(system::FileDescriptor socket, Device& device);
 
   int Descriptor() const { return m_socket.Get(); }
   bool WantsInput() const { return !m_inputEnded && m_output.empty() && m_connection.AcceptsInput(); }
@@ -35,7 +35,7 @@ private:
   void Send(TimePoint now);
   void Collect(TimePoint now);
 
-  FileDescriptor m_socket;
+  system::FileDescriptor m_socket;
   StreamConnection m_connection;
   std::string m_output;
   std::size_t m_sent = 0; ///< of m_output

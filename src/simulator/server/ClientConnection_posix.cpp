@@ -20,7 +20,7 @@ bool WouldBlock(int error) { return error == EAGAIN || error == EWOULDBLOCK || e
 
 } // namespace
 
-ClientConnection::ClientConnection(FileDescriptor socket, Device& device)
+ClientConnection::ClientConnection(system::FileDescriptor socket, Device& device)
     : m_socket(std::move(socket)), m_connection(device) {}
 
 std::optional<TimePoint> ClientConnection::NextEvent() const {

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "simulator/server/ClientConnection.h"
-#include "simulator/server/FileDescriptor.h"
+#include "system/FileDescriptor.h"
+#include "system/WakePipe.h"
 
 #include <cstdint>
 #include <memory>
@@ -46,9 +47,8 @@ private:
   Device& m_device;
   const Options m_options;
   std::uint16_t m_port = 0;
-  FileDescriptor m_listener;
-  FileDescriptor m_wakeUpReader;
-  FileDescriptor m_wakeUpWriter;
+  system::FileDescriptor m_listener;
+  system::WakePipe m_wakeUp; // never drained
   std::vector<std::unique_ptr<ClientConnection>> m_clients;
   TimePoint m_acceptAgain{}; ///< after the system ran out of descriptors
 };

@@ -1,7 +1,6 @@
 #include "simulator/server/SocketServer.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstddef>
@@ -9,7 +8,6 @@
 #include <system_error>
 #include <utility>
 
-#include <fcntl.h>
 #include <netdb.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
@@ -19,6 +17,8 @@
 
 namespace portico::simulator {
 namespace {
+
+using system::FileDescriptor;
 
 constexpr std::size_t MostClients = 256;
 constexpr auto AcceptPause = std::chrono::milliseconds(100);
@@ -62,12 +62,6 @@ std::optional<timespec> Timeout(std::optional<TimePoint> next, TimePoint now) {
 } // namespace
 
 SocketServer::SocketServer(Device& device, Options options) : m_device(device), m_options(std::move(options)) {
-  std::array<int, 2> ends{};
-  if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
-    throw std::system_error(errno, std::generic_category(), "cannot make a pipe");
-  }
-  m_wakeUpReader = FileDescriptor(ends[0]);
-  m_wakeUpWriter = FileDescriptor(ends[1]);
   m_port = m_options.Port;
   Listen();
 }
@@ -94,7 +88,7 @@ void SocketServer::Run() {
   for (;;) {
     TimePoint now = std::chrono::steady_clock::now();
     const bool accepting = m_clients.size() < MostClients && now >= m_acceptAgain;
-    polled.assign({{m_wakeUpReader.Get(), POLLIN, 0}, {accepting ? m_listener.Get() : -1, POLLIN, 0}});
+    polled.assign({{m_wakeUp.Descriptor(), POLLIN, 0}, {accepting ? m_listener.Get() : -1, POLLIN, 0}});
     for (const auto& client : m_clients) {
       const int wanted = (client->WantsInput() ? POLLIN : 0) | (client->WantsOutput() ? POLLOUT : 0);
       polled.push_back({client->Descriptor(), static_cast<short>(wanted), 0});
@@ -150,11 +144,6 @@ void SocketServer::Accept(TimePoint now) {
   }
 }
 
-void SocketServer::Stop() noexcept {
-  const int saved = errno;
-  // A full pipe has woken the loop already.
-  [[maybe_unused]] const ssize_t written = write(m_wakeUpWriter.Get(), "", 1);
-  errno = saved;
-}
+void SocketServer::Stop() noexcept { m_wakeUp.Wake(); }
 
 } // namespace portico::simulator

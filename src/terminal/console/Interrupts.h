@@ -1,5 +1,7 @@
 #pragma once
 
+#include "system/WakePipe.h"
+
 #include <functional>
 
 namespace portico::terminal {
@@ -20,6 +22,7 @@ public:
   bool WaitForInput(int descriptor) const;
 
 private:
+  system::WakePipe m_wakeUp; // makes a signal visible to poll, so that none slips in between a test and the wait
   std::function<void()> m_onSecond;
 };
 

@@ -14,6 +14,7 @@ namespace portico::simulator {
 namespace {
 
 using std::chrono::milliseconds;
+using system::FileDescriptor;
 
 /// A connection whose other end is a socket of the test's own, in a time that the test tells.
 class ClientConnectionTest : public testing::Test {

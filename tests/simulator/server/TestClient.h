@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/server/FileDescriptor.h"
+#include "system/FileDescriptor.h"
 
 #include <cstdint>
 #include <string>
@@ -28,7 +28,7 @@ public:
 private:
   bool Fill();
 
-  simulator::FileDescriptor m_socket;
+  system::FileDescriptor m_socket;
   bool m_connected = false;
   std::string m_received;
 };

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace portico::simulator {
+namespace portico::system {
 
 /// Owns a file descriptor of the operating system and closes it in the end.
 class FileDescriptor {
@@ -23,4 +23,4 @@ private:
   int m_descriptor = -1;
 };
 
-} // namespace portico::simulator
+} // namespace portico::system

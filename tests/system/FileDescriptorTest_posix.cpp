@@ -1,4 +1,4 @@
-#include "simulator/server/FileDescriptor.h"
+#include "system/FileDescriptor.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace portico::simulator {
+namespace portico::system {
 namespace {
 
 bool IsOpenInTheSystem(int descriptor) { return fcntl(descriptor, F_GETFD) != -1; }
@@ -48,4 +48,4 @@ TEST(FileDescriptor, MovingHandsTheOwnershipOver) {
 }
 
 } // namespace
-} // namespace portico::simulator
+} // namespace portico::system

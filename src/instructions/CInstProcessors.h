@@ -16,7 +16,7 @@ public:
   std::size_t Count() const;
   /// An absent position or key raises `InvalidArgument`.
   void Remove(const Value& IndexOrKey);
-  std::vector<Ref<IInstProcessor>> NewEnum() const;
+  std::vector<Ref<IInstProcessor>> NewEnum() const; ///< Kept for the contract: nothing in the program asks for it.
 
 private:
   KeyedList<Ref<IInstProcessor>> m_list;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "framework/errors/Ref.h"
-#include "framework/shared/PointerShapes.h"
 
 #include <cstdint>
 

@@ -3,6 +3,7 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
 #include "framework/shared/IMainWindow.h"
+#include "framework/shared/PointerShapes.h"
 
 namespace portico::modAppGlobals {
 namespace {

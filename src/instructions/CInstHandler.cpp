@@ -26,7 +26,10 @@ void CInstHandler::Initialize(const String& InstructionPrefix, const StringArray
                    u"A CommandBuilderSpec cannot be an empty string.");
   }
   m_prefix = InstructionPrefix;
+  m_reporter = m_prefix + u"InstructionProcessor";
   m_commandBuilderSpecs = CommandBuilderSpecs;
+  m_builders.clear();
+  for (const String& specification : m_commandBuilderSpecs.Elements()) m_builders.push_back({specification});
   m_initialized = true;
 } catch (...) {
   PassOn(u"CInstHandler.Initialize");
@@ -44,8 +47,8 @@ std::int32_t CInstHandler::Send(const Ref<CInstContainer>& Instruction) try {
   if (!EqualNoCase(Instruction->CmdType(), m_prefix)) return NotHandled;
 
   Ref<ICommand> command; // from the innermost link outwards
-  for (std::int32_t i = m_commandBuilderSpecs.UpperBound(); i >= m_commandBuilderSpecs.LowerBound(); --i) {
-    command = Create<IBuilder>(m_commandBuilderSpecs[i])->Build(command, Instruction);
+  for (std::size_t i = m_builders.size(); i > 0; --i) {
+    command = CreateByKey<IBuilder>(m_builders.at(i - 1))->Build(command, Instruction);
   }
   command->Execute();
   PublishReport(Instruction);
@@ -57,7 +60,7 @@ std::int32_t CInstHandler::Send(const Ref<CInstContainer>& Instruction) try {
 void CInstHandler::PublishReport(const Ref<CInstContainer>& Instruction) const try {
   auto report = New<CReport>();
   HuntERR::Check(bool(report), ErrorNumber::CannotCreate, u"Cannot create an instruction-processing-complete report.");
-  report->Initialize(m_prefix + u"InstructionProcessor", Instruction, ErrorNumber::InstructionComplete, {}, {});
+  report->Initialize(m_reporter, Instruction, ErrorNumber::InstructionComplete, {}, {});
   Create(Class::CmdSubscriptionAgent)->Notify(report);
 } catch (...) {
   StopHere(String(ClassName()).append(u".PublishReport()"));
@@ -65,10 +68,10 @@ void CInstHandler::PublishReport(const Ref<CInstContainer>& Instruction) const t
 
 namespace {
 
-Ref<IObject> Handler(StringView prefix, std::initializer_list<ClassKey<IBuilder>> builders) {
+Ref<IObject> Handler(StringView prefix, std::initializer_list<StringView> builders) {
   StringArray specifications(builders.size());
   std::int32_t i = 0;
-  for (const auto& builder : builders) specifications[i++] = builder.Specification;
+  for (const StringView builder : builders) specifications[i++] = builder;
   auto handler = New<CInstHandler>();
   handler->Initialize(String(prefix), specifications);
   return handler;

@@ -4,6 +4,8 @@
 #include "instructions/IInstProcessor.h"
 #include "instructions/builders/StringArray.h"
 
+#include <vector>
+
 namespace portico {
 
 /// Carries out the instructions of one type: its builders assemble a chain of commands, the chain runs, and the end is
@@ -29,6 +31,8 @@ private:
 
   String m_prefix;
   StringArray m_commandBuilderSpecs;
+  std::vector<CreatorKey> m_builders; // of these specifications
+  String m_reporter;                  // what the report of the end names as its command
   bool m_initialized = false;
 };
 

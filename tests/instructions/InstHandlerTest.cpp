@@ -62,6 +62,16 @@ TEST_F(CInstHandlerTest, MakesItsBuildersAnewForEachInstruction) {
   EXPECT_EQ(made, 4);
 }
 
+TEST_F(CInstHandlerTest, ABuilderThatIsSubstitutedIsAskedFromTheNextInstructionOn) {
+  Send();
+  gObjectFactory->Substitue(
+      New<CreatorOf>(u"outer", [this](const Params&) { return New<InstructionBuilder>(m_calls, "another"); }));
+  m_calls.clear();
+  Send();
+  EXPECT_EQ(m_calls, (Journal{"build inner around nothing", "build another around a command", "run another",
+                              "run inner", "report SCPIInstructionProcessor"}));
+}
+
 TEST_F(CInstHandlerTest, DeclinesAnotherTypeWithoutBuildingAnything) {
   EXPECT_EQ(Send(u"COMM"), 1);
   EXPECT_EQ(m_calls, Journal{});

@@ -8,7 +8,19 @@ std::size_t CObjectFactories::Count() const try { return m_creators.Count(); } c
   PassOn(u"CObjectFactories.Count");
 }
 
-Ref<ICreator> CObjectFactories::Item(const Value& IndexOrKey) const try {
+std::uint64_t CObjectFactories::NextState() {
+  static std::uint64_t last = 0;
+  return ++last;
+}
+
+Ref<ICreator> CObjectFactories::Item(const Value& IndexOrKey) const { return Find(IndexOrKey); }
+
+Ref<ICreator> CObjectFactories::Item(const CreatorKey& Key) const {
+  if (Key.Place.State != m_state) Key.Place = {m_state, &Find(Value::Borrowed(Key.Specification))};
+  return *Key.Place.Creator;
+}
+
+const Ref<ICreator>& CObjectFactories::Find(const Value& IndexOrKey) const try {
   if (!IndexOrKey.IsNumeric()) return ItemByValue(m_creators, IndexOrKey);
   return m_creators.Item(PositionOf(IndexOrKey, 0));
 } catch (...) {
@@ -20,12 +32,16 @@ std::vector<Ref<ICreator>> CObjectFactories::NewEnum() const try { return ItemsO
 }
 
 void CObjectFactories::Add(const Ref<ICreator>& Creator, const Value& Specification) try {
+  m_state = NextState();
   m_creators.Add(Creator, Specification.ToString());
 } catch (...) {
   PassOn(u"CObjectFactories.Add(Creator,Specification)", {Creator, Specification});
 }
 
-void CObjectFactories::Remove(const Value& IndexOrKey) try { RemoveByValue(m_creators, IndexOrKey); } catch (...) {
+void CObjectFactories::Remove(const Value& IndexOrKey) try {
+  m_state = NextState();
+  RemoveByValue(m_creators, IndexOrKey);
+} catch (...) {
   PassOn(u"CObjectFactories.Remove(IndexOrKey)", {IndexOrKey});
 }
 

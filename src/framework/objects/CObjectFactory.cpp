@@ -2,10 +2,22 @@
 
 namespace portico {
 
+namespace {
+
+constexpr StringView LabelOfCreateObject = u"CObjectFactory.IObjectFactory_CreateObject(Specification,Params)";
+
+} // namespace
+
 Ref<IObject> CObjectFactory::CreateObject(const Value& Specification, const Params& Parameters) try {
   return m_creators.Item(Specification)->Create(Parameters);
 } catch (...) {
-  PassOn(u"CObjectFactory.IObjectFactory_CreateObject(Specification,Params)", {Specification, Parameters});
+  PassOn(LabelOfCreateObject, {Specification, Parameters});
+}
+
+Ref<IObject> CObjectFactory::CreateByKey(const CreatorKey& Key, const Params& Parameters) try {
+  return m_creators.Item(Key)->Create(Parameters);
+} catch (...) {
+  PassOn(LabelOfCreateObject, {Key.Specification, Parameters});
 }
 
 Ref<ICreator> CObjectFactory::GetCreator(const Value& Specification) try {

@@ -14,6 +14,7 @@ public:
   void Add(const Ref<ICreator>& Creator) override;
   void Remove(const Ref<ICreator>& Creator) override;
   void Substitue(const Ref<ICreator>& Creator) override;
+  Ref<IObject> CreateByKey(const CreatorKey& Key, const Params& Parameters) override;
 
   const CObjectFactories& Creators() const { return m_creators; }
 

@@ -33,6 +33,11 @@ public:
   virtual void Remove(const Ref<ICreator>& Creator) = 0;
   /// `Remove`, then `Add`: the specification must be registered already.
   virtual void Substitue(const Ref<ICreator>& Creator) = 0;
+
+  /// `CreateObject` for a key. A factory that can remembers in the key where the creator stands.
+  virtual Ref<IObject> CreateByKey(const CreatorKey& Key, const Params& Parameters) {
+    return CreateObject(Value::Borrowed(Key.Specification), Parameters);
+  }
 };
 
 /// Registers a group of classes. Holds no state.
@@ -53,18 +58,24 @@ Ref<T> Create(StringView Specification, const Params& Parameters = {}) {
   return Cast<T>(gObjectFactory->CreateObject(Value::Borrowed(Specification), Parameters));
 }
 
+/// The same for a creator that is known by its key.
+template <class T>
+Ref<T> CreateByKey(const CreatorKey& Key, const Params& Parameters = {}) {
+  return Cast<T>(gObjectFactory->CreateByKey(Key, Parameters));
+}
+
 /// The same for a class that is known by its key.
 template <class Interface, class... Parameters>
 Ref<Interface> Create(const ClassKey<Interface, Parameters...>& Key,
                       const std::type_identity_t<Parameters>&... Arguments) {
-  return Create<Interface>(Key.Specification, modGlobals::VarArray(Arguments...));
+  return CreateByKey<Interface>(Key, modGlobals::VarArray(Arguments...));
 }
 
 /// The same for a caller that needs another interface of the product.
 template <class Other, class Interface, class... Parameters>
 Ref<Other> CreateAs(const ClassKey<Interface, Parameters...>& Key,
                     const std::type_identity_t<Parameters>&... Arguments) {
-  return Create<Other>(Key.Specification, modGlobals::VarArray(Arguments...));
+  return CreateByKey<Other>(Key, modGlobals::VarArray(Arguments...));
 }
 
 } // namespace portico

@@ -14,13 +14,14 @@
 namespace portico {
 namespace {
 
-constexpr std::array<std::pair<StringView, StringView>, 6> Commands = {{
-    {u"OPEN", Class::OpenCmd},
-    {u"CLOSE", Class::CloseCmd},
-    {u"SETATTRIBUTE", Class::SetAttribCmd},
-    {u"GETATTRIBUTE", Class::GetAttribCmd},
-    {u"READ", Class::ReadCmd},
-    {u"WRITE", Class::WriteCmd},
+/// Those that are asked for most come first.
+constexpr std::array<std::pair<StringView, const CreatorKey*>, 6> Commands = {{
+    {u"WRITE", &Class::WriteCmd},
+    {u"READ", &Class::ReadCmd},
+    {u"OPEN", &Class::OpenCmd},
+    {u"CLOSE", &Class::CloseCmd},
+    {u"SETATTRIBUTE", &Class::SetAttribCmd},
+    {u"GETATTRIBUTE", &Class::GetAttribCmd},
 }};
 
 /// The values in their order, whatever their names are.
@@ -41,16 +42,16 @@ bool IsInstrumentRecordedAsOpen() {
 } // namespace
 
 Ref<ICommand> CCommCmdBuilder::Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) try {
-  const StringArray values = Values(*Instruction->Params());
-  const String function = ToUpper(Instruction->FunctionName());
-  const auto* found =
-      std::find_if(Commands.begin(), Commands.end(), [&](const auto& command) { return command.first == function; });
+  StringArray values = Values(*Instruction->Params());
+  const String& function = Instruction->FunctionName();
+  const auto* found = std::find_if(Commands.begin(), Commands.end(),
+                                   [&](const auto& command) { return EqualNoCase(command.first, function); });
   if (found == Commands.end()) {
     HuntERR::Raise(ErrorNumber::Syntax, ClassName(), u"Syntax Error: Unrecognized command.");
   }
-  const StringView specification = found->second;
-  auto command = Create<ICommand>(specification, modBuilder::BuildCommandParams(InnerCommand, values));
-  if (specification == Class::OpenCmd.Specification && IsInstrumentRecordedAsOpen()) {
+  const CreatorKey& key = *found->second;
+  auto command = CreateByKey<ICommand>(key, modBuilder::BuildCommandParams(InnerCommand, std::move(values)));
+  if (&key == &Class::OpenCmd && IsInstrumentRecordedAsOpen()) {
     command = Create(Class::CloseCmd, command);
   }
   return command;

@@ -72,6 +72,51 @@ TEST_F(ClassKeyTest, WithoutAFactoryItRaises91) {
   EXPECT_EQ(Raised([] { Create(Plain); }).Number, 91);
 }
 
+TEST_F(ClassKeyTest, ASubstitutedCreatorIsAskedFromTheNextObjectOn) {
+  Create(Plain);
+  const Ref<IObject> other = New<CommandOf>([] {});
+  gObjectFactory->Substitue(New<CreatorOf>(u"Plain", [&](const Params&) { return other; }));
+  EXPECT_TRUE(IsSameObject(Create(Plain), other));
+}
+
+TEST_F(ClassKeyTest, ACreatorThatIsRemovedIsNotFoundAgain) {
+  Create(Plain);
+  gObjectFactory->Remove(New<CreatorOf>(u"Plain"));
+  EXPECT_EQ(Raised([] { Create(Plain); }).Number, 5);
+}
+
+TEST_F(ClassKeyTest, ACreatorIsFoundOnceItIsAdded) {
+  constexpr ClassKey<ICommand> late{u"Late"};
+  EXPECT_EQ(Raised([&] { Create(late); }).Number, 5);
+  gObjectFactory->Add(New<CreatorOf>(u"Late", [this](const Params&) { return Product; }));
+  EXPECT_TRUE(IsSameObject(Create(late), Product));
+}
+
+TEST_F(ClassKeyTest, AnotherFactoryIsAskedForItsOwnCreator) {
+  Create(Plain);
+  const Ref<IObject> other = New<CommandOf>([] {});
+  gObjectFactory = New<CObjectFactory>();
+  EXPECT_EQ(Raised([] { Create(Plain); }).Number, 5);
+  gObjectFactory->Add(New<CreatorOf>(u"Plain", [&](const Params&) { return other; }));
+  EXPECT_TRUE(IsSameObject(Create(Plain), other));
+}
+
+TEST_F(ClassKeyTest, ACreatorOutlivesItsOwnRemovalWhileItCreates) {
+  gObjectFactory->Substitue(New<CreatorOf>(u"Plain", [product = Product](const Params&) {
+    gObjectFactory->Remove(New<CreatorOf>(u"Plain"));
+    return product;
+  }));
+  EXPECT_TRUE(IsSameObject(Create(Plain), Product));
+}
+
+TEST_F(ClassKeyTest, AFailureTellsTheSpecificationAndTheParameters) {
+  gObjectFactory->Remove(New<CreatorOf>(u"Full"));
+  const auto failure = test::FailureOf([] { Create(Full, u"", false, 0, {}, {}); });
+  EXPECT_EQ(failure.Trail,
+            (std::vector<String>{u"CObjectFactories.Item(IndexOrKey='Full')",
+                                 u"CObjectFactory.IObjectFactory_CreateObject(Specification='Full', Params={Array})"}));
+}
+
 TEST_F(ClassKeyTest, KnowsHowManyParametersTheCreatorTakes) {
   EXPECT_EQ(Plain.ParamCount, 0U);
   EXPECT_EQ(Full.ParamCount, 5U);

@@ -17,7 +17,7 @@ void CInstDirector::RegisterHandler(const Ref<IInstProcessor>& Handler) try {
 std::int32_t CInstDirector::Send(const Ref<CInstContainer>& Instruction) try {
   std::int32_t result = NotHandled;
   for (std::size_t i = 1; i <= m_handlers.Count(); ++i) {
-    if (m_handlers.Item(static_cast<std::int32_t>(i))->Send(Instruction) == Done) result = Done;
+    if (m_handlers.At(i)->Send(Instruction) == Done) result = Done;
   }
   HuntERR::Check(result != NotHandled, ErrorNumber::NoHandler,
                  [&] { return u"This instruction processor cannot handle " + Instruction->CmdType() + u"."; });

@@ -17,6 +17,10 @@ Ref<ISubscriber> CSubscribers::Item(const Value& IndexOrKey) const try {
   PassOn(u"CSubscribers.Item(IndexOrKey)", {IndexOrKey});
 }
 
+Ref<ISubscriber> CSubscribers::At(std::size_t Position) const try { return m_list.Item(Position); } catch (...) {
+  PassOn(u"CSubscribers.Item(IndexOrKey)", {static_cast<double>(Position)});
+}
+
 std::size_t CSubscribers::Count() const try { return m_list.Count(); } catch (...) {
   PassOn(u"CSubscribers.Count");
 }

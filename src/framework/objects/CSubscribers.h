@@ -13,6 +13,8 @@ public:
   Ref<ISubscriber> Add(const Ref<ISubscriber>& NewItem, const String& Key);
   /// Positions count from 1; an absent position or key raises `InvalidArgument`.
   Ref<ISubscriber> Item(const Value& IndexOrKey) const;
+  /// The same for a position.
+  Ref<ISubscriber> At(std::size_t Position) const;
   std::size_t Count() const;
   /// A position, a key, or a subscriber: the first that is the same object goes; one that is absent is no error.
   void Remove(const Value& IndexKeyOrObject);

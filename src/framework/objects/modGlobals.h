@@ -16,7 +16,10 @@ std::int32_t ParamArrayCount(const Params& ParameterArray);
 /// The arguments as an array with lower bound 0; without arguments an array of length 0.
 template <class... Args>
 Params VarArray(const Args&... Arguments) try {
-  return Params{Value(Arguments)...};
+  Params array;
+  array.reserve(sizeof...(Arguments));
+  (array.emplace_back(Arguments), ...);
+  return array;
 } catch (...) {
   PassOn(u"modGlobals.VarArray(Params)");
 }

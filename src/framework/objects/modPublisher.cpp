@@ -14,7 +14,7 @@ constexpr StringView TryUpdateLabel = u"modPublisher.TryUpdate(Subscriber,Subjec
 void Notify(CSubscribers& Subscribers, const Ref<IObject>& Subject) try {
   // The live list, by position: a subscriber may subscribe or unsubscribe while it is being updated.
   for (std::size_t i = 1; i <= Subscribers.Count(); ++i) {
-    TryUpdate(Subscribers.Item(static_cast<std::int32_t>(i)), Subject);
+    TryUpdate(Subscribers.At(i), Subject);
   }
 } catch (...) {
   PassOn(u"modPublisher.Notify(Subscribers,Subject)");

@@ -6,6 +6,7 @@
 #include "platform/Termination.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace portico {
 
@@ -63,9 +64,9 @@ String CDriverSession::GetErrorMessage(std::int32_t code) try {
   PassOn(u"CDriverSession.GetErrorMessage(code)", {code});
 }
 
-Ref<IResponse> CDriverSession::GenerateResponse(std::int32_t code, const String& data) try {
+Ref<IResponse> CDriverSession::GenerateResponse(std::int32_t code, String data) try {
   auto response = New<CResponse>();
-  response->Initialize(code, code == 0 ? data : GetErrorMessage(code));
+  response->Initialize(code, code == 0 ? std::move(data) : GetErrorMessage(code));
   return response;
 } catch (...) {
   PassOn(u"CDriverSession.GenerateResponse(code,data)", {code, data});
@@ -97,7 +98,7 @@ Ref<IResponse> CDriverSession::ReadData() try {
     m_soiled = static_cast<std::size_t>(count);
     data = FromCodePage({m_buffer.data(), static_cast<std::size_t>(count) - 1});
   }
-  return GenerateResponse(status, data);
+  return GenerateResponse(status, std::move(data));
 } catch (...) {
   PassOn(u"CDriverSession.IChannel_ReadData");
 }

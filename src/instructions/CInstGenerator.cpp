@@ -11,7 +11,7 @@ Ref<CInstContainer> Container(const InstructionShape& shape) {
   auto instruction = New<CInstContainer>();
   instruction->CmdType(String(shape.CmdType));
   instruction->FunctionName(String(shape.FunctionName));
-  for (const auto& [name, value] : shape.Params) instruction->Params()->Add(value, name);
+  shape.ForEachParam([&](StringView name, StringView value) { instruction->Params()->Add(value, name); });
   return instruction;
 }
 

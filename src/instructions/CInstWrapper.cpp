@@ -10,9 +10,9 @@ String Spell(const InstructionShape& shape) {
   String text;
   text.append(u"<Instruction Type=\"").append(shape.CmdType).append(u"\">");
   text.append(u"<Function Name=\"").append(shape.FunctionName).append(u"\"><Parameters>");
-  for (const auto& [name, value] : shape.Params) {
+  shape.ForEachParam([&](StringView name, StringView value) {
     text.append(u"<Parameter Name=\"").append(name).append(u"\">").append(value).append(u"</Parameter>");
-  }
+  });
   return text.append(u"</Parameters></Function></Instruction>");
 }
 

@@ -13,31 +13,31 @@ constexpr StringView NameRequired = u"An attribute name required for Setattribut
 
 InstructionShape Open(StringView Instrument) {
   HuntERR::Check(!Instrument.empty(), ErrorNumber::MissingInstrumentName, u"An instrument name required");
-  return {u"COMM", u"Open", {{u"ChannelName", Instrument}}};
+  return {u"COMM", u"Open", {{{u"ChannelName", Instrument}}}};
 }
 
-InstructionShape Close() { return {u"COMM", u"Close", {}}; }
+InstructionShape Close() { return {u"COMM", u"Close"}; }
 
 InstructionShape Write(StringView Data) {
   HuntERR::Check(!Data.empty(), ErrorNumber::MissingText, NameRequired);
-  return {u"COMM", u"Write", {{u"Data", Data}}};
+  return {u"COMM", u"Write", {{{u"Data", Data}}}};
 }
 
 InstructionShape SCPI(StringView Data) {
   HuntERR::Check(!Data.empty(), ErrorNumber::MissingText, NameRequired);
-  return {u"SCPI", u"Send", {{u"Data", Data}}};
+  return {u"SCPI", u"Send", {{{u"Data", Data}}}};
 }
 
-InstructionShape Read() { return {u"COMM", u"Read", {{u"Data", u""}}}; }
+InstructionShape Read() { return {u"COMM", u"Read", {{{u"Data", u""}}}}; }
 
 InstructionShape SetAttribute(StringView Name, StringView Value) {
   HuntERR::Check(!Name.empty(), ErrorNumber::MissingAttributeName, NameRequired);
-  return {u"COMM", u"SetAttribute", {{u"Name", Name}, {u"Value", Value}}};
+  return {u"COMM", u"SetAttribute", {{{u"Name", Name}, {u"Value", Value}}}};
 }
 
 InstructionShape GetAttribute(StringView Name, std::int32_t emptyNameError) {
   HuntERR::Check(!Name.empty(), emptyNameError, u"An attribute name required for GetattributeValue command");
-  return {u"COMM", u"GetAttribute", {{u"Name", Name}, {u"Value", u""}}};
+  return {u"COMM", u"GetAttribute", {{{u"Name", Name}, {u"Value", u""}}}};
 }
 
 } // namespace portico::InstructionShapes

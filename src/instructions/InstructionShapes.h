@@ -2,9 +2,8 @@
 
 #include "framework/text/text.h"
 
-#include <initializer_list>
+#include <array>
 #include <utility>
-#include <vector>
 
 namespace portico {
 
@@ -12,7 +11,14 @@ namespace portico {
 struct InstructionShape {
   StringView CmdType;
   StringView FunctionName;
-  std::vector<std::pair<StringView, StringView>> Params;
+  std::array<std::pair<StringView, StringView>, 2> Params = {}; ///< those that have a name
+
+  template <class Visit>
+  void ForEachParam(Visit visit) const {
+    for (const auto& [name, value] : Params) {
+      if (!name.empty()) visit(name, value);
+    }
+  }
 };
 
 /// The table of all instructions, with its checks. Views refer to the arguments and must not outlive them.

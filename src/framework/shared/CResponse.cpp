@@ -6,8 +6,9 @@ namespace portico {
 
 void CResponse::Initialize(std::int32_t code, const String& data) try {
   m_code = code;
-  m_message = code != 0 ? data : u"Success";
-  m_data = code != 0 ? String() : data;
+  m_message.clear();
+  m_data.clear();
+  (code != 0 ? m_message : m_data) = data;
 } catch (...) {
   PassOn(u"CResponse.Initialize(code,data)", {code, data});
 }

@@ -8,32 +8,26 @@
 #include "instructions/builders/CNullCmdBuilder.h"
 #include "instructions/builders/modBuilder.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace portico {
 namespace {
 
 constexpr char16_t NotQuoted = u'\0';
 
-/// Quoted text becomes "X". The other kind of quote inside quotes is text; a quote that is not closed masks the rest.
-String MaskQuotedText(const String& text) {
-  String masked = text;
+/// Whether a question mark stands outside quotes. The other kind of quote inside quotes is text; behind a quote that is
+/// not closed all is.
+bool ContainsQuery(StringView text) {
   char16_t quote = NotQuoted;
-  for (char16_t& unit : masked) {
+  for (const char16_t unit : text) {
     if (quote == NotQuoted) {
+      if (unit == u'?') return true;
       if (unit == u'\'' || unit == u'"') quote = unit;
     } else if (unit == quote) {
       quote = NotQuoted;
-    } else {
-      unit = u'X';
     }
   }
-  return masked;
-}
-
-bool ContainsQuery(const StringArray& data) {
-  return std::any_of(data.Elements().begin(), data.Elements().end(),
-                     [](const String& text) { return MaskQuotedText(text).find(u'?') != String::npos; });
+  return false;
 }
 
 } // namespace
@@ -45,7 +39,7 @@ CSCPICmdBuilder::CSCPICmdBuilder() try : m_readInstruction(modBuilder::Instructi
 
 Ref<ICommand> CSCPICmdBuilder::Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) try {
   const String& function = Instruction->FunctionName();
-  const StringArray data = modBuilder::LastValueFirst(*Instruction->Params());
+  String data = modBuilder::LastValue(*Instruction->Params());
   Ref<ICommand> command = InnerCommand;
   if (ContainsQuery(data)) {
     const String mode = Create(Class::Configuration)->ItemValue(Item::AutoReadAfterQueryMode);
@@ -57,11 +51,11 @@ Ref<ICommand> CSCPICmdBuilder::Build(const Ref<ICommand>& InnerCommand, const Re
     command = Create(reader)->Build(command, m_readInstruction);
   }
   // After the mode: an unknown function with a bad mode reports the mode.
-  if (ToUpper(function) != u"SEND") {
+  if (!EqualNoCase(function, u"SEND")) {
     HuntERR::Raise(ErrorNumber::Syntax, ClassName(), u"Syntax Error: Unrecognized SCPI function.");
   }
   const auto writer = Create(Class::CommunicationCommandBuilder);
-  return writer->Build(command, modBuilder::Instruction(u"COMM", u"Write", data[0]));
+  return writer->Build(command, modBuilder::Instruction(u"COMM", u"Write", std::move(data)));
 } catch (...) {
   PassOn(u"CSCPICmdBuilder.IBuilder_Build(InnerCommand,Instruction)", {InnerCommand, Instruction});
 }

@@ -12,13 +12,16 @@ namespace portico::modBuilder {
 std::int32_t ParamCount(const StringArray& Params);
 
 /// The inner command, then the strings in order.
-Params BuildCommandParams(const Ref<ICommand>& InnerCommand, const StringArray& Data);
+Params BuildCommandParams(const Ref<ICommand>& InnerCommand, StringArray Data);
+
+/// The value of the last parameter; all of them must be texts or read as one. An empty list raises `BadSubscript`.
+String LastValue(const KeyedList<Value>& Parameters);
 
 /// An array as long as the list whose first element holds the last value; the other elements stay empty. An empty list
 /// raises `BadSubscript`. All instructions in use have one parameter, so that this one is what the array holds.
 StringArray LastValueFirst(const KeyedList<Value>& Parameters);
 
 /// An instruction with the one parameter "Data".
-Ref<CInstContainer> Instruction(StringView CmdType, StringView FunctionName, const String& Data);
+Ref<CInstContainer> Instruction(StringView CmdType, StringView FunctionName, String Data);
 
 } // namespace portico::modBuilder

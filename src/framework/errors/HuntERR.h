@@ -6,6 +6,7 @@
 #include "framework/errors/Value.h"
 
 #include <concepts>
+#include <cstddef>
 #include <initializer_list>
 
 namespace portico {

@@ -16,8 +16,18 @@ Ref<IResponse> Success(const ConfigurationXml& document) {
 
 } // namespace
 
-void CConfiguration::Initialize() try {
+std::uint64_t CConfiguration::NextState() {
+  static std::uint64_t last = 0;
+  return ++last;
+}
+
+void CConfiguration::Begin() {
   m_items = {};
+  m_state = NextState();
+}
+
+void CConfiguration::Initialize() try {
+  Begin();
   m_initialized = true;
 } catch (...) {
   PassOn(Label(u".Initialize"));
@@ -44,36 +54,46 @@ Ref<IResponse> CConfiguration::Retrieve(const String& Configuration) try {
   PassOn(Label(u".Update(Configuration)"), {Configuration}); // the two have always shared a label
 }
 
-void CConfiguration::Clear() try {
-  m_items = {};
-} catch (...) {
+void CConfiguration::Clear() try { Begin(); } catch (...) {
   PassOn(Label(u".Clear()"));
 }
 
-String CConfiguration::ItemValue(StringView Name) try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-  const Ref<CSetting>* item = m_items.Find(Name);
-  if (item == nullptr) {
-    HuntERR::Raise(ErrorNumber::NoSuchItem, ClassName(),
-                   String(u"Requested configuration item, ").append(Name).append(u", does not exist."));
+CSetting* CConfiguration::Find(const ItemName& Key) {
+  if (Key.Place.State != m_state || Key.Place.Item == nullptr) {
+    const Ref<CSetting>* item = m_items.Find(Key.Name);
+    Key.Place = {m_state, item == nullptr ? nullptr : item->Get()};
   }
-  return (*item)->Value();
-} catch (...) {
-  PassOn(Label(u".IConfiguration_ItemValue()"), {Name});
+  return static_cast<CSetting*>(Key.Place.Item);
 }
 
-void CConfiguration::ItemValue(StringView Name, StringView Value) try {
-  if (!m_initialized || Name.empty()) return;
-  if (const Ref<CSetting>* item = m_items.Find(Name)) {
-    (*item)->Value(String(Value));
+String CConfiguration::ItemByKey(const ItemName& Key) try {
+  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  const CSetting* item = Find(Key);
+  if (item == nullptr) {
+    HuntERR::Raise(ErrorNumber::NoSuchItem, ClassName(),
+                   String(u"Requested configuration item, ").append(Key.Name).append(u", does not exist."));
+  }
+  return item->Value();
+} catch (...) {
+  PassOn(Label(u".IConfiguration_ItemValue()"), {Key.Name});
+}
+
+void CConfiguration::ItemByKey(const ItemName& Key, StringView Value) try {
+  if (!m_initialized || Key.Name.empty()) return;
+  if (CSetting* item = Find(Key)) {
+    item->Value(String(Value));
     return;
   }
   auto item = New<CSetting>();
-  item->Initialize(String(Name), String(Value));
-  m_items.Add(item, Name);
+  item->Initialize(String(Key.Name), String(Value));
+  m_items.Add(item, Key.Name);
 } catch (...) { // deliberately unreported: the caller carries on with the items as they are
   return;
 }
+
+String CConfiguration::ItemValue(StringView Name) { return ItemByKey(ItemName{Name}); }
+
+void CConfiguration::ItemValue(StringView Name, StringView Value) { ItemByKey(ItemName{Name}, Value); }
 
 Ref<IResponse> CConfiguration::AllItems() const {
   ConfigurationXml document;

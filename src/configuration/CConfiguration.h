@@ -5,7 +5,7 @@
 #include "framework/objects/Creator.h"
 #include "framework/shared/IConfiguration.h"
 
-#include <memory>
+#include <cstdint>
 
 namespace portico {
 
@@ -23,13 +23,21 @@ public:
   String ItemValue(StringView Name) override;
   /// Never raises: a write that fails, or that comes before `Initialize`, has no effect.
   void ItemValue(StringView Name, StringView Value) override;
+  String ItemByKey(const ItemName& Key) override;
+  void ItemByKey(const ItemName& Key, StringView Value) override;
 
 private:
+  /// A number for each table that is begun, so that no key takes one for another. A table loses no item.
+  static std::uint64_t NextState();
+  void Begin();
+  /// Null for an absent item.
+  CSetting* Find(const ItemName& Key);
   String Label(StringView member) const { return String(ClassName()).append(member); }
   Ref<IResponse> AllItems() const;
 
   bool m_initialized = false;
   KeyedList<Ref<CSetting>> m_items;
+  std::uint64_t m_state = NextState();
 };
 
 /// Makes `Class::Configuration`.

@@ -71,21 +71,25 @@ void CConfigurationClient::Protocol(std::int32_t newvalue) try {
   PassOn(Label(u".Protocol(newvalue)"), {newvalue});
 }
 
-String CConfigurationClient::ItemValue(StringView Name) try { return m_server->ItemValue(Name); } catch (...) {
-  PassOn(Label(u".IConfiguration_ItemValue(Name)"), {Name});
+String CConfigurationClient::ItemByKey(const ItemName& Key) try { return m_server->ItemByKey(Key); } catch (...) {
+  PassOn(Label(u".IConfiguration_ItemValue(Name)"), {Key.Name});
 }
 
-void CConfigurationClient::ItemValue(StringView Name, StringView Value) try {
-  m_server->ItemValue(Name, Value);
-  if (Name == Item::ProtocolName) {
+void CConfigurationClient::ItemByKey(const ItemName& Key, StringView Value) try {
+  m_server->ItemByKey(Key, Value);
+  if (Key.Name == Item::ProtocolName.Name) {
     ApplyProtocolSettings();
     gMainForm->UpdateUI({}, {});
   } else {
-    gMainForm->UpdateUI(String(Name), String(Value));
+    gMainForm->UpdateUI(String(Key.Name), String(Value));
   }
 } catch (...) {
-  PassOn(Label(u".IConfiguration_ItemValue(Name, RHS)"), {Name, Value});
+  PassOn(Label(u".IConfiguration_ItemValue(Name, RHS)"), {Key.Name, Value});
 }
+
+String CConfigurationClient::ItemValue(StringView Name) { return ItemByKey(ItemName{Name}); }
+
+void CConfigurationClient::ItemValue(StringView Name, StringView Value) { ItemByKey(ItemName{Name}, Value); }
 
 void CConfigurationClient::ResetGlobalConfigurationServer() try { m_server = nullptr; } catch (...) {
   PassOn(Label(u".ResetGlobalConfigurationServer()"));

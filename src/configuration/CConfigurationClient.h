@@ -29,6 +29,8 @@ public:
   String ItemValue(StringView Name) override;
   /// Writing "ProtocolName" brings that protocol's options into effect; writing an option alone does not.
   void ItemValue(StringView Name, StringView Value) override;
+  String ItemByKey(const ItemName& Key) override;
+  void ItemByKey(const ItemName& Key, StringView Value) override;
 
 private:
   String Label(StringView member) const { return String(ClassName()).append(member); }

@@ -37,6 +37,42 @@ TEST_F(CConfigurationTest, ItemIsReadByNameInAnyCase) {
   EXPECT_EQ(Server->ItemValue(u"LOGGING"), u"On");
 }
 
+TEST_F(CConfigurationTest, AKeyReadsWhatWasWrittenByNameAndTheOtherWayRound) {
+  Server->ItemValue(u"LOGGING", u"On");
+  EXPECT_TRUE(Server->IsOn(Item::Logging));
+  Server->ItemValue(u"Logging", u"Off");
+  EXPECT_FALSE(Server->IsOn(Item::Logging));
+  Server->Set(Item::Logging, true);
+  EXPECT_EQ(Server->ItemValue(u"logging"), u"On");
+}
+
+TEST_F(CConfigurationTest, AKeyFindsAnItemOnceItIsThere) {
+  EXPECT_EQ(Raised([&] { Server->IsOn(Item::Logging); }).Number, Hex(0x80041461));
+  Server->ItemValue(u"Logging", u"On");
+  EXPECT_TRUE(Server->IsOn(Item::Logging));
+}
+
+TEST_F(CConfigurationTest, AKeyIsLookedUpAgainInANewTable) {
+  Server->Set(Item::Logging, true);
+  EXPECT_TRUE(Server->IsOn(Item::Logging));
+  Server->Clear();
+  EXPECT_EQ(Raised([&] { Server->IsOn(Item::Logging); }).Number, Hex(0x80041461));
+  Server->Set(Item::Logging, true);
+  EXPECT_TRUE(Server->IsOn(Item::Logging));
+  Server->Initialize();
+  EXPECT_EQ(Raised([&] { Server->IsOn(Item::Logging); }).Number, Hex(0x80041461));
+}
+
+TEST_F(CConfigurationTest, AKeyIsLookedUpInTheServerThatIsAsked) {
+  Server->Set(Item::Logging, true);
+  const auto other = New<CConfiguration>();
+  other->Initialize();
+  other->ItemValue(u"RunningMode", u"Off");
+  other->Set(Item::Logging, false);
+  EXPECT_FALSE(other->IsOn(Item::Logging));
+  EXPECT_TRUE(Server->IsOn(Item::Logging));
+}
+
 TEST_F(CConfigurationTest, WriteInAnotherCaseKeepsTheFirstSpelling) {
   Server->ItemValue(u"Logging", u"On");
   Server->ItemValue(u"LOGGING", u"Off");

@@ -18,19 +18,29 @@ enum class ItemType : std::uint8_t {
   Mode,        ///< "Off", "Step", or any other text, which means to run on
 };
 
-/// The key of an item: its name, and what its text stands for. Keys bear the names of their items.
-template <ItemType Type>
-struct ItemKey {
+/// Where a table holds an item, for as long as the table stays in the state in which it was looked up.
+struct ItemPlace {
+  std::uint64_t State = 0; ///< 0: never looked up
+  void* Item = nullptr;    ///< what the table has there, which it alone knows; null for an item that was not there
+};
+
+/// What an item is found by: its name. It remembers the place, so that the table is searched once and not each time.
+struct ItemName {
   StringView Name;
+  mutable ItemPlace Place = {};
 
   /// The name, for whoever takes the text of any item.
   constexpr operator StringView() const { return Name; } // NOLINT(google-explicit-constructor)
 };
 
+/// The key of an item: its name, and what its text stands for. Keys bear the names of their items.
+template <ItemType Type>
+struct ItemKey : ItemName {};
+
 /// The key of any item, for tables.
 struct AnyItemKey {
   template <ItemType T>
-  constexpr AnyItemKey(ItemKey<T> Key) : Name(Key.Name), Type(T) {} // NOLINT(google-explicit-constructor)
+  constexpr AnyItemKey(const ItemKey<T>& Key) : Name(Key.Name), Type(T) {} // NOLINT(google-explicit-constructor)
 
   StringView Name;
   ItemType Type;

@@ -6,8 +6,10 @@ namespace portico {
 
 Ref<IConfiguration> gConfiguration;
 
-bool IConfiguration::IsTrue(ItemKey<ItemType::Truth> Key) { return Value(ItemValue(Key)).ToBoolean(); }
+bool IConfiguration::IsTrue(const ItemKey<ItemType::Truth>& Key) { return Value(ItemByKey(Key)).ToBoolean(); }
 
-std::int32_t IConfiguration::Milliseconds(ItemKey<ItemType::Interval> Key) { return Value(ItemValue(Key)).ToLong(); }
+std::int32_t IConfiguration::Milliseconds(const ItemKey<ItemType::Interval>& Key) {
+  return Value(ItemByKey(Key)).ToLong();
+}
 
 } // namespace portico

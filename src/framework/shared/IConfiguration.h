@@ -17,15 +17,23 @@ public:
   /// Makes the item if need be.
   virtual void ItemValue(StringView Name, StringView Value) = 0;
 
-  /// Anything but "On" counts as off.
-  bool IsOn(ItemKey<ItemType::Switch> Key) { return ItemValue(Key) == ItemText::On; }
-  /// A text that does not read as true or false raises `TypeMismatch`.
-  bool IsTrue(ItemKey<ItemType::Truth> Key);
-  /// A text that does not read as a number raises `TypeMismatch`, a number over 32 bits `Overflow`.
-  std::int32_t Milliseconds(ItemKey<ItemType::Interval> Key);
+  /// The same for an item that the program knows. A configuration that can remembers in the key where the item stands.
+  virtual String ItemByKey(const ItemName& Key) { return ItemValue(Key.Name); }
+  virtual void ItemByKey(const ItemName& Key, StringView Value) { ItemValue(Key.Name, Value); }
+  String ItemValue(const ItemName& Key) { return ItemByKey(Key); }
+  void ItemValue(const ItemName& Key, StringView Value) { ItemByKey(Key, Value); }
 
-  void Set(ItemKey<ItemType::Switch> Key, bool on) { ItemValue(Key, on ? ItemText::On : ItemText::Off); }
-  void Set(ItemKey<ItemType::Truth> Key, bool truth) { ItemValue(Key, truth ? ItemText::True : ItemText::False); }
+  /// Anything but "On" counts as off.
+  bool IsOn(const ItemKey<ItemType::Switch>& Key) { return ItemByKey(Key) == ItemText::On; }
+  /// A text that does not read as true or false raises `TypeMismatch`.
+  bool IsTrue(const ItemKey<ItemType::Truth>& Key);
+  /// A text that does not read as a number raises `TypeMismatch`, a number over 32 bits `Overflow`.
+  std::int32_t Milliseconds(const ItemKey<ItemType::Interval>& Key);
+
+  void Set(const ItemKey<ItemType::Switch>& Key, bool on) { ItemByKey(Key, on ? ItemText::On : ItemText::Off); }
+  void Set(const ItemKey<ItemType::Truth>& Key, bool truth) {
+    ItemByKey(Key, truth ? ItemText::True : ItemText::False);
+  }
 };
 
 /// The table as XML: a root `Parameters` of `Parameter` elements with the attribute `Name` and the value as text.

@@ -17,7 +17,7 @@ constexpr StringView BuildLabel = u".IBuilder_Build(InnerCommand, Instruction)";
 /// The builder of an option, or the null builder when it is off. Anything but "On" and "Off" raises `InternalState`;
 /// the text names the OPC pacing for either option.
 template <class Builder>
-Ref<IObject> Switched(ItemKey<ItemType::Switch> item, StringView creator) {
+Ref<IObject> Switched(const ItemKey<ItemType::Switch>& item, StringView creator) {
   const String state = Create(Class::Configuration)->ItemValue(item);
   if (state == ItemText::On) return New<Builder>();
   if (state == ItemText::Off) return Create(Class::NullCommandBuilder);

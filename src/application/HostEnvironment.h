@@ -2,6 +2,7 @@
 
 #include "framework/errors/IErrorEnvironment.h"
 
+#include <ctime>
 #include <filesystem>
 
 namespace portico {
@@ -27,9 +28,9 @@ public:
 
 private:
   std::filesystem::path m_program;
-  // Stamps and errors ask many times a second.
-  mutable std::time_t m_second = 0;
-  mutable std::tm m_local{}; // without a day: none yet
+  // Asked for several times for each query: a second is taken apart once.
+  mutable std::time_t m_second = -1;
+  mutable std::tm m_local{};
 };
 
 } // namespace portico

@@ -34,7 +34,7 @@ HostEnvironment::HostEnvironment(std::filesystem::path program) : m_program(std:
 
 std::tm HostEnvironment::LocalTime() const {
   const std::time_t now = std::time(nullptr);
-  if (now != m_second || m_local.tm_mday == 0) {
+  if (now != m_second) {
     localtime_r(&now, &m_local);
     m_second = now;
   }

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <filesystem>
 #include <system_error>
 
@@ -83,6 +84,23 @@ TEST(HostEnvironment, KnowsTheMachineAndItsMessages) {
   const HostEnvironment host;
   EXPECT_FALSE(host.ComputerName().empty());
   EXPECT_EQ(ToUtf8(host.SystemMessage(2)), std::system_category().message(2));
+}
+
+TEST(HostEnvironment, TellsTheLocalTimeAndASecondLaterAnother) {
+  const HostEnvironment environment;
+  const auto now = [&] {
+    std::time_t second = 0;
+    std::tm local{};
+    do { // until both are of one second
+      second = std::time(nullptr);
+      local = environment.LocalTime();
+    } while (std::time(nullptr) != second);
+    EXPECT_EQ(std::mktime(&local), second);
+    return second;
+  };
+  const std::time_t first = now();
+  while (std::time(nullptr) == first) continue;
+  EXPECT_GT(now(), first);
 }
 
 TEST(HostEnvironment, TicksNeverGoBack) {

@@ -71,6 +71,7 @@ int Run(const RunOptions& options) {
   static HostEnvironment environment; // error reports are read to the very end
   SteadyClock driverClock;
   DriverNews news;
+  loop->BeforeWait.Connect([&news] { news.AboutToWait(); });
   const Wiring wiring;
   HuntERR::SetEnvironment(&environment);
   gEventLoop = loop;

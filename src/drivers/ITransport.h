@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace portico::drivers {
 
@@ -39,6 +40,17 @@ public:
   /// Waits until there is at least one byte, then takes what is there, at most `size` bytes. Reads nothing once
   /// `deadline` is past, so that an answer without end is given up in time.
   virtual Received Read(char* buffer, std::size_t size, TimePoint deadline) = 0;
+
+  /// From now on `call` is made before each wait for the instrument.
+  void OnWait(std::function<void()> call) { m_onWait = std::move(call); }
+
+protected:
+  void AboutToWait() const {
+    if (m_onWait) m_onWait();
+  }
+
+private:
+  std::function<void()> m_onWait;
 };
 
 /// Makes the transport for a name of the kind that it is registered for.

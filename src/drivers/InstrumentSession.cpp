@@ -36,7 +36,9 @@ private:
 
 InstrumentSession::InstrumentSession(const ResourceName& name, std::unique_ptr<ITransport> transport,
                                      const SessionOptions& options)
-    : m_name(name.Canonical()), m_transport(std::move(transport)), m_options(options) {}
+    : m_name(name.Canonical()), m_transport(std::move(transport)), m_options(options) {
+  if (options.Observer != nullptr) m_transport->OnWait([observer = options.Observer] { observer->Waits(); });
+}
 
 DriverResult InstrumentSession::Open() {
   m_connection = m_transport->Open(Deadline());

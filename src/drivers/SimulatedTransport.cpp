@@ -43,6 +43,7 @@ bool SimulatedTransport::AwaitResponse(TimePoint deadline) {
       return true;
     }
     const auto event = m_connection->NextEvent();
+    AboutToWait();
     m_clock.SleepUntil(event && *event > now ? std::min(*event, deadline) : deadline);
   }
 }

@@ -44,6 +44,7 @@ TcpTransport::~TcpTransport() { Close(); }
 
 DriverResult TcpTransport::Open(TimePoint deadline) {
   Close();
+  AboutToWait();
   const HostLookup lookup = LookUpHost(m_host, m_port, deadline);
   DriverResult result = lookup.Result;
   for (std::size_t i = 0; i < lookup.Addresses.size(); ++i) {
@@ -103,7 +104,10 @@ DriverResult TcpTransport::Write(std::string_view bytes, TimePoint deadline) {
     }
     int error = errno;
     if (error == EINTR) continue;
-    if (WouldBlock(error)) error = WaitFor(m_socket, POLLOUT, deadline);
+    if (WouldBlock(error)) {
+      AboutToWait();
+      error = WaitFor(m_socket, POLLOUT, deadline);
+    }
     if (error == ETIMEDOUT) return Failure(DriverStatus::WriteTimeout);
     if (error != 0) return Failure(error, DriverStatus::ConnectionLost);
   }
@@ -111,6 +115,7 @@ DriverResult TcpTransport::Write(std::string_view bytes, TimePoint deadline) {
 }
 
 Received TcpTransport::Read(char* buffer, std::size_t size, TimePoint deadline) {
+  AboutToWait();
   for (;;) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - TimePoint::clock::now());
     if (left.count() <= 0) return {Failure(DriverStatus::ReadTimeout)};

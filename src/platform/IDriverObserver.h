@@ -11,6 +11,9 @@ class IDriverObserver {
 public:
   virtual ~IDriverObserver() = default;
 
+  /// The driver is about to wait for the instrument.
+  virtual void Waits() {}
+
   /// A session that was out of step has a fresh connection; answers to what it sent before are lost.
   /// `resourceName` is in canonical form.
   virtual void Reconnected(const std::string& resourceName) = 0;

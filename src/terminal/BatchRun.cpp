@@ -55,12 +55,14 @@ BatchRun::BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window,
 
 BatchRun::~BatchRun() {
   Create(Class::CmdSubscriptionAgent)->Unsubscribe(m_faults);
+  m_news.AboutToWait = {};
   m_news.ConnectionRenewed = {};
   m_news.AnswerDropped = {};
   m_window->Unload();
 }
 
 void BatchRun::ListenToNews() {
+  m_news.AboutToWait.Connect([this] { m_out.flush(); });
   m_news.ConnectionRenewed.Connect([this](const std::string& name) { // a read that succeeds ends its repetition
     m_repeated.Failed(u"CReadCmd", {}, name + ": the connection was made anew; unread answers are lost");
   });
@@ -82,6 +84,7 @@ void BatchRun::Diagnose(const std::string& text) { Tell(Place() + text); }
 
 void BatchRun::Tell(const std::string& line) {
   if (m_progress) m_progress->Erase();
+  m_out.flush(); // what was shown before it comes first
   m_err << Diagnostic(line) << std::endl;
 }
 
@@ -109,6 +112,7 @@ ExitStatus BatchRun::Run(const Sources& sources) {
   if (m_progress) m_progress->Erase();
   CloseLog();
   if (m_interrupts.Requested()) NoteInterrupt();
+  m_out.flush();
   if (!m_out) {
     Diagnose("standard output cannot be written");
     m_status.Note(ExitStatus::Internal);
@@ -184,6 +188,7 @@ void BatchRun::RunSource(LineSource& source) {
 /// All complete lines that are at hand; waits for the first.
 BatchRun::Batch BatchRun::NextBatch(LineSource& source) {
   Batch batch;
+  if (!source.HasLineAtHand()) m_news.AboutToWait();
   do {
     auto next = source.Next();
     if (auto* fault = std::get_if<TextFault>(&next)) {
@@ -245,10 +250,10 @@ void BatchRun::JudgeDriver() {
 
 void BatchRun::JudgeAnswer() {
   const auto& answer = m_faults->LastAnswer();
-  if (!answer) return;
+  if (!answer || !ReportsError(*answer)) return;
   const bool isAsked =
       gConfiguration->IsOn(Item::AutoErrorCheckingMode) && gConfiguration->IsOn(Item::AutoReadAfterQueryMode);
-  if (!isAsked || !ReportsError(*answer)) return;
+  if (!isAsked) return;
   Diagnose("the instrument reports " + ToUtf8(*answer));
   m_status.Note(ExitStatus::InstrumentError);
   if (m_options.StopOnError) Stop();

@@ -47,7 +47,7 @@ private:
   bool Open();
   void RunSources(const Sources& sources);
   void RunSource(LineSource& source);
-  static Batch NextBatch(LineSource& source);
+  Batch NextBatch(LineSource& source);
   /// Of the source whose lines are being run, the one that is being run included.
   std::size_t LinesDone() const;
   std::string Place() const;

@@ -7,9 +7,10 @@
 
 namespace portico::terminal {
 
-/// Prints what the history shows, a line for each, flushed line by line: `> ` and an instruction, `* ` and an automatic
-/// instruction, `< ` and each line of a response, `# ` and a remark or blank line, `! ` and the text of any other kind.
-/// On a terminal, question marks stand for the control characters that would spoil it.
+/// Prints what the history shows, a line for each, and leaves it to others to flush the stream: `> ` and an
+/// instruction, `* ` and an automatic instruction, `< ` and each line of a response, `# ` and a remark or blank line,
+/// `! ` and the text of any other kind. On a terminal, question marks stand for the control characters that would spoil
+/// it.
 class ConversationPrinter final {
 public:
   /// The stream must outlive the printer.

@@ -3,7 +3,15 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/shared/IReport.h"
 
+#include <utility>
+
 namespace portico::terminal {
+namespace {
+
+constexpr StringView WriteCommand = u"CWriteCmd";
+constexpr StringView ReadCommand = u"CReadCmd";
+
+} // namespace
 
 void FaultCollector::Begin() {
   m_outcomes.clear();
@@ -25,16 +33,16 @@ void FaultCollector::Update(const Ref<IObject>& Subject) {
   // Marks, no failures.
   if (code == ErrorNumber::InstructionComplete) return Completed();
   if (code == ErrorNumber::SendNextInstruction) return;
-  const String command = report->GetCommand();
-  if (command == u"CWriteCmd") {
+  String command = report->GetCommand();
+  if (command == WriteCommand) {
     m_lastAnswer.reset();
     m_writeFailed = code != 0;
   }
-  if (command == u"CReadCmd") {
+  if (command == ReadCommand) {
     if (code == 0) m_lastAnswer = report->GetData();
     if (code != 0 && m_writeFailed) return;
   }
-  m_outcomes.push_back({command, code == 0 ? std::nullopt : std::optional(report->GetErrorMessage())});
+  m_outcomes.push_back({std::move(command), code == 0 ? std::nullopt : std::optional(report->GetErrorMessage())});
 }
 
 } // namespace portico::terminal

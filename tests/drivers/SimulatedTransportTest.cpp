@@ -51,6 +51,21 @@ TEST_F(SimulatedTransportTest, AnAnswerThatIsReadyTakesNoTime) {
   EXPECT_EQ(clock.Now(), start);
 }
 
+TEST_F(SimulatedTransportTest, TellsBeforeItWaits) {
+  script["Q?"] = Reaction::Answer("1\n");
+  script["MEAS?"] = Reaction::Answer("2\n", milliseconds(300));
+  ASSERT_TRUE(transport.Open(In(milliseconds(1))).Succeeded());
+  std::vector<TimePoint> waits;
+  transport.OnWait([&] { waits.push_back(clock.Now()); });
+  EXPECT_TRUE(transport.Write("Q?\r\n", In(milliseconds(1))).Succeeded());
+  EXPECT_EQ(Read(In(milliseconds(1000))), "1\n");
+  EXPECT_THAT(waits, testing::IsEmpty());
+  const TimePoint start = clock.Now();
+  EXPECT_TRUE(transport.Write("MEAS?\r\n", In(milliseconds(1))).Succeeded());
+  EXPECT_EQ(Read(In(milliseconds(1000))), "2\n");
+  EXPECT_THAT(waits, testing::ElementsAre(start));
+}
+
 TEST_F(SimulatedTransportTest, AnAnswerIsAwaitedForAsLongAsItTakes) {
   script["MEAS?"] = Reaction::Answer("1\n", milliseconds(300));
   ASSERT_TRUE(transport.Open(In(milliseconds(1))).Succeeded());

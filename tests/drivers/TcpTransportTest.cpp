@@ -121,6 +121,36 @@ TEST(TcpTransport, NothingIsReadBehindTheDeadline) {
   EXPECT_EQ(buffer.front(), '2');
 }
 
+TEST(TcpTransport, TellsBeforeItWaits) {
+  ScriptedServer server({{"Q?", Reaction::Answer("1\n")}});
+  TcpTransport transport("127.0.0.1", server.Port());
+  std::string bytes; // that the server had by the last wait
+  int waits = 0;
+  transport.OnWait([&] {
+    ++waits;
+    bytes = server.Received();
+  });
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  EXPECT_EQ(waits, 1);
+  EXPECT_TRUE(transport.Write("Q?\r\n", Soon()).Succeeded());
+  EXPECT_EQ(waits, 1) << "the system takes a short text at once";
+  server.WaitForReceived("Q?\r\n");
+  EXPECT_EQ(ReadAll(transport, 2), "1\n");
+  EXPECT_GE(waits, 2);
+  EXPECT_EQ(bytes, "Q?\r\n");
+}
+
+TEST(TcpTransport, TellsBeforeAWriteWaits) {
+  const ScriptedServer server({}, {.deaf = true});
+  TcpTransport transport("127.0.0.1", server.Port());
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  int waits = 0;
+  transport.OnWait([&] { ++waits; });
+  const std::string text(1'000'000, 'x');
+  while (transport.Write(text, VerySoon()).Succeeded()) continue;
+  EXPECT_GE(waits, 1);
+}
+
 TEST(TcpTransport, AWriteThatNobodyTakesTimesOut) {
   const ScriptedServer server({}, {.deaf = true});
   TcpTransport transport("127.0.0.1", server.Port());

@@ -3,6 +3,7 @@
 #include "document/entities/CDataEntity.h"
 #include "document/log/CMockTimeStampServer.h"
 #include "support/fixtures/FrameworkTest.h"
+#include "terminal/FlushRecorder.h"
 
 #include <sstream>
 
@@ -65,23 +66,12 @@ TEST_F(ConversationPrinterTest, RemarksAndBlankLinesAreMarked) {
   EXPECT_EQ(out.str(), "# REM a remark\n# \n");
 }
 
-/// Remembers what stood there at each flush.
-class FlushRecorder final : public std::stringbuf {
-public:
-  std::vector<std::string> Flushed;
-
-private:
-  int sync() override {
-    Flushed.push_back(str());
-    return 0;
-  }
-};
-
-TEST_F(ConversationPrinterTest, EachLineIsFlushedByItself) {
-  FlushRecorder recorder;
+TEST_F(ConversationPrinterTest, FlushingIsLeftToOthers) {
+  test::FlushRecorder recorder;
   std::ostream stream(&recorder);
   ConversationPrinter(stream).Show(*Entity(u"one\ntwo\r\n", u"Response"));
-  EXPECT_EQ(recorder.Flushed, (std::vector<std::string>{"< one\n", "< one\n< two\n"}));
+  EXPECT_EQ(recorder.str(), "< one\n< two\n");
+  EXPECT_EQ(recorder.Flushed, std::vector<std::string>{});
 }
 
 } // namespace

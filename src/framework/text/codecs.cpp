@@ -20,12 +20,18 @@ std::optional<char> CodePageByte(char16_t unit) {
   return static_cast<char>(0x80 + (found - UpperControls.begin()));
 }
 
+/// How many units at the front are ASCII, which every encoding here maps to the byte of the same number.
+std::size_t AsciiLength(StringView text) {
+  const auto end = std::find_if(text.begin(), text.end(), [](char16_t unit) { return unit >= 0x80; });
+  return static_cast<std::size_t>(end - text.begin());
+}
+
 constexpr char16_t ReplacementCharacter = 0xFFFD;
 
 bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
-void AppendUtf8(std::string& bytes, char32_t point) {
+void AppendPoint(std::string& bytes, char32_t point) {
   const auto tail = [&](int shift) { bytes.push_back(static_cast<char>(0x80 | ((point >> shift) & 0x3F))); };
   if (point < 0x80) {
     bytes.push_back(static_cast<char>(point));
@@ -70,17 +76,26 @@ Sequence FrontSequence(std::string_view bytes) {
 
 std::string ToUtf8(StringView Text) {
   std::string bytes;
-  bytes.reserve(Text.size());
-  for (std::size_t i = 0; i < Text.size(); ++i) {
+  AppendUtf8(bytes, Text);
+  return bytes;
+}
+
+void AppendUtf8(std::string& Bytes, StringView Text) {
+  const std::size_t ascii = AsciiLength(Text);
+  const std::size_t before = Bytes.size();
+  Bytes.resize(before + ascii);
+  std::transform(Text.begin(), Text.begin() + static_cast<std::ptrdiff_t>(ascii),
+                 Bytes.begin() + static_cast<std::ptrdiff_t>(before),
+                 [](char16_t unit) { return static_cast<char>(unit); });
+  for (std::size_t i = ascii; i < Text.size(); ++i) {
     char32_t point = Text[i];
     if (IsHighSurrogate(point) && i + 1 < Text.size() && IsLowSurrogate(Text[i + 1])) {
       point = 0x10000 + ((point - 0xD800) << 10) + (static_cast<char32_t>(Text[++i]) - 0xDC00);
     } else if (IsHighSurrogate(point) || IsLowSurrogate(point)) {
       point = ReplacementCharacter;
     }
-    AppendUtf8(bytes, point);
+    AppendPoint(Bytes, point);
   }
-  return bytes;
 }
 
 Utf8Text FromUtf8(std::string_view Bytes) {
@@ -108,7 +123,9 @@ Utf8Text FromUtf8(std::string_view Bytes) {
 std::string ToCodePage(StringView Text) {
   std::string bytes;
   bytes.reserve(Text.size() + 2); // room for the line end that the sender appends
-  for (std::size_t i = 0; i < Text.size(); ++i) {
+  const std::size_t ascii = AsciiLength(Text);
+  bytes.assign(Text.begin(), Text.begin() + static_cast<std::ptrdiff_t>(ascii));
+  for (std::size_t i = ascii; i < Text.size(); ++i) {
     const bool pair = IsHighSurrogate(Text[i]) && i + 1 < Text.size() && IsLowSurrogate(Text[i + 1]);
     bytes.push_back(CodePageByte(Text[i]).value_or('?'));
     if (pair) ++i; // one character, one question mark

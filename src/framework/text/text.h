@@ -52,6 +52,7 @@ std::optional<double> ReadNumber(StringView Text);
 
 /// UTF-8. An unpaired surrogate is written as U+FFFD.
 std::string ToUtf8(StringView Text);
+void AppendUtf8(std::string& Bytes, StringView Text);
 
 /// The text, with U+FFFD for each byte that is not part of well-formed UTF-8, and the position in bytes of the first.
 struct Utf8Text {

@@ -18,6 +18,7 @@ void EventLoopBase::DoEvents() {
 void EventLoopBase::WaitForEvent() {
   if (m_finished) return;
   ThrowIfQuitting();
+  BeforeWait();
   Wait();
   ThrowIfQuitting();
 }

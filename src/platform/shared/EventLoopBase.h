@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/objects/Event.h"
 #include "platform/IEventLoop.h"
 
 #include <atomic>
@@ -13,6 +14,9 @@ public:
   void WaitForEvent() final;
   /// Safe in a signal handler.
   void RequestQuit() noexcept final;
+
+  /// `WaitForEvent` is about to wait.
+  Event<> BeforeWait;
 
   /// Whether turns throw `Quit`.
   bool IsQuitting() const noexcept { return m_quit && !m_finished; }

@@ -4,14 +4,20 @@
 #include "framework/errors/HuntERR.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <utility>
 
 namespace portico {
 namespace {
 
-String Padded(std::int32_t number, std::size_t width) {
-  const String digits = ToText(std::int64_t{number});
-  return String(width - std::min(width, digits.size()), u'0') + digits;
+/// At least so many digits.
+void AppendPadded(String& text, std::int32_t number, std::ptrdiff_t width) {
+  std::array<char16_t, 10> digits{}; // of the largest number
+  const auto end = digits.end();
+  auto first = end;
+  for (; number > 0 || end - first < width; number /= 10) *--first = static_cast<char16_t>(u'0' + number % 10);
+  text.append(first, end);
 }
 
 bool IsSameSecond(const std::tm& a, const std::tm& b) {
@@ -27,23 +33,34 @@ CMockTimeStampServer::CMockTimeStampServer() try { AdvanceSequence(); } catch (.
 
 String CMockTimeStampServer::TimeStamp() try {
   AdvanceSequence();
+  constexpr std::size_t usualLength = 34;
   String stamp;
-  const String sequence = SequenceText();
-  const StringView zone = TimeZoneText();
-  stamp.reserve(m_secondText.size() + 1 + sequence.size() + zone.size());
-  return stamp.append(m_secondText).append(u".").append(sequence).append(zone);
+  stamp.reserve(usualLength);
+  stamp.append(m_secondText).append(1, u'.');
+  stamp.append(SequenceText());
+  return stamp.append(TimeZoneText());
 } catch (...) {
   PassOn(u"CMockTimeStampServer.ITimeStamp_TimeStamp");
 }
 
 String CMockTimeStampServer::CurrentSecondText(const std::tm& second) {
   constexpr std::int32_t firstYear = 1900; // of std::tm
-  return Padded(second.tm_year + firstYear, 4) + u"-" + Padded(second.tm_mon + 1, 2) + u"-" +
-         Padded(second.tm_mday, 2) + u"T" + Padded(second.tm_hour, 2) + u":" + Padded(second.tm_min, 2) + u":" +
-         Padded(second.tm_sec, 2);
+  String text;
+  AppendPadded(text, second.tm_year + firstYear, 4);
+  for (const auto& [before, number] :
+       {std::pair(u'-', second.tm_mon + 1), std::pair(u'-', second.tm_mday), std::pair(u'T', second.tm_hour),
+        std::pair(u':', second.tm_min), std::pair(u':', second.tm_sec)}) {
+    text += before;
+    AppendPadded(text, number, 2);
+  }
+  return text;
 }
 
-String CMockTimeStampServer::SequenceText() const { return Padded(m_sequence, 9); }
+String CMockTimeStampServer::SequenceText() const {
+  String text;
+  AppendPadded(text, m_sequence, 9);
+  return text;
+}
 
 void CMockTimeStampServer::AdvanceSequence() {
   EnterCurrentSecond();

@@ -48,6 +48,46 @@ bool ContinuesName(char32_t point) {
   return StartsName(point) || (point >= '0' && point <= '9') || point == '-' || point == '.' || point == 0xB7;
 }
 
+/// What stands for a character that would not be read back. A reader would make blanks of tabs and line feeds in an
+/// attribute, and a line feed of every carriage return.
+std::string_view ReferenceTo(char character) {
+  switch (character) {
+  case '"':
+    return "&quot;";
+  case '\t':
+    return "&#9;";
+  case '\n':
+    return "&#10;";
+  case '\r':
+    return "&#13;";
+  case '&':
+    return "&amp;";
+  case '<':
+    return "&lt;";
+  default:
+    return "&gt;";
+  }
+}
+
+bool IsSpecialInText(char character) {
+  return character == '&' || character == '<' || character == '>' || character == '\r';
+}
+bool IsSpecialInAttribute(char character) {
+  return IsSpecialInText(character) || character == '"' || character == '\t' || character == '\n';
+}
+
+template <class Predicate>
+void AppendEscaped(std::string& out, std::string_view text, Predicate isSpecial) {
+  const auto* at = text.begin();
+  for (;;) {
+    const auto* stop = std::find_if(at, text.end(), isSpecial);
+    out.append(at, stop);
+    if (stop == text.end()) return;
+    out += ReferenceTo(*stop);
+    at = stop + 1;
+  }
+}
+
 } // namespace
 
 std::string Head() {
@@ -86,44 +126,11 @@ void AppendAttribute(std::string& out, StringView name, StringView value) {
 
 void AppendAttribute(std::string& out, std::string_view name, std::string_view value) {
   out.append(" ").append(name).append("=\"");
-  for (const char character : value) {
-    switch (character) {
-    case '"':
-      out += "&quot;";
-      break;
-    case '\t': // a reader would make blanks of these two
-      out += "&#9;";
-      break;
-    case '\n':
-      out += "&#10;";
-      break;
-    default:
-      AppendText(out, {&character, 1});
-    }
-  }
+  AppendEscaped(out, value, IsSpecialInAttribute);
   out += '"';
 }
 
-void AppendText(std::string& out, std::string_view text) {
-  for (const char character : text) {
-    switch (character) {
-    case '&':
-      out += "&amp;";
-      break;
-    case '<':
-      out += "&lt;";
-      break;
-    case '>':
-      out += "&gt;";
-      break;
-    case '\r': // a reader would make a line feed of it
-      out += "&#13;";
-      break;
-    default:
-      out += character;
-    }
-  }
-}
+void AppendText(std::string& out, std::string_view text) { AppendEscaped(out, text, IsSpecialInText); }
 
 void AppendCharacterData(std::string& out, StringView text) {
   const std::string bytes = XmlCharacters(text);

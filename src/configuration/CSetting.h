@@ -43,6 +43,7 @@ public:
 
 private:
   friend class CSettings;
+  friend class SettingTable;
 
   String Label(StringView member) const { return String(ClassName()).append(member); }
   void TellOwner() const;

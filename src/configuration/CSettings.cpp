@@ -3,51 +3,51 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 
-#include <algorithm>
 #include <typeinfo>
 
 namespace portico {
-
 namespace {
 
-constexpr std::size_t UsualCount = 2; // every data entity has two from the start
 constexpr StringView LabelOfItem = u"Get CSettings.Item(AttributeName)";
 
 } // namespace
 
+CSettings::CSettings(SettingTable& table, Listener listener, std::shared_ptr<const void> owner)
+    : m_table(table), m_listener(std::move(listener)), m_owner(std::move(owner)), m_initialized(true) {}
+
 CSettings::~CSettings() {
-  for (SettingRecord& record : m_records) Release(record);
+  if (m_owner) m_table.ForgetView();
 }
 
-CSettings::Records& CSettings::Settings() const {
-  if (!m_exists) RaiseUnsetReference();
-  return m_records;
+SettingTable& CSettings::Settings() const {
+  if (!m_table.Exists()) RaiseUnsetReference();
+  return m_table;
 }
 
 void CSettings::Initialize() try {
-  Records records;
-  records.reserve(UsualCount);
-  Replace(std::move(records));
+  m_table.Create();
   m_initialized = true;
+  Changed();
 } catch (...) {
   PassOn(Label(u".Initialize"));
 }
 
 bool CSettings::IsDirty() const try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-  return !m_records.empty() &&
-         std::all_of(m_records.begin(), m_records.end(), [](const SettingRecord& record) { return record.IsWashed(); });
+  std::size_t at = 0;
+  while (at < m_table.Count() && m_table.Washed(at) == m_table.Value(at)) ++at;
+  return at > 0 && at == m_table.Count();
 } catch (...) {
   PassOn(Label(u".IsDirty()"));
 }
 
 void CSettings::Wash() try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-  for (SettingRecord& record : m_records) {
-    if (record.Object() != nullptr) {
-      record.Object()->Wash();
+  for (std::size_t at = 0; at < m_table.Count(); ++at) {
+    if (CSetting* object = m_table.Object(at)) {
+      object->Wash();
     } else {
-      record.Wash();
+      m_table.Wash(at);
     }
   }
 } catch (...) {
@@ -56,27 +56,30 @@ void CSettings::Wash() try {
 
 bool CSettings::IsSame(const Ref<IAttributes>& Other, bool CaseSensitive) const {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-  const IAttributes* other = Other.Get();
-  if (other != nullptr && typeid(*other) == typeid(CSettings)) {
-    return IsSame(static_cast<const CSettings&>(*other), CaseSensitive);
-  }
   if (Count() != Other->Count()) return false;
-  for (SettingRecord& record : m_records) {
-    const Ref<CSetting> setting = ObjectOf(record);
+  const IAttributes& other = *Other;
+  if (typeid(other) == typeid(CSettings)) {
+    return AreSame(m_table, static_cast<const CSettings&>(other).m_table, CaseSensitive);
+  }
+  for (std::size_t at = 0; at < m_table.Count(); ++at) {
+    const Ref<CSetting> setting = ObjectOf(at);
     if (!setting->IsSame(Other->Item(setting->Name()), CaseSensitive)) return false;
   }
   return true;
 }
 
-bool CSettings::IsSame(const CSettings& Other, bool CaseSensitive) const {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-  if (Count() != Other.Count()) return false;
-  return std::all_of(m_records.begin(), m_records.end(), [&](const SettingRecord& record) {
-    const SettingRecord* other = Other.FindRecord(record.Name());
-    if (other == nullptr) RecordMissing(record.Name().ToString());
-    if (other == nullptr || !EqualNoCase(record.Name(), other->Name())) return false;
-    return CaseSensitive ? record.Value() == other->Value() : EqualNoCase(record.Value(), other->Value());
-  });
+bool CSettings::AreSame(const SettingTable& table, const SettingTable& other, bool CaseSensitive) {
+  if (table.Count() != other.Count()) return false;
+  for (std::size_t at = 0; at < table.Count(); ++at) {
+    const PackedText& name = table.Name(at);
+    const std::size_t found = other.Find(name);
+    if (found == other.Count()) RecordMissing(name.ToString());
+    if (found == other.Count() || !EqualNoCase(name, other.Name(found))) return false;
+    const PackedText& value = table.Value(at);
+    const PackedText& otherValue = other.Value(found);
+    if (CaseSensitive ? !(value == otherValue) : !EqualNoCase(value, otherValue)) return false;
+  }
+  return true;
 }
 
 Ref<IAttribute> CSettings::Add(const String& AttributeName, const String& AttributeValue) try {
@@ -84,10 +87,10 @@ Ref<IAttribute> CSettings::Add(const String& AttributeName, const String& Attrib
   auto setting = New<CSetting>();
   HuntERR::Check(bool(setting), ErrorNumber::CannotCreate, u"Cannot create a new attribute.");
   setting->Initialize(AttributeName, AttributeValue);
-  if (FindRecord(AttributeName) != nullptr) HuntERR::RaiseStandard(ErrorNumber::DuplicateKey);
-  m_records.emplace_back(AttributeName, AttributeValue);
-  m_records.back().SetObject(setting.Get());
-  setting->m_owner = this;
+  const std::size_t at = m_table.Count();
+  if (m_table.Find(AttributeName) != at) HuntERR::RaiseStandard(ErrorNumber::DuplicateKey);
+  m_table.Add(AttributeName, AttributeValue);
+  m_table.Show(at, *setting.Get(), m_listener);
   Changed();
   return setting;
 } catch (...) {
@@ -95,37 +98,37 @@ Ref<IAttribute> CSettings::Add(const String& AttributeName, const String& Attrib
 }
 
 void CSettings::Remove(const String& AttributeName) try {
-  Records& records = Settings();
-  SettingRecord* record = FindRecord(AttributeName);
-  if (record == nullptr) HuntERR::RaiseStandard(ErrorNumber::InvalidArgument);
-  Release(*record);
-  records.erase(records.begin() + (record - records.data()));
+  SettingTable& settings = Settings();
+  const std::size_t at = settings.Find(AttributeName);
+  if (at == settings.Count()) HuntERR::RaiseStandard(ErrorNumber::InvalidArgument);
+  settings.Remove(at);
   Changed();
 } catch (...) {
   PassOn(Label(u".Remove(AttributeName)"), {AttributeName});
 }
 
-String CSettings::Value(const String& Name) const {
+String CSettings::Value(StringView Name) const {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
   const PackedText* value = Find(Name);
   if (value == nullptr) {
-    HuntERR::Raise(ErrorNumber::BadIndex, ClassName(), u"Requested data attribute, " + Name + u", does not exist.");
+    HuntERR::Raise(ErrorNumber::BadIndex, ClassName(),
+                   u"Requested data attribute, " + String(Name) + u", does not exist.");
   }
   return value->ToString();
 }
 
-void CSettings::Value(const String& Name, const String& Value) try {
+void CSettings::Value(StringView Name, StringView Value) try {
   HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
-  SettingRecord* record = FindRecord(Name);
-  if (record == nullptr) {
+  const std::size_t at = m_table.Find(Name);
+  if (at == m_table.Count()) {
     RecordMissing(Name);
-    if (Name.empty()) Add(Name, Value); // which refuses it
-    m_records.emplace_back(Name, Value);
+    if (Name.empty()) Add(String(Name), String(Value)); // which refuses it
+    m_table.Add(Name, Value);
     Changed();
-  } else if (record->Object() != nullptr) {
-    record->Object()->Value(Value);
+  } else if (CSetting* object = m_table.Object(at)) {
+    object->Value(String(Value));
   } else {
-    record->SetValue(Shared(Value));
+    m_table.SetValue(at, Shared(Value));
     Changed();
   }
 } catch (...) {
@@ -133,8 +136,9 @@ void CSettings::Value(const String& Name, const String& Value) try {
 }
 
 Ref<IAttribute> CSettings::Item(const String& AttributeName) const try {
-  Settings();
-  if (SettingRecord* record = FindRecord(AttributeName)) return ObjectOf(*record);
+  const SettingTable& settings = Settings();
+  const std::size_t at = settings.Find(AttributeName);
+  if (at < settings.Count()) return ObjectOf(at);
   RecordMissing(AttributeName);
   return {};
 } catch (...) {
@@ -147,78 +151,37 @@ void CSettings::RecordMissing(StringView AttributeName) {
   HuntERR::RecordStandard(ErrorNumber::InvalidArgument, LabelOfItem, AttributeName);
 }
 
-std::int32_t CSettings::Count() const try { return static_cast<std::int32_t>(Settings().size()); } catch (...) {
+std::int32_t CSettings::Count() const try { return static_cast<std::int32_t>(Settings().Count()); } catch (...) {
   PassOn(u"Get " + Label(u".Count()"));
 }
 
 void CSettings::Clear() try {
-  Records records;
-  records.reserve(UsualCount);
-  Replace(std::move(records));
+  m_table.Create();
+  Changed();
 } catch (...) {
   PassOn(Label(u".Clear()"));
 }
 
 std::vector<Ref<IAttribute>> CSettings::NewEnum() const {
   std::vector<Ref<IAttribute>> settings;
-  for (SettingRecord& record : Settings()) settings.push_back(ObjectOf(record));
+  for (std::size_t at = 0; at < Settings().Count(); ++at) settings.push_back(ObjectOf(at));
   return settings;
 }
 
 const PackedText* CSettings::Find(StringView Name) const {
-  const SettingRecord* record = FindRecord(Name);
-  return record == nullptr ? nullptr : &record->Value();
+  const std::size_t at = m_table.Exists() ? m_table.Find(Name) : 0;
+  return m_table.Exists() && at < m_table.Count() ? &m_table.Value(at) : nullptr;
 }
 
-bool CSettings::HasRenamed() const {
-  return std::any_of(m_records.begin(), m_records.end(),
-                     [](const SettingRecord& record) { return record.IsRenamed(); });
-}
-
-template <class Text>
-SettingRecord* CSettings::FindRecord(const Text& key) const {
-  const auto found = std::find_if(m_records.begin(), m_records.end(),
-                                  [&key](const SettingRecord& record) { return EqualNoCase(record.Key(), key); });
-  return found == m_records.end() ? nullptr : &*found;
-}
-
-Ref<CSetting> CSettings::ObjectOf(SettingRecord& record) const {
-  if (record.Object() != nullptr) return Ref<CSetting>(record.Object()->shared_from_this());
+Ref<CSetting> CSettings::ObjectOf(std::size_t at) const {
+  if (CSetting* object = m_table.Object(at)) return Ref<CSetting>(object->shared_from_this());
   auto setting = New<CSetting>();
-  setting->m_name = record.Name().ToString();
-  setting->m_value = record.Value().ToString();
-  setting->m_washedValue = record.Washed().ToString();
+  setting->m_name = m_table.Name(at).ToString();
+  setting->m_value = m_table.Value(at).ToString();
+  setting->m_washedValue = m_table.Washed(at).ToString();
   setting->m_initialized = true;
-  record.SetObject(setting.Get());
-  setting->m_owner = const_cast<CSettings*>(this); // who holds the object may write through it
+  m_table.Show(at, *setting.Get(), m_listener);
   return setting;
-}
-
-void CSettings::Replace(Records records) noexcept {
-  for (SettingRecord& record : m_records) Release(record);
-  m_records = std::move(records);
-  m_exists = true;
-  Changed();
-}
-
-void CSettings::Release(SettingRecord& record) noexcept {
-  if (record.Object() != nullptr) record.Object()->m_owner = nullptr;
-}
-
-void CSettings::Changed() const noexcept {
-  if (m_observer != nullptr) m_observer->SettingsChanged();
-}
-
-void CSettings::TakeOver(const CSetting& setting) {
-  RecordOf(setting).Set(Shared(setting.m_name), Shared(setting.m_value), Shared(setting.m_washedValue));
-  Changed();
-}
-
-void CSettings::Forget(const CSetting& setting) noexcept { RecordOf(setting).SetObject(nullptr); }
-
-SettingRecord& CSettings::RecordOf(const CSetting& setting) {
-  return *std::find_if(m_records.begin(), m_records.end(),
-                       [&setting](const SettingRecord& record) { return record.Object() == &setting; });
 }
 
 } // namespace portico

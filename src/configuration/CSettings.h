@@ -1,31 +1,22 @@
 #pragma once
 
-#include "configuration/CSetting.h"
-#include "configuration/SettingRecord.h"
-
-#include <vector>
+#include "configuration/SettingTable.h"
 
 namespace portico {
 
-/// Is told of every change of a collection's content: of what `IsSame` would see.
-class ISettingsObserver {
-public:
-  virtual void SettingsChanged() noexcept = 0;
-
-protected:
-  ~ISettingsObserver() = default;
-};
-
-/// An ordered collection of settings that owns them; `Add` and `Item` hand out shared references, the same one for as
-/// long as anybody holds it.
+/// An ordered collection of settings that owns them, or shows those of a table that another owns; `Add` and `Item` hand
+/// out shared references, the same one for as long as anybody holds it.
 ///
 /// Before `Initialize` there is no collection: the guarded members raise `NotInitialized`, the others
 /// `MissingObject`.
-class CSettings final : public IAttributes, private ISettingOwner {
+class CSettings final : public IAttributes {
 public:
+  using Listener = SettingTable::Listener;
+
   CSettings() = default;
-  /// The observer, if any, is not owned; it outlives the collection or its last change.
-  explicit CSettings(ISettingsObserver* observer) : m_observer(observer) {}
+  /// Of a table that exists. The listener is told of every change of what `IsSame` would see; the owner, if it is
+  /// given, is kept alive.
+  CSettings(SettingTable& table, Listener listener, std::shared_ptr<const void> owner = {});
   ~CSettings() override;
   StringView ClassName() const override { return u"CSettings"; }
 
@@ -33,11 +24,10 @@ public:
   bool IsDirty() const override;
   void Wash() override;
   bool IsSame(const Ref<IAttributes>& Other, bool CaseSensitive) const override;
-  bool IsSame(const CSettings& Other, bool CaseSensitive) const;
   Ref<IAttribute> Add(const String& AttributeName, const String& AttributeValue) override;
   void Remove(const String& AttributeName) override;
-  String Value(const String& Name) const;
-  void Value(const String& Name, const String& Value);
+  String Value(StringView Name) const;
+  void Value(StringView Name, StringView Value);
   String ItemValue(const String& Name) const override { return Value(Name); }
   void ItemValue(const String& Name, const String& NewValue) override { Value(Name, NewValue); }
   Ref<IAttribute> Item(const String& AttributeName) const override;
@@ -49,30 +39,26 @@ public:
   /// As it is kept; null for an absent name. Good until the next change.
   const PackedText* Find(StringView Name) const;
   /// Some setting bears another name than the one under which it was added.
-  bool HasRenamed() const;
+  bool HasRenamed() const { return m_table.Exists() && m_table.HasRenamed(); }
+
+  /// What `IsSame` answers for two tables that exist.
+  static bool AreSame(const SettingTable& table, const SettingTable& other, bool CaseSensitive);
 
 private:
-  using Records = std::vector<SettingRecord>;
-
   String Label(StringView member) const { return String(ClassName()).append(member); }
   /// Raises `MissingObject` before `Initialize`.
-  Records& Settings() const;
-  template <class Text>
-  SettingRecord* FindRecord(const Text& key) const;
-  SettingRecord& RecordOf(const CSetting& setting);
-  Ref<CSetting> ObjectOf(SettingRecord& record) const;
-  void Replace(Records records) noexcept;
-  static void Release(SettingRecord& record) noexcept;
-  void Changed() const noexcept;
+  SettingTable& Settings() const;
+  Ref<CSetting> ObjectOf(std::size_t at) const;
+  void Changed() const {
+    if (m_listener) m_listener();
+  }
   static void RecordMissing(StringView AttributeName);
 
-  void TakeOver(const CSetting& setting) override;
-  void Forget(const CSetting& setting) noexcept override;
-
+  SettingTable m_own;
+  SettingTable& m_table = m_own;
+  Listener m_listener;
+  std::shared_ptr<const void> m_owner; // of another's table
   bool m_initialized = false;
-  bool m_exists = false; // `Clear` makes a collection too
-  ISettingsObserver* m_observer = nullptr;
-  mutable Records m_records; // handing an object out leaves a trace in its record
 };
 
 } // namespace portico

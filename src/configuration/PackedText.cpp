@@ -9,23 +9,49 @@
 namespace portico {
 namespace {
 
-constexpr std::uint32_t LongestText = 0x7FFFFFFF;
+constexpr std::uint32_t LongestText = 0x3FFFFFFF;
+constexpr std::size_t AsciiUnits = 128;
+constexpr std::uint8_t NoCode = 0xFF;
 
 } // namespace
+
+std::uint8_t PackedText::NumeralCode(char16_t unit) {
+  static constexpr auto codes = [] {
+    std::array<std::uint8_t, AsciiUnits> made{};
+    made.fill(NoCode);
+    for (std::uint8_t code = 0; code < 16; ++code) made[NumeralUnits[code]] = code;
+    return made;
+  }();
+  return unit < AsciiUnits ? codes[unit] : NoCode;
+}
+
+std::uint32_t PackedText::FormOf(StringView text) {
+  char16_t bits = 0;
+  bool numeral = true;
+  for (const char16_t unit : text) {
+    bits |= unit;
+    numeral = numeral && NumeralCode(unit) != NoCode;
+  }
+  if (numeral) return Numeral;
+  return bits > 0xFF ? Wide : Narrow;
+}
 
 PackedText::PackedText(StringView text) {
   if (text.empty()) return;
   if (text.size() > LongestText) throw std::length_error("PackedText");
-  char16_t bits = 0;
-  for (const char16_t unit : text) bits |= unit;
-  const bool wide = bits > 0xFF;
-  void* memory = ::operator new(sizeof(Body) + text.size() * (wide ? sizeof(char16_t) : 1));
-  m_body = new (memory) Body{1, wide, LongestText & static_cast<std::uint32_t>(text.size())};
-  if (wide) {
+  const std::uint32_t form = FormOf(text);
+  void* memory = ::operator new(sizeof(Body) + BytesOf(form, text.size()));
+  m_body = new (memory) Body{1, form & 3U, LongestText & static_cast<std::uint32_t>(text.size())};
+  auto* bytes = m_body->Units<std::uint8_t>();
+  if (form == Wide) {
     std::copy(text.begin(), text.end(), m_body->Units<char16_t>());
+  } else if (form == Narrow) {
+    std::transform(text.begin(), text.end(), bytes, [](char16_t unit) { return static_cast<std::uint8_t>(unit); });
   } else {
-    std::transform(text.begin(), text.end(), m_body->Units<std::uint8_t>(),
-                   [](char16_t unit) { return static_cast<std::uint8_t>(unit); });
+    std::fill_n(bytes, m_body->Bytes(), std::uint8_t{0});
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      bytes[i / 2] = static_cast<std::uint8_t>(bytes[i / 2] | NumeralCode(text[i]) << (i % 2 * 4));
+    }
   }
 }
 
@@ -33,23 +59,26 @@ void PackedText::Free(Body* body) noexcept { ::operator delete(body); }
 
 String PackedText::ToString() const {
   if (m_body == nullptr) return {};
-  if (m_body->Wide) return {m_body->Units<char16_t>(), m_body->Length};
-  const auto* units = m_body->Units<std::uint8_t>();
-  return {units, units + m_body->Length};
+  if (m_body->Form == Wide) return {m_body->Units<char16_t>(), m_body->Length};
+  String text(m_body->Length, u'\0');
+  ForEach([unit = text.data()](char16_t each) mutable { *unit++ = each; });
+  return text;
 }
 
 bool PackedText::Equals(StringView other) const {
   if (Length() != other.size()) return false;
   if (m_body == nullptr) return true;
-  if (m_body->Wide) return other == StringView(m_body->Units<char16_t>(), m_body->Length);
-  return std::equal(other.begin(), other.end(), m_body->Units<std::uint8_t>());
+  if (m_body->Form == Wide) return other == StringView(m_body->Units<char16_t>(), m_body->Length);
+  if (m_body->Form == Narrow) return std::equal(other.begin(), other.end(), m_body->Units<std::uint8_t>());
+  std::size_t at = 0;
+  while (at < other.size() && (*this)[at] == other[at]) ++at;
+  return at == other.size();
 }
 
 bool PackedText::EqualsUnits(const PackedText& other) const {
   if (m_body == nullptr || other.m_body == nullptr) return false; // the other one is not empty
-  if (m_body->Length != other.m_body->Length || m_body->Wide != other.m_body->Wide) return false;
-  const std::size_t bytes = m_body->Length * (m_body->Wide ? sizeof(char16_t) : 1);
-  return std::memcmp(m_body->Units<std::uint8_t>(), other.m_body->Units<std::uint8_t>(), bytes) == 0;
+  if (m_body->Length != other.m_body->Length || m_body->Form != other.m_body->Form) return false;
+  return std::memcmp(m_body->Units<std::uint8_t>(), other.m_body->Units<std::uint8_t>(), m_body->Bytes()) == 0;
 }
 
 bool EqualNoCase(const PackedText& a, const PackedText& b) {
@@ -63,8 +92,9 @@ bool EqualNoCase(const PackedText& a, const PackedText& b) {
 
 bool EqualNoCase(const PackedText& a, StringView b) {
   if (a.Length() != b.size()) return false;
+  if (a.Equals(b)) return true;
   for (std::size_t i = 0; i < b.size(); ++i) {
-    if (a[i] != b[i] && FoldCase(a[i]) != FoldCase(b[i])) return false;
+    if (FoldCase(a[i]) != FoldCase(b[i])) return false;
   }
   return true;
 }

@@ -4,12 +4,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <utility>
 
 namespace portico {
 
-/// A text that is kept in great numbers: never changed, shared by its copies, as large as a pointer, and with one byte
-/// for each unit if all of them are below 256. Its copies count without protection, like `Ref` for one thread.
+/// A text that is kept in great numbers: never changed, shared by its copies, as large as a pointer. Units take half a
+/// byte each in a time stamp or a number, one byte if all of them are below 256, else two. Its copies count without
+/// protection, like `Ref` for one thread.
 class PackedText {
 public:
   PackedText() = default;
@@ -28,7 +30,20 @@ public:
 
   std::size_t Length() const { return m_body == nullptr ? 0 : m_body->Length; }
   char16_t operator[](std::size_t at) const {
-    return m_body->Wide ? m_body->Units<char16_t>()[at] : m_body->Units<std::uint8_t>()[at];
+    if (m_body->Form == Numeral) return NumeralUnits[(m_body->Units<std::uint8_t>()[at / 2] >> (at % 2 * 4)) & 0xF];
+    return m_body->Form == Wide ? m_body->Units<char16_t>()[at] : char16_t{m_body->Units<std::uint8_t>()[at]};
+  }
+  /// Shows every unit in order.
+  template <class See>
+  void ForEach(See see) const {
+    if (m_body == nullptr) return;
+    if (m_body->Form == Numeral) {
+      for (std::size_t at = 0; at < m_body->Length; ++at) see((*this)[at]);
+    } else if (m_body->Form == Narrow) {
+      for (std::size_t at = 0; at < m_body->Length; ++at) see(char16_t{m_body->Units<std::uint8_t>()[at]});
+    } else {
+      for (std::size_t at = 0; at < m_body->Length; ++at) see(m_body->Units<char16_t>()[at]);
+    }
   }
   String ToString() const;
 
@@ -36,17 +51,28 @@ public:
   friend bool operator==(const PackedText& a, const PackedText& b) { return a.m_body == b.m_body || a.EqualsUnits(b); }
 
 private:
+  static constexpr std::uint32_t Numeral = 0;
+  static constexpr std::uint32_t Narrow = 1;
+  static constexpr std::uint32_t Wide = 2;
+  static constexpr char16_t NumeralUnits[] = u"0123456789-T:.+ ";
+
   /// What the units stand behind.
   struct Body {
     template <class Unit>
     Unit* Units() {
       return reinterpret_cast<Unit*>(this + 1);
     }
+    std::size_t Bytes() const { return BytesOf(Form, Length); }
     std::uint32_t Owners;
-    std::uint32_t Wide : 1;
-    std::uint32_t Length : 31;
+    std::uint32_t Form : 2;
+    std::uint32_t Length : 30;
   };
 
+  static std::size_t BytesOf(std::uint32_t form, std::size_t length) {
+    return form == Numeral ? (length + 1) / 2 : length * form;
+  }
+  static std::uint32_t FormOf(StringView text);
+  static std::uint8_t NumeralCode(char16_t unit);
   bool EqualsUnits(const PackedText& other) const;
   static void Free(Body* body) noexcept;
 

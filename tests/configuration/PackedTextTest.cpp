@@ -15,6 +15,24 @@ TEST(PackedTextTest, GivesBackWhatItHolds) {
   }
 }
 
+TEST(PackedTextTest, StampsAndNumbersComeBackUnitByUnit) {
+  for (const String& text : {String(u"2004-11-01T16:42:09.000000003-5:00"), String(u"0123456789-T:.+ "), String(u"0"),
+                             String(u"00"), String(u"12345")}) {
+    const PackedText packed(text);
+    EXPECT_EQ(packed.ToString(), text);
+    EXPECT_TRUE(packed.Equals(text));
+    EXPECT_TRUE(EqualNoCase(packed, text));
+    for (std::size_t i = 0; i < text.size(); ++i) EXPECT_EQ(packed[i], text[i]) << i;
+    String seen;
+    packed.ForEach([&seen](char16_t unit) { seen += unit; });
+    EXPECT_EQ(seen, text);
+  }
+  EXPECT_FALSE(PackedText(u"1") == PackedText(u"10"));
+  EXPECT_FALSE(PackedText(u"10") == PackedText(u"12"));
+  EXPECT_FALSE(PackedText(u"123").Equals(u"12x"));
+  EXPECT_TRUE(EqualNoCase(PackedText(u"1T"), PackedText(u"1t"))) << "packed in two ways";
+}
+
 TEST(PackedTextTest, TellsTextsApart) {
   EXPECT_FALSE(PackedText(u"abc") == PackedText(u"abd"));
   EXPECT_FALSE(PackedText(u"abc") == PackedText(u"ab"));

@@ -9,25 +9,26 @@ namespace {
 using test::Raised;
 
 /// A collection's settings as objects, which are made when they are asked for.
-class SettingObjectsTest : public ::testing::Test, private ISettingsObserver {
+class SettingObjectsTest : public ::testing::Test {
 protected:
   SettingObjectsTest() {
-    Settings->Initialize();
+    Table.Create();
     Settings->Value(u"A", u"1");
     Settings->Value(u"B", u"2");
     Changes = 0;
   }
   ~SettingObjectsTest() override { HuntERR::Reset(); }
-  void SettingsChanged() noexcept override {
+  void SettingsChanged() {
     ++Changes;
     Seen.clear();
     for (const StringView name : {u"A", u"B", u"C", u"D"}) {
-      const PackedText* value = Settings->Find(name);
-      Seen.push_back(value == nullptr ? u"-" : value->ToString());
+      const std::size_t at = Table.Find(name);
+      Seen.push_back(at == Table.Count() ? u"-" : Table.Value(at).ToString());
     }
   }
 
-  Ref<CSettings> Settings = New<CSettings>(static_cast<ISettingsObserver*>(this));
+  SettingTable Table;
+  Ref<CSettings> Settings = New<CSettings>(Table, [this] { SettingsChanged(); });
   int Changes = 0;
   std::vector<String> Seen; // by the observer: the values of A to D
 };
@@ -99,8 +100,10 @@ TEST_F(SettingObjectsTest, ObjectKeepsItsStateWhenItIsTakenOut) {
   cleared->Wash();
   EXPECT_EQ(cleared->Value(), u"2");
   EXPECT_EQ(Settings->Count(), 0);
-  const auto orphan = Settings->Add(u"C", u"3");
-  Settings = {};
+  auto own = New<CSettings>();
+  own->Initialize();
+  const auto orphan = own->Add(u"C", u"3");
+  own = {};
   orphan->Value(u"4");
   EXPECT_EQ(orphan->Value(), u"4");
 }

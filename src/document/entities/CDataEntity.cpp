@@ -18,13 +18,14 @@ constexpr std::int32_t DataDiffer = 4;
 
 } // namespace
 
-void CDataEntity::Initialize(const ByteArray& data, const String& DataType, const String& TimeStamp) try {
+void CDataEntity::Initialize(const ByteArray& data, StringView DataType, StringView TimeStamp) try {
   HuntERR::Check(bool(gTimeStamper), ErrorNumber::ObjectRequired,
                  u"Data entity requires a time stamper. There is none.");
   HuntERR::Check(CalculateDataLength(data) >= 0, ErrorNumber::InvalidArgument, u"Invalid data array.");
-  m_attributes.Initialize();
-  StoreData(data);
-  m_initialized = true;
+  PackedBytes kept(data);
+  m_attributes.Create();
+  AttributesChanged();
+  StoreData(std::move(kept));
   this->DataType(DataType);
   this->TimeStamp(TimeStamp);
 } catch (...) {
@@ -32,29 +33,31 @@ void CDataEntity::Initialize(const ByteArray& data, const String& DataType, cons
 }
 
 String CDataEntity::DataAttributeValue(const String& Name) const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
-  return m_attributes.ItemValue(Name);
+  HuntERR::Check(IsInitialized(), ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  return Settings().Value(Name);
 } catch (...) {
   PassOn(u"CDataEntity.DataAttributeValue(Name)", {Name});
 }
 
 void CDataEntity::DataAttributeValue(const String& Name, const String& Value) try {
   CheckAccess();
-  m_attributes.ItemValue(Name, Value);
+  Settings().Value(Name, Value);
 } catch (...) {
   PassOn(u"CDataEntity.DataAttributeValue(Name,Value)", {Name, Value});
 }
 
-void CDataEntity::TimeStamp(const String& newValue) try {
+void CDataEntity::TimeStamp(StringView newValue) try {
   CheckAccess();
-  m_attributes.ItemValue(AttributeName::Timestamp, newValue.empty() ? gTimeStamper->TimeStamp() : newValue);
+  String drawn;
+  if (newValue.empty()) drawn = gTimeStamper->TimeStamp();
+  Settings().Value(AttributeName::Timestamp, newValue.empty() ? drawn : newValue);
 } catch (...) {
   PassOn(u"CDataEntity.TimeStamp(newValue)", {newValue});
 }
 
-void CDataEntity::DataType(const String& newValue) try {
+void CDataEntity::DataType(StringView newValue) try {
   CheckAccess();
-  m_attributes.ItemValue(AttributeName::DataType, newValue);
+  Settings().Value(AttributeName::DataType, newValue);
 } catch (...) {
   PassOn(u"CDataEntity.DataType(newValue)", {newValue});
 }
@@ -68,8 +71,10 @@ Ref<IPosition> CDataEntity::Position(std::optional<std::int32_t> DataOffset) try
 
 Ref<IAttributes> CDataEntity::DataAttributes() const try {
   CheckAccess();
-  const std::shared_ptr<const CDataEntity> self = shared_from_this();
-  return Ref<IAttributes>(std::shared_ptr<IAttributes>(self, const_cast<CSettings*>(&m_attributes)));
+  if (const auto view = m_attributes.View()) return Ref<CSettings>(std::static_pointer_cast<CSettings>(view));
+  const auto view = std::make_shared<CSettings>(m_attributes, Listener(), shared_from_this());
+  m_attributes.SetView(view, Listener());
+  return Ref<CSettings>(view);
 } catch (...) {
   PassOn(u"CDataEntity.IDataEntity_DataAttributes");
 }
@@ -86,14 +91,14 @@ void CDataEntity::DataAttribute(const String& Name, const String& Value) try {
 
 std::int32_t CDataEntity::DataLength() const try {
   CheckAccess();
-  return CalculateDataLength(m_data);
+  return static_cast<std::int32_t>(m_data.Size());
 } catch (...) {
   PassOn(u"CDataEntity.IDataEntity_DataLength");
 }
 
 String CDataEntity::DataType() const try {
   CheckAccess();
-  return m_attributes.ItemValue(AttributeName::DataType);
+  return Settings().Value(AttributeName::DataType);
 } catch (...) {
   PassOn(u"CDataEntity.DataType");
 }
@@ -104,7 +109,7 @@ String CDataEntity::IDataEntity_DataType() const try { return DataType(); } catc
 
 ByteArray CDataEntity::ReadData() const try {
   CheckAccess();
-  return m_data;
+  return m_data.ToBytes();
 } catch (...) {
   PassOn(u"CDataEntity.IDataEntity_ReadData");
 }
@@ -112,14 +117,14 @@ ByteArray CDataEntity::ReadData() const try {
 void CDataEntity::UpdateData(const ByteArray& data) try {
   CheckAccess();
   HuntERR::Check(CalculateDataLength(data) >= 0, ErrorNumber::InvalidArgument, u"Invalid new data array.");
-  StoreData(data);
+  StoreData(PackedBytes(data));
 } catch (...) {
   PassOn(u"CDataEntity.IDataEntity_UpdateData(data)", {data});
 }
 
 String CDataEntity::TimeStamp() const try {
   CheckAccess();
-  return m_attributes.ItemValue(AttributeName::Timestamp);
+  return Settings().Value(AttributeName::Timestamp);
 } catch (...) {
   PassOn(u"CDataEntity.TimeStamp");
 }
@@ -142,9 +147,9 @@ std::int32_t CDataEntity::CalculateDataLength(const ByteArray& data) {
   return static_cast<std::int32_t>(data.size());
 }
 
-void CDataEntity::StoreData(const ByteArray& data) {
-  m_data = data;
-  for (EntitySlot* slot = m_slots; slot != nullptr; slot = slot->NextOfEntity) slot->Holder->DataChanged(*slot);
+void CDataEntity::StoreData(PackedBytes data) {
+  m_data = std::move(data);
+  for (EntitySlot* slot = m_slots; slot != nullptr; slot = slot->NextOfEntity) slot->Holder().DataChanged(*slot);
 }
 
 Ref<IPosition> CDataEntity::CreatePosition(std::optional<std::int32_t> DataOffset) try {
@@ -159,13 +164,15 @@ Ref<IPosition> CDataEntity::CreatePosition(std::optional<std::int32_t> DataOffse
 /// The other's attributes are asked.
 bool CDataEntity::CompareAttributes(const Ref<IDataEntity>& other) const {
   const CDataEntity* sibling = From(other);
-  if (sibling != nullptr && sibling->m_initialized) return sibling->m_attributes.IsSame(m_attributes, true);
+  if (sibling != nullptr && sibling->IsInitialized()) {
+    return CSettings::AreSame(sibling->m_attributes, m_attributes, true);
+  }
   return other->DataAttributes()->IsSame(DataAttributes(), true);
 }
 
 bool CDataEntity::CompareData(const Ref<IDataEntity>& other) const {
   if (const CDataEntity* sibling = From(other)) return m_data == sibling->m_data;
-  return m_data == other->ReadData();
+  return m_data.Equals(other->ReadData());
 }
 
 CDataEntity* CDataEntity::From(const Ref<IDataEntity>& entity) {
@@ -183,24 +190,42 @@ void CDataEntity::Release(const EntitySlot& slot) noexcept {
 
 const EntitySlot* CDataEntity::SlotIn(const IEntityHolder& holder) const {
   const EntitySlot* slot = m_slots;
-  while (slot != nullptr && slot->Holder != &holder) slot = slot->NextOfEntity;
+  while (slot != nullptr && &slot->Holder() != &holder) slot = slot->NextOfEntity;
   return slot;
 }
 
-void CDataEntity::SettingsChanged() noexcept {
-  m_plain = m_initialized && !m_attributes.HasRenamed();
-  for (EntitySlot* slot = m_slots; slot != nullptr; slot = slot->NextOfEntity) slot->Holder->AttributesChanged(*slot);
+const PackedText* CDataEntity::Stamp() const {
+  if (!IsInitialized()) return nullptr;
+  constexpr StringView name = AttributeName::Timestamp;
+  const std::size_t at = m_attributes.Find(name);
+  return at == m_attributes.Count() ? nullptr : &m_attributes.Value(at);
+}
+
+SettingTable::Listener CDataEntity::Listener() const {
+  return [this] { AttributesChanged(); };
+}
+
+void CDataEntity::AttributesChanged() const noexcept {
+  for (EntitySlot* slot = m_slots; slot != nullptr; slot = slot->NextOfEntity) slot->Holder().AttributesChanged(*slot);
 }
 
 void CDataEntity::CheckAccess() const {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  HuntERR::Check(IsInitialized(), ErrorNumber::NotInitialized, PropertyBeforeInitialize);
 }
 
 namespace {
 
+/// Its text where it lies, or what else it reads as.
+StringView TextOf(const Value& parameter, String& converted) {
+  if (const auto text = parameter.AsText()) return *text;
+  return converted = parameter.ToString();
+}
+
 Ref<IObject> MakeDataEntity(const Params& parameters) {
   auto entity = New<CDataEntity>();
-  entity->Initialize(parameters[0].ToByteArray(), parameters[1].ToString(), parameters[2].ToString());
+  String type;
+  String stamp;
+  entity->Initialize(parameters[0].ToByteArray(), TextOf(parameters[1], type), TextOf(parameters[2], stamp));
   return entity;
 }
 

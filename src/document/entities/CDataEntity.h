@@ -2,6 +2,7 @@
 
 #include "configuration/CSettings.h"
 #include "document/entities/IDataEntity.h"
+#include "document/entities/PackedBytes.h"
 #include "framework/objects/Creator.h"
 
 #include <memory>
@@ -13,23 +14,21 @@ struct EntitySlot;
 
 /// The one implementation of a data entity. Made through the factory only. Members raise
 /// `NotInitialized` before `Initialize`.
-class CDataEntity final : public IDataEntity,
-                          public std::enable_shared_from_this<CDataEntity>,
-                          private ISettingsObserver {
+class CDataEntity final : public IDataEntity, public std::enable_shared_from_this<CDataEntity> {
 public:
   StringView ClassName() const override { return u"CDataEntity"; }
 
   /// An empty `TimeStamp` asks `gTimeStamper` for a new one, and raises `ObjectRequired` if there is none.
-  void Initialize(const ByteArray& data, const String& DataType, const String& TimeStamp);
+  void Initialize(const ByteArray& data, StringView DataType, StringView TimeStamp);
   /// An absent name raises `BadIndex`.
   String DataAttributeValue(const String& Name) const;
   /// Adds the attribute if the name is new.
   void DataAttributeValue(const String& Name, const String& Value);
   String TimeStamp() const;
   /// An empty value stores a newly drawn stamp.
-  void TimeStamp(const String& newValue);
+  void TimeStamp(StringView newValue);
   String DataType() const;
-  void DataType(const String& newValue);
+  void DataType(StringView newValue);
 
   Ref<IPosition> Position(std::optional<std::int32_t> DataOffset = {}) override;
   Ref<IAttributes> DataAttributes() const override;
@@ -47,10 +46,12 @@ public:
   void Release(const EntitySlot& slot) noexcept;
   /// Some slot of this holder, or null.
   const EntitySlot* SlotIn(const IEntityHolder& holder) const;
+  /// The attributes as they are kept; there is a table once the entity is initialised.
+  const SettingTable& Attributes() const { return m_attributes; }
   /// As it is kept; null if there is none.
-  const PackedText* Stamp() const { return m_attributes.Find(AttributeName::Timestamp); }
+  const PackedText* Stamp() const;
   /// Initialised, and without renamed attributes: what equals it has its stamp.
-  bool IsPlain() const { return m_plain; }
+  bool IsPlain() const { return IsInitialized() && !m_attributes.HasRenamed(); }
 
 private:
   String IDataEntity_DataType() const override;
@@ -62,14 +63,17 @@ private:
   bool CompareAttributes(const Ref<IDataEntity>& other) const;
   bool CompareData(const Ref<IDataEntity>& other) const;
   void CheckAccess() const;
-  void StoreData(const ByteArray& data);
-  void SettingsChanged() noexcept override;
+  void StoreData(PackedBytes data);
+  bool IsInitialized() const { return m_attributes.Exists(); }
+  SettingTable::Listener Listener() const;
+  /// The attributes for one operation.
+  CSettings Settings() const { return {m_attributes, Listener()}; }
+  void AttributesChanged() const noexcept;
 
+  // There are millions of these: nothing is kept that can be told from the rest.
   EntitySlot* m_slots = nullptr; // where it is held
-  bool m_initialized = false;
-  bool m_plain = false;
-  ByteArray m_data; // beside what a walk from entity to entity needs
-  CSettings m_attributes{this};
+  PackedBytes m_data;
+  mutable SettingTable m_attributes; // who reads may leave an object behind that shows them
 };
 
 /// Makes `Class::DataEntity`.

@@ -20,30 +20,28 @@ std::uint32_t HashOfStamp(const PackedText& stamp) {
     run = 0;
     runLength = 0;
   };
-  for (std::size_t i = 0; i < stamp.Length(); ++i) {
-    const char16_t unit = stamp[i];
+  stamp.ForEach([&](char16_t unit) {
     if (unit >= u'0' && unit <= u'9') {
       run = run * 10 + (unit - u'0');
       ++runLength;
-      continue;
+    } else {
+      endRun();
+      rest = rest * 31 + FoldCase(unit);
     }
-    endRun();
-    rest = rest * 31 + FoldCase(unit);
-  }
+  });
   endRun();
   return rest * odd + sequence;
 }
 
-EntitySlot* EntityKeys::Find(const PackedText& key) const {
+EntitySlot* EntityKeys::Find(const PackedText& key, std::uint32_t hash) const {
   if (m_buckets.empty()) return nullptr;
-  const std::uint32_t hash = HashOfStamp(key);
   EntitySlot* slot = m_buckets[hash & (m_buckets.size() - 1)];
   while (slot != nullptr && !(slot->KeyHash == hash && EqualNoCase(slot->Key, key))) slot = slot->NextInBucket;
   return slot;
 }
 
 void EntityKeys::Reserve(std::size_t count) {
-  if (count * 2 <= m_buckets.size()) return; // half of them stay empty: a key that is new meets nobody as a rule
+  if (count <= m_buckets.size()) return;
   constexpr std::size_t fewest = 8;
   std::vector<EntitySlot*> buckets(std::max(fewest, m_buckets.size() * 2), nullptr);
   buckets.swap(m_buckets);
@@ -57,10 +55,7 @@ void EntityKeys::Reserve(std::size_t count) {
   }
 }
 
-void EntityKeys::Add(EntitySlot& slot) noexcept {
-  slot.KeyHash = HashOfStamp(slot.Key);
-  slot.NextInBucket = std::exchange(BucketOf(slot.KeyHash), &slot);
-}
+void EntityKeys::Add(EntitySlot& slot) noexcept { slot.NextInBucket = std::exchange(BucketOf(slot.KeyHash), &slot); }
 
 void EntityKeys::Remove(const EntitySlot& slot) noexcept {
   EntitySlot** link = &BucketOf(slot.KeyHash);

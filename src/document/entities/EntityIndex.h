@@ -16,9 +16,11 @@ std::uint32_t HashOfStamp(const PackedText& stamp);
 /// The slots of a sequence by their keys, which are unique without regard to case. The slots are the links.
 class EntityKeys {
 public:
-  EntitySlot* Find(const PackedText& key) const;
+  /// The hash is that of the key.
+  EntitySlot* Find(const PackedText& key, std::uint32_t hash) const;
   /// Makes room, so that `Add` cannot fail.
   void Reserve(std::size_t count);
+  /// The slot has its key and the key's hash.
   void Add(EntitySlot& slot) noexcept;
   void Remove(const EntitySlot& slot) noexcept;
 

@@ -38,13 +38,14 @@ void EntitySequence::InsertBefore(std::int64_t position, const Ref<IDataEntity>&
 }
 
 void EntitySequence::Insert(std::size_t at, const Ref<IDataEntity>& entity, PackedText key) {
-  if (m_keys.Find(key) != nullptr) HuntERR::RaiseStandard(ErrorNumber::DuplicateKey);
+  const std::uint32_t hash = HashOfStamp(key);
+  if (m_keys.Find(key, hash) != nullptr) HuntERR::RaiseStandard(ErrorNumber::DuplicateKey);
   m_keys.Reserve(m_slots.Count() + 1);
   auto made = std::make_unique<EntitySlot>();
   EntitySlot& slot = *made;
   slot.Entity = entity;
-  slot.Holder = this;
   slot.Key = std::move(key);
+  slot.KeyHash = hash;
   CDataEntity* known = CDataEntity::From(entity);
   m_slots.Insert(at, std::move(made), known == nullptr ? 0 : known->DataLength());
   m_keys.Add(slot);
@@ -123,7 +124,7 @@ const EntitySlot* EntitySequence::FindSlot(const Ref<IDataEntity>& entity) const
     if (IsBefore(&slot, first)) first = &slot;
   };
   if (stamp != nullptr) {
-    const EntitySlot* slot = m_keys.Find(*stamp);
+    const EntitySlot* slot = m_keys.Find(*stamp, HashOfStamp(*stamp));
     if (slot != nullptr && slot->FoundBy == EntitySlot::Kind::ByKey) consider(*slot);
   }
   if (!m_strays.Empty()) m_strays.ForEach(stamp == nullptr ? StrayStamps::Stamp() : *stamp, consider);

@@ -51,7 +51,7 @@ public:
   Ref<IDataEntity> AtDataIndex(std::int64_t index) const;
 
 private:
-  using Slots = SummedSequence<std::unique_ptr<EntitySlot>>;
+  using Slots = SummedSequence<std::unique_ptr<EntitySlot>, IEntityHolder>;
 
   void AttributesChanged(EntitySlot& slot) noexcept override;
   void DataChanged(EntitySlot& slot) override;
@@ -64,7 +64,7 @@ private:
   std::size_t PlaceOf(const EntitySlot& slot) const;
   std::int64_t ScanPosition(const Ref<IDataEntity>& entity) const;
 
-  Slots m_slots; // with the lengths of data; 0 for an entity that has to be asked
+  Slots m_slots{this}; // with the lengths of data; 0 for an entity that has to be asked
   EntityKeys m_keys;
   StrayStamps m_strays;
   std::size_t m_asked = 0; // slots found by asking

@@ -10,6 +10,9 @@
 namespace portico {
 
 struct EntitySlot;
+class IEntityHolder;
+
+using EntityChunk = Chunk<std::unique_ptr<EntitySlot>, IEntityHolder>;
 
 /// Who holds entities and is told when their content changes.
 class IEntityHolder {
@@ -27,9 +30,10 @@ struct EntitySlot {
   /// asking the entity itself.
   enum class Kind : std::uint8_t { ByKey, ByStamp, ByAsking };
 
+  IEntityHolder& Holder() const { return *Home->OwnedBy; }
+
   Ref<IDataEntity> Entity;
-  IEntityHolder* Holder = nullptr;
-  Chunk<std::unique_ptr<EntitySlot>>* Home = nullptr; // in the holder's sequence
+  EntityChunk* Home = nullptr; // in the holder's sequence
   PackedText Key;
   EntitySlot* NextInBucket = nullptr; // of the holder's keys
   EntitySlot* NextOfEntity = nullptr;
@@ -37,8 +41,6 @@ struct EntitySlot {
   Kind FoundBy = Kind::ByKey;
 };
 
-inline void SetHome(const std::unique_ptr<EntitySlot>& slot, Chunk<std::unique_ptr<EntitySlot>>* home) {
-  slot->Home = home;
-}
+inline void SetHome(const std::unique_ptr<EntitySlot>& slot, EntityChunk* home) { slot->Home = home; }
 
 } // namespace portico

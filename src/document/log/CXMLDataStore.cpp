@@ -30,6 +30,17 @@ LogReader::Source Watched(LogReader::Source source, std::uint64_t total) {
   };
 }
 
+/// In order. Who keeps them in a table need not make objects of them.
+template <class See>
+void ForEachAttribute(const Ref<IDataEntity>& entity, See see) {
+  if (const CDataEntity* known = CDataEntity::From(entity)) {
+    const SettingTable& table = known->Attributes();
+    for (std::size_t at = 0; at < table.Count(); ++at) see(table.Name(at).ToString(), table.Value(at).ToString());
+  } else if (const auto attributes = entity->DataAttributes()) {
+    for (const Ref<IAttribute>& attribute : attributes->NewEnum()) see(attribute->Name(), attribute->Value());
+  }
+}
+
 String SystemText(const std::system_error& error) { return FromUtf8(error.code().message()).Text; }
 
 } // namespace
@@ -193,14 +204,12 @@ Refusal CXMLDataStore::DataEntityToElement(const Ref<IDataEntity>& DataEntity, s
 /// The attributes that are not private, the end of the tag, and the payload.
 void CXMLDataStore::AppendContent(std::string& element, const Ref<IDataEntity>& DataEntity) {
   String format;
-  if (const auto attributes = DataEntity->DataAttributes()) {
-    for (const Ref<IAttribute>& attribute : attributes->NewEnum()) {
-      if (IsPrivateAttribute(attribute->Name())) continue;
-      if (attribute->Name() == AttributeName::DataFormat) format = attribute->Value();
-      HuntERR::Check(LogText::IsName(attribute->Name()), ErrorNumber::CannotCreate, u"Cannot create an XML attribute.");
-      LogText::AppendAttribute(element, StringView(attribute->Name()), StringView(attribute->Value()));
-    }
-  }
+  ForEachAttribute(DataEntity, [&](const String& name, const String& value) {
+    if (IsPrivateAttribute(name)) return;
+    if (name == AttributeName::DataFormat) format = value;
+    HuntERR::Check(LogText::IsName(name), ErrorNumber::CannotCreate, u"Cannot create an XML attribute.");
+    LogText::AppendAttribute(element, StringView(name), StringView(value));
+  });
   element += '>';
   if (format == FromAscii(LogName::StringFormat)) {
     LogText::AppendCharacterData(element, FromBytes(DataEntity->ReadData()));

@@ -27,12 +27,12 @@ std::uint8_t PackedText::NumeralCode(char16_t unit) {
 
 std::uint32_t PackedText::FormOf(StringView text) {
   char16_t bits = 0;
-  bool numeral = true;
+  unsigned codes = 0;
   for (const char16_t unit : text) {
     bits |= unit;
-    numeral = numeral && NumeralCode(unit) != NoCode;
+    codes |= NumeralCode(unit);
   }
-  if (numeral) return Numeral;
+  if (codes != NoCode) return Numeral; // which has bits that no code has
   return bits > 0xFF ? Wide : Narrow;
 }
 
@@ -48,9 +48,9 @@ PackedText::PackedText(StringView text) {
   } else if (form == Narrow) {
     std::transform(text.begin(), text.end(), bytes, [](char16_t unit) { return static_cast<std::uint8_t>(unit); });
   } else {
-    std::fill_n(bytes, m_body->Bytes(), std::uint8_t{0});
-    for (std::size_t i = 0; i < text.size(); ++i) {
-      bytes[i / 2] = static_cast<std::uint8_t>(bytes[i / 2] | NumeralCode(text[i]) << (i % 2 * 4));
+    for (std::size_t i = 0; i < text.size(); i += 2) {
+      const std::uint8_t second = i + 1 < text.size() ? NumeralCode(text[i + 1]) : 0;
+      bytes[i / 2] = static_cast<std::uint8_t>(NumeralCode(text[i]) | second << 4);
     }
   }
 }

@@ -106,18 +106,19 @@ bool EntitySequence::IsIndexed(const Ref<IDataEntity>& entity) const {
   if (m_asked > 0) return false;
   if (!entity || m_slots.Count() == 0) return true;
   const CDataEntity* known = CDataEntity::From(entity);
-  return known != nullptr && known->IsPlain();
+  // What is held is plain, or it would have to be asked: a look at its attributes would miss the caches.
+  return known != nullptr && (known->SlotIn(*this) != nullptr || known->IsPlain());
 }
 
 /// The first slot whose entity equals this one, which is plain like all that are held, or null.
 const EntitySlot* EntitySequence::FindSlot(const Ref<IDataEntity>& entity) const {
   if (!entity || m_slots.Count() == 0) return nullptr;
   const CDataEntity* known = CDataEntity::From(entity);
-  const PackedText* stamp = known->Stamp();
   if (m_strays.Empty()) {
     // All stamps are keys, and so unique: if the entity itself is here, nobody else can be meant.
     if (const EntitySlot* own = known->SlotIn(*this)) return own;
   }
+  const PackedText* stamp = known->Stamp();
   const EntitySlot* first = nullptr;
   const auto consider = [&](const EntitySlot& slot) {
     if (slot.Entity->CompareToMe(entity) != 0) return;

@@ -9,8 +9,8 @@
 #include <pugixml.hpp>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -39,10 +39,11 @@ private:
   Ref<ICreator> m_creator = MakeCreator(CtorDataEntity);
 };
 
+/// Of the processor, which others may use too.
 double Milliseconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
+  const std::clock_t start = std::clock();
   work();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+  return static_cast<double>(std::clock() - start) * 1000 / CLOCKS_PER_SEC;
 }
 
 double Median(std::vector<double> values) {

@@ -4,16 +4,27 @@
 
 namespace portico {
 
-/// What an encoder makes of a text: a fragment that says nothing of its look. Its RTF is written only for who asks.
+/// What an encoder makes of a text: a paragraph of RTF that says nothing of its look. It is written only for who asks.
 struct TextFragment {
-  /// What the RTF begins with. It changes nothing in how the content is read.
+  /// What the RTF begins with. It changes nothing in how the rest is read.
   static constexpr StringView Head = u"{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1 ";
+  static constexpr StringView ParagraphMark = u"\\par ";
 
-  String Content; ///< in RTF's syntax, with the brace that ends it all
+  String Text;    ///< as it stands: what is RTF's syntax in it has the effect that it has there
+  StringView End; ///< a constant: the brace that ends it all, and what may stand behind that
 
-  String Rtf() const { return String(Head).append(Content); }
+  /// What stands behind the head.
+  String Content() const { return Joined({}); }
+  String Rtf() const { return Joined(Head); }
   /// The length of `Rtf`, without making it.
-  std::size_t Length() const { return Head.size() + Content.size(); }
+  std::size_t Length() const { return Head.size() + Text.size() + ParagraphMark.size() + End.size(); }
+
+private:
+  String Joined(StringView head) const {
+    String joined;
+    joined.reserve(Length());
+    return joined.append(head).append(Text).append(ParagraphMark).append(End);
+  }
 };
 
 } // namespace portico

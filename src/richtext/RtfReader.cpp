@@ -35,9 +35,11 @@ char16_t CodePageUnit(int byte) {
 class Reader {
 public:
   Reader(StringView source, const Formatting& base) : m_rest(source), m_document(base) {}
-  /// The head has been read: it opens a group, and its words leave all as it is at the start.
-  Reader(const TextFragment& fragment, const Formatting& base) : Reader(fragment.Content, base) {
-    m_document.OpenGroup();
+  /// The source stands behind the head of a fragment, which opens a group and leaves all else as it is at the start.
+  static Reader BehindHead(StringView source, const Formatting& base) {
+    Reader reader(source, base);
+    reader.m_document.OpenGroup();
+    return reader;
   }
 
   FormattedText Read() {
@@ -182,6 +184,8 @@ FormattedText ReadRtf(StringView source, const Formatting& base) {
   return Reader(source, base).Read();
 }
 
-FormattedText ReadRtf(const TextFragment& fragment, const Formatting& base) { return Reader(fragment, base).Read(); }
+FormattedText ReadRtf(const TextFragment& fragment, const Formatting& base) {
+  return Reader::BehindHead(fragment.Content(), base).Read();
+}
 
 } // namespace portico::richtext

@@ -278,7 +278,7 @@ TEST_P(RichTextFragmentContract, AnInsertedFragmentIsWhatItsRtfWouldBe) {
       each->SelLength(6);
       each->SelFormat(OtherFormat());
     }
-    box->SelFragment({String(text) + u"\\par }\r\n"});
+    box->SelFragment({String(text), u"}\r\n"});
     other->SelRTF(Encoded(text));
     EXPECT_EQ(box->TextRTF(), other->TextRTF()) << ToUtf8(text);
     EXPECT_EQ(box->SelStart(), other->SelStart()) << ToUtf8(text);

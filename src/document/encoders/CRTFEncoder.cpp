@@ -23,7 +23,7 @@ void CRTFEncoder::Check(const Ref<IDataEntity>& DataEntity) const {
 
 TextFragment CRTFEncoder::Compose(const Ref<IDataEntity>& DataEntity) const try {
   Check(DataEntity);
-  TextFragment fragment = Fragment(FromBytes(DataEntity->ReadData()), FragmentEnd);
+  TextFragment fragment{FromBytes(DataEntity->ReadData()), FragmentEnd};
   NoteLength(*DataEntity, fragment);
   ShowDataType(DataEntity->DataType());
   return fragment;
@@ -34,7 +34,7 @@ TextFragment CRTFEncoder::Compose(const Ref<IDataEntity>& DataEntity) const try 
 String CRTFEncoder::Encode(const Ref<IDataEntity>& DataEntity) const try {
   Check(DataEntity);
   ResetScratchArea();
-  const TextFragment fragment = Fragment(FromBytes(DataEntity->ReadData()), FragmentEnd);
+  const TextFragment fragment{FromBytes(DataEntity->ReadData()), FragmentEnd};
   String rtf = fragment.Rtf();
   ScratchArea()->TextRTF(rtf);
   NoteLength(*DataEntity, fragment);

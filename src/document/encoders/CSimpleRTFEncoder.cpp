@@ -9,21 +9,21 @@ constexpr StringView EncodeLabel = u"CSimpleRTFEncoder.Encode(sData)"; // all ar
 
 } // namespace
 
-TextFragment CSimpleRTFEncoder::Compose(StringView sData, StringView DataType) const try {
+TextFragment CSimpleRTFEncoder::Compose(const String& sData, StringView DataType) const try {
   ShowDataType(DataType);
-  return Fragment(sData, FragmentEnd);
+  return {sData, FragmentEnd};
 } catch (...) {
-  PassOn(EncodeLabel, {String(sData)});
+  PassOn(EncodeLabel, {sData});
 }
 
 String CSimpleRTFEncoder::Encode(const String& sData, const String& DataType) const try {
-  return Encode(Fragment(sData, FragmentEnd), DataType);
+  return Encode({sData, FragmentEnd}, DataType);
 } catch (...) {
   PassOn(EncodeLabel, {sData});
 }
 
 String CSimpleRTFEncoder::EncodeWhite(const String& sData) const try {
-  return Encode(Fragment(sData, u"}"), DataTypeName::White);
+  return Encode({sData, u"}"}, DataTypeName::White);
 } catch (...) {
   PassOn(EncodeLabel, {sData});
 }
@@ -36,11 +36,10 @@ String CSimpleRTFEncoder::Encode(const TextFragment& fragment, StringView DataTy
   return fragment.Rtf();
 }
 
-void CSimpleRTFEncoder::FormatDataType(SelectionFormat& format, StringView DataType) const {
-  using namespace TextLook;
-  if (DataType == DataTypeName::Remark) return Set(format, false, true, DarkGreen, 0);
-  if (DataType == DataTypeName::White) return Set(format, false, false, White, 0);
-  RTFEncoderBase::FormatDataType(format, DataType);
+TextLook CSimpleRTFEncoder::LookOf(StringView DataType) const {
+  if (DataType == DataTypeName::Remark) return {.Italic = false, .Bold = true, .Color = TextLook::DarkGreen};
+  if (DataType == DataTypeName::White) return {.Italic = false, .Bold = false, .Color = TextLook::White};
+  return RTFEncoderBase::LookOf(DataType);
 }
 
 } // namespace portico

@@ -9,13 +9,13 @@ class CSimpleRTFEncoder final : public RTFEncoderBase {
 public:
   StringView ClassName() const override { return u"CSimpleRTFEncoder"; }
 
-  TextFragment Compose(StringView sData, StringView DataType) const;
+  TextFragment Compose(const String& sData, StringView DataType) const;
   String Encode(const String& sData, const String& DataType) const;
   /// White on the white window: hidden, but there. Part of the contract; nothing in the program calls it.
   String EncodeWhite(const String& sData) const;
 
 protected:
-  void FormatDataType(SelectionFormat& format, StringView DataType) const override;
+  TextLook LookOf(StringView DataType) const override;
 
 private:
   String Encode(const TextFragment& fragment, StringView DataType) const;

@@ -6,10 +6,23 @@
 #include "framework/objects/IObjectFactory.h"
 #include "platform/IScratchArea.h"
 
+#include <algorithm>
+#include <array>
+
 namespace portico {
 namespace {
 
-constexpr StringView ParagraphMark = u"\\par ";
+struct KnownType {
+  StringView DataType;
+  TextLook Look;
+};
+
+constexpr auto KnownTypes = std::to_array<KnownType>({
+    {DataTypeName::Response, {.Italic = true, .Bold = false, .Color = TextLook::Black, .Indent = 150}},
+    {DataTypeName::Instruction, {.Italic = false, .Bold = true, .Color = TextLook::Black}},
+    {DataTypeName::AutomaticInstruction, {.Italic = false, .Bold = true, .Color = TextLook::Blue}},
+    {DataTypeName::Configuration, {.Italic = false, .Bold = false, .Color = TextLook::Green}},
+});
 
 /// All thirteen values: black in the window's own font.
 SelectionFormat PlainFormat() {
@@ -30,11 +43,11 @@ SelectionFormat PlainFormat() {
 
 } // namespace
 
-void TextLook::Set(SelectionFormat& format, bool italic, bool bold, std::int32_t color, std::int32_t indent) {
-  format.SelItalic = italic;
-  format.SelBold = bold;
-  format.SelColor = color;
-  format.SelIndent = indent;
+void TextLook::Format(SelectionFormat& format) const {
+  format.SelItalic = Italic;
+  format.SelBold = Bold;
+  format.SelColor = Color;
+  format.SelIndent = Indent;
 }
 
 void RTFEncoderBase::Initialize(const Ref<IRichTextBox>& Display) try {
@@ -70,30 +83,20 @@ void RTFEncoderBase::ResetScratchArea() const {
 
 void RTFEncoderBase::ApplyDataTypeFormat(StringView DataType) const {
   SelectionFormat format;
-  FormatDataType(format, DataType);
+  LookOf(DataType).Format(format);
   m_scratch->SelFormat(format);
 }
 
 void RTFEncoderBase::ShowDataType(StringView DataType) const {
   SelectionFormat format = PlainFormat();
-  FormatDataType(format, DataType);
+  LookOf(DataType).Format(format);
   m_display->SelFormat(format);
 }
 
-TextFragment RTFEncoderBase::Fragment(StringView text, StringView end) {
-  TextFragment fragment;
-  fragment.Content.reserve(text.size() + ParagraphMark.size() + end.size());
-  fragment.Content.append(text).append(ParagraphMark).append(end);
-  return fragment;
-}
-
-void RTFEncoderBase::FormatDataType(SelectionFormat& format, StringView DataType) const {
-  using namespace TextLook;
-  if (DataType == DataTypeName::Configuration) return Set(format, false, false, Green, 0);
-  if (DataType == DataTypeName::Instruction) return Set(format, false, true, Black, 0);
-  if (DataType == DataTypeName::AutomaticInstruction) return Set(format, false, true, Blue, 0);
-  if (DataType == DataTypeName::Response) return Set(format, true, false, Black, ResponseIndent);
-  Set(format, false, false, Red, 0);
+TextLook RTFEncoderBase::LookOf(StringView DataType) const {
+  const auto* known = std::find_if(KnownTypes.begin(), KnownTypes.end(),
+                                   [DataType](const KnownType& row) { return row.DataType == DataType; });
+  return known == KnownTypes.end() ? TextLook{.Italic = false, .Bold = false, .Color = TextLook::Red} : known->Look;
 }
 
 String RTFEncoderBase::DataTypeFromFormat(StringView plainText) const {

@@ -5,6 +5,24 @@
 
 namespace portico {
 
+/// How the kind of a text shows.
+struct TextLook {
+  // 0x00BBGGRR
+  static constexpr std::int32_t Black = 0x000000;
+  static constexpr std::int32_t Red = 0x0000FF;
+  static constexpr std::int32_t Green = 0x00FF00;
+  static constexpr std::int32_t DarkGreen = 0x007F00;
+  static constexpr std::int32_t Blue = 0xFF0000;
+  static constexpr std::int32_t White = 0xFFFFFF;
+
+  bool Italic;
+  bool Bold;
+  std::int32_t Color;
+  std::int32_t Indent = 0; ///< in the box's unit of indents
+
+  void Format(SelectionFormat& format) const;
+};
+
 /// What both encoders share: they turn text into a minimal fragment, and show its kind by the formatting that they set
 /// on the display's selection, never in the fragment. So the order is always: compose, then insert; and the formatting
 /// of a line read back tells its kind.
@@ -29,11 +47,9 @@ protected:
   void ApplyDataTypeFormat(StringView DataType) const;
   /// Sets all thirteen values on the display's selection.
   void ShowDataType(StringView DataType) const;
-  /// Nothing is escaped: a backslash or brace in the text has whatever effect it has.
-  static TextFragment Fragment(StringView text, StringView end);
   static constexpr StringView FragmentEnd = u"}\r\n";
-  /// Sets the four values that this encoder knows a type by; unknown types are red.
-  virtual void FormatDataType(SelectionFormat& format, StringView DataType) const;
+  /// By which this encoder knows a type; unknown types are red.
+  virtual TextLook LookOf(StringView DataType) const;
 
 private:
   String Label(StringView member) const { return String(ClassName()).append(member); }
@@ -45,20 +61,4 @@ private:
   Ref<IRichTextBox> m_display;
 };
 
-/// The looks of texts.
-namespace TextLook {
-
-// 0x00BBGGRR
-inline constexpr std::int32_t Black = 0x000000;
-inline constexpr std::int32_t Red = 0x0000FF;
-inline constexpr std::int32_t Green = 0x00FF00;
-inline constexpr std::int32_t DarkGreen = 0x007F00;
-inline constexpr std::int32_t Blue = 0xFF0000;
-inline constexpr std::int32_t White = 0xFFFFFF;
-
-inline constexpr std::int32_t ResponseIndent = 150; ///< in the box's unit of indents
-
-void Set(SelectionFormat& format, bool italic, bool bold, std::int32_t color, std::int32_t indent);
-
-} // namespace TextLook
 } // namespace portico

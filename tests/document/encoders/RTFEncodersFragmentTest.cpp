@@ -130,7 +130,7 @@ TEST_F(RTFEncodersFragment, OfABoxIsTheEncodedOneAndLeavesTheScratchArea) {
     EXPECT_EQ(Attribute(composed, u"_RTFVisibleTextOffset"), "0");
     ScratchCalls.clear();
 
-    const TextFragment remark = Simple.Compose(text, u"Remark");
+    const TextFragment remark = Simple.Compose(String(text), u"Remark");
     EXPECT_TRUE(ScratchCalls.empty());
     const auto shownRemark = Writes(std::exchange(Calls, {}));
     EXPECT_EQ(ToUtf8(remark.Rtf()), ToUtf8(Simple.Encode(String(text), u"Remark")));

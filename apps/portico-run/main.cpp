@@ -10,6 +10,7 @@
 #include "memory/RichTextBox.h"
 #include "memory/SettingsStore.h"
 #include "memory/SystemClock.h"
+#include "memory/UnseenBox.h"
 #include "terminal/BatchRun.h"
 #include "terminal/console/Diagnostic.h"
 #include "terminal/console/FileSizeLimit.h"
@@ -77,7 +78,7 @@ int Run(const RunOptions& options) {
   gEventLoop = loop;
   gSettingsStore = std::make_shared<memory::SettingsStore>();
   gInstrumentDriver = StandardDriver({driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &news});
-  const auto window = New<TerminalWindow>(New<memory::RichTextBox>(), New<memory::RichTextBox>(),
+  const auto window = New<TerminalWindow>(New<memory::RichTextBox>(), New<memory::UnseenBox>(),
                                           New<memory::RichTextBox>(), [&] { return interrupts.Requested(); });
   gMainForm = window;
   gScratchArea = window;

@@ -3,6 +3,14 @@
 #include "framework/errors/HuntERR.h"
 
 namespace portico {
+namespace {
+
+bool IsEmptyLine(const IDataEntity& entity) {
+  constexpr auto bytes = static_cast<std::int32_t>(NewLine.size() * sizeof(char16_t));
+  return entity.DataLength() == bytes && FromBytes(entity.ReadData()) == NewLine;
+}
+
+} // namespace
 
 void FocusAtEnd(IRichTextBox& box) {
   box.SetFocus();
@@ -29,7 +37,7 @@ void CSCPIViewHistory::Clear() try { Display()->Text({}); } catch (...) {
 
 void CSCPIViewHistory::m_Instructions_OnAdd(const Ref<IDataEntity>& DataEntity, std::int64_t Index) try {
   FocusAtEnd(*Display());
-  if (FromBytes(DataEntity->ReadData()) == NewLine) return; // an empty line is in the queue only
+  if (IsEmptyLine(*DataEntity)) return; // it is in the queue only
   Show(DataEntity);
 } catch (...) {
   PassOn(Label(u".m_Instructions_OnAdd(DataEntity, Index)"), {DataEntity, static_cast<double>(Index)});

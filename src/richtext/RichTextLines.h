@@ -42,6 +42,9 @@ public:
   /// keeps its own look if nothing comes to stand in front of it in its line.
   void Replace(Place from, Place to, FormattedText text);
 
+  /// Takes away what stands between two places.
+  void Delete(Place from, Place to);
+
   /// Puts lines in place of others, as they are. At least one is left.
   void ReplaceLines(std::size_t first, std::size_t count, FormattedText lines);
 
@@ -65,7 +68,6 @@ private:
   using LinePointer = std::unique_ptr<FormattedLine>;
 
   FormattedLine& Line(std::size_t line) { return line == m_ended.Count() ? m_last : *m_ended[line]; }
-  void Delete(Place from, Place to);
   void InsertEnded(std::size_t at, FormattedLine line);
   /// The line's text has become longer or shorter.
   void Measure(std::size_t line);

@@ -60,7 +60,9 @@ std::int32_t RichTextModel::SelTextLength() const {
   return Narrow(m_lines.PositionOf(To()) - m_lines.PositionOf(From()));
 }
 
-void RichTextModel::SelText(StringView text) { Replace(FormatPlain(text, InsertionFormat())); }
+void RichTextModel::SelText(StringView text) {
+  text.empty() ? Delete() : Replace(FormatPlain(text, InsertionFormat()));
+}
 
 String RichTextModel::SelRTF() const {
   const Place from = From();
@@ -68,7 +70,9 @@ String RichTextModel::SelRTF() const {
   return WriteRtf(IsEmpty(from, to) ? FormatPlain({}, InsertionFormat()) : m_lines.Copy(from, to));
 }
 
-void RichTextModel::SelRTF(StringView fragment) { Replace(ReadRtf(fragment, InsertionFormat())); }
+void RichTextModel::SelRTF(StringView fragment) {
+  fragment.empty() ? Delete() : Replace(ReadRtf(fragment, InsertionFormat()));
+}
 
 void RichTextModel::SelFragment(const TextFragment& fragment) { Replace(ReadRtf(fragment, InsertionFormat())); }
 
@@ -154,16 +158,26 @@ void RichTextModel::Select(std::int64_t start, std::int64_t length) {
   OnSelection();
 }
 
+void RichTextModel::Delete() {
+  const Place from = From();
+  const Place to = To();
+  if (IsEmpty(from, to)) return;
+  m_lines.Delete(from, to);
+  OnLines(from.Line, to.Line + 1 - from.Line, 1);
+  Select(m_start, 0);
+  m_change();
+}
+
 bool RichTextModel::Put(FormattedText text) {
   const Place from = From();
   const Place to = To();
   const std::int64_t length = LengthOf(text);
   const std::int64_t removed = m_lines.PositionOf(to) - m_start;
+  if (removed == 0 && length == 0) return false; // the caret keeps its look
   CheckLength(m_lines.Length() - removed + length);
   const std::size_t lines = text.size();
   m_lines.Replace(from, to, std::move(text));
   OnLines(from.Line, to.Line + 1 - from.Line, lines);
-  if (removed == 0 && length == 0) return false; // the caret keeps its look
   Select(m_start + length, 0);
   return true;
 }

@@ -64,6 +64,8 @@ protected:
 private:
   /// The look that stands there; a caret's is that of the character in front of it in its line.
   const CharacterFormat& LookAt(Place place, bool isCaret) const;
+  /// Takes the selection away.
+  void Delete();
   void Replace(FormattedText text) {
     if (Put(std::move(text))) m_change();
   }

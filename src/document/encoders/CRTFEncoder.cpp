@@ -9,9 +9,12 @@ namespace {
 constexpr StringView EncodeLabel = u"CRTFEncoder.Encode(Dataentity)";
 
 void NoteLength(IDataEntity& entity, const TextFragment& fragment) {
+  static const String lengthName = AttributeName::RTFSelectionLength; // made once, and not for each entity
+  static const String offsetName = AttributeName::RTFVisibleTextOffset;
+  static const String offset = u"0";
   // The leading blank is the place of a sign, which positive numbers leave empty.
-  entity.DataAttribute(AttributeName::RTFSelectionLength, u" " + ToText(static_cast<std::int64_t>(fragment.Length())));
-  entity.DataAttribute(AttributeName::RTFVisibleTextOffset, u"0");
+  entity.DataAttribute(lengthName, u" " + ToText(static_cast<std::int64_t>(fragment.Length())));
+  entity.DataAttribute(offsetName, offset);
 }
 
 } // namespace

@@ -166,8 +166,9 @@ void LoadControl(IControl& control) {
 std::span<const ResourceString> ResourceStrings() { return Table; }
 
 String LoadResString(std::int32_t Id) {
-  const auto found = std::find_if(Table.begin(), Table.end(), [Id](const ResourceString& row) { return row.Id == Id; });
-  HuntERR::Check(found != Table.end(), ResourceNotFound,
+  const auto found = std::lower_bound(Table.begin(), Table.end(), Id,
+                                      [](const ResourceString& row, std::int32_t id) { return row.Id < id; });
+  HuntERR::Check(found != Table.end() && found->Id == Id, ResourceNotFound,
                  [Id] { return u"There is no resource string with the id " + ToText(std::int64_t{Id}) + u"."; });
   return String(found->Text);
 }

@@ -219,7 +219,8 @@ int main(int argc, char** argv) {
 
   Ref<frmMain> window;
   const auto makeWindow = [&](const std::function<void()>& createObjectFactory) {
-    return window = New<frmMain>(createObjectFactory);
+    window = New<frmMain>(createObjectFactory);
+    return modAppGlobals::MainForm{window, window, window};
   };
   const double start = ShowTime([&] {
     modAppGlobals::Main({[] {}, makeWindow, {}});

@@ -71,7 +71,9 @@ void Form::Fire(const Event<Args...>& event, std::type_identity_t<Args>... args)
 }
 
 String Form::Caption() const { return FromQt(Window().windowTitle()); }
-void Form::Caption(const String& newValue) { Window().setWindowTitle(ToQt(newValue)); }
+void Form::Caption(const String& newValue) {
+  if (!IsSame(Window().windowTitle(), newValue)) Window().setWindowTitle(ToQt(newValue));
+}
 
 portico::WindowState Form::WindowState() const {
   if (Window().isMinimized()) return portico::WindowState::Minimized;

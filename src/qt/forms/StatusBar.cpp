@@ -19,9 +19,13 @@ StatusPanel::StatusPanel(const StatusPanelDesign& design, QLabel& label) : m_sty
 }
 
 String StatusPanel::Text() const { return FromQt(m_label.text()); }
-void StatusPanel::Text(const String& newValue) { m_label.setText(ToQt(newValue)); }
+void StatusPanel::Text(const String& newValue) {
+  if (!IsSame(m_label.text(), newValue)) m_label.setText(ToQt(newValue));
+}
 String StatusPanel::ToolTipText() const { return FromQt(m_label.toolTip()); }
-void StatusPanel::ToolTipText(const String& newValue) { m_label.setToolTip(ToQt(newValue)); }
+void StatusPanel::ToolTipText(const String& newValue) {
+  if (!IsSame(m_label.toolTip(), newValue)) m_label.setToolTip(ToQt(newValue));
+}
 
 void StatusPanel::Refresh() {
   if (m_style == StatusPanelStyle::Text) return;

@@ -39,6 +39,7 @@ void RichTextBox::Put(const QRect& place) {
 }
 
 void RichTextBox::TabStop(bool newValue) {
+  if (newValue == m_tabStop) return;
   m_tabStop = newValue;
   if (m_widget) m_widget->setFocusPolicy(newValue ? Qt::WheelFocus : Qt::ClickFocus);
 }

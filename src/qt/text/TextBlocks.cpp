@@ -37,7 +37,7 @@ QTextCursor TextBlocks::Clear(int first, int oldCount) {
 }
 
 void TextBlocks::WriteLine(QTextCursor& cursor, const FormattedLine& line, bool isFirst) {
-  const QTextBlockFormat block = m_formats.Of(line.Paragraph, line.Runs.At(line.Text.size()));
+  const QTextBlockFormat& block = m_formats.Of(line.Paragraph, line.Runs.At(line.Text.size()));
   if (!isFirst) {
     cursor.insertBlock(block, m_formats.Of(line.Runs.At(0)));
   } else if (cursor.blockFormat() != block) {

@@ -45,13 +45,19 @@ void TextFormats::Zoom(double factor) {
 
 const QTextCharFormat& TextFormats::Of(const CharacterFormat& format) { return m_characters[NumberOf(format)].Format; }
 
-QTextBlockFormat TextFormats::Of(const ParagraphFormat& format, const CharacterFormat& lineEnd) {
+const QTextBlockFormat& TextFormats::Of(const ParagraphFormat& format, const CharacterFormat& lineEnd) {
   const auto held = std::find(m_paragraphs.begin(), m_paragraphs.end(), format);
-  const auto number = held - m_paragraphs.begin();
+  const auto number = static_cast<std::size_t>(held - m_paragraphs.begin());
   if (held == m_paragraphs.end()) m_paragraphs.push_back(format);
+  const auto [line, isNew] = m_lines.try_emplace({number, NumberOf(lineEnd)});
+  if (isNew) line->second = Make(format, number, line->first.second);
+  return line->second;
+}
+
+QTextBlockFormat TextFormats::Make(const ParagraphFormat& format, std::size_t number, std::size_t lineEnd) {
   QTextBlockFormat block;
   block.setProperty(Name(Property::ParagraphProperty), static_cast<int>(number));
-  block.setProperty(Name(Property::LineEndProperty), static_cast<int>(NumberOf(lineEnd)));
+  block.setProperty(Name(Property::LineEndProperty), static_cast<int>(lineEnd));
   if (format == ParagraphFormat{}) return block;
   block.setLeftMargin((format.Indent + format.HangingIndent) / TwipsPerPixel);
   block.setTextIndent(-format.HangingIndent / TwipsPerPixel);

@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 namespace portico::qt {
@@ -26,7 +27,7 @@ public:
 
   const QTextCharFormat& Of(const richtext::CharacterFormat& format);
   /// The look of a line with its end.
-  QTextBlockFormat Of(const richtext::ParagraphFormat& format, const richtext::CharacterFormat& lineEnd);
+  const QTextBlockFormat& Of(const richtext::ParagraphFormat& format, const richtext::CharacterFormat& lineEnd);
 
   /// A format that this object has not made gives the standard look.
   const richtext::CharacterFormat& CharacterOf(const QTextFormat& format) const;
@@ -49,6 +50,7 @@ private:
 
   std::size_t NumberOf(const richtext::CharacterFormat& format);
   QTextCharFormat Make(const richtext::CharacterFormat& format, std::size_t number);
+  static QTextBlockFormat Make(const richtext::ParagraphFormat& format, std::size_t number, std::size_t lineEnd);
 
   richtext::CharacterFormat m_standard;
   double m_zoom = 1;
@@ -57,6 +59,7 @@ private:
   std::vector<Character> m_characters;
   std::size_t m_last = 0; // the number that was asked for last
   std::vector<richtext::ParagraphFormat> m_paragraphs;
+  std::map<std::pair<std::size_t, std::size_t>, QTextBlockFormat> m_lines; // by the numbers of paragraph and line end
 };
 
 } // namespace portico::qt

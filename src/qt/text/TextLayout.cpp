@@ -77,7 +77,7 @@ void TextLayout::documentChanged(int from, int charsRemoved, int charsAdded) {
   const double oldHeight = isOneLine ? blockBoundingRect(first).height() : 0;
   for (QTextBlock block = first; block.isValid(); block = block.next()) {
     block.clearLayout();
-    block.setLineCount(1);
+    if (block.lineCount() != 1) block.setLineCount(1); // it costs a walk through the document's tree
     if (block == last) break;
   }
   const bool isAll = first == text.firstBlock() && last == text.lastBlock();

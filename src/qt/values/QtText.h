@@ -12,6 +12,8 @@ inline QString ToQt(StringView text) {
 }
 inline String FromQt(const QString& text) { return text.toStdU16String(); }
 
+inline bool IsSame(const QString& shown, StringView text) { return QStringView(shown) == QStringView(text); }
+
 /// What a screen reader says for a caption: the caption without the mark of its mnemonic.
 QString Spoken(const String& caption);
 

@@ -2,8 +2,10 @@
 
 #include "framework/errors/Quit.h"
 #include "platform/IPictureBox.h"
+#include "platform/IRichTextControl.h"
 #include "platform/IStatusBar.h"
 #include "qt/ScreenFixture.h"
+#include "qt/loop/EventFilter.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -25,6 +27,45 @@ protected:
 
   Ref<IForm> form = Shown(SampleWindow);
 };
+
+/// What the toolkit handles for it, timers apart.
+TEST_F(BarsTest, WhatIsSetToWhatItShowsGivesTheToolkitNothingToDo) {
+  auto& upper = FindControl<IRichTextControl>(*form, u"txtUpper");
+  const auto set = [&](const String& name) {
+    form->Caption(name);
+    Item(u"mnuOpen").Caption(name);
+    Item(u"mnuOpen").Enabled(false);
+    Item(u"mnuSCPI").Checked(true);
+    Button(u"Open").Value(1);
+    Button(u"Open").ToolTipText(name);
+    Button(u"Print").Visible(false);
+    Status().Panels(1).Text(name);
+    Status().Panels(1).ToolTipText(name);
+    upper.ToolTipText(name);
+    upper.TabStop(false);
+    loop.DoEvents();
+  };
+  std::vector<int> events;
+  const qt::EventFilter filter(*qApp, [&](QObject& /*watched*/, QEvent& event) {
+    if (event.type() != QEvent::Timer) events.push_back(event.type());
+    return false;
+  });
+  set(u"DMM");
+  do { // a layout that changes asks the one around it
+    events.clear();
+    loop.DoEvents();
+  } while (!events.empty());
+  set(u"DMM");
+  EXPECT_EQ(events, std::vector<int>{});
+  set(u"other");
+  EXPECT_NE(events, std::vector<int>{});
+  EXPECT_EQ(AsForm(form).Window().windowTitle(), "other");
+  EXPECT_EQ(Action("mnuOpen")->text(), "other");
+  EXPECT_EQ(ButtonAction("Open")->toolTip(), "other");
+  EXPECT_EQ(Find<QLabel>(form, "Status")->text(), "other");
+  EXPECT_EQ(Find<QLabel>(form, "Status")->toolTip(), "other");
+  EXPECT_EQ(Find<QWidget>(form, "txtUpper")->toolTip(), "other");
+}
 
 TEST_F(BarsTest, MenusStandAsTheirTableHasThem) {
   auto* bar = Find<QMenuBar>(form, "");

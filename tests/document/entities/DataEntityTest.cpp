@@ -72,6 +72,19 @@ TEST_F(CDataEntityTest, AttributesAreReadAndWrittenByAllRoads) {
   EXPECT_TRUE(IsSameObject(entity->DataAttributes(), entity->DataAttributes()));
 }
 
+TEST_F(CDataEntityTest, LivesAsLongAsItsCollectionIsHeld) {
+  auto entity = Entity(u"1", u"once");
+  const std::weak_ptr<CDataEntity> seen = entity.Shared();
+  auto attributes = entity->DataAttributes();
+  entity = {};
+  EXPECT_EQ(attributes->ItemValue(u"Timestamp"), u"once");
+  const auto setting = attributes->Item(u"Timestamp");
+  attributes = {};
+  EXPECT_TRUE(seen.expired());
+  setting->Value(u"alone");
+  EXPECT_EQ(setting->Value(), u"alone");
+}
+
 TEST_F(CDataEntityTest, NewEntityHasNoDataFormat) {
   const auto entity = Entity(u"1");
   const ErrorRecord error = Raised([&] { entity->DataAttribute(u"DataFormat"); });

@@ -42,7 +42,7 @@ namespace {
 
 using Rows = std::span<const CreatorRow* const>;
 
-void CheckFactory(const Ref<IObjectFactory>& factory) {
+void CheckGiven(const Ref<IObjectFactory>& factory) {
   HuntERR::Check(bool(factory), ErrorNumber::InvalidArgument, u"Object factory cannot be nothing.");
 }
 
@@ -63,7 +63,7 @@ void BuildInstructionProcessor(const Ref<IObjectFactory>& factory) {
 } // namespace
 
 void CRegistrarBase::RegisterClasses(const Ref<IObjectFactory>& ObjectFactory) try {
-  CheckFactory(ObjectFactory);
+  CheckGiven(ObjectFactory);
   for (const CreatorRow* row : Rows()) ObjectFactory->Add(MakeCreator(*row));
   AfterRegistration(ObjectFactory);
 } catch (...) {
@@ -74,7 +74,7 @@ void CRegistrarBase::UnregisterClasses(const Ref<IObjectFactory>& ObjectFactory)
   // The argument may be the global that is cleared on the way.
   // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const Ref<IObjectFactory> factory = ObjectFactory;
-  CheckFactory(factory);
+  CheckGiven(factory);
   BeforeRemoval(factory);
   for (const CreatorRow* row : Rows()) {
     if (!StaysBehind(*row)) factory->Remove(MakeCreator(*row));

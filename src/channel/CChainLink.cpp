@@ -1,7 +1,7 @@
 #include "channel/CChainLink.h"
 
-#include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
+#include "framework/shared/Guards.h"
 #include "framework/shared/modCommand.h"
 
 namespace portico {
@@ -14,7 +14,7 @@ void CChainLink::SetUp(const Ref<ICommand>& InnerCommand, const Ref<IPublisher>&
 }
 
 void CChainLink::Execute() try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   m_response = Operate();
   AfterOperation();
   modCommand::PublishIfAny(m_publisher, Ref<IObject>(shared_from_this()));

@@ -4,6 +4,7 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/shared/CResponse.h"
+#include "framework/shared/Guards.h"
 
 namespace portico {
 namespace {
@@ -34,7 +35,7 @@ void CConfiguration::Initialize() try {
 }
 
 Ref<IResponse> CConfiguration::Update(const String& Configuration) try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   ConfigurationXml document(Configuration);
   document.ForEach(
       [this](const String& name, pugi::xml_node parameter) { ItemValue(name, ConfigurationXml::ValueOf(parameter)); });
@@ -44,7 +45,7 @@ Ref<IResponse> CConfiguration::Update(const String& Configuration) try {
 }
 
 Ref<IResponse> CConfiguration::Retrieve(const String& Configuration) try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   if (Configuration.empty()) return AllItems();
   ConfigurationXml document(Configuration);
   document.ForEach(
@@ -67,7 +68,7 @@ CSetting* CConfiguration::Find(const ItemName& Key) {
 }
 
 String CConfiguration::ItemByKey(const ItemName& Key) try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   const CSetting* item = Find(Key);
   if (item == nullptr) {
     HuntERR::Raise(ErrorNumber::NoSuchItem, ClassName(),

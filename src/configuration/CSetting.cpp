@@ -2,6 +2,7 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
+#include "framework/shared/Guards.h"
 
 namespace portico {
 
@@ -37,7 +38,7 @@ void CSetting::Wash() try {
 }
 
 bool CSetting::IsSame(const Ref<IAttribute>& OtherSetting, bool CaseSensitive) const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   if (!OtherSetting || !EqualNoCase(m_name, OtherSetting->Name())) return false;
   return CaseSensitive ? m_value == OtherSetting->Value() : EqualNoCase(m_value, OtherSetting->Value());
 } catch (...) {
@@ -45,14 +46,14 @@ bool CSetting::IsSame(const Ref<IAttribute>& OtherSetting, bool CaseSensitive) c
 }
 
 const String& CSetting::Value() const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  CheckAccessible(m_initialized);
   return m_value;
 } catch (...) {
   PassOn(Label(u".Value"));
 }
 
 void CSetting::Value(const String& newValue) try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  CheckAccessible(m_initialized);
   m_value = newValue;
   TellOwner();
 } catch (...) {
@@ -60,14 +61,14 @@ void CSetting::Value(const String& newValue) try {
 }
 
 const String& CSetting::Name() const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  CheckAccessible(m_initialized);
   return m_name;
 } catch (...) {
   PassOn(Label(u".Name"));
 }
 
 void CSetting::Name(const String& newValue) try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  CheckAccessible(m_initialized);
   m_name = newValue;
   TellOwner();
 } catch (...) {

@@ -2,6 +2,7 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
+#include "framework/shared/Guards.h"
 
 #include <typeinfo>
 
@@ -33,7 +34,7 @@ void CSettings::Initialize() try {
 }
 
 bool CSettings::IsDirty() const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   std::size_t at = 0;
   while (at < m_table.Count() && m_table.Washed(at) == m_table.Value(at)) ++at;
   return at > 0 && at == m_table.Count();
@@ -42,7 +43,7 @@ bool CSettings::IsDirty() const try {
 }
 
 void CSettings::Wash() try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   for (std::size_t at = 0; at < m_table.Count(); ++at) {
     if (CSetting* object = m_table.Object(at)) {
       object->Wash();
@@ -55,7 +56,7 @@ void CSettings::Wash() try {
 }
 
 bool CSettings::IsSame(const Ref<IAttributes>& Other, bool CaseSensitive) const {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   if (Count() != Other->Count()) return false;
   const IAttributes& other = *Other;
   if (typeid(other) == typeid(CSettings)) {
@@ -83,7 +84,7 @@ bool CSettings::AreSame(const SettingTable& table, const SettingTable& other, bo
 }
 
 Ref<IAttribute> CSettings::Add(const String& AttributeName, const String& AttributeValue) try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   auto setting = New<CSetting>();
   HuntERR::Check(bool(setting), ErrorNumber::CannotCreate, u"Cannot create a new attribute.");
   setting->Initialize(AttributeName, AttributeValue);
@@ -108,7 +109,7 @@ void CSettings::Remove(const String& AttributeName) try {
 }
 
 String CSettings::Value(StringView Name) const {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   const PackedText* value = Find(Name);
   if (value == nullptr) {
     HuntERR::Raise(ErrorNumber::BadIndex, ClassName(),
@@ -118,7 +119,7 @@ String CSettings::Value(StringView Name) const {
 }
 
 void CSettings::Value(StringView Name, StringView Value) try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  CheckAccessible(m_initialized);
   const std::size_t at = m_table.Find(Name);
   if (at == m_table.Count()) {
     RecordMissing(Name);

@@ -5,6 +5,7 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
 #include "framework/objects/IPublisher.h"
+#include "framework/shared/Guards.h"
 #include "framework/shared/ICommand.h"
 #include "instructions/builders/CCommCmdBuilder.h"
 #include "instructions/builders/CConfigCmdBuilder.h"
@@ -41,7 +42,7 @@ String CInstHandler::Prefix() const {
 }
 
 std::int32_t CInstHandler::Send(const Ref<CInstContainer>& Instruction) try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   HuntERR::Check(!Instruction->FunctionName().empty(), ErrorNumber::MissingFunction,
                  u"Syntax error: Function call is missing from instruction.");
   if (!EqualNoCase(Instruction->CmdType(), m_prefix)) return NotHandled;

@@ -2,6 +2,7 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
+#include "framework/shared/Guards.h"
 
 namespace portico {
 namespace {
@@ -20,7 +21,7 @@ void NoteLength(IDataEntity& entity, const TextFragment& fragment) {
 } // namespace
 
 void CRTFEncoder::Check(const Ref<IDataEntity>& DataEntity) const {
-  HuntERR::Check(IsInitialized(), ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(IsInitialized());
   HuntERR::Check(bool(DataEntity), ErrorNumber::InvalidArgument, u"Data entity cannot be nothing.");
 }
 

@@ -4,6 +4,7 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
+#include "framework/shared/Guards.h"
 #include "platform/IScratchArea.h"
 
 #include <algorithm>
@@ -60,7 +61,7 @@ void RTFEncoderBase::Initialize(const Ref<IRichTextBox>& Display) try {
 }
 
 Ref<IDataEntity> RTFEncoderBase::Decode(const String& RTFText) const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   HuntERR::Check(!RTFText.empty(), ErrorNumber::InvalidArgument, u"RTF string cannot be empty.");
   ResetScratchArea();
   m_scratch->TextRTF(RTFText);

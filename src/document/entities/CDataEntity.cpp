@@ -5,6 +5,7 @@
 #include "document/entities/ITimeStamp.h"
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
+#include "framework/shared/Guards.h"
 
 #include <limits>
 #include <typeinfo>
@@ -33,7 +34,7 @@ void CDataEntity::Initialize(const ByteArray& data, StringView DataType, StringV
 }
 
 String CDataEntity::DataAttributeValue(const String& Name) const try {
-  HuntERR::Check(IsInitialized(), ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(IsInitialized());
   return Settings().Value(Name);
 } catch (...) {
   PassOn(u"CDataEntity.DataAttributeValue(Name)", {Name});
@@ -209,9 +210,7 @@ void CDataEntity::AttributesChanged() const noexcept {
   for (EntitySlot* slot = m_slots; slot != nullptr; slot = slot->NextOfEntity) slot->Holder().AttributesChanged(*slot);
 }
 
-void CDataEntity::CheckAccess() const {
-  HuntERR::Check(IsInitialized(), ErrorNumber::NotInitialized, PropertyBeforeInitialize);
-}
+void CDataEntity::CheckAccess() const { CheckAccessible(IsInitialized()); }
 
 namespace {
 

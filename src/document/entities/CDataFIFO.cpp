@@ -4,6 +4,7 @@
 #include "document/entities/EntitySequence.h"
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
+#include "framework/shared/Guards.h"
 
 namespace portico {
 namespace {
@@ -113,7 +114,7 @@ std::int32_t CDataFIFO::IIteratableObject_Count() const try { return Count(); } 
 }
 
 std::int32_t CDataFIFO::ComparePositions(const Ref<IPosition>& Position1, const Ref<IPosition>& Position2) const try {
-  HuntERR::Check(bool(m_entities), ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(bool(m_entities));
   HuntERR::Check(bool(Position1), ErrorNumber::InvalidArgument, u"Position1 cannot be nothing.");
   HuntERR::Check(bool(Position2), ErrorNumber::InvalidArgument, u"Position2 cannot be nothing.");
   const Ref<IDataEntity>& entity1 = EntityOf(Position1);
@@ -179,9 +180,7 @@ Ref<IPosition> CDataFIFO::EndOfObject() const try { return CreatePosition(); } c
   PassOn(u"CDataFIFO.IIteratableObject_EndOfObject()");
 }
 
-void CDataFIFO::CheckAccess() const {
-  HuntERR::Check(bool(m_entities), ErrorNumber::NotInitialized, PropertyBeforeInitialize);
-}
+void CDataFIFO::CheckAccess() const { CheckAccessible(bool(m_entities)); }
 
 void CDataFIFO::EnforceMaximumCount() {
   if (m_maximumCount == 0) return;

@@ -2,6 +2,7 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
+#include "framework/shared/Guards.h"
 
 namespace portico {
 
@@ -24,28 +25,28 @@ void CDataPosition::Initialize(const Ref<IDataEntity>& DataEntity, std::optional
 }
 
 std::int32_t CDataPosition::DataOffset() const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  CheckAccessible(m_initialized);
   return m_offset;
 } catch (...) {
   PassOn(u"CDataPosition.DataOffset");
 }
 
 const Ref<IDataEntity>& CDataPosition::DataEntity() const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  CheckAccessible(m_initialized);
   return m_entity;
 } catch (...) {
   PassOn(u"CDataPosition.DataEntity");
 }
 
 bool CDataPosition::IsLast() const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   return !m_entity;
 } catch (...) {
   PassOn(u"CDataPosition.IsLast()");
 }
 
 bool CDataPosition::IsSame(const Ref<CDataPosition>& Position) const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   HuntERR::Check(bool(Position), ErrorNumber::InvalidArgument, u"Position cannot be nothing.");
   if (IsLast() && Position->IsLast()) return true;
   // The argument's entity is asked, and may be nothing: a selection asks its end, which is never in front of its start.
@@ -55,7 +56,7 @@ bool CDataPosition::IsSame(const Ref<CDataPosition>& Position) const try {
 }
 
 String CDataPosition::ID() const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   return m_entity->TimeStamp();
 } catch (...) {
   PassOn(u"CDataPosition.IPosition_ID");

@@ -2,6 +2,7 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
+#include "framework/shared/Guards.h"
 
 namespace portico {
 
@@ -16,21 +17,21 @@ void CDataSelection::Initialize(const Ref<CDataPosition>& Start, const Ref<CData
 }
 
 Ref<CDataPosition> CDataSelection::StartingPosition() const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  CheckAccessible(m_initialized);
   return m_start;
 } catch (...) {
   PassOn(u"CDataSelection.StartingPosition");
 }
 
 Ref<CDataPosition> CDataSelection::EndingPosition() const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  CheckAccessible(m_initialized);
   return m_end;
 } catch (...) {
   PassOn(u"CDataSelection.EndingPosition");
 }
 
 bool CDataSelection::IsEmpty() const try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   return m_end->IsSame(m_start);
 } catch (...) {
   PassOn(u"CDataSelection.IsEmpty()");

@@ -2,6 +2,7 @@
 
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
+#include "framework/shared/Guards.h"
 
 namespace portico {
 namespace {
@@ -26,7 +27,7 @@ void CSelectionIterator::Initialize(const String& Specification) try {
 }
 
 void CSelectionIterator::Attach(const Ref<IIteratableObject>& Object) try {
-  HuntERR::Check(m_state != State::NotInitialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  CheckAccessible(m_state != State::NotInitialized);
   HuntERR::Check(bool(Object), ErrorNumber::InvalidArgument, u"Iteratable object cannot be nothing.");
   m_object = Object;
   switch (m_kind) {
@@ -59,7 +60,7 @@ Value CSelectionIterator::FirstItem() try {
 }
 
 Value CSelectionIterator::CurrentItem() const try {
-  HuntERR::Check(m_state != State::NotInitialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  CheckAccessible(m_state != State::NotInitialized);
   HuntERR::Check(bool(m_object), ErrorNumber::ObjectRequired, u"No iteratable object has been attached.");
   HuntERR::Check(bool(m_current), ErrorNumber::ObjectRequired, u"There is no current position.");
   return IsDone() ? Value(Ref<IDataEntity>()) : m_object->Item(m_current);
@@ -68,7 +69,7 @@ Value CSelectionIterator::CurrentItem() const try {
 }
 
 bool CSelectionIterator::IsDone() const try {
-  HuntERR::Check(m_state != State::NotInitialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  CheckAccessible(m_state != State::NotInitialized);
   return m_state == State::Done;
 } catch (...) {
   PassOn(u"CSelectionIterator.IIterator_IsDone()");

@@ -8,6 +8,7 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/modGlobals.h"
+#include "framework/shared/Guards.h"
 
 #include <algorithm>
 #include <system_error>
@@ -164,7 +165,7 @@ Refusal CXMLDataStore::AppendDataEntity(const Ref<IDataEntity>& DataEntity) {
   return Refusable(
       {ClassName(), u".AppendDataEntity(DataEntity)"},
       [&] {
-        HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+        CheckAccessible(m_initialized);
         HuntERR::Check(m_inSession, ErrorNumber::CannotCarryOut, u"No session is currently open.");
         Refusal refusal = AppendEntityElement(DataEntity);
         if (!refusal) Save();
@@ -293,7 +294,7 @@ private:
 };
 
 Ref<CDataFIFO> CXMLDataStore::FillDataFIFOFromStore() try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+  CheckAccessible(m_initialized);
   m_inSession = false;
   auto fifo = New<CDataFIFO>();
   fifo->Initialize(0);

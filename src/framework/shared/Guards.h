@@ -14,6 +14,11 @@ inline void CheckInitialized(bool initialized) {
   HuntERR::Check(initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
 }
 
+/// A property that is read or written before its object's `Initialize` raises `NotInitialized`, in its own words.
+inline void CheckAccessible(bool initialized) {
+  HuntERR::Check(initialized, ErrorNumber::NotInitialized, PropertyBeforeInitialize);
+}
+
 /// No factory raises `ObjectRequired`, or another number.
 inline void CheckFactory(std::int32_t number = ErrorNumber::ObjectRequired) {
   HuntERR::Check(bool(gObjectFactory), number, u"This operation requires an object factory.");

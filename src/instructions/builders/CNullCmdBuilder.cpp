@@ -1,12 +1,12 @@
 #include "instructions/builders/CNullCmdBuilder.h"
 
-#include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
+#include "framework/shared/Guards.h"
 
 namespace portico {
 
 Ref<ICommand> CNullCmdBuilder::Build(const Ref<ICommand>& InnerCommand, const Ref<CInstContainer>& Instruction) try {
-  HuntERR::Check(m_initialized, ErrorNumber::NotInitialized, MethodBeforeInitialize);
+  CheckInitialized(m_initialized);
   return InnerCommand;
 } catch (...) {
   PassOn(u"CNullCmdBuilder.IBuilder_Build(InnerCommand,Instruction)", {InnerCommand, Instruction});

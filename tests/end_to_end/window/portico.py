@@ -87,6 +87,7 @@ class Portico:
         self.process = desktop.start(PORTICO, *arguments, stderr=subprocess.PIPE)
         self.application = wait_for(self._find_application, "Portico among the accessible programs")
         self.application.set_cache_mask(Atspi.Cache.NONE)
+        self._awaited = None  # the window that came last, until the mouse goes elsewhere
         self.main = self.window("Tolvane Portico")
 
     def _find_application(self):
@@ -117,7 +118,8 @@ class Portico:
                 return None
             return None
 
-        return wait_for(look, f"the window {title!r}")
+        self._awaited = wait_for(look, f"the window {title!r}")
+        return self._awaited
 
     def wait_until_closed(self, title):
         def closed():
@@ -188,6 +190,7 @@ class Portico:
                 if window.role in ("alert", "dialog") and window.showing:
                     for node in window.descendants():
                         if node.role == "label" and node.name.startswith(beginning):
+                            self._awaited = window
                             return node.name
             return None
 
@@ -206,6 +209,7 @@ class Portico:
     def click(self, node, button=1):
         self.wait(lambda: node.showing and node.enabled, f"{node.role} {node.name!r} to be ready")
         x, y = node.middle()
+        self._awaited = None
         self.desktop.xdotool("mousemove", x, y, "click", button)
 
     def choose(self, title, *captions):
@@ -231,15 +235,19 @@ class Portico:
         return self.desktop.xdotool("search", "--onlyvisible", "--pid", self.process.pid, ".").split()
 
     def key(self, *keys):
-        wait_for(self._is_active, "a window to have the keyboard")
+        wait_for(self._has_keyboard, "a window to have the keyboard")
         self.desktop.xdotool("key", *keys)
 
-    def _is_active(self):
-        """A window is on the screen before the window manager lets keys reach it."""
+    def _has_keyboard(self):
+        """A window is on the screen before keys reach it: the window manager and the program have yet to agree on it."""
         try:
-            return any(window.has(Atspi.StateType.ACTIVE) for window in self._windows())
-        except GLib.Error:
+            if self._awaited and self._awaited.showing and not self._awaited.has(Atspi.StateType.ACTIVE):
+                return False
+            active = [window.name for window in self._windows() if window.has(Atspi.StateType.ACTIVE)]
+            title = self.desktop.xdotool("getactivewindow", "getwindowname")
+        except (GLib.Error, subprocess.CalledProcessError):
             return False
+        return any(name in title for name in active)
 
     def type(self, text):
         self.desktop.xdotool("type", "--delay", 1, text)

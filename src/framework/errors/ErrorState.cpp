@@ -11,7 +11,7 @@ ErrorState& KnownErrors() {
 
 ErrorState& SettledErrors() {
   ErrorState& state = KnownErrors();
-  if (state.Pending) std::exchange(state.Pending, {}).Record();
+  if (const auto pending = std::exchange(state.Pending, nullptr)) pending->Record();
   return state;
 }
 

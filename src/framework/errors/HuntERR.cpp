@@ -6,6 +6,7 @@
 #include "framework/errors/Quit.h"
 
 #include <cstdlib>
+#include <memory>
 #include <new>
 #include <stdexcept>
 #include <typeinfo>
@@ -15,6 +16,28 @@ namespace HuntERR {
 namespace {
 
 constexpr StringView ReportSource = u"HuntERR.ErrorIn";
+
+/// A standard error that was met and stopped in one procedure, of one text as its parameter. These are many: the memory
+/// of the one before serves.
+class StandardPending final : public PendingError {
+public:
+  void Become(std::int32_t number, StringView label, StringView text) {
+    m_number = number;
+    m_label = label;
+    m_text = text;
+    m_time = Environment().LocalTime();
+  }
+  void Record() const override {
+    Load(Error(StandardError(m_number)));
+    ErrorIn(m_label, {m_text}, StopFlags, m_time);
+  }
+
+private:
+  std::int32_t m_number = 0;
+  StringView m_label;
+  String m_text;
+  std::tm m_time{};
+};
 
 } // namespace
 
@@ -30,7 +53,7 @@ void FailCheck(std::int32_t ErrNum, StringView Message, const Params& Values, St
   collected += message;
 }
 
-LazyText PassTail(const ErrorReport::Passage& passage, unsigned Flags) {
+LazyText ErrorIn(StringView MethodName, const Params& Values, unsigned Flags, const std::optional<std::tm>& When) {
   ErrorState& state = SettledErrors();
   if (state.Current.Number == 0 && !state.Preserved) {
     state.Current.Number = ErrorNumber::ERRMAP_APP_FIRST;
@@ -43,7 +66,7 @@ LazyText PassTail(const ErrorReport::Passage& passage, unsigned Flags) {
     state.HasReport = false;
   } else if ((Flags & AddToReport) != 0) {
     const bool passedBefore = state.Saved.Source == ReportSource;
-    state.Report = ErrorReport::Compose(state.Saved, passedBefore, passage, state.Collected);
+    state.Report = ErrorReport::Compose(state.Saved, passedBefore, {MethodName, Values, When}, state.Collected);
     state.HasReport = true;
     state.Saved.Source = ReportSource;
     state.Saved.Description = state.Report;
@@ -58,10 +81,6 @@ LazyText PassTail(const ErrorReport::Passage& passage, unsigned Flags) {
     Raise(std::move(passed));
   }
   return state.Report;
-}
-
-LazyText ErrorIn(StringView MethodName, const Params& Values, unsigned Flags) {
-  return PassTail({MethodName, Values, {}}, Flags);
 }
 
 void ErrPreserve() {
@@ -99,7 +118,9 @@ void Reset() { KnownErrors() = ErrorState{}; }
 
 void RecordStandard(std::int32_t Number, StringView Label, StringView Value) {
   if (!KnownErrors().Collected.empty()) SettledErrors();
-  KnownErrors().Pending.BecomeStandard(Number, Label, Value);
+  std::unique_ptr<PendingError>& pending = KnownErrors().Pending;
+  if (!pending || typeid(*pending) != typeid(StandardPending)) pending = std::make_unique<StandardPending>();
+  static_cast<StandardPending&>(*pending).Become(Number, Label, Value);
 }
 
 } // namespace HuntERR

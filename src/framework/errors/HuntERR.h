@@ -7,7 +7,9 @@
 
 #include <concepts>
 #include <cstddef>
+#include <ctime>
 #include <initializer_list>
+#include <optional>
 
 namespace portico {
 
@@ -53,8 +55,9 @@ void Check(bool Condition, std::int32_t ErrNum, Composer&& Message) {
 }
 
 /// The tail. `MethodName` is a label of the form Class.Method(Param1,Param2), `Values` the values of those parameters.
-/// Returns the report; with `RaiseAgain` in the flags it does not return.
-LazyText ErrorIn(StringView MethodName, const Params& Values, unsigned Flags);
+/// Returns the report; with `RaiseAgain` in the flags it does not return. `When` is the time of an error that passed
+/// there a while ago.
+LazyText ErrorIn(StringView MethodName, const Params& Values, unsigned Flags, const std::optional<std::tm>& When = {});
 
 /// Copies the current error to the saved fields, unless a copy is held or the current number is 0.
 void ErrPreserve();

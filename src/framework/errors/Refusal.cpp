@@ -8,17 +8,17 @@
 
 namespace portico {
 
-struct Refusal::Content {
+struct Refusal::Content final : HuntERR::PendingError {
   struct Line {
     Procedure Passed;
     std::size_t ValueCount = 0;
   };
 
+  void Record() const override;
+
   std::int32_t Number = 0;
   std::tm Time{};
-  StringView StandardLabel; // empty if it is not standard
-  String StandardText;
-  StringView Message; // of any other, as the rest is
+  StringView Message;
   std::vector<Line> Lines;
   Params Values; // of all lines
 };
@@ -28,27 +28,13 @@ Refusal::Refusal(Refusal&&) noexcept = default;
 Refusal& Refusal::operator=(Refusal&&) noexcept = default;
 Refusal::~Refusal() = default;
 
-Refusal::Refusal(std::int32_t Number, StringView Message) {
+Refusal::Refusal(std::int32_t Number, StringView Message) : m_content(std::make_unique<Content>()) {
   constexpr std::size_t usualLines = 6;
-  Content& content = Renewed();
-  content.Number = Number;
-  content.Message = Message;
-  content.Lines.reserve(usualLines);
-  content.Values.reserve(usualLines);
-}
-
-Refusal::Content& Refusal::Renewed() {
-  if (!m_content || !m_content->Lines.empty()) m_content = std::make_unique<Content>();
+  m_content->Number = Number;
   m_content->Time = HuntERR::Environment().LocalTime();
-  return *m_content;
-}
-
-/// These are many: the memory of the one before serves.
-void Refusal::BecomeStandard(std::int32_t Number, StringView Label, StringView Text) {
-  Content& content = Renewed();
-  content.Number = Number;
-  content.StandardLabel = Label;
-  content.StandardText = Text;
+  m_content->Message = Message;
+  m_content->Lines.reserve(usualLines);
+  m_content->Values.reserve(usualLines);
 }
 
 void Refusal::Pass(const Procedure& procedure, std::initializer_list<Value> values) {
@@ -60,30 +46,24 @@ void Refusal::Pass(const Procedure& procedure, std::initializer_list<Value> valu
 void Refusal::StopHere(const Procedure& procedure, std::initializer_list<Value> values) && {
   Pass(procedure, values);
   if (!HuntERR::KnownErrors().Collected.empty()) HuntERR::SettledErrors();
-  HuntERR::KnownErrors().Pending = std::move(*this);
+  HuntERR::KnownErrors().Pending = std::move(m_content);
 }
 
 void Refusal::Raise() const {
-  Record();
+  m_content->Record();
   HuntERR::Raise(HuntERR::Err());
 }
 
-void Refusal::Record() const {
-  const auto& [number, time, standardLabel, standardText, message, lines, values] = *m_content;
-  if (!standardLabel.empty()) {
-    HuntERR::Load(Error(HuntERR::StandardError(number)));
-    HuntERR::PassTail({standardLabel, {standardText}, time}, HuntERR::StopFlags);
-    return;
-  }
+void Refusal::Content::Record() const {
   ErrorRecord record;
-  record.Number = number;
+  record.Number = Number;
   record.Source = u"HuntERR.Check";
-  record.Description = String(message);
+  record.Description = String(Message);
   HuntERR::Load(Error(std::move(record)));
-  auto value = values.begin();
-  for (const auto& [passed, count] : lines) {
+  auto value = Values.begin();
+  for (const auto& [passed, count] : Lines) {
     const auto next = value + static_cast<std::ptrdiff_t>(count);
-    HuntERR::PassTail({passed.Name(), Params(value, next), time}, HuntERR::StopFlags);
+    HuntERR::ErrorIn(passed.Name(), Params(value, next), HuntERR::StopFlags, Time);
     value = next;
   }
 }

@@ -39,14 +39,8 @@ public:
   /// For a caller that expects to be thrown at.
   [[noreturn]] void Raise() const;
 
-  /// In the place of this one a standard error that is met and stopped in one procedure, of one text as its parameter.
-  void BecomeStandard(std::int32_t Number, StringView Label, StringView Text);
-  /// Puts it on record.
-  void Record() const;
-
 private:
   struct Content;
-  Content& Renewed();
 
   std::unique_ptr<Content> m_content;
 };

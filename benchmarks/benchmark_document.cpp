@@ -1,5 +1,6 @@
 // What a long conversation costs: times at a thousand and at a million entities, and the memory of one.
 
+#include "benchmarks/Part.h"
 #include "document/entities/CDataEntity.h"
 #include "document/entities/CDataFIFO.h"
 #include "document/entities/CSelectionIterator.h"
@@ -46,7 +47,7 @@ namespace portico {
 namespace {
 
 constexpr std::size_t Small = 1000;
-constexpr std::size_t Large = 1000000;
+constexpr std::size_t Large = Part<std::size_t>(1'000'000);
 constexpr std::size_t Batch = 1000;
 
 Ref<IDataEntity> MakeEntity() {
@@ -257,11 +258,11 @@ void Run() {
     double large = 0;
     {
       Document document(Small);
-      small = Median(row.Work, document, 301);
+      small = Median(row.Work, document, Part(301));
     }
     {
       Document document(Large);
-      large = Median(row.Work, document, row.LargeRounds);
+      large = Median(row.Work, document, Part(row.LargeRounds));
     }
     std::printf("%-38s %10.0f %10.0f %7.2f %9.1f\n", row.Name, small, large, large / small, row.Allowed);
   }

@@ -1,6 +1,7 @@
 // What a long log costs: an append at the thousandth and at the millionth entity, and reading a million of them against
 // a bare parse of the same file.
 
+#include "benchmarks/Part.h"
 #include "document/entities/CDataEntity.h"
 #include "document/log/CMockTimeStampServer.h"
 #include "document/log/CXMLDataStore.h"
@@ -21,9 +22,9 @@ namespace portico {
 namespace {
 
 constexpr std::size_t Small = 1000;
-constexpr std::size_t Large = 1000000;
+constexpr std::size_t Large = Part<std::size_t>(1'000'000);
 constexpr std::size_t Batch = 1000;
-constexpr int Rounds = 5;
+constexpr int Rounds = Part(5);
 
 /// Makes entities; nothing else is asked for here.
 class EntityFactory final : public IObjectFactory {

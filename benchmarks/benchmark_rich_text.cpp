@@ -1,6 +1,7 @@
 // The rich text box in memory, with few lines and with many: what a step of a run costs. The two boxes take turns, and
 // medians are compared.
 
+#include "benchmarks/Part.h"
 #include "memory/RichTextBox.h"
 #include "richtext/RtfReader.h"
 
@@ -18,10 +19,10 @@ using portico::SelectionFormat;
 using portico::String;
 using portico::memory::RichTextBox;
 
-constexpr int Rounds = 41;
+constexpr int Rounds = portico::Part(41);
 constexpr int StepsPerRound = 500;
 constexpr int Few = 1'000;
-constexpr int Many = 100'000;
+constexpr int Many = portico::Part(100'000);
 
 const String Line = u":MEAS:VOLT:DC? 10,0.001,(@101)";
 const String Fragment = u"{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1 " + Line + u"\r\n\\par }\r\n";

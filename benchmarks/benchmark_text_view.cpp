@@ -1,6 +1,7 @@
 // The window's text boxes, with few lines and with many: what a line of a run costs, and how long the longest event
 // takes. Both windows take turns, and medians are compared.
 
+#include "benchmarks/Part.h"
 #include "qt/text/RichTextBox.h"
 
 #include <QApplication>
@@ -17,10 +18,10 @@ namespace {
 
 using namespace portico;
 
-constexpr int Rounds = 21;
+constexpr int Rounds = Part(21);
 constexpr int StepsPerRound = 500;
 constexpr int Few = 1'000;
-constexpr int Many = 100'000;
+constexpr int Many = Part(100'000);
 constexpr std::int32_t White = 0xFFFFFF;
 
 const String Line = u":MEAS:VOLT:DC? 10,0.001,(@101)";
@@ -147,7 +148,7 @@ void TimeLongLine() {
   Window window(Few);
   qt::TextView& view = *window.future.Widget();
   String line;
-  for (int i = 0; line.size() < 1'000'000; ++i) line += u"+1.23456789E-03,";
+  for (int i = 0; line.size() < Part<std::size_t>(1'000'000); ++i) line += u"+1.23456789E-03,";
   PrintEvent("a megabyte in one line is put in", [&] {
     window.future.Text(line + u"\r\nrest");
     window.future.Show();

@@ -3,6 +3,8 @@
 // medians are compared.
 //   benchmark_whole_process [QUERIES [ROUNDS]]
 
+#include "benchmarks/Part.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -225,8 +227,8 @@ int Argument(int argc, char** argv, int index, int otherwise) {
 } // namespace
 
 int main(int argc, char** argv) try {
-  const int queries = Argument(argc, argv, 1, 20'000);
-  const int rounds = Argument(argc, argv, 2, 9);
+  const int queries = Argument(argc, argv, 1, portico::Part(20'000));
+  const int rounds = Argument(argc, argv, 2, portico::Part(9));
   cpu_set_t one;
   CPU_ZERO(&one);
   CPU_SET(0, &one);

@@ -3,6 +3,7 @@
 
 #include "application/HostEnvironment.h"
 #include "application/Startup.h"
+#include "benchmarks/Part.h"
 #include "document/entities/IDataStore.h"
 #include "drivers/DriverRegistry.h"
 #include "drivers/StandardDriver.h"
@@ -41,8 +42,8 @@ using namespace portico;
 using namespace portico::drivers;
 using Clock = std::chrono::steady_clock;
 
-constexpr int Queries = 10'000;
-constexpr int Rounds = 5;
+constexpr int Queries = Part(10'000);
+constexpr int Rounds = Part(5);
 constexpr char Name[] = "SIM::dmm::INSTR";
 
 double Seconds(Clock::time_point since) { return std::chrono::duration<double>(Clock::now() - since).count(); }
@@ -131,15 +132,15 @@ double Idle(qt::EventLoop& loop, double seconds) {
 }
 
 void MeasureIdle(frmMain& window, qt::EventLoop& loop) {
-  std::printf("idle: %.2f %% of a core\n", Idle(loop, 5) * 100);
+  std::printf("idle: %.2f %% of a core\n", Idle(loop, Part(5.0)) * 100);
   FindControl<IMenuItem>(window.Form(), u"mnuPopupCMDStep").Click()();
   loop.DoEvents();
-  std::printf("idle after a run from the popup menu: %.2f %% of a core\n", Idle(loop, 5) * 100);
+  std::printf("idle after a run from the popup menu: %.2f %% of a core\n", Idle(loop, Part(5.0)) * 100);
 }
 
 void MeasureIntervalWait(frmMain& window) {
   gConfiguration->ItemValue(u"SCPIProtocolIntervalPacing", u"On");
-  gConfiguration->ItemValue(u"SCPIProtocolPacingInterval", u"5000");
+  gConfiguration->ItemValue(u"SCPIProtocolPacingInterval", ToText(std::int64_t{Part(5000)}));
   gConfiguration->ItemValue(u"ProtocolName", u"SCPI");
   window.txtFuture()->Text(Lines(2)); // the second waits for the first one's interval
   const auto start = Clock::now();

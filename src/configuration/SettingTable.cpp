@@ -9,25 +9,25 @@
 namespace portico {
 
 /// Whatever is not as it is with nearly all settings.
-struct SettingTable::Exceptions final : SharedKeys::Apart, ISettingOwner {
-  struct Exception {
+struct SettingTable::Deviations final : SharedKeys::Apart, ISettingOwner {
+  struct Deviation {
     std::optional<PackedText> Name; // if it is not the key
     CSetting* Object = nullptr;     // which is not owned
   };
 
-  Exceptions(SettingTable& table, Listener changed)
+  Deviations(SettingTable& table, Listener changed)
       : Table(table), Changed(std::move(changed)), OfEach(table.Count()) {}
-  ~Exceptions() override {
-    for (const Exception& exception : OfEach) Release(exception);
+  ~Deviations() override {
+    for (const Deviation& deviation : OfEach) Release(deviation);
   }
 
-  static void Release(const Exception& exception) noexcept {
-    if (exception.Object != nullptr) exception.Object->m_owner = nullptr;
+  static void Release(const Deviation& deviation) noexcept {
+    if (deviation.Object != nullptr) deviation.Object->m_owner = nullptr;
   }
 
   std::size_t PlaceOf(const CSetting& setting) const {
     const auto found = std::find_if(OfEach.begin(), OfEach.end(),
-                                    [&setting](const Exception& exception) { return exception.Object == &setting; });
+                                    [&setting](const Deviation& deviation) { return deviation.Object == &setting; });
     return static_cast<std::size_t>(found - OfEach.begin());
   }
 
@@ -50,7 +50,7 @@ struct SettingTable::Exceptions final : SharedKeys::Apart, ISettingOwner {
 
   SettingTable& Table;
   Listener Changed;
-  std::vector<Exception> OfEach;
+  std::vector<Deviation> OfEach;
   std::weak_ptr<void> View;
 };
 
@@ -84,12 +84,12 @@ void SettingTable::Create() {
 }
 
 const PackedText& SettingTable::Name(std::size_t at) const {
-  const Exceptions* apart = Apart();
+  const Deviations* apart = Apart();
   return apart != nullptr && apart->OfEach[at].Name ? *apart->OfEach[at].Name : Key(at);
 }
 
 CSetting* SettingTable::Object(std::size_t at) const {
-  const Exceptions* apart = Apart();
+  const Deviations* apart = Apart();
   return apart == nullptr ? nullptr : apart->OfEach[at].Object;
 }
 
@@ -108,7 +108,7 @@ void SettingTable::Add(StringView key, StringView value) {
   PackedText kept = Shared(value);
   BlockPointer longer;
   if (RoomFor(count + 1) > room) longer = NewBlock(RoomFor(count + 1) * (washed ? 2 : 1));
-  if (Exceptions* apart = Apart()) apart->OfEach.resize(count + 1);
+  if (Deviations* apart = Apart()) apart->OfEach.resize(count + 1);
   m_block->Keys.Add(key);
   if (longer) {
     std::move(m_block->Values(), m_block->Values() + count, longer->Values());
@@ -132,10 +132,10 @@ void SettingTable::Remove(std::size_t at) {
   BlockPointer shorter = NewBlock(RoomFor(count - 1) * 2);
   SharedKeys keys = m_block->Keys;
   keys.Remove(at);
-  if (Exceptions* apart = Apart()) {
-    const auto exception = apart->OfEach.begin() + static_cast<std::ptrdiff_t>(at);
-    Exceptions::Release(*exception);
-    apart->OfEach.erase(exception);
+  if (Deviations* apart = Apart()) {
+    const auto deviation = apart->OfEach.begin() + static_cast<std::ptrdiff_t>(at);
+    Deviations::Release(*deviation);
+    apart->OfEach.erase(deviation);
   }
   const auto move = [at, count](PackedText* from, PackedText* to) {
     std::move(from + at + 1, from + count, std::move(from, from + at, to));
@@ -172,13 +172,13 @@ void SettingTable::Wash(std::size_t at, PackedText washed) {
 }
 
 void SettingTable::Show(std::size_t at, CSetting& object, const Listener& listener) {
-  Exceptions& apart = MakeApart(listener);
+  Deviations& apart = MakeApart(listener);
   apart.OfEach[at].Object = &object;
   object.m_owner = &apart;
 }
 
 std::shared_ptr<void> SettingTable::View() const {
-  const Exceptions* apart = Apart();
+  const Deviations* apart = Apart();
   return apart == nullptr ? nullptr : apart->View.lock();
 }
 
@@ -186,20 +186,20 @@ void SettingTable::SetView(const std::shared_ptr<void>& view, const Listener& li
   MakeApart(listener).View = view;
 }
 
-SettingTable::Exceptions* SettingTable::Apart() const { return static_cast<Exceptions*>(m_block->Keys.WhatIsApart()); }
+SettingTable::Deviations* SettingTable::Apart() const { return static_cast<Deviations*>(m_block->Keys.WhatIsApart()); }
 
-SettingTable::Exceptions& SettingTable::MakeApart(const Listener& listener) {
-  if (Apart() == nullptr) m_block->Keys.SetApart(std::make_unique<Exceptions>(*this, listener));
+SettingTable::Deviations& SettingTable::MakeApart(const Listener& listener) {
+  if (Apart() == nullptr) m_block->Keys.SetApart(std::make_unique<Deviations>(*this, listener));
   return *Apart();
 }
 
 /// Where nothing is out of the ordinary any more, the keys are shared again. Out of memory they are not.
 void SettingTable::DropEmpty() noexcept try {
-  const Exceptions* apart = Apart();
+  const Deviations* apart = Apart();
   if (apart == nullptr || !apart->View.expired()) return;
   const bool empty =
-      std::all_of(apart->OfEach.begin(), apart->OfEach.end(), [](const Exceptions::Exception& exception) {
-        return !exception.Name && exception.Object == nullptr;
+      std::all_of(apart->OfEach.begin(), apart->OfEach.end(), [](const Deviations::Deviation& deviation) {
+        return !deviation.Name && deviation.Object == nullptr;
       });
   if (empty) m_block->Keys.Rejoin();
 } catch (const std::bad_alloc&) {

@@ -59,7 +59,7 @@ public:
   void ForgetView() noexcept { DropEmpty(); }
 
 private:
-  struct Exceptions;
+  struct Deviations;
 
   /// What the values stand behind, with room for an even number of them; behind it as much room for the washed ones, if
   /// they are kept.
@@ -78,8 +78,8 @@ private:
   static void Destroy(Block& block, std::size_t texts) noexcept;
   std::size_t Texts() const { return RoomFor(Count()) * (m_block->Keys.KeepWashed() ? 2 : 1); }
   void Free() noexcept;
-  Exceptions* Apart() const;
-  Exceptions& MakeApart(const Listener& listener);
+  Deviations* Apart() const;
+  Deviations& MakeApart(const Listener& listener);
   void DropEmpty() noexcept;
   void LetKeepWashed();
   void Wash(std::size_t at, PackedText washed);

@@ -5,6 +5,8 @@
 
 namespace portico {
 
+// NOLINTBEGIN(clang-analyzer-cplusplus.NewDelete): the analyzer loses count of the owners.
+
 struct SharedKeys::List {
   std::uint32_t Owners = 1;
   bool KeepWashed = false;
@@ -108,5 +110,7 @@ SharedKeys SharedKeys::SharedWithout(std::size_t at) const {
   if (KeepWashed() && keys.m_list != nullptr) keys.LetKeepWashed();
   return keys;
 }
+
+// NOLINTEND(clang-analyzer-cplusplus.NewDelete)
 
 } // namespace portico

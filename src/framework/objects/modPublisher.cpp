@@ -21,8 +21,9 @@ void Notify(CSubscribers& Subscribers, const Ref<IObject>& Subject) try {
 }
 
 void TryUpdate(const Ref<ISubscriber>& Subscriber, const Ref<IObject>& Subject) try {
-  if (Refusal refusal = Subscriber->Offer(Subject))
+  if (Refusal refusal = Subscriber->Offer(Subject)) {
     std::move(refusal).StopHere({{}, TryUpdateLabel}, {Subscriber, Subject});
+  }
 } catch (...) {
   StopHere(TryUpdateLabel, {Subscriber, Subject});
 }

@@ -25,6 +25,9 @@ public:
   template <class U>
   requires std::is_convertible_v<U*, T*> Ref(const Ref<U>& other)
       : m_object(other.Shared()) {} // NOLINT(google-explicit-constructor)
+  template <class U>
+  requires std::is_convertible_v<U*, T*> Ref(Ref<U>&& other)
+      : m_object(std::move(other).Shared()) {} // NOLINT(google-explicit-constructor)
 
   T* operator->() const {
     if (!m_object) RaiseUnsetReference();
@@ -35,7 +38,8 @@ public:
 
   /// The object, or a null pointer.
   T* Get() const { return m_object.get(); }
-  const std::shared_ptr<T>& Shared() const { return m_object; }
+  const std::shared_ptr<T>& Shared() const& { return m_object; }
+  std::shared_ptr<T> Shared() && { return std::move(m_object); }
 
 private:
   std::shared_ptr<T> m_object;
@@ -50,11 +54,11 @@ Ref<T> New(Args&&... args) {
 /// Another interface of the same object. An unset reference gives an unset one; an object that lacks the interface
 /// raises `TypeMismatch`.
 template <class To, class From>
-Ref<To> Cast(const Ref<From>& from) {
+Ref<To> Cast(Ref<From> from) {
   if (!from) return {};
   To* to = CastPointer<To>(from.Get());
   if (to == nullptr) RaiseTypeMismatch();
-  return Ref<To>(std::shared_ptr<To>(from.Shared(), to));
+  return Ref<To>(std::shared_ptr<To>(std::move(from).Shared(), to));
 }
 
 /// Identity is that of the `IObject`: two interfaces of one object are the same.

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -41,7 +42,7 @@ public:
     return value;
   }
   Value(const Params& array) : m_value(std::make_shared<const Params>(array)) {}
-  Value(const ByteArray& bytes) : m_value(std::make_shared<const ByteArray>(bytes)) {}
+  Value(ByteArray bytes) : m_value(std::make_shared<const ByteArray>(std::move(bytes))) {}
 
   bool IsEmpty() const { return std::holds_alternative<std::monostate>(m_value); }
   bool IsObject() const { return std::holds_alternative<Ref<IObject>>(m_value); }

@@ -4,6 +4,7 @@
 #include "framework/objects/modGlobals.h"
 
 #include <type_traits>
+#include <utility>
 
 namespace portico {
 
@@ -66,16 +67,14 @@ Ref<T> CreateByKey(const CreatorKey& Key, const Params& Parameters = {}) {
 
 /// The same for a class that is known by its key.
 template <class Interface, class... Parameters>
-Ref<Interface> Create(const ClassKey<Interface, Parameters...>& Key,
-                      const std::type_identity_t<Parameters>&... Arguments) {
-  return CreateByKey<Interface>(Key, modGlobals::VarArray(Arguments...));
+Ref<Interface> Create(const ClassKey<Interface, Parameters...>& Key, std::type_identity_t<Parameters>... Arguments) {
+  return CreateByKey<Interface>(Key, modGlobals::VarArray(std::move(Arguments)...));
 }
 
 /// The same for a caller that needs another interface of the product.
 template <class Other, class Interface, class... Parameters>
-Ref<Other> CreateAs(const ClassKey<Interface, Parameters...>& Key,
-                    const std::type_identity_t<Parameters>&... Arguments) {
-  return CreateByKey<Other>(Key, modGlobals::VarArray(Arguments...));
+Ref<Other> CreateAs(const ClassKey<Interface, Parameters...>& Key, std::type_identity_t<Parameters>... Arguments) {
+  return CreateByKey<Other>(Key, modGlobals::VarArray(std::move(Arguments)...));
 }
 
 } // namespace portico

@@ -3,6 +3,8 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/errors/Value.h"
 
+#include <utility>
+
 namespace portico {
 
 /// Whether an XML document can be made. Set by `DetectXMLParser`; decides which log store is used.
@@ -15,10 +17,10 @@ std::int32_t ParamArrayCount(const Params& ParameterArray);
 
 /// The arguments as an array with lower bound 0; without arguments an array of length 0.
 template <class... Args>
-Params VarArray(const Args&... Arguments) try {
+Params VarArray(Args&&... Arguments) try {
   Params array;
   array.reserve(sizeof...(Arguments));
-  (array.emplace_back(Arguments), ...);
+  (array.emplace_back(std::forward<Args>(Arguments)), ...);
   return array;
 } catch (...) {
   PassOn(u"modGlobals.VarArray(Params)");

@@ -128,21 +128,31 @@ std::optional<double> ReadNumber(StringView Text) {
   return number;
 }
 
+namespace {
+
+/// A unit with its lower byte first in memory, or the unit of such bytes.
+char16_t LittleEndian(char16_t unit) {
+  if constexpr (std::endian::native == std::endian::little) return unit;
+  return static_cast<char16_t>(unit << 8 | unit >> 8);
+}
+
+} // namespace
+
 ByteArray ToBytes(StringView Text) {
-  ByteArray bytes;
-  bytes.reserve(Text.size() * 2);
+  ByteArray bytes(Text.size() * sizeof(char16_t));
+  auto* to = bytes.data();
   for (const char16_t unit : Text) {
-    bytes.push_back(static_cast<std::uint8_t>(unit & 0xFF));
-    bytes.push_back(static_cast<std::uint8_t>(unit >> 8));
+    const char16_t stored = LittleEndian(unit);
+    std::memcpy(to, &stored, sizeof stored);
+    to += sizeof stored;
   }
   return bytes;
 }
 
 String FromBytes(const ByteArray& Bytes) {
-  String text(Bytes.size() / 2, u'\0');
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    text[i] = static_cast<char16_t>(Bytes[2 * i] | (Bytes[2 * i + 1] << 8));
-  }
+  String text(Bytes.size() / sizeof(char16_t), u'\0');
+  if (!text.empty()) std::memcpy(text.data(), Bytes.data(), text.size() * sizeof(char16_t));
+  std::transform(text.begin(), text.end(), text.begin(), LittleEndian);
   return text;
 }
 

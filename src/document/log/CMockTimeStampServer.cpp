@@ -17,7 +17,7 @@ void AppendPadded(String& text, std::int32_t number, std::ptrdiff_t width) {
   const auto end = digits.end();
   auto first = end;
   for (; number > 0 || end - first < width; number /= 10) *--first = static_cast<char16_t>(u'0' + number % 10);
-  text.append(first, end);
+  text.append(first, static_cast<std::size_t>(end - first));
 }
 
 bool IsSameSecond(const std::tm& a, const std::tm& b) {
@@ -36,8 +36,8 @@ String CMockTimeStampServer::TimeStamp() try {
   constexpr std::size_t usualLength = 34;
   String stamp;
   stamp.reserve(usualLength);
-  stamp.append(m_secondText).append(1, u'.');
-  stamp.append(SequenceText());
+  stamp.append(m_secondText).push_back(u'.');
+  SequenceText(stamp);
   return stamp.append(TimeZoneText());
 } catch (...) {
   PassOn(u"CMockTimeStampServer.ITimeStamp_TimeStamp");
@@ -56,11 +56,7 @@ String CMockTimeStampServer::CurrentSecondText(const std::tm& second) {
   return text;
 }
 
-String CMockTimeStampServer::SequenceText() const {
-  String text;
-  AppendPadded(text, m_sequence, 9);
-  return text;
-}
+void CMockTimeStampServer::SequenceText(String& stamp) const { AppendPadded(stamp, m_sequence, 9); }
 
 void CMockTimeStampServer::AdvanceSequence() {
   EnterCurrentSecond();

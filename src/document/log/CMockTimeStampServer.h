@@ -28,8 +28,8 @@ private:
 
   /// yyyy-mm-ddTHh:Nn:Ss.
   static String CurrentSecondText(const std::tm& second);
-  /// At least nine digits.
-  String SequenceText() const;
+  /// At least nine digits, behind what is there.
+  void SequenceText(String& stamp) const;
   static StringView TimeZoneText() { return u"-5:00"; }
   void AdvanceSequence();
   /// Without drawing a stamp.

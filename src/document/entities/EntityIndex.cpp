@@ -4,33 +4,51 @@
 
 namespace portico {
 
+namespace {
+
+/// Takes a stamp apart into its runs of digits and the rest.
+class StampHash {
+public:
+  void Add(char16_t unit) {
+    const std::uint32_t digit = static_cast<std::uint32_t>(unit) - u'0';
+    if (digit <= 9) {
+      m_run = m_run * 10 + digit;
+      ++m_runLength;
+    } else {
+      EndRun();
+      m_rest = m_rest * 31 + FoldCase(unit);
+    }
+  }
+  std::uint32_t End() {
+    constexpr std::uint32_t odd = 0x9E3779B1; // spreads neighbours far apart
+    EndRun();
+    return m_rest * odd + m_sequence;
+  }
+
+private:
+  void EndRun() {
+    constexpr std::size_t sequenceDigits = 6; // at least; other runs of digits are shorter
+    if (m_runLength >= sequenceDigits) {
+      m_sequence += m_run;
+    } else {
+      m_rest = m_rest * 31 + m_run;
+    }
+    m_run = 0;
+    m_runLength = 0;
+  }
+
+  std::uint32_t m_rest = 0;
+  std::uint32_t m_sequence = 0;
+  std::uint32_t m_run = 0;
+  std::size_t m_runLength = 0;
+};
+
+} // namespace
+
 std::uint32_t HashOfStamp(const PackedText& stamp) {
-  constexpr std::size_t sequenceDigits = 6; // at least; other runs of digits are shorter
-  constexpr std::uint32_t odd = 0x9E3779B1; // spreads neighbours far apart
-  std::uint32_t rest = 0;
-  std::uint32_t sequence = 0;
-  std::uint32_t run = 0;
-  std::size_t runLength = 0;
-  const auto endRun = [&] {
-    if (runLength >= sequenceDigits) {
-      sequence += run;
-    } else {
-      rest = rest * 31 + run;
-    }
-    run = 0;
-    runLength = 0;
-  };
-  stamp.ForEach([&](char16_t unit) {
-    if (unit >= u'0' && unit <= u'9') {
-      run = run * 10 + (unit - u'0');
-      ++runLength;
-    } else {
-      endRun();
-      rest = rest * 31 + FoldCase(unit);
-    }
-  });
-  endRun();
-  return rest * odd + sequence;
+  StampHash hash;
+  stamp.ForEach([&hash](char16_t unit) { hash.Add(unit); });
+  return hash.End();
 }
 
 EntitySlot* EntityKeys::Find(const PackedText& key, std::uint32_t hash) const {
@@ -41,15 +59,16 @@ EntitySlot* EntityKeys::Find(const PackedText& key, std::uint32_t hash) const {
 }
 
 void EntityKeys::Reserve(std::size_t count) {
-  if (count <= m_buckets.size()) return;
-  constexpr std::size_t fewest = 8;
-  std::vector<EntitySlot*> buckets(std::max(fewest, m_buckets.size() * 2), nullptr);
+  constexpr std::size_t few = 8;
+  if (count <= std::max(few, m_buckets.size()) && !m_buckets.empty()) return;
+  const bool hashed = m_buckets.size() > 1;
+  std::vector<EntitySlot*> buckets(count <= few ? 1 : std::max(2 * few, m_buckets.size() * 2), nullptr);
   buckets.swap(m_buckets);
   for (EntitySlot* slot : buckets) {
     while (slot != nullptr) {
       EntitySlot* next = slot->NextInBucket;
-      EntitySlot*& bucket = BucketOf(slot->KeyHash);
-      slot->NextInBucket = std::exchange(bucket, slot);
+      if (!hashed) slot->KeyHash = HashOf(slot->Key);
+      Add(*slot);
       slot = next;
     }
   }

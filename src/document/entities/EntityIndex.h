@@ -13,9 +13,12 @@ namespace portico {
 /// work in order stays in the cache.
 std::uint32_t HashOfStamp(const PackedText& stamp);
 
-/// The slots of a sequence by their keys, which are unique without regard to case. The slots are the links.
+/// The slots of a sequence by their keys, which are unique without regard to case. The slots are the links. A few are
+/// searched in turn; more have hashes.
 class EntityKeys {
 public:
+  /// By which these slots are told apart; good until the next `Reserve`.
+  std::uint32_t HashOf(const PackedText& key) const { return m_buckets.size() > 1 ? HashOfStamp(key) : 0; }
   /// The hash is that of the key.
   EntitySlot* Find(const PackedText& key, std::uint32_t hash) const;
   /// Makes room, so that `Add` cannot fail.
@@ -27,7 +30,7 @@ public:
 private:
   EntitySlot*& BucketOf(std::uint32_t hash) { return m_buckets[hash & (m_buckets.size() - 1)]; }
 
-  std::vector<EntitySlot*> m_buckets; // a power of two
+  std::vector<EntitySlot*> m_buckets; // a power of two; one for the few
 };
 
 /// The few slots whose entities have another stamp by now than that of their key, by that stamp, or by having none.

@@ -38,9 +38,9 @@ void EntitySequence::InsertBefore(std::int64_t position, const Ref<IDataEntity>&
 }
 
 void EntitySequence::Insert(std::size_t at, const Ref<IDataEntity>& entity, PackedText key) {
-  const std::uint32_t hash = HashOfStamp(key);
-  if (m_keys.Find(key, hash) != nullptr) HuntERR::RaiseStandard(ErrorNumber::DuplicateKey);
   m_keys.Reserve(m_slots.Count() + 1);
+  const std::uint32_t hash = m_keys.HashOf(key);
+  if (m_keys.Find(key, hash) != nullptr) HuntERR::RaiseStandard(ErrorNumber::DuplicateKey);
   auto made = std::make_unique<EntitySlot>();
   EntitySlot& slot = *made;
   slot.Entity = entity;
@@ -125,7 +125,7 @@ const EntitySlot* EntitySequence::FindSlot(const Ref<IDataEntity>& entity) const
     if (IsBefore(&slot, first)) first = &slot;
   };
   if (stamp != nullptr) {
-    const EntitySlot* slot = m_keys.Find(*stamp, HashOfStamp(*stamp));
+    const EntitySlot* slot = m_keys.Find(*stamp, m_keys.HashOf(*stamp));
     if (slot != nullptr && slot->FoundBy == EntitySlot::Kind::ByKey) consider(*slot);
   }
   if (!m_strays.Empty()) m_strays.ForEach(stamp == nullptr ? StrayStamps::Stamp() : *stamp, consider);

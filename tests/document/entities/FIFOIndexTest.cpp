@@ -91,6 +91,28 @@ TEST_F(FIFOIndexTest, StampInAnotherCaseIsAnotherStamp) {
   EXPECT_FALSE(Has(Entity(u"1", u"stamp")));
 }
 
+TEST_F(FIFOIndexTest, KeyIsUniqueAmongFewAndAmongMany) {
+  const auto stamp = [](int number) { return u"2004-02-09T08:05:03." + ToText(std::int64_t{number}) + u"-5:00"; };
+  const auto refused = [&](const String& key) {
+    return Raised([&] { FIFO->Enqueue(Entity(u"again", key)); }).Number == 457;
+  };
+  std::vector<Ref<IDataEntity>> entities;
+  for (int count = 1; count <= 40; ++count) {
+    entities.push_back(Entity(u"1", stamp(count)));
+    FIFO->Enqueue(entities.back());
+    for (int present = 1; present <= count; ++present) {
+      EXPECT_TRUE(refused(stamp(present))) << present << " of " << count;
+      EXPECT_TRUE(refused(ReplaceAll(stamp(present), u"T", u"t"))) << present << " of " << count;
+      EXPECT_TRUE(Has(Twin(entities[static_cast<std::size_t>(present - 1)], stamp(present)))) << present;
+    }
+  }
+  EXPECT_EQ(FIFO->Count(), 40);
+  while (FIFO->Count() > 3) FIFO->Dequeue();
+  EXPECT_TRUE(refused(stamp(39)));
+  FIFO->Enqueue(Entity(u"again", stamp(1))); // which has gone
+  EXPECT_TRUE(refused(stamp(1)));
+}
+
 TEST_F(FIFOIndexTest, FirstOfTwoEqualsIsMeant) {
   const auto entities = Fill(3);
   for (const std::size_t i : {2u, 0u}) {

@@ -201,8 +201,8 @@ private:
 
 /// What an encoder leaves on an entity that it has shown.
 void Show(const Ref<IDataEntity>& entity) {
-  entity->DataAttribute(AttributeName::RTFSelectionLength, ToText(std::int64_t{entity->DataLength() / 2}));
-  entity->DataAttribute(AttributeName::RTFVisibleTextOffset, u"0");
+  entity->DataAttribute(String(AttributeName::RTFSelectionLength), ToText(std::int64_t{entity->DataLength() / 2}));
+  entity->DataAttribute(String(AttributeName::RTFVisibleTextOffset), u"0");
 }
 
 /// Bytes that the allocator has given out and not got back, its own words about them included.

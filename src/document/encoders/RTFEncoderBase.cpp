@@ -66,9 +66,7 @@ Ref<IDataEntity> RTFEncoderBase::Decode(const String& RTFText) const try {
   ResetScratchArea();
   m_scratch->TextRTF(RTFText);
   const String text = m_scratch->Text();
-  const auto entity = [](const ByteArray& data, const String& type) {
-    return Create(Class::DataEntity, data, type, {});
-  };
+  const auto entity = [](const ByteArray& data, StringView type) { return Create(Class::DataEntity, data, type, {}); };
   if (text.empty()) return entity({}, {});
   auto decoded = entity(ToBytes(StringView(text).substr(0, text.find(NewLine))), DataTypeFromFormat(text));
   modAppGlobals::TerminateEntityDataWithNewLine(decoded);
@@ -100,7 +98,7 @@ TextLook RTFEncoderBase::LookOf(StringView DataType) const {
   return known == KnownTypes.end() ? TextLook{.Italic = false, .Bold = false, .Color = TextLook::Red} : known->Look;
 }
 
-String RTFEncoderBase::DataTypeFromFormat(StringView plainText) const {
+StringView RTFEncoderBase::DataTypeFromFormat(StringView plainText) const {
   const SelectionFormat format = m_scratch->SelFormat();
   if (format.SelItalic == true) return DataTypeName::Response;
   if (format.SelBold == true) {

@@ -54,7 +54,7 @@ protected:
 private:
   String Label(StringView member) const { return String(ClassName()).append(member); }
   /// The kind that the scratch area's formatting shows.
-  String DataTypeFromFormat(StringView plainText) const;
+  StringView DataTypeFromFormat(StringView plainText) const;
 
   bool m_initialized = false;
   Ref<IRichTextBox> m_scratch;

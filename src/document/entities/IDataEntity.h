@@ -46,21 +46,21 @@ private:
 
 /// Names of attributes. One that begins with "_" is private to the running system: stores never write it.
 namespace AttributeName {
-inline constexpr char16_t DataType[] = u"DataType";
-inline constexpr char16_t Timestamp[] = u"Timestamp";
-inline constexpr char16_t DataFormat[] = u"DataFormat";
-inline constexpr char16_t RTFSelectionLength[] = u"_RTFSelectionLength";
-inline constexpr char16_t RTFVisibleTextOffset[] = u"_RTFVisibleTextOffset";
+inline constexpr StringView DataType = u"DataType";
+inline constexpr StringView Timestamp = u"Timestamp";
+inline constexpr StringView DataFormat = u"DataFormat";
+inline constexpr StringView RTFSelectionLength = u"_RTFSelectionLength";
+inline constexpr StringView RTFVisibleTextOffset = u"_RTFVisibleTextOffset";
 } // namespace AttributeName
 
 /// Kinds of entities, and formatting names that never reach one.
 namespace DataTypeName {
-inline constexpr char16_t Instruction[] = u"Instruction";
-inline constexpr char16_t AutomaticInstruction[] = u"AutomaticInstruction";
-inline constexpr char16_t Response[] = u"Response";
-inline constexpr char16_t Configuration[] = u"Configuration";
-inline constexpr char16_t Remark[] = u"Remark";
-inline constexpr char16_t White[] = u"WHITE";
+inline constexpr StringView Instruction = u"Instruction";
+inline constexpr StringView AutomaticInstruction = u"AutomaticInstruction";
+inline constexpr StringView Response = u"Response";
+inline constexpr StringView Configuration = u"Configuration";
+inline constexpr StringView Remark = u"Remark";
+inline constexpr StringView White = u"WHITE";
 } // namespace DataTypeName
 
 namespace Class {

@@ -23,15 +23,20 @@ struct Shown {
 };
 
 Shown WhatShows(const IReport& report) {
+  constexpr StringView write = u"CWriteCmd";
+  constexpr StringView read = u"CReadCmd";
+  constexpr StringView open = u"COpenCmd";
+  constexpr StringView setConfiguration = u"CSetConfigCmd";
+  constexpr StringView getConfiguration = u"CGetConfigCmd";
   const StringView kind = report.ClassName();
-  if (kind == u"CWriteCmd") {
+  if (kind == write) {
     String text = report.GetSCPIInstruction();
     const bool typed = IsTyped(text);
     return {std::move(text), typed ? DataTypeName::Instruction : DataTypeName::AutomaticInstruction};
   }
-  if (kind == u"CReadCmd") return {report.GetData(), DataTypeName::Response};
-  if (kind == u"CSetConfigCmd" || kind == u"CGetConfigCmd") return {report.GetData(), DataTypeName::Configuration};
-  if (kind == u"COpenCmd") return {report.GetData(), {}};
+  if (kind == read) return {report.GetData(), DataTypeName::Response};
+  if (kind == setConfiguration || kind == getConfiguration) return {report.GetData(), DataTypeName::Configuration};
+  if (kind == open) return {report.GetData(), {}};
   return {};
 }
 

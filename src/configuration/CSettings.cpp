@@ -90,7 +90,7 @@ Ref<IAttribute> CSettings::Add(const String& AttributeName, const String& Attrib
   setting->Initialize(AttributeName, AttributeValue);
   const std::size_t at = m_table.Count();
   if (m_table.Find(AttributeName) != at) HuntERR::RaiseStandard(ErrorNumber::DuplicateKey);
-  m_table.Add(AttributeName, AttributeValue);
+  m_table.Add(Shared(AttributeName), Shared(AttributeValue));
   m_table.Show(at, *setting.Get(), m_listener);
   Changed();
   return setting;
@@ -108,32 +108,43 @@ void CSettings::Remove(const String& AttributeName) try {
   PassOn(Label(u".Remove(AttributeName)"), {AttributeName});
 }
 
-String CSettings::Value(StringView Name) const {
+String CSettings::Value(StringView Name) const { return Read(Name, Name); }
+
+String CSettings::Value(const KeptName& Name) const { return Read(Name.Packed, Name.Text); }
+
+template <class Key>
+String CSettings::Read(const Key& key, StringView name) const {
   CheckInitialized(m_initialized);
-  const PackedText* value = Find(Name);
-  if (value == nullptr) {
+  const std::size_t at = m_table.Exists() ? m_table.Find(key) : 0;
+  if (!m_table.Exists() || at == m_table.Count()) {
     HuntERR::Raise(ErrorNumber::BadIndex, ClassName(),
-                   u"Requested data attribute, " + String(Name) + u", does not exist.");
+                   u"Requested data attribute, " + String(name) + u", does not exist.");
   }
-  return value->ToString();
+  return m_table.Value(at).ToString();
 }
 
-void CSettings::Value(StringView Name, StringView Value) try {
+void CSettings::Value(StringView Name, StringView Value) try { Write(KeptName(Name), Shared(Value)); } catch (...) {
+  PassOn(u"Let " + Label(u".Value(Name, Value)"), {Name, Value});
+}
+
+void CSettings::Value(const KeptName& Name, const PackedText& Value) try { Write(Name, Value); } catch (...) {
+  PassOn(u"Let " + Label(u".Value(Name, Value)"), {Name.Text, Value.ToString()});
+}
+
+void CSettings::Write(const KeptName& name, const PackedText& value) {
   CheckAccessible(m_initialized);
-  const std::size_t at = m_table.Find(Name);
+  const std::size_t at = m_table.Find(name.Packed);
   if (at == m_table.Count()) {
-    RecordMissing(Name);
-    if (Name.empty()) Add(String(Name), String(Value)); // which refuses it
-    m_table.Add(Name, Value);
+    RecordMissing(name.Text);
+    if (name.Text.empty()) Add({}, value.ToString()); // which refuses it
+    m_table.Add(name.Packed, value);
     Changed();
   } else if (CSetting* object = m_table.Object(at)) {
-    object->Value(String(Value));
+    object->Value(value.ToString());
   } else {
-    m_table.SetValue(at, Shared(Value));
+    m_table.SetValue(at, value);
     Changed();
   }
-} catch (...) {
-  PassOn(u"Let " + Label(u".Value(Name, Value)"), {Name, Value});
 }
 
 Ref<IAttribute> CSettings::Item(const String& AttributeName) const try {
@@ -167,11 +178,6 @@ std::vector<Ref<IAttribute>> CSettings::NewEnum() const {
   std::vector<Ref<IAttribute>> settings;
   for (std::size_t at = 0; at < Settings().Count(); ++at) settings.push_back(ObjectOf(at));
   return settings;
-}
-
-const PackedText* CSettings::Find(StringView Name) const {
-  const std::size_t at = m_table.Exists() ? m_table.Find(Name) : 0;
-  return m_table.Exists() && at < m_table.Count() ? &m_table.Value(at) : nullptr;
 }
 
 Ref<CSetting> CSettings::ObjectOf(std::size_t at) const {

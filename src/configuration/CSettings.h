@@ -28,6 +28,9 @@ public:
   void Remove(const String& AttributeName) override;
   String Value(StringView Name) const;
   void Value(StringView Name, StringView Value);
+  /// The same of what is packed already.
+  String Value(const KeptName& Name) const;
+  void Value(const KeptName& Name, const PackedText& Value);
   String ItemValue(const String& Name) const override { return Value(Name); }
   void ItemValue(const String& Name, const String& NewValue) override { Value(Name, NewValue); }
   Ref<IAttribute> Item(const String& AttributeName) const override;
@@ -36,8 +39,6 @@ public:
   void Clear();
   std::vector<Ref<IAttribute>> NewEnum() const override;
 
-  /// As it is kept; null for an absent name. Good until the next change.
-  const PackedText* Find(StringView Name) const;
   /// Some setting bears another name than the one under which it was added.
   bool HasRenamed() const { return m_table.Exists() && m_table.HasRenamed(); }
 
@@ -52,6 +53,9 @@ private:
   void Changed() const {
     if (m_listener) m_listener();
   }
+  template <class Key>
+  String Read(const Key& key, StringView name) const;
+  void Write(const KeptName& name, const PackedText& value);
   static void RecordMissing(StringView AttributeName);
 
   SettingTable m_own;

@@ -10,30 +10,27 @@ namespace portico {
 namespace {
 
 constexpr std::uint32_t LongestText = 0x3FFFFFFF;
-constexpr std::size_t AsciiUnits = 128;
 constexpr std::uint8_t NoCode = 0xFF;
 
 } // namespace
 
-std::uint8_t PackedText::NumeralCode(char16_t unit) {
+/// Of the units of `NumeralUnits` their place in it; of all others a number that has bits which no place has.
+std::uint32_t PackedText::NumeralCode(char16_t unit) {
+  constexpr std::uint32_t units = 256;
   static constexpr auto codes = [] {
-    std::array<std::uint8_t, AsciiUnits> made{};
+    std::array<std::uint8_t, units> made{};
     made.fill(NoCode);
     for (std::uint8_t code = 0; code < 16; ++code) made[NumeralUnits[code]] = code;
     return made;
   }();
-  return unit < AsciiUnits ? codes[unit] : NoCode;
+  return codes[unit % units] | (unit / units * units);
 }
 
 std::uint32_t PackedText::FormOf(StringView text) {
-  char16_t bits = 0;
-  unsigned codes = 0;
-  for (const char16_t unit : text) {
-    bits |= unit;
-    codes |= NumeralCode(unit);
-  }
-  if (codes != NoCode) return Numeral; // which has bits that no code has
-  return bits > 0xFF ? Wide : Narrow;
+  std::uint32_t codes = 0;
+  for (const char16_t unit : text) codes |= NumeralCode(unit);
+  if (codes < NoCode) return Numeral;
+  return codes > NoCode ? Wide : Narrow;
 }
 
 PackedText::PackedText(StringView text) {
@@ -48,10 +45,11 @@ PackedText::PackedText(StringView text) {
   } else if (form == Narrow) {
     std::transform(text.begin(), text.end(), bytes, [](char16_t unit) { return static_cast<std::uint8_t>(unit); });
   } else {
-    for (std::size_t i = 0; i < text.size(); i += 2) {
-      const std::uint8_t second = i + 1 < text.size() ? NumeralCode(text[i + 1]) : 0;
-      bytes[i / 2] = static_cast<std::uint8_t>(NumeralCode(text[i]) | second << 4);
+    const std::size_t pairs = text.size() / 2;
+    for (std::size_t i = 0; i < pairs; ++i) {
+      bytes[i] = static_cast<std::uint8_t>(NumeralCode(text[2 * i]) | NumeralCode(text[2 * i + 1]) << 4);
     }
+    if (text.size() % 2 != 0) bytes[pairs] = static_cast<std::uint8_t>(NumeralCode(text.back()));
   }
 }
 
@@ -59,9 +57,16 @@ void PackedText::Free(Body* body) noexcept { ::operator delete(body); }
 
 String PackedText::ToString() const {
   if (m_body == nullptr) return {};
+  const auto* bytes = m_body->Units<std::uint8_t>();
+  if (m_body->Form == Narrow) return {bytes, bytes + m_body->Length};
   if (m_body->Form == Wide) return {m_body->Units<char16_t>(), m_body->Length};
   String text(m_body->Length, u'\0');
-  ForEach([unit = text.data()](char16_t each) mutable { *unit++ = each; });
+  char16_t* to = text.data();
+  for (const std::uint8_t* pair = bytes; pair < bytes + m_body->Length / 2; ++pair, to += 2) {
+    to[0] = NumeralUnits[*pair & 0xF];
+    to[1] = NumeralUnits[*pair >> 4];
+  }
+  if (m_body->Length % 2 != 0) *to = NumeralUnits[bytes[m_body->Length / 2] & 0xF];
   return text;
 }
 
@@ -81,11 +86,10 @@ bool PackedText::EqualsUnits(const PackedText& other) const {
   return std::memcmp(m_body->Units<std::uint8_t>(), other.m_body->Units<std::uint8_t>(), m_body->Bytes()) == 0;
 }
 
-bool EqualNoCase(const PackedText& a, const PackedText& b) {
-  if (a == b) return true;
-  if (a.Length() != b.Length()) return false;
-  for (std::size_t i = 0; i < a.Length(); ++i) {
-    if (FoldCase(a[i]) != FoldCase(b[i])) return false;
+bool PackedText::DiffersInCase(const PackedText& other) const {
+  if (m_body->Form == Numeral && other.m_body->Form == Numeral) return false; // which have letters of one case only
+  for (std::size_t at = 0; at < Length(); ++at) {
+    if (FoldCase((*this)[at]) != FoldCase(other[at])) return false;
   }
   return true;
 }

@@ -38,7 +38,8 @@ public:
   void ForEach(See see) const {
     if (m_body == nullptr) return;
     if (m_body->Form == Numeral) {
-      for (std::size_t at = 0; at < m_body->Length; ++at) see((*this)[at]);
+      const auto* codes = m_body->Units<std::uint8_t>();
+      for (std::size_t at = 0; at < m_body->Length; ++at) see(NumeralUnits[(codes[at / 2] >> (at % 2 * 4)) & 0xF]);
     } else if (m_body->Form == Narrow) {
       for (std::size_t at = 0; at < m_body->Length; ++at) see(char16_t{m_body->Units<std::uint8_t>()[at]});
     } else {
@@ -48,6 +49,8 @@ public:
   String ToString() const;
 
   bool Equals(StringView other) const;
+  /// Of another text of that length: it differs, and in nothing but case.
+  bool DiffersInCase(const PackedText& other) const;
   friend bool operator==(const PackedText& a, const PackedText& b) { return a.m_body == b.m_body || a.EqualsUnits(b); }
 
 private:
@@ -72,7 +75,7 @@ private:
     return form == Numeral ? (length + 1) / 2 : length * form;
   }
   static std::uint32_t FormOf(StringView text);
-  static std::uint8_t NumeralCode(char16_t unit);
+  static std::uint32_t NumeralCode(char16_t unit);
   bool EqualsUnits(const PackedText& other) const;
   static void Free(Body* body) noexcept;
 
@@ -80,10 +83,20 @@ private:
 };
 
 /// Case is ignored as in `EqualNoCase` of texts.
-bool EqualNoCase(const PackedText& a, const PackedText& b);
+inline bool EqualNoCase(const PackedText& a, const PackedText& b) {
+  return a.Length() == b.Length() && (a == b || a.DiffersInCase(b));
+}
 bool EqualNoCase(const PackedText& a, StringView b);
 
 /// The text; short ones that have come up lately, as names do, are shared.
 PackedText Shared(StringView text);
+
+/// A name beside the form in which it is kept in great numbers. Made once for names that are looked up often, of a text
+/// that outlives it.
+struct KeptName {
+  explicit KeptName(StringView text) : Text(text), Packed(Shared(text)) {}
+  StringView Text;
+  PackedText Packed;
+};
 
 } // namespace portico

@@ -100,12 +100,11 @@ bool SettingTable::HasRenamed() const {
   return at < Count();
 }
 
-void SettingTable::Add(StringView key, StringView value) {
+void SettingTable::Add(const PackedText& key, PackedText value) {
   const std::size_t count = Count();
   const std::size_t texts = Texts();
   const std::size_t room = RoomFor(count);
   const bool washed = m_block->Keys.KeepWashed();
-  PackedText kept = Shared(value);
   BlockPointer longer;
   if (RoomFor(count + 1) > room) longer = NewBlock(RoomFor(count + 1) * (washed ? 2 : 1));
   if (Deviations* apart = Apart()) apart->OfEach.resize(count + 1);
@@ -120,8 +119,8 @@ void SettingTable::Add(StringView key, StringView value) {
     const BlockPointer freed(std::exchange(m_block, longer.release()));
     Destroy(*freed, texts);
   }
-  m_block->Values()[count] = kept;
-  if (washed) m_block->Values()[RoomFor(count + 1) + count] = std::move(kept);
+  if (washed) m_block->Values()[RoomFor(count + 1) + count] = value;
+  m_block->Values()[count] = std::move(value);
 }
 
 void SettingTable::Remove(std::size_t at) {

@@ -44,7 +44,7 @@ public:
   bool HasRenamed() const;
 
   /// The key is not there yet. The value is the washed one.
-  void Add(StringView key, StringView value);
+  void Add(const PackedText& key, PackedText value);
   void Remove(std::size_t at);
   // Of a setting without an object.
   void SetValue(std::size_t at, PackedText value);

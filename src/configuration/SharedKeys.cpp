@@ -56,16 +56,18 @@ void SharedKeys::Take(std::unique_ptr<List> list) {
   *this = std::move(taken);
 }
 
-void SharedKeys::Add(StringView key) {
+void SharedKeys::Add(const PackedText& key) {
   const std::size_t count = Count();
   if (IsOwn()) {
-    m_list->Keys.push_back(Shared(key));
-  } else if (count < MostShared && Next().Count() > 0 && Next()[count].Equals(key)) {
-    *this = SharedKeys(Next());
+    m_list->Keys.push_back(key);
+    return;
+  }
+  SharedKeys& next = Next();
+  if (count < MostShared && next.m_list != nullptr && next.m_list->Keys[count] == key) {
+    *this = SharedKeys(next);
   } else {
     auto list = Copy();
-    list->Keys.push_back(Shared(key));
-    SharedKeys& next = Next();
+    list->Keys.push_back(key);
     const SharedKeys before(*this); // which `next` may be in
     Take(std::move(list));
     if (count < MostShared) next = *this;
@@ -105,7 +107,7 @@ void SharedKeys::Rejoin() { *this = SharedWithout(Count()); }
 SharedKeys SharedKeys::SharedWithout(std::size_t at) const {
   SharedKeys keys;
   for (std::size_t i = 0; i < Count(); ++i) {
-    if (i != at) keys.Add((*this)[i].ToString());
+    if (i != at) keys.Add((*this)[i]);
   }
   if (KeepWashed() && keys.m_list != nullptr) keys.LetKeepWashed();
   return keys;

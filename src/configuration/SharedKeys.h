@@ -32,7 +32,7 @@ public:
     while (at < count && !EqualNoCase((*this)[at], key)) ++at;
     return at;
   }
-  void Add(StringView key);
+  void Add(const PackedText& key);
   void Remove(std::size_t at);
 
   bool KeepWashed() const;

@@ -6,7 +6,7 @@
 namespace portico::terminal {
 
 void ConversationPrinter::Show(const IDataEntity& entity) {
-  const String data = FromBytes(entity.ReadData());
+  const String data = entity.ReadText();
   if (data == NewLine) return;
   StringView text = data;
   if (text.ends_with(NewLine)) text.remove_suffix(NewLine.size());

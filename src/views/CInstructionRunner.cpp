@@ -15,7 +15,7 @@ namespace {
 /// The text of an instruction; empty for a remark and for every other kind of entity.
 String InstructionText(const IDataEntity& entity) {
   if (entity.DataType() != DataTypeName::Instruction) return {};
-  const String data = FromBytes(entity.ReadData());
+  const String data = entity.ReadText();
   StringView text = Trim(data);
   text.remove_suffix(std::min(text.size(), NewLine.size()));
   return text.substr(0, RemarkWord.size()) == RemarkWord ? String() : String(text);

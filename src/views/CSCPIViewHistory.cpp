@@ -7,7 +7,7 @@ namespace {
 
 bool IsEmptyLine(const IDataEntity& entity) {
   constexpr auto bytes = static_cast<std::int32_t>(NewLine.size() * sizeof(char16_t));
-  return entity.DataLength() == bytes && FromBytes(entity.ReadData()) == NewLine;
+  return entity.DataLength() == bytes && entity.ReadText() == NewLine;
 }
 
 } // namespace

@@ -51,6 +51,8 @@ TEST(PackedTextTest, UnitsAreReadOneByOne) {
 }
 
 TEST(PackedTextTest, CaseIsIgnoredAsInTexts) {
+  EXPECT_FALSE(EqualNoCase(PackedText(u"2004"), PackedText(u"2005")));
+  EXPECT_FALSE(EqualNoCase(PackedText(u"12T"), PackedText(u"13t")));
   EXPECT_TRUE(EqualNoCase(PackedText(u"Timestamp"), PackedText(u"TIMESTAMP")));
   EXPECT_TRUE(EqualNoCase(PackedText(u"\u0416"), PackedText(u"\u0436")));
   EXPECT_TRUE(EqualNoCase(PackedText(u"\u0178"), u"\u00FF")) << "one wide, the other not";

@@ -163,12 +163,6 @@ TEST_F(SettingObjectsTest, ObserverSeesTheChangeThatItIsToldOf) {
   EXPECT_EQ(Seen, (std::vector<String>{u"-", u"-", u"-", u"-"}));
 }
 
-TEST_F(SettingObjectsTest, FindShowsTheValueAsItIsKept) {
-  EXPECT_EQ(Settings->Find(u"a")->ToString(), u"1");
-  EXPECT_EQ(Settings->Find(u"C"), nullptr);
-  EXPECT_EQ(CSettings().Find(u"A"), nullptr);
-}
-
 TEST_F(SettingObjectsTest, AttributesOfAnotherClassAreAskedOneByOne) {
   const auto same = New<CSettings>();
   same->Initialize();

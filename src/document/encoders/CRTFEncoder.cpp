@@ -10,12 +10,12 @@ namespace {
 constexpr StringView EncodeLabel = u"CRTFEncoder.Encode(Dataentity)";
 
 void NoteLength(IDataEntity& entity, const TextFragment& fragment) {
-  static const String lengthName = AttributeName::RTFSelectionLength; // made once, and not for each entity
-  static const String offsetName = AttributeName::RTFVisibleTextOffset;
-  static const String offset = u"0";
+  static const KeptName lengthName(AttributeName::RTFSelectionLength);
+  static const KeptName offsetName(AttributeName::RTFVisibleTextOffset);
+  static const PackedText offset(u"0");
   // The leading blank is the place of a sign, which positive numbers leave empty.
-  entity.DataAttribute(lengthName, u" " + ToText(static_cast<std::int64_t>(fragment.Length())));
-  entity.DataAttribute(offsetName, offset);
+  entity.KeepAttribute(lengthName, Shared(u" " + ToText(static_cast<std::int64_t>(fragment.Length()))));
+  entity.KeepAttribute(offsetName, offset);
 }
 
 } // namespace
@@ -27,7 +27,7 @@ void CRTFEncoder::Check(const Ref<IDataEntity>& DataEntity) const {
 
 TextFragment CRTFEncoder::Compose(const Ref<IDataEntity>& DataEntity) const try {
   Check(DataEntity);
-  TextFragment fragment{FromBytes(DataEntity->ReadData()), FragmentEnd};
+  TextFragment fragment{DataEntity->ReadText(), FragmentEnd};
   NoteLength(*DataEntity, fragment);
   ShowDataType(DataEntity->DataType());
   return fragment;
@@ -38,7 +38,7 @@ TextFragment CRTFEncoder::Compose(const Ref<IDataEntity>& DataEntity) const try 
 String CRTFEncoder::Encode(const Ref<IDataEntity>& DataEntity) const try {
   Check(DataEntity);
   ResetScratchArea();
-  const TextFragment fragment{FromBytes(DataEntity->ReadData()), FragmentEnd};
+  const TextFragment fragment{DataEntity->ReadText(), FragmentEnd};
   String rtf = fragment.Rtf();
   ScratchArea()->TextRTF(rtf);
   NoteLength(*DataEntity, fragment);

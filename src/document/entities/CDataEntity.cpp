@@ -17,6 +17,20 @@ namespace {
 constexpr std::int32_t AttributesDiffer = 2;
 constexpr std::int32_t DataDiffer = 4;
 
+constexpr StringView LabelOfDataAttributeValue = u"CDataEntity.DataAttributeValue(Name,Value)";
+constexpr StringView LabelOfDataAttribute = u"CDataEntity.IDataEntity_DataAttribute(Name,Value)";
+constexpr StringView LabelOfReadData = u"CDataEntity.IDataEntity_ReadData";
+
+const KeptName& TypeName() {
+  static const KeptName name(AttributeName::DataType);
+  return name;
+}
+
+const KeptName& StampName() {
+  static const KeptName name(AttributeName::Timestamp);
+  return name;
+}
+
 } // namespace
 
 void CDataEntity::Initialize(const ByteArray& data, StringView DataType, StringView TimeStamp) try {
@@ -44,21 +58,26 @@ void CDataEntity::DataAttributeValue(const String& Name, const String& Value) tr
   CheckAccess();
   Settings().Value(Name, Value);
 } catch (...) {
-  PassOn(u"CDataEntity.DataAttributeValue(Name,Value)", {Name, Value});
+  PassOn(LabelOfDataAttributeValue, {Name, Value});
+}
+
+void CDataEntity::DataAttributeValue(const KeptName& Name, const PackedText& Value) try {
+  CheckAccess();
+  Settings().Value(Name, Value);
+} catch (...) {
+  PassOn(LabelOfDataAttributeValue, {Name.Text, Value.ToString()});
 }
 
 void CDataEntity::TimeStamp(StringView newValue) try {
   CheckAccess();
-  String drawn;
-  if (newValue.empty()) drawn = gTimeStamper->TimeStamp();
-  Settings().Value(AttributeName::Timestamp, newValue.empty() ? drawn : newValue);
+  Settings().Value(StampName(), newValue.empty() ? PackedText(gTimeStamper->TimeStamp()) : PackedText(newValue));
 } catch (...) {
   PassOn(u"CDataEntity.TimeStamp(newValue)", {newValue});
 }
 
 void CDataEntity::DataType(StringView newValue) try {
   CheckAccess();
-  Settings().Value(AttributeName::DataType, newValue);
+  Settings().Value(TypeName(), Shared(newValue));
 } catch (...) {
   PassOn(u"CDataEntity.DataType(newValue)", {newValue});
 }
@@ -87,7 +106,13 @@ String CDataEntity::DataAttribute(const String& Name) const try { return DataAtt
 void CDataEntity::DataAttribute(const String& Name, const String& Value) try {
   DataAttributeValue(Name, Value);
 } catch (...) {
-  PassOn(u"CDataEntity.IDataEntity_DataAttribute(Name,Value)", {Name, Value});
+  PassOn(LabelOfDataAttribute, {Name, Value});
+}
+
+void CDataEntity::KeepAttribute(const KeptName& Name, const PackedText& Value) try {
+  DataAttributeValue(Name, Value);
+} catch (...) {
+  PassOn(LabelOfDataAttribute, {Name.Text, Value.ToString()});
 }
 
 std::int32_t CDataEntity::DataLength() const try {
@@ -99,7 +124,7 @@ std::int32_t CDataEntity::DataLength() const try {
 
 String CDataEntity::DataType() const try {
   CheckAccess();
-  return Settings().Value(AttributeName::DataType);
+  return Settings().Value(TypeName());
 } catch (...) {
   PassOn(u"CDataEntity.DataType");
 }
@@ -112,7 +137,14 @@ ByteArray CDataEntity::ReadData() const try {
   CheckAccess();
   return m_data.ToBytes();
 } catch (...) {
-  PassOn(u"CDataEntity.IDataEntity_ReadData");
+  PassOn(LabelOfReadData);
+}
+
+String CDataEntity::ReadText() const try {
+  CheckAccess();
+  return m_data.ToText();
+} catch (...) {
+  PassOn(LabelOfReadData);
 }
 
 void CDataEntity::UpdateData(const ByteArray& data) try {
@@ -125,7 +157,7 @@ void CDataEntity::UpdateData(const ByteArray& data) try {
 
 String CDataEntity::TimeStamp() const try {
   CheckAccess();
-  return Settings().Value(AttributeName::Timestamp);
+  return Settings().Value(StampName());
 } catch (...) {
   PassOn(u"CDataEntity.TimeStamp");
 }
@@ -197,8 +229,7 @@ const EntitySlot* CDataEntity::SlotIn(const IEntityHolder& holder) const {
 
 const PackedText* CDataEntity::Stamp() const {
   if (!IsInitialized()) return nullptr;
-  constexpr StringView name = AttributeName::Timestamp;
-  const std::size_t at = m_attributes.Find(name);
+  const std::size_t at = m_attributes.Find(StampName().Packed);
   return at == m_attributes.Count() ? nullptr : &m_attributes.Value(at);
 }
 

@@ -24,6 +24,7 @@ public:
   String DataAttributeValue(const String& Name) const;
   /// Adds the attribute if the name is new.
   void DataAttributeValue(const String& Name, const String& Value);
+  void DataAttributeValue(const KeptName& Name, const PackedText& Value);
   String TimeStamp() const;
   /// An empty value stores a newly drawn stamp.
   void TimeStamp(StringView newValue);
@@ -34,8 +35,10 @@ public:
   Ref<IAttributes> DataAttributes() const override;
   String DataAttribute(const String& Name) const override;
   void DataAttribute(const String& Name, const String& Value) override;
+  void KeepAttribute(const KeptName& Name, const PackedText& Value) override;
   std::int32_t DataLength() const override;
   ByteArray ReadData() const override;
+  String ReadText() const override;
   void UpdateData(const ByteArray& data) override;
   std::int32_t CompareToMe(const Ref<IDataEntity>& DataEntity) const override;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "configuration/IAttributes.h"
+#include "configuration/PackedText.h"
 #include "framework/objects/ClassKey.h"
 
 #include <cstdint>
@@ -26,11 +27,17 @@ public:
   virtual String DataAttribute(const String& Name) const = 0;
   /// Adds the attribute if the name is new.
   virtual void DataAttribute(const String& Name, const String& Value) = 0;
+  /// The same of what is packed already.
+  virtual void KeepAttribute(const KeptName& Name, const PackedText& Value) {
+    DataAttribute(String(Name.Text), Value.ToString());
+  }
   /// In bytes.
   virtual std::int32_t DataLength() const = 0;
   String DataType() const { return IDataEntity_DataType(); }
   /// A copy.
   virtual ByteArray ReadData() const = 0;
+  /// A copy, as text.
+  virtual String ReadText() const { return FromBytes(ReadData()); }
   /// Replaces the data by a copy of the argument.
   virtual void UpdateData(const ByteArray& data) = 0;
   String TimeStamp() const { return IDataEntity_TimeStamp(); }

@@ -1,6 +1,8 @@
 #include "document/entities/PackedBytes.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstring>
 #include <new>
 
@@ -12,9 +14,19 @@ constexpr std::uint32_t MostBytes = 0x7FFFFFFF;
 /// As text whose units are below 256 is, in UTF-16 little-endian.
 bool IsNarrowText(const ByteArray& bytes) {
   if (bytes.size() % 2 != 0) return false;
-  std::uint8_t bits = 0;
-  for (std::size_t i = 1; i < bytes.size(); i += 2) bits |= bytes[i];
-  return bits == 0;
+  using Word = std::uint64_t;
+  constexpr auto highBytes =
+      std::bit_cast<Word>(std::array<std::uint8_t, sizeof(Word)>{0, 255, 0, 255, 0, 255, 0, 255});
+  Word bits = 0;
+  std::size_t at = 0;
+  for (; at + sizeof(Word) <= bytes.size(); at += sizeof(Word)) {
+    Word word = 0;
+    std::memcpy(&word, bytes.data() + at, sizeof word);
+    bits |= word;
+  }
+  Word rest = 0;
+  std::copy(bytes.begin() + static_cast<std::ptrdiff_t>(at), bytes.end(), reinterpret_cast<std::uint8_t*>(&rest));
+  return ((bits | rest) & highBytes) == 0;
 }
 
 } // namespace
@@ -37,9 +49,13 @@ ByteArray PackedBytes::ToBytes() const {
   if (m_body == nullptr) return {};
   const std::uint8_t* kept = m_body->Bytes();
   if (!m_body->Halved) return {kept, kept + m_body->Size};
-  ByteArray bytes(m_body->Size);
-  for (std::size_t i = 0; i < m_body->Kept(); ++i) bytes[2 * i] = kept[i];
-  return bytes;
+  return portico::ToBytes(ToText());
+}
+
+String PackedBytes::ToText() const {
+  if (m_body == nullptr) return {};
+  const std::uint8_t* kept = m_body->Bytes();
+  return m_body->Halved ? String(kept, kept + m_body->Kept()) : FromBytes(ToBytes());
 }
 
 bool operator==(const PackedBytes& a, const PackedBytes& b) {

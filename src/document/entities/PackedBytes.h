@@ -18,6 +18,8 @@ public:
   /// Of the array.
   std::size_t Size() const { return m_body == nullptr ? 0 : m_body->Size; }
   ByteArray ToBytes() const;
+  /// As UTF-16 little-endian; half a unit at the end is left out.
+  String ToText() const;
   bool Equals(const ByteArray& bytes) const { return Size() == bytes.size() && ToBytes() == bytes; }
   friend bool operator==(const PackedBytes& a, const PackedBytes& b);
 

@@ -213,7 +213,7 @@ void CXMLDataStore::AppendContent(std::string& element, const Ref<IDataEntity>& 
   });
   element += '>';
   if (format == FromAscii(LogName::StringFormat)) {
-    LogText::AppendCharacterData(element, FromBytes(DataEntity->ReadData()));
+    LogText::AppendCharacterData(element, DataEntity->ReadText());
   } else {
     element += "<![CDATA[";
     CHexEncoder::AppendEncoded(element, DataEntity->ReadData());

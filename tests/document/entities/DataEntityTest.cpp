@@ -6,6 +6,7 @@ namespace {
 
 using test::ExpectError;
 using test::ExpectTrail;
+using test::ForeignEntity;
 using test::Hex;
 using test::Raised;
 
@@ -187,6 +188,43 @@ TEST_F(CDataEntityTest, MembersAreGuardedBeforeInitialize) {
          {u"CDataEntity.IDataEntity_CompareToMe(DataEntity)"});
   expect([&] { static_cast<void>(Entity(u"1")->CompareToMe(entity)); },
          {u"CDataEntity.IDataEntity_DataAttributes", u"CDataEntity.IDataEntity_CompareToMe(DataEntity)"});
+}
+
+TEST_F(CDataEntityTest, AttributeThatIsPackedAlreadyIsWrittenAlike) {
+  const auto entity = Entity(u"1", u"s");
+  const KeptName name(u"_Name");
+  entity->KeepAttribute(name, PackedText(u"1"));
+  EXPECT_EQ(entity->DataAttribute(u"_NAME"), u"1");
+  entity->DataAttribute(u"_name", u"2");
+  entity->KeepAttribute(name, PackedText(u"3"));
+  EXPECT_EQ(entity->DataAttribute(u"_Name"), u"3");
+  EXPECT_EQ(entity->DataAttributes()->Count(), 3);
+  const auto shown = entity->DataAttributes()->Item(u"_Name");
+  entity->KeepAttribute(name, PackedText(u"4"));
+  EXPECT_EQ(shown->Value(), u"4");
+  entity->KeepAttribute(KeptName(u"timestamp"), PackedText(u"other"));
+  EXPECT_EQ(entity->TimeStamp(), u"other");
+
+  const auto fresh = New<CDataEntity>();
+  ExpectTrail(Raised([&] { fresh->KeepAttribute(name, PackedText(u"1")); }),
+              {u"CDataEntity.DataAttributeValue(Name,Value)", u"CDataEntity.IDataEntity_DataAttribute(Name,Value)"});
+  const ErrorRecord refused = Raised([&] { entity->KeepAttribute(KeptName(u""), PackedText(u"1")); });
+  EXPECT_EQ(refused.Number, Raised([&] { entity->DataAttribute(u"", u"1"); }).Number);
+}
+
+TEST_F(CDataEntityTest, TextOfItsDataIsReadLikeItsBytes) {
+  EXPECT_EQ(Entity(u"12\u0416")->ReadText(), u"12\u0416");
+  const ErrorRecord error = Raised([] { New<CDataEntity>()->ReadText(); });
+  ExpectError(error, Hex(0x80041460), u"Property cannot be accessed before Initialize().");
+  ExpectTrail(error, {u"CDataEntity.IDataEntity_ReadData"});
+}
+
+TEST_F(CDataEntityTest, AnotherClassReadsAndKeepsByItsOwnOperations) {
+  std::vector<std::string> calls;
+  const auto foreign = New<ForeignEntity>(u"f", ByteArray{'7', 0}, calls);
+  EXPECT_EQ(foreign->ReadText(), u"7");
+  foreign->KeepAttribute(KeptName(u"A"), PackedText(u"1"));
+  EXPECT_EQ(calls, (std::vector<std::string>{"f.ReadData", "f.DataAttribute(A,1)"}));
 }
 
 TEST_F(CDataEntityTest, CallThroughTheInterfaceAddsItsOwnLine) {

@@ -26,7 +26,9 @@ public:
     HuntERR::RaiseStandard(17);
   }
   String DataAttribute(const String&) const override { return {}; }
-  void DataAttribute(const String&, const String&) override {}
+  void DataAttribute(const String& Name, const String& Value) override {
+    m_calls.push_back(ToUtf8(Stamp) + ".DataAttribute(" + ToUtf8(Name) + "," + ToUtf8(Value) + ")");
+  }
   std::int32_t DataLength() const override {
     Note("DataLength");
     return static_cast<std::int32_t>(Data.size());

@@ -88,7 +88,9 @@ private:
   }
 
   void Erase(std::size_t at) {
-    m_entries.erase(m_entries.begin() + static_cast<std::ptrdiff_t>(at));
+    const auto entry = m_entries.begin() + static_cast<std::ptrdiff_t>(at);
+    [[maybe_unused]] const T gone = std::move(entry->Item); // its end may ask this list, and finds it whole
+    m_entries.erase(entry);
     m_index.reset();
     Index(0);
   }

@@ -92,6 +92,22 @@ TEST_F(ClassKeyTest, ACreatorIsFoundOnceItIsAdded) {
   EXPECT_TRUE(IsSameObject(Create(late), Product));
 }
 
+TEST_F(ClassKeyTest, ACreatorIsFoundThatWasAskedWhileAnotherWent) {
+  constexpr ClassKey<ICommand> asked{u"Asked"};
+  bool wasFound = false;
+  const auto end = [&](const void*) { wasFound = IsSameObject(Create(asked), Product); };
+  gObjectFactory->Substitue(New<CreatorOf>(
+      u"Full", [last = std::shared_ptr<const void>(this, end)](const Params&) { return Ref<IObject>(); }));
+  for (const char16_t* specification : {u"Before", u"Asked", u"Behind"}) {
+    gObjectFactory->Add(New<CreatorOf>(specification, [this, specification](const Params&) {
+      return specification == asked.Specification ? Product : Ref<IObject>();
+    }));
+  }
+  gObjectFactory->Remove(New<CreatorOf>(u"Full"));
+  EXPECT_TRUE(wasFound);
+  EXPECT_TRUE(IsSameObject(Create(asked), Product));
+}
+
 TEST_F(ClassKeyTest, AnotherFactoryIsAskedForItsOwnCreator) {
   Create(Plain);
   const Ref<IObject> other = New<CommandOf>([] {});

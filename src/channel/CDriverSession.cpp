@@ -6,7 +6,6 @@
 #include "platform/Termination.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace portico {
 
@@ -64,9 +63,13 @@ String CDriverSession::GetErrorMessage(std::int32_t code) try {
   PassOn(u"CDriverSession.GetErrorMessage(code)", {code});
 }
 
-Ref<IResponse> CDriverSession::GenerateResponse(std::int32_t code, String data) try {
+Ref<IResponse> CDriverSession::GenerateResponse(std::int32_t code, const String& data) try {
   auto response = New<CResponse>();
-  response->Initialize(code, code == 0 ? std::move(data) : GetErrorMessage(code));
+  if (code == 0) {
+    response->Initialize(code, data);
+  } else {
+    response->Initialize(code, GetErrorMessage(code));
+  }
   return response;
 } catch (...) {
   PassOn(u"CDriverSession.GenerateResponse(code,data)", {code, data});
@@ -98,7 +101,7 @@ Ref<IResponse> CDriverSession::ReadData() try {
     m_soiled = static_cast<std::size_t>(count);
     data = FromCodePage({m_buffer.data(), static_cast<std::size_t>(count) - 1});
   }
-  return GenerateResponse(status, std::move(data));
+  return GenerateResponse(status, data);
 } catch (...) {
   PassOn(u"CDriverSession.IChannel_ReadData");
 }

@@ -36,7 +36,7 @@ public:
 
 private:
   String GetErrorMessage(std::int32_t code);
-  Ref<IResponse> GenerateResponse(std::int32_t code, String data);
+  Ref<IResponse> GenerateResponse(std::int32_t code, const String& data);
   void WipeBuffer();
 
   std::shared_ptr<IInstrumentDriver> m_driver;

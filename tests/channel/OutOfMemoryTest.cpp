@@ -55,6 +55,20 @@ TEST_F(SessionOutOfMemory, ResponseThatCannotBeMadePassesTheOperation) {
   ExpectTrail(error, {u"CDriverSession.GenerateResponse(code,data)", u"CDriverSession.IChannel_CloseChannel"});
 }
 
+TEST_F(SessionOutOfMemory, ResponseThatCannotTakeItsDataTellsThem) {
+  Delivered = {0, Terminated("+1.00021948E+00")};
+  Open();
+  std::vector<String> calls;
+  for (std::size_t number = 1; calls.empty() || !calls.front().starts_with(u"CResponse.Initialize"); ++number) {
+    ASSERT_LT(number, 20U);
+    calls = test::CallStack(OutOfMemory(number, [&] { Session->ReadData(); }));
+  }
+  const StringView data = u"'+1.00021948E+00')";
+  EXPECT_EQ(calls, (std::vector<String>{String(u"CResponse.Initialize(code=0, data=").append(data),
+                                        String(u"CDriverSession.GenerateResponse(code=0, data=").append(data),
+                                        u"CDriverSession.IChannel_ReadData()"}));
+}
+
 TEST_F(SessionOutOfMemory, ReadBufferThatCannotBeMadePassesTheOperation) {
   const ErrorRecord error = OutOfMemory(1, [&] { Session->ReadData(); });
   EXPECT_EQ(error.Number, 7);

@@ -6,8 +6,9 @@ namespace portico {
 namespace {
 
 bool IsEmptyLine(const IDataEntity& entity) {
-  constexpr auto bytes = static_cast<std::int32_t>(NewLine.size() * sizeof(char16_t));
-  return entity.DataLength() == bytes && entity.ReadText() == NewLine;
+  constexpr auto units = static_cast<std::int32_t>(NewLine.size());
+  constexpr auto unitSize = static_cast<std::int32_t>(sizeof(char16_t));
+  return entity.DataLength() / unitSize == units && entity.ReadText() == NewLine;
 }
 
 } // namespace

@@ -218,6 +218,13 @@ TEST_F(HistoryViewEvents, EmptyAnswerIsNotShownEither) {
   EXPECT_EQ(Shown(), "");
 }
 
+TEST_F(HistoryViewEvents, HalfAUnitBehindTheLineEndIsNoText) {
+  const auto entity = Entity(u"\r\n", u"Instruction");
+  entity->UpdateData({'\r', 0, '\n', 0, 'x'});
+  Queue->Enqueue(entity);
+  EXPECT_EQ(Shown(), "");
+}
+
 TEST_F(HistoryViewEvents, OnlyExactlyALineEndIsHidden) {
   Add(u" \r\n", u"Instruction");
   Add(u"\r\n\r\n", u"Instruction");

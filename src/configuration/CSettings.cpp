@@ -88,10 +88,8 @@ Ref<IAttribute> CSettings::Add(const String& AttributeName, const String& Attrib
   auto setting = New<CSetting>();
   HuntERR::Check(bool(setting), ErrorNumber::CannotCreate, u"Cannot create a new attribute.");
   setting->Initialize(AttributeName, AttributeValue);
-  const std::size_t at = m_table.Count();
-  if (m_table.Find(AttributeName) != at) HuntERR::RaiseStandard(ErrorNumber::DuplicateKey);
-  m_table.Add(Shared(AttributeName), Shared(AttributeValue));
-  m_table.Show(at, *setting.Get(), m_listener);
+  if (m_table.Find(AttributeName) != m_table.Count()) HuntERR::RaiseStandard(ErrorNumber::DuplicateKey);
+  m_table.Add(Shared(AttributeName), Shared(AttributeValue), *setting.Get(), m_listener);
   Changed();
   return setting;
 } catch (...) {

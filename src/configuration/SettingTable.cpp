@@ -123,6 +123,13 @@ void SettingTable::Add(const PackedText& key, PackedText value) {
   m_block->Values()[count] = std::move(value);
 }
 
+void SettingTable::Add(const PackedText& key, PackedText value, CSetting& object, const Listener& listener) {
+  MakeApart(listener); // behind the addition nothing may fail
+  const std::size_t at = Count();
+  Add(key, std::move(value));
+  Show(at, object, listener);
+}
+
 void SettingTable::Remove(std::size_t at) {
   const std::size_t count = Count();
   const std::size_t texts = Texts();

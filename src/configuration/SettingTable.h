@@ -45,6 +45,8 @@ public:
 
   /// The key is not there yet. The value is the washed one.
   void Add(const PackedText& key, PackedText value);
+  /// The same for a setting that the object shows from the first. If it fails nothing is added.
+  void Add(const PackedText& key, PackedText value, CSetting& object, const Listener& listener);
   void Remove(std::size_t at);
   // Of a setting without an object.
   void SetValue(std::size_t at, PackedText value);

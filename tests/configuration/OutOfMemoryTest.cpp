@@ -10,6 +10,7 @@ namespace {
 
 using test::AllocationsAlive;
 using test::ExpectTrail;
+using test::FailingAllocation;
 using test::FailsAllocation;
 using test::OutOfMemory;
 
@@ -40,6 +41,27 @@ TEST_F(ConfigurationOutOfMemory, CollectionThatCannotBeMadePassesItsFailureOn) {
   settings.Add(u"A", u"1");
   ExpectTrail(OutOfMemory(1, [&] { settings.Clear(); }), {u"CSettings.Clear()"});
   EXPECT_EQ(settings.Count(), 1);
+}
+
+TEST_F(ConfigurationOutOfMemory, AdditionThatFailsAddsNothing) {
+  for (const std::int32_t before : {0, 1, 2, 8, 9}) {
+    CSettings settings;
+    settings.Initialize();
+    for (std::int32_t i = 0; i < before; ++i) settings.Value(u"key" + ToText(std::int64_t{i}), u"1");
+    bool failed = true;
+    for (std::size_t number = 1; failed; ++number) {
+      const String name = u"new" + ToText(static_cast<std::int64_t>(number)); // of which nothing is shared yet
+      const FailingAllocation failing(number);
+      try {
+        settings.Add(name, LongText);
+        failed = false;
+      } catch (const Error&) {
+        EXPECT_EQ(settings.Count(), before) << number;
+        EXPECT_FALSE(settings.Item(name)) << number;
+      }
+    }
+    EXPECT_EQ(settings.Count(), before + 1);
+  }
 }
 
 TEST(PackedTextMemory, IsOneForAllCopiesAndGoesWithTheLast) {

@@ -75,8 +75,10 @@ void RichTextEditor::Flush(bool isUserEdit) {
   const QScopedValueRollback writing(m_isWriting, true);
   m_frame.stop();
   const QTextCursor before = m_view->textCursor();
+  const Range seen{before.selectionStart(), before.selectionEnd()};
   const bool isBackwards = !m_awaitsSelection && before.position() < before.anchor();
-  if (!m_changes.IsEmpty()) {
+  const bool onlySelects = m_changes.IsEmpty();
+  if (!onlySelects) {
     if (!isUserEdit) m_document.setUndoRedoEnabled(false);
     QTextCursor cursor(&m_document);
     cursor.beginEditBlock();
@@ -90,6 +92,8 @@ void RichTextEditor::Flush(bool isUserEdit) {
     m_changes.Clear();
   }
   ShowSelection(isBackwards);
+  // Text that comes in behind the selection leaves the user where he has scrolled to.
+  if ((onlySelects || m_selected != seen) && m_view->isVisible()) m_view->ensureCursorVisible();
 }
 
 /// A stretch without lines, or without blocks, takes in a neighbour.
@@ -120,7 +124,6 @@ void RichTextEditor::ShowSelection(bool isBackwards) {
   }
   m_selected = selected;
   m_awaitsSelection = false;
-  if (m_view->isVisible()) m_view->ensureCursorVisible();
 }
 
 int RichTextEditor::ToDocument(Place place, bool isEnd) const {

@@ -297,6 +297,25 @@ TEST_F(TextViewTest, TheEndOfTheTextComesIntoViewWithTheCaret) {
   EXPECT_GT(View().verticalScrollBar()->value(), 400);
 }
 
+TEST_F(TextViewTest, TextThatComesInBehindTheSelectionLeavesTheUserWhereHeHasScrolledTo) {
+  String text;
+  for (int i = 0; i < 500; ++i) text += u"line\r\n";
+  Put(text);
+  box.SelStart(3);
+  box.SelLength(4);
+  Settle();
+  View().verticalScrollBar()->setValue(100);
+  box.SelStart(box.TextLength() + 1);
+  box.SelText(u"more\r\n");
+  box.SelStart(3);
+  box.SelLength(4);
+  Settle();
+  EXPECT_EQ(View().verticalScrollBar()->value(), 100);
+  box.SelStart(3);
+  Settle();
+  EXPECT_EQ(View().verticalScrollBar()->value(), 0);
+}
+
 TEST_F(TextViewTest, ZoomChangesWhatIsSeenAndNothingElse) {
   Put(u"abc\r\nabc");
   Format(0, 3, {.SelIndent = 150});

@@ -1,9 +1,11 @@
 // The window, mapped on a display: runs of queries on the simulated instrument against portico-run, start-up against a
-// plain window, and what the program costs while nothing happens. Ratios within one run; medians.
+// plain window, a long log in the viewer, and what the program costs while nothing happens. Ratios within one run;
+// medians.
 
 #include "application/HostEnvironment.h"
 #include "application/Startup.h"
 #include "benchmarks/Part.h"
+#include "document/entities/CDataEntity.h"
 #include "document/entities/IDataStore.h"
 #include "drivers/DriverRegistry.h"
 #include "drivers/StandardDriver.h"
@@ -14,8 +16,10 @@
 #include "framework/shared/IConfiguration.h"
 #include "qt/Toolkit.h"
 #include "qt/loop/EventLoop.h"
+#include "ui/commands/MergeCommands.h"
 #include "ui/dialogs/KnownInstruments.h"
 #include "ui/main/frmMain.h"
+#include "ui/viewer/frmViewLog.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -24,6 +28,7 @@
 #include <QSplitter>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QToolBar>
 
 #include <algorithm>
@@ -44,6 +49,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int Queries = Part(10'000);
 constexpr int Rounds = Part(5);
+constexpr int LoggedEntities = Part(1'000'000);
 constexpr char Name[] = "SIM::dmm::INSTR";
 
 double Seconds(Clock::time_point since) { return std::chrono::duration<double>(Clock::now() - since).count(); }
@@ -172,6 +178,62 @@ public:
   }
 };
 
+/// A log of so many responses of 64 characters.
+void MakeLog(const String& name, int entities) {
+  const auto store = Create(Class::DataStore, name, true);
+  store->OpenSession();
+  const ByteArray data = ToBytes(String(62, u'7') + u"\r\n");
+  for (int i = 0; i < entities; ++i) {
+    store->AppendDataEntityToStore(modDataDocument::CreateADataEntity(data, u"Response", {}));
+  }
+}
+
+/// When the log in the viewer has been read and checked: only then its reader asks for the command that shows it.
+Clock::time_point checked;
+
+const CreatorRow NotingMerge = {
+    .Name = CtorMerge.Name,
+    .Specification = CtorMerge.Specification,
+    .ParamCount = CtorMerge.ParamCount,
+    .Make =
+        [](const Params& parameters) {
+          checked = Clock::now();
+          return CtorMerge.Make(parameters);
+        },
+};
+
+void MeasureViewer(frmMain& window, qt::EventLoop& loop, const String& name) {
+  MakeLog(name, LoggedEntities);
+  gObjectFactory->Substitue(MakeCreator(NotingMerge));
+  const auto viewer = frmViewLog::Make();
+  viewer->FileName(name);
+  const auto start = Clock::now();
+  viewer->Show(&window.Form());
+  const Ref<IForm> form = gForms->Forms().back();
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  const auto shown = std::find_if(windows.begin(), windows.end(), [](const QWidget* each) {
+    return each->isVisible() && each->windowTitle().startsWith(QLatin1String("Log Viewer"));
+  });
+  if (shown == windows.end() || !QTest::qWaitForWindowExposed(*shown)) std::abort();
+  const auto first = Clock::now();
+
+  // How long the windows have to wait for a turn while the rest comes.
+  QTimer pulse;
+  auto last = first;
+  double longest = 0;
+  QObject::connect(&pulse, &QTimer::timeout, &pulse, [&] {
+    longest = std::max(longest, Seconds(last));
+    last = Clock::now();
+  });
+  pulse.start(0);
+  while (form->Caption() != u"Log Viewer - " + name) loop.WaitForEvent();
+  longest = std::max(longest, Seconds(last));
+  std::printf("a log of %d entities in the viewer: %.2f s to read and check it, %.3f s from there to the first screen, "
+              "%.2f s to the last line, at most %.0f ms without a turn\n",
+              LoggedEntities, std::chrono::duration<double>(checked - start).count(),
+              std::chrono::duration<double>(first - checked).count(), Seconds(first), longest * 1e3);
+}
+
 /// Bytes an entity, at a fifth of the way and at the end.
 void Soak(frmMain& window, const QString& folder, int lines) {
   SetOptions(false);
@@ -243,6 +305,7 @@ int main(int argc, char** argv) {
     CompareRuns(*window, file);
     MeasureIdle(*window, toolkit.Loop());
     MeasureIntervalWait(*window);
+    MeasureViewer(*window, toolkit.Loop(), FromUtf8(folder.filePath("long.log").toStdString()).Text);
   }
 
   toolkit.Loop().FinishQuit();

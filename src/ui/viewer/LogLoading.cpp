@@ -24,13 +24,24 @@ String PlaceOf(const LogReading& reading) {
 
 } // namespace
 
-LogLoading::LogLoading(const String& FileName) : m_fileName(FileName), m_watch(std::in_place, this) {
+LogProgress::LogProgress(const String& FileName) {
   if (gProgress) gProgress->Begin(u"Reading " + FileName);
 }
 
+LogProgress::~LogProgress() {
+  if (gProgress) gProgress->End();
+}
+
+void LogProgress::Tell(double share) {
+  if (!gProgress) return;
+  if (!gProgress->Step(share, 1)) HuntERR::Raise(ErrorNumber::WorkGivenUp, u"LogLoading", u"The log was not opened.");
+}
+
+LogLoading::LogLoading(const String& FileName)
+    : m_progress(FileName), m_fileName(FileName), m_watch(std::in_place, this) {}
+
 LogLoading::~LogLoading() {
   if (m_container) m_container->OnAdd.Disconnect(m_added);
-  if (gProgress) gProgress->End();
 }
 
 void LogLoading::Follow(const Ref<CDataFIFO>& container) {
@@ -44,7 +55,7 @@ void LogLoading::BytesRead(std::uint64_t done, std::uint64_t total) {
   const double from = m_pass < 2 ? 0 : CheckedShare;
   const double to = m_pass < 2 ? CheckedShare : ReadShare;
   const double part = total == 0 ? 1 : static_cast<double>(done) / static_cast<double>(total);
-  Tell(from + (to - from) * std::min(part, 1.0));
+  LogProgress::Tell(from + (to - from) * std::min(part, 1.0));
 }
 
 void LogLoading::EndIsMissing(const LogReading& reading) {
@@ -55,12 +66,7 @@ void LogLoading::EndIsMissing(const LogReading& reading) {
 void LogLoading::EntityShown() {
   ++m_shown;
   const double part = static_cast<double>(m_shown) / static_cast<double>(std::max(m_read, m_shown));
-  Tell(ReadShare + (1 - ReadShare) * part);
-}
-
-void LogLoading::Tell(double share) {
-  if (!gProgress) return;
-  if (!gProgress->Step(share, 1)) HuntERR::Raise(ErrorNumber::WorkGivenUp, u"LogLoading", u"The log was not opened.");
+  LogProgress::Tell(ReadShare + (1 - ReadShare) * part);
 }
 
 } // namespace portico

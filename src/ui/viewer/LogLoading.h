@@ -7,9 +7,21 @@
 
 namespace portico {
 
-/// Shows how far the opening of a log has come, for as long as it lives: the file is read twice, first to see whether
-/// it is a log, then its entities are shown one by one. Once the user gives it up, the next step raises the expected
-/// error `WorkGivenUp`, of which no report is made.
+/// Shows how far work on a log has come, for as long as it lives, and keeps the windows from taking input.
+class LogProgress final {
+public:
+  explicit LogProgress(const String& FileName);
+  ~LogProgress();
+  LogProgress(const LogProgress&) = delete;
+  LogProgress& operator=(const LogProgress&) = delete;
+
+  /// Of the work as a whole, from 0 to 1. Once the user has given it up, this raises the expected error `WorkGivenUp`,
+  /// of which no report is made.
+  static void Tell(double share);
+};
+
+/// Shows how far the opening of a log has come: the file is read twice, first to see whether it is a log, then its
+/// entities are shown one by one. May raise `WorkGivenUp` at each step.
 class LogLoading final : public ILogWatcher {
 public:
   explicit LogLoading(const String& FileName);
@@ -29,9 +41,8 @@ public:
 
 private:
   void EntityShown();
-  /// Of the work as a whole, from 0 to 1.
-  static void Tell(double share);
 
+  LogProgress m_progress;
   String m_fileName;
   String m_warning;
   std::optional<LogWatch> m_watch; // until all is read

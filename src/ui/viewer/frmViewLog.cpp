@@ -16,6 +16,7 @@
 #include "ui/viewer/ViewLogDesign.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace portico {
 namespace {
@@ -49,6 +50,17 @@ bool frmViewLog::Run(StringView handler, Body&& body) {
   return RunHandler(String(ClassName()).append(u".").append(handler), SentenceOf(handler), std::forward<Body>(body));
 }
 
+template <class Body>
+bool frmViewLog::RunUnlessGivenUp(Body&& body) {
+  try {
+    std::forward<Body>(body)();
+    return true;
+  } catch (const Error& error) {
+    if (error.Record().Number != ErrorNumber::WorkGivenUp) throw;
+    return false;
+  }
+}
+
 Ref<frmViewLog> frmViewLog::Make() {
   if (!gForms) return {};
   return New<frmViewLog>();
@@ -64,7 +76,7 @@ void frmViewLog::Show(IForm* Owner) {
   }
   m_form->Owner(Owner);
   m_form->Show();
-  if (!m_warning.empty()) gMessageBox->Show(m_warning, ApplicationTitle);
+  GoOn();
 }
 
 void frmViewLog::Connect() {
@@ -87,6 +99,9 @@ void frmViewLog::Connect() {
   m_tmrKey = gEventLoop->MakeTimer();
   m_tmrKey->Interval(1);
   On(m_tmrKey->Timer(), &frmViewLog::tmrKey_Timer);
+  m_tmrLoad = gEventLoop->MakeTimer();
+  m_tmrLoad->Interval(1);
+  On(m_tmrLoad->Timer(), &frmViewLog::tmrLoad_Timer);
 }
 
 bool frmViewLog::Form_Load() {
@@ -97,15 +112,8 @@ bool frmViewLog::Form_Load() {
     modAppGlobals::LoadResStrings(*m_form);
     PlaceForm();
     txtPast().Text({});
-    try {
-      LoadLog();
-    } catch (const Error& error) {
-      givenUp = error.Record().Number == ErrorNumber::WorkGivenUp;
-      if (!givenUp) throw;
-      return;
-    }
-    m_form->Caption(u"Log Viewer - " + m_fileName);
-    HideWhatIsNotOffered();
+    givenUp = !RunUnlessGivenUp([this] { LoadLog(); });
+    if (!givenUp) HideWhatIsNotOffered();
   });
   return !givenUp;
 }
@@ -124,13 +132,57 @@ void frmViewLog::LoadLog() try {
   m_view = Create(Class::SCPIView, Share(m_form, txtPast()));
   const auto queue = m_view->Instructions();
   LogLoading loading(m_fileName);
-  const auto merge = Create(Class::MergeDataContainerFromFile, queue, m_fileName, iterator);
-  loading.Follow(queue);
-  merge->Execute();
-  m_view->Refresh();
+  m_showing = std::make_unique<LogShowing>(Share(m_form, txtPast()), queue, m_fileName, iterator);
   m_warning = loading.Warning();
+  loading.Follow(queue);
+  ShowPortion();
 } catch (...) {
+  StopLoading();
   PassOn(u"frmViewLog.LoadLog");
+}
+
+void frmViewLog::ShowMore() try { ShowPortion(); } catch (...) {
+  StopLoading();
+  m_form->Caption(String(ViewLogDesign().Caption));
+  PassOn(u"frmViewLog.LoadLog");
+}
+
+void frmViewLog::ShowPortion() {
+  m_showing->ShowPortion();
+  const String caption = u"Log Viewer - " + m_fileName;
+  if (m_showing->IsDone()) {
+    m_view->Refresh();
+    m_showing = nullptr;
+    m_form->Caption(caption);
+  } else {
+    m_form->Caption(caption + u" (" + ToText(static_cast<std::int64_t>(100 * m_showing->Share())) + u" %)");
+  }
+}
+
+bool frmViewLog::ShowRest() {
+  if (!m_showing) return true;
+  return RunUnlessGivenUp([this] {
+    const LogProgress progress(m_fileName);
+    while (m_showing) {
+      ShowMore();
+      if (m_showing) LogProgress::Tell(m_showing->Share());
+    }
+  });
+}
+
+void frmViewLog::GoOn() {
+  m_tmrLoad->Enabled(bool(m_showing));
+  if (!m_showing && !m_warning.empty()) gMessageBox->Show(std::exchange(m_warning, {}), ApplicationTitle);
+}
+
+void frmViewLog::tmrLoad_Timer() {
+  if (m_showing) Run(u"Form_Load", [this] { ShowMore(); });
+  GoOn();
+}
+
+void frmViewLog::StopLoading() {
+  m_showing = nullptr;
+  m_warning.clear();
 }
 
 void frmViewLog::HideWhatIsNotOffered() {
@@ -157,6 +209,8 @@ void frmViewLog::Form_Resize() {
 void frmViewLog::Form_Unload() {
   Run(u"Form_Unload", [this] {
     m_tmrKey->Enabled(false);
+    m_tmrLoad->Enabled(false);
+    StopLoading();
     m_view = nullptr;
   });
 }
@@ -202,8 +256,9 @@ void frmViewLog::mnuCopy_Click() {
 }
 
 void frmViewLog::mnuFilePrint_Click() {
-  Run(u"mnuFilePrint_Click",
-      [this] { modAppGlobals::ExecutionEventHandler(Class::Print, gCommonDialog, Share(m_form, txtPast())); });
+  Run(u"mnuFilePrint_Click", [this] {
+    if (ShowRest()) modAppGlobals::ExecutionEventHandler(Class::Print, gCommonDialog, Share(m_form, txtPast()));
+  });
 }
 
 void frmViewLog::mnuFilePageSetup_Click() {

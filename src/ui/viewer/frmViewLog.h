@@ -4,6 +4,7 @@
 #include "platform/IForm.h"
 #include "platform/IRichTextControl.h"
 #include "platform/IToolBar.h"
+#include "ui/viewer/LogShowing.h"
 #include "views/CSCPIView.h"
 
 #include <memory>
@@ -22,9 +23,10 @@ public:
 
   /// The log, by its path as it was given. To be set before `Show`.
   void FileName(const String& newValue) { m_fileName = newValue; }
-  /// Reads the log and shows it, without blocking, in front of the owner. A log that cannot be read ends in a message
-  /// box and an empty window; one whose reading the user gives up in none. Of one whose end is missing the rest is
-  /// shown, and a message box says so.
+  /// Reads the log and shows its first lines, without blocking, in front of the owner; the rest follows in turns of the
+  /// event loop, and the caption tells how far it has come. A log that cannot be read ends in a message box and an
+  /// empty window; one whose reading the user gives up in none. Of one whose end is missing the rest is shown, and a
+  /// message box says so.
   void Show(IForm* Owner);
   /// Lets menu states follow selection and content. Both arguments are without use.
   void UpdateUI(const String& ItemName, const String& ItemValue);
@@ -39,15 +41,27 @@ private:
   template <class Body>
   bool Run(StringView handler, Body&& body);
 
+  /// Runs the body. False if the user has given up what it does.
+  template <class Body>
+  static bool RunUnlessGivenUp(Body&& body);
+
   /// False if the user has given up the reading.
   bool Form_Load();
   void PlaceForm();
   void LoadLog();
+  /// Goes on with the loading.
+  void ShowMore();
+  void ShowPortion();
+  /// All that is still to be shown, at once. False if the user has given it up; it goes on in turns of the loop then.
+  bool ShowRest();
+  void GoOn();
+  void StopLoading();
   void HideWhatIsNotOffered();
   void Form_Resize();
   void Form_Activate();
   void Form_KeyDown();
   void tmrKey_Timer();
+  void tmrLoad_Timer();
   void Form_Unload();
   void txtPast_LostFocus();
   void txtPast_MouseUp();
@@ -71,7 +85,9 @@ private:
   String m_warning; // to be shown once the log is
   Ref<IForm> m_form;
   Ref<CSCPIView> m_view;
+  std::unique_ptr<LogShowing> m_showing; // until all is shown
   std::unique_ptr<ITimer> m_tmrKey;
+  std::unique_ptr<ITimer> m_tmrLoad;
 };
 
 } // namespace portico

@@ -3,6 +3,7 @@
 #include "qt/loop/HandlerTurn.h"
 #include "qt/loop/LoopTimer.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDrag>
 #include <QPointer>
@@ -14,7 +15,12 @@
 namespace portico::qt {
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 constexpr int DeepestInput = 20;
+
+// Far below what anybody notices, and far above a turn: a run takes one every few microseconds.
+constexpr auto LookInterval = std::chrono::microseconds(100);
 
 class Nesting {
 public:
@@ -55,7 +61,10 @@ QEventLoop::ProcessEventsFlags EventLoop::HandledAt(int depth) {
 
 void EventLoop::Process() {
   const Nesting nested(m_depth);
-  QCoreApplication::processEvents(HandledAt(m_depth));
+  const auto now = Clock::now();
+  if (now < m_nextLook) return QCoreApplication::sendPostedEvents();
+  m_nextLook = now + LookInterval;
+  if (QAbstractEventDispatcher::instance()->processEvents(HandledAt(m_depth))) m_nextLook = {}; // more may follow
 }
 
 void EventLoop::Wait() {

@@ -7,6 +7,7 @@
 #include <QEventLoop>
 #include <QSocketNotifier>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -14,7 +15,8 @@
 namespace portico::qt {
 
 /// The toolkit's event loop. Its turns run inside one another: a handler that the toolkit called may take turns itself.
-/// Needs the application object, which outlives it.
+/// Each turn handles what has been posted within the program. A turn that follows closely on one which found that
+/// nothing else had come does not ask the system for more. Needs the application object, which outlives it.
 class EventLoop final : public EventLoopBase {
 public:
   EventLoop();
@@ -42,6 +44,7 @@ private:
   Event<> m_quitting;
   bool m_running = false;
   int m_depth = 0;
+  std::chrono::steady_clock::time_point m_nextLook; // at the system
 };
 
 /// Lives for as long as something modal is shown, and calls `close` when the program is told to end. The constructor

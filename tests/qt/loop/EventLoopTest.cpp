@@ -6,6 +6,7 @@
 #include "qt/loop/QuitSignals.h"
 #include "support/ErrorReports.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QTimer>
 
@@ -36,6 +37,33 @@ TEST_F(EventLoopTest, ATurnHandlesWhatIsPendingAndReturns) {
   loop.DoEvents();
   EXPECT_TRUE(called);
   EXPECT_NO_THROW(loop.DoEvents());
+}
+
+TEST_F(EventLoopTest, ATurnCloseToAnotherHandlesWhatHasBeenPosted) {
+  int called = 0;
+  for (int i = 0; i < 1000; ++i) {
+    loop.DoEvents(); // finds nothing
+    QTimer::singleShot(0, qApp, [&] { ++called; });
+    loop.DoEvents();
+    ASSERT_EQ(called, i + 1);
+  }
+}
+
+TEST_F(EventLoopTest, TurnsCloseTogetherDoNotAskTheSystemEachTime) {
+  int asked = 0;
+  const auto counter =
+      QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, qApp, [&] { ++asked; });
+  for (int i = 0; i < 1000; ++i) loop.DoEvents();
+  QObject::disconnect(counter);
+  EXPECT_GE(asked, 1);
+  EXPECT_LT(asked, 1000);
+}
+
+TEST_F(EventLoopTest, TurnsAloneSeeWhatTheSystemHas) {
+  int fired = 0;
+  const auto timer = Started(1, [&] { ++fired; });
+  while (fired < 3) loop.DoEvents();
+  EXPECT_TRUE(timer->Enabled());
 }
 
 TEST_F(EventLoopTest, WaitingEndsWithATimer) {

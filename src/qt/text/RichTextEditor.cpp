@@ -68,10 +68,10 @@ void RichTextEditor::Await() {
 
 void RichTextEditor::Show() {
   if (m_isWriting || !m_view) return;
-  if (!m_changes.IsEmpty() || m_awaitsSelection) Flush(false);
+  if (!m_changes.IsEmpty() || m_awaitsSelection) Flush(Undo::Never);
 }
 
-void RichTextEditor::Flush(bool isUserEdit) {
+void RichTextEditor::Flush(Undo undo) {
   const QScopedValueRollback writing(m_isWriting, true);
   m_frame.stop();
   const QTextCursor before = m_view->textCursor();
@@ -79,13 +79,13 @@ void RichTextEditor::Flush(bool isUserEdit) {
   const bool isBackwards = !m_awaitsSelection && before.position() < before.anchor();
   const bool onlySelects = m_changes.IsEmpty();
   if (!onlySelects) {
-    if (!isUserEdit) m_document.setUndoRedoEnabled(false);
+    if (undo == Undo::Never) m_document.setUndoRedoEnabled(false);
     QTextCursor cursor(&m_document);
-    cursor.beginEditBlock();
+    undo == Undo::WithStepBefore ? cursor.joinPreviousEditBlock() : cursor.beginEditBlock();
     const auto& stretches = m_changes.All();
     std::for_each(stretches.rbegin(), stretches.rend(), [this](const auto& stretch) { WriteStretch(stretch); });
     cursor.endEditBlock();
-    if (!isUserEdit) {
+    if (undo == Undo::Never) {
       m_blocks.ForgetHidden();
       m_document.setUndoRedoEnabled(true);
     }
@@ -165,6 +165,11 @@ void RichTextEditor::ReadContents(int position, int added) {
     m_changes.Add(firstLine, blocks, read);
     Await();
   }
+  const int start = m_edited.isNull() ? position : std::min(position, m_edited.selectionStart());
+  const int changed = m_edited.isNull() ? 0 : m_edited.selectionEnd();
+  m_edited = QTextCursor(&m_document);
+  m_edited.setPosition(std::min(start, end));
+  m_edited.setPosition(std::min(std::max(position + added, changed), end), QTextCursor::KeepAnchor);
   // For an edit that comes with no event of the view's.
   if (m_isChanged) QTimer::singleShot(0, &m_frame, [this] { Settle(); });
 }
@@ -182,8 +187,21 @@ void RichTextEditor::ReadSelection() {
   m_selected = selected;
 }
 
+/// What the user's edits have left of long lines shows too much of them, or too little.
+void RichTextEditor::CutAnew() {
+  if (m_edited.isNull() || !m_changes.IsEmpty()) return;
+  const QTextBlock behind = m_document.findBlock(m_edited.selectionEnd()).next();
+  for (QTextBlock block = m_document.findBlock(m_edited.selectionStart()); block != behind; block = block.next()) {
+    const auto line = static_cast<std::size_t>(block.blockNumber());
+    if (!m_blocks.IsWellCut(block, Lines()[line].Text.size())) m_changes.Add(line, 1, 1);
+  }
+  m_edited = {};
+  if (!m_changes.IsEmpty()) Flush(Undo::WithStepBefore);
+}
+
 void RichTextEditor::Settle() {
   ReadSelection();
+  CutAnew();
   if (std::exchange(m_isChanged, false)) OnUserChange();
 }
 
@@ -206,12 +224,12 @@ void RichTextEditor::Insert(const QMimeData& data) {
   Show();
   ReadSelection();
   UserPut(FromClipboard(data, InsertionFormat()));
-  Flush(true);
+  Flush(Undo::Step);
 }
 
 void RichTextEditor::InsertText(StringView text) {
   UserPut(richtext::FormatPlain(text, InsertionFormat()));
-  Flush(true);
+  Flush(Undo::Step);
 }
 
 void RichTextEditor::Drop(const QMimeData& data, const QTextCursor& place, const QTextCursor& moved) {
@@ -227,7 +245,7 @@ void RichTextEditor::Drop(const QMimeData& data, const QTextCursor& place, const
   }
   Select(position, 0);
   UserPut(FromClipboard(data, InsertionFormat()));
-  Flush(true);
+  Flush(Undo::Step);
 }
 
 void RichTextEditor::Zoom(double factor) {

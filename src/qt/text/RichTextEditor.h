@@ -54,11 +54,14 @@ private:
   void Zoom(double factor) override;
 
   void Await();
-  void Flush(bool isUserEdit);
+  /// Who undoes what the view is brought up to date with: nobody, the user in a step, or with the step before.
+  enum class Undo : std::uint8_t { Never, Step, WithStepBefore };
+  void Flush(Undo undo);
   void WriteStretch(const richtext::LineChanges::Stretch& stretch);
   void ShowSelection(bool isBackwards);
   void UserPut(richtext::FormattedText text);
   void ReadContents(int position, int added);
+  void CutAnew();
   void ReadSelection();
   int ToDocument(Place place, bool isEnd) const;
   Place FromDocument(int position) const;
@@ -69,6 +72,7 @@ private:
   richtext::LineChanges m_changes; // what the document does not show yet
   bool m_awaitsSelection = false;  // the document does not show the selection yet
   std::optional<Range> m_selected; // in the document, as it was last the same as in the model
+  QTextCursor m_edited;            // by the user, and not cut anew where its lines have become too long or too short
   bool m_isWriting = false;
   bool m_isReading = false;
   bool m_isChanged = false; // by the user, and `OnUserChange` has not been called for it

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace portico::qt {
 namespace {
@@ -150,6 +151,24 @@ std::size_t TextBlocks::FromBlock(const QTextBlock& block, std::size_t lineLengt
     left -= std::min(left, piece.Length);
   });
   return place;
+}
+
+bool TextBlocks::IsWellCut(const QTextBlock& block, std::size_t lineLength) const {
+  const auto shown = static_cast<std::size_t>(block.length() - 1);
+  if (shown == lineLength) return lineLength <= LongestShown;
+  if (lineLength <= LongestShown) return false;
+  std::vector<std::size_t> parts{0}; // what is shown between the marks
+  Visit(block, [&](const Piece& piece) {
+    if (piece.Text.size() == piece.Length) {
+      parts.back() += piece.Length;
+    } else {
+      parts.push_back(0);
+    }
+  });
+  const auto isNear = [](std::size_t part, std::size_t whole) {
+    return part + Slack >= whole && part <= whole + Slack;
+  };
+  return parts.size() == 2 && isNear(parts[0], HeadShown) && isNear(parts[1], TailShown);
 }
 
 void TextBlocks::ForgetHidden() {

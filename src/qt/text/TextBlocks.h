@@ -16,10 +16,12 @@ namespace portico::qt {
 /// whole length. Both come back as what they stand for.
 class TextBlocks {
 public:
-  /// A line with more units than `LongestShown` shows `HeadShown` at its start and `TailShown` at its end.
+  /// A line with more units than `LongestShown` shows `HeadShown` at its start and `TailShown` at its end. Where the
+  /// user edits it either may come to differ by `Slack`.
   static constexpr std::size_t LongestShown = 20'000;
   static constexpr std::size_t HeadShown = 16'000;
   static constexpr std::size_t TailShown = 2'000;
+  static constexpr std::size_t Slack = 1'000;
 
   TextBlocks(QTextDocument& document, const richtext::CharacterFormat& standard)
       : m_document(document), m_formats(standard) {}
@@ -40,6 +42,9 @@ public:
   /// place behind that character.
   int ToBlock(const QTextBlock& block, std::size_t lineLength, std::size_t offset, bool isEnd) const;
   std::size_t FromBlock(const QTextBlock& block, std::size_t lineLength, int offset) const;
+
+  /// Whether a block shows as much as it should of its line, which has so many units.
+  bool IsWellCut(const QTextBlock& block, std::size_t lineLength) const;
 
   /// Forgets texts that are not shown and that no block has any more. To be called when nothing can be undone.
   void ForgetHidden();

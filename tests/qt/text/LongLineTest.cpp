@@ -129,6 +129,49 @@ TEST_F(LongLineTest, ItIsPartedAndJoinedAgain) {
   EXPECT_TRUE(box.TextRTF() == before);
 }
 
+TEST_F(LongLineTest, WhenItsStartIsDeletedMoreOfItIsShown) {
+  const String before = box.TextRTF();
+  SelectInView(Start(), Start() + 10'000);
+  Key(Qt::Key_Delete);
+  ExpectShown(box);
+  EXPECT_TRUE(box.Text() == u"first\r\n" + m_line.substr(10'000) + u"\r\nlast");
+  EXPECT_EQ(View().textCursor().position(), Start());
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(box.TextRTF() == before);
+  ExpectShown(box);
+}
+
+TEST_F(LongLineTest, AfterADeletionThatLeavesLittleOfItAllIsShown) {
+  box.Text(u"first\r\n" + m_line.substr(0, 21'000));
+  box.Show();
+  const String before = box.TextRTF();
+  SelectInView(Start(), Start() + 15'000);
+  Key(Qt::Key_Delete);
+  EXPECT_TRUE(ShownText(box) == u"first\r\n" + m_line.substr(15'000, 6'000));
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(box.TextRTF() == before);
+  ExpectShown(box);
+}
+
+TEST_F(LongLineTest, TwoThatAreJoinedAreShownAsOne) {
+  box.Text(u"first\r\n" + m_line + u"\r\n" + m_line);
+  box.Show();
+  SelectInView(Block().next().position(), Block().next().position());
+  Key(Qt::Key_Backspace);
+  EXPECT_EQ(box.TextLength(), 5 + 2 + 2 * Mega);
+  ExpectShown(box);
+}
+
+TEST_F(LongLineTest, LinesThatAreLongOnceTheyAreJoinedAreCut) {
+  const String half(15'000, u'x');
+  box.Text(u"first\r\n" + half + u"\r\n" + half);
+  box.Show();
+  SelectInView(Block().next().position(), Block().next().position());
+  Key(Qt::Key_Backspace);
+  EXPECT_EQ(Block().length(), Head + 1 + Tail + 1);
+  ExpectShown(box);
+}
+
 TEST_F(LongLineTest, WhatCanComeBackIsNotForgotten) {
   for (int i = 0; i < 100; ++i) {
     box.Text(String(30'000, u'x'));

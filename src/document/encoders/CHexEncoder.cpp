@@ -3,6 +3,7 @@
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 
+#include <algorithm>
 #include <array>
 
 namespace portico {
@@ -40,13 +41,17 @@ void AppendDigits(Text& text, const ByteArray& data) {
 template <class Text>
 std::optional<std::size_t> ReadDigits(const Text& text, ByteArray& data) {
   data.resize(text.size() / 2);
-  for (std::size_t i = 0; i < data.size(); ++i) {
-    const std::uint8_t high = DigitValue(text[2 * i]);
-    const std::uint8_t low = DigitValue(text[2 * i + 1]);
-    if ((high | low) > 0xF) return 2 * i;
-    data[i] = static_cast<std::uint8_t>((high << 4) | low);
+  std::uint8_t bits = 0;
+  auto digit = text.begin();
+  for (auto& byte : data) {
+    const std::uint8_t high = DigitValue(*digit++);
+    const std::uint8_t low = DigitValue(*digit++);
+    bits |= high | low;
+    byte = static_cast<std::uint8_t>((high << 4) | low);
   }
-  return {};
+  if (bits <= 0xF) return {};
+  const auto bad = std::find_if(text.begin(), text.end(), [](auto each) { return DigitValue(each) > 0xF; });
+  return static_cast<std::size_t>(bad - text.begin()) / 2 * 2;
 }
 
 } // namespace

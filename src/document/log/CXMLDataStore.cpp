@@ -16,6 +16,8 @@
 namespace portico {
 namespace {
 
+constexpr std::size_t UsualSize = 512; // of an element, in bytes
+
 /// Nearly all that a log holds is ASCII, and there is much of it.
 String TextOf(std::string_view bytes) {
   const bool ascii = std::all_of(bytes.begin(), bytes.end(), [](char byte) { return (byte & 0x80) == 0; });
@@ -36,9 +38,11 @@ template <class See>
 void ForEachAttribute(const Ref<IDataEntity>& entity, See see) {
   if (const CDataEntity* known = CDataEntity::From(entity)) {
     const SettingTable& table = known->Attributes();
-    for (std::size_t at = 0; at < table.Count(); ++at) see(table.Name(at).ToString(), table.Value(at).ToString());
+    for (std::size_t at = 0; at < table.Count(); ++at) see(table.Name(at), table.Value(at));
   } else if (const auto attributes = entity->DataAttributes()) {
-    for (const Ref<IAttribute>& attribute : attributes->NewEnum()) see(attribute->Name(), attribute->Value());
+    for (const Ref<IAttribute>& attribute : attributes->NewEnum()) {
+      see(PackedText(attribute->Name()), PackedText(attribute->Value()));
+    }
   }
 }
 
@@ -193,10 +197,13 @@ Refusal CXMLDataStore::DataEntityToElement(const Ref<IDataEntity>& DataEntity, s
         if (!DataEntity) return Refusal(ErrorNumber::InvalidArgument, u"Data entity cannot be nothing.");
         const String type = DataEntity->DataType();
         if (!LogText::IsName(type)) return Refusal(ErrorNumber::CannotCreate, u"Cannot create an XML element.");
-        const std::string name = ToUtf8(type);
-        element.append("\n<").append(name);
+        element.reserve(UsualSize);
+        element += "\n<";
+        const std::size_t name = element.size();
+        AppendUtf8(element, type);
+        const std::size_t nameEnd = element.size();
         AppendContent(element, DataEntity);
-        element.append("</").append(name).append(">");
+        element.append("</").append(element, name, nameEnd - name).append(">");
         return Refusal();
       },
       DataEntity);
@@ -205,11 +212,11 @@ Refusal CXMLDataStore::DataEntityToElement(const Ref<IDataEntity>& DataEntity, s
 /// The attributes that are not private, the end of the tag, and the payload.
 void CXMLDataStore::AppendContent(std::string& element, const Ref<IDataEntity>& DataEntity) {
   String format;
-  ForEachAttribute(DataEntity, [&](const String& name, const String& value) {
+  ForEachAttribute(DataEntity, [&](const PackedText& name, const PackedText& value) {
     if (IsPrivateAttribute(name)) return;
-    if (name == AttributeName::DataFormat) format = value;
+    if (name.Equals(AttributeName::DataFormat)) format = value.ToString();
     HuntERR::Check(LogText::IsName(name), ErrorNumber::CannotCreate, u"Cannot create an XML attribute.");
-    LogText::AppendAttribute(element, StringView(name), StringView(value));
+    LogText::AppendAttribute(element, name, value);
   });
   element += '>';
   if (format == FromAscii(LogName::StringFormat)) {
@@ -221,7 +228,7 @@ void CXMLDataStore::AppendContent(std::string& element, const Ref<IDataEntity>& 
   }
 }
 
-bool CXMLDataStore::IsPrivateAttribute(StringView Name) { return !Name.empty() && Name.front() == u'_'; }
+bool CXMLDataStore::IsPrivateAttribute(const PackedText& Name) { return Name.Length() > 0 && Name[0] == u'_'; }
 
 void CXMLDataStore::CloseSession() try { CloseCurrentSession(); } catch (...) {
   PassOn(Label(u".IDataStore_CloseSession()"));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "configuration/PackedText.h"
 #include "document/encoders/CHexEncoder.h"
 #include "document/entities/CDataFIFO.h"
 #include "document/entities/IDataStore.h"
@@ -56,7 +57,7 @@ private:
   void CloseCurrentSession();
   Ref<IDataEntity> ElementToDataEntity(const LogElement* Element, Filler& names) const;
   ByteArray Payload(std::string_view text, bool isString) const;
-  static bool IsPrivateAttribute(StringView Name);
+  static bool IsPrivateAttribute(const PackedText& Name);
   Refusal DataEntityToElement(const Ref<IDataEntity>& DataEntity, std::string& element) const;
   static void AppendContent(std::string& element, const Ref<IDataEntity>& DataEntity);
   Refusal AppendEntityElement(const Ref<IDataEntity>& DataEntity);

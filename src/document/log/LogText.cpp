@@ -29,23 +29,52 @@ std::string XmlCharacters(StringView text) {
   return ToUtf8(kept);
 }
 
-using Range = std::pair<char32_t, char32_t>;
-
-template <std::size_t count>
-bool IsIn(const std::array<Range, count>& ranges, char32_t point) {
-  return std::any_of(ranges.begin(), ranges.end(),
-                     [point](const Range& range) { return point >= range.first && point <= range.second; });
+constexpr bool IsSpecialInText(char character) {
+  return character == '&' || character == '<' || character == '>' || character == '\r';
 }
+constexpr bool IsSpecialInAttribute(char character) {
+  return IsSpecialInText(character) || character == '"' || character == '\t' || character == '\n';
+}
+
+// What a unit can be, as bits.
+constexpr std::uint8_t StartsName = 1;
+constexpr std::uint8_t ContinuesName = 2;
+constexpr std::uint8_t IsPlain = 4; ///< one byte that stands for itself in an attribute
 
 // Names as every edition of XML 1.0 has them, without the colon. Letters beyond U+0131 are left out: readers that go by
 // the older editions' tables refuse many of them.
-bool StartsName(char32_t point) {
-  constexpr std::array<Range, 5> ranges{{{'A', 'Z'}, {'_', '_'}, {'a', 'z'}, {0xC0, 0xD6}, {0xD8, 0xF6}}};
-  return IsIn(ranges, point) || (point >= 0xF8 && point <= 0x131);
-}
+constexpr std::size_t Units = 0x132;
+constexpr auto Kinds = [] {
+  std::array<std::uint8_t, Units> kinds{};
+  const auto add = [&kinds](char16_t first, char16_t last, std::uint8_t bits) {
+    for (std::size_t unit = first; unit <= last; ++unit) kinds[unit] |= bits;
+  };
+  for (const auto& [first, last] :
+       {std::pair(u'A', u'Z'), std::pair(u'_', u'_'), std::pair(u'a', u'z'), std::pair(u'\u00C0', u'\u00D6'),
+        std::pair(u'\u00D8', u'\u00F6'), std::pair(u'\u00F8', u'\u0131')}) {
+    add(first, last, StartsName | ContinuesName);
+  }
+  add(u'0', u'9', ContinuesName);
+  for (const char16_t unit : {u'-', u'.', u'\u00B7'}) add(unit, unit, ContinuesName);
+  for (char16_t unit = 0x20; unit < 0x80; ++unit) {
+    if (!IsSpecialInAttribute(static_cast<char>(unit))) add(unit, unit, IsPlain);
+  }
+  return kinds;
+}();
 
-bool ContinuesName(char32_t point) {
-  return StartsName(point) || (point >= '0' && point <= '9') || point == '-' || point == '.' || point == 0xB7;
+std::uint8_t KindsOf(char16_t unit) { return unit < Units ? Kinds[unit] : 0; }
+
+/// Appends a text of plain units. Any other is left to the caller.
+bool AppendPlain(std::string& out, const PackedText& text) {
+  const std::size_t start = out.size();
+  out.resize(start + text.Length());
+  std::uint8_t common = IsPlain;
+  text.ForEach([at = out.data() + start, &common](char16_t unit) mutable {
+    common &= KindsOf(unit);
+    *at++ = static_cast<char>(unit);
+  });
+  if (common == 0) out.resize(start);
+  return common != 0;
 }
 
 /// What stands for a character that would not be read back. A reader would make blanks of tabs and line feeds in an
@@ -67,13 +96,6 @@ std::string_view ReferenceTo(char character) {
   default:
     return "&gt;";
   }
-}
-
-bool IsSpecialInText(char character) {
-  return character == '&' || character == '<' || character == '>' || character == '\r';
-}
-bool IsSpecialInAttribute(char character) {
-  return IsSpecialInText(character) || character == '"' || character == '\t' || character == '\n';
 }
 
 template <class Predicate>
@@ -117,11 +139,22 @@ std::string SessionTag(StringView openStamp, StringView closeStamp) {
 }
 
 bool IsName(StringView text) {
-  return !text.empty() && StartsName(text.front()) && std::all_of(text.begin() + 1, text.end(), ContinuesName);
+  return !text.empty() && (KindsOf(text.front()) & StartsName) != 0 &&
+         std::all_of(text.begin(), text.end(), [](char16_t unit) { return (KindsOf(unit) & ContinuesName) != 0; });
 }
 
-void AppendAttribute(std::string& out, StringView name, StringView value) {
-  AppendAttribute(out, ToUtf8(name), XmlCharacters(value));
+bool IsName(const PackedText& text) {
+  std::uint8_t common = ContinuesName;
+  text.ForEach([&common](char16_t unit) { common &= KindsOf(unit); });
+  return text.Length() > 0 && common != 0 && (KindsOf(text[0]) & StartsName) != 0;
+}
+
+void AppendAttribute(std::string& out, const PackedText& name, const PackedText& value) {
+  out += ' ';
+  if (!AppendPlain(out, name)) AppendUtf8(out, name.ToString());
+  out += "=\"";
+  if (!AppendPlain(out, value)) AppendEscaped(out, XmlCharacters(value.ToString()), IsSpecialInAttribute);
+  out += '"';
 }
 
 void AppendAttribute(std::string& out, std::string_view name, std::string_view value) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/text/text.h"
+#include "configuration/PackedText.h"
 
 #include <cstddef>
 #include <string>
@@ -49,9 +49,10 @@ std::string SessionTag(StringView openStamp, StringView closeStamp);
 
 /// Whether an element or attribute can bear the name. A colon makes no name here: there are no namespaces in a log.
 bool IsName(StringView text);
+bool IsName(const PackedText& text);
 
 /// Appends a blank, the name, and the quoted value. Characters that XML cannot hold are written as U+FFFD.
-void AppendAttribute(std::string& out, StringView name, StringView value);
+void AppendAttribute(std::string& out, const PackedText& name, const PackedText& value);
 /// The same of UTF-8 in which every character is one of XML's.
 void AppendAttribute(std::string& out, std::string_view name, std::string_view value);
 /// Appends such UTF-8 as text between elements.

@@ -6,17 +6,20 @@ namespace portico::test {
 namespace {
 
 TEST(LogTextTest, NamesBeginWithALetterOrALowLine) {
-  for (const char16_t* name : {u"A", u"_", u"a1", u"a-b.c_d", u"\u00E9", u"a\u00B7", u"\u00F8", u"\u0131"})
+  for (const char16_t* name : {u"A", u"_", u"a1", u"a-b.c_d", u"\u00E9", u"a\u00B7", u"\u00F8", u"\u0131"}) {
     EXPECT_TRUE(LogText::IsName(name));
+    EXPECT_TRUE(LogText::IsName(PackedText(name)));
+  }
   for (const char16_t* name :
        {u"", u"1", u"-", u".", u"a b", u"a:b", u"a<", u"\u00D7", u"\u00F7", u"\u0132", u"\u2028", u"\xD800"}) {
     EXPECT_FALSE(LogText::IsName(name));
+    EXPECT_FALSE(LogText::IsName(PackedText(name)));
   }
 }
 
 TEST(LogTextTest, AttributesAreEscaped) {
   std::string out;
-  LogText::AppendAttribute(out, StringView(u"n"), StringView(u"<>&\"'\t\n\r\u20AC"));
+  LogText::AppendAttribute(out, PackedText(u"n"), PackedText(u"<>&\"'\t\n\r\u20AC"));
   EXPECT_EQ(out, " n=\"&lt;&gt;&amp;&quot;'&#9;&#10;&#13;\xE2\x82\xAC\"");
 }
 

@@ -128,9 +128,10 @@ void BatchRun::ApplyOptions() {
 
 bool BatchRun::OpenLog() try {
   if (m_options.LogFile.empty()) return true;
-  m_log.emplace(m_options.LogFile, m_options.Overwrite, [this](StringView failure) {
+  const auto onFailure = [this](StringView failure) {
     m_repeated.Failed(u"CXMLDataStore", Place(), "the log cannot be written: " + ToUtf8(failure));
-  });
+  };
+  m_log.emplace(m_options.LogFile, m_options.Overwrite, onFailure, [this] { m_news.AboutToWait(); });
   return true;
 } catch (const Quit&) {
   throw;

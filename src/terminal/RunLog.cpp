@@ -5,8 +5,10 @@
 
 namespace portico::terminal {
 
-RunLog::RunLog(const String& path, bool overwrite, std::function<void(StringView)> onFailure)
+RunLog::RunLog(const String& path, bool overwrite, std::function<void(StringView)> onFailure,
+               std::function<void()> onWait)
     : m_store(CreateAs<CXMLDataStore>(Class::DataStore, path, overwrite)) {
+  m_store->AboutToWait().Connect(std::move(onWait));
   const auto logger = CreateAs<CReportLogger>(Class::ReportLogger, m_store);
   logger->EnableLogging();
   m_store->SaveFailed.Connect(std::move(onFailure));

@@ -11,8 +11,9 @@ namespace portico::terminal {
 class RunLog final {
 public:
   /// Opens or makes the file and opens the session; raises what the store raises. `onFailure` is told of a save
-  /// that fails; a later one carries what it could not write, unless another program had written there.
-  RunLog(const String& path, bool overwrite, std::function<void(StringView)> onFailure);
+  /// that fails; a later one carries what it could not write, unless another program had written there. `onWait` is
+  /// told when another program keeps one waiting.
+  RunLog(const String& path, bool overwrite, std::function<void(StringView)> onFailure, std::function<void()> onWait);
   ~RunLog();
   RunLog(const RunLog&) = delete;
   RunLog& operator=(const RunLog&) = delete;

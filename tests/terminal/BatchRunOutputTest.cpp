@@ -1,3 +1,5 @@
+#include "document/log/LogFile.h"
+#include "support/Files.h"
 #include "terminal/BatchRunBench.h"
 #include "terminal/FlushRecorder.h"
 
@@ -59,6 +61,26 @@ TEST_F(BatchRunOutputTest, WhatIsShownIsWrittenBeforeADiagnostic) {
   EXPECT_EQ(static_cast<int>(run.Run(SourceOf({u"A?", u"B"}))), 4);
   EXPECT_EQ(watch.str(), "portico-run: lines.cmd:2: failure -7\n");
   EXPECT_EQ(written, "> A?\n< 1\n> B\n");
+}
+
+TEST_F(BatchRunOutputTest, WhatIsShownIsWrittenBeforeTheLogIsWaitedFor) {
+  const test::TemporaryFolder folder;
+  Options.LogFile = FromUtf8(folder.At("run.log")).Text;
+  std::unique_ptr<ILogFile> other; // another program's, while it has the log locked
+  Driver->OnRead = [&]() -> test::DriverDouble::Reading {
+    other = LogDisk().Open(folder.At("run.log"), ILogDisk::Access::ReadAndWrite);
+    return {0, std::string("1") + '\0'};
+  };
+  std::vector<std::string> written;
+  std::ostream out(&Recorder);
+  BatchRun run(Options, Window, Interrupts, News, out, Err);
+  News.AboutToWait.Connect([&] {
+    if (other) written.push_back(Recorder.Flushed.back());
+    other.reset();
+  });
+  EXPECT_EQ(static_cast<int>(run.Run(SourceOf({u"A?"}))), 0);
+  EXPECT_EQ(written, (std::vector<std::string>{"> A?\n< 1\n"}));
+  EXPECT_EQ(Err.str(), ""); // the save was told of in time to get the lock
 }
 
 /// Has one line, and the next only after a wait.

@@ -29,6 +29,8 @@ public:
 
   /// A save has failed, with that text; the error follows.
   Event<StringView> SaveFailed;
+  /// Another program has the file locked, and a save is about to wait for it.
+  Event<>& AboutToWait() { return m_disk->AboutToWait; }
   /// Something was to be saved and is not in the file yet, or never will be.
   bool IsAnythingUnwritten() const { return m_document && m_document->IsAnythingUnsaved(); }
 

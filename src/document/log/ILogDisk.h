@@ -1,5 +1,7 @@
 #pragma once
 
+#include "framework/objects/Event.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -44,6 +46,9 @@ public:
   using Sink = std::function<void(std::string_view)>;
 
   virtual ~ILogDisk() = default;
+
+  /// Somebody else has a file locked: a wait begins.
+  Event<> AboutToWait;
 
   /// Something that is no directory has the name.
   virtual bool Exists(const std::string& path) const = 0;

@@ -4,7 +4,7 @@
 
 namespace portico {
 
-/// The file system of this machine. Has no state.
+/// The file system of this machine.
 class LogDisk final : public ILogDisk {
 public:
   bool Exists(const std::string& path) const override;

@@ -66,18 +66,20 @@ public:
   }
 
   /// Others hold the lock for one save. One that is held longer must not hold up a conversation. False if it was free.
-  bool Lock(int kind = LOCK_EX) const {
+  bool Lock(int kind, const Event<>& aboutToWait) const {
     constexpr int attempts = 1000;
     constexpr timespec pause{0, 1'000'000};
     bool hasWaited = false;
     for (int attempt = 1; flock(m_descriptor, kind | LOCK_NB) != 0; ++attempt) {
       if (errno != EWOULDBLOCK && errno != EINTR) break; // where there are no locks it must go without
       if (attempt == attempts) Fail();
+      if (!std::exchange(hasWaited, true)) aboutToWait();
       nanosleep(&pause, nullptr);
-      hasWaited = true;
     }
     return hasWaited;
   }
+  /// The lock of a file that nobody else knows.
+  void LockNew() const { flock(m_descriptor, LOCK_EX | LOCK_NB); }
 
   void Synchronize() const {
     if (fsync(m_descriptor) != 0 && errno != EINVAL) Fail();
@@ -131,7 +133,7 @@ public:
 
   /// No file if there is another by now.
   std::unique_ptr<OpenFile> TakeFreePlace() {
-    m_file->Lock();
+    m_file->LockNew();
     m_file->Settle();
     if (link(m_path.c_str(), m_target.c_str()) == 0) return std::move(m_file);
     if (errno == EEXIST && LogDisk().Exists(m_target)) return {};
@@ -141,7 +143,7 @@ public:
 
   /// Nobody else can write the file before the caller has let it go.
   std::unique_ptr<OpenFile> TakePlace() {
-    m_file->Lock();
+    m_file->LockNew();
     struct stat old {};
     if (stat(m_target.c_str(), &old) == 0) {
       // What stood there may be all that somebody has: the new bytes are on the disk first.
@@ -203,7 +205,8 @@ std::unique_ptr<ILogFile> LogDisk::Open(const std::string& path, Access access) 
   for (;;) {
     auto file = OpenFileAt(path, access == Access::ReadAndWrite ? O_RDWR : O_RDONLY);
     if (!file) return {};
-    const bool hasWaited = access != Access::Read && file->Lock(access == Access::ReadAndWrite ? LOCK_EX : LOCK_SH);
+    const bool hasWaited =
+        access != Access::Read && file->Lock(access == Access::ReadAndWrite ? LOCK_EX : LOCK_SH, AboutToWait);
     const auto& status = file->Look();
     if (!S_ISREG(status.st_mode)) throw std::system_error(EINVAL, std::generic_category());
     if (access == Access::Read) return file;

@@ -134,6 +134,31 @@ TEST_F(LogSharingTest, ALockIsHeldForASaveOnly) {
   EXPECT_EQ(TextsOf(Bytes()), (std::vector<std::string>{"3100", "3200"}));
 }
 
+TEST_F(LogSharingTest, AWaitForTheLockIsToldBeforeItBegins) {
+  const auto store = Store();
+  store->OpenSession();
+  auto other = LogDisk().Open(m_path, ILogDisk::Access::ReadAndWrite);
+  int waits = 0;
+  store->AboutToWait().Connect([&] {
+    ++waits;
+    other.reset();
+  });
+  store->AppendDataEntityToStore(Entity(u"1"));
+  store->AppendDataEntityToStore(Entity(u"2"));
+  EXPECT_EQ(waits, 1);
+  EXPECT_EQ(TextsOf(Bytes()), (std::vector<std::string>{"3100", "3200"}));
+}
+
+TEST_F(LogSharingTest, AWaitForTheLockIsToldOnce) {
+  const auto store = Store();
+  store->OpenSession();
+  const auto other = LogDisk().Open(m_path, ILogDisk::Access::ReadAndWrite);
+  int waits = 0;
+  store->AboutToWait().Connect([&] { ++waits; });
+  EXPECT_EQ(Raised([&] { store->AppendDataEntityToStore(Entity(u"1")); }).Number, 75);
+  EXPECT_EQ(waits, 1);
+}
+
 TEST_F(LogSharingTest, AReadingUnderTheLockWaitsUntilNobodyWrites) {
   const auto store = Store();
   store->OpenSession();

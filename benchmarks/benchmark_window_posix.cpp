@@ -124,6 +124,28 @@ void CompareRuns(frmMain& window, const std::string& file) {
   }
 }
 
+const QTextDocument& HistoryShown() {
+  for (const QWidget* widget : QApplication::topLevelWidgets()) {
+    if (const auto* box = widget->findChild<QPlainTextEdit*>(QStringLiteral("txtPast"))) return *box->document();
+  }
+  std::abort();
+}
+
+/// Until the history shows all of a conversation that has passed by faster than it could be shown; the window answers
+/// meanwhile.
+void MeasureCatchingUp(frmMain& window, qt::EventLoop& loop) {
+  const QTextDocument& shown = HistoryShown();
+  const auto waiting = [&] {
+    return window.txtPast()->GetLineFromChar(window.txtPast()->TextLength()) + 1 - shown.blockCount();
+  };
+  const int lines = waiting();
+  const auto start = Clock::now();
+  const double used = ProcessorSeconds();
+  while (waiting() > 0) loop.WaitForEvent();
+  std::printf("history catches up with %d lines: %.1f s, %.1f us of the processor a line\n", lines, Seconds(start),
+              (ProcessorSeconds() - used) / std::max(lines, 1) * 1e6);
+}
+
 /// The share of a core that the program takes while nothing happens.
 double Idle(qt::EventLoop& loop, double seconds) {
   const auto start = Clock::now();
@@ -303,6 +325,7 @@ int main(int argc, char** argv) {
     Soak(*window, folder.path(), soak);
   } else {
     CompareRuns(*window, file);
+    MeasureCatchingUp(*window, toolkit.Loop());
     MeasureIdle(*window, toolkit.Loop());
     MeasureIntervalWait(*window);
     MeasureViewer(*window, toolkit.Loop(), FromUtf8(folder.filePath("long.log").toStdString()).Text);

@@ -16,6 +16,9 @@ namespace portico::qt {
 namespace {
 
 constexpr int FrameMilliseconds = 16;
+// Beside those in sight: while the program goes on editing, and once it pauses.
+constexpr std::size_t LinesAFrame = 256;
+constexpr std::size_t LinesAFrameAtRest = 2048;
 
 int Narrow(std::size_t count) { return static_cast<int>(count); }
 
@@ -25,13 +28,14 @@ RichTextEditor::RichTextEditor(TextView& view, StringView fontName, double fontS
     : RichTextModel(fontName, fontSize),
       m_view(&view),
       m_document(*view.document()),
-      m_blocks(m_document, Standard().Character) {
+      m_blocks(m_document, Standard().Character),
+      m_standIn(richtext::FormatPlain({}, Standard()).front()) {
   QFont font(ToQt(Standard().Character.FontName));
   font.setPointSizeF(Standard().Character.FontSize);
   view.setFont(font);
   m_frame.setSingleShot(true);
   m_frame.setInterval(FrameMilliseconds);
-  QObject::connect(&m_frame, &QTimer::timeout, [this] { Show(); });
+  QObject::connect(&m_frame, &QTimer::timeout, [this] { ShowFrame(); });
   QObject::connect(&m_document, &QTextDocument::contentsChange, &m_frame,
                    [this](int position, int /*removed*/, int added) { ReadContents(position, added); });
   QObject::connect(&view, &QPlainTextEdit::cursorPositionChanged, &m_frame, [this] { ReadSelection(); });
@@ -53,6 +57,7 @@ void RichTextEditor::SetFocus() {
 
 void RichTextEditor::OnLines(std::size_t first, std::size_t before, std::size_t after) {
   m_changes.Add(first, before, after);
+  m_isAtRest = false;
   Await();
 }
 
@@ -71,7 +76,19 @@ void RichTextEditor::Show() {
   if (!m_changes.IsEmpty() || m_awaitsSelection) Flush(Undo::Never);
 }
 
+void RichTextEditor::ShowFrame() {
+  if (m_isWriting || !m_view) return;
+  const std::size_t most = std::exchange(m_isAtRest, true) ? LinesAFrameAtRest : LinesAFrame;
+  Flush(Undo::Never, [&] { WriteFrame(most); });
+  if (!m_changes.IsEmpty()) Await();
+}
+
 void RichTextEditor::Flush(Undo undo) {
+  Flush(undo, [this] { WriteAll(); });
+}
+
+template <class Write>
+void RichTextEditor::Flush(Undo undo, Write&& write) {
   const QScopedValueRollback writing(m_isWriting, true);
   m_frame.stop();
   const QTextCursor before = m_view->textCursor();
@@ -82,33 +99,47 @@ void RichTextEditor::Flush(Undo undo) {
     if (undo == Undo::Never) m_document.setUndoRedoEnabled(false);
     QTextCursor cursor(&m_document);
     undo == Undo::WithStepBefore ? cursor.joinPreviousEditBlock() : cursor.beginEditBlock();
-    const auto& stretches = m_changes.All();
-    std::for_each(stretches.rbegin(), stretches.rend(), [this](const auto& stretch) { WriteStretch(stretch); });
+    write();
     cursor.endEditBlock();
     if (undo == Undo::Never) {
       m_blocks.ForgetHidden();
       m_document.setUndoRedoEnabled(true);
     }
-    m_changes.Clear();
   }
   ShowSelection(isBackwards);
   // Text that comes in behind the selection leaves the user where he has scrolled to.
   if ((onlySelects || m_selected != seen) && m_view->isVisible()) m_view->ensureCursorVisible();
 }
 
-/// A stretch without lines, or without blocks, takes in a neighbour.
-void RichTextEditor::WriteStretch(const richtext::LineChanges::Stretch& stretch) {
-  richtext::LineChanges::Stretch taken = stretch;
-  if (taken.Count == 0 || taken.OldCount == 0) {
-    if (taken.First + taken.Count == Lines().Count()) {
-      --taken.First;
-      --taken.OldFirst;
-    }
-    ++taken.Count;
-    ++taken.OldCount;
+void RichTextEditor::WriteAll() {
+  const std::size_t count = Lines().Count();
+  while (const auto part = m_changes.Take(0, count, count)) WritePart(*part);
+}
+
+/// What the caret brings into sight, and then of what waits the first lines, so that no frame takes long however many
+/// there are.
+void RichTextEditor::WriteFrame(std::size_t most) {
+  const std::size_t count = Lines().Count();
+  const auto rows = static_cast<std::size_t>(2 * m_view->viewport()->height() / m_view->fontMetrics().lineSpacing());
+  const std::size_t top = From().Line - std::min(From().Line, rows);
+  while (const auto part = m_changes.Take(top, To().Line + rows + 1, count)) WritePart(*part);
+  for (std::size_t left = most; left > 0 && !m_changes.IsEmpty();) {
+    const std::size_t first = m_changes.All().front().First;
+    const auto part = m_changes.Take(first - std::min<std::size_t>(first, 1), first + left, count);
+    WritePart(*part);
+    left -= std::min(left, part->Lines.Count);
   }
-  m_blocks.Write(Narrow(taken.OldFirst), Narrow(taken.OldCount), taken.Count,
-                 [&](std::size_t i) -> const richtext::FormattedLine& { return Lines()[taken.First + i]; });
+}
+
+void RichTextEditor::WritePart(const richtext::LineChanges::Part& part) {
+  const auto& lines = part.Lines;
+  const std::size_t before = part.WaitsBefore ? 1 : 0;
+  const std::size_t behind = part.WaitsBehind ? 1 : 0;
+  m_blocks.Write(Narrow(lines.OldFirst), Narrow(lines.OldCount), before + lines.Count + behind,
+                 [&](std::size_t i) -> const richtext::FormattedLine& {
+                   const bool stands = i < before || i - before >= lines.Count;
+                   return stands ? m_standIn : Lines()[lines.First + i - before];
+                 });
 }
 
 void RichTextEditor::ShowSelection(bool isBackwards) {
@@ -127,7 +158,7 @@ void RichTextEditor::ShowSelection(bool isBackwards) {
 }
 
 int RichTextEditor::ToDocument(Place place, bool isEnd) const {
-  const QTextBlock block = m_document.findBlockByNumber(Narrow(place.Line));
+  const QTextBlock block = m_document.findBlockByNumber(Narrow(m_changes.InCopy(place.Line)));
   return block.position() + m_blocks.ToBlock(block, Lines()[place.Line].Text.size(), place.Offset, isEnd);
 }
 

@@ -14,8 +14,8 @@
 namespace portico::qt {
 
 /// A rich text box whose text a view shows and the user edits there. The model has the answers to all that the program
-/// asks. What the program changes reaches the view once a frame, in one step that the user cannot undo, and before the
-/// user does anything; what the user changes reaches the model at once.
+/// asks. What the program changes reaches the view frame by frame, what is in sight first, in steps that the user
+/// cannot undo, and before the user does anything; what the user changes reaches the model at once.
 class RichTextEditor : public richtext::RichTextModel, private ITextViewOwner {
 public:
   /// Brings the view up to date.
@@ -56,8 +56,13 @@ private:
   void Await();
   /// Who undoes what the view is brought up to date with: nobody, the user in a step, or with the step before.
   enum class Undo : std::uint8_t { Never, Step, WithStepBefore };
+  void ShowFrame();
   void Flush(Undo undo);
-  void WriteStretch(const richtext::LineChanges::Stretch& stretch);
+  template <class Write>
+  void Flush(Undo undo, Write&& write);
+  void WriteAll();
+  void WriteFrame(std::size_t most);
+  void WritePart(const richtext::LineChanges::Part& part);
   void ShowSelection(bool isBackwards);
   void UserPut(richtext::FormattedText text);
   void ReadContents(int position, int added);
@@ -69,10 +74,12 @@ private:
   QPointer<TextView> m_view;
   QTextDocument& m_document;
   TextBlocks m_blocks;
-  richtext::LineChanges m_changes; // what the document does not show yet
-  bool m_awaitsSelection = false;  // the document does not show the selection yet
-  std::optional<Range> m_selected; // in the document, as it was last the same as in the model
-  QTextCursor m_edited;            // by the user, and not cut anew where its lines have become too long or too short
+  const richtext::FormattedLine m_standIn; // in the document, for lines that are still to come
+  richtext::LineChanges m_changes;         // what the document does not show yet
+  bool m_awaitsSelection = false;          // the document does not show the selection yet
+  std::optional<Range> m_selected;         // in the document, as it was last the same as in the model
+  QTextCursor m_edited;   // by the user, and not cut anew where its lines have become too long or too short
+  bool m_isAtRest = true; // the program has edited nothing since the last frame
   bool m_isWriting = false;
   bool m_isReading = false;
   bool m_isChanged = false; // by the user, and `OnUserChange` has not been called for it

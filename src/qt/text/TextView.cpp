@@ -11,6 +11,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -49,6 +50,24 @@ bool IsLineEnd(const QKeyEvent& event) {
   return event.matches(QKeySequence::InsertParagraphSeparator) || event.matches(QKeySequence::InsertLineSeparator);
 }
 
+/// Whether the user does something with the text that a viewport shows.
+bool IsAction(const QEvent& event) {
+  switch (event.type()) {
+  case QEvent::MouseMove:
+    return static_cast<const QMouseEvent&>(event).buttons() != Qt::NoButton;
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonDblClick:
+  case QEvent::MouseButtonRelease:
+  case QEvent::Wheel:
+  case QEvent::DragEnter:
+  case QEvent::DragMove:
+  case QEvent::Drop:
+    return true;
+  default:
+    return false;
+  }
+}
+
 } // namespace
 
 TextView::TextView(QWidget* parent) : QPlainTextEdit(parent), m_layout(new TextLayout(document())) {
@@ -57,6 +76,8 @@ TextView::TextView(QWidget* parent) : QPlainTextEdit(parent), m_layout(new TextL
   setContextMenuPolicy(Qt::NoContextMenu);
   setTabChangesFocus(true);
   setPalette(BlackOnWhite(palette()));
+  connect(verticalScrollBar(), &QAbstractSlider::sliderPressed, this, &TextView::BringUpToDate);
+  connect(verticalScrollBar(), &QAbstractSlider::actionTriggered, this, &TextView::BringUpToDate);
 }
 
 void TextView::Lock(bool isLocked) {
@@ -91,8 +112,6 @@ bool TextView::event(QEvent* event) {
   case QEvent::KeyPress:
   case QEvent::KeyRelease:
   case QEvent::InputMethod:
-  case QEvent::FocusIn:
-  case QEvent::FocusOut:
     return Around([&] { return QPlainTextEdit::event(event); });
   default:
     return QPlainTextEdit::event(event);
@@ -100,23 +119,12 @@ bool TextView::event(QEvent* event) {
 }
 
 bool TextView::viewportEvent(QEvent* event) {
-  switch (event->type()) {
-  case QEvent::MouseButtonPress:
-  case QEvent::MouseButtonDblClick:
-  case QEvent::MouseButtonRelease:
-  case QEvent::MouseMove:
-  case QEvent::Wheel:
-  case QEvent::DragEnter:
-  case QEvent::DragMove:
-  case QEvent::Drop:
-    return Around([&] { return QPlainTextEdit::viewportEvent(event); });
-  default:
-    return QPlainTextEdit::viewportEvent(event);
-  }
+  const auto handle = [&] { return QPlainTextEdit::viewportEvent(event); };
+  return IsAction(*event) ? Around(handle) : handle();
 }
 
 QVariant TextView::inputMethodQuery(Qt::InputMethodQuery query) const {
-  BringUpToDate();
+  if (query != Qt::ImEnabled) BringUpToDate(); // which is asked of whoever gets the focus
   return QPlainTextEdit::inputMethodQuery(query);
 }
 

@@ -139,7 +139,7 @@ TEST_F(RTFEncodersFragment, OfABoxIsTheEncodedOneAndLeavesTheScratchArea) {
   }
 }
 
-TEST_F(RTFEncodersFragment, LengthOfABoxesFragmentNeedsNoRtf) {
+TEST_F(RTFEncodersFragment, LengthIsThatOfTheFragmentAsItWouldBeWritten) {
   const auto entity = Entity(u"\u20AC\u4E2D\r\n", u"Response");
   EXPECT_EQ(Encoder.Compose(entity).Length(), 46U);
   EXPECT_EQ(Attribute(entity, u"_RTFSelectionLength"), " 46");

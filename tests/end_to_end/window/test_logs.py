@@ -62,7 +62,7 @@ class Logs(WindowCase):
 
         # A selection is what Copy waits for.
         copy = portico.find("Copy", "push button", within=viewer)
-        self.assertFalse(copy.enabled)
+        portico.wait(lambda: not copy.enabled, "Copy not to be offered")  # once the viewer is active
         portico.click(text)
         portico.key("ctrl+a")
         portico.wait(lambda: copy.enabled, "Copy to be offered")

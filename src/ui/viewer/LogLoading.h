@@ -20,8 +20,8 @@ public:
   static void Tell(double share);
 };
 
-/// Shows how far the opening of a log has come: the file is read twice, first to see whether it is a log, then its
-/// entities are shown one by one. May raise `WorkGivenUp` at each step.
+/// Shows how far the opening of a log has come, up to its first lines on the screen: the file is read twice, first to
+/// see whether it is a log, then its first entities are shown one by one. May raise `WorkGivenUp` at each step.
 class LogLoading final : public ILogWatcher {
 public:
   explicit LogLoading(const String& FileName);

@@ -5,9 +5,6 @@
 #include "framework/objects/IObjectFactory.h"
 #include "framework/shared/IConfiguration.h"
 
-#include <algorithm>
-#include <array>
-
 namespace portico::modAppGlobals {
 namespace {
 
@@ -66,12 +63,9 @@ String AddTerminalNewLineToString(const String& ToString) try {
 
 void TerminateEntityDataWithNewLine(const Ref<IDataEntity>& DataEntity) try {
   HuntERR::Check(bool(DataEntity), ErrorNumber::InvalidArgument, u"Data entity cannot be nothing.");
-  constexpr std::array<std::uint8_t, 4> newLine = {'\r', 0, '\n', 0};
-  ByteArray data = DataEntity->ReadData();
-  data.resize(data.size() / 2 * 2); // half a unit is no text
-  const bool ends = data.size() >= newLine.size() && std::equal(newLine.rbegin(), newLine.rend(), data.rbegin());
-  if (!ends) data.insert(data.end(), newLine.begin(), newLine.end());
-  DataEntity->UpdateData(data);
+  String text = DataEntity->ReadText();
+  if (!EndsInNewLine(text)) text += NewLine;
+  DataEntity->UpdateData(ToBytes(text));
 } catch (...) {
   PassOn(u"modAppGlobals.TerminateEntityDataWithNewLine(DataEntity)", {DataEntity});
 }

@@ -19,7 +19,7 @@ FindBar::FindBar(QPlainTextEdit& view, std::function<void()> bringUpToDate)
   setPlaceholderText(QStringLiteral("Find"));
   setAccessibleName(QStringLiteral("Find"));
   setClearButtonEnabled(true);
-  QObject::connect(this, &QLineEdit::textEdited, this, [this] { Find(m_view.textCursor().selectionStart(), false); });
+  QObject::connect(this, &QLineEdit::textEdited, this, [this] { Find(Begin::AtSelection, false); });
   hide();
 }
 
@@ -39,13 +39,10 @@ void FindBar::Place() {
 }
 
 void FindBar::keyPressEvent(QKeyEvent* event) {
-  const QTextCursor cursor = m_view.textCursor();
   switch (event->key()) {
   case Qt::Key_Return:
-  case Qt::Key_Enter: {
-    const bool backwards = event->modifiers().testFlag(Qt::ShiftModifier);
-    return Find(backwards ? cursor.selectionStart() : cursor.selectionEnd(), backwards);
-  }
+  case Qt::Key_Enter:
+    return Find(Begin::BesideSelection, event->modifiers().testFlag(Qt::ShiftModifier));
   case Qt::Key_Escape:
     hide();
     return m_view.setFocus(Qt::OtherFocusReason);
@@ -55,9 +52,12 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
 }
 
 /// Beyond the end of the text it goes on at the other one.
-void FindBar::Find(int from, bool backwards) {
-  m_bringUpToDate();
+void FindBar::Find(Begin begin, bool backwards) {
+  m_bringUpToDate(); // which moves the selection within the document
   const QTextDocument& text = *m_view.document();
+  const QTextCursor cursor = m_view.textCursor();
+  const bool behind = begin == Begin::BesideSelection && !backwards;
+  const int from = behind ? cursor.selectionEnd() : cursor.selectionStart();
   const QTextDocument::FindFlags flags = backwards ? QTextDocument::FindBackward : QTextDocument::FindFlags();
   const int end = text.characterCount() - 1;
   QTextCursor found = text.find(this->text(), std::min(from, end), flags);

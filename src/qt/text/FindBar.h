@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
+#include <cstdint>
 #include <functional>
 
 namespace portico::qt {
@@ -23,7 +24,8 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
-  void Find(int from, bool backwards);
+  enum class Begin : std::uint8_t { AtSelection, BesideSelection };
+  void Find(Begin begin, bool backwards);
 
   QPlainTextEdit& m_view;
   std::function<void()> m_bringUpToDate;

@@ -78,6 +78,21 @@ TEST_F(FindBarTest, FindsWhatTheProgramHasJustWritten) {
   EXPECT_EQ(box.SelText(), u"esh");
 }
 
+TEST_F(FindBarTest, GoesOnFromTheCaretAlsoWhereTheTextIsStillOnItsWay) {
+  QLineEdit& bar = Open();
+  constexpr int count = 5000;
+  String text;
+  for (std::int64_t i = 0; i < count; ++i) text += u"line " + ToText(i) + u"\r\n";
+  box.Text(text);
+  box.SelStart(box.TextLength());
+  while (View().document()->blockCount() < 10) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  ASSERT_LT(View().document()->blockCount(), count);
+  bar.setText("line");
+  Press(bar, Qt::Key_Return, "\r");
+  EXPECT_EQ(box.SelText(), u"line");
+  EXPECT_EQ(box.SelStart(), 0) << "behind the last one comes the first";
+}
+
 TEST_F(FindBarTest, EscapeCloses) {
   QLineEdit& bar = Open();
   Press(bar, Qt::Key_Escape);

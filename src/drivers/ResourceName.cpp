@@ -20,6 +20,7 @@ constexpr std::string_view Forms = "TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::IN
 constexpr std::string_view SocketForm = "TCPIP::HOST::PORT::SOCKET";
 constexpr std::string_view UsbForm = "USB::VENDOR::PRODUCT::SERIAL::INSTR";
 constexpr std::string_view SerialForm = "ASRL1::INSTR or ASRL/dev/ttyUSB0::INSTR";
+constexpr std::string_view SerialSettingsForm = "SPEED,FORMAT,FLOW as in 115200,8N1,xonxoff";
 constexpr std::string_view SimulatedForm = "SIM::DEVICE::INSTR";
 
 char ToUpper(char character) {
@@ -178,16 +179,77 @@ ParseResult ParseUsb(const Fields& fields) {
   return ResourceName(UsbAddress{board.Board, ids[0], ids[1], std::string(fields.Rest[2]), *interfaceNumber});
 }
 
+// In the order of their kinds.
+constexpr std::string_view ParityLetters = "NEO";
+constexpr std::array<std::string_view, 3> FlowNames = {"none", "xonxoff", "rtscts"};
+
+std::optional<ResourceNameError> ParseSpeed(std::string_view text, SerialLine& line) {
+  const auto speed = ParseNumber<unsigned>(text);
+  if (!speed || *speed == 0)
+    return Error("the speed ", Quoted(text), " is not a number of bits per second, as in 115200");
+  line.Speed = *speed;
+  return std::nullopt;
+}
+
+std::optional<ResourceNameError> ParseFormat(std::string_view text, SerialLine& line) {
+  const std::size_t parity = text.size() == 3 ? ParityLetters.find(ToUpper(text[1])) : std::string_view::npos;
+  if (parity == std::string_view::npos || text[0] < '5' || text[0] > '8' || text[2] < '1' || text[2] > '2') {
+    return Error("the format ", Quoted(text),
+                 " is not data bits (5 to 8), parity (N, E or O) and stop bits (1 or 2), as in 8N1");
+  }
+  line.DataBits = static_cast<unsigned>(text[0] - '0');
+  line.Parity = static_cast<SerialLine::ParityKind>(parity);
+  line.StopBits = static_cast<unsigned>(text[2] - '0');
+  return std::nullopt;
+}
+
+std::optional<ResourceNameError> ParseFlow(std::string_view text, SerialLine& line) {
+  const auto* name = std::find_if(FlowNames.begin(), FlowNames.end(),
+                                  [text](std::string_view candidate) { return EqualsIgnoringCase(candidate, text); });
+  if (name == FlowNames.end()) return Error("the flow control ", Quoted(text), " is none of none, xonxoff and rtscts");
+  line.Flow = static_cast<SerialLine::FlowKind>(name - FlowNames.begin());
+  return std::nullopt;
+}
+
+/// Reads `SPEED[,FORMAT[,FLOW]]` into `line`.
+std::optional<ResourceNameError> ParseLine(std::string_view text, SerialLine& line) {
+  for (const auto& parsePart : {ParseSpeed, ParseFormat, ParseFlow}) {
+    const std::size_t comma = text.find(',');
+    if (auto error = parsePart(text.substr(0, comma), line)) return error;
+    if (comma == std::string_view::npos) return std::nullopt;
+    text.remove_prefix(comma + 1);
+  }
+  return Error("nothing may follow the flow control, as ", Quoted(text), " does; write ", SerialSettingsForm);
+}
+
 ParseResult ParseSerial(const Fields& fields) {
-  if (fields.Rest.size() != 1 || !fields.HasClass("INSTR")) {
-    return Error("a serial port's name ends with ::INSTR; write ", SerialForm);
+  if (!fields.HasClass("INSTR")) return Error("a serial port's name ends with ::INSTR; write ", SerialForm);
+  if (fields.Rest.size() > 2) {
+    return Error("there are too many fields; write the settings as one, as in "
+                 "ASRL/dev/ttyUSB0::115200,8N1,xonxoff::INSTR");
   }
-  const bool isPath = fields.Suffix.size() > 1 && fields.Suffix.front() == '/';
-  if (isPath) return ResourceName(SerialAddress{std::string(fields.Suffix)});
-  if (const auto number = ParseNumber<std::uint16_t>(fields.Suffix)) {
-    return ResourceName(SerialAddress{std::to_string(*number)});
+  SerialAddress address;
+  if (fields.Suffix.size() > 1 && fields.Suffix.front() == '/') {
+    address.Port = fields.Suffix;
+  } else if (const auto number = ParseNumber<std::uint16_t>(fields.Suffix)) {
+    if (*number == 0) return Error("serial ports are numbered from 1; write ", SerialForm);
+    address.Port = std::to_string(*number);
+  } else {
+    return Error("the serial port ", Quoted(fields.Suffix), " is neither a number nor a path; write ", SerialForm);
   }
-  return Error("the serial port ", Quoted(fields.Suffix), " is neither a number nor a path; write ", SerialForm);
+  if (fields.Rest.size() == 2) {
+    if (auto error = ParseLine(fields.Rest.front(), address.Line)) return *error;
+  }
+  return ResourceName(std::move(address));
+}
+
+/// The settings as a field of the canonical name, with its separator; empty for those that need not be written.
+std::string LineField(const SerialLine& line) {
+  if (line == SerialLine()) return {};
+  std::string text = "::" + std::to_string(line.Speed) + "," + std::to_string(line.DataBits) +
+                     ParityLetters[static_cast<std::size_t>(line.Parity)] + std::to_string(line.StopBits);
+  if (line.Flow != SerialLine::FlowKind::None) text.append(",").append(FlowNames[static_cast<std::size_t>(line.Flow)]);
+  return text;
 }
 
 ParseResult ParseSimulated(const Fields& fields) {
@@ -222,7 +284,9 @@ struct CanonicalWriter {
     return "USB" + std::to_string(address.Board) + "::" + UsbId(address.Vendor) + "::" + UsbId(address.Product) +
            "::" + address.Serial + "::" + std::to_string(address.InterfaceNumber) + "::INSTR";
   }
-  std::string operator()(const SerialAddress& address) const { return "ASRL" + address.Port + "::INSTR"; }
+  std::string operator()(const SerialAddress& address) const {
+    return "ASRL" + address.Port + LineField(address.Line) + "::INSTR";
+  }
   std::string operator()(const SimulatedAddress& address) const { return "SIM::" + address.Device + "::INSTR"; }
 };
 

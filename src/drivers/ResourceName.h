@@ -1,5 +1,7 @@
 #pragma once
 
+#include "drivers/SerialLine.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -34,10 +36,11 @@ struct UsbAddress {
   unsigned InterfaceNumber = 0;
 };
 
-/// A serial port: `ASRLn::INSTR` or `ASRL/dev/PATH::INSTR`.
+/// A serial port: `ASRLn[::SPEED[,FORMAT[,FLOW]]]::INSTR`, or the same with `ASRL/dev/PATH`.
 struct SerialAddress {
-  /// A decimal number, or the path of the device.
+  /// A decimal number from 1, or the path of the device.
   std::string Port;
+  SerialLine Line = {};
 };
 
 /// A simulated instrument in this process: `SIM::DEVICE::INSTR`.

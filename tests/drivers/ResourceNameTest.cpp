@@ -35,6 +35,14 @@ const std::vector<Good> GoodNames = {
     Good{"ASRL1::INSTR", InterfaceKind::Serial, "ASRL1::INSTR"},
     Good{"asrl07::instr", InterfaceKind::Serial, "ASRL7::INSTR"},
     Good{"asrl/dev/ttyUSB0::instr", InterfaceKind::Serial, "ASRL/dev/ttyUSB0::INSTR"},
+    Good{"ASRL1::9600::INSTR", InterfaceKind::Serial, "ASRL1::INSTR"},
+    Good{"ASRL1::9600,8n1,NONE::INSTR", InterfaceKind::Serial, "ASRL1::INSTR"},
+    Good{"ASRL2::19200::INSTR", InterfaceKind::Serial, "ASRL2::19200,8N1::INSTR"},
+    Good{"ASRL2::9600,7e2::INSTR", InterfaceKind::Serial, "ASRL2::9600,7E2::INSTR"},
+    Good{"asrl/dev/ttyUSB0::115200,8N1,XonXoff::instr", InterfaceKind::Serial,
+         "ASRL/dev/ttyUSB0::115200,8N1,xonxoff::INSTR"},
+    Good{"ASRL/dev/serial/by-id/usb-Maker_Port-if00::9600,5O1,rtscts::INSTR", InterfaceKind::Serial,
+         "ASRL/dev/serial/by-id/usb-Maker_Port-if00::9600,5O1,rtscts::INSTR"},
     Good{"SIM::dmm::INSTR", InterfaceKind::Simulated, "SIM::dmm::INSTR"},
     Good{"sim::Scope::Instr", InterfaceKind::Simulated, "SIM::Scope::INSTR"}};
 
@@ -62,6 +70,11 @@ constexpr auto NoHost = "the host is missing; write TCPIP::HOST::PORT::SOCKET, w
                         "TCPIP::[::1]::5025::SOCKET";
 constexpr auto SimulatedMeter = "a simulated instrument's name reads SIM::DEVICE::INSTR, as in SIM::dmm::INSTR";
 constexpr auto SerialMistake = "a serial port's name ends with ::INSTR; write ASRL1::INSTR or ASRL/dev/ttyUSB0::INSTR";
+
+std::string FormatMistake(const std::string& format) {
+  return "the format \"" + format +
+         "\" is not data bits (5 to 8), parity (N, E or O) and stop bits (1 or 2), as in 8N1";
+}
 
 const std::vector<Bad> GeneralMistakes = {
     Bad{"", "the name is empty; write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR"},
@@ -116,11 +129,32 @@ const std::vector<Bad> OtherMistakes = {
     Bad{"USB::1::2::SN::256::INSTR", "the USB interface \"256\" is not a number from 0 to 255"},
     Bad{"USB1a::1::2::SN::INSTR", "the board \"1a\" is not a number; write USB or USB0"},
     Bad{"ASRL1", SerialMistake},
-    Bad{"ASRL1::9600::INSTR", SerialMistake},
+    Bad{"ASRL1::9600", SerialMistake},
     Bad{"ASRL::INSTR", "the serial port \"\" is neither a number nor a path; write ASRL1::INSTR or "
                        "ASRL/dev/ttyUSB0::INSTR"},
     Bad{"ASRL/::INSTR", "the serial port \"/\" is neither a number nor a path; write ASRL1::INSTR or "
                         "ASRL/dev/ttyUSB0::INSTR"},
+    Bad{"ASRL0::INSTR", "serial ports are numbered from 1; write ASRL1::INSTR or ASRL/dev/ttyUSB0::INSTR"},
+    Bad{"ASRL1::9600::8N1::INSTR",
+        "there are too many fields; write the settings as one, as in ASRL/dev/ttyUSB0::115200,8N1,xonxoff::INSTR"},
+    Bad{"ASRL1::9600x::INSTR", "the speed \"9600x\" is not a number of bits per second, as in 115200"},
+    Bad{"ASRL1::::INSTR", "the speed \"\" is not a number of bits per second, as in 115200"},
+    Bad{"ASRL1::0::INSTR", "the speed \"0\" is not a number of bits per second, as in 115200"},
+    Bad{"ASRL1::99999999999::INSTR", "the speed \"99999999999\" is not a number of bits per second, as in 115200"},
+    Bad{"ASRL1::-9600::INSTR", "the speed \"-9600\" is not a number of bits per second, as in 115200"},
+    Bad{"ASRL1::9600,::INSTR", FormatMistake("")},
+    Bad{"ASRL1::9600,4N1::INSTR", FormatMistake("4N1")},
+    Bad{"ASRL1::9600,9N1::INSTR", FormatMistake("9N1")},
+    Bad{"ASRL1::9600,8X1::INSTR", FormatMistake("8X1")},
+    Bad{"ASRL1::9600,8N0::INSTR", FormatMistake("8N0")},
+    Bad{"ASRL1::9600,8N3::INSTR", FormatMistake("8N3")},
+    Bad{"ASRL1::9600,8N::INSTR", FormatMistake("8N")},
+    Bad{"ASRL1::9600,8N1.5::INSTR", FormatMistake("8N1.5")},
+    Bad{"ASRL1::9600, 8N1::INSTR", FormatMistake(" 8N1")},
+    Bad{"ASRL1::9600,8N1,::INSTR", "the flow control \"\" is none of none, xonxoff and rtscts"},
+    Bad{"ASRL1::9600,8N1,hard::INSTR", "the flow control \"hard\" is none of none, xonxoff and rtscts"},
+    Bad{"ASRL1::9600,8N1,none,5::INSTR",
+        "nothing may follow the flow control, as \"5\" does; write SPEED,FORMAT,FLOW as in 115200,8N1,xonxoff"},
     Bad{"SIM0::dmm::INSTR", "there is no board number behind SIM; write SIM::DEVICE::INSTR"},
     Bad{"SIM::dmm", SimulatedMeter},
     Bad{"SIM", SimulatedMeter},
@@ -156,6 +190,31 @@ TEST(ResourceName, TakesAUsbNameApart) {
   EXPECT_EQ(address.Product, 34);
   EXPECT_EQ(address.Serial, "SN");
   EXPECT_EQ(address.InterfaceNumber, 5u);
+}
+
+TEST(ResourceName, ASerialLineRunsAt9600WithoutParityAndFlowControl) {
+  const auto address = std::get<SerialAddress>(Parsed("ASRL/dev/ttyS0::INSTR").GetAddress());
+  EXPECT_EQ(address.Line.Speed, 9600u);
+  EXPECT_EQ(address.Line.DataBits, 8u);
+  EXPECT_EQ(address.Line.Parity, SerialLine::ParityKind::None);
+  EXPECT_EQ(address.Line.StopBits, 1u);
+  EXPECT_EQ(address.Line.Flow, SerialLine::FlowKind::None);
+}
+
+TEST(ResourceName, TakesTheSettingsOfASerialLineApart) {
+  const auto even = std::get<SerialAddress>(Parsed("ASRL7::115200,7E2,xonxoff::INSTR").GetAddress());
+  EXPECT_EQ(even.Port, "7");
+  EXPECT_EQ(even.Line.Speed, 115200u);
+  EXPECT_EQ(even.Line.DataBits, 7u);
+  EXPECT_EQ(even.Line.Parity, SerialLine::ParityKind::Even);
+  EXPECT_EQ(even.Line.StopBits, 2u);
+  EXPECT_EQ(even.Line.Flow, SerialLine::FlowKind::XonXoff);
+  const auto odd = std::get<SerialAddress>(Parsed("ASRL7::300,5O1,rtscts::INSTR").GetAddress());
+  EXPECT_EQ(odd.Line.Speed, 300u);
+  EXPECT_EQ(odd.Line.DataBits, 5u);
+  EXPECT_EQ(odd.Line.Parity, SerialLine::ParityKind::Odd);
+  EXPECT_EQ(odd.Line.StopBits, 1u);
+  EXPECT_EQ(odd.Line.Flow, SerialLine::FlowKind::RtsCts);
 }
 
 TEST(ResourceName, TakesTheOthersApart) {

@@ -1,9 +1,9 @@
 #include "drivers/TcpTransport.h"
 
-#include <algorithm>
+#include "drivers/DescriptorWait.h"
+
 #include <cerrno>
 #include <fcntl.h>
-#include <limits>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <poll.h>
@@ -13,19 +13,6 @@
 
 namespace portico::drivers {
 namespace {
-
-/// Waits for `events` on the socket. Answers 0, ETIMEDOUT, or the system's error number.
-int WaitFor(int socket, short events, TimePoint deadline) {
-  for (;;) {
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - TimePoint::clock::now()).count();
-    if (left <= 0) return ETIMEDOUT;
-    pollfd entry = {socket, events, 0};
-    const auto timeout = std::min<decltype(left)>(left, std::numeric_limits<int>::max());
-    const int ready = ::poll(&entry, 1, static_cast<int>(timeout));
-    if (ready > 0) return 0;
-    if (ready < 0 && errno != EINTR) return errno;
-  }
-}
 
 bool WouldBlock(int error) { return error == EAGAIN || error == EWOULDBLOCK; }
 

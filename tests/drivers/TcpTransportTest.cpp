@@ -1,5 +1,6 @@
 #include "drivers/TcpTransport.h"
 
+#include "drivers/TransportCalls.h"
 #include "support/doubles/ScriptedServer.h"
 
 #include <array>
@@ -11,22 +12,6 @@ namespace portico::test {
 namespace {
 
 using namespace drivers;
-
-TimePoint In(std::chrono::milliseconds time) { return TimePoint::clock::now() + time; }
-TimePoint Soon() { return In(std::chrono::seconds(5)); }
-TimePoint VerySoon() { return In(std::chrono::milliseconds(50)); }
-
-std::string ReadAll(TcpTransport& transport, std::size_t length) {
-  std::string text;
-  std::array<char, 16> buffer = {};
-  while (text.size() < length) {
-    const Received received = transport.Read(buffer.data(), buffer.size(), Soon());
-    if (!received.Result.Succeeded()) break;
-    EXPECT_FALSE(received.End);
-    text.append(buffer.data(), received.Count);
-  }
-  return text;
-}
 
 class TcpTransportHost : public testing::TestWithParam<const char*> {};
 

@@ -1,5 +1,6 @@
 #include "drivers/StandardTransports.h"
 
+#include "drivers/SerialTransport.h"
 #include "drivers/TcpTransport.h"
 
 namespace portico::drivers {
@@ -9,6 +10,9 @@ TransportRegistry StandardTransports(SimulatorConnector connect, IClock& clock) 
   transports[InterfaceKind::Socket] = [](const ResourceName& name) {
     const auto& address = std::get<SocketAddress>(name.GetAddress());
     return std::make_unique<TcpTransport>(address.Host, address.Port);
+  };
+  transports[InterfaceKind::Serial] = [](const ResourceName& name) {
+    return std::make_unique<SerialTransport>(std::get<SerialAddress>(name.GetAddress()));
   };
   transports[InterfaceKind::Simulated] = [connect = std::move(connect), &clock](const ResourceName& name) {
     const auto& address = std::get<SimulatedAddress>(name.GetAddress());

@@ -5,6 +5,7 @@
 #include "support/doubles/ManualClock.h"
 #include "support/doubles/ScriptedConnection.h"
 #include "support/doubles/ScriptedServer.h"
+#include "support/doubles/SerialInstrument.h"
 
 #include <array>
 
@@ -31,6 +32,29 @@ public:
 
 private:
   ScriptedServer m_server;
+  SteadyClock m_clock;
+  InstrumentDriver m_driver;
+};
+
+/// Two lines, since each lets one session in.
+class SerialBench final : public DriverBench {
+public:
+  SerialBench(const InstrumentScript& script, std::chrono::milliseconds timeout)
+      : m_first(script), m_second(script), m_driver(StandardTransports({}, m_clock), {m_clock, timeout, &observer}) {}
+
+  IInstrumentDriver& Driver() override { return m_driver; }
+  std::string Name() const override { return "asrl" + m_first.Path() + "::115200,8n1,none::instr"; }
+  std::string SecondName() const override { return m_second.ResourceName(); }
+  std::string CanonicalName() const override { return "ASRL" + m_first.Path() + "::115200,8N1::INSTR"; }
+  std::string Place() const override { return m_first.Path(); }
+  std::string ReceivedUpTo(const std::string& bytes) override {
+    m_first.WaitForReceived(bytes);
+    return m_first.Received();
+  }
+
+private:
+  SerialInstrument m_first;
+  SerialInstrument m_second;
   SteadyClock m_clock;
   InstrumentDriver m_driver;
 };
@@ -65,7 +89,7 @@ std::unique_ptr<DriverBench> Make(InstrumentScript script, std::chrono::millisec
 } // namespace
 
 std::vector<DriverBenchKind> AllDriverBenches() {
-  return {{"Socket", Make<SocketBench>}, {"Simulated", Make<SimulatedBench>}};
+  return {{"Socket", Make<SocketBench>}, {"Serial", Make<SerialBench>}, {"Simulated", Make<SimulatedBench>}};
 }
 
 void DriverContract::Start(InstrumentScript script, std::chrono::milliseconds timeout) {
@@ -74,9 +98,9 @@ void DriverContract::Start(InstrumentScript script, std::chrono::milliseconds ti
   ASSERT_GT(session, 0);
 }
 
-std::int32_t DriverContract::Open() {
+std::int32_t DriverContract::Open(const std::string& name) {
   std::int32_t opened = 0;
-  EXPECT_EQ(Driver().TVSCPI_init(bench->Name(), 0, 0, opened), Success);
+  EXPECT_EQ(Driver().TVSCPI_init(name, 0, 0, opened), Success);
   return opened;
 }
 

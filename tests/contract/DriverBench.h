@@ -34,6 +34,8 @@ public:
 
   virtual IInstrumentDriver& Driver() = 0;
   virtual std::string Name() const = 0;
+  /// Of an instrument of the same script that opens beside the first: the same one where it lets several in.
+  virtual std::string SecondName() const { return Name(); }
   virtual std::string CanonicalName() const = 0;
   /// As messages name the instrument's place.
   virtual std::string Place() const = 0;
@@ -80,7 +82,8 @@ protected:
   void Start(InstrumentScript script, std::chrono::milliseconds timeout = Patient);
 
   IInstrumentDriver& Driver() { return bench->Driver(); }
-  std::int32_t Open();
+  std::int32_t Open() { return Open(bench->Name()); }
+  std::int32_t OpenSecond() { return Open(bench->SecondName()); }
   std::int32_t Write(const std::string& text) { return Driver().TVSCPI_WriteInstrData(session, text); }
   ReadOutcome Read(std::int32_t size = 1024);
   /// Writes the command and its carriage return and gives the answer's data.
@@ -89,6 +92,9 @@ protected:
 
   std::unique_ptr<DriverBench> bench;
   std::int32_t session = 0;
+
+private:
+  std::int32_t Open(const std::string& name);
 };
 
 } // namespace portico::test

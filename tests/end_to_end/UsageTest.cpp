@@ -134,8 +134,8 @@ INSTANTIATE_TEST_SUITE_P(
                             "The instrument name is not valid: \"dmm\" is no interface; "
                             "write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR."},
                     BadName{"UnknownDevice", "SIM::toaster::INSTR", "There is no such simulated instrument: toaster."},
-                    BadName{"UnsupportedInterface", "ASRL1::INSTR",
-                            "The interface is not supported yet: ASRL1::INSTR."}),
+                    BadName{"UnsupportedInterface", "USB::1::2::SN1::INSTR",
+                            "The interface is not supported yet: USB0::0x0001::0x0002::SN1::0::INSTR."}),
     [](const auto& test) { return test.param.name; });
 
 TEST(Usage, HelpAndVersionGoToStandardOutput) {

@@ -1,4 +1,4 @@
-#include "drivers/wire/MessageReader.h"
+#include "drivers/session/MessageReader.h"
 
 #include <array>
 #include <cstdlib>

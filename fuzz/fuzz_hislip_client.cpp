@@ -1,9 +1,9 @@
-#include "drivers/wire/HislipClient.h"
+#include "wire/HislipClient.h"
 
 #include <cstdlib>
 #include <optional>
 
-using namespace portico::drivers;
+using namespace portico::wire;
 
 namespace {
 

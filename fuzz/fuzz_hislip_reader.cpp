@@ -1,10 +1,10 @@
-#include "drivers/wire/HislipReader.h"
+#include "wire/HislipReader.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <vector>
 
-using namespace portico::drivers;
+using namespace portico::wire;
 
 namespace {
 

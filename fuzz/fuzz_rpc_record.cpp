@@ -1,10 +1,10 @@
-#include "drivers/wire/RpcRecord.h"
+#include "wire/RpcRecord.h"
 
 #include <cstdlib>
 
-using portico::drivers::BeginRpcRecord;
-using portico::drivers::EndRpcRecord;
-using portico::drivers::RpcRecordReader;
+using portico::wire::BeginRpcRecord;
+using portico::wire::EndRpcRecord;
+using portico::wire::RpcRecordReader;
 
 namespace {
 

@@ -1,11 +1,11 @@
-#include "drivers/wire/PortMapper.h"
-#include "drivers/wire/RpcMessage.h"
-#include "drivers/wire/Vxi11Messages.h"
+#include "wire/PortMapper.h"
+#include "wire/RpcMessage.h"
+#include "wire/Vxi11Messages.h"
 
 #include <array>
 #include <cstdlib>
 
-using namespace portico::drivers;
+using namespace portico::wire;
 
 namespace {
 

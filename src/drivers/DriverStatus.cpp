@@ -45,6 +45,8 @@ constexpr std::array Statuses = {
                 "Timeout expired before the command was sent completely", "took no whole command in time"},
     StatusEntry{DriverStatus::ReadTimeout, "TVSCPI_ERROR_READ_TIMEOUT",
                 "Timeout expired before the answer was complete", "gave no whole answer in time"},
+    StatusEntry{DriverStatus::Cancelled, "TVSCPI_ERROR_CANCELLED", "The program is about to end", "was given up"},
+    StatusEntry{DriverStatus::ProtocolError, "TVSCPI_ERROR_PROTOCOL", "The instrument broke the protocol"},
 };
 
 const StatusEntry* Find(std::int32_t status) {

@@ -26,6 +26,8 @@ enum class DriverStatus : std::int32_t {
   NotConnected = -1151014,
   WriteTimeout = -1151015,
   ReadTimeout = -1151016,
+  Cancelled = -1151017,
+  ProtocolError = -1151018,
 };
 
 /// How an operation ended, and the particulars that its message gives besides the status' own text.

@@ -3,6 +3,7 @@
 #include "drivers/DriverStatus.h"
 #include "drivers/IClock.h"
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -19,6 +20,9 @@ struct Received {
   std::size_t Count = 0;
   /// The transport marks the end of a message behind these bytes; never set by one that carries a mere byte stream.
   bool End = false;
+  /// A message begins with these bytes, and what came of one before is given up: the instrument has dropped the rest of
+  /// it, or its connection ended there.
+  bool Anew = false;
 };
 
 /// Carries bytes to and from one instrument: the part of a driver that differs from interface to interface.
@@ -40,6 +44,22 @@ public:
   /// Waits until there is at least one byte, then takes what is there, at most `size` bytes. Reads nothing once
   /// `deadline` is past, so that an answer without end is given up in time.
   virtual Received Read(char* buffer, std::size_t size, TimePoint deadline) = 0;
+
+  /// Whether it marks the ends of messages. Each Write() is then one message with its mark, and no byte in an answer
+  /// ends it.
+  virtual bool MarksEnd() const { return false; }
+
+  /// A look before a command is sent, without waiting: false once the instrument has ended the connection, which Open()
+  /// makes anew. Answers that came before are still read first.
+  virtual bool Stands() { return true; }
+
+  /// After a read that timed out and before the next Write(): has the instrument drop what it was asked, and drops what
+  /// is on its way, so that no late answer is taken for another's. False if there is no way to, or it failed; then a
+  /// fresh connection has to be made. Takes `timeout` at most, a line that can only be listened to twice that.
+  virtual bool Clear(std::chrono::milliseconds /*timeout*/) { return false; }
+
+  /// Gives the instrument's front panel back, as far as that is possible, before an orderly Close().
+  virtual void ReturnToLocal(TimePoint /*deadline*/) noexcept {}
 
   /// From now on `call` is made before each wait for the instrument.
   void OnWait(std::function<void()> call) { m_onWait = std::move(call); }

@@ -1,7 +1,7 @@
 #include "contract/DriverBench.h"
 
-#include "drivers/StandardTransports.h"
 #include "drivers/SteadyClock.h"
+#include "drivers/standard/StandardTransports.h"
 #include "support/doubles/ManualClock.h"
 #include "support/doubles/ScriptedConnection.h"
 #include "support/doubles/ScriptedServer.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "drivers/InstrumentDriver.h"
+#include "drivers/session/InstrumentDriver.h"
 #include "support/doubles/InstrumentScript.h"
 
 #include <chrono>

@@ -32,6 +32,8 @@ constexpr std::array Rows = {
     StatusRow{-1151014, "TVSCPI_ERROR_NOT_CONNECTED", "There is no connection."},
     StatusRow{-1151015, "TVSCPI_ERROR_WRITE_TIMEOUT", "Timeout expired before the command was sent completely."},
     StatusRow{-1151016, "TVSCPI_ERROR_READ_TIMEOUT", "Timeout expired before the answer was complete."},
+    StatusRow{-1151017, "TVSCPI_ERROR_CANCELLED", "The program is about to end."},
+    StatusRow{-1151018, "TVSCPI_ERROR_PROTOCOL", "The instrument broke the protocol."},
 };
 
 TEST(DriverStatus, EveryStatusHasItsNumberNameAndMessage) {

@@ -12,7 +12,7 @@ sorted() {
   done | sort
 }
 linked=$(sorted < "$layers")
-written=$(sed -nE 's/^\| *([a-z_/]+) *\|[^|]*\| *([^|]*[^| ]) *\|$/\1: \2/p' docs/architecture.md |
+written=$(sed -nE 's/^\| *([a-z0-9_/]+) *\|[^|]*\| *([^|]*[^| ]) *\|$/\1: \2/p' docs/architecture.md |
   grep -v '^folder:' | sed 's/,/ /g; s/: nothing$/: /' | sorted)
 # A build without the window has no toolkit.
 if ! grep -q '^qt' "$layers"; then written=$(grep -v '^qt' <<< "$written"); fi

@@ -1,4 +1,4 @@
-#include "drivers/InstrumentDriver.h"
+#include "drivers/session/InstrumentDriver.h"
 #include "support/doubles/ManualClock.h"
 #include "support/doubles/ScriptedTransport.h"
 #include "ui/main/MainWindowFixture.h"

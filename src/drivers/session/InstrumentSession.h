@@ -1,0 +1,72 @@
+#pragma once
+
+#include "drivers/ITransport.h"
+#include "drivers/ReceiveBuffer.h"
+#include "drivers/ResourceName.h"
+#include "drivers/session/SessionAttributes.h"
+#include "platform/IDriverObserver.h"
+#include "system/Cancellation.h"
+
+#include <chrono>
+#include <memory>
+#include <span>
+#include <string>
+
+namespace portico::drivers {
+
+/// What every session of a driver shares.
+struct SessionOptions {
+  /// Must outlive the sessions.
+  IClock& Clock;
+  /// For each call as a whole: opening, writing, or reading one message.
+  std::chrono::milliseconds Timeout = std::chrono::milliseconds(5000);
+  /// Null, or must outlive the sessions.
+  IDriverObserver* Observer = nullptr;
+  /// Null, or must outlive the sessions.
+  const system::Cancellation* Cancellation = nullptr;
+};
+
+/// One open instrument, over any transport.
+///
+/// After a failed write or read it is out of step: an answer may still be on its way and would be taken for that of the
+/// next query. So the session drops the connection at once and makes a fresh one before the next write; a read until
+/// then fails at once, with the reason why there is none.
+class InstrumentSession {
+public:
+  InstrumentSession(const ResourceName& name, std::unique_ptr<ITransport> transport, const SessionOptions& options);
+
+  DriverResult Open();
+
+  /// Sends the text and a line feed, which most instruments on a bare socket wait for.
+  DriverResult Write(const std::string& text);
+
+  /// Fills `buffer` with one message and a zero byte, without the message's terminator. `count` includes the zero
+  /// byte. Of a message that does not fit, the excess is consumed and lost, and `count` is the buffer's size. On
+  /// failure `count` is 0 and the bytes that the call had written are zero again.
+  DriverResult Read(std::span<char> buffer, std::int32_t& count);
+
+  SessionAttributes& Attributes() { return m_attributes; }
+
+  /// The last failure that was remembered; a success before there is any.
+  const DriverResult& LastFailure() const { return m_lastFailure; }
+  void RememberFailure(const DriverResult& failure) { m_lastFailure = failure; }
+
+private:
+  DriverResult Reconnect(TimePoint deadline);
+  /// Gives the connection up and answers the failure that is the reason.
+  DriverResult Disconnect(DriverResult reason);
+  DriverResult Fill(TimePoint deadline);
+  TimePoint Deadline() const { return m_options.Clock.Now() + m_options.Timeout; }
+
+  const std::string m_name;
+  const std::unique_ptr<ITransport> m_transport;
+  const SessionOptions m_options;
+  SessionAttributes m_attributes;
+  ReceiveBuffer m_input;
+  std::string m_output;
+  /// A success while there is a connection, else why there is none.
+  DriverResult m_connection = {DriverStatus::NotConnected};
+  DriverResult m_lastFailure;
+};
+
+} // namespace portico::drivers

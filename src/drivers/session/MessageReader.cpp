@@ -1,0 +1,153 @@
+#include "drivers/session/MessageReader.h"
+
+#include <algorithm>
+
+namespace portico::drivers {
+namespace {
+
+constexpr std::size_t None = std::string_view::npos;
+
+constexpr char LastByte(Termination termination) {
+  const bool carriageReturn =
+      termination == Termination::CarriageReturn || termination == Termination::LineFeedCarriageReturn;
+  return carriageReturn ? '\r' : '\n';
+}
+
+/// The byte before the last, if it is part of the terminator; else 0, which is then never looked for.
+constexpr char FirstByte(Termination termination) {
+  switch (termination) {
+  case Termination::Auto:
+  case Termination::CarriageReturnLineFeed:
+    return '\r';
+  case Termination::LineFeedCarriageReturn:
+    return '\n';
+  case Termination::LineFeed:
+  case Termination::CarriageReturn:
+    break;
+  }
+  return '\0';
+}
+
+constexpr bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
+constexpr unsigned DigitValue(char byte) { return static_cast<unsigned>(byte - '0'); }
+constexpr bool IsSeparator(char byte) { return byte == ',' || byte == ';' || byte == ' '; }
+
+bool Holds(std::string_view bytes, char byte) { return bytes.find(byte) != None; }
+
+} // namespace
+
+MessageReader::MessageReader(Termination termination)
+    : m_last(LastByte(termination)),
+      m_first(FirstByte(termination)),
+      m_firstRequired(m_first != '\0' && termination != Termination::Auto) {}
+
+std::size_t MessageReader::Feed(std::string_view bytes) {
+  if (m_complete || bytes.empty()) return 0;
+  if (const std::size_t taken = FeedPlain(bytes); taken != None) return taken;
+  std::size_t position = 0;
+  while (position < bytes.size() && !m_complete) {
+    if (m_state == State::BlockData) {
+      position += SkipBlockData(bytes.size() - position);
+    } else {
+      Step(bytes[position++]);
+    }
+  }
+  return position;
+}
+
+std::size_t MessageReader::FeedPlain(std::string_view bytes) {
+  if (m_state == State::BlockDigitCount || m_state == State::BlockLength || m_state == State::BlockData) return None;
+  const std::size_t end = FindTerminator(bytes);
+  if (Holds(bytes.substr(0, end), '#')) return None;
+  if (end != None) {
+    Finish(end == 0 ? m_previous : bytes[end - 1]);
+    return end + 1;
+  }
+  if (m_state != State::ElementStart && m_state != State::Element) return None;
+  if (Holds(bytes, '"') || Holds(bytes, '\'')) return None;
+  m_previous = bytes.back();
+  m_state = IsSeparator(m_previous) ? State::ElementStart : State::Element;
+  return bytes.size();
+}
+
+std::size_t MessageReader::FindTerminator(std::string_view bytes) const {
+  std::size_t end = bytes.find(m_last);
+  while (end != None && !EndsMessage(m_last, end == 0 ? m_previous : bytes[end - 1])) {
+    end = bytes.find(m_last, end + 1);
+  }
+  return end;
+}
+
+bool MessageReader::EndsMessage(char byte, char before) const {
+  return byte == m_last && (!m_firstRequired || before == m_first);
+}
+
+void MessageReader::Finish(char before) {
+  m_complete = true;
+  m_terminatorLength = m_first != '\0' && before == m_first ? 2 : 1;
+}
+
+std::size_t MessageReader::SkipBlockData(std::size_t available) {
+  const std::uint64_t skipped = std::min<std::uint64_t>(m_blockBytesLeft, available);
+  m_blockBytesLeft -= skipped;
+  if (m_blockBytesLeft == 0) m_state = State::Element;
+  // A carriage return that ends the data is no part of the terminator behind the block.
+  m_previous = '\0';
+  return static_cast<std::size_t>(skipped);
+}
+
+void MessageReader::Step(char byte) {
+  if (EndsMessage(byte, m_previous)) {
+    Finish(m_previous);
+    return;
+  }
+  m_state = NextState(byte);
+  m_previous = byte;
+}
+
+MessageReader::State MessageReader::NextState(char byte) {
+  switch (m_state) {
+  case State::ElementStart:
+    return StartElement(byte);
+  case State::Element:
+    return IsSeparator(byte) ? State::ElementStart : State::Element;
+  case State::String:
+    return byte == m_quote ? State::StringEnd : State::String;
+  case State::StringEnd:
+    if (byte == m_quote) return State::String;
+    return IsSeparator(byte) ? State::ElementStart : State::Element;
+  case State::BlockDigitCount:
+    return StartBlock(byte);
+  case State::BlockLength:
+    return ReadBlockLength(byte);
+  case State::BlockData:
+  case State::IndefiniteBlock:
+    break;
+  }
+  return m_state;
+}
+
+MessageReader::State MessageReader::StartElement(char byte) {
+  if (byte == '#') return State::BlockDigitCount;
+  if (IsSeparator(byte)) return State::ElementStart;
+  if (byte != '"' && byte != '\'') return State::Element;
+  m_quote = byte;
+  return State::String;
+}
+
+MessageReader::State MessageReader::StartBlock(char byte) {
+  if (byte == '0') return State::IndefiniteBlock;
+  if (!IsDigit(byte)) return IsSeparator(byte) ? State::ElementStart : State::Element;
+  m_lengthDigitsLeft = DigitValue(byte);
+  m_blockBytesLeft = 0;
+  return State::BlockLength;
+}
+
+MessageReader::State MessageReader::ReadBlockLength(char byte) {
+  if (!IsDigit(byte)) return IsSeparator(byte) ? State::ElementStart : State::Element;
+  m_blockBytesLeft = m_blockBytesLeft * 10 + DigitValue(byte);
+  if (--m_lengthDigitsLeft > 0) return State::BlockLength;
+  return m_blockBytesLeft > 0 ? State::BlockData : State::Element;
+}
+
+} // namespace portico::drivers

@@ -1,0 +1,25 @@
+#include "drivers/standard/StandardTransports.h"
+
+#include "drivers/serial/SerialTransport.h"
+#include "drivers/sockets/TcpTransport.h"
+
+namespace portico::drivers {
+
+TransportRegistry StandardTransports(SimulatorConnector connect, IClock& clock,
+                                     const system::Cancellation* cancellation) {
+  TransportRegistry transports;
+  transports[InterfaceKind::Socket] = [cancellation](const ResourceName& name) {
+    const auto& address = std::get<SocketAddress>(name.GetAddress());
+    return std::make_unique<TcpTransport>(address.Host, address.Port, cancellation);
+  };
+  transports[InterfaceKind::Serial] = [cancellation](const ResourceName& name) {
+    return std::make_unique<SerialTransport>(std::get<SerialAddress>(name.GetAddress()), cancellation);
+  };
+  transports[InterfaceKind::Simulated] = [connect = std::move(connect), &clock](const ResourceName& name) {
+    const auto& address = std::get<SimulatedAddress>(name.GetAddress());
+    return std::make_unique<SimulatedTransport>(address.Device, connect, clock);
+  };
+  return transports;
+}
+
+} // namespace portico::drivers

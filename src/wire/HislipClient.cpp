@@ -1,0 +1,225 @@
+#include "wire/HislipClient.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace portico::wire {
+namespace {
+
+/// Two letters of the maker's, as Initialize has them.
+constexpr std::uint16_t VendorId = 0x5456;
+
+template <typename Code>
+std::string Told(std::string_view kind, const HislipPiece& piece) {
+  std::string text(kind);
+  text.append(" ").append(std::to_string(piece.Header.Control)).append(", ");
+  text.append(HislipErrorText(static_cast<Code>(piece.Header.Control)));
+  if (!piece.Payload.empty()) text.append(" (").append(piece.Payload).append(")");
+  return text;
+}
+
+} // namespace
+
+HislipClient::HislipClient(std::string subAddress) : m_subAddress(std::move(subAddress)) {}
+
+void HislipClient::Open() {
+  m_synchronous = {HislipMessage(HislipType::Initialize, 0, HislipVersionAnd(HislipVersion1, VendorId), m_subAddress)};
+  m_asynchronous = {};
+  m_answers.Reset();
+  m_failure.clear();
+  m_complaint.clear();
+  m_nextId = HislipFirstMessageId;
+  m_delivered = false;
+  m_composing = false;
+  m_interruptions = 0;
+  m_phase = Phase::InitializeResponse;
+}
+
+void HislipClient::SecondConnectionMade() {
+  m_asynchronous.Bytes = HislipMessage(HislipType::AsyncInitialize, 0, m_session);
+  m_phase = Phase::AsyncInitializeResponse;
+}
+
+void HislipClient::Write(std::string message) {
+  m_complaint.clear();
+  m_message = std::move(message);
+  m_composed = 0;
+  m_composing = true;
+  m_answers.AwaitNone();
+}
+
+void HislipClient::Clear() {
+  // What is begun has to be sent whole, or the instrument would not find the next message's header.
+  m_composing = false;
+  if (m_synchronous.Sent == 0) m_synchronous.Bytes.clear();
+  m_asynchronous.Bytes += HislipMessage(HislipType::AsyncDeviceClear);
+  m_phase = Phase::AsyncDeviceClearAcknowledge;
+}
+
+void HislipClient::GoToLocal() {
+  m_asynchronous.Bytes +=
+      HislipMessage(HislipType::AsyncRemoteLocalControl, HislipControl::GoToLocal, m_nextId - HislipMessageIdStep);
+  m_phase = Phase::RemoteLocalResponse;
+}
+
+std::string_view HislipClient::Output(HislipChannel channel) {
+  if (!m_failure.empty()) return {};
+  if (channel == HislipChannel::Synchronous) ComposeNext();
+  const Stream& stream = StreamOf(channel);
+  return std::string_view(stream.Bytes).substr(stream.Sent);
+}
+
+void HislipClient::Sent(HislipChannel channel, std::size_t count) {
+  Stream& stream = StreamOf(channel);
+  stream.Sent += count;
+  if (stream.Sent < stream.Bytes.size()) return;
+  stream.Bytes.clear();
+  stream.Sent = 0;
+}
+
+void HislipClient::ComposeNext() {
+  if (!m_composing || !m_synchronous.Bytes.empty() || m_interruptions < 0) return;
+  const auto length = std::min<std::uint64_t>(m_message.size() - m_composed, m_longestPayload);
+  const auto payload = std::string_view(m_message).substr(m_composed, static_cast<std::size_t>(length));
+  m_composed += payload.size();
+  m_composing = m_composed < m_message.size();
+  const HislipType type = m_composing ? HislipType::Data : HislipType::DataEnd;
+  const std::uint8_t control = std::exchange(m_delivered, false) ? HislipControl::ResponseDelivered : 0;
+  m_synchronous.Bytes = HislipMessage(type, control, m_nextId, payload);
+  if (!m_composing) m_answers.Await(m_nextId);
+  m_nextId += HislipMessageIdStep;
+}
+
+HislipAnswer HislipClient::Receive(std::string_view& bytes) {
+  HislipAnswer answer;
+  while (answer.Empty() && m_failure.empty()) {
+    const auto piece = m_synchronous.Reader.Next(bytes);
+    if (!piece) break;
+    answer = Take(*piece);
+  }
+  if (m_synchronous.Reader.Broken()) Fail("the message header is none of HiSLIP");
+  if (!m_failure.empty()) bytes = {};
+  return answer;
+}
+
+void HislipClient::ReceiveAsynchronous(std::string_view bytes) {
+  while (m_failure.empty()) {
+    const auto piece = m_asynchronous.Reader.Next(bytes);
+    if (!piece) break;
+    TakeAsynchronous(*piece);
+  }
+  if (m_asynchronous.Reader.Broken()) Fail("the message header is none of HiSLIP");
+}
+
+HislipAnswer HislipClient::Take(const HislipPiece& piece) {
+  if (TakeError(piece)) return {};
+  if (m_phase == Phase::InitializeResponse) {
+    TakeInitializeResponse(piece);
+    return {};
+  }
+  if (Clearing()) {
+    TakeDeviceClearAcknowledge(piece);
+    return {};
+  }
+  switch (piece.Header.Type) {
+  case HislipType::Interrupted:
+    --m_interruptions;
+    return m_answers.BreakOff();
+  case HislipType::Data:
+  case HislipType::DataEnd: {
+    HislipAnswer answer = m_interruptions > 0 ? m_answers.Refuse(piece) : m_answers.Take(piece);
+    m_delivered = m_delivered || answer.End;
+    return answer;
+  }
+  default:
+    return {};
+  }
+}
+
+void HislipClient::TakeAsynchronous(const HislipPiece& piece) {
+  if (TakeError(piece)) return;
+  switch (piece.Header.Type) {
+  case HislipType::AsyncInterrupted:
+    ++m_interruptions;
+    return;
+  case HislipType::AsyncInitializeResponse:
+    if (m_phase != Phase::AsyncInitializeResponse) return;
+    m_asynchronous.Bytes += HislipMessage(HislipType::AsyncMaximumMessageSize, 0, 0, HislipSize(LongestPayload));
+    m_phase = Phase::MaximumMessageSizeResponse;
+    return;
+  case HislipType::AsyncMaximumMessageSizeResponse:
+    if (m_phase == Phase::MaximumMessageSizeResponse) TakeMaximumMessageSize(piece);
+    return;
+  case HislipType::AsyncDeviceClearAcknowledge:
+    if (m_phase != Phase::AsyncDeviceClearAcknowledge) return;
+    // No feature bit: synchronized mode is wanted, whatever the instrument prefers.
+    m_synchronous.Bytes += HislipMessage(HislipType::DeviceClearComplete);
+    m_phase = Phase::DeviceClearAcknowledge;
+    return;
+  case HislipType::AsyncRemoteLocalResponse:
+    if (m_phase == Phase::RemoteLocalResponse) m_phase = Phase::Ready;
+    return;
+  default:
+    return;
+  }
+}
+
+bool HislipClient::TakeError(const HislipPiece& piece) {
+  if (piece.TooLarge) {
+    Fail("a message has " + std::to_string(piece.Header.PayloadLength) + " bytes, more than was agreed");
+    return true;
+  }
+  if (piece.Header.Type == HislipType::FatalError) {
+    Fail(Told<HislipFatal>("fatal error", piece));
+    return true;
+  }
+  if (piece.Header.Type != HislipType::Error) return false;
+  m_complaint = Told<HislipError>("error", piece);
+  if (m_phase == Phase::RemoteLocalResponse) {
+    m_phase = Phase::Ready;
+  } else if (!Ready()) {
+    Fail(m_complaint);
+  }
+  return true;
+}
+
+void HislipClient::TakeInitializeResponse(const HislipPiece& piece) {
+  if (piece.Header.Type != HislipType::InitializeResponse) {
+    return Fail("message type " + std::to_string(static_cast<int>(piece.Header.Type)) +
+                " came instead of the response");
+  }
+  if ((piece.Header.Control & (HislipControl::EncryptionMandatory | HislipControl::InitialEncryption)) != 0) {
+    return Fail("encrypted connection required, not supported");
+  }
+  m_overlapped = (piece.Header.Control & HislipControl::Overlapped) != 0;
+  m_session = static_cast<std::uint16_t>(piece.Header.Parameter);
+  m_phase = Phase::SecondConnection;
+}
+
+void HislipClient::TakeMaximumMessageSize(const HislipPiece& piece) {
+  const auto size = ReadHislipSize(piece.Payload);
+  // Some count the header as part of the size.
+  if (!size || *size <= HislipHeaderSize) return Fail("the maximum message size leaves no room for a command");
+  m_longestPayload = *size - HislipHeaderSize;
+  m_phase = Phase::Ready;
+  if (m_overlapped) Clear();
+}
+
+void HislipClient::TakeDeviceClearAcknowledge(const HislipPiece& piece) {
+  if (piece.Header.Type != HislipType::DeviceClearAcknowledge || m_phase != Phase::DeviceClearAcknowledge) return;
+  if ((piece.Header.Control & HislipControl::Overlapped) != 0) {
+    return Fail("it stays in overlapped mode, which is not supported");
+  }
+  m_answers.Reset();
+  m_nextId = HislipFirstMessageId;
+  m_delivered = false;
+  m_interruptions = 0;
+  m_phase = Phase::Ready;
+}
+
+void HislipClient::Fail(std::string reason) {
+  m_failure = std::move(reason);
+  m_phase = Phase::Closed;
+}
+
+} // namespace portico::wire

@@ -1,0 +1,88 @@
+#include "drivers/SteadyClock.h"
+#include "drivers/standard/StandardTransports.h"
+#include "support/Files.h"
+#include "support/doubles/SerialInstrument.h"
+
+#include <array>
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace portico::test {
+namespace {
+
+using namespace drivers;
+
+/// The driver against an instrument behind an adapter that is pulled out and plugged in: as the system does, its link
+/// goes, and comes back for another device file.
+class SerialFailureTest : public testing::Test {
+protected:
+  static std::int32_t Code(DriverStatus status) { return static_cast<std::int32_t>(status); }
+
+  void SetUp() override {
+    PlugIn();
+    ASSERT_EQ(driver.TVSCPI_init("ASRL" + link + "::INSTR", 0, 0, session), 0);
+  }
+
+  void PlugIn() {
+    instrument = std::make_unique<SerialInstrument>(InstrumentScript{{"Q?", Reaction::Answer("1\n")}});
+    std::filesystem::create_symlink(instrument->Path(), link);
+  }
+  void PullOut() {
+    instrument->Unplug();
+    std::filesystem::remove(link);
+  }
+
+  std::int32_t Write(const std::string& command) { return driver.TVSCPI_WriteInstrData(session, command + "\r"); }
+  std::int32_t Read() { return driver.TVSCPI_ReadInstrData(session, 64, buffer.data(), count); }
+  std::string Query(const std::string& command) {
+    EXPECT_EQ(Write(command), 0);
+    EXPECT_EQ(Read(), 0);
+    return buffer.data();
+  }
+  std::string Message(std::int32_t status) {
+    std::array<char, ErrorMessageBufferSize> text = {};
+    EXPECT_EQ(driver.TVSCPI_error_message(session, status, text.data()), 0);
+    return text.data();
+  }
+
+  const TemporaryFolder folder;
+  const std::string link = folder.At("usb-Maker_Adapter-if00");
+  std::unique_ptr<SerialInstrument> instrument;
+  SteadyClock clock;
+  InstrumentDriver driver{StandardTransports({}, clock), {clock, std::chrono::seconds(5)}};
+  std::int32_t session = 0;
+  std::array<char, 64> buffer = {};
+  std::int32_t count = 0;
+};
+
+TEST_F(SerialFailureTest, AnAdapterPulledOutIsReportedInWords) {
+  EXPECT_EQ(Query("Q?"), "1");
+  PullOut();
+  EXPECT_EQ(Read(), Code(DriverStatus::ConnectionLost));
+  EXPECT_EQ(Message(Code(DriverStatus::ConnectionLost)),
+            "The connection was lost: " + link + ", the port is gone; plug it in again.\n");
+  EXPECT_EQ(Write("Q?"), Code(DriverStatus::ConnectFailed));
+  const std::string reason = link + ", there is no such serial port; check its name and that it is plugged in.\n";
+  EXPECT_EQ(Message(Code(DriverStatus::ConnectFailed)), "The connection could not be made: " + reason);
+  EXPECT_EQ(Read(), Code(DriverStatus::NotConnected));
+  EXPECT_EQ(Message(Code(DriverStatus::NotConnected)), "There is no connection: " + reason);
+}
+
+TEST_F(SerialFailureTest, AnAdapterPluggedInAgainServesTheNextCommand) {
+  EXPECT_EQ(Query("Q?"), "1");
+  PullOut();
+  EXPECT_EQ(Read(), Code(DriverStatus::ConnectionLost));
+  PlugIn();
+  EXPECT_EQ(Query("Q?"), "1");
+}
+
+TEST_F(SerialFailureTest, ACommandToAnAdapterPulledOutFailsAndIsNotLostInSilence) {
+  PullOut();
+  EXPECT_EQ(Write("Q?"), Code(DriverStatus::ConnectionLost));
+  PlugIn();
+  EXPECT_EQ(Query("Q?"), "1");
+  EXPECT_EQ(instrument->Received(), "Q?\r\n");
+}
+
+} // namespace
+} // namespace portico::test

@@ -1,0 +1,104 @@
+#include "drivers/session/InstrumentDriver.h"
+
+#include "support/doubles/ManualClock.h"
+#include "support/doubles/ScriptedTransport.h"
+
+#include <array>
+#include <gmock/gmock.h>
+
+namespace portico::test {
+namespace {
+
+using namespace drivers;
+
+class InstrumentDriverTest : public testing::Test {
+protected:
+  static std::int32_t Code(DriverStatus status) { return static_cast<std::int32_t>(status); }
+
+  std::string Message(std::int32_t session, std::int32_t status) {
+    std::array<char, ErrorMessageBufferSize> text = {};
+    EXPECT_EQ(driver.TVSCPI_error_message(session, status, text.data()), 0);
+    return text.data();
+  }
+
+  ManualClock clock;
+  ScriptedTransport::Record transport;
+  std::vector<std::string> names;
+  InstrumentDriver driver{{{InterfaceKind::Serial,
+                            [this](const ResourceName& name) {
+                              names.push_back(name.Canonical());
+                              return std::make_unique<ScriptedTransport>(transport);
+                            }}},
+                          {clock}};
+};
+
+TEST_F(InstrumentDriverTest, MakesTheTransportThatIsRegisteredForTheInterface) {
+  std::int32_t session = 0;
+  EXPECT_EQ(driver.TVSCPI_init("asrl1::instr", 0, 0, session), 0);
+  EXPECT_THAT(names, testing::ElementsAre("ASRL1::INSTR"));
+  EXPECT_EQ(transport.opened, 1);
+  EXPECT_EQ(driver.TVSCPI_WriteInstrData(session, "*RST\r"), 0);
+  EXPECT_THAT(transport.written, testing::ElementsAre("*RST\r\n"));
+}
+
+TEST_F(InstrumentDriverTest, AnInterfaceWithoutTransportIsNotSupported) {
+  std::int32_t session = 0;
+  EXPECT_EQ(driver.TVSCPI_init("SIM::dmm::INSTR", 0, 0, session), Code(DriverStatus::UnsupportedInterface));
+  EXPECT_EQ(Message(0, Code(DriverStatus::UnsupportedInterface)),
+            "The interface is not supported yet: SIM::dmm::INSTR.\n");
+  EXPECT_THAT(names, testing::IsEmpty());
+}
+
+TEST_F(InstrumentDriverTest, AFailedOpenUsesUpNoHandle) {
+  transport.openResult = {DriverStatus::ConnectTimeout, "ttyS0"};
+  std::int32_t session = 0;
+  EXPECT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), Code(DriverStatus::ConnectTimeout));
+  EXPECT_EQ(session, 0);
+  EXPECT_EQ(Message(0, Code(DriverStatus::ConnectTimeout)), "Timeout expired before the connection was made: ttyS0.\n");
+  transport.openResult = {};
+  EXPECT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), 0);
+  EXPECT_EQ(session, 1);
+}
+
+TEST_F(InstrumentDriverTest, AMessageGivesTheParticularsOfTheLastFailureOnly) {
+  std::int32_t session = 0;
+  ASSERT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), 0);
+  transport.writeResult = {DriverStatus::ConnectionLost, "ttyS0"};
+  EXPECT_EQ(driver.TVSCPI_WriteInstrData(session, "A\r"), Code(DriverStatus::ConnectionLost));
+  EXPECT_EQ(Message(session, Code(DriverStatus::ConnectionLost)), "The connection was lost: ttyS0.\n");
+  EXPECT_EQ(Message(session, Code(DriverStatus::ConnectionClosed)), "The instrument closed the connection.\n");
+  // Neither session 0 nor a session that is not open knows of it.
+  EXPECT_EQ(Message(0, Code(DriverStatus::ConnectionLost)), "The connection was lost.\n");
+  EXPECT_EQ(Message(7, Code(DriverStatus::ConnectionLost)), "The connection was lost.\n");
+}
+
+TEST_F(InstrumentDriverTest, AReadOnNoSessionCountsNothing) {
+  std::int32_t count = 9;
+  std::array<char, 2> buffer = {'x'};
+  EXPECT_EQ(driver.TVSCPI_ReadInstrData(1, 2, buffer.data(), count), Code(DriverStatus::InvalidSession));
+  EXPECT_EQ(count, 0);
+}
+
+TEST(InstrumentDriver, SessionsThatAreOpenTogetherDoNotMix) {
+  ManualClock clock;
+  std::array<ScriptedTransport::Record, 4> records;
+  std::size_t next = 0;
+  InstrumentDriver driver({{InterfaceKind::Simulated,
+                            [&](const ResourceName&) { return std::make_unique<ScriptedTransport>(records[next++]); }}},
+                          {clock});
+  std::array<std::int32_t, 4> sessions{};
+  for (std::int32_t& session : sessions) EXPECT_EQ(driver.TVSCPI_init("SIM::dmm::INSTR", 0, 0, session), 0);
+  for (int round = 0; round < 3; ++round) {
+    for (const std::int32_t session : sessions) {
+      EXPECT_EQ(driver.TVSCPI_WriteInstrData(session, std::to_string(session) + "\r"), 0);
+    }
+  }
+  for (const ScriptedTransport::Record& record : records) {
+    ASSERT_EQ(record.written.size(), 3U);
+    EXPECT_THAT(record.written, testing::Each(record.written.front()));
+  }
+  EXPECT_NE(records[0].written.front(), records[1].written.front());
+}
+
+} // namespace
+} // namespace portico::test

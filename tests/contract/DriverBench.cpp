@@ -1,96 +1,12 @@
 #include "contract/DriverBench.h"
 
-#include "drivers/SteadyClock.h"
-#include "drivers/standard/StandardTransports.h"
-#include "support/doubles/ManualClock.h"
-#include "support/doubles/ScriptedConnection.h"
-#include "support/doubles/ScriptedServer.h"
-#include "support/doubles/SerialInstrument.h"
+#include "drivers/DriverStatus.h"
 
 #include <array>
 
 namespace portico::test {
-namespace {
 
-using namespace drivers;
-
-class SocketBench final : public DriverBench {
-public:
-  SocketBench(InstrumentScript script, std::chrono::milliseconds timeout)
-      : m_server(std::move(script)), m_driver(StandardTransports({}, m_clock), {m_clock, timeout, &observer}) {}
-
-  IInstrumentDriver& Driver() override { return m_driver; }
-  std::string Name() const override { return m_server.ResourceName(); }
-  std::string CanonicalName() const override {
-    return "TCPIP0::127.0.0.1::" + std::to_string(m_server.Port()) + "::SOCKET";
-  }
-  std::string Place() const override { return "127.0.0.1, port " + std::to_string(m_server.Port()); }
-  std::string ReceivedUpTo(const std::string& bytes) override {
-    m_server.WaitForReceived(bytes);
-    return m_server.Received();
-  }
-
-private:
-  ScriptedServer m_server;
-  SteadyClock m_clock;
-  InstrumentDriver m_driver;
-};
-
-/// Two lines, since each lets one session in.
-class SerialBench final : public DriverBench {
-public:
-  SerialBench(const InstrumentScript& script, std::chrono::milliseconds timeout)
-      : m_first(script), m_second(script), m_driver(StandardTransports({}, m_clock), {m_clock, timeout, &observer}) {}
-
-  IInstrumentDriver& Driver() override { return m_driver; }
-  std::string Name() const override { return "asrl" + m_first.Path() + "::115200,8n1,none::instr"; }
-  std::string SecondName() const override { return m_second.ResourceName(); }
-  std::string CanonicalName() const override { return "ASRL" + m_first.Path() + "::115200,8N1::INSTR"; }
-  std::string Place() const override { return m_first.Path(); }
-  std::string ReceivedUpTo(const std::string& bytes) override {
-    m_first.WaitForReceived(bytes);
-    return m_first.Received();
-  }
-
-private:
-  SerialInstrument m_first;
-  SerialInstrument m_second;
-  SteadyClock m_clock;
-  InstrumentDriver m_driver;
-};
-
-class SimulatedBench final : public DriverBench {
-public:
-  SimulatedBench(InstrumentScript script, std::chrono::milliseconds timeout)
-      : m_driver(StandardTransports(
-                     [this, script = std::move(script)](const std::string&) {
-                       return std::make_unique<ScriptedConnection>(script, m_received);
-                     },
-                     m_clock),
-                 {m_clock, timeout, &observer}) {}
-
-  IInstrumentDriver& Driver() override { return m_driver; }
-  std::string Name() const override { return "sim::dmm::instr"; }
-  std::string CanonicalName() const override { return "SIM::dmm::INSTR"; }
-  std::string Place() const override { return "dmm"; }
-  std::string ReceivedUpTo(const std::string& /*bytes*/) override { return m_received; }
-
-private:
-  ManualClock m_clock;
-  std::string m_received;
-  InstrumentDriver m_driver;
-};
-
-template <typename Bench>
-std::unique_ptr<DriverBench> Make(InstrumentScript script, std::chrono::milliseconds timeout) {
-  return std::make_unique<Bench>(std::move(script), timeout);
-}
-
-} // namespace
-
-std::vector<DriverBenchKind> AllDriverBenches() {
-  return {{"Socket", Make<SocketBench>}, {"Serial", Make<SerialBench>}, {"Simulated", Make<SimulatedBench>}};
-}
+using drivers::ErrorMessageBufferSize;
 
 void DriverContract::Start(InstrumentScript script, std::chrono::milliseconds timeout) {
   bench = GetParam().make(std::move(script), timeout);

@@ -41,17 +41,46 @@ public:
   virtual std::string Place() const = 0;
   /// Waits until all that the instrument has received, over all connections, ends in `bytes`.
   virtual std::string ReceivedUpTo(const std::string& bytes) = 0;
+  /// The instrument sends this, asked or not, as an answer or as the rest of one that it began. It ends there.
+  virtual void Send(const std::string& bytes) = 0;
 
   RecordingObserver observer;
 };
 
-/// What the suites run with: the name is that of the driver.
+/// What a transport is like, where the rules differ.
+struct TransportTraits {
+  /// How it gets into step again before the first command after a time-out.
+  enum class RecoveryKind { FreshConnection, DeviceClear, Listening };
+
+  /// Marks the ends of messages; if not, it carries a plain stream of bytes.
+  bool marksEnd = false;
+  RecoveryKind recovery = RecoveryKind::FreshConnection;
+  /// An observer hears of what the driver does.
+  bool tells = true;
+};
+
+/// What the suites run with: the name is that of the driver. Each stands in a file of its own, which DriverBenches.cpp
+/// lists.
 struct DriverBenchKind {
   const char* name;
   std::unique_ptr<DriverBench> (*make)(InstrumentScript script, std::chrono::milliseconds timeout);
+  TransportTraits traits = {};
 };
 
+template <typename Bench>
+std::unique_ptr<DriverBench> MakeBench(InstrumentScript script, std::chrono::milliseconds timeout) {
+  return std::make_unique<Bench>(std::move(script), timeout);
+}
+
 std::vector<DriverBenchKind> AllDriverBenches();
+
+/// Those that a rule is for.
+template <typename Predicate>
+std::vector<DriverBenchKind> DriverBenchesWhere(Predicate suits) {
+  std::vector<DriverBenchKind> kinds = AllDriverBenches();
+  std::erase_if(kinds, [&](const DriverBenchKind& kind) { return !suits(kind.traits); });
+  return kinds;
+}
 
 inline void PrintTo(const DriverBenchKind& kind, std::ostream* stream) { *stream << kind.name; }
 

@@ -11,6 +11,8 @@ namespace portico::test {
 struct Reaction {
   enum class Kind {
     Answer,
+    /// Sends the first part of an answer; the rest comes when the test sends it, or never.
+    Part,
     /// Takes the command and says nothing.
     Silence,
     /// Sends the text, if any, and closes the connection.
@@ -28,6 +30,7 @@ struct Reaction {
   static Reaction Answer(std::string text, std::chrono::milliseconds delay = {}) {
     return {Kind::Answer, std::move(text), delay};
   }
+  static Reaction Part(std::string text) { return {Kind::Part, std::move(text)}; }
   static Reaction Silence() { return {}; }
   static Reaction Close(std::string text = {}) { return {Kind::Close, std::move(text)}; }
   static Reaction Endless(std::string text) { return {Kind::Endless, std::move(text)}; }

@@ -7,7 +7,8 @@
 
 namespace portico::test {
 
-/// A connection to a simulated instrument that does what a script says. It knows answers and silence.
+/// A connection to a simulated instrument that does what a script says. It knows answers, parts of them, and
+/// silence.
 class ScriptedConnection final : public simulator::SimulatedConnection {
 public:
   /// Adds all that is written to `received`, which must outlive the connection.
@@ -17,16 +18,23 @@ public:
   std::optional<std::string> Read(simulator::TimePoint now) override;
   std::optional<simulator::TimePoint> NextEvent() const override;
 
+  /// Responds, asked or not.
+  void Send(std::string text);
+  /// Whether what was read last is, or ends, a whole response.
+  bool Whole() const { return m_whole; }
+
 private:
   struct Response {
     simulator::TimePoint ready;
     std::string text;
+    bool whole;
   };
 
   const InstrumentScript m_script;
   std::string& m_received;
   std::string m_input;
   std::deque<Response> m_responses;
+  bool m_whole = false;
 };
 
 } // namespace portico::test

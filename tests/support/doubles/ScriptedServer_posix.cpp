@@ -210,6 +210,7 @@ void ScriptedServer::React(Client& client, const std::string& command) {
   const Reaction& reaction = found->second;
   switch (reaction.kind) {
   case Reaction::Kind::Answer:
+  case Reaction::Kind::Part:
     client.output += reaction.text;
     break;
   case Reaction::Kind::Silence:

@@ -1,0 +1,13 @@
+#include "contract/DriverBenches.h"
+
+namespace portico::test {
+
+std::vector<DriverBenchKind> AllDriverBenches() {
+  return {
+      SocketBenchKind(),
+      SerialBenchKind(),
+      SimulatedBenchKind(),
+  };
+}
+
+} // namespace portico::test

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "contract/DriverBench.h"
+
+namespace portico::test {
+
+// Each in the file of its name, without "Kind".
+DriverBenchKind SocketBenchKind();
+DriverBenchKind SerialBenchKind();
+DriverBenchKind SimulatedBenchKind();
+
+} // namespace portico::test

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <optional>
 #include <vector>
 
 namespace portico::drivers {
@@ -15,6 +14,7 @@ using ParseResult = std::variant<ResourceName, ResourceNameError>;
 
 constexpr std::string_view Separator = "::";
 constexpr std::string_view DefaultLanDevice = "inst0";
+constexpr std::string_view HislipPrefix = "hislip";
 
 constexpr std::string_view Forms = "TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR";
 constexpr std::string_view SocketForm = "TCPIP::HOST::PORT::SOCKET";
@@ -129,36 +129,84 @@ bool IsNumber(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-ParseResult ParseSocket(unsigned board, std::string host, const Fields& fields) {
-  if (fields.Rest.size() == 2) return Error("the port is missing; write TCPIP::", HostField(host), "::5025::SOCKET");
+std::variant<std::uint16_t, ResourceNameError> ParsePort(std::string_view text) {
+  const auto port = ParseNumber<std::uint16_t>(text);
+  if (port && *port != 0) return *port;
+  return Error("the port ", Quoted(text), " is not a number from 1 to 65535");
+}
+
+/// Where a network name leads to: `HOST[,PORT]`.
+struct NetworkPlace {
+  unsigned Board = 0;
+  std::string Host;
+  std::optional<std::uint16_t> Port;
+};
+
+std::variant<NetworkPlace, ResourceNameError> ParsePlace(unsigned board, std::string_view field) {
+  const std::size_t comma = field.find(',');
+  auto host = ParseHost(field.substr(0, comma));
+  if (auto* error = std::get_if<ResourceNameError>(&host)) return std::move(*error);
+  NetworkPlace place = {board, std::get<std::string>(std::move(host)), std::nullopt};
+  if (comma == std::string_view::npos) return place;
+  auto port = ParsePort(field.substr(comma + 1));
+  if (auto* error = std::get_if<ResourceNameError>(&port)) return std::move(*error);
+  place.Port = std::get<std::uint16_t>(port);
+  return place;
+}
+
+ParseResult ParseSocket(NetworkPlace place, const Fields& fields) {
+  if (fields.Rest.size() == 2) {
+    return Error("the port is missing; write TCPIP::", HostField(place.Host), Separator,
+                 std::to_string(place.Port.value_or(5025)), "::SOCKET");
+  }
   if (fields.Rest.size() > 3) {
     return Error("there are too many fields; write ", SocketForm,
                  ", with an IPv6 address in brackets as in TCPIP::[::1]::5025::SOCKET");
   }
-  const auto port = ParseNumber<std::uint16_t>(fields.Rest[1]);
-  if (!port || *port == 0) return Error("the port ", Quoted(fields.Rest[1]), " is not a number from 1 to 65535");
-  return ResourceName(SocketAddress{board, std::move(host), *port});
+  auto port = ParsePort(fields.Rest[1]);
+  if (auto* error = std::get_if<ResourceNameError>(&port)) return std::move(*error);
+  if (place.Port) {
+    return Error("there are two ports, ", Quoted(std::to_string(*place.Port)), " and ", Quoted(fields.Rest[1]),
+                 "; write TCPIP::", HostField(place.Host), Separator, fields.Rest[1], "::SOCKET");
+  }
+  return ResourceName(SocketAddress{place.Board, std::move(place.Host), std::get<std::uint16_t>(port)});
+}
+
+ParseResult ParseLanDevice(NetworkPlace place, std::string_view device) {
+  if (device.empty()) return Error("the device is empty; write TCPIP::", HostField(place.Host), "::inst0::INSTR");
+  LanDeviceAddress address = {place.Board, std::move(place.Host), std::string(device), place.Port};
+  if (address.Protocol() == LanProtocol::Vxi11) return ResourceName(std::move(address));
+  if (address.Port) {
+    return Error("the port of HiSLIP stands behind the device; write TCPIP::", HostField(address.Host), Separator,
+                 device, ",", std::to_string(*address.Port), "::INSTR");
+  }
+  const std::size_t comma = device.find(',');
+  if (comma == std::string_view::npos) return ResourceName(std::move(address));
+  auto port = ParsePort(device.substr(comma + 1));
+  if (auto* error = std::get_if<ResourceNameError>(&port)) return std::move(*error);
+  address.Device.resize(comma);
+  address.Port = std::get<std::uint16_t>(port);
+  return ResourceName(std::move(address));
 }
 
 ParseResult ParseTcpip(const Fields& fields) {
   const BoardResult board = ParseBoard(fields.Suffix, "TCPIP");
   if (board.Error) return *board.Error;
   if (fields.Rest.empty()) return Error("the host is missing; write ", SocketForm);
-  auto parsedHost = ParseHost(fields.Rest.front());
-  if (auto* error = std::get_if<ResourceNameError>(&parsedHost)) return std::move(*error);
-  auto& host = std::get<std::string>(parsedHost);
+  auto parsedPlace = ParsePlace(board.Board, fields.Rest.front());
+  if (auto* error = std::get_if<ResourceNameError>(&parsedPlace)) return std::move(*error);
+  auto& place = std::get<NetworkPlace>(parsedPlace);
 
-  if (fields.Rest.size() > 1 && fields.HasClass("SOCKET")) return ParseSocket(board.Board, std::move(host), fields);
+  if (fields.Rest.size() > 1 && fields.HasClass("SOCKET")) return ParseSocket(std::move(place), fields);
   const bool isInstr = fields.Rest.size() > 1 && fields.HasClass("INSTR");
   const std::size_t last = fields.Rest.size() - (isInstr ? 1 : 0);
   if (last == 2 && IsNumber(fields.Rest[1])) {
-    return Error("a port needs the class SOCKET; write TCPIP::", HostField(host), "::", fields.Rest[1], "::SOCKET");
+    return Error("a port needs the class SOCKET; write TCPIP::", HostField(place.Host), "::", fields.Rest[1],
+                 "::SOCKET");
   }
   if (!isInstr) return Error("the class is missing; end the name with ::PORT::SOCKET or ::INSTR");
   if (last > 2) return Error("there are too many fields; write TCPIP::HOST::DEVICE::INSTR or ", SocketForm);
-  const std::string_view device = last == 2 ? fields.Rest[1] : DefaultLanDevice;
-  if (device.empty()) return Error("the device is empty; write TCPIP::", HostField(host), "::inst0::INSTR");
-  return ResourceName(LanDeviceAddress{board.Board, std::move(host), std::string(device)});
+  return ParseLanDevice(std::move(place), last == 2 ? fields.Rest[1] : DefaultLanDevice);
 }
 
 ParseResult ParseUsb(const Fields& fields) {
@@ -278,7 +326,10 @@ struct CanonicalWriter {
            "::" + std::to_string(address.Port) + "::SOCKET";
   }
   std::string operator()(const LanDeviceAddress& address) const {
-    return "TCPIP" + std::to_string(address.Board) + "::" + HostField(address.Host) + "::" + address.Device + "::INSTR";
+    const std::string port = address.Port ? "," + std::to_string(*address.Port) : "";
+    const bool isHislip = address.Protocol() == LanProtocol::Hislip;
+    return "TCPIP" + std::to_string(address.Board) + "::" + HostField(address.Host) + (isHislip ? "" : port) +
+           "::" + address.Device + (isHislip ? port : "") + "::INSTR";
   }
   std::string operator()(const UsbAddress& address) const {
     return "USB" + std::to_string(address.Board) + "::" + UsbId(address.Vendor) + "::" + UsbId(address.Product) +
@@ -291,6 +342,11 @@ struct CanonicalWriter {
 };
 
 } // namespace
+
+LanProtocol LanDeviceAddress::Protocol() const {
+  const std::string_view start = std::string_view(Device).substr(0, HislipPrefix.size());
+  return EqualsIgnoringCase(start, HislipPrefix) ? LanProtocol::Hislip : LanProtocol::Vxi11;
+}
 
 ParseResult ResourceName::Parse(std::string_view text) {
   text = Trimmed(text);

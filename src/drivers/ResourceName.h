@@ -3,6 +3,7 @@
 #include "drivers/SerialLine.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -19,11 +20,21 @@ struct SocketAddress {
   std::uint16_t Port = 0;
 };
 
-/// An instrument protocol over the network: `TCPIP[n]::HOST[::DEVICE]::INSTR`.
+/// What a device on the network is spoken to in.
+enum class LanProtocol : std::uint8_t { Vxi11, Hislip };
+
+/// An instrument protocol over the network: `TCPIP[n]::HOST[,PORT][::DEVICE]::INSTR` for VXI-11,
+/// `TCPIP[n]::HOST::DEVICE[,PORT]::INSTR` for HiSLIP.
 struct LanDeviceAddress {
   unsigned Board = 0;
   std::string Host;
+  /// Without the port.
   std::string Device;
+  /// 1 to 65535, if the name tells it: that of VXI-11's core channel, so that no portmapper is asked, or of HiSLIP.
+  std::optional<std::uint16_t> Port = {};
+
+  /// HiSLIP, if the device begins with "hislip" in any case.
+  LanProtocol Protocol() const;
 };
 
 /// A USB test and measurement device: `USB[n]::VENDOR::PRODUCT::SERIAL[::INTF]::INSTR`.

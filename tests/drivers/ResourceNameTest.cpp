@@ -29,6 +29,9 @@ const std::vector<Good> GoodNames = {
     Good{"TCPIP::bench::INSTR", InterfaceKind::LanDevice, "TCPIP0::bench::inst0::INSTR"},
     Good{"tcpip1::bench::gpib0,5::instr", InterfaceKind::LanDevice, "TCPIP1::bench::gpib0,5::INSTR"},
     Good{"TCPIP::[::1]::hislip0,4880::INSTR", InterfaceKind::LanDevice, "TCPIP0::[::1]::hislip0,4880::INSTR"},
+    Good{"TCPIP::bench::HiSLIP0::INSTR", InterfaceKind::LanDevice, "TCPIP0::bench::HiSLIP0::INSTR"},
+    Good{"TCPIP::bench,1024::INSTR", InterfaceKind::LanDevice, "TCPIP0::bench,1024::inst0::INSTR"},
+    Good{"TCPIP::[::1],01024::gpib0,5::instr", InterfaceKind::LanDevice, "TCPIP0::[::1],1024::gpib0,5::INSTR"},
     Good{"USB::0x1234::0xabcd::SN1::INSTR", InterfaceKind::Usb, "USB0::0x1234::0xABCD::SN1::0::INSTR"},
     Good{"usb3::4660::65535::Sn 1::255::instr", InterfaceKind::Usb, "USB3::0x1234::0xFFFF::Sn 1::255::INSTR"},
     Good{"USB::1::2::::INSTR", InterfaceKind::Usb, "USB0::0x0001::0x0002::::0::INSTR"},
@@ -109,6 +112,21 @@ const std::vector<Bad> TcpipMistakes = {
     Bad{"TCPIP::bench::a::b::INSTR",
         "there are too many fields; write TCPIP::HOST::DEVICE::INSTR or TCPIP::HOST::PORT::SOCKET"},
     Bad{"TCPIP::bench::::INSTR", "the device is empty; write TCPIP::bench::inst0::INSTR"},
+    Bad{"TCPIP::bench,::INSTR", "the port \"\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::bench,0::INSTR", "the port \"0\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::[::1],1024x::gpib0,5::INSTR", "the port \"1024x\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::bench,1024,1::INSTR", "the port \"1024,1\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::bench,vxi::5025::SOCKET", "the port \"vxi\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::,1024::INSTR", NoHost},
+    Bad{"TCPIP::bench,1024::5025::SOCKET",
+        "there are two ports, \"1024\" and \"5025\"; write TCPIP::bench::5025::SOCKET"},
+    Bad{"TCPIP::bench,5026::SOCKET", "the port is missing; write TCPIP::bench::5026::SOCKET"},
+    Bad{"TCPIP::bench::hislip0,::INSTR", "the port \"\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::bench::Hislip0,x::INSTR", "the port \"x\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::bench::hislip0,65536::INSTR", "the port \"65536\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::bench::hislip0,4880,1::INSTR", "the port \"4880,1\" is not a number from 1 to 65535"},
+    Bad{"TCPIP::[::1],4881::hislip0::INSTR",
+        "the port of HiSLIP stands behind the device; write TCPIP::[::1]::hislip0,4881::INSTR"},
     Bad{"TCPIP::the bench::5025::SOCKET", "the host \"the bench\" holds a blank"},
     Bad{"TCPIP::bench:5025::SOCKET", "the host \"bench:5025\" holds a colon; write TCPIP::HOST::PORT::SOCKET"},
     Bad{"TCPIP::[::1::5025::SOCKET",
@@ -181,6 +199,34 @@ TEST(ResourceName, TakesASocketNameApart) {
   EXPECT_EQ(address.Board, 1u);
   EXPECT_EQ(address.Host, "fe80::1");
   EXPECT_EQ(address.Port, 5025);
+}
+
+TEST(ResourceName, TakesTheNameOfALanDeviceApart) {
+  const auto plain = std::get<LanDeviceAddress>(Parsed("TCPIP1::[fe80::1]::gpib0,22::INSTR").GetAddress());
+  EXPECT_EQ(plain.Board, 1u);
+  EXPECT_EQ(plain.Host, "fe80::1");
+  EXPECT_EQ(plain.Device, "gpib0,22");
+  EXPECT_EQ(plain.Protocol(), LanProtocol::Vxi11);
+  EXPECT_EQ(plain.Port, std::nullopt);
+  const auto withPort = std::get<LanDeviceAddress>(Parsed("TCPIP::[fe80::1],1024::INSTR").GetAddress());
+  EXPECT_EQ(withPort.Host, "fe80::1");
+  EXPECT_EQ(withPort.Device, "inst0");
+  EXPECT_EQ(withPort.Protocol(), LanProtocol::Vxi11);
+  EXPECT_EQ(withPort.Port, 1024);
+}
+
+TEST(ResourceName, ADeviceThatBeginsWithHislipIsSpokenToInHislip) {
+  const auto plain = std::get<LanDeviceAddress>(Parsed("TCPIP::bench::HiSlip0::INSTR").GetAddress());
+  EXPECT_EQ(plain.Device, "HiSlip0");
+  EXPECT_EQ(plain.Protocol(), LanProtocol::Hislip);
+  EXPECT_EQ(plain.Port, std::nullopt);
+  const auto withPort = std::get<LanDeviceAddress>(Parsed("TCPIP::bench::hislip1,4881::INSTR").GetAddress());
+  EXPECT_EQ(withPort.Host, "bench");
+  EXPECT_EQ(withPort.Device, "hislip1");
+  EXPECT_EQ(withPort.Protocol(), LanProtocol::Hislip);
+  EXPECT_EQ(withPort.Port, 4881);
+  const auto other = std::get<LanDeviceAddress>(Parsed("TCPIP::bench::hisli::INSTR").GetAddress());
+  EXPECT_EQ(other.Protocol(), LanProtocol::Vxi11);
 }
 
 TEST(ResourceName, TakesAUsbNameApart) {

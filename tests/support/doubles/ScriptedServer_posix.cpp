@@ -111,6 +111,11 @@ void ScriptedServer::WaitForReceived(const std::string& bytes) const {
   m_changed.wait(lock, [&] { return m_received.ends_with(bytes); });
 }
 
+void ScriptedServer::WaitForConnections(std::size_t count) const {
+  std::unique_lock lock(m_mutex);
+  m_changed.wait(lock, [&] { return m_connections >= count; });
+}
+
 void ScriptedServer::WaitForNoClient() const {
   std::unique_lock lock(m_mutex);
   m_changed.wait(lock, [&] { return m_connections > 0 && m_clients.empty(); });

@@ -1,7 +1,7 @@
 // Feeds a multimeter any bytes, in pieces of any size and at any times, and reads what it answers.
 
+#include "simulator/connection/StreamConnection.h"
 #include "simulator/devices/Device.h"
-#include "simulator/server/StreamConnection.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,3 +1,4 @@
+#include "simulator/connection/ServedStream.h"
 #include "simulator/devices/Device.h"
 #include "simulator/server/SocketServer.h"
 
@@ -15,6 +16,7 @@
 namespace {
 
 using portico::simulator::Device;
+using portico::simulator::ServedStream;
 using portico::simulator::SocketServer;
 
 constexpr int UsageError = 2;
@@ -39,16 +41,16 @@ std::string WholeNumber(const std::string& text) {
 } // namespace
 
 int main(int argc, char** argv) {
-  SocketServer::Options options;
+  SocketServer::Listener raw;
   std::string kind = "dmm";
   std::uint64_t seed = 1;
   CLI::App app("Serves a simulated instrument over TCP, one for all connections.", "portico-sim");
   app.set_version_flag("--version", "portico-sim " PORTICO_VERSION);
   app.add_option("--device", kind, "The kind of instrument: dmm, psu or scope")->capture_default_str();
-  app.add_option("--port", options.Port, "The TCP port; 0 picks a free one")
+  app.add_option("--port", raw.Port, "The TCP port; 0 picks a free one")
       ->check(CLI::Range(0, 65535))
       ->capture_default_str();
-  app.add_option("--bind", options.Address, "The IPv4 or IPv6 address to listen on")->capture_default_str();
+  app.add_option("--bind", raw.Address, "The IPv4 or IPv6 address to listen on")->capture_default_str();
   app.add_option("--seed", seed, "The start of all that looks random")->check(WholeNumber)->capture_default_str();
   try {
     app.parse(argc, argv);
@@ -62,7 +64,8 @@ int main(int argc, char** argv) {
     return Complain("'" + kind + "' is not a device; there are dmm, psu and scope", "try portico-sim --help");
   }
   try {
-    SocketServer server(*device, options);
+    raw.Factory = ServedStream::Factory(*device);
+    SocketServer server({raw});
     running = &server;
     std::signal(SIGINT, StopServer);
     std::signal(SIGTERM, StopServer);

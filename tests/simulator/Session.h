@@ -1,7 +1,7 @@
 #pragma once
 
+#include "simulator/connection/StreamConnection.h"
 #include "simulator/devices/Device.h"
-#include "simulator/server/StreamConnection.h"
 
 #include <chrono>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "drivers/standard/StandardDriver.h"
 
 #include "drivers/standard/StandardTransports.h"
-#include "simulator/server/DeviceRack.h"
+#include "simulator/connection/DeviceRack.h"
 
 namespace portico::drivers {
 namespace {

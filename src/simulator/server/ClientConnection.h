@@ -1,24 +1,25 @@
 #pragma once
 
-#include "simulator/server/StreamConnection.h"
+#include "simulator/connection/IServedConnection.h"
 #include "system/FileDescriptor.h"
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 
 namespace portico::simulator {
 
-/// One client of the server and its connection to the device.
+/// One client of the server: its socket, and the connection that is served over it.
 ///
 /// No more is read from a client that does not take its answers, so that neither side's memory grows without bound.
 class ClientConnection {
 public:
-  /// `socket` is connected and does not block; `device` must outlive the connection.
-  ClientConnection(system::FileDescriptor socket, Device& device);
+  /// `socket` is connected and does not block.
+  ClientConnection(system::FileDescriptor socket, std::unique_ptr<IServedConnection> connection);
 
   int Descriptor() const { return m_socket.Get(); }
-  bool WantsInput() const { return !m_inputEnded && m_output.empty() && m_connection.AcceptsInput(); }
+  bool WantsInput() const { return !m_inputEnded && m_output.empty() && m_connection->AcceptsInput(); }
   bool WantsOutput() const { return !m_output.empty(); }
   /// When Exchange() is next due though nothing arrives.
   std::optional<TimePoint> NextEvent() const;
@@ -36,7 +37,7 @@ private:
   void Collect(TimePoint now);
 
   system::FileDescriptor m_socket;
-  StreamConnection m_connection;
+  const std::unique_ptr<IServedConnection> m_connection;
   std::string m_output;
   std::size_t m_sent = 0; ///< of m_output
   bool m_inputEnded = false;

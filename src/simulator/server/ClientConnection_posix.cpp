@@ -10,7 +10,7 @@
 namespace portico::simulator {
 namespace {
 
-// What Connection::AcceptsInput() promises room for.
+// What IServedConnection::AcceptsInput() promises room for.
 constexpr std::size_t ReceiveBytes = 65536;
 
 /// Answers are gathered up to this size before they are sent: a client may ask many questions at once.
@@ -20,27 +20,25 @@ bool WouldBlock(int error) { return error == EAGAIN || error == EWOULDBLOCK || e
 
 } // namespace
 
-ClientConnection::ClientConnection(system::FileDescriptor socket, Device& device)
-    : m_socket(std::move(socket)), m_connection(device) {}
+ClientConnection::ClientConnection(system::FileDescriptor socket, std::unique_ptr<IServedConnection> connection)
+    : m_socket(std::move(socket)), m_connection(std::move(connection)) {}
 
 std::optional<TimePoint> ClientConnection::NextEvent() const {
   if (!m_output.empty()) return std::nullopt; // first the client takes what there is
-  return m_connection.NextEvent();
+  return m_connection->NextEvent();
 }
 
 void ClientConnection::Exchange(bool readable, TimePoint now) {
   if (readable) Receive(now);
   Send(now);
-  // A client that only ended its own side still gets the answers that are under way.
-  const bool over = m_inputEnded || m_connection.CloseRequested();
-  if (over && m_output.empty() && !m_connection.Busy()) m_finished = true;
+  if (m_output.empty() && m_connection->Finished(m_inputEnded)) m_finished = true;
 }
 
 void ClientConnection::Receive(TimePoint now) {
   std::array<char, ReceiveBytes> buffer; // not cleared: that would cost more than a short message does
   const ssize_t count = recv(m_socket.Get(), buffer.data(), buffer.size(), 0);
   if (count > 0) {
-    m_connection.Write(std::string_view(buffer.data(), static_cast<std::size_t>(count)), now);
+    m_connection->Receive(std::string_view(buffer.data(), static_cast<std::size_t>(count)), now);
   } else if (count == 0) {
     m_inputEnded = true;
   } else if (!WouldBlock(errno)) {
@@ -66,15 +64,11 @@ void ClientConnection::Send(TimePoint now) {
 }
 
 void ClientConnection::Collect(TimePoint now) {
-  while (m_output.size() < SendBytes) {
-    auto response = m_connection.Read(now);
-    if (!response) return;
-    if (m_output.empty()) {
-      m_output = std::move(*response);
-    } else {
-      m_output += *response;
-    }
-  }
+  std::size_t before = 0;
+  do {
+    before = m_output.size();
+    m_connection->Collect(m_output, now);
+  } while (m_output.size() > before && m_output.size() < SendBytes);
 }
 
 } // namespace portico::simulator

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "simulator/connection/IServedConnection.h"
 #include "simulator/server/ClientConnection.h"
 #include "system/FileDescriptor.h"
 #include "system/WakePipe.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -12,25 +14,28 @@
 
 namespace portico::simulator {
 
-/// Serves a device over TCP, in one thread: bytes only, as instruments do on port 5025. All clients meet the same one.
+/// Serves clients over TCP, in one thread, on any number of ports with a protocol each. What they meet behind it is the
+/// business of the connections that the listeners' factories make.
 class SocketServer {
 public:
   /// The port that IANA has registered for SCPI over a raw socket.
   static constexpr std::uint16_t StandardPort = 5025;
 
-  struct Options {
+  struct Listener {
     std::string Address = "127.0.0.1"; ///< of the interface, IPv4 or IPv6, in figures
     std::uint16_t Port = StandardPort; ///< 0 picks a free one
+    ConnectionFactory Factory;         ///< called by Run() for each client
   };
 
-  /// Listens from now on; connections are accepted while Run() runs. `device` must outlive the server, and while Run()
-  /// runs only the server uses it. Throws std::invalid_argument for what is not an address, and std::system_error if
-  /// the operating system refuses.
-  SocketServer(Device& device, Options options);
+  /// Listens from now on; connections are accepted while Run() runs. What the factories refer to must outlive the
+  /// server, and while Run() runs only the server uses it. Throws std::invalid_argument for what is not an address, and
+  /// std::system_error if the operating system refuses.
+  explicit SocketServer(std::vector<Listener> listeners);
 
-  std::uint16_t Port() const { return m_port; }
+  // Of a listener, by its place in the list.
+  std::uint16_t Port(std::size_t listener = 0) const { return m_listeners[listener].Port; }
   /// `127.0.0.1:5025` or `[::1]:5025`.
-  std::string Endpoint() const;
+  std::string Endpoint(std::size_t listener = 0) const;
 
   /// Serves until Stop(), then closes all connections. Throws std::system_error.
   void Run();
@@ -39,15 +44,17 @@ public:
   void Stop() noexcept;
 
 private:
-  void Listen();
-  void Accept(TimePoint now);
+  struct Opened : Listener {
+    system::FileDescriptor Socket;
+  };
+
+  static void Listen(Opened& listener);
+  static std::string EndpointOf(const Listener& listener);
+  void Accept(const Opened& listener, TimePoint now);
   std::optional<TimePoint> NextEvent() const;
   void Serve(TimePoint now, const std::vector<short>& events);
 
-  Device& m_device;
-  const Options m_options;
-  std::uint16_t m_port = 0;
-  system::FileDescriptor m_listener;
+  std::vector<Opened> m_listeners;
   system::WakePipe m_wakeUp; // never drained
   std::vector<std::unique_ptr<ClientConnection>> m_clients;
   TimePoint m_acceptAgain{}; ///< after the system ran out of descriptors

@@ -61,25 +61,30 @@ std::optional<timespec> Timeout(std::optional<TimePoint> next, TimePoint now) {
 
 } // namespace
 
-SocketServer::SocketServer(Device& device, Options options) : m_device(device), m_options(std::move(options)) {
-  m_port = m_options.Port;
-  Listen();
-}
-
-void SocketServer::Listen() {
-  const Addresses address = Resolve(m_options.Address, m_options.Port);
-  m_listener = FileDescriptor(socket(address->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-  if (m_listener.IsOpen()) SetOption(m_listener.Get(), SOL_SOCKET, SO_REUSEADDR);
-  if (!m_listener.IsOpen() || bind(m_listener.Get(), address->ai_addr, address->ai_addrlen) != 0 ||
-      listen(m_listener.Get(), SOMAXCONN) != 0) {
-    throw std::system_error(errno, std::generic_category(), "cannot listen on " + Endpoint());
+SocketServer::SocketServer(std::vector<Listener> listeners) {
+  for (Listener& listener : listeners) {
+    m_listeners.push_back({std::move(listener), {}});
+    Listen(m_listeners.back());
   }
-  m_port = BoundPort(m_listener.Get());
 }
 
-std::string SocketServer::Endpoint() const {
-  const bool ipv6 = m_options.Address.find(':') != std::string::npos;
-  return (ipv6 ? '[' + m_options.Address + ']' : m_options.Address) + ':' + std::to_string(m_port);
+void SocketServer::Listen(Opened& listener) {
+  const Addresses address = Resolve(listener.Address, listener.Port);
+  FileDescriptor& opened = listener.Socket;
+  opened = FileDescriptor(socket(address->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+  if (opened.IsOpen()) SetOption(opened.Get(), SOL_SOCKET, SO_REUSEADDR);
+  if (!opened.IsOpen() || bind(opened.Get(), address->ai_addr, address->ai_addrlen) != 0 ||
+      listen(opened.Get(), SOMAXCONN) != 0) {
+    throw std::system_error(errno, std::generic_category(), "cannot listen on " + EndpointOf(listener));
+  }
+  listener.Port = BoundPort(opened.Get());
+}
+
+std::string SocketServer::Endpoint(std::size_t listener) const { return EndpointOf(m_listeners[listener]); }
+
+std::string SocketServer::EndpointOf(const Listener& listener) {
+  const bool ipv6 = listener.Address.find(':') != std::string::npos;
+  return (ipv6 ? '[' + listener.Address + ']' : listener.Address) + ':' + std::to_string(listener.Port);
 }
 
 void SocketServer::Run() {
@@ -88,7 +93,11 @@ void SocketServer::Run() {
   for (;;) {
     TimePoint now = std::chrono::steady_clock::now();
     const bool accepting = m_clients.size() < MostClients && now >= m_acceptAgain;
-    polled.assign({{m_wakeUp.Descriptor(), POLLIN, 0}, {accepting ? m_listener.Get() : -1, POLLIN, 0}});
+    polled.assign({{m_wakeUp.Descriptor(), POLLIN, 0}});
+    for (const Opened& listener : m_listeners) {
+      polled.push_back({accepting ? listener.Socket.Get() : -1, POLLIN, 0});
+    }
+    const std::size_t firstClient = polled.size();
     for (const auto& client : m_clients) {
       const int wanted = (client->WantsInput() ? POLLIN : 0) | (client->WantsOutput() ? POLLOUT : 0);
       polled.push_back({client->Descriptor(), static_cast<short>(wanted), 0});
@@ -100,9 +109,11 @@ void SocketServer::Run() {
     if (polled[0].revents != 0) break;
     now = std::chrono::steady_clock::now();
     events.clear();
-    for (std::size_t i = 2; i < polled.size(); ++i) events.push_back(polled[i].revents);
+    for (std::size_t i = firstClient; i < polled.size(); ++i) events.push_back(polled[i].revents);
     Serve(now, events);
-    if (polled[1].revents != 0) Accept(now);
+    for (std::size_t i = 1; i < firstClient; ++i) {
+      if (polled[i].revents != 0) Accept(m_listeners[i - 1], now);
+    }
   }
   m_clients.clear();
 }
@@ -130,17 +141,17 @@ std::optional<TimePoint> SocketServer::NextEvent() const {
   return next;
 }
 
-void SocketServer::Accept(TimePoint now) {
+void SocketServer::Accept(const Opened& listener, TimePoint now) {
   m_acceptAgain = {};
   while (m_clients.size() < MostClients) {
-    FileDescriptor accepted(accept4(m_listener.Get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+    FileDescriptor accepted(accept4(listener.Socket.Get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
     if (!accepted.IsOpen()) {
       const bool exhausted = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
       if (exhausted) m_acceptAgain = now + AcceptPause;
       return;
     }
     SetOption(accepted.Get(), IPPROTO_TCP, TCP_NODELAY);
-    m_clients.push_back(std::make_unique<ClientConnection>(std::move(accepted), m_device));
+    m_clients.push_back(std::make_unique<ClientConnection>(std::move(accepted), listener.Factory()));
   }
 }
 

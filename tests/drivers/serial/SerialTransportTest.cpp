@@ -1,8 +1,8 @@
 #include "drivers/serial/SerialTransport.h"
 
 #include "drivers/TransportCalls.h"
+#include "simulator/connection/StreamConnection.h"
 #include "simulator/devices/Device.h"
-#include "simulator/server/StreamConnection.h"
 #include "support/ProcessRights.h"
 #include "support/doubles/SerialInstrument.h"
 

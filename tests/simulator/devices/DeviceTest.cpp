@@ -1,4 +1,4 @@
-#include "simulator/server/DeviceRack.h"
+#include "simulator/connection/DeviceRack.h"
 
 #include "simulator/Session.h"
 

@@ -1,5 +1,7 @@
 #include "simulator/server/ClientConnection.h"
 
+#include "simulator/connection/ServedStream.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -23,7 +25,8 @@ protected:
     std::array<int, 2> ends{-1, -1};
     EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0, ends.data()), 0);
     m_peer = FileDescriptor(ends[0]);
-    m_connection = std::make_unique<ClientConnection>(FileDescriptor(ends[1]), *m_device);
+    m_connection =
+        std::make_unique<ClientConnection>(FileDescriptor(ends[1]), std::make_unique<ServedStream>(*m_device));
   }
 
   void Arrive(std::string_view bytes) {

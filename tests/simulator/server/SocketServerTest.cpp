@@ -1,15 +1,18 @@
 #include "simulator/server/SocketServer.h"
 
+#include "simulator/connection/ServedStream.h"
 #include "simulator/server/TestClient.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <system_error>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace portico::simulator {
@@ -17,13 +20,15 @@ namespace {
 
 using test::TestClient;
 
-SocketServer::Options AnyPort(std::string address = "127.0.0.1") { return {std::move(address), 0}; }
+std::vector<SocketServer::Listener> AnyPort(Device& device, std::string address = "127.0.0.1") {
+  return {{std::move(address), 0, ServedStream::Factory(device)}};
+}
 
 /// A server of a fresh device that runs in a thread of its own for as long as the test.
 class RunningServer {
 public:
-  explicit RunningServer(std::string_view kind = "dmm", SocketServer::Options options = AnyPort())
-      : m_device(Device::Make(kind, 1)), m_server(*m_device, std::move(options)) {}
+  explicit RunningServer(std::string_view kind = "dmm", std::string address = "127.0.0.1")
+      : m_device(Device::Make(kind, 1)), m_server(AnyPort(*m_device, std::move(address))) {}
   ~RunningServer() {
     m_server.Stop();
     m_thread.join();
@@ -57,7 +62,7 @@ TEST(SocketServer, ServesTheDeviceAskedFor) {
 TEST(SocketServer, ListensOnIpv6) {
   std::unique_ptr<RunningServer> server;
   try {
-    server = std::make_unique<RunningServer>("dmm", AnyPort("::1"));
+    server = std::make_unique<RunningServer>("dmm", "::1");
   } catch (const std::system_error& error) {
     EXPECT_NE(error.code().value(), 0); // a machine without IPv6 says so
     return;
@@ -70,7 +75,7 @@ TEST(SocketServer, ListensOnIpv6) {
 
 TEST(SocketServer, NamesItsEndpoint) {
   const auto device = Device::Make("dmm", 1);
-  const SocketServer server(*device, AnyPort());
+  const SocketServer server(AnyPort(*device));
   EXPECT_NE(server.Port(), 0);
   EXPECT_EQ(server.Endpoint(), "127.0.0.1:" + std::to_string(server.Port()));
 }
@@ -204,7 +209,7 @@ TEST(SocketServer, OutlivesAClientThatGoesInTheMiddle) {
 
 TEST(SocketServer, StopBeforeRunEndsIt) {
   const auto device = Device::Make("dmm", 1);
-  SocketServer server(*device, AnyPort());
+  SocketServer server(AnyPort(*device));
   server.Stop();
   server.Run();
   SUCCEED();
@@ -221,11 +226,43 @@ TEST(SocketServer, StopClosesTheConnections) {
 
 TEST(SocketServer, RefusesWhatItCannotServe) {
   const auto device = Device::Make("dmm", 1);
-  EXPECT_THROW((SocketServer{*device, AnyPort("nowhere")}), std::invalid_argument);
-  const SocketServer first(*device, AnyPort());
-  SocketServer::Options same = AnyPort();
-  same.Port = first.Port();
-  EXPECT_THROW((SocketServer{*device, same}), std::system_error);
+  EXPECT_THROW((SocketServer{AnyPort(*device, "nowhere")}), std::invalid_argument);
+  const SocketServer first(AnyPort(*device));
+  auto same = AnyPort(*device);
+  same.front().Port = first.Port();
+  EXPECT_THROW((SocketServer{same}), std::system_error);
+}
+
+/// Answers every byte with the same one twice.
+class Doubling final : public IServedConnection {
+public:
+  void Receive(std::string_view bytes, TimePoint /*now*/) override {
+    for (const char byte : bytes) m_answer.append(2, byte);
+  }
+  void Collect(std::string& output, TimePoint /*now*/) override { output += std::exchange(m_answer, {}); }
+  bool AcceptsInput() const override { return true; }
+  std::optional<TimePoint> NextEvent() const override { return std::nullopt; }
+  bool Finished(bool inputEnded) const override { return inputEnded; }
+
+private:
+  std::string m_answer;
+};
+
+TEST(SocketServer, ServesEachListenerWithItsOwnProtocol) {
+  const auto device = Device::Make("dmm", 1);
+  auto listeners = AnyPort(*device);
+  listeners.push_back({"127.0.0.1", 0, [] { return std::make_unique<Doubling>(); }});
+  SocketServer server(listeners);
+  std::thread running([&server] { server.Run(); });
+  TestClient raw(server.Port(0));
+  TestClient doubled(server.Port(1));
+  EXPECT_EQ(server.Endpoint(1), "127.0.0.1:" + std::to_string(server.Port(1)));
+  doubled.Send("ab");
+  EXPECT_EQ(doubled.ReadBytes(4), "aabb");
+  raw.Send("*ESE?\n");
+  EXPECT_EQ(raw.ReadLine(), "0\n");
+  server.Stop();
+  running.join();
 }
 
 } // namespace

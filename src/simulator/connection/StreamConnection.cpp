@@ -1,4 +1,4 @@
-#include "simulator/server/StreamConnection.h"
+#include "simulator/connection/StreamConnection.h"
 
 namespace portico::simulator {
 

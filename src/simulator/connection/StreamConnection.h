@@ -1,7 +1,7 @@
 #pragma once
 
+#include "simulator/connection/Connection.h"
 #include "simulator/language/MessageFramer.h"
-#include "simulator/server/Connection.h"
 #include "simulator/status/SimulatedConnection.h"
 
 namespace portico::simulator {

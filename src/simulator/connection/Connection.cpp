@@ -1,4 +1,4 @@
-#include "simulator/server/Connection.h"
+#include "simulator/connection/Connection.h"
 
 #include <utility>
 

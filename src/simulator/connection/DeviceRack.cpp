@@ -1,6 +1,6 @@
-#include "simulator/server/DeviceRack.h"
+#include "simulator/connection/DeviceRack.h"
 
-#include "simulator/server/StreamConnection.h"
+#include "simulator/connection/StreamConnection.h"
 
 namespace portico::simulator {
 

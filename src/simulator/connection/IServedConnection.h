@@ -1,0 +1,44 @@
+#pragma once
+
+#include "simulator/status/SimulatedConnection.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace portico::simulator {
+
+/// One client's connection in some protocol, as the bytes that go over its wire: no I/O, no thread and no clock.
+///
+/// Whoever owns it says what time it is at each call. After each Receive(), and whenever NextEvent() is due, it calls
+/// Collect() until nothing more comes, sends what that gave, and closes once Finished(). While the client does not take
+/// what was collected, nothing is received or collected.
+///
+/// Connections that belong together, as the two of one HiSLIP session do, share an object that their factory captures:
+/// what one of them causes at another, output or its end, is an event of that other's, due at once.
+class IServedConnection {
+public:
+  /// The client has gone, or the connection is over.
+  virtual ~IServedConnection() = default;
+
+  /// Takes what the client has sent: any bytes, in pieces of any size up to 64 KiB, and only while AcceptsInput().
+  virtual void Receive(std::string_view bytes, TimePoint now) = 0;
+  /// Appends what is to be sent next at `now`, some 64 KiB at most unless one answer alone is longer; nothing if there
+  /// is nothing more.
+  virtual void Collect(std::string& output, TimePoint now) = 0;
+  /// Whether there is room for 64 KiB more of input.
+  virtual bool AcceptsInput() const = 0;
+  /// When Collect() is next due though nothing arrives; in the past, or now, if another connection has caused output
+  /// here or this connection's end. None if nothing is under way.
+  virtual std::optional<TimePoint> NextEvent() const = 0;
+  /// Whether to close once all that was collected is sent. `inputEnded`: the client has ended its side, and may still
+  /// take answers.
+  virtual bool Finished(bool inputEnded) const = 0;
+};
+
+/// Makes the connection of a client that has just come.
+using ConnectionFactory = std::function<std::unique_ptr<IServedConnection>()>;
+
+} // namespace portico::simulator

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "simulator/connection/IServedConnection.h"
+#include "simulator/connection/StreamConnection.h"
+
+namespace portico::simulator {
+
+/// A raw socket or a serial line: the wire carries the program messages and the answers, and nothing else.
+class ServedStream final : public IServedConnection {
+public:
+  /// `device` must outlive the connection.
+  explicit ServedStream(Device& device) : m_connection(device) {}
+  /// `device` must outlive all connections.
+  static ConnectionFactory Factory(Device& device);
+
+  void Receive(std::string_view bytes, TimePoint now) override { m_connection.Write(bytes, now); }
+  void Collect(std::string& output, TimePoint now) override;
+  bool AcceptsInput() const override { return m_connection.AcceptsInput(); }
+  std::optional<TimePoint> NextEvent() const override { return m_connection.NextEvent(); }
+  bool Finished(bool inputEnded) const override;
+
+private:
+  StreamConnection m_connection;
+};
+
+} // namespace portico::simulator

@@ -2,6 +2,7 @@
 
 #include "simulator/status/SimulatedConnection.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -38,7 +39,8 @@ public:
   virtual bool Finished(bool inputEnded) const = 0;
 };
 
-/// Makes the connection of a client that has just come.
-using ConnectionFactory = std::function<std::unique_ptr<IServedConnection>()>;
+/// Makes the connection of a client that has just come, to this TCP port of ours (0 if the wire knows no ports), which
+/// a protocol may have to name to its client.
+using ConnectionFactory = std::function<std::unique_ptr<IServedConnection>(std::uint16_t port)>;
 
 } // namespace portico::simulator

@@ -5,7 +5,7 @@
 namespace portico::simulator {
 
 ConnectionFactory ServedStream::Factory(Device& device) {
-  return [&device] { return std::make_unique<ServedStream>(device); };
+  return [&device](std::uint16_t /*port*/) { return std::make_unique<ServedStream>(device); };
 }
 
 void ServedStream::Collect(std::string& output, TimePoint now) {

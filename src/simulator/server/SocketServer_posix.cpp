@@ -151,7 +151,7 @@ void SocketServer::Accept(const Opened& listener, TimePoint now) {
       return;
     }
     SetOption(accepted.Get(), IPPROTO_TCP, TCP_NODELAY);
-    m_clients.push_back(std::make_unique<ClientConnection>(std::move(accepted), listener.Factory()));
+    m_clients.push_back(std::make_unique<ClientConnection>(std::move(accepted), listener.Factory(listener.Port)));
   }
 }
 

@@ -233,9 +233,11 @@ TEST(SocketServer, RefusesWhatItCannotServe) {
   EXPECT_THROW((SocketServer{same}), std::system_error);
 }
 
-/// Answers every byte with the same one twice.
+/// Tells its port, and answers every byte with the same one twice.
 class Doubling final : public IServedConnection {
 public:
+  explicit Doubling(std::uint16_t port) : m_answer(std::to_string(port) + ' ') {}
+
   void Receive(std::string_view bytes, TimePoint /*now*/) override {
     for (const char byte : bytes) m_answer.append(2, byte);
   }
@@ -251,14 +253,15 @@ private:
 TEST(SocketServer, ServesEachListenerWithItsOwnProtocol) {
   const auto device = Device::Make("dmm", 1);
   auto listeners = AnyPort(*device);
-  listeners.push_back({"127.0.0.1", 0, [] { return std::make_unique<Doubling>(); }});
+  listeners.push_back({"127.0.0.1", 0, [](std::uint16_t port) { return std::make_unique<Doubling>(port); }});
   SocketServer server(listeners);
   std::thread running([&server] { server.Run(); });
   TestClient raw(server.Port(0));
   TestClient doubled(server.Port(1));
   EXPECT_EQ(server.Endpoint(1), "127.0.0.1:" + std::to_string(server.Port(1)));
   doubled.Send("ab");
-  EXPECT_EQ(doubled.ReadBytes(4), "aabb");
+  const std::string expected = std::to_string(server.Port(1)) + " aabb";
+  EXPECT_EQ(doubled.ReadBytes(expected.size()), expected);
   raw.Send("*ESE?\n");
   EXPECT_EQ(raw.ReadLine(), "0\n");
   server.Stop();

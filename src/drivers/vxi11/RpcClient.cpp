@@ -74,7 +74,7 @@ DriverResult RpcClient::AwaitRecord(TimePoint deadline) {
 }
 
 DriverResult RpcClient::Failure(const char* reason) const {
-  return {DriverStatus::ConnectionLost, m_peer + ", " + reason};
+  return {DriverStatus::ProtocolError, m_peer + ", " + reason};
 }
 
 } // namespace portico::drivers

@@ -14,8 +14,8 @@ namespace portico::drivers {
 /// Calls the procedures of one RPC program on one connection, one call at a time. What the other side sends costs no
 /// more memory than the limit, and a reply to an earlier call is never taken for the one that is waited for.
 ///
-/// All failures are ConnectionLost, with the peer and the reason, unless the connection itself failed. After one other
-/// than ReadTimeout the connection is of no more use.
+/// What is no reply to the call that was made, or refuses it, is a ProtocolError with the peer and the reason; all
+/// other failures are those of the stream. After one other than ReadTimeout the connection is of no more use.
 class RpcClient {
 public:
   /// `stream` belongs to the caller, is open whenever a call is made, and outlives the client. `peer` is what messages

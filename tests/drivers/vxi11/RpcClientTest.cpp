@@ -48,7 +48,7 @@ protected:
     RpcClient caller(other, "scope", PortMapper::Program, PortMapper::Version, 8);
     script.Piece(bytes);
     const DriverResult result = caller.Call(PortMapper::GetPort, question, answer, deadline);
-    EXPECT_EQ(result.Status, DriverStatus::ConnectionLost);
+    EXPECT_EQ(result.Status, DriverStatus::ProtocolError);
     EXPECT_EQ(result.Detail, detail);
   }
 

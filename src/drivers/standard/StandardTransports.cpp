@@ -2,6 +2,7 @@
 
 #include "drivers/serial/SerialTransport.h"
 #include "drivers/sockets/TcpTransport.h"
+#include "drivers/vxi11/Vxi11Transport.h"
 
 namespace portico::drivers {
 
@@ -11,6 +12,12 @@ TransportRegistry StandardTransports(SimulatorConnector connect, IClock& clock,
   transports[InterfaceKind::Socket] = [cancellation](const ResourceName& name) {
     const auto& address = std::get<SocketAddress>(name.GetAddress());
     return std::make_unique<TcpTransport>(address.Host, address.Port, cancellation);
+  };
+  transports[InterfaceKind::LanDevice] = [cancellation, &clock](const ResourceName& name) {
+    const auto stream = [cancellation](const std::string& host, std::uint16_t port) {
+      return std::make_unique<TcpTransport>(host, port, cancellation);
+    };
+    return std::make_unique<Vxi11Transport>(std::get<LanDeviceAddress>(name.GetAddress()), stream, clock);
   };
   transports[InterfaceKind::Serial] = [cancellation](const ResourceName& name) {
     return std::make_unique<SerialTransport>(std::get<SerialAddress>(name.GetAddress()), cancellation);

@@ -1,25 +1,51 @@
+#include "simulator/connection/ServedLine.h"
 #include "simulator/connection/ServedStream.h"
 #include "simulator/devices/Device.h"
+#include "simulator/server/PseudoTerminal.h"
 #include "simulator/server/SocketServer.h"
 
 #include <CLI/CLI.hpp>
 
+#include <array>
 #include <charconv>
 #include <csignal>
 #include <cstdint>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 namespace {
 
-using portico::simulator::Device;
-using portico::simulator::ServedStream;
-using portico::simulator::SocketServer;
+using namespace portico::simulator;
 
 constexpr int UsageError = 2;
+
+/// What is served on a TCP port of its own.
+struct Protocol {
+  const char* Name; ///< stands behind the address in the line that tells it; the raw socket has none
+  const char* Option;
+  const char* Help;
+  std::optional<std::uint16_t> DefaultPort; ///< without one it is off unless asked for
+  ConnectionFactory (*Factory)(Device&);
+};
+
+constexpr std::array Protocols = {
+    Protocol{"", "--port", "The TCP port of the raw socket; 0 picks a free one", SocketServer::StandardPort,
+             ServedStream::Factory},
+};
+
+struct Options {
+  std::string Kind = "dmm";
+  std::string Address = "127.0.0.1";
+  std::uint64_t Seed = 1;
+  std::array<std::optional<std::uint16_t>, Protocols.size()> Ports; ///< of the protocols
+  bool Serial = false;
+};
 
 SocketServer* running = nullptr;
 
@@ -38,20 +64,55 @@ std::string WholeNumber(const std::string& text) {
   return valid ? "" : "'" + text + "' is not a whole number from 0 to 18446744073709551615";
 }
 
+void AddTo(CLI::App& app, Options& options) {
+  app.set_version_flag("--version", "portico-sim " PORTICO_VERSION);
+  app.add_option("--device", options.Kind, "The kind of instrument: dmm, psu or scope")->capture_default_str();
+  for (std::size_t i = 0; i < Protocols.size(); ++i) {
+    const Protocol& protocol = Protocols[i];
+    options.Ports[i] = protocol.DefaultPort;
+    auto* port = app.add_option(protocol.Option, options.Ports[i], protocol.Help)->check(CLI::Range(0, 65535));
+    if (protocol.DefaultPort) port->default_str(std::to_string(*protocol.DefaultPort));
+  }
+  app.add_flag("--serial", options.Serial, "Also serve a serial line, a pseudo-terminal whose name is printed");
+  app.add_option("--bind", options.Address, "The IPv4 or IPv6 address to listen on")->capture_default_str();
+  app.add_option("--seed", options.Seed, "The start of all that looks random")
+      ->check(WholeNumber)
+      ->capture_default_str();
+}
+
+/// Tells where it listens once it does, and serves until SIGINT or SIGTERM.
+void Serve(Device& device, const Options& options) {
+  std::vector<SocketServer::Listener> listeners;
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < Protocols.size(); ++i) {
+    if (!options.Ports[i]) continue;
+    listeners.push_back({options.Address, *options.Ports[i], Protocols[i].Factory(device)});
+    names.emplace_back(Protocols[i].Name);
+  }
+  SocketServer server(std::move(listeners));
+  std::optional<PseudoTerminal> line;
+  if (options.Serial) {
+    line.emplace();
+    server.Add(line->TakeFarEnd(), std::make_unique<ServedLine>(ServedStream::Factory(device)));
+  }
+  running = &server;
+  std::signal(SIGINT, StopServer);
+  std::signal(SIGTERM, StopServer);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    std::cout << "listening on " << server.Endpoint(i) << (names[i].empty() ? "" : " ") << names[i] << std::endl;
+  }
+  if (line) std::cout << "listening on " << line->Name() << " serial" << std::endl;
+  server.Run();
+  std::signal(SIGINT, SIG_IGN); // the handlers must not outlive the server
+  std::signal(SIGTERM, SIG_IGN);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
-  SocketServer::Listener raw;
-  std::string kind = "dmm";
-  std::uint64_t seed = 1;
-  CLI::App app("Serves a simulated instrument over TCP, one for all connections.", "portico-sim");
-  app.set_version_flag("--version", "portico-sim " PORTICO_VERSION);
-  app.add_option("--device", kind, "The kind of instrument: dmm, psu or scope")->capture_default_str();
-  app.add_option("--port", raw.Port, "The TCP port; 0 picks a free one")
-      ->check(CLI::Range(0, 65535))
-      ->capture_default_str();
-  app.add_option("--bind", raw.Address, "The IPv4 or IPv6 address to listen on")->capture_default_str();
-  app.add_option("--seed", seed, "The start of all that looks random")->check(WholeNumber)->capture_default_str();
+  Options options;
+  CLI::App app("Serves a simulated instrument, one for all connections, over TCP and other wires.", "portico-sim");
+  AddTo(app, options);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -59,20 +120,12 @@ int main(int argc, char** argv) {
     return Complain(error.what(), "try portico-sim --help");
   }
 
-  const std::unique_ptr<Device> device = Device::Make(kind, seed);
+  const std::unique_ptr<Device> device = Device::Make(options.Kind, options.Seed);
   if (!device) {
-    return Complain("'" + kind + "' is not a device; there are dmm, psu and scope", "try portico-sim --help");
+    return Complain("'" + options.Kind + "' is not a device; there are dmm, psu and scope", "try portico-sim --help");
   }
   try {
-    raw.Factory = ServedStream::Factory(*device);
-    SocketServer server({raw});
-    running = &server;
-    std::signal(SIGINT, StopServer);
-    std::signal(SIGTERM, StopServer);
-    std::cout << "listening on " << server.Endpoint() << std::endl;
-    server.Run();
-    std::signal(SIGINT, SIG_IGN); // the handlers must not outlive the server
-    std::signal(SIGTERM, SIG_IGN);
+    Serve(*device, options);
   } catch (const std::invalid_argument& error) {
     return Complain(error.what(), "try portico-sim --help");
   } catch (const std::system_error& error) {

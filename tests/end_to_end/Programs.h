@@ -39,8 +39,7 @@ class SimulatorProgram {
 public:
   explicit SimulatorProgram(const Arguments& arguments = {})
       : m_process(Arguments{PORTICO_SIM, "--port", "0"} + arguments) {
-    m_process.WaitForOutput("listening on ");
-    m_address = m_process.ReadLine();
+    m_address = NextAddress();
   }
 
   /// As it was printed, "ADDR:PORT".
@@ -48,6 +47,11 @@ public:
   std::string ResourceName() const {
     const auto colon = m_address.rfind(':');
     return "TCPIP::" + m_address.substr(0, colon) + "::" + m_address.substr(colon + 1) + "::SOCKET";
+  }
+  /// The rest of the line that tells of one listener more, behind "listening on ".
+  std::string NextAddress() {
+    m_process.WaitForOutput("listening on ");
+    return m_process.ReadLine();
   }
   Process& Program() { return m_process; }
 

@@ -49,6 +49,20 @@ TEST(SimulatorProgram, ServesTheDeviceThatIsAskedFor) {
   EXPECT_NE(outcome.out.find("PSU"), std::string::npos) << outcome.out;
 }
 
+TEST(SimulatorProgram, ServesTheSameInstrumentOnASerialLine) {
+  SimulatorProgram simulator({"--serial"});
+  const std::string line = simulator.NextAddress();
+  ASSERT_EQ(line.find("/dev/pts/"), 0U) << line;
+  ASSERT_TRUE(line.ends_with(" serial")) << line;
+  const std::string name = "ASRL" + line.substr(0, line.find(' ')) + "::INSTR";
+  RunPortico(BareOptions + Arguments{simulator.ResourceName()}, "*ESE 5\n*OPC?\n");
+  for (int i = 0; i < 2; ++i) { // the line is there again after its client has gone
+    const Outcome outcome = RunPortico(BareOptions + Arguments{name}, "*ESE?\n");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.out, "> *ESE?\n< 5\n");
+  }
+}
+
 TEST(SimulatorProgram, BlockWithLineFeedsIsReadWhole) {
   const SimulatorProgram simulator;
   // The waveform holds line feeds; were it cut at one, the identity would not be the next answer.

@@ -10,15 +10,15 @@
 
 namespace portico::simulator {
 
-/// One client of the server: its socket, and the connection that is served over it.
+/// One client of the server: its wire, and the connection that is served over it.
 ///
 /// No more is read from a client that does not take its answers, so that neither side's memory grows without bound.
 class ClientConnection {
 public:
-  /// `socket` is connected and does not block.
-  ClientConnection(system::FileDescriptor socket, std::unique_ptr<IServedConnection> connection);
+  /// `wire` is a connected socket or a terminal, and does not block.
+  ClientConnection(system::FileDescriptor wire, std::unique_ptr<IServedConnection> connection);
 
-  int Descriptor() const { return m_socket.Get(); }
+  int Descriptor() const { return m_wire.Get(); }
   bool WantsInput() const { return !m_inputEnded && m_output.empty() && m_connection->AcceptsInput(); }
   bool WantsOutput() const { return !m_output.empty(); }
   /// When Exchange() is next due though nothing arrives.
@@ -36,7 +36,7 @@ private:
   void Send(TimePoint now);
   void Collect(TimePoint now);
 
-  system::FileDescriptor m_socket;
+  system::FileDescriptor m_wire;
   const std::unique_ptr<IServedConnection> m_connection;
   std::string m_output;
   std::size_t m_sent = 0; ///< of m_output

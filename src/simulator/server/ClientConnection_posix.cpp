@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <sys/socket.h>
+#include <unistd.h>
 
 namespace portico::simulator {
 namespace {
@@ -18,10 +19,16 @@ constexpr std::size_t SendBytes = 65536;
 
 bool WouldBlock(int error) { return error == EAGAIN || error == EWOULDBLOCK || error == EINTR; }
 
+/// Without the signal that a client who has gone would cause.
+ssize_t Put(int wire, const char* bytes, std::size_t size) {
+  const ssize_t count = send(wire, bytes, size, MSG_NOSIGNAL);
+  return count < 0 && errno == ENOTSOCK ? write(wire, bytes, size) : count; // a terminal knows no such signal
+}
+
 } // namespace
 
-ClientConnection::ClientConnection(system::FileDescriptor socket, std::unique_ptr<IServedConnection> connection)
-    : m_socket(std::move(socket)), m_connection(std::move(connection)) {}
+ClientConnection::ClientConnection(system::FileDescriptor wire, std::unique_ptr<IServedConnection> connection)
+    : m_wire(std::move(wire)), m_connection(std::move(connection)) {}
 
 std::optional<TimePoint> ClientConnection::NextEvent() const {
   if (!m_output.empty()) return std::nullopt; // first the client takes what there is
@@ -36,7 +43,7 @@ void ClientConnection::Exchange(bool readable, TimePoint now) {
 
 void ClientConnection::Receive(TimePoint now) {
   std::array<char, ReceiveBytes> buffer; // not cleared: that would cost more than a short message does
-  const ssize_t count = recv(m_socket.Get(), buffer.data(), buffer.size(), 0);
+  const ssize_t count = read(m_wire.Get(), buffer.data(), buffer.size());
   if (count > 0) {
     m_connection->Receive(std::string_view(buffer.data(), static_cast<std::size_t>(count)), now);
   } else if (count == 0) {
@@ -50,7 +57,7 @@ void ClientConnection::Send(TimePoint now) {
   while (!m_finished) {
     if (m_output.empty()) Collect(now);
     if (m_output.empty()) return;
-    const ssize_t count = send(m_socket.Get(), m_output.data() + m_sent, m_output.size() - m_sent, MSG_NOSIGNAL);
+    const ssize_t count = Put(m_wire.Get(), m_output.data() + m_sent, m_output.size() - m_sent);
     if (count < 0) {
       if (!WouldBlock(errno)) m_finished = true;
       return;

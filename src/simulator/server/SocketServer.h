@@ -37,6 +37,9 @@ public:
   /// `127.0.0.1:5025` or `[::1]:5025`.
   std::string Endpoint(std::size_t listener = 0) const;
 
+  /// Serves a further client, over a wire that is there already and does not block: the far end of a pseudo-terminal.
+  void Add(system::FileDescriptor wire, std::unique_ptr<IServedConnection> connection);
+
   /// Serves until Stop(), then closes all connections. Throws std::system_error.
   void Run();
 

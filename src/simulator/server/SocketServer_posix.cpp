@@ -87,6 +87,10 @@ std::string SocketServer::EndpointOf(const Listener& listener) {
   return (ipv6 ? '[' + listener.Address + ']' : listener.Address) + ':' + std::to_string(listener.Port);
 }
 
+void SocketServer::Add(FileDescriptor wire, std::unique_ptr<IServedConnection> connection) {
+  m_clients.push_back(std::make_unique<ClientConnection>(std::move(wire), std::move(connection)));
+}
+
 void SocketServer::Run() {
   std::vector<pollfd> polled;
   std::vector<short> events;
@@ -151,7 +155,7 @@ void SocketServer::Accept(const Opened& listener, TimePoint now) {
       return;
     }
     SetOption(accepted.Get(), IPPROTO_TCP, TCP_NODELAY);
-    m_clients.push_back(std::make_unique<ClientConnection>(std::move(accepted), listener.Factory(listener.Port)));
+    Add(std::move(accepted), listener.Factory(listener.Port));
   }
 }
 

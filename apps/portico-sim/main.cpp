@@ -1,3 +1,4 @@
+#include "simulator/connection/FaultyConnection.h"
 #include "simulator/connection/ServedLine.h"
 #include "simulator/connection/ServedStream.h"
 #include "simulator/devices/Device.h"
@@ -45,6 +46,7 @@ struct Options {
   std::uint64_t Seed = 1;
   std::array<std::optional<std::uint16_t>, Protocols.size()> Ports; ///< of the protocols
   bool Serial = false;
+  std::vector<std::string> Faults;
 };
 
 SocketServer* running = nullptr;
@@ -74,6 +76,11 @@ void AddTo(CLI::App& app, Options& options) {
     if (protocol.DefaultPort) port->default_str(std::to_string(*protocol.DefaultPort));
   }
   app.add_flag("--serial", options.Serial, "Also serve a serial line, a pseudo-terminal whose name is printed");
+  app.add_option(
+         "--fault", options.Faults,
+         "Misbehave from the start, as a command of the SIMulator subsystem does: 'RATE 0.01,LATE,DROP'; may be "
+         "given again")
+      ->allow_extra_args(false);
   app.add_option("--bind", options.Address, "The IPv4 or IPv6 address to listen on")->capture_default_str();
   app.add_option("--seed", options.Seed, "The start of all that looks random")
       ->check(WholeNumber)
@@ -86,14 +93,16 @@ void Serve(Device& device, const Options& options) {
   std::vector<std::string> names;
   for (std::size_t i = 0; i < Protocols.size(); ++i) {
     if (!options.Ports[i]) continue;
-    listeners.push_back({options.Address, *options.Ports[i], Protocols[i].Factory(device)});
+    auto factory = FaultyConnection::Factory(Protocols[i].Factory(device), device);
+    listeners.push_back({options.Address, *options.Ports[i], std::move(factory)});
     names.emplace_back(Protocols[i].Name);
   }
   SocketServer server(std::move(listeners));
   std::optional<PseudoTerminal> line;
   if (options.Serial) {
     line.emplace();
-    server.Add(line->TakeFarEnd(), std::make_unique<ServedLine>(ServedStream::Factory(device)));
+    server.Add(line->TakeFarEnd(),
+               std::make_unique<ServedLine>(FaultyConnection::Factory(ServedStream::Factory(device), device)));
   }
   running = &server;
   std::signal(SIGINT, StopServer);
@@ -123,6 +132,11 @@ int main(int argc, char** argv) {
   const std::unique_ptr<Device> device = Device::Make(options.Kind, options.Seed);
   if (!device) {
     return Complain("'" + options.Kind + "' is not a device; there are dmm, psu and scope", "try portico-sim --help");
+  }
+  for (const std::string& fault : options.Faults) {
+    const std::string error = device->CarryOut("SIMulator:" + fault);
+    if (error.front() == '0') continue;
+    return Complain("'" + fault + "' is no fault: " + error, "give a command of the SIMulator subsystem");
   }
   try {
     Serve(*device, options);

@@ -85,6 +85,17 @@ TEST(SimulatorProgram, AnswerThatComesTooLateIsNotTakenForTheNextOne) {
       << outcome.out;
 }
 
+TEST(SimulatorProgram, MisbehavesFromTheStartIfAsked) {
+  const SimulatorProgram simulator({"--fault", "NEXT DROP", "--fault", "LATeness 0.5"});
+  const Outcome outcome = RunPortico(BareOptions + Arguments{"--timeout", "250", simulator.ResourceName()},
+                                     "*IDN?\n*ESE?\nSIM:NEXT LATE\n*IDN?\n*ESE?\n");
+  EXPECT_EQ(outcome.status, 4);
+  EXPECT_EQ(CountLines(outcome.out), 9) << outcome.out;
+  EXPECT_NE(outcome.out.find("connection"), std::string::npos) << outcome.out;
+  EXPECT_NE(outcome.out.find("> SIM:NEXT LATE\n> *IDN?\n< Timeout"), std::string::npos) << outcome.out;
+  EXPECT_TRUE(outcome.out.ends_with("> *ESE?\n< 0\n")) << outcome.out;
+}
+
 TEST(SimulatorProgram, EndsWellWhenItIsToldTo) {
   for (const int signal : {SIGINT, SIGTERM}) {
     SimulatorProgram simulator;
@@ -108,7 +119,8 @@ TEST(SimulatorProgram, PortInUseIsOneLineAndStatus2) {
 
 TEST(SimulatorProgram, BadOptionIsOneLineAndStatus2) {
   for (const Arguments& bad : {Arguments{"--port", "70000"}, Arguments{"--port", "x"}, Arguments{"--device", "toaster"},
-                               Arguments{"--bind", "nowhere.invalid"}, Arguments{"--bogus"}}) {
+                               Arguments{"--bind", "nowhere.invalid"}, Arguments{"--fault", "WHIM"},
+                               Arguments{"--fault", "NEXT WHIM"}, Arguments{"--bogus"}}) {
     const Outcome outcome = Process(Arguments{PORTICO_SIM} + bad).Wait();
     EXPECT_EQ(outcome.status, 2) << bad.front();
     EXPECT_EQ(outcome.out, "") << bad.front();

@@ -1,6 +1,6 @@
 #include "simulator/Session.h"
 
-#include "simulator/devices/Random.h"
+#include "simulator/status/Random.h"
 
 #include <gtest/gtest.h>
 

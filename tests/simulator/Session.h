@@ -20,6 +20,7 @@ public:
   /// A further client of the same device, in the same time.
   Session Another() const { return Session(m_world); }
 
+  simulator::Device& TheDevice() { return *m_world->device; }
   simulator::StreamConnection& Connection() { return *m_connection; }
   simulator::TimePoint Now() const { return m_world->now; }
   void Advance(simulator::TimePoint::duration time) { m_world->now += time; }

@@ -34,7 +34,9 @@ void Connection::ReportOverrun() { m_status.Raise(ErrorCode::InputBufferOverrun)
 
 std::optional<std::string> Connection::Read(TimePoint now) {
   Advance(now);
-  return m_exchange->Responses().Pop(now);
+  auto response = m_exchange->Responses().Pop(now);
+  if (response) m_executor.Faults().Deliver(m_exchange->Responses().FaultOfLast());
+  return response;
 }
 
 void Connection::Seen(TimePoint now) {

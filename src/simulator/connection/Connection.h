@@ -36,7 +36,8 @@ public:
   /// A message became longer than LongestMessage and was discarded.
   void ReportOverrun();
 
-  /// The next whole response message that is ready at `now`.
+  /// The next whole response message that is ready at `now`, its line feed included, or a piece without one of an
+  /// answer without end. What is wrong with it is then asked of the device's Faults().
   std::optional<std::string> Read(TimePoint now);
   /// As in SimulatedConnection.
   std::optional<TimePoint> NextEvent() const;

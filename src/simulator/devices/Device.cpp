@@ -46,6 +46,15 @@ Device::Device(const ModelMaker& makeModel, std::uint64_t seed)
   m_system.AddTo(m_tree);
   m_faults.AddTo(m_tree);
   m_model->AddTo(m_tree);
+  Faults().Seed(seed);
+}
+
+std::string Device::CarryOut(std::string_view message) {
+  const auto exchange = m_executor.Join();
+  exchange->Abandon();
+  exchange->Submit(std::string(message));
+  m_executor.Run(m_executor.Now());
+  return m_status.Errors().Pop();
 }
 
 } // namespace portico::simulator

@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace portico::simulator {
@@ -31,6 +32,12 @@ public:
 
   using ModelMaker = std::function<std::unique_ptr<InstrumentModel>(Executor&, StatusModel&)>;
   Device(const ModelMaker& makeModel, std::uint64_t seed);
+
+  /// How it misbehaves.
+  Misbehaviour& Faults() { return m_executor.Faults(); }
+  /// Carries out a message that comes by no connection, before the first of them. Its answers go nowhere; the error
+  /// that it raised is taken off the queue, `0,"No error"` if there is none.
+  std::string CarryOut(std::string_view message);
 
 private:
   friend class Connection;

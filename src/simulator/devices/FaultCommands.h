@@ -1,8 +1,8 @@
 #pragma once
 
-#include "simulator/devices/Random.h"
 #include "simulator/language/CommandTree.h"
 #include "simulator/status/Executor.h"
+#include "simulator/status/Random.h"
 #include "simulator/status/StatusModel.h"
 
 #include <cstdint>
@@ -25,6 +25,14 @@ private:
   void Garbage(const Call& call);
   void Length(const Call& call);
   void Error(const Call& call);
+  void Echo(const Call& call);
+  void Next(const Call& call);
+  void Rate(const Call& call);
+  void Seed(const Call& call);
+  void Count(const Call& call);
+  void Lateness(const Call& call);
+  void Accept(const Call& call);
+  void Refuse(const Call& call);
 
   Executor& m_executor;
   StatusModel& m_status;

@@ -4,8 +4,8 @@
 #include "simulator/devices/InstrumentModel.h"
 #include "simulator/devices/MultimeterSettingCommands.h"
 #include "simulator/devices/MultimeterSettings.h"
-#include "simulator/devices/Random.h"
 #include "simulator/status/Executor.h"
+#include "simulator/status/Random.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "simulator/devices/OscilloscopeSettings.h"
-#include "simulator/devices/Random.h"
 #include "simulator/status/Executor.h"
+#include "simulator/status/Random.h"
 
 #include <array>
 #include <cstddef>

@@ -37,6 +37,9 @@ public:
   /// late the call comes.
   void Run(TimePoint now);
 
+  /// How the device misbehaves.
+  Misbehaviour& Faults() { return m_faults; }
+
   /// When a pending operation ends; none if it does not by itself.
   std::optional<TimePoint> OperationEnd() const;
 
@@ -46,7 +49,6 @@ public:
   /// Adds the data of one query to the response message.
   void Respond(std::string_view data) { m_current->Respond(data); }
   MessageExchange& Current() { return *m_current; }
-  AnswerFaults& Faults() { return m_faults; }
   /// Begins an operation, in place of a pending one. While it is pending the bit of the operation status register is
   /// set; at its end `atEnd` is called, which may begin another that goes on with it.
   void StartOperation(Duration duration, std::uint16_t condition, std::function<void()> atEnd = {});
@@ -100,7 +102,7 @@ private:
   std::shared_ptr<MessageExchange> m_current;
   bool m_currentHeld = false;
   Unit m_unit;
-  AnswerFaults m_faults;
+  Misbehaviour m_faults;
 
   std::optional<Operation> m_operation;
   std::uint64_t m_operations = 0; ///< how many there have been

@@ -31,14 +31,17 @@ bool MessageExchange::Begin() {
   return true;
 }
 
-void MessageExchange::Finish(TimePoint at, AnswerFaults& faults) {
+void MessageExchange::Finish(TimePoint at, Misbehaviour& faults) {
   m_message.reset();
   const bool endless = std::exchange(m_endless, false);
   if (!std::exchange(m_responding, false)) return;
   std::string response = std::exchange(m_response, {});
   if (faults.Silent) return;
+  const AnswerFault fault = faults.Pick();
+  if (m_abandoned || fault == AnswerFault::Lost) return;
   at += std::exchange(faults.Delay, {});
-  if (!m_abandoned) m_responses.Push(std::move(response), at, endless);
+  if (fault == AnswerFault::Late) at += faults.Lateness;
+  m_responses.Push(std::move(response), at, endless || fault == AnswerFault::Endless, fault);
 }
 
 void MessageExchange::Respond(std::string_view data) {

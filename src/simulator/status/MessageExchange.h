@@ -1,6 +1,7 @@
 #pragma once
 
 #include "simulator/language/UnitParser.h"
+#include "simulator/status/Misbehaviour.h"
 #include "simulator/status/ResponseQueue.h"
 
 #include <cstddef>
@@ -10,12 +11,6 @@
 #include <string_view>
 
 namespace portico::simulator {
-
-/// The faults of a device that concern its answers, on whichever connection they are made.
-struct AnswerFaults {
-  TimePoint::duration Delay{}; ///< by which the next answer is late
-  bool Silent = false;         ///< answers are dropped
-};
 
 /// What one connection says and hears: the program messages that wait, the one that is being carried out, and the
 /// response messages. A connection fills it and reads from it, the device's executor works it off.
@@ -49,7 +44,7 @@ public:
   /// Whether a message is being carried out.
   bool Begun() const { return m_message.has_value(); }
   /// Ends the message, and with it the response message, if there is one.
-  void Finish(TimePoint at, AnswerFaults& faults);
+  void Finish(TimePoint at, Misbehaviour& faults);
   /// Adds the data of one query to the response message. Throws ScpiError.
   void Respond(std::string_view data);
   /// Lets the response message never end.

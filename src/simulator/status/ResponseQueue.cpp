@@ -12,7 +12,7 @@ constexpr auto PieceInterval = std::chrono::milliseconds(1);
 
 } // namespace
 
-void ResponseQueue::Push(std::string message, TimePoint readyAt, bool endless) {
+void ResponseQueue::Push(std::string message, TimePoint readyAt, bool endless, AnswerFault fault) {
   if (m_nextPiece) return; // behind an answer without end nothing can ever be read
   if (!m_messages.empty()) readyAt = std::max(readyAt, m_messages.back().ReadyAt);
   if (endless) {
@@ -22,7 +22,7 @@ void ResponseQueue::Push(std::string message, TimePoint readyAt, bool endless) {
   }
   m_bytes += message.size();
   ++m_count;
-  m_messages.push_back({std::move(message), readyAt});
+  m_messages.push_back({std::move(message), readyAt, fault});
 }
 
 std::optional<std::string> ResponseQueue::Pop(TimePoint now) {
@@ -30,9 +30,11 @@ std::optional<std::string> ResponseQueue::Pop(TimePoint now) {
   if (!ready || *ready > now) return std::nullopt;
   if (m_messages.empty()) {
     m_nextPiece = now + PieceInterval;
+    m_lastFault = AnswerFault::None;
     return std::string(PieceBytes, '7');
   }
   std::string message = std::move(m_messages.front().Text);
+  m_lastFault = m_messages.front().Fault;
   m_messages.pop_front();
   m_bytes -= message.size();
   return message;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/status/Misbehaviour.h"
 #include "simulator/status/SimulatedConnection.h"
 
 #include <cstddef>
@@ -19,11 +20,15 @@ public:
   bool Full() const { return m_messages.size() >= MostMessages || m_bytes >= MostBytes; }
 
   /// Adds a response message without its line feed, which is added here. It is ready at `readyAt`, and not before those
-  /// ahead of it. An endless one goes on in pieces, without a line feed, for as long as they are taken.
-  void Push(std::string message, TimePoint readyAt, bool endless = false);
+  /// ahead of it. An endless one goes on in pieces, without a line feed, for as long as they are taken. The fault is
+  /// kept for whoever takes the message.
+  void Push(std::string message, TimePoint readyAt, bool endless = false, AnswerFault fault = AnswerFault::None);
 
   /// The next message that is ready at `now`, or the next piece of an answer without end.
   std::optional<std::string> Pop(TimePoint now);
+
+  /// The fault of the message that was taken last.
+  AnswerFault FaultOfLast() const { return m_lastFault; }
 
   /// When the next Pop() may succeed, past or to come; none if there is nothing to take.
   std::optional<TimePoint> NextReady() const;
@@ -37,11 +42,13 @@ private:
   struct Message {
     std::string Text;
     TimePoint ReadyAt;
+    AnswerFault Fault;
   };
 
   std::deque<Message> m_messages;
   std::size_t m_bytes = 0;
   std::size_t m_count = 0;
+  AnswerFault m_lastFault = AnswerFault::None;
   std::optional<TimePoint> m_nextPiece; ///< of the answer without end
 };
 

@@ -202,6 +202,15 @@ TEST(Device, AnAnswerThatAnotherConnectionReleasesIsAnEvent) {
   EXPECT_FALSE(one.Connection().NextEvent());
 }
 
+TEST(Device, CarriesOutAMessageThatComesByNoConnection) {
+  Session session;
+  EXPECT_EQ(session.TheDevice().CarryOut("*ESE 5;*ESE?"), "0,\"No error\"");
+  EXPECT_FALSE(session.Read());
+  EXPECT_EQ(session.Ask("*ESE?"), "5");
+  EXPECT_EQ(session.TheDevice().CarryOut("*ESE X"), "-148,\"Character data not allowed\"");
+  EXPECT_EQ(session.Error(), "0,\"No error\"");
+}
+
 TEST(DeviceRack, KeepsOneDeviceOfEachKind) {
   const TimePoint now{std::chrono::hours(1)};
   DeviceRack rack(1);

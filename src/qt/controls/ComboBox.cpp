@@ -5,15 +5,39 @@
 #include "platform/shared/Checks.h"
 #include "qt/values/QtText.h"
 
+#include <QLineEdit>
 #include <QSignalBlocker>
 
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace portico::qt {
 namespace {
 
 constexpr int TypedCharacters = 40; // an instrument's whole name can be seen
+
+/// What is typed in a line, with its selection and the cursor.
+struct TypedLine {
+  explicit TypedLine(const QLineEdit& line)
+      : Text(line.text()),
+        Cursor(line.cursorPosition()),
+        Selected(line.hasSelectedText()),
+        Start(line.selectionStart()),
+        End(line.selectionEnd()) {}
+
+  void Restore(QLineEdit& line) const {
+    line.setText(Text);
+    line.setCursorPosition(Cursor);
+    if (Selected) line.setSelection(Cursor == Start ? End : Start, Cursor == Start ? Start - End : End - Start);
+  }
+
+  QString Text;
+  int Cursor;
+  bool Selected;
+  int Start;
+  int End;
+};
 
 } // namespace
 
@@ -51,11 +75,12 @@ void ComboBox::AddItem(const String& item) {
   // The toolkit selects the first entry by itself.
   const QSignalBlocker quiet(m_box);
   const int selected = m_box.currentIndex();
-  const QString text = m_box.currentText();
+  const std::optional<TypedLine> typed =
+      m_box.isEditable() ? std::optional<TypedLine>(*m_box.lineEdit()) : std::nullopt;
   m_box.addItem(ToQt(item));
   if (m_box.currentIndex() == selected) return;
   m_box.setCurrentIndex(selected);
-  if (m_box.isEditable()) m_box.setEditText(text);
+  if (typed) typed->Restore(*m_box.lineEdit());
 }
 
 String ComboBox::List(std::int32_t index) const { return FromQt(m_box.itemText(index)); }

@@ -164,6 +164,22 @@ TEST_F(DialogControlsTest, WhatIsTypedInAListSelectsNothing) {
   EXPECT_EQ(list.ListIndex(), -1);
 }
 
+TEST_F(DialogControlsTest, AnEntryThatIsAddedLeavesWhoeverTypesWhereHeIs) {
+  auto& list = The<IComboBox>(u"typed");
+  QLineEdit& line = *Find<QComboBox>(form, "typed")->lineEdit();
+  QTest::keyClicks(&line, "abcd");
+  line.setSelection(1, 2);
+  for (const char16_t* entry : {u"first", u"second"}) {
+    list.AddItem(entry);
+    EXPECT_EQ(list.Text(), u"abcd") << ToUtf8(entry);
+    EXPECT_EQ(line.selectedText(), "bc") << ToUtf8(entry);
+    EXPECT_EQ(line.cursorPosition(), 3) << ToUtf8(entry);
+  }
+  line.setCursorPosition(1);
+  list.AddItem(u"third");
+  EXPECT_EQ(line.cursorPosition(), 1);
+}
+
 TEST_F(DialogControlsTest, TheUsersChoiceOfATabClicks) {
   auto& tabs = The<ITabStrip>(u"tabs");
   tabs.AddTab(u"SCPI", u"Tip", u"12");

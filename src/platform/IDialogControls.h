@@ -41,7 +41,6 @@ class IComboBox : public virtual ITextBox {
 public:
   virtual void AddItem(const String& item) = 0;
   virtual std::int32_t ListCount() const = 0;
-  /// Nothing in the program asks for an entry by its index.
   virtual String List(std::int32_t index) const = 0;
   /// Counted from 0; -1 if nothing is selected. An index that no entry has raises `BadPropertyValue`.
   virtual std::int32_t ListIndex() const = 0;

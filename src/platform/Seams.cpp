@@ -4,6 +4,7 @@
 #include "platform/IForm.h"
 #include "platform/IInstrumentDriver.h"
 #include "platform/IInstrumentList.h"
+#include "platform/IInstrumentSearch.h"
 #include "platform/IProgress.h"
 #include "platform/IRegistry.h"
 #include "platform/ISettingsStore.h"
@@ -21,6 +22,7 @@ std::shared_ptr<IForms> gForms;
 std::shared_ptr<IHelpViewer> gHelpViewer;
 std::shared_ptr<IInstrumentDriver> gInstrumentDriver;
 std::shared_ptr<IInstrumentList> gInstrumentList;
+std::shared_ptr<IInstrumentSearch> gInstrumentSearch;
 std::shared_ptr<IKeyboard> gKeyboard;
 std::shared_ptr<IMessageBox> gMessageBox;
 std::shared_ptr<IPrinter> gPrinter;

@@ -40,11 +40,14 @@ Names OpenedBefore() {
 
 String Item(StringView name) { return (IsSimulated(name) ? u"VInstr->" : u"Visa->") + String(name); }
 
-Names Items() {
+void Append(Names& names, StringView name) {
+  if (!IsIn(names, name)) names.emplace_back(name);
+}
+
+Names Items(const Names& attached) {
   Names names = OpenedBefore();
-  for (StringView name : Simulated) {
-    if (!IsIn(names, name)) names.emplace_back(name);
-  }
+  for (StringView name : Simulated) Append(names, name);
+  for (const String& name : attached) Append(names, name);
   std::transform(names.begin(), names.end(), names.begin(), [](const String& name) { return Item(name); });
   return names;
 }
@@ -64,19 +67,20 @@ private:
 
 class Tree final : public IInstrumentTree {
 public:
-  explicit Tree(bool ofInstruments) : m_ofInstruments(ofInstruments) {}
+  explicit Tree(std::function<Names()> items) : m_items(std::move(items)) {}
   std::unique_ptr<IInstrumentIterator> SelectBranch(std::int32_t Branch) override {
-    return std::make_unique<Iterator>(m_ofInstruments && Branch == InstrumentBranch ? Items() : Names());
+    return std::make_unique<Iterator>(Branch == InstrumentBranch ? m_items() : Names());
   }
 
 private:
-  bool m_ofInstruments;
+  std::function<Names()> m_items;
 };
 
 } // namespace
 
 std::unique_ptr<IInstrumentTree> KnownInstruments::OpenTree(std::int32_t Kind) {
-  return std::make_unique<Tree>(Kind == InstrumentTreeKind);
+  if (Kind != InstrumentTreeKind) return std::make_unique<Tree>([] { return Names(); });
+  return std::make_unique<Tree>([attached = m_attached] { return Items(attached ? attached() : Names()); });
 }
 
 void KnownInstruments::Remember(const String& name) {

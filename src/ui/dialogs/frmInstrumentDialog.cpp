@@ -2,12 +2,14 @@
 
 #include "platform/IDialogControls.h"
 #include "platform/IInstrumentList.h"
+#include "ui/base/Wired.h"
 #include "ui/dialogs/DialogDesigns.h"
 
 namespace portico {
 namespace {
 
 constexpr StringView KindMark = u"->";
+constexpr std::int32_t SearchInterval = 200; // milliseconds
 
 /// The name of an item of a kind that is listed; nothing for any other.
 std::optional<String> ListedName(const String& itemName) {
@@ -16,6 +18,13 @@ std::optional<String> ListedName(const String& itemName) {
   const StringView kind = StringView(itemName).substr(0, mark);
   if (!EqualNoCase(kind, u"Visa") && !EqualNoCase(kind, u"VInstr")) return {};
   return itemName.substr(mark + KindMark.size());
+}
+
+bool IsListed(const IComboBox& list, StringView name) {
+  for (std::int32_t i = 0; i < list.ListCount(); ++i) {
+    if (EqualNoCase(list.List(i), name)) return true;
+  }
+  return false;
 }
 
 } // namespace
@@ -32,9 +41,13 @@ void frmInstrumentDialog::Form_Initialize() {
      [this] { ShowHelp(Form().Name()); });
   // The field holds what was typed: the close box must not open that.
   On(Form().Events().QueryUnload, u"frmInstrumentDialog.Form_QueryUnload", [this] { CancelButton_Click(); });
+  On(Form().Events().Unload, u"frmInstrumentDialog.Form_Unload", [this] { EndSearch(); });
 }
 
-void frmInstrumentDialog::Form_Load() try { InitializeInstrumentList(); } catch (...) {
+void frmInstrumentDialog::Form_Load() try {
+  InitializeInstrumentList();
+  BeginSearch();
+} catch (...) {
   PassOn(u"frmInstrumentDialog.Form_Load");
 }
 
@@ -49,6 +62,31 @@ void frmInstrumentDialog::InitializeInstrumentList() try {
   if (list.ListCount() > 0) list.ListIndex(0);
 } catch (...) {
   PassOn(u"frmInstrumentDialog.InitializeInstrumentList");
+}
+
+void frmInstrumentDialog::BeginSearch() {
+  if (!gInstrumentSearch) return;
+  m_tmrSearch = Wired(gEventLoop).MakeTimer();
+  On(m_tmrSearch->Timer(), u"frmInstrumentDialog.tmrSearch_Timer", [this] { AppendFound(); });
+  m_tmrSearch->Interval(SearchInterval);
+  m_search = gInstrumentSearch;
+  m_search->Start();
+  m_tmrSearch->Enabled(true);
+}
+
+void frmInstrumentDialog::EndSearch() noexcept {
+  m_tmrSearch.reset();
+  if (m_search) m_search->Stop();
+  m_search.reset();
+}
+
+void frmInstrumentDialog::AppendFound() {
+  m_tmrSearch->Enabled(false); // for good if this fails
+  auto& list = Control<IComboBox>(u"txtInstrument");
+  for (const FoundInstrument& found : m_search->Take()) {
+    if (!IsListed(list, found.Name)) list.AddItem(found.Name);
+  }
+  m_tmrSearch->Enabled(true);
 }
 
 void frmInstrumentDialog::OKButton_Click() {

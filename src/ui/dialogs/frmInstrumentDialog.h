@@ -1,13 +1,19 @@
 #pragma once
 
+#include "platform/IEventLoop.h"
+#include "platform/IInstrumentSearch.h"
 #include "ui/dialogs/DialogForm.h"
+
+#include <memory>
 
 namespace portico {
 
-/// Asks which instrument to open: one of those that are known, or a name that is typed. The name is not checked.
+/// Asks which instrument to open: one of those that are known, one that is found while the dialog is shown, or a name
+/// that is typed. The name is not checked.
 class frmInstrumentDialog final : public DialogForm {
 public:
   frmInstrumentDialog();
+  ~frmInstrumentDialog() override { EndSearch(); }
   StringView ClassName() const override { return u"frmInstrumentDialog"; }
 
   void Form_Initialize() override;
@@ -21,6 +27,13 @@ private:
   void OKButton_Click();
   void CancelButton_Click();
 
+  void BeginSearch();
+  void EndSearch() noexcept;
+  /// Appends what has been found to the list, each name once; text and selection stay as they are.
+  void AppendFound();
+
+  std::shared_ptr<IInstrumentSearch> m_search; // while it is on
+  std::unique_ptr<ITimer> m_tmrSearch;
   String m_instrumentName;
 };
 

@@ -15,8 +15,12 @@ protected:
   using Names = std::vector<std::string>;
 
   static Names Listed(std::int32_t kind = InstrumentTreeKind, std::int32_t branch = InstrumentBranch) {
+    return Listed(KnownInstruments(), kind, branch);
+  }
+  static Names Listed(KnownInstruments instruments, std::int32_t kind = InstrumentTreeKind,
+                      std::int32_t branch = InstrumentBranch) {
     Names names;
-    const auto tree = KnownInstruments().OpenTree(kind);
+    const auto tree = instruments.OpenTree(kind);
     const auto item = tree->SelectBranch(branch);
     for (item->First(); !item->IsDone(); item->Next()) names.push_back(ToUtf8(item->ItemName()));
     return names;
@@ -48,6 +52,30 @@ TEST_F(KnownInstrumentsTest, OneOpenedAgainMovesToTheFront) {
 TEST_F(KnownInstrumentsTest, SimulatedOneThatWasOpenedStandsThereOnce) {
   KnownInstruments::Remember(u"sim::psu::instr");
   EXPECT_EQ(Listed(), (Names{"VInstr->sim::psu::instr", "VInstr->SIM::dmm::INSTR", "VInstr->SIM::scope::INSTR"}));
+}
+
+TEST_F(KnownInstrumentsTest, WhatIsAttachedStandsBehindTheSimulated) {
+  KnownInstruments::Remember(u"one");
+  const KnownInstruments instruments([] { return std::vector<String>{u"ASRL1::INSTR", u"USB0::1::2::SN::0::INSTR"}; });
+  EXPECT_EQ(Listed(instruments),
+            (Names{"Visa->one", "VInstr->SIM::dmm::INSTR", "VInstr->SIM::psu::INSTR", "VInstr->SIM::scope::INSTR",
+                   "Visa->ASRL1::INSTR", "Visa->USB0::1::2::SN::0::INSTR"}));
+  EXPECT_EQ(Listed(instruments, 6), Names{});
+  EXPECT_EQ(Listed(instruments, InstrumentTreeKind, 1), Names{});
+}
+
+TEST_F(KnownInstrumentsTest, AttachedOneThatWasOpenedStandsThereOnce) {
+  KnownInstruments::Remember(u"asrl1::INSTR");
+  const KnownInstruments instruments([] { return std::vector<String>{u"ASRL1::INSTR"}; });
+  EXPECT_EQ(Listed(instruments).size(), 4U);
+}
+
+TEST_F(KnownInstrumentsTest, WhatIsAttachedIsAskedEachTime) {
+  std::vector<String> attached;
+  const KnownInstruments instruments([&attached] { return attached; });
+  EXPECT_EQ(Listed(instruments).size(), 3U);
+  attached.emplace_back(u"ASRL1::INSTR");
+  EXPECT_EQ(Listed(instruments).size(), 4U);
 }
 
 TEST_F(KnownInstrumentsTest, TenAreRemembered) {

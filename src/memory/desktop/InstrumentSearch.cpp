@@ -1,0 +1,22 @@
+#include "memory/desktop/InstrumentSearch.h"
+
+#include "framework/errors/HuntERR.h"
+
+#include <utility>
+
+namespace portico::memory {
+
+void InstrumentSearch::Start() {
+  m_isRunning = true;
+  m_found.clear();
+}
+
+std::vector<FoundInstrument> InstrumentSearch::Take() {
+  ++m_timesTaken;
+  if (m_error != 0) HuntERR::RaiseStandard(m_error);
+  return std::exchange(m_found, {});
+}
+
+void InstrumentSearch::Stop() noexcept { m_isRunning = false; }
+
+} // namespace portico::memory

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/IInstrumentSearch.h"
+
+#include <string>
+#include <vector>
+
+namespace portico::memory {
+
+/// A search that finds what it is told to.
+class InstrumentSearch final : public IInstrumentSearch {
+public:
+  void Start() override;
+  std::vector<FoundInstrument> Take() override;
+  void Stop() noexcept override;
+
+  /// An instrument answers.
+  void Find(String name) { m_found.push_back({std::move(name), {}}); }
+  /// From now on whoever takes gets the error.
+  void Fail(std::int32_t error) { m_error = error; }
+  bool IsRunning() const { return m_isRunning; }
+  /// How often it was asked for what has come.
+  int TimesTaken() const { return m_timesTaken; }
+
+private:
+  std::vector<FoundInstrument> m_found;
+  std::int32_t m_error = 0;
+  bool m_isRunning = false;
+  int m_timesTaken = 0;
+};
+
+} // namespace portico::memory

@@ -29,6 +29,7 @@ public:
       m_client.Write(std::string(bytes));
       m_awaited.reset();
       m_mixed = m_mixed || m_begun;
+      m_handedOn = m_givenUp = false;
       return Listen();
     case 1:
       if (m_client.Ready()) m_client.Clear();
@@ -54,7 +55,7 @@ private:
       const HislipAnswer answer = m_client.Receive(byte);
       if (!byte.empty()) std::abort();
       Judge(piece, answer);
-      if (!ready && m_client.Ready()) m_mixed = m_begun = false; // a device clear is over
+      if (!ready && m_client.Ready()) m_mixed = m_begun = m_handedOn = m_givenUp = false; // a device clear is over
     }
     Listen();
   }
@@ -76,6 +77,20 @@ private:
     if (data) m_begun = !end || !piece->Last;
     if (piece && piece->Header.Type == HislipType::Interrupted) m_begun = false;
     m_mixed = m_mixed && m_begun;
+    JudgeWhatWasGivenUp(answer);
+  }
+
+  /// Of an answer that was begun and does not end, the next one tells.
+  void JudgeWhatWasGivenUp(const HislipAnswer& answer) {
+    if (!answer.Empty() && m_givenUp) {
+      if (!answer.Anew) std::abort();
+      m_givenUp = false;
+    }
+    m_handedOn = !answer.End && (m_handedOn || !answer.Payload.empty());
+    if (m_handedOn && !m_begun) {
+      m_givenUp = true;
+      m_handedOn = false;
+    }
   }
 
   /// Takes what the client sends: whole messages that the instrument has room for, and nothing after a failure.
@@ -108,6 +123,9 @@ private:
   /// An answer is being sent, and it has pieces of another.
   bool m_begun = false;
   bool m_mixed = false;
+  /// Bytes of an answer were handed on, and its end was not; the instrument has ended it otherwise.
+  bool m_handedOn = false;
+  bool m_givenUp = false;
 };
 
 } // namespace

@@ -12,23 +12,28 @@ bool EndsAnswer(const HislipPiece& piece) { return piece.Header.Type == HislipTy
 void HislipAnswers::AwaitNone() {
   m_awaited.reset();
   m_refused = m_refused || std::exchange(m_begun, false);
+  m_givenUp = false;
 }
 
 HislipAnswer HislipAnswers::Take(const HislipPiece& piece) {
-  if (m_refused || !IsAwaited(piece.Header)) return Refuse(piece);
-  const bool end = EndsAnswer(piece);
-  m_begun = !end;
-  return {false, piece.Payload, end};
+  if (m_refused || !IsAwaited(piece.Header)) {
+    Refuse(piece);
+    return {};
+  }
+  HislipAnswer answer = {false, piece.Payload, EndsAnswer(piece)};
+  m_begun = !answer.End;
+  if (!answer.Empty()) answer.Anew = std::exchange(m_givenUp, false);
+  return answer;
 }
 
-HislipAnswer HislipAnswers::Refuse(const HislipPiece& piece) {
+void HislipAnswers::Refuse(const HislipPiece& piece) {
   m_refused = !EndsAnswer(piece);
-  return TakeBack();
+  GiveUp();
 }
 
-HislipAnswer HislipAnswers::BreakOff() {
+void HislipAnswers::BreakOff() {
   m_refused = false;
-  return TakeBack();
+  GiveUp();
 }
 
 bool HislipAnswers::IsAwaited(const HislipHeader& header) const {
@@ -36,6 +41,6 @@ bool HislipAnswers::IsAwaited(const HislipHeader& header) const {
   return header.Parameter == *m_awaited || (header.Type == HislipType::Data && header.Parameter == HislipIdFollows);
 }
 
-HislipAnswer HislipAnswers::TakeBack() { return {std::exchange(m_begun, false)}; }
+void HislipAnswers::GiveUp() { m_givenUp = std::exchange(m_begun, false) || m_givenUp; }
 
 } // namespace portico::wire

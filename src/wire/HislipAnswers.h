@@ -10,17 +10,17 @@ namespace portico::wire {
 
 /// The next part of the answer that is awaited.
 struct HislipAnswer {
-  /// The parts of this answer that came before were another's, or the instrument dropped it: they are to be forgotten.
+  /// The answer begins with these bytes. What was handed on before was another's, or the instrument has dropped it.
   bool Anew = false;
   std::string_view Payload = {};
   bool End = false;
 
-  bool Empty() const { return !Anew && Payload.empty() && !End; }
+  bool Empty() const { return Payload.empty() && !End; }
 };
 
 /// Tells the answer to a client's last message from all others, by the ids of the Data that carry it: of an answer to
-/// another message nothing is taken. An answer whose id follows with its end is handed on as it comes, and is taken
-/// back if the end names another message.
+/// another message nothing is taken. An answer whose id follows with its end is handed on as it comes, and is given
+/// up if the end names another message.
 class HislipAnswers {
 public:
   /// No answer is awaited from here on, be it that one is on its way.
@@ -31,19 +31,21 @@ public:
   /// A piece of Data or DataEnd.
   HislipAnswer Take(const HislipPiece& piece);
   /// Such a piece that belongs to an answer that the instrument has dropped.
-  HislipAnswer Refuse(const HislipPiece& piece);
+  void Refuse(const HislipPiece& piece);
   /// The instrument dropped the answer of which the last pieces are: the next piece begins another.
-  HislipAnswer BreakOff();
+  void BreakOff();
   /// The connections are cleared: nothing is on its way any more.
   void Reset() { *this = {}; }
 
 private:
   bool IsAwaited(const HislipHeader& header) const;
-  HislipAnswer TakeBack();
+  void GiveUp();
 
   std::optional<std::uint32_t> m_awaited;
   /// A part of the answer was handed on, but not its end.
   bool m_begun = false;
+  /// Such a part was given up, and nothing was handed on since.
+  bool m_givenUp = false;
   /// A part of the answer that is coming was not handed on, so nothing of it is.
   bool m_refused = false;
 };

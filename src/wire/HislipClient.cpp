@@ -9,6 +9,8 @@ namespace {
 /// Two letters of the maker's, as Initialize has them.
 constexpr std::uint16_t VendorId = 0x5456;
 
+constexpr const char* UseNoEncryption = "; switch encryption off in its settings";
+
 template <typename Code>
 std::string Told(std::string_view kind, const HislipPiece& piece) {
   std::string text(kind);
@@ -16,6 +18,23 @@ std::string Told(std::string_view kind, const HislipPiece& piece) {
   text.append(HislipErrorText(static_cast<Code>(piece.Header.Control)));
   if (!piece.Payload.empty()) text.append(" (").append(piece.Payload).append(")");
   return text;
+}
+
+/// What is to be done about a fatal error while opening.
+std::string Advice(HislipFatal code, const std::string& subAddress) {
+  switch (code) {
+  case HislipFatal::Unidentified:
+  case HislipFatal::BadInitialization:
+    return "; check the device name " + subAddress;
+  case HislipFatal::TooManyClients:
+    return "; close it in another program";
+  case HislipFatal::SecureConnectionFailed:
+    return UseNoEncryption;
+  case HislipFatal::BadHeader:
+  case HislipFatal::ChannelsMissing:
+    break;
+  }
+  return {};
 }
 
 } // namespace
@@ -33,6 +52,9 @@ void HislipClient::Open() {
   m_composing = false;
   m_interruptions = 0;
   m_phase = Phase::InitializeResponse;
+  if (m_subAddress.size() <= HislipLongestText) return;
+  Fail("the device name has " + std::to_string(m_subAddress.size()) + " bytes; HiSLIP takes " +
+       std::to_string(HislipLongestText) + " at most");
 }
 
 void HislipClient::SecondConnectionMade() {
@@ -97,7 +119,7 @@ HislipAnswer HislipClient::Receive(std::string_view& bytes) {
     if (!piece) break;
     answer = Take(*piece);
   }
-  if (m_synchronous.Reader.Broken()) Fail("the message header is none of HiSLIP");
+  if (m_synchronous.Reader.Broken()) FailWithoutHeader();
   if (!m_failure.empty()) bytes = {};
   return answer;
 }
@@ -108,11 +130,11 @@ void HislipClient::ReceiveAsynchronous(std::string_view bytes) {
     if (!piece) break;
     TakeAsynchronous(*piece);
   }
-  if (m_asynchronous.Reader.Broken()) Fail("the message header is none of HiSLIP");
+  if (m_asynchronous.Reader.Broken()) FailWithoutHeader();
 }
 
 HislipAnswer HislipClient::Take(const HislipPiece& piece) {
-  if (TakeError(piece)) return {};
+  if (TakeError(piece, HislipChannel::Synchronous)) return {};
   if (m_phase == Phase::InitializeResponse) {
     TakeInitializeResponse(piece);
     return {};
@@ -124,10 +146,15 @@ HislipAnswer HislipClient::Take(const HislipPiece& piece) {
   switch (piece.Header.Type) {
   case HislipType::Interrupted:
     --m_interruptions;
-    return m_answers.BreakOff();
+    m_answers.BreakOff();
+    return {};
   case HislipType::Data:
   case HislipType::DataEnd: {
-    HislipAnswer answer = m_interruptions > 0 ? m_answers.Refuse(piece) : m_answers.Take(piece);
+    if (m_interruptions > 0) {
+      m_answers.Refuse(piece);
+      return {};
+    }
+    const HislipAnswer answer = m_answers.Take(piece);
     m_delivered = m_delivered || answer.End;
     return answer;
   }
@@ -137,7 +164,7 @@ HislipAnswer HislipClient::Take(const HislipPiece& piece) {
 }
 
 void HislipClient::TakeAsynchronous(const HislipPiece& piece) {
-  if (TakeError(piece)) return;
+  if (TakeError(piece, HislipChannel::Asynchronous)) return;
   switch (piece.Header.Type) {
   case HislipType::AsyncInterrupted:
     ++m_interruptions;
@@ -164,21 +191,24 @@ void HislipClient::TakeAsynchronous(const HislipPiece& piece) {
   }
 }
 
-bool HislipClient::TakeError(const HislipPiece& piece) {
+bool HislipClient::TakeError(const HislipPiece& piece, HislipChannel channel) {
   if (piece.TooLarge) {
     Fail("a message has " + std::to_string(piece.Header.PayloadLength) + " bytes, more than was agreed");
     return true;
   }
   if (piece.Header.Type == HislipType::FatalError) {
-    Fail(Told<HislipFatal>("fatal error", piece));
+    std::string reason = Told<HislipFatal>("fatal error", piece);
+    if (Opening()) reason += Advice(static_cast<HislipFatal>(piece.Header.Control), m_subAddress);
+    Fail(std::move(reason));
     return true;
   }
   if (piece.Header.Type != HislipType::Error) return false;
   m_complaint = Told<HislipError>("error", piece);
-  if (m_phase == Phase::RemoteLocalResponse) {
-    m_phase = Phase::Ready;
-  } else if (!Ready()) {
+  const bool toRequest = channel == HislipChannel::Asynchronous; // on the other connection it is of an earlier message
+  if (Opening() || (Clearing() && toRequest)) {
     Fail(m_complaint);
+  } else if (m_phase == Phase::RemoteLocalResponse && toRequest) {
+    m_phase = Phase::Ready;
   }
   return true;
 }
@@ -189,7 +219,12 @@ void HislipClient::TakeInitializeResponse(const HislipPiece& piece) {
                 " came instead of the response");
   }
   if ((piece.Header.Control & (HislipControl::EncryptionMandatory | HislipControl::InitialEncryption)) != 0) {
-    return Fail("encrypted connection required, not supported");
+    return Fail(std::string("encrypted connection required, not supported") + UseNoEncryption);
+  }
+  const std::uint32_t version = piece.Header.Parameter >> 16U;
+  if (version < HislipVersion1) {
+    return Fail("it speaks HiSLIP " + std::to_string(version >> 8U) + "." + std::to_string(version & 0xFFU) +
+                ", which is not supported");
   }
   m_overlapped = (piece.Header.Control & HislipControl::Overlapped) != 0;
   m_session = static_cast<std::uint16_t>(piece.Header.Parameter);
@@ -208,13 +243,19 @@ void HislipClient::TakeMaximumMessageSize(const HislipPiece& piece) {
 void HislipClient::TakeDeviceClearAcknowledge(const HislipPiece& piece) {
   if (piece.Header.Type != HislipType::DeviceClearAcknowledge || m_phase != Phase::DeviceClearAcknowledge) return;
   if ((piece.Header.Control & HislipControl::Overlapped) != 0) {
-    return Fail("it stays in overlapped mode, which is not supported");
+    return Fail("it stays in overlapped mode, which is not supported; set it to synchronized mode");
   }
   m_answers.Reset();
   m_nextId = HislipFirstMessageId;
   m_delivered = false;
   m_interruptions = 0;
   m_phase = Phase::Ready;
+}
+
+void HislipClient::FailWithoutHeader() {
+  std::string reason = "the message header is none of HiSLIP";
+  if (Opening()) reason += "; check that the port is that of HiSLIP";
+  Fail(std::move(reason));
 }
 
 void HislipClient::Fail(std::string reason) {

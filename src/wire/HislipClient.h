@@ -84,16 +84,18 @@ private:
   HislipAnswer Take(const HislipPiece& piece);
   void TakeAsynchronous(const HislipPiece& piece);
   /// What either connection may bring; false if the piece is nothing of that.
-  bool TakeError(const HislipPiece& piece);
+  bool TakeError(const HislipPiece& piece, HislipChannel channel);
   void TakeInitializeResponse(const HislipPiece& piece);
   void TakeMaximumMessageSize(const HislipPiece& piece);
   void TakeDeviceClearAcknowledge(const HislipPiece& piece);
+  bool Opening() const { return m_phase < Phase::AsyncDeviceClearAcknowledge; }
   bool Clearing() const {
     return m_phase == Phase::AsyncDeviceClearAcknowledge || m_phase == Phase::DeviceClearAcknowledge;
   }
   void Fail(std::string reason);
+  void FailWithoutHeader();
 
-  const std::string m_subAddress;
+  std::string m_subAddress;
   Phase m_phase = Phase::Closed;
   Stream m_synchronous;
   Stream m_asynchronous;

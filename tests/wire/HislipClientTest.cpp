@@ -55,7 +55,7 @@ TEST_F(HislipOpenTest, AServerThatDemandsEncryptionIsRefused) {
                                "4853 01 07 02000007 0000000000000000"}) {
     SCOPED_TRACE(response);
     Begin(response);
-    EXPECT_EQ(Client.Failure(), "encrypted connection required, not supported");
+    EXPECT_EQ(Client.Failure(), "encrypted connection required, not supported; switch encryption off in its settings");
     EXPECT_FALSE(Client.AwaitsSecondConnection());
   }
 }
@@ -77,14 +77,35 @@ TEST_F(HislipOpenTest, WhoStaysInOverlappedModeIsRefused) {
   Client.ReceiveAsynchronous(Bytes("4853 17 01 00000000 0000000000000000"));
   Receive(Bytes("4853 09 01 00000000 0000000000000000"));
   EXPECT_FALSE(Client.Ready());
-  EXPECT_EQ(Client.Failure(), "it stays in overlapped mode, which is not supported");
+  EXPECT_EQ(Client.Failure(), "it stays in overlapped mode, which is not supported; set it to synchronized mode");
 }
 
 TEST_F(HislipOpenTest, AFatalErrorIsToldInItsWords) {
   Begin("4853 02 04 00000000 0000000000000009 74727920 6C61746572");
-  EXPECT_EQ(Client.Failure(), "fatal error 4, too many clients (try later)");
+  EXPECT_EQ(Client.Failure(), "fatal error 4, too many clients (try later); close it in another program");
   Begin("4853 02 03 00000000 0000000000000000");
-  EXPECT_EQ(Client.Failure(), "fatal error 3, bad initialization sequence");
+  EXPECT_EQ(Client.Failure(), "fatal error 3, bad initialization sequence; check the device name hislip0");
+  Begin("4853 02 00 00000000 0000000000000000");
+  EXPECT_EQ(Client.Failure(), "fatal error 0, unidentified error; check the device name hislip0");
+  Begin("4853 02 05 00000000 0000000000000000");
+  EXPECT_EQ(Client.Failure(), "fatal error 5, secure connection failed; switch encryption off in its settings");
+}
+
+TEST_F(HislipOpenTest, AnOlderVersionIsRefused) {
+  Begin("4853 01 00 00FF0007 0000000000000000");
+  EXPECT_EQ(Client.Failure(), "it speaks HiSLIP 0.255, which is not supported");
+  EXPECT_FALSE(Client.AwaitsSecondConnection());
+}
+
+TEST_F(HislipOpenTest, ADeviceNameThatIsTooLongIsRefused) {
+  Client = HislipClient(std::string(256, 'x'));
+  Client.Open();
+  EXPECT_EQ(Client.Failure(), "");
+  EXPECT_EQ(SentSynchronous().size(), 272u);
+  Client = HislipClient(std::string(257, 'x'));
+  Client.Open();
+  EXPECT_EQ(Client.Failure(), "the device name has 257 bytes; HiSLIP takes 256 at most");
+  EXPECT_EQ(SentSynchronous(), "");
 }
 
 TEST_F(HislipOpenTest, AnErrorEndsTheOpening) {
@@ -106,7 +127,7 @@ TEST_F(HislipOpenTest, AnotherMessageInPlaceOfTheResponseEndsTheOpening) {
 
 TEST_F(HislipOpenTest, WhatIsNotHislipEndsTheOpening) {
   Begin("5353482D322E302D 4F70656E5353485F 0D0A");
-  EXPECT_EQ(Client.Failure(), "the message header is none of HiSLIP");
+  EXPECT_EQ(Client.Failure(), "the message header is none of HiSLIP; check that the port is that of HiSLIP");
   EXPECT_EQ(SentSynchronous(), "");
 }
 

@@ -89,7 +89,7 @@ TEST_F(HislipExchangeTest, AnAnswerIsTakenBackIfItsEndNamesAnotherMessage) {
   Receive(Bytes("4853 06 00 FFFFFFFF 0000000000000002 3435"));
   EXPECT_EQ(Partial, "45");
   Receive(Answer("FFFFFF00"));
-  EXPECT_EQ(Partial, "");
+  EXPECT_EQ(Answers, Strings());
   Receive(Answer("FFFFFF02"));
   EXPECT_EQ(Answers, Strings({"12"}));
 }
@@ -150,9 +150,47 @@ TEST_F(HislipExchangeTest, HalfAnAnswerBeforeAnInterruptionIsTakenBack) {
   Ask("A?");
   Receive(Bytes("4853 06 00 FFFFFF00 0000000000000002 3435"));
   Receive(Bytes("4853 0D 00 FFFFFF00 0000000000000000"));
-  EXPECT_EQ(Partial, "");
   Receive(Answer("FFFFFF00"));
   EXPECT_EQ(Answers, Strings({"12"}));
+}
+
+TEST_F(HislipExchangeTest, ThatAnAnswerIsGivenUpIsToldWithTheNextBytes) {
+  Ask("A?");
+  Receive(Bytes("4853 06 00 FFFFFF00 0000000000000002 3435"));
+  const std::string next = Bytes("4853 0D 00 FFFFFF00 0000000000000000 4853 06 00 FFFFFF00 0000000000000000") +
+                           Bytes("4853 06 00 FFFFFF00 0000000000000001 37") + Answer("FFFFFF00");
+  std::string_view bytes = next;
+  HislipAnswer answer = Client.Receive(bytes);
+  EXPECT_TRUE(answer.Anew);
+  EXPECT_EQ(answer.Payload, "7");
+  answer = Client.Receive(bytes);
+  EXPECT_FALSE(answer.Anew);
+  EXPECT_EQ(answer.Payload, "12");
+  EXPECT_TRUE(answer.End);
+}
+
+TEST_F(HislipExchangeTest, ThatAnAnswerIsGivenUpIsToldWithAnEmptyOneToo) {
+  Ask("A?");
+  Receive(Bytes("4853 06 00 FFFFFF00 0000000000000002 3435"));
+  const std::string next = Bytes("4853 0D 00 FFFFFF00 0000000000000000 4853 07 00 FFFFFF00 0000000000000000");
+  std::string_view bytes = next;
+  const HislipAnswer answer = Client.Receive(bytes);
+  EXPECT_TRUE(answer.Anew);
+  EXPECT_EQ(answer.Payload, "");
+  EXPECT_TRUE(answer.End);
+}
+
+TEST_F(HislipExchangeTest, OfWhatWasGivenUpTheNextCommandsAnswerTellsNothing) {
+  Ask("A?");
+  Receive(Bytes("4853 06 00 FFFFFF00 0000000000000002 3435"));
+  Receive(Bytes("4853 0D 00 FFFFFF00 0000000000000000"));
+  Client.ReceiveAsynchronous(Bytes("4853 0E 00 FFFFFF00 0000000000000000"));
+  Ask("B?");
+  const std::string next = Answer("FFFFFF02");
+  std::string_view bytes = next;
+  const HislipAnswer answer = Client.Receive(bytes);
+  EXPECT_FALSE(answer.Anew);
+  EXPECT_EQ(answer.Payload, "12");
 }
 
 TEST_F(HislipExchangeTest, HalfAnotherAnswerBeforeAnInterruptionLeavesTheNextWhole) {
@@ -255,6 +293,31 @@ TEST_F(HislipExchangeTest, ADeviceClearDropsWhatIsOnItsWay) {
   EXPECT_TRUE(Client.Ready());
   Receive(Answer("FFFFFF00"));
   EXPECT_EQ(Answers, Strings());
+}
+
+TEST_F(HislipExchangeTest, AnErrorOnTheFirstConnectionIsOneOfThoseThingsOnTheirWay) {
+  const std::string error = Bytes("4853 03 04 00000000 0000000000000000");
+  Ask("A?");
+  Client.Clear();
+  Receive(error);
+  Client.ReceiveAsynchronous(Bytes("4853 17 00 00000000 0000000000000000"));
+  Receive(error + Bytes("4853 09 00 00000000 0000000000000000"));
+  EXPECT_EQ(Client.Failure(), "");
+  EXPECT_TRUE(Client.Ready());
+}
+
+TEST_F(HislipExchangeTest, AnErrorOnTheSecondConnectionRefusesADeviceClear) {
+  Client.Clear();
+  Client.ReceiveAsynchronous(Bytes("4853 03 01 00000000 0000000000000000"));
+  EXPECT_EQ(Client.Failure(), "error 1, unknown message type");
+}
+
+TEST_F(HislipExchangeTest, AnErrorOnTheFirstConnectionDoesNotAnswerForTheFrontPanel) {
+  Client.GoToLocal();
+  Receive(Bytes("4853 03 04 00000000 0000000000000000"));
+  EXPECT_FALSE(Client.Ready());
+  Client.ReceiveAsynchronous(Bytes("4853 0B 00 00000000 0000000000000000"));
+  EXPECT_TRUE(Client.Ready());
 }
 
 TEST_F(HislipExchangeTest, ADeviceClearBeginsTheIdsAnew) {

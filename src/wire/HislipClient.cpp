@@ -49,7 +49,7 @@ void HislipClient::Open() {
   m_complaint.clear();
   m_nextId = HislipFirstMessageId;
   m_delivered = false;
-  m_composing = false;
+  m_composing = m_writing = false;
   m_interruptions = 0;
   m_phase = Phase::InitializeResponse;
   if (m_subAddress.size() <= HislipLongestText) return;
@@ -66,13 +66,13 @@ void HislipClient::Write(std::string message) {
   m_complaint.clear();
   m_message = std::move(message);
   m_composed = 0;
-  m_composing = true;
+  m_composing = m_writing = true;
   m_answers.AwaitNone();
 }
 
 void HislipClient::Clear() {
   // What is begun has to be sent whole, or the instrument would not find the next message's header.
-  m_composing = false;
+  m_composing = m_writing = false;
   if (m_synchronous.Sent == 0) m_synchronous.Bytes.clear();
   m_asynchronous.Bytes += HislipMessage(HislipType::AsyncDeviceClear);
   m_phase = Phase::AsyncDeviceClearAcknowledge;
@@ -97,6 +97,10 @@ void HislipClient::Sent(HislipChannel channel, std::size_t count) {
   if (stream.Sent < stream.Bytes.size()) return;
   stream.Bytes.clear();
   stream.Sent = 0;
+  if (channel == HislipChannel::Synchronous && m_writing && !m_composing) {
+    m_writing = false;
+    m_answers.Await(m_nextId - HislipMessageIdStep);
+  }
 }
 
 void HislipClient::ComposeNext() {
@@ -108,7 +112,6 @@ void HislipClient::ComposeNext() {
   const HislipType type = m_composing ? HislipType::Data : HislipType::DataEnd;
   const std::uint8_t control = std::exchange(m_delivered, false) ? HislipControl::ResponseDelivered : 0;
   m_synchronous.Bytes = HislipMessage(type, control, m_nextId, payload);
-  if (!m_composing) m_answers.Await(m_nextId);
   m_nextId += HislipMessageIdStep;
 }
 

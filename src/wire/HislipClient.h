@@ -33,6 +33,8 @@ public:
   /// Sends one message; the one before has to be sent whole, or cleared. Answers to earlier ones are dropped from now
   /// on.
   void Write(std::string message);
+  /// The message is not sent whole yet.
+  bool Writing() const { return m_writing; }
   /// Has the instrument drop all commands and answers, and drops those that are on their way.
   void Clear();
   /// Gives the front panel back.
@@ -113,6 +115,7 @@ private:
   std::string m_message;
   std::size_t m_composed = 0;
   bool m_composing = false;
+  bool m_writing = false;
   /// How often the instrument told of a dropped answer on the asynchronous connection only; negative, if it did so on
   /// the synchronous one only.
   std::int64_t m_interruptions = 0;

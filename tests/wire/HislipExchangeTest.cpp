@@ -122,6 +122,20 @@ TEST_F(HislipExchangeTest, NoAnswerIsTakenWhileACommandGoesOut) {
   EXPECT_EQ(Answers, Strings());
 }
 
+TEST_F(HislipExchangeTest, NoAnswerIsTakenBeforeItsCommandIsOut) {
+  Client.Write("A?");
+  EXPECT_TRUE(Client.Writing());
+  Client.Output(HislipChannel::Synchronous);
+  Client.Sent(HislipChannel::Synchronous, 17);
+  EXPECT_TRUE(Client.Writing());
+  Receive(Answer("FFFFFF00"));
+  EXPECT_EQ(Answers, Strings());
+  SentSynchronous();
+  EXPECT_FALSE(Client.Writing());
+  Receive(Answer("FFFFFF00"));
+  EXPECT_EQ(Answers, Strings({"12"}));
+}
+
 TEST_F(HislipExchangeTest, ToldOfAnInterruptionTheClientDropsAnswersUpToIt) {
   Ask("A?");
   Ask("B?");

@@ -7,6 +7,7 @@ std::vector<DriverBenchKind> AllDriverBenches() {
       SocketBenchKind(),
       SerialBenchKind(),
       SimulatedBenchKind(),
+      HislipBenchKind(),
   };
 }
 

@@ -8,5 +8,6 @@ namespace portico::test {
 DriverBenchKind SocketBenchKind();
 DriverBenchKind SerialBenchKind();
 DriverBenchKind SimulatedBenchKind();
+DriverBenchKind HislipBenchKind();
 
 } // namespace portico::test

@@ -25,6 +25,9 @@ public:
   void Close() noexcept override;
   DriverResult Write(std::string_view bytes, TimePoint deadline) override;
   Received Read(char* buffer, std::size_t size, TimePoint deadline) override;
+  /// Listens until nothing has come for `timeout`, but no longer than twice that, and drops what comes. False if the
+  /// port is gone.
+  bool Clear(std::chrono::milliseconds timeout) override;
 
 private:
   DriverResult SetLine() const;

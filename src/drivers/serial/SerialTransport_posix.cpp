@@ -172,6 +172,16 @@ Received SerialTransport::Read(char* buffer, std::size_t size, TimePoint deadlin
   }
 }
 
+bool SerialTransport::Clear(std::chrono::milliseconds timeout) {
+  std::array<char, 4096> dropped = {};
+  const TimePoint end = TimePoint::clock::now() + 2 * timeout;
+  Received received;
+  while (received.Result.Succeeded()) {
+    received = Read(dropped.data(), dropped.size(), std::min(end, TimePoint::clock::now() + timeout));
+  }
+  return received.Result.Status == DriverStatus::ReadTimeout;
+}
+
 DriverResult SerialTransport::OpenFailure(int error) const {
   switch (error) {
   case ENOENT:

@@ -254,6 +254,36 @@ TEST(SerialTransport, APortThatWasPulledOutIsLost) {
             instrument.Path() + ", there is no such serial port; check its name and that it is plugged in");
 }
 
+TEST(SerialTransport, ClearingDropsWhatComesUntilTheLineIsSilent) {
+  SerialInstrument instrument(InstrumentScript{});
+  SerialTransport transport({instrument.Path()});
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  int pieces = 0;
+  transport.OnWait([&] {
+    if (++pieces <= 3) instrument.Send("late\n");
+  });
+  EXPECT_TRUE(transport.Clear(std::chrono::milliseconds(200)));
+  EXPECT_EQ(pieces, 4) << "it has listened once more behind each";
+  instrument.Send("fresh\n");
+  EXPECT_EQ(ReadAll(transport, 6), "fresh\n");
+}
+
+TEST(SerialTransport, ClearingEndsThoughTheLineIsNeverSilent) {
+  SerialInstrument instrument(InstrumentScript{});
+  SerialTransport transport({instrument.Path()});
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  transport.OnWait([&] { instrument.Send("noise\n"); });
+  EXPECT_TRUE(transport.Clear(std::chrono::milliseconds(50)));
+}
+
+TEST(SerialTransport, APortThatIsGoneCannotBeCleared) {
+  SerialInstrument instrument(InstrumentScript{});
+  SerialTransport transport({instrument.Path()});
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  instrument.Unplug();
+  EXPECT_FALSE(transport.Clear(std::chrono::milliseconds(50)));
+}
+
 TEST(SerialTransport, APortPulledOutEndsAReadThatIsUnderWay) {
   SerialInstrument instrument(InstrumentScript{});
   SerialTransport transport({instrument.Path()});

@@ -21,8 +21,12 @@ public:
   void AnswerFilledBuffer(const std::string& resourceName, std::size_t length) override {
     filled.push_back(resourceName + ", " + std::to_string(length));
   }
+  void Cleared(const std::string& resourceName) override { cleared.push_back(resourceName); }
+  void Restored(const std::string& resourceName) override { restored.push_back(resourceName); }
 
   std::vector<std::string> names;
+  std::vector<std::string> cleared;
+  std::vector<std::string> restored;
   /// "NAME, LENGTH" of each answer that filled a buffer.
   std::vector<std::string> filled;
 };

@@ -4,10 +4,7 @@ namespace portico::test {
 
 std::vector<DriverBenchKind> AllDriverBenches() {
   return {
-      SocketBenchKind(),
-      SerialBenchKind(),
-      SimulatedBenchKind(),
-      HislipBenchKind(),
+      SocketBenchKind(), SerialBenchKind(), SimulatedBenchKind(), HislipBenchKind(), MarkingBenchKind(),
   };
 }
 

@@ -5,6 +5,7 @@
 namespace portico::test {
 
 // Each in the file of its name, without "Kind".
+DriverBenchKind MarkingBenchKind();
 DriverBenchKind SocketBenchKind();
 DriverBenchKind SerialBenchKind();
 DriverBenchKind SimulatedBenchKind();

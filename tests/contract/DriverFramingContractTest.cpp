@@ -75,21 +75,6 @@ TEST_P(DriverFramingContract, AMessageThatJustFitsIsComplete) {
   EXPECT_EQ(Read(8).bytes, std::string("1234567\0", 8));
 }
 
-TEST_P(DriverFramingContract, AMessageThatFillsItsBufferIsToldWithItsWholeLength) {
-  Start({{"SHORT?", Reaction::Answer("123456\n")},
-         {"FITS?", Reaction::Answer("1234567\r\n")},
-         {"LONGER?", Reaction::Answer(std::string(200'000, 'x') + "\n")}});
-  EXPECT_EQ(Write("SHORT?\r"), Success);
-  Read(8);
-  EXPECT_THAT(bench->observer.filled, testing::IsEmpty());
-  EXPECT_EQ(Write("FITS?\r"), Success);
-  Read(8);
-  EXPECT_EQ(Write("LONGER?\r"), Success);
-  Read(8);
-  EXPECT_THAT(bench->observer.filled,
-              testing::ElementsAre(bench->CanonicalName() + ", 7", bench->CanonicalName() + ", 200000"));
-}
-
 TEST_P(DriverFramingContract, OfAMessageThatIsTooLongTheRestIsLost) {
   Start({{"LONG?", Reaction::Answer("12345678\n")},
          {"LONGER?", Reaction::Answer(std::string(200'000, 'x') + "\n")},
@@ -116,20 +101,6 @@ TEST_P(DriverFramingContract, ABufferWithoutRoomIsRefusedAndTheAnswerStays) {
   }
   EXPECT_EQ(buffer.front(), '~');
   EXPECT_EQ(Read().bytes, std::string("1\0", 2));
-}
-
-TEST_P(DriverFramingContract, TwoMessagesAtOnceAreReadOneByOne) {
-  Start({{"BOTH?", Reaction::Answer("1\r\n2\n")}});
-  EXPECT_EQ(Query("BOTH?"), "1");
-  EXPECT_EQ(Read().bytes, std::string("2\0", 2));
-}
-
-TEST_P(DriverFramingContract, AnUnreadAnswerStaysWhereItIs) {
-  Start({{"A?", Reaction::Answer("1\n")}, {"B?", Reaction::Answer("2\n")}});
-  EXPECT_EQ(Write("A?\r"), Success);
-  EXPECT_EQ(Write("B?\r"), Success);
-  EXPECT_EQ(Read().bytes, std::string("1\0", 2));
-  EXPECT_EQ(Read().bytes, std::string("2\0", 2));
 }
 
 TEST_P(DriverFramingContract, ALoneQuoteDoesNotHideTheEndOfTheAnswer) {

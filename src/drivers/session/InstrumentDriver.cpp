@@ -39,7 +39,11 @@ DriverResult InstrumentDriver::Open(const std::string& name, std::int32_t& sessi
 }
 
 std::int32_t InstrumentDriver::TVSCPI_close(std::int32_t session) {
-  return Number(m_sessions.erase(session) == 0 ? DriverStatus::InvalidSession : DriverStatus::Success);
+  const auto found = m_sessions.find(session);
+  if (found == m_sessions.end()) return Number(DriverStatus::InvalidSession);
+  found->second->Close();
+  m_sessions.erase(found);
+  return Number(DriverStatus::Success);
 }
 
 std::int32_t InstrumentDriver::TVSCPI_WriteInstrData(std::int32_t session, const std::string& text) {

@@ -1,38 +1,6 @@
 #include "drivers/session/InstrumentSession.h"
 
-#include "drivers/session/MessageReader.h"
-
-#include <algorithm>
-
 namespace portico::drivers {
-namespace {
-
-/// The caller's buffer while a message goes into it. The last byte stays free for the zero byte.
-class MessageSink {
-public:
-  explicit MessageSink(std::span<char> buffer) : m_buffer(buffer) {}
-
-  void Append(std::string_view bytes) {
-    const std::size_t stored = std::min(bytes.size(), m_buffer.size() - 1 - m_stored);
-    std::copy_n(bytes.data(), stored, m_buffer.data() + m_stored);
-    m_stored += stored;
-  }
-
-  /// Ends the message behind its data and answers the number of bytes delivered.
-  std::int32_t Finish(std::size_t dataLength) {
-    const std::size_t delivered = std::min(dataLength, m_buffer.size() - 1);
-    m_buffer[delivered] = '\0';
-    return static_cast<std::int32_t>(delivered + 1);
-  }
-
-  void Erase() { std::fill_n(m_buffer.data(), m_stored, '\0'); }
-
-private:
-  std::span<char> m_buffer;
-  std::size_t m_stored = 0;
-};
-
-} // namespace
 
 InstrumentSession::InstrumentSession(const ResourceName& name, std::unique_ptr<ITransport> transport,
                                      const SessionOptions& options)
@@ -45,15 +13,23 @@ DriverResult InstrumentSession::Open() {
   return m_connection;
 }
 
+void InstrumentSession::Close() noexcept {
+  const bool cancelled = m_options.Cancellation != nullptr && m_options.Cancellation->Requested();
+  if (m_connection.Succeeded() && !cancelled) m_transport->ReturnToLocal(Deadline());
+  Drop({DriverStatus::NotConnected});
+}
+
 DriverResult InstrumentSession::Write(const std::string& text) {
-  const TimePoint deadline = Deadline();
-  if (!m_connection.Succeeded()) {
-    if (DriverResult result = Reconnect(deadline); !result.Succeeded()) return result;
+  TimePoint deadline = Deadline();
+  if (m_connection.Succeeded() && m_outOfStep) {
+    GetInStep();
+    deadline = Deadline();
   }
+  if (DriverResult result = Connect(deadline); !result.Succeeded()) return result;
   m_output.assign(text);
   m_output += '\n';
   DriverResult result = m_transport->Write(m_output, deadline);
-  if (!result.Succeeded()) return Disconnect(std::move(result));
+  if (!result.Succeeded()) return Fail(std::move(result));
   return result;
 }
 
@@ -62,49 +38,101 @@ DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count
   if (buffer.empty()) return {DriverStatus::InvalidBuffer};
   if (!m_connection.Succeeded()) return {DriverStatus::NotConnected, ReasonFor(m_connection)};
   const TimePoint deadline = Deadline();
-  MessageReader reader(m_attributes.Termination());
-  MessageSink sink(buffer);
-  std::size_t length = 0;
-  while (!reader.Complete()) {
+  const MessageReader reader(m_attributes.Termination(), m_transport->MarksEnd() ? Marks::Ends : Marks::None);
+  Answer answer = m_unfinished.Start(reader, buffer);
+  while (!answer.Complete()) {
+    if (!m_unfinished.Unread().empty()) {
+      m_unfinished.Drop(answer.Take(m_unfinished.Unread()));
+      continue;
+    }
     if (m_input.Empty()) {
-      if (DriverResult result = Fill(deadline); !result.Succeeded()) {
-        sink.Erase();
+      bool anew = false;
+      if (DriverResult result = Fill(deadline, anew); !result.Succeeded()) {
+        if (result.Status == DriverStatus::ReadTimeout) m_unfinished.Keep(answer);
+        answer.Erase();
         return result;
       }
+      if (anew) {
+        answer.Erase();
+        answer = Answer(reader, buffer);
+      }
     }
-    const std::size_t taken = reader.Feed(m_input.Unread());
-    sink.Append(m_input.Unread().substr(0, taken - std::min(taken, reader.TerminatorLength())));
-    m_input.Drop(taken);
-    length += taken;
-    if (m_input.AtEndOfMessage()) reader.End();
+    m_input.Drop(answer.Take(m_input.Unread()));
+    if (m_input.AtEndOfMessage()) answer.End();
   }
-  // A carriage return that came before the rest of its terminator was stored as data: the zero byte replaces it.
-  length -= reader.TerminatorLength();
-  count = sink.Finish(length);
-  if (length + 1 >= buffer.size() && m_options.Observer != nullptr) {
-    m_options.Observer->AnswerFilledBuffer(m_name, length);
-  }
+  m_outOfStep = false;
+  m_markMayFollow = answer.Terminated() && m_input.Empty() && !m_input.AtEndOfMessage();
+  count = answer.Finish();
+  if (answer.FillsBuffer())
+    Tell([&](IDriverObserver& observer) { observer.AnswerFilledBuffer(m_name, answer.Length()); });
   return {};
 }
 
-DriverResult InstrumentSession::Reconnect(TimePoint deadline) {
-  m_connection = m_transport->Open(deadline);
-  if (m_connection.Succeeded() && m_options.Observer != nullptr) m_options.Observer->Reconnected(m_name);
+void InstrumentSession::GetInStep() {
+  if (!m_transport->Clear(m_options.Timeout)) {
+    Drop({DriverStatus::NotConnected});
+    return;
+  }
+  Forget();
+  Tell([this](IDriverObserver& observer) { observer.Cleared(m_name); });
+}
+
+DriverResult InstrumentSession::Connect(TimePoint& deadline) {
+  const bool connected = m_connection.Succeeded();
+  if (connected && m_transport->Stands()) return {};
+  if (DriverResult result = m_transport->Open(deadline); !result.Succeeded()) {
+    if (connected) return Fail(std::move(result));
+    m_connection = std::move(result);
+    return m_connection;
+  }
+  m_connection = {};
+  if (m_outOfStep) { // an instrument may keep its answers beyond the connection
+    m_transport->Clear(m_options.Timeout);
+    m_outOfStep = false;
+    deadline = Deadline();
+  }
+  Tell([&](IDriverObserver& observer) { connected ? observer.Restored(m_name) : observer.Reconnected(m_name); });
+  return {};
+}
+
+DriverResult InstrumentSession::Fail(DriverResult reason) {
+  Drop(std::move(reason));
+  m_outOfStep = true;
   return m_connection;
 }
 
-DriverResult InstrumentSession::Disconnect(DriverResult reason) {
+void InstrumentSession::Drop(DriverResult reason) {
   m_transport->Close();
-  m_input.Clear();
+  Forget();
   m_connection = std::move(reason);
-  return m_connection;
 }
 
-DriverResult InstrumentSession::Fill(TimePoint deadline) {
-  Received received = m_transport->Read(m_input.Space(), ReceiveBuffer::Capacity, deadline);
-  if (!received.Result.Succeeded()) return Disconnect(std::move(received.Result));
-  m_input.Filled(received.Count, received.End);
-  return {};
+void InstrumentSession::Forget() {
+  m_input.Clear();
+  m_unfinished.Forget();
+  m_markMayFollow = false;
+  m_outOfStep = false;
+}
+
+DriverResult InstrumentSession::Fill(TimePoint deadline, bool& anew) {
+  for (;;) {
+    Received received = m_transport->Read(m_input.Space(), ReceiveBuffer::Capacity, deadline);
+    if (received.Result.Status == DriverStatus::ReadTimeout) {
+      m_outOfStep = true;
+      return std::move(received.Result);
+    }
+    if (!received.Result.Succeeded()) return Fail(std::move(received.Result));
+    m_input.Filled(received.Count, received.End);
+    anew = received.Anew;
+    const bool lateMark = m_markMayFollow && received.Count == 0 && received.End && !anew;
+    m_markMayFollow = false;
+    if (!lateMark) return {};
+  }
+}
+
+template <typename News>
+void InstrumentSession::Tell(News news) const {
+  if (m_options.Observer != nullptr) news(*m_options.Observer);
 }
 
 } // namespace portico::drivers

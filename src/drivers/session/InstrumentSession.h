@@ -4,6 +4,7 @@
 #include "drivers/ReceiveBuffer.h"
 #include "drivers/ResourceName.h"
 #include "drivers/session/SessionAttributes.h"
+#include "drivers/session/UnfinishedAnswer.h"
 #include "platform/IDriverObserver.h"
 #include "system/Cancellation.h"
 
@@ -18,7 +19,7 @@ namespace portico::drivers {
 struct SessionOptions {
   /// Must outlive the sessions.
   IClock& Clock;
-  /// For each call as a whole: opening, writing, or reading one message.
+  /// For each call as a whole: opening, writing, or reading one message. Getting in step again takes as long once more.
   std::chrono::milliseconds Timeout = std::chrono::milliseconds(5000);
   /// Null, or must outlive the sessions.
   IDriverObserver* Observer = nullptr;
@@ -28,21 +29,26 @@ struct SessionOptions {
 
 /// One open instrument, over any transport.
 ///
-/// After a failed write or read it is out of step: an answer may still be on its way and would be taken for that of the
-/// next query. So the session drops the connection at once and makes a fresh one before the next write; a read until
-/// then fails at once, with the reason why there is none.
+/// After a read that timed out it is out of step: the answer may still be on its way. The next read goes on waiting for
+/// it. The next write first sees to it that no late answer is taken for that of the next query: by the transport's way
+/// to clear the instrument, or by a fresh connection. After any other failure the session drops the connection at once
+/// and makes a fresh one before the next write; a read until then fails at once, with the reason why there is none.
 class InstrumentSession {
 public:
   InstrumentSession(const ResourceName& name, std::unique_ptr<ITransport> transport, const SessionOptions& options);
 
   DriverResult Open();
 
+  /// Gives local control back, as far as that is possible, and drops the connection.
+  void Close() noexcept;
+
   /// Sends the text and a line feed, which most instruments on a bare socket wait for.
   DriverResult Write(const std::string& text);
 
   /// Fills `buffer` with one message and a zero byte, without the message's terminator. `count` includes the zero
   /// byte. Of a message that does not fit, the excess is consumed and lost, and `count` is the buffer's size. On
-  /// failure `count` is 0 and the bytes that the call had written are zero again.
+  /// failure `count` is 0 and the bytes that the call had written are zero again; what came before a time-out is kept
+  /// for the next read, as far as it fitted.
   DriverResult Read(std::span<char> buffer, std::int32_t& count);
 
   SessionAttributes& Attributes() { return m_attributes; }
@@ -52,10 +58,20 @@ public:
   void RememberFailure(const DriverResult& failure) { m_lastFailure = failure; }
 
 private:
-  DriverResult Reconnect(TimePoint deadline);
+  /// Sees to it that nothing that was asked is answered any more; without a way to, gives the connection up.
+  void GetInStep();
+  /// Makes a connection if there is none, or if the instrument has ended it. After a failure the instrument is cleared
+  /// as well, and the deadline put off.
+  DriverResult Connect(TimePoint& deadline);
   /// Gives the connection up and answers the failure that is the reason.
-  DriverResult Disconnect(DriverResult reason);
-  DriverResult Fill(TimePoint deadline);
+  DriverResult Fail(DriverResult reason);
+  void Drop(DriverResult reason);
+  /// Drops all that has come.
+  void Forget();
+  /// Waits for the next bytes; `anew` if the answer that was being read begins again with them.
+  DriverResult Fill(TimePoint deadline, bool& anew);
+  template <typename News>
+  void Tell(News news) const;
   TimePoint Deadline() const { return m_options.Clock.Now() + m_options.Timeout; }
 
   const std::string m_name;
@@ -63,6 +79,11 @@ private:
   const SessionOptions m_options;
   SessionAttributes m_attributes;
   ReceiveBuffer m_input;
+  UnfinishedAnswer m_unfinished;
+  /// The last answer ended with its terminator and nothing was there behind it: a mark that comes alone is its own.
+  bool m_markMayFollow = false;
+  /// What was asked may still be answered.
+  bool m_outOfStep = false;
   std::string m_output;
   /// A success while there is a connection, else why there is none.
   DriverResult m_connection = {DriverStatus::NotConnected};

@@ -36,10 +36,11 @@ bool Holds(std::string_view bytes, char byte) { return bytes.find(byte) != None;
 
 } // namespace
 
-MessageReader::MessageReader(Termination termination)
+MessageReader::MessageReader(Termination termination, Marks marks)
     : m_last(LastByte(termination)),
       m_first(FirstByte(termination)),
-      m_firstRequired(m_first != '\0' && termination != Termination::Auto) {}
+      m_firstRequired(m_first != '\0' && termination != Termination::Auto),
+      m_endsAtMark(marks == Marks::Ends && termination == Termination::Auto) {}
 
 std::size_t MessageReader::Feed(std::string_view bytes) {
   if (m_complete || bytes.empty()) return 0;
@@ -65,12 +66,14 @@ std::size_t MessageReader::FeedPlain(std::string_view bytes) {
   }
   if (m_state != State::ElementStart && m_state != State::Element) return None;
   if (Holds(bytes, '"') || Holds(bytes, '\'')) return None;
+  m_beforePrevious = bytes.size() > 1 ? bytes[bytes.size() - 2] : m_previous;
   m_previous = bytes.back();
   m_state = IsSeparator(m_previous) ? State::ElementStart : State::Element;
   return bytes.size();
 }
 
 std::size_t MessageReader::FindTerminator(std::string_view bytes) const {
+  if (m_endsAtMark) return None;
   std::size_t end = bytes.find(m_last);
   while (end != None && !EndsMessage(m_last, end == 0 ? m_previous : bytes[end - 1])) {
     end = bytes.find(m_last, end + 1);
@@ -79,7 +82,16 @@ std::size_t MessageReader::FindTerminator(std::string_view bytes) const {
 }
 
 bool MessageReader::EndsMessage(char byte, char before) const {
-  return byte == m_last && (!m_firstRequired || before == m_first);
+  return !m_endsAtMark && byte == m_last && (!m_firstRequired || before == m_first);
+}
+
+void MessageReader::End() {
+  if (m_complete) return;
+  if (m_endsAtMark && m_previous == m_last) {
+    Finish(m_beforePrevious);
+  } else {
+    m_complete = true;
+  }
 }
 
 void MessageReader::Finish(char before) {
@@ -93,6 +105,7 @@ std::size_t MessageReader::SkipBlockData(std::size_t available) {
   if (m_blockBytesLeft == 0) m_state = State::Element;
   // A carriage return that ends the data is no part of the terminator behind the block.
   m_previous = '\0';
+  m_beforePrevious = '\0';
   return static_cast<std::size_t>(skipped);
 }
 
@@ -102,6 +115,7 @@ void MessageReader::Step(char byte) {
     return;
   }
   m_state = NextState(byte);
+  m_beforePrevious = m_previous;
   m_previous = byte;
 }
 

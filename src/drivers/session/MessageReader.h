@@ -8,7 +8,16 @@
 
 namespace portico::drivers {
 
-/// Finds the end of one response message in a stream of bytes that comes in pieces of any size.
+/// Where the ends of a transport's messages are to be found.
+enum class Marks : bool {
+  /// The transport carries a mere stream of bytes.
+  None,
+  /// It marks them: a terminator in front of the mark goes with it, and no byte ends a message but the terminator that
+  /// was asked for by name.
+  Ends,
+};
+
+/// Finds the end of one response message in bytes that come in pieces of any size.
 ///
 /// Definite-length blocks (`#<n><length><bytes>`, IEEE 488.2) at the start of a data element are passed over unseen,
 /// whatever bytes they hold. `#H`, `#Q` and `#B` are numbers. An indefinite block (`#0`) ends at the terminator, as
@@ -16,14 +25,14 @@ namespace portico::drivers {
 /// instruments send no raw line feeds in strings, and a lone quote must not swallow the answers that follow.
 class MessageReader {
 public:
-  explicit MessageReader(Termination termination);
+  explicit MessageReader(Termination termination, Marks marks = Marks::None);
 
   /// Takes the next bytes and answers how many of them belong to the message, its terminator included: all of them
   /// unless the message is complete.
   std::size_t Feed(std::string_view bytes);
 
   /// The transport says that the message ends here, with or without terminator.
-  void End() { m_complete = true; }
+  void End();
 
   bool Complete() const { return m_complete; }
 
@@ -57,15 +66,18 @@ private:
   State ReadBlockLength(char byte);
 
   /// The terminator's last byte, the one before it (0 if there is none), and whether that one has to be there.
-  const char m_last;
-  const char m_first;
-  const bool m_firstRequired;
+  char m_last;
+  char m_first;
+  bool m_firstRequired;
+  /// Only the transport's mark ends the message.
+  bool m_endsAtMark;
 
   State m_state = State::ElementStart;
   bool m_complete = false;
   char m_quote = 0;
-  /// The byte before the next one; 0 if that is the message's first or stands behind a block.
+  /// The byte before the next one, and the one before that; 0 where the message begins or a block stands.
   char m_previous = 0;
+  char m_beforePrevious = 0;
   unsigned m_lengthDigitsLeft = 0;
   std::uint64_t m_blockBytesLeft = 0;
   std::size_t m_terminatorLength = 0;

@@ -1,11 +1,9 @@
 #include "drivers/session/InstrumentSession.h"
 
+#include "drivers/session/SessionFixture.h"
 #include "platform/IInstrumentDriver.h"
-#include "support/doubles/ManualClock.h"
-#include "support/doubles/ScriptedTransport.h"
 
 #include <array>
-#include <gmock/gmock.h>
 
 namespace portico::test {
 namespace {
@@ -15,32 +13,7 @@ using namespace drivers;
 using testing::Each;
 using testing::ElementsAre;
 
-class MockObserver : public IDriverObserver {
-public:
-  MOCK_METHOD(void, Reconnected, (const std::string& resourceName), (override));
-  MOCK_METHOD(void, AnswerFilledBuffer, (const std::string& resourceName, std::size_t length), (override));
-};
-
-class InstrumentSessionTest : public testing::Test {
-protected:
-  static constexpr auto Timeout = std::chrono::milliseconds(700);
-
-  void SetUp() override { ASSERT_TRUE(session.Open().Succeeded()); }
-
-  DriverResult Read(std::size_t size = 16) {
-    buffer.assign(size, '~');
-    return session.Read(buffer, count);
-  }
-
-  ManualClock clock;
-  testing::StrictMock<MockObserver> observer;
-  ScriptedTransport::Record transport;
-  InstrumentSession session{ResourceName(SocketAddress{0, "bench", 5025}),
-                            std::make_unique<ScriptedTransport>(transport),
-                            {clock, Timeout, &observer}};
-  std::string buffer;
-  std::int32_t count = -1;
-};
+class InstrumentSessionTest : public SessionFixture {};
 
 TEST_F(InstrumentSessionTest, EachCallHasOneDeadline) {
   const TimePoint start = clock.Now();
@@ -87,24 +60,6 @@ TEST_F(InstrumentSessionTest, ATerminatorBeyondTheBufferDoesNotCount) {
   EXPECT_EQ(buffer, std::string("123\0", 4));
 }
 
-TEST_F(InstrumentSessionTest, TheTransportsEndMarkEndsAMessage) {
-  transport.Piece("12");
-  transport.Piece("34", true);
-  transport.Piece("5\n", true);
-  EXPECT_TRUE(Read().Succeeded());
-  EXPECT_EQ(buffer.substr(0, 5), std::string("1234\0", 5));
-  EXPECT_TRUE(Read().Succeeded());
-  EXPECT_EQ(buffer.substr(0, 2), std::string("5\0", 2));
-}
-
-TEST_F(InstrumentSessionTest, TheEndMarkEndsTheLastOfSeveralMessages) {
-  transport.Piece("1\n2", true);
-  EXPECT_TRUE(Read().Succeeded());
-  EXPECT_EQ(buffer.substr(0, 2), std::string("1\0", 2));
-  EXPECT_TRUE(Read().Succeeded());
-  EXPECT_EQ(buffer.substr(0, 2), std::string("2\0", 2));
-}
-
 TEST_F(InstrumentSessionTest, TheTerminationInForceIsThatOfTheRead) {
   transport.Piece("1\r2\n");
   ASSERT_TRUE(session.Attributes().Set(TVSCPI_ATTR_TERMCHAR, 13).Succeeded());
@@ -113,51 +68,6 @@ TEST_F(InstrumentSessionTest, TheTerminationInForceIsThatOfTheRead) {
   ASSERT_TRUE(session.Attributes().Set(TVSCPI_ATTR_TERMCHAR, 10).Succeeded());
   EXPECT_TRUE(Read().Succeeded());
   EXPECT_EQ(buffer.substr(0, 2), std::string("2\0", 2));
-}
-
-TEST_F(InstrumentSessionTest, AFailedReadClosesAtOnceAndErasesWhatItWrote) {
-  transport.Piece("12");
-  transport.Fails(DriverStatus::ConnectionClosed);
-  EXPECT_EQ(Read(4).Status, DriverStatus::ConnectionClosed);
-  EXPECT_EQ(transport.closed, 1);
-  EXPECT_EQ(count, 0);
-  EXPECT_EQ(buffer, std::string("\0\0~~", 4));
-  EXPECT_EQ(Read().Status, DriverStatus::NotConnected);
-  EXPECT_EQ(transport.opened, 1);
-}
-
-TEST_F(InstrumentSessionTest, AFailedWriteClosesAtOnceAndTheNextReconnects) {
-  transport.Piece("1\nstale");
-  EXPECT_TRUE(Read().Succeeded());
-  transport.writeResult = {DriverStatus::WriteTimeout};
-  EXPECT_EQ(session.Write("A\r").Status, DriverStatus::WriteTimeout);
-  EXPECT_EQ(transport.closed, 1);
-  EXPECT_EQ(Read().Status, DriverStatus::NotConnected);
-  transport.writeResult = {};
-  transport.Piece("2\n");
-  EXPECT_CALL(observer, Reconnected("TCPIP0::bench::5025::SOCKET")).Times(1);
-  EXPECT_TRUE(session.Write("B\r").Succeeded());
-  EXPECT_EQ(transport.opened, 2);
-  EXPECT_TRUE(Read().Succeeded());
-  EXPECT_EQ(buffer.substr(0, 2), std::string("2\0", 2));
-}
-
-TEST_F(InstrumentSessionTest, WhileReconnectingFailsWritesAndReadsFailAndNothingIsSent) {
-  transport.Fails(DriverStatus::ReadTimeout);
-  EXPECT_EQ(Read().Status, DriverStatus::ReadTimeout);
-  transport.openResult = {DriverStatus::ConnectionRefused, "bench"};
-  EXPECT_EQ(session.Write("A\r").Status, DriverStatus::ConnectionRefused);
-  const DriverResult missing = Read();
-  EXPECT_EQ(missing.Status, DriverStatus::NotConnected);
-  EXPECT_EQ(missing.Detail, "bench, refused it");
-  transport.openResult = {DriverStatus::ConnectFailed, "bench, No route to host"};
-  EXPECT_EQ(session.Write("B\r").Status, DriverStatus::ConnectFailed);
-  EXPECT_EQ(Read().Detail, "bench, No route to host");
-  EXPECT_THAT(transport.written, testing::IsEmpty());
-  transport.openResult = {};
-  EXPECT_CALL(observer, Reconnected).Times(1);
-  EXPECT_TRUE(session.Write("C\r").Succeeded());
-  EXPECT_THAT(transport.written, ElementsAre("C\r\n"));
 }
 
 TEST_F(InstrumentSessionTest, AnEmptyBufferIsRefusedWithoutReading) {
@@ -184,6 +94,13 @@ TEST(InstrumentSession, NeedsNoObserver) {
   EXPECT_EQ(session.Read(buffer, count).Status, DriverStatus::ReadTimeout);
   EXPECT_TRUE(session.Write("A\r").Succeeded());
   EXPECT_EQ(transport.opened, 2);
+  transport.stands = false;
+  EXPECT_TRUE(session.Write("B\r").Succeeded());
+  EXPECT_EQ(transport.opened, 3);
+  EXPECT_EQ(session.Read(buffer, count).Status, DriverStatus::ReadTimeout);
+  transport.clears = true;
+  EXPECT_TRUE(session.Write("C\r").Succeeded());
+  EXPECT_EQ(transport.opened, 3);
 }
 
 } // namespace

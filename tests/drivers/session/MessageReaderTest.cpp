@@ -72,6 +72,29 @@ std::vector<Case> Cases() {
   };
 }
 
+/// The same, with the mark behind the whole stream.
+std::vector<Case> MarkedCases() {
+  const auto automatic = Termination::Auto;
+  return {
+      {"Line", automatic, "1.5\n", 4, 1},
+      {"CarriageReturnBelongsToTheTerminator", automatic, "1.5\r\n", 5, 2},
+      {"WithoutTerminator", automatic, "1.5", 3, 0},
+      {"Empty", automatic, "", 0, 0},
+      {"LineFeedAlone", automatic, "\n", 1, 1},
+      {"LineFeedsInside", automatic, "a\nb\r\nc\n\n", 8, 1},
+      {"CarriageReturnAlone", automatic, "1\r", 2, 0},
+      {"Block", automatic, "#15ab\ncd\n", 9, 1},
+      {"BlockWithoutTerminator", automatic, "#13ab\n", 6, 0},
+      {"BlockThatEndsInCarriageReturn", automatic, "#13ab\r\n", 7, 1},
+      {"BlockAndCrLf", automatic, "#13ab\r\r\n", 8, 2},
+      {"UnfinishedBlock", automatic, "#15ab\n", 6, 0},
+      {"IndefiniteBlock", automatic, "#0a\nb\r\n", 7, 2},
+      {"HashInString", automatic, "\"#14\n\"\n", 7, 1},
+      {"MarkBeforeTheTerminatorThatWasAskedFor", Termination::CarriageReturn, "1.5\n", 4, 0},
+      {"TheTerminatorThatWasAskedFor", Termination::CarriageReturn, "1.5\r", 4, 1},
+  };
+}
+
 class MessageReaderCase : public testing::TestWithParam<Case> {
 protected:
   /// Feeds the pieces, checks the reader after the last, and answers how many bytes it took.
@@ -111,6 +134,30 @@ TEST_P(MessageReaderCase, SplitAnywhere) {
     for (std::size_t second = first; second <= stream.size(); ++second) {
       SCOPED_TRACE(std::to_string(first) + " " + std::to_string(second));
       Check({stream.substr(0, first), stream.substr(first, second - first), stream.substr(second)});
+    }
+  }
+}
+
+class MarkedMessageCase : public testing::TestWithParam<Case> {};
+
+INSTANTIATE_TEST_SUITE_P(Streams, MarkedMessageCase, testing::ValuesIn(MarkedCases()), CaseName);
+
+TEST_P(MarkedMessageCase, SplitAnywhere) {
+  const Case& expected = GetParam();
+  const std::string_view stream = expected.stream;
+  for (std::size_t first = 0; first <= stream.size(); ++first) {
+    for (std::size_t second = first; second <= stream.size(); ++second) {
+      SCOPED_TRACE(std::to_string(first) + " " + std::to_string(second));
+      MessageReader reader(expected.termination, Marks::Ends);
+      std::size_t taken = 0;
+      for (const std::string_view piece :
+           {stream.substr(0, first), stream.substr(first, second - first), stream.substr(second)}) {
+        taken += reader.Feed(piece);
+      }
+      EXPECT_EQ(taken, expected.length);
+      reader.End();
+      EXPECT_TRUE(reader.Complete());
+      EXPECT_EQ(reader.TerminatorLength(), expected.terminator);
     }
   }
 }

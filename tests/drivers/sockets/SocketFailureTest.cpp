@@ -1,3 +1,4 @@
+#include "drivers/MockObserver.h"
 #include "drivers/SteadyClock.h"
 #include "drivers/standard/StandardTransports.h"
 #include "support/doubles/ScriptedServer.h"
@@ -9,12 +10,6 @@ namespace portico::test {
 namespace {
 
 using namespace drivers;
-
-class MockObserver : public IDriverObserver {
-public:
-  MOCK_METHOD(void, Reconnected, (const std::string& resourceName), (override));
-  MOCK_METHOD(void, AnswerFilledBuffer, (const std::string& resourceName, std::size_t length), (override));
-};
 
 /// The driver against an instrument on a socket that misbehaves.
 class SocketFailureTest : public testing::Test {
@@ -79,10 +74,19 @@ TEST_F(SocketFailureTest, ALateAnswerIsNeverThatOfTheNextQuery) {
   EXPECT_EQ(Read(), Code(DriverStatus::ReadTimeout));
   EXPECT_EQ(Message(Code(DriverStatus::ReadTimeout)),
             "Timeout expired before the answer was complete: " + Peer() + ".\n");
-  // The old connection is gone at once, and with it what the instrument would still say there.
-  server.WaitForNoClient();
+  server.Send("late\n");
+  // The old connection goes before the next command, and with it what the instrument says there.
   EXPECT_EQ(Query("Q?"), "1");
   EXPECT_EQ(server.Connections(), 2u);
+}
+
+TEST_F(SocketFailureTest, ASlowAnswerIsThereForTheNextRead) {
+  EXPECT_EQ(Write("SLOW?"), 0);
+  EXPECT_EQ(Read(), Code(DriverStatus::ReadTimeout));
+  server.Send("late\n");
+  EXPECT_EQ(Read(), 0);
+  EXPECT_STREQ(buffer.data(), "late");
+  EXPECT_EQ(server.Connections(), 1u);
 }
 
 TEST_F(SocketFailureTest, AnAnswerWithoutEndIsGivenUp) {

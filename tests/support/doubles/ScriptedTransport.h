@@ -3,7 +3,9 @@
 #include "drivers/ITransport.h"
 
 #include <algorithm>
+#include <chrono>
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,11 +22,19 @@ public:
     drivers::DriverResult writeResult = {};
     std::vector<std::string> written = {};
     std::vector<drivers::TimePoint> deadlines = {};
+    bool marksEnd = false;
+    bool stands = true;
+    /// What clearing answers, with the time-outs that it was given.
+    bool clears = false;
+    std::vector<std::chrono::milliseconds> clearings = {};
+    std::function<void()> onClear = {};
+    /// Of giving local control back.
+    std::vector<drivers::TimePoint> returns = {};
     int opened = 0;
     int closed = 0;
 
-    void Piece(std::string text, bool end = false) {
-      reads.push_back({{}, text.size(), end});
+    void Piece(std::string text, bool end = false, bool anew = false) {
+      reads.push_back({{}, text.size(), end, anew});
       bytes.push_back(std::move(text));
     }
     void Fails(drivers::DriverStatus status) {
@@ -37,6 +47,7 @@ public:
 
   drivers::DriverResult Open(drivers::TimePoint deadline) override {
     ++m_record.opened;
+    m_record.stands = true;
     m_record.deadlines.push_back(deadline);
     return m_record.openResult;
   }
@@ -55,6 +66,14 @@ public:
     m_record.bytes.pop_front();
     return received;
   }
+  bool MarksEnd() const override { return m_record.marksEnd; }
+  bool Stands() override { return m_record.stands; }
+  bool Clear(std::chrono::milliseconds timeout) override {
+    m_record.clearings.push_back(timeout);
+    if (m_record.onClear) m_record.onClear();
+    return m_record.clears;
+  }
+  void ReturnToLocal(drivers::TimePoint deadline) noexcept override { m_record.returns.push_back(deadline); }
 
 private:
   Record& m_record;

@@ -56,15 +56,15 @@ BatchRun::BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window,
 BatchRun::~BatchRun() {
   Create(Class::CmdSubscriptionAgent)->Unsubscribe(m_faults);
   m_news.AboutToWait = {};
-  m_news.ConnectionRenewed = {};
+  m_news.Recovered = {};
   m_news.AnswerDropped = {};
   m_window->Unload();
 }
 
 void BatchRun::ListenToNews() {
   m_news.AboutToWait.Connect([this] { m_out.flush(); });
-  m_news.ConnectionRenewed.Connect([this](const std::string& name) { // a read that succeeds ends its repetition
-    m_repeated.Failed(u"CReadCmd", {}, name + ": the connection was made anew; unread answers are lost");
+  m_news.Recovered.Connect([this](const std::string& what) { // a read that succeeds ends its repetition
+    m_repeated.Failed(u"CReadCmd", {}, what);
   });
   // It counts as a failure of the driver, but the channel has had an answer: nothing stops at it.
   m_news.AnswerDropped.Connect([this](std::size_t length) {

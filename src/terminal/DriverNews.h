@@ -10,13 +10,21 @@ class DriverNews final : public IDriverObserver {
 public:
   /// So does whoever else waits.
   Event<> AboutToWait;
-  /// With the instrument's name.
-  Event<const std::string&> ConnectionRenewed;
+  /// What the driver did to get along with the instrument again, behind its name.
+  Event<const std::string&> Recovered;
   /// With its length in bytes. An answer that fills the channel's buffer counts as none.
   Event<std::size_t> AnswerDropped;
 
   void Waits() override { AboutToWait(); }
-  void Reconnected(const std::string& resourceName) override { ConnectionRenewed(resourceName); }
+  void Reconnected(const std::string& resourceName) override {
+    Recovered(resourceName + ": the connection was made anew; unread answers are lost");
+  }
+  void Cleared(const std::string& resourceName) override {
+    Recovered(resourceName + ": cleared; unread answers are lost");
+  }
+  void Restored(const std::string& resourceName) override {
+    Recovered(resourceName + ": the instrument had closed the connection; it was made anew");
+  }
   void AnswerFilledBuffer(const std::string& /*resourceName*/, std::size_t length) override { AnswerDropped(length); }
 };
 

@@ -100,6 +100,17 @@ TEST_F(BatchRunFailureTest, FreshConnectionsAreToldOnceUntilThereIsAnAnswer) {
   EXPECT_EQ(Err.str(), notice + "\n" + notice + " (3 times)\n" + notice + "\n");
 }
 
+TEST_F(BatchRunFailureTest, WhatTheDriverDidToGoOnIsTold) {
+  TurnOffPacingAndChecking();
+  Driver->OnCall = [this](const std::string& call) {
+    if (call == "write A") News.Cleared("the name");
+    if (call == "write B") News.Restored("the name");
+  };
+  EXPECT_EQ(Run({u"A", u"B"}), 0);
+  EXPECT_EQ(Err.str(), "portico-run: the name: cleared; unread answers are lost\n"
+                       "portico-run: the name: the instrument had closed the connection; it was made anew\n");
+}
+
 TEST_F(BatchRunFailureTest, AnswerThatIsDroppedIsToldAndADriverFailureButNothingStopsAtIt) {
   TurnOffPacingAndChecking();
   Options.StopOnError = true;
@@ -116,6 +127,8 @@ TEST_F(BatchRunFailureTest, AnswerThatIsDroppedIsToldAndADriverFailureButNothing
 TEST_F(BatchRunFailureTest, NewsBehindTheRunGoNowhere) {
   EXPECT_EQ(Run({}), 0);
   News.Reconnected("the name");
+  News.Cleared("the name");
+  News.Restored("the name");
   News.AnswerFilledBuffer("the name", 1);
   EXPECT_EQ(Err.str(), "");
 }

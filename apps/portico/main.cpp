@@ -3,6 +3,8 @@
 #include "application/HostEnvironment.h"
 #include "application/Startup.h"
 #include "application/WindowProgram.h"
+#include "discovery/AttachedInstruments.h"
+#include "discovery/InstrumentSearch.h"
 #include "drivers/SteadyClock.h"
 #include "drivers/standard/DriverRegistry.h"
 #include "drivers/standard/StandardDriver.h"
@@ -34,7 +36,8 @@ struct Wiring {
   Wiring() {
     HuntERR::SetEnvironment(&m_environment);
     gInstrumentDriver = StandardDriver({m_clock});
-    gInstrumentList = std::make_shared<KnownInstruments>();
+    gInstrumentList = std::make_shared<KnownInstruments>(discovery::AttachedNames);
+    gInstrumentSearch = std::make_shared<discovery::InstrumentSearch>();
     gRegistry = std::make_shared<DriverRegistry>(ToUtf8(ApplicationVersion()));
   }
   Wiring(const Wiring&) = delete;
@@ -43,6 +46,7 @@ struct Wiring {
     modAppGlobals::ReleaseObjectFactory();
     modAppGlobals::ReleaseMainForm();
     gRegistry = nullptr;
+    gInstrumentSearch = nullptr;
     gInstrumentList = nullptr;
     gInstrumentDriver = nullptr;
     HuntERR::SetEnvironment(nullptr);

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/IInstrumentSearch.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace portico::discovery {
+
+/// An instrument for the list, out of bytes that came from elsewhere. `name` is in canonical form; one that does not
+/// read back as it stands, because of what a part of it holds, is none. Of the facts, such as maker and model, those
+/// that are not empty are told, with question marks for control characters.
+std::optional<FoundInstrument> ListedInstrument(std::string_view name, const std::vector<std::string>& facts);
+
+} // namespace portico::discovery

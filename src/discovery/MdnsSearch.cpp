@@ -1,0 +1,48 @@
+#include "discovery/MdnsSearch.h"
+
+#include "discovery/ServiceNames.h"
+#include "mdns/ServiceBrowser.h"
+
+#include <cstddef>
+#include <mutex>
+#include <utility>
+
+namespace portico::discovery {
+
+/// What the thread has found and nobody has taken yet.
+class MdnsSearch::Finds final : public mdns::IServiceListener {
+public:
+  void Found(const mdns::Service& service) override {
+    if (auto instrument = m_names.Add(service)) Put(std::move(*instrument));
+  }
+  void Settled() override {
+    for (FoundInstrument& instrument : m_names.Settle()) Put(std::move(instrument));
+  }
+  std::vector<FoundInstrument> Take() {
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_waiting, {});
+  }
+
+private:
+  static constexpr std::size_t Most = 1000;
+
+  void Put(FoundInstrument instrument) {
+    const std::lock_guard lock(m_mutex);
+    if (m_waiting.size() < Most) m_waiting.push_back(std::move(instrument));
+  }
+
+  ServiceNames m_names; // the thread's
+  std::mutex m_mutex;
+  std::vector<FoundInstrument> m_waiting;
+};
+
+MdnsSearch::MdnsSearch()
+    : m_finds(std::make_shared<Finds>()), m_task([finds = m_finds](const system::Cancellation& cancellation) {
+        mdns::BrowseServices(ServiceNames::Types(), *finds, cancellation);
+      }) {}
+
+MdnsSearch::~MdnsSearch() = default;
+
+std::vector<FoundInstrument> MdnsSearch::Take() { return m_finds->Take(); }
+
+} // namespace portico::discovery

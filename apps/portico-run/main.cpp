@@ -3,6 +3,7 @@
 #include "application/HostEnvironment.h"
 #include "application/Startup.h"
 #include "configuration/CConfigurationClient.h"
+#include "discovery/InstrumentSearch.h"
 #include "drivers/SteadyClock.h"
 #include "drivers/standard/StandardDriver.h"
 #include "framework/errors/HuntERR.h"
@@ -12,9 +13,11 @@
 #include "memory/SystemClock.h"
 #include "memory/UnseenBox.h"
 #include "terminal/BatchRun.h"
+#include "terminal/InstrumentLister.h"
 #include "terminal/console/Diagnostic.h"
 #include "terminal/console/FileSizeLimit.h"
 #include "terminal/console/StandardStreams.h"
+#include "ui/dialogs/KnownInstruments.h"
 
 #include <exception>
 #include <iostream>
@@ -61,6 +64,16 @@ struct Wiring {
   }
 };
 
+int List(const RunOptions& options) {
+  memory::SystemClock clock;
+  memory::EventLoop loop(clock);
+  KnownInstruments known;
+  discovery::InstrumentSearch search;
+  if (PrintInstruments(known, search, options.ListMilliseconds, loop, std::cout)) return 0;
+  std::cerr << Diagnostic("standard output cannot be written") << std::endl;
+  return static_cast<int>(ExitStatus::Internal);
+}
+
 int Run(const RunOptions& options) {
   memory::SystemClock clock;
   const auto loop = std::make_shared<memory::EventLoop>(clock);
@@ -103,6 +116,7 @@ int main(int argc, char** argv) try {
   }
   if (const auto* error = std::get_if<UsageError>(&request)) return Fail(error->Text);
   RunOptions options = std::get<RunOptions>(request);
+  if (options.List) return List(options);
   options.ShowProgress = IsProgressWelcome();
   options.ToTerminal = IsOutputShown();
   return Run(options);

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace portico {
 
@@ -34,5 +35,8 @@ extern std::shared_ptr<IInstrumentList> gInstrumentList;
 
 inline constexpr std::int32_t InstrumentTreeKind = 7;
 inline constexpr std::int32_t InstrumentBranch = 0;
+
+/// The names of the items that can be opened: those of the kinds "Visa" and "VInstr", in any case.
+std::vector<String> NamesThatOpen(IInstrumentList& list);
 
 } // namespace portico

@@ -91,15 +91,16 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   std::string instrument;
   std::string protocol = "SCPI";
   std::string timeout = "5000";
+  std::string listTime = "3000";
   std::string log;
   std::vector<std::string> settings;
 
   CLI::App app("Runs SCPI command files, or standard input, on an instrument and prints the conversation.",
                "portico-run");
   app.set_version_flag("--version", "portico-run " + ToUtf8(ApplicationVersion()), "Print the version and end");
-  app.add_option("INSTRUMENT", instrument,
-                 "Instrument name, such as TCPIP::192.168.1.5::5025::SOCKET or SIM::dmm::INSTR")
-      ->required();
+  auto* instrumentOption = app.add_option(
+      "INSTRUMENT", instrument, "Instrument name, such as TCPIP::192.168.1.5::5025::SOCKET or SIM::dmm::INSTR");
+  instrumentOption->required();
   app.add_option("FILE", options.Files, "Command files; - or none is standard input");
   app.add_option("--protocol", protocol, "SCPI or Other")->type_name("NAME")->capture_default_str();
   app.add_option("--option", settings, "A persisted option of the protocol, e.g. SCPIProtocolOPCPacing=Off; repeatable")
@@ -114,9 +115,28 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   app.add_flag("--stop-on-error", options.StopOnError,
                "End at the first error that the error query reports, or the first driver failure");
   app.add_flag("--quiet", options.Quiet, "No conversation on standard output");
+  auto* list = app.add_flag_callback(
+      "--list",
+      [&] {
+        options.List = true;
+        instrumentOption->required(false);
+      },
+      "Print the instruments that can be found, a name a line, and what they say of themselves behind a tab");
+  list->trigger_on_parse()->excludes(instrumentOption);
+  app.add_option("--list-time", listTime, "How long --list waits for answers")
+      ->type_name("MS")
+      ->capture_default_str()
+      ->needs(list);
   if (const auto ending = commandline::Parse(app, argc, argv)) {
     return std::visit([](const auto& text) { return std::variant<RunOptions, HelpText, UsageError>(text); }, *ending);
   }
+
+  const auto listMilliseconds = ReadWhole(listTime);
+  if (!listMilliseconds || *listMilliseconds < 1 || *listMilliseconds > LongestInterval) {
+    return UsageError{"--list-time " + listTime + ": use 1 to 65535 milliseconds"};
+  }
+  options.ListMilliseconds = *listMilliseconds;
+  if (options.List) return options;
 
   const Utf8Text name = FromUtf8(instrument);
   if (name.BadByte || Trim(name.Text).empty() || FindOutsideCodePage(name.Text)) {

@@ -22,6 +22,9 @@ struct RunOptions {
   /// Persisted options of that protocol with the values to write.
   std::vector<std::pair<String, String>> Options;
   int TimeoutMilliseconds = 5000;
+  /// Not a run: the instruments that can be found are listed. Then there is no instrument.
+  bool List = false;
+  int ListMilliseconds = 3000;
   bool StopOnError = false;
   bool Quiet = false;
   /// The XML log; empty for none.

@@ -254,10 +254,31 @@ TEST(RunOptions, MistakenCommandLineIsToldInOneLineThatPointsToTheHelp) {
 
 TEST(RunOptions, MissingInstrumentIsNamed) { EXPECT_EQ(ErrorOf({}), "INSTRUMENT is required; see portico-run --help"); }
 
+TEST(RunOptions, ListNeedsNoInstrument) {
+  EXPECT_FALSE(OptionsOf({"SIM::dmm::INSTR"}).List);
+  EXPECT_TRUE(OptionsOf({"--list"}).List);
+  EXPECT_EQ(OptionsOf({"--list"}).ListMilliseconds, 3000);
+  EXPECT_EQ(OptionsOf({"--list-time", "65535", "--list"}).ListMilliseconds, 65535);
+  EXPECT_EQ(OptionsOf({"--list", "--list-time", "1"}).ListMilliseconds, 1);
+}
+
+TEST(RunOptions, ListTimeIsFromOneMillisecondToTheLongestInterval) {
+  for (const char* const time : {"0", "-1", "65536", "3s", ""}) {
+    EXPECT_EQ(ErrorOf({"--list", "--list-time", time}),
+              std::string("--list-time ") + time + ": use 1 to 65535 milliseconds");
+  }
+}
+
+TEST(RunOptions, ListGoesWithNoInstrumentAndItsTimeWithNothingElse) {
+  EXPECT_EQ(ErrorOf({"--list", "SIM::dmm::INSTR"}), "INSTRUMENT excludes --list; see portico-run --help");
+  EXPECT_EQ(ErrorOf({"--list-time", "5", "SIM::dmm::INSTR"}), "--list-time requires --list; see portico-run --help");
+}
+
 TEST(RunOptions, HelpNamesEveryOption) {
   const std::string help = HelpOf({"--help"});
-  for (const char* const word : {"portico-run", "INSTRUMENT", "FILE", "--protocol", "--option", "--timeout",
-                                 "--stop-on-error", "--quiet", "--help", "--version", "NAME=VALUE", "5000"}) {
+  for (const char* const word :
+       {"portico-run", "INSTRUMENT", "FILE", "--protocol", "--option", "--timeout", "--stop-on-error", "--quiet",
+        "--list", "--list-time", "--help", "--version", "NAME=VALUE", "5000"}) {
     EXPECT_NE(help.find(word), std::string::npos) << word;
   }
   EXPECT_EQ(help.back(), '\n');

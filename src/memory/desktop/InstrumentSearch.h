@@ -2,7 +2,8 @@
 
 #include "platform/IInstrumentSearch.h"
 
-#include <string>
+#include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace portico::memory {
@@ -15,7 +16,7 @@ public:
   void Stop() noexcept override;
 
   /// An instrument answers.
-  void Find(String name) { m_found.push_back({std::move(name), {}}); }
+  void Find(String name, String description = {}) { m_found.push_back({std::move(name), std::move(description)}); }
   /// From now on whoever takes gets the error.
   void Fail(std::int32_t error) { m_error = error; }
   bool IsRunning() const { return m_isRunning; }

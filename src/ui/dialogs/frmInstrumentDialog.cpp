@@ -8,17 +8,7 @@
 namespace portico {
 namespace {
 
-constexpr StringView KindMark = u"->";
 constexpr std::int32_t SearchInterval = 200; // milliseconds
-
-/// The name of an item of a kind that is listed; nothing for any other.
-std::optional<String> ListedName(const String& itemName) {
-  const auto mark = itemName.find(KindMark);
-  if (mark == String::npos) return {};
-  const StringView kind = StringView(itemName).substr(0, mark);
-  if (!EqualNoCase(kind, u"Visa") && !EqualNoCase(kind, u"VInstr")) return {};
-  return itemName.substr(mark + KindMark.size());
-}
 
 bool IsListed(const IComboBox& list, StringView name) {
   for (std::int32_t i = 0; i < list.ListCount(); ++i) {
@@ -54,11 +44,7 @@ void frmInstrumentDialog::Form_Load() try {
 void frmInstrumentDialog::InitializeInstrumentList() try {
   if (!gInstrumentList) return; // a machine without the service has no list
   auto& list = Control<IComboBox>(u"txtInstrument");
-  const auto tree = gInstrumentList->OpenTree(InstrumentTreeKind);
-  const auto item = tree->SelectBranch(InstrumentBranch);
-  for (item->First(); !item->IsDone(); item->Next()) {
-    if (const auto name = ListedName(item->ItemName())) list.AddItem(*name);
-  }
+  for (const String& name : NamesThatOpen(*gInstrumentList)) list.AddItem(name);
   if (list.ListCount() > 0) list.ListIndex(0);
 } catch (...) {
   PassOn(u"frmInstrumentDialog.InitializeInstrumentList");

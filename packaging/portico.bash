@@ -38,7 +38,7 @@ _portico() {
   local word=${words[-1]} previous=${words[-2]}
   COMPREPLY=()
 
-  local with_value='--protocol|--option|--log|--timeout|--list-time|--device|--port|--bind|--seed|--fault|--format'
+  local with_value='--protocol|--option|--log|--timeout|--list-time|--device|--port|--bind|--seed|--fault|--format|--bench|--bench-csv'
   for ((index = 1; index < ${#words[@]} - 1; ++index)); do
     if [[ ${words[index]} != -?* && ! ${words[index - 1]} =~ ^($with_value)$ ]]; then positional=$((positional + 1)); fi
   done
@@ -50,14 +50,14 @@ _portico() {
   case $previous in
     --protocol) _portico_offer SCPI Other ;;
     --option) _portico_option ;;
-    --log) compopt -o default ;;
+    --log | --bench-csv) compopt -o default ;;
     --device) _portico_offer dmm psu scope ;;
     --format) _portico_offer csv json cmd ;;
-    --timeout | --list-time | --port | --bind | --seed | --fault) ;;
+    --timeout | --list-time | --port | --bind | --seed | --fault | --bench) ;;
     *)
       options='-h --help --version'
       case "$program ${words[*]:1}" in
-        portico-run*) options+=' --protocol --option --log --overwrite --timeout --stop-on-error --quiet --list --list-time' ;;
+        portico-run*) options+=' --protocol --option --log --overwrite --timeout --stop-on-error --quiet --list --list-time --bench --bench-csv' ;;
         portico-sim*) options+=' --device --port --serial --bind --seed --fault' ;;
         'portico-log export '*) options='-h --help --format' ;;
         'portico-log show '* | 'portico-log stats '*) options='-h --help' ;;

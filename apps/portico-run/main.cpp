@@ -14,6 +14,7 @@
 #include "memory/UnseenBox.h"
 #include "terminal/BatchRun.h"
 #include "terminal/InstrumentLister.h"
+#include "terminal/QueryBench.h"
 #include "terminal/console/Diagnostic.h"
 #include "terminal/console/FileSizeLimit.h"
 #include "terminal/console/StandardStreams.h"
@@ -74,6 +75,15 @@ int List(const RunOptions& options) {
   return static_cast<int>(ExitStatus::Internal);
 }
 
+int Measure(const RunOptions& options) {
+  const Interrupts interrupts([] {});
+  SteadyClock clock;
+  const auto driver = StandardDriver({clock, std::chrono::milliseconds(options.TimeoutMilliseconds)});
+  QueryBench bench(
+      options, *driver, [&interrupts] { return interrupts.Requested(); }, std::cout, std::cerr);
+  return static_cast<int>(bench.Run());
+}
+
 int Run(const RunOptions& options) {
   memory::SystemClock clock;
   const auto loop = std::make_shared<memory::EventLoop>(clock);
@@ -119,7 +129,7 @@ int main(int argc, char** argv) try {
   if (options.List) return List(options);
   options.ShowProgress = IsProgressWelcome();
   options.ToTerminal = IsOutputShown();
-  return Run(options);
+  return options.Bench ? Measure(options) : Run(options);
 } catch (const std::exception& error) {
   std::cerr << "portico-run: internal error\n" << error.what() << std::endl;
   return static_cast<int>(ExitStatus::Internal);

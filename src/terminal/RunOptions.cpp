@@ -15,6 +15,7 @@ namespace portico::terminal {
 namespace {
 
 constexpr int LongestTimeout = 3'600'000; // an hour
+constexpr int MostQueries = 1'000'000;
 
 std::optional<int> ReadWhole(std::string_view text) {
   int number = 0;
@@ -84,6 +85,21 @@ std::optional<UsageError> AddOption(RunOptions& options, const std::string& text
   return {};
 }
 
+/// Sets what is to be measured, or says what is wrong with it.
+std::optional<UsageError> AddBench(RunOptions& options, const std::pair<std::string, std::string>& numberAndQuery,
+                                   const std::string& csv) {
+  const auto& [count, query] = numberAndQuery;
+  const auto number = ReadWhole(count);
+  if (!number || *number < 1 || *number > MostQueries) {
+    return UsageError{"--bench " + count + ": use 1 to 1000000 queries"};
+  }
+  if (const std::string complaint = Complaint(ItemType::Command, query); !complaint.empty()) {
+    return UsageError{"--bench: '" + query + "' cannot be sent; " + complaint};
+  }
+  options.Bench = {static_cast<std::size_t>(*number), FromUtf8(query).Text, csv};
+  return {};
+}
+
 } // namespace
 
 std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const char* const* argv) {
@@ -94,6 +110,8 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   std::string listTime = "3000";
   std::string log;
   std::vector<std::string> settings;
+  std::pair<std::string, std::string> bench;
+  std::string benchCsv;
 
   CLI::App app("Runs SCPI command files, or standard input, on an instrument and prints the conversation.",
                "portico-run");
@@ -101,20 +119,28 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   auto* instrumentOption = app.add_option(
       "INSTRUMENT", instrument, "Instrument name, such as TCPIP::192.168.1.5::5025::SOCKET or SIM::dmm::INSTR");
   instrumentOption->required();
-  app.add_option("FILE", options.Files, "Command files; - or none is standard input");
-  app.add_option("--protocol", protocol, "SCPI or Other")->type_name("NAME")->capture_default_str();
-  app.add_option("--option", settings, "A persisted option of the protocol, e.g. SCPIProtocolOPCPacing=Off; repeatable")
-      ->type_name("NAME=VALUE")
-      ->allow_extra_args(false);
+  auto* files = app.add_option("FILE", options.Files, "Command files; - or none is standard input");
+  auto* protocolOption = app.add_option("--protocol", protocol, "SCPI or Other");
+  protocolOption->type_name("NAME")->capture_default_str();
+  auto* settingOption = app.add_option("--option", settings,
+                                       "A persisted option of the protocol, e.g. SCPIProtocolOPCPacing=Off; repeatable")
+                            ->type_name("NAME=VALUE")
+                            ->allow_extra_args(false);
   auto* logOption = app.add_option("--log", log, "Log the conversation to an XML file; an existing log is extended");
   logOption->type_name("FILE");
   app.add_flag("--overwrite", options.Overwrite, "Begin the log anew")->needs(logOption);
   app.add_option("--timeout", timeout, "The driver's time-out for one operation")
       ->type_name("MS")
       ->capture_default_str();
-  app.add_flag("--stop-on-error", options.StopOnError,
-               "End at the first error that the error query reports, or the first driver failure");
-  app.add_flag("--quiet", options.Quiet, "No conversation on standard output");
+  auto* stopOption = app.add_flag("--stop-on-error", options.StopOnError,
+                                  "End at the first error that the error query reports, or the first driver failure");
+  auto* quietOption = app.add_flag("--quiet", options.Quiet, "No conversation on standard output");
+  auto* benchOption =
+      app.add_option("--bench", bench, "Run no commands: ask a query N times and print what one takes in the driver");
+  benchOption->type_name("N QUERY");
+  app.add_option("--bench-csv", benchCsv, "Write what each query took to a file")
+      ->type_name("FILE")
+      ->needs(benchOption);
   auto* list = app.add_flag_callback(
       "--list",
       [&] {
@@ -159,6 +185,12 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   options.TimeoutMilliseconds = *milliseconds;
   for (const std::string& setting : settings) {
     if (auto error = AddOption(options, setting)) return *error;
+  }
+  if (benchOption->count() > 0) {
+    for (const CLI::Option* other : {files, protocolOption, settingOption, logOption, stopOption, quietOption}) {
+      if (other->count() > 0) return UsageError{"--bench runs no commands; leave out " + other->get_name()};
+    }
+    if (auto error = AddBench(options, bench, benchCsv)) return *error;
   }
   if (options.Files.empty()) options.Files.emplace_back("-");
   return options;

@@ -3,6 +3,8 @@
 #include "commandline/CommandLine.h"
 #include "framework/text/text.h"
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -12,6 +14,13 @@ namespace portico::terminal {
 
 using commandline::HelpText;
 using commandline::UsageError;
+
+/// A measurement in place of a run.
+struct BenchOptions {
+  std::size_t Queries = 0;
+  String Query;
+  std::string CsvFile; ///< the path for the samples; empty for none
+};
 
 /// What the command line of `portico-run` asks for, checked.
 struct RunOptions {
@@ -31,6 +40,7 @@ struct RunOptions {
   String LogFile;
   /// Begin the log anew.
   bool Overwrite = false;
+  std::optional<BenchOptions> Bench;
   /// Not an option of the command line: it follows from what the standard streams are.
   bool ShowProgress = false;
   /// Likewise: the conversation is shown on a terminal.

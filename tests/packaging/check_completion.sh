@@ -39,7 +39,7 @@ for command in portico-run portico-sim portico-log "portico-log show" "portico-l
   offered "$command -"
   expect "$command" "$(sorted <<< "$offered")" "$listed"
 done
-((seen >= 27)) || fault "only $seen options were found"
+((seen >= 31)) || fault "only $seen options were found"
 
 commands=$("$programs/portico-log" --help | sed -n '/^Subcommands:/,$s/^  \([a-z]*\) .*/\1/p' | xargs)
 at "portico-log " "$commands"

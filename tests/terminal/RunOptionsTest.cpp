@@ -56,6 +56,17 @@ TEST(RunOptions, FilesKeepTheirOrder) {
             (std::vector<std::string>{"b.cmd", "-", "a.cmd"}));
 }
 
+TEST(RunOptions, ABenchIsANumberAndAQueryWhereverItStands) {
+  EXPECT_FALSE(OptionsOf({SimulatedMeter}).Bench);
+  const RunOptions options = OptionsOf({"--bench", "50", "*IDN?", SimulatedMeter, "--bench-csv", "s.csv"});
+  ASSERT_TRUE(options.Bench);
+  EXPECT_EQ(options.Instrument, u"SIM::dmm::INSTR");
+  EXPECT_EQ(options.Bench->Queries, 50U);
+  EXPECT_EQ(options.Bench->Query, u"*IDN?");
+  EXPECT_EQ(options.Bench->CsvFile, "s.csv");
+  EXPECT_TRUE(OptionsOf({SimulatedMeter, "--bench", "50", "*IDN?"}).Bench);
+}
+
 TEST(RunOptions, LogIsOffUnlessAskedFor) {
   EXPECT_EQ(OptionsOf({"SIM::dmm::INSTR"}).LogFile, u"");
   const RunOptions options = OptionsOf({"--log", "\xC3\xA9tude.xml", "SIM::dmm::INSTR"});

@@ -84,7 +84,8 @@ bool QueryBench::Exchange(const std::string& text) {
 
 void QueryBench::Close() {
   if (m_interrupted()) {
-    Fail("interrupted after " + std::to_string(m_samples.size()) + " queries", ExitStatus::Interrupted);
+    const std::string done = std::to_string(m_samples.size()) + " of " + std::to_string(m_options.Bench->Queries);
+    Fail("interrupted after " + done + " queries", ExitStatus::Interrupted);
   }
   const std::int32_t status = m_driver.TVSCPI_close(m_session);
   if (status != 0) Fail(Message(status), ExitStatus::DriverFailure);

@@ -57,7 +57,7 @@ TEST(Bench, InterruptIs130AndLetsTheQueryComeToItsEnd) {
   server.Send("answer\n");
   const Outcome outcome = process.Wait();
   EXPECT_EQ(outcome.status, 130);
-  EXPECT_EQ(outcome.err, "portico-run: interrupted after 1 queries\n");
+  EXPECT_EQ(outcome.err, "portico-run: interrupted after 1 of 3 queries\n");
   EXPECT_EQ(server.Received(), "SLOW?\r\n");
 }
 

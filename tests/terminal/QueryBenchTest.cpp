@@ -140,7 +140,7 @@ TEST_F(QueryBenchTest, AnAnswerThatIsTooLongFails) {
 TEST_F(QueryBenchTest, AnInterruptEndsItBetweenTwoQueries) {
   m_interruptedAfter = 2;
   EXPECT_EQ(Run(), ExitStatus::Interrupted);
-  EXPECT_EQ(m_err.str(), "portico-run: interrupted after 2 queries\n");
+  EXPECT_EQ(m_err.str(), "portico-run: interrupted after 2 of 3 queries\n");
   EXPECT_EQ(m_out.str().substr(0, 11), "queries  2\n");
 }
 
@@ -148,7 +148,7 @@ TEST_F(QueryBenchTest, AQueryThatTheInterruptEndedIsNoFailure) {
   m_interruptedAfter = 1;
   m_reading.Status = -3;
   EXPECT_EQ(Run(), ExitStatus::Interrupted);
-  EXPECT_EQ(m_err.str(), "portico-run: interrupted after 0 queries\n");
+  EXPECT_EQ(m_err.str(), "portico-run: interrupted after 0 of 3 queries\n");
 }
 
 TEST_F(QueryBenchTest, ACloseThatFailsIsTold) {

@@ -5,7 +5,7 @@
 #include "configuration/CConfigurationClient.h"
 #include "discovery/InstrumentSearch.h"
 #include "drivers/SteadyClock.h"
-#include "drivers/standard/StandardDriver.h"
+#include "drivers/standard/ChosenDriver.h"
 #include "framework/errors/HuntERR.h"
 #include "memory/EventLoop.h"
 #include "memory/RichTextBox.h"
@@ -100,7 +100,9 @@ int Run(const RunOptions& options) {
   HuntERR::SetEnvironment(&environment);
   gEventLoop = loop;
   gSettingsStore = std::make_shared<memory::SettingsStore>();
-  gInstrumentDriver = StandardDriver({driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &news});
+  auto [driver, notice] = ChooseDriver({driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &news});
+  gInstrumentDriver = std::move(driver);
+  if (!notice.empty()) std::cerr << Diagnostic(notice) << std::endl;
   const auto window = New<TerminalWindow>(New<memory::RichTextBox>(), New<memory::UnseenBox>(),
                                           New<memory::RichTextBox>(), [&] { return interrupts.Requested(); });
   gMainForm = window;

@@ -6,8 +6,8 @@
 #include "discovery/AttachedInstruments.h"
 #include "discovery/InstrumentSearch.h"
 #include "drivers/SteadyClock.h"
+#include "drivers/standard/ChosenDriver.h"
 #include "drivers/standard/DriverRegistry.h"
-#include "drivers/standard/StandardDriver.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/shared/Application.h"
 #include "qt/Toolkit.h"
@@ -35,7 +35,9 @@ String CommandLine(int argc, char** argv) {
 struct Wiring {
   Wiring() {
     HuntERR::SetEnvironment(&m_environment);
-    gInstrumentDriver = StandardDriver({m_clock});
+    auto [driver, notice] = ChooseDriver({m_clock});
+    gInstrumentDriver = std::move(driver);
+    Notice = FromUtf8(notice).Text;
     gInstrumentList = std::make_shared<KnownInstruments>(discovery::AttachedNames);
     gInstrumentSearch = std::make_shared<discovery::InstrumentSearch>();
     gRegistry = std::make_shared<DriverRegistry>(ToUtf8(ApplicationVersion()));
@@ -52,6 +54,9 @@ struct Wiring {
     HuntERR::SetEnvironment(nullptr);
   }
 
+  /// What the user has to be told at the start.
+  String Notice;
+
 private:
   HostEnvironment m_environment;
   SteadyClock m_clock;
@@ -66,5 +71,6 @@ int main(int argc, char** argv) {
   const qt::Toolkit toolkit(qt::FindHelpFolder());
   const Wiring wiring;
   qt::EventLoop& loop = toolkit.Loop();
-  return RunWindow({[&loop] { loop.Run(); }, [&loop] { loop.FinishQuit(); }, loop.Quitting()}, commandLine);
+  return RunWindow({[&loop] { loop.Run(); }, [&loop] { loop.FinishQuit(); }, loop.Quitting()}, commandLine,
+                   wiring.Notice);
 }

@@ -2,11 +2,13 @@
 
 #include "application/Startup.h"
 #include "framework/errors/Quit.h"
+#include "framework/shared/Application.h"
+#include "platform/IDesktop.h"
 #include "ui/main/frmMain.h"
 
 namespace portico {
 
-int RunWindow(const WindowLoop& loop, const String& commandLine) {
+int RunWindow(const WindowLoop& loop, const String& commandLine, const String& notice) {
   Ref<frmMain> window;
   const auto makeWindow = [&](const std::function<void()>& createObjectFactory) {
     window = New<frmMain>(createObjectFactory);
@@ -21,6 +23,7 @@ int RunWindow(const WindowLoop& loop, const String& commandLine) {
   });
   try {
     modAppGlobals::Main({makeDocument, makeWindow, commandLine});
+    if (window && !notice.empty()) gMessageBox->Show(notice, ApplicationTitle);
     if (window) loop.Run();
   } catch (const Quit&) { // NOLINT(bugprone-empty-catch): it has done what it is for
   }

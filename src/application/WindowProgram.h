@@ -18,8 +18,8 @@ struct WindowLoop {
 };
 
 /// Shows the window, opens the instrument that the command line names, and stays at the bottom of the stack: whatever
-/// was running when the program was told to end comes down to here. Answers the exit status: 1 if the window could not
-/// be made.
-int RunWindow(const WindowLoop& loop, const String& commandLine);
+/// was running when the program was told to end comes down to here. A notice, unless it is empty, is shown in a box
+/// over the window. Answers the exit status: 1 if the window could not be made.
+int RunWindow(const WindowLoop& loop, const String& commandLine, const String& notice = {});
 
 } // namespace portico

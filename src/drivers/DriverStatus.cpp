@@ -47,6 +47,8 @@ constexpr std::array Statuses = {
                 "Timeout expired before the answer was complete", "gave no whole answer in time"},
     StatusEntry{DriverStatus::Cancelled, "TVSCPI_ERROR_CANCELLED", "The program is about to end", "was given up"},
     StatusEntry{DriverStatus::ProtocolError, "TVSCPI_ERROR_PROTOCOL", "The instrument broke the protocol"},
+    StatusEntry{DriverStatus::LibraryNotLoaded, "TVSCPI_ERROR_LIBRARY_NOT_LOADED",
+                "The driver library could not be loaded"},
 };
 
 const StatusEntry* Find(std::int32_t status) {

@@ -28,6 +28,7 @@ enum class DriverStatus : std::int32_t {
   ReadTimeout = -1151016,
   Cancelled = -1151017,
   ProtocolError = -1151018,
+  LibraryNotLoaded = -1151019,
 };
 
 /// How an operation ended, and the particulars that its message gives besides the status' own text.

@@ -348,6 +348,11 @@ LanProtocol LanDeviceAddress::Protocol() const {
   return EqualsIgnoringCase(start, HislipPrefix) ? LanProtocol::Hislip : LanProtocol::Vxi11;
 }
 
+bool ResourceName::IsSimulated(std::string_view text) {
+  constexpr std::string_view prefix = "SIM::";
+  return EqualsIgnoringCase(Trimmed(text).substr(0, prefix.size()), prefix);
+}
+
 ParseResult ResourceName::Parse(std::string_view text) {
   text = Trimmed(text);
   if (text.empty()) return Error("the name is empty; write ", Forms);

@@ -78,6 +78,9 @@ public:
   /// Reads a name; blanks around it do not count.
   static std::variant<ResourceName, ResourceNameError> Parse(std::string_view text);
 
+  /// Whether a text, valid or not, begins as the name of a simulated instrument does: with `SIM::`.
+  static bool IsSimulated(std::string_view text);
+
   InterfaceKind Kind() const { return static_cast<InterfaceKind>(m_address.index()); }
   const Address& GetAddress() const { return m_address; }
 

@@ -23,7 +23,11 @@ int32_t TVSCPI_close(int32_t session);
 /* Sends `text`, which already ends in a carriage return. */
 int32_t TVSCPI_WriteInstrData(int32_t session, const char* text);
 
-/* Fills `buffer` (of `size` bytes) with one response message; `count` is the bytes delivered, the last not data. */
+/*
+ * Fills `buffer` (of `size` bytes) with one response message; `count` is the bytes delivered, the last not data. A
+ * message that does not fit is consumed to its end and `count` is `size`. The console wipes the buffer before each call
+ * and takes the counted bytes alone: behind them, up to `size`, a library may leave whatever it likes.
+ */
 int32_t TVSCPI_ReadInstrData(int32_t session, int32_t size, char* buffer, int32_t* count);
 
 /* `zero` is 0 in the four attribute functions. */
@@ -32,7 +36,10 @@ int32_t TVSCPI_GetAttributeViString(int32_t session, int32_t zero, int32_t attri
 int32_t TVSCPI_SetAttributeViInt32(int32_t session, int32_t zero, int32_t attribute, int32_t value);
 int32_t TVSCPI_SetAttributeViString(int32_t session, int32_t zero, int32_t attribute, const char* text);
 
-/* Writes at most 254 bytes of text, a line feed and a zero byte. `session` 0 asks about the last failed open. */
+/*
+ * Writes at most 254 bytes of text, a line feed and a zero byte. The console takes the last two characters off,
+ * whatever they are. `session` 0 asks about the last open that failed.
+ */
 int32_t TVSCPI_error_message(int32_t session, int32_t status, char* buffer);
 
 #ifdef __cplusplus

@@ -27,7 +27,8 @@ public:
   virtual std::int32_t TVSCPI_WriteInstrData(std::int32_t session, const std::string& text) = 0;
 
   /// Fills `buffer` (of `size` bytes) with one response message. `count` is the number of bytes delivered, the last of
-  /// which is not part of the data. A message that does not fit is consumed to its end and `count` is `size`.
+  /// which is not part of the data; what stands behind them in the buffer is of no meaning, and nobody looks at it.
+  /// A message that does not fit is consumed to its end and `count` is `size`.
   virtual std::int32_t TVSCPI_ReadInstrData(std::int32_t session, std::int32_t size, char* buffer,
                                             std::int32_t& count) = 0;
 

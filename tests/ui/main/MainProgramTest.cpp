@@ -11,8 +11,8 @@ protected:
   MainProgramTest() { HasSpies = false; }
 
   /// The whole program, whose loop does this.
-  int RunProgram(const std::function<void()>& run) {
-    return RunWindow({run, [this] { Loop->FinishQuit(); }, m_quitting}, u"DMM");
+  int RunProgram(const std::function<void()>& run, const String& notice = {}) {
+    return RunWindow({run, [this] { Loop->FinishQuit(); }, m_quitting}, u"DMM", notice);
   }
 
 private:
@@ -103,10 +103,29 @@ TEST_F(MainProgramTest, AFailingCommandIsShownByTheItemsOwnHandler) {
   EXPECT_TRUE(MemoryForm().IsShown());
 }
 
+TEST_F(MainProgramTest, ANoticeIsShownOnceTheWindowIsUpAndTheProgramGoesOn) {
+  Box->Answer();
+  Box->OnShow = [](const auto&) { EXPECT_TRUE(gMainForm); };
+  bool hasRun = false;
+  EXPECT_EQ(RunProgram([&] { hasRun = true; }, u"the notice"), 0);
+  EXPECT_TRUE(hasRun);
+  ASSERT_EQ(Box->Calls().size(), 1U);
+  EXPECT_EQ(Box->Calls()[0], (memory::MessageBox::Call{u"the notice", u"Tolvane Portico"}));
+}
+
+TEST_F(MainProgramTest, AnOrderToQuitWhileTheNoticeIsUpEndsTheProgram) {
+  Box->OnShow = [this](const auto&) { Loop->RequestQuit(); };
+  bool hasRun = false;
+  EXPECT_EQ(RunProgram([&] { hasRun = true; }, u"the notice"), 0);
+  EXPECT_FALSE(hasRun);
+  EXPECT_EQ(Wire.back(), "close");
+}
+
 TEST_F(MainProgramTest, WithoutAWindowItEndsWithOneAndWaitsForNothing) {
   gForms = std::make_shared<NoForms>();
   bool hasWaited = false;
-  EXPECT_EQ(RunProgram([&] { hasWaited = true; }), 1);
+  EXPECT_EQ(RunProgram([&] { hasWaited = true; }, u"the notice"), 1);
+  ExpectNoBox();
   EXPECT_FALSE(hasWaited);
   EXPECT_EQ(Wire, test::Journal{});
 }

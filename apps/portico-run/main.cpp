@@ -78,7 +78,8 @@ int List(const RunOptions& options) {
 int Measure(const RunOptions& options) {
   const Interrupts interrupts([] {});
   SteadyClock clock;
-  const auto driver = StandardDriver({clock, std::chrono::milliseconds(options.TimeoutMilliseconds)});
+  const auto [driver, notice] = ChooseDriver({clock, std::chrono::milliseconds(options.TimeoutMilliseconds)});
+  if (!notice.empty()) std::cerr << Diagnostic(notice) << std::endl;
   QueryBench bench(
       options, *driver, [&interrupts] { return interrupts.Requested(); }, std::cout, std::cerr);
   return static_cast<int>(bench.Run());

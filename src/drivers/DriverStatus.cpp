@@ -49,6 +49,7 @@ constexpr std::array Statuses = {
     StatusEntry{DriverStatus::ProtocolError, "TVSCPI_ERROR_PROTOCOL", "The instrument broke the protocol"},
     StatusEntry{DriverStatus::LibraryNotLoaded, "TVSCPI_ERROR_LIBRARY_NOT_LOADED",
                 "The driver library could not be loaded"},
+    StatusEntry{DriverStatus::InternalError, "TVSCPI_ERROR_INTERNAL", "The driver failed"},
 };
 
 const StatusEntry* Find(std::int32_t status) {

@@ -29,6 +29,7 @@ enum class DriverStatus : std::int32_t {
   Cancelled = -1151017,
   ProtocolError = -1151018,
   LibraryNotLoaded = -1151019,
+  InternalError = -1151020,
 };
 
 /// How an operation ended, and the particulars that its message gives besides the status' own text.

@@ -35,6 +35,7 @@ constexpr std::array Rows = {
     StatusRow{-1151017, "TVSCPI_ERROR_CANCELLED", "The program is about to end."},
     StatusRow{-1151018, "TVSCPI_ERROR_PROTOCOL", "The instrument broke the protocol."},
     StatusRow{-1151019, "TVSCPI_ERROR_LIBRARY_NOT_LOADED", "The driver library could not be loaded."},
+    StatusRow{-1151020, "TVSCPI_ERROR_INTERNAL", "The driver failed."},
 };
 
 TEST(DriverStatus, EveryStatusHasItsNumberNameAndMessage) {

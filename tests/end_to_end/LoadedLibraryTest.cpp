@@ -57,5 +57,28 @@ TEST(LoadedLibrary, AWarningIsAFailureAndItsMessageLosesTwoCharacters) {
   EXPECT_EQ(outcome.out, "> WARN?\n< A warnin\n");
 }
 
+TEST(LoadedLibrary, OurOwnTransportsAsALibrarySayTheSame) {
+  const SimulatorProgram simulator;
+  const std::string lines = "*CLS\n*IDN?\nMEAS:VOLT:DC?\nREM a remark\nFOO\nCONF:CURR\n*ESR?\n";
+  const Arguments arguments = {"--option", "SCPIProtocolTerminationCharacter=LF", simulator.ResourceName()};
+  const Outcome without = RunPortico(arguments, lines + "*RST\n");
+  const SimulatorProgram another;
+  const Outcome with =
+      RunWithLibrary(PORTICO_DRIVER_LIBRARY, {arguments[0], arguments[1], another.ResourceName()}, lines + "*RST\n");
+  EXPECT_EQ(with.status, 1);
+  EXPECT_NE(with.out.find("> *IDN?\n< "), std::string::npos) << with.out;
+  EXPECT_EQ(with.status, without.status);
+  EXPECT_EQ(with.out, without.out);
+  EXPECT_EQ(with.err, without.err);
+}
+
+TEST(LoadedLibrary, OurOwnTransportsAsALibraryTellWhyAnOpenFailed) {
+  const Arguments arguments = {"TCPIP::127.0.0.1::1::SOCKET"};
+  const Outcome with = RunWithLibrary(PORTICO_DRIVER_LIBRARY, arguments);
+  EXPECT_EQ(with.status, 3);
+  EXPECT_NE(with.err.find("The instrument refused the connection: 127.0.0.1, port 1."), std::string::npos) << with.err;
+  EXPECT_EQ(with.err, RunPortico(arguments).err);
+}
+
 } // namespace
 } // namespace portico::test

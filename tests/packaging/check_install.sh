@@ -33,6 +33,28 @@ must_be_gzip share/doc/portico/changelog.Debian.gz
 [[ $(zcat "$place/share/doc/portico/changelog.Debian.gz") == "portico ($version-"*") "* ]] ||
   fault "the package's changes do not begin with version $version"
 
+# The driver serves a program in C and one in Python.
+must_exist include/portico/TVSCPI_32.h
+library=lib/$(gcc -dumpmachine)/portico/libportico-driver.so
+must_exist "$library"
+library=$place/$library
+exported=$(nm -D --defined-only "$library" | sed 's/.* //' | sort | xargs)
+header=$(grep -o 'TVSCPI_[A-Za-z0-9_]*(' "$place/include/portico/TVSCPI_32.h" | tr -d '(' | sort | xargs)
+[[ $exported == "$header" ]] || fault "the library exports \"$exported\" instead of \"$header\""
+(($(wc -w <<< "$header") == 9)) || fault "the header does not tell nine functions"
+examples=$place/share/doc/portico/examples/driver
+gcc -std=c11 -Wall -Wextra -Wpedantic -Werror -I"$place/include" "$examples/query.c" -o "$place/query" \
+  -L"${library%/*}" -lportico-driver "-Wl,-rpath,${library%/*}" || fault "the example in C does not build"
+# A library that was built with the sanitizer wants that loaded first.
+first=$(ldd "$library" | sed -n 's/.* => \(.*libasan[^ ]*\) .*/\1/p')
+for query in "env ASAN_OPTIONS=detect_leaks=0 LD_PRELOAD=$first $place/query" \
+  "env ASAN_OPTIONS=detect_leaks=0 LD_PRELOAD=$first PORTICO_DRIVER=$library /usr/bin/python3 $examples/query.py"; do
+  answer=$($query SIM::dmm::INSTR SYST:VERS?) || fault "$query fails"
+  [[ $answer == 1999.0 ]] || fault "$query answers \"$answer\""
+  told=$($query nonsense '*IDN?' 2>&1) && fault "$query opens nonsense"
+  [[ $told == "The instrument name is not valid: "*. ]] || fault "$query says \"$told\""
+done
+
 # Every option that a program tells is on its page.
 options_of() { "$place/bin/$@" --help | grep -oE -- '--[a-z][a-z-]*' | sort -u; }
 page_of() { zcat "$place/share/man/man1/$1.1.gz" | sed 's/\\-/-/g'; }

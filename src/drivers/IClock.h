@@ -14,7 +14,7 @@ public:
 
   virtual TimePoint Now() const = 0;
 
-  /// Blocks until `moment`; returns at once if that is past.
+  /// Blocks until `moment`; returns at once if that is past, and before if the program is to end.
   virtual void SleepUntil(TimePoint moment) = 0;
 };
 

@@ -1,5 +1,7 @@
 #include "drivers/serial/SerialTransport.h"
 
+#include "drivers/SteadyClock.h"
+#include "drivers/serial/LineDrain.h"
 #include "system/DescriptorWait.h"
 
 #include <algorithm>
@@ -121,19 +123,14 @@ void SerialTransport::Close() noexcept {
   m_port = -1;
 }
 
-/// Waits until all is out, for as long as the line takes for it, and drops the rest: closing the port would wait half a
-/// minute for an instrument that holds it up. The system tells of no event here that could be waited for.
+/// What is not out in time is dropped: closing the port would wait half a minute for an instrument that holds it up.
 void SerialTransport::Drain() const noexcept {
-  constexpr unsigned bitsPerByte = 12;
-  int queued = 0;
-  if (::ioctl(m_port, TIOCOUTQ, &queued) != 0 || queued <= 0) return;
-  const auto need = std::chrono::milliseconds(100 + 1000LL * bitsPerByte * queued / m_line.Speed);
-  const TimePoint deadline = TimePoint::clock::now() + need;
-  while (!m_stuck && queued > 0 && TimePoint::clock::now() < deadline) {
-    ::poll(nullptr, 0, 1);
-    if (::ioctl(m_port, TIOCOUTQ, &queued) != 0) return;
-  }
-  if (queued > 0) ::tcflush(m_port, TCOFLUSH);
+  const auto queued = [port = m_port] {
+    int count = 0;
+    return ::ioctl(port, TIOCOUTQ, &count) == 0 ? count : 0;
+  };
+  SteadyClock clock(m_cancellation);
+  if ((m_stuck ? queued() : DrainLine(queued, m_line, clock, m_cancellation)) > 0) ::tcflush(m_port, TCOFLUSH);
 }
 
 DriverResult SerialTransport::Write(std::string_view bytes, TimePoint deadline) {

@@ -4,8 +4,9 @@
 
 namespace portico::drivers {
 
-SimulatedTransport::SimulatedTransport(std::string device, SimulatorConnector connect, IClock& clock)
-    : m_device(std::move(device)), m_connect(std::move(connect)), m_clock(clock) {}
+SimulatedTransport::SimulatedTransport(std::string device, SimulatorConnector connect, IClock& clock,
+                                       const system::Cancellation* cancellation)
+    : m_device(std::move(device)), m_connect(std::move(connect)), m_clock(clock), m_cancellation(cancellation) {}
 
 DriverResult SimulatedTransport::Open(TimePoint /*deadline*/) {
   Close();
@@ -26,21 +27,24 @@ DriverResult SimulatedTransport::Write(std::string_view bytes, TimePoint /*deadl
 }
 
 Received SimulatedTransport::Read(char* buffer, std::size_t size, TimePoint deadline) {
-  if (m_position == m_response.size() && !AwaitResponse(deadline)) return {{DriverStatus::ReadTimeout, m_device}};
+  if (m_position == m_response.size()) {
+    if (DriverResult result = AwaitResponse(deadline); !result.Succeeded()) return {std::move(result)};
+  }
   const std::size_t count = std::min(size, m_response.size() - m_position);
   std::copy_n(m_response.data() + m_position, count, buffer);
   m_position += count;
   return {{}, count};
 }
 
-bool SimulatedTransport::AwaitResponse(TimePoint deadline) {
+DriverResult SimulatedTransport::AwaitResponse(TimePoint deadline) {
   for (;;) {
+    if (m_cancellation != nullptr && m_cancellation->Requested()) return {DriverStatus::Cancelled, m_device};
     const TimePoint now = m_clock.Now();
-    if (now >= deadline) return false;
+    if (now >= deadline) return {DriverStatus::ReadTimeout, m_device};
     if (auto response = m_connection->Read(now); response && !response->empty()) {
       m_response = std::move(*response);
       m_position = 0;
-      return true;
+      return {};
     }
     const auto event = m_connection->NextEvent();
     AboutToWait();

@@ -2,6 +2,7 @@
 
 #include "drivers/ITransport.h"
 #include "simulator/status/SimulatedConnection.h"
+#include "system/Cancellation.h"
 
 #include <functional>
 #include <memory>
@@ -17,8 +18,9 @@ using SimulatorConnector = std::function<std::unique_ptr<simulator::SimulatedCon
 /// as it does when it is served over a socket.
 class SimulatedTransport final : public ITransport {
 public:
-  /// `clock` must outlive the transport.
-  SimulatedTransport(std::string device, SimulatorConnector connect, IClock& clock);
+  /// `clock` must outlive the transport, and so must `cancellation`, which may be null.
+  SimulatedTransport(std::string device, SimulatorConnector connect, IClock& clock,
+                     const system::Cancellation* cancellation = nullptr);
 
   /// Makes a fresh connection; the instrument is as the last one left it.
   DriverResult Open(TimePoint deadline) override;
@@ -28,12 +30,13 @@ public:
   Received Read(char* buffer, std::size_t size, TimePoint deadline) override;
 
 private:
-  /// Takes the next response message over into `m_response`; false if there is none by the deadline.
-  bool AwaitResponse(TimePoint deadline);
+  /// Takes the next response message over into `m_response`.
+  DriverResult AwaitResponse(TimePoint deadline);
 
   const std::string m_device;
   const SimulatorConnector m_connect;
   IClock& m_clock;
+  const system::Cancellation* const m_cancellation;
   std::unique_ptr<simulator::SimulatedConnection> m_connection;
   std::string m_response;
   /// How much of `m_response` has been read.

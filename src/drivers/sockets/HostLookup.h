@@ -2,6 +2,7 @@
 
 #include "drivers/DriverStatus.h"
 #include "drivers/IClock.h"
+#include "system/Cancellation.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -20,7 +21,8 @@ struct HostLookup {
 };
 
 /// Finds the addresses of a name, or reads an IPv4 or IPv6 address. Gives up at `deadline`, although the system's own
-/// look-up may take longer: that then ends unheard on a thread of its own.
-HostLookup LookUpHost(const std::string& host, std::uint16_t port, TimePoint deadline);
+/// look-up may take longer: that then ends unheard on a thread of its own. `cancellation` may be null.
+HostLookup LookUpHost(const std::string& host, std::uint16_t port, TimePoint deadline,
+                      const system::Cancellation* cancellation = nullptr);
 
 } // namespace portico::drivers

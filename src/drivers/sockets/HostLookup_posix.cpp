@@ -1,9 +1,14 @@
 #include "drivers/sockets/HostLookup.h"
 
+#include "system/DescriptorWait.h"
+#include "system/WakePipe.h"
+
+#include <cerrno>
 #include <cstring>
 #include <future>
 #include <memory>
 #include <netdb.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <system_error>
 #include <thread>
@@ -31,14 +36,21 @@ HostLookup Ask(const std::string& host, std::uint16_t port, int flags) {
 
 } // namespace
 
-HostLookup LookUpHost(const std::string& host, std::uint16_t port, TimePoint deadline) {
+HostLookup LookUpHost(const std::string& host, std::uint16_t port, TimePoint deadline,
+                      const system::Cancellation* cancellation) {
   // An address needs no look-up, and so no thread.
   if (HostLookup numeric = Ask(host, port, AI_NUMERICHOST); numeric.Result.Succeeded()) return numeric;
   try {
+    const auto done = std::make_shared<system::WakePipe>();
     std::packaged_task<HostLookup()> task([host, port] { return Ask(host, port, 0); });
     std::future<HostLookup> answer = task.get_future();
-    std::thread(std::move(task)).detach();
-    if (answer.wait_until(deadline) == std::future_status::ready) return answer.get();
+    std::thread([task = std::move(task), done]() mutable {
+      task();
+      done->Wake();
+    }).detach();
+    const int error = system::WaitFor(done->Descriptor(), POLLIN, deadline, cancellation);
+    if (error == 0) return answer.get();
+    if (error == ECANCELED) return {{DriverStatus::Cancelled, "the look-up of the name " + host}};
   } catch (const std::system_error& error) {
     return {{DriverStatus::ConnectFailed, host + ", " + error.what()}};
   }

@@ -27,12 +27,13 @@ TcpConnector::TcpConnector(std::string host, std::uint16_t port, const system::C
       m_cancellation(cancellation) {}
 
 TcpConnection TcpConnector::Connect(TimePoint deadline) {
-  HostLookup lookup = LookUpHost(m_host, m_port, deadline);
+  HostLookup lookup = LookUpHost(m_host, m_port, deadline, m_cancellation);
   TcpConnection connection = {std::move(lookup.Result)};
   for (std::size_t i = 0; i < lookup.Addresses.size(); ++i) {
     const TimePoint now = TimePoint::clock::now();
     const auto shares = static_cast<TimePoint::rep>(lookup.Addresses.size() - i);
     connection = ConnectTo(lookup.Addresses[i], now + (deadline - now) / shares);
+    if (connection.Result.Status == DriverStatus::Cancelled) break;
     if (!connection.Result.Succeeded()) continue;
     m_reached = std::move(lookup.Addresses[i]);
     break;

@@ -35,9 +35,10 @@ TransportRegistry StandardTransports(SimulatorConnector connect, IClock& clock,
   transports[InterfaceKind::Serial] = [cancellation](const ResourceName& name) {
     return std::make_unique<SerialTransport>(std::get<SerialAddress>(name.GetAddress()), cancellation);
   };
-  transports[InterfaceKind::Simulated] = [connect = std::move(connect), &clock](const ResourceName& name) {
+  transports[InterfaceKind::Simulated] = [connect = std::move(connect), &clock,
+                                          cancellation](const ResourceName& name) {
     const auto& address = std::get<SimulatedAddress>(name.GetAddress());
-    return std::make_unique<SimulatedTransport>(address.Device, connect, clock);
+    return std::make_unique<SimulatedTransport>(address.Device, connect, clock, cancellation);
   };
   return transports;
 }

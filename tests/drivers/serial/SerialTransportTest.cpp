@@ -254,6 +254,20 @@ TEST(SerialTransport, APortThatWasPulledOutIsLost) {
             instrument.Path() + ", there is no such serial port; check its name and that it is plugged in");
 }
 
+TEST(SerialTransport, TheOrderToGiveUpEndsAReadAWriteAndClearing) {
+  const SerialInstrument deaf;
+  system::Cancellation cancellation;
+  SerialTransport transport({deaf.Path()}, &cancellation);
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  transport.OnWait([&] { cancellation.Request(); });
+  char byte = '~';
+  const Received received = transport.Read(&byte, 1, In(std::chrono::hours(1)));
+  EXPECT_EQ(received.Result.Status, DriverStatus::Cancelled);
+  EXPECT_EQ(received.Result.Detail, deaf.Path());
+  EXPECT_EQ(transport.Write(std::string(1'000'000, 'x'), In(std::chrono::hours(1))).Status, DriverStatus::Cancelled);
+  EXPECT_FALSE(transport.Clear(std::chrono::hours(1)));
+}
+
 TEST(SerialTransport, ClearingDropsWhatComesUntilTheLineIsSilent) {
   SerialInstrument instrument(InstrumentScript{});
   SerialTransport transport({instrument.Path()});

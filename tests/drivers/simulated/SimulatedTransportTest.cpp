@@ -112,6 +112,21 @@ TEST_F(SimulatedTransportTest, OpeningAgainGivesAFreshConnection) {
   EXPECT_THAT(devices, testing::SizeIs(2));
 }
 
+TEST(SimulatedTransport, TheOrderToGiveUpEndsARead) {
+  ManualClock clock;
+  system::Cancellation cancellation;
+  std::string received;
+  SimulatedTransport transport(
+      "dmm", [&](const std::string&) { return std::make_unique<ScriptedConnection>(InstrumentScript{}, received); },
+      clock, &cancellation);
+  ASSERT_TRUE(transport.Open(clock.Now()).Succeeded());
+  transport.OnWait([&] { cancellation.Request(); });
+  char byte = '~';
+  const Received given = transport.Read(&byte, 1, clock.Now() + std::chrono::hours(1));
+  EXPECT_EQ(given.Result.Status, DriverStatus::Cancelled);
+  EXPECT_EQ(given.Result.Detail, "dmm");
+}
+
 TEST(SimulatedTransport, ADeviceThatDoesNotExistCannotBeOpened) {
   ManualClock clock;
   SimulatedTransport transport(

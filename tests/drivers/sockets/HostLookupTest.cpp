@@ -32,6 +32,20 @@ TEST(HostLookup, AnUnknownNameIsSaidToBeOne) {
   EXPECT_THAT(lookup.Addresses, testing::IsEmpty());
 }
 
+TEST(HostLookup, TheOrderToGiveUpEndsTheWaitForTheSystem) {
+  system::Cancellation cancellation;
+  cancellation.Request();
+  const HostLookup lookup = LookUpHost(ImpossibleName, 5025, Soon(), &cancellation);
+  EXPECT_EQ(lookup.Result.Status, DriverStatus::Cancelled);
+  EXPECT_EQ(lookup.Result.Detail, "the look-up of the name a..b");
+}
+
+TEST(HostLookup, ALookUpThatTakesTooLongIsGivenUp) {
+  const HostLookup lookup = LookUpHost(ImpossibleName, 5025, TimePoint());
+  EXPECT_EQ(lookup.Result.Status, DriverStatus::ConnectTimeout);
+  EXPECT_EQ(lookup.Result.Detail, "the look-up of the name a..b");
+}
+
 TEST(HostLookup, ThePortIsPartOfTheAddress) {
   EXPECT_NE(LookUpHost("127.0.0.1", 1, Soon()).Addresses, LookUpHost("127.0.0.1", 2, Soon()).Addresses);
 }

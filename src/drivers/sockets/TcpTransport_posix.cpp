@@ -3,12 +3,17 @@
 #include "system/DescriptorWait.h"
 
 #include <cerrno>
-#include <fcntl.h>
+#include <cstddef>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
+#include <utility>
 
 namespace portico::drivers {
 namespace {
+
+/// Connections that have ended and hold something unread.
+constexpr std::size_t MostSetAside = 8;
 
 bool WouldBlock(int error) { return error == EAGAIN || error == EWOULDBLOCK; }
 
@@ -18,34 +23,32 @@ TcpTransport::TcpTransport(std::string host, std::uint16_t port, const system::C
     : m_connector(std::move(host), port, cancellation), m_cancellation(cancellation) {}
 
 DriverResult TcpTransport::Open(TimePoint deadline) {
-  Close();
+  const bool anew = !m_streams.empty();
+  SetAside();
   AboutToWait();
   TcpConnection connection = m_connector.Connect(deadline);
-  if (!connection.Result.Succeeded()) return std::move(connection.Result);
-  // From here on reads wait in the call itself, which spares a poll for each answer.
-  if (::fcntl(connection.Socket.Get(), F_SETFL, 0) != 0) return m_connector.Failure(errno, DriverStatus::ConnectFailed);
-  m_socket = std::move(connection.Socket);
-  m_patience = {};
-  return {};
+  if (connection.Result.Succeeded()) m_streams.push_back({std::move(connection.Socket), anew});
+  return std::move(connection.Result);
 }
 
-/// Sets how long a read waits; 0, or the system's error number.
-int TcpTransport::SetPatience(std::chrono::milliseconds patience) {
-  if (patience == m_patience) return 0;
-  const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(patience);
-  timeval time{};
-  time.tv_sec = seconds.count();
-  time.tv_usec = std::chrono::duration_cast<std::chrono::microseconds>(patience - seconds).count();
-  if (::setsockopt(m_socket.Get(), SOL_SOCKET, SO_RCVTIMEO, &time, sizeof time) != 0) return errno;
-  m_patience = patience;
-  return 0;
+void TcpTransport::SetAside() {
+  if (m_streams.empty()) return;
+  int unread = 0;
+  if (::ioctl(m_streams.back().Socket.Get(), FIONREAD, &unread) != 0 || unread <= 0) m_streams.pop_back();
+  // One that ends its connection behind each answer, while nobody reads them, is not to use up the descriptors.
+  if (m_streams.size() > MostSetAside) m_streams.pop_front();
 }
 
-void TcpTransport::Close() noexcept { m_socket = system::FileDescriptor(); }
+void TcpTransport::Close() noexcept { m_streams.clear(); }
+
+bool TcpTransport::Stands() {
+  pollfd entry = {m_streams.back().Socket.Get(), POLLRDHUP, 0};
+  return ::poll(&entry, 1, 0) == 0;
+}
 
 DriverResult TcpTransport::Write(std::string_view bytes, TimePoint deadline) {
   while (!bytes.empty()) {
-    const ssize_t sent = ::send(m_socket.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+    const ssize_t sent = ::send(m_streams.back().Socket.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
     if (sent >= 0) {
       bytes.remove_prefix(static_cast<std::size_t>(sent));
       continue;
@@ -54,7 +57,7 @@ DriverResult TcpTransport::Write(std::string_view bytes, TimePoint deadline) {
     if (error == EINTR) continue;
     if (WouldBlock(error)) {
       AboutToWait();
-      error = system::WaitFor(m_socket.Get(), POLLOUT, deadline, m_cancellation);
+      error = system::WaitFor(m_streams.back().Socket.Get(), POLLOUT, deadline, m_cancellation);
     }
     if (error == ETIMEDOUT) return m_connector.Failure(DriverStatus::WriteTimeout);
     if (error != 0) return m_connector.Failure(error, DriverStatus::ConnectionLost);
@@ -65,16 +68,18 @@ DriverResult TcpTransport::Write(std::string_view bytes, TimePoint deadline) {
 Received TcpTransport::Read(char* buffer, std::size_t size, TimePoint deadline) {
   AboutToWait();
   for (;;) {
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - TimePoint::clock::now());
-    if (left.count() <= 0) return {m_connector.Failure(DriverStatus::ReadTimeout)};
-    int error = SetPatience(left);
+    Stream& stream = m_streams.front();
+    // An answer is hardly ever there already, so a look at the socket before this wait would be in vain.
+    int error = system::WaitFor(stream.Socket.Get(), POLLIN, deadline, m_cancellation);
+    if (error == ETIMEDOUT) return {m_connector.Failure(DriverStatus::ReadTimeout)};
     if (error == 0) {
-      const ssize_t received = ::recv(m_socket.Get(), buffer, size, 0);
-      if (received > 0) return {{}, static_cast<std::size_t>(received)};
-      if (received == 0) return {m_connector.Failure(DriverStatus::ConnectionClosed)};
-      error = errno;
+      const ssize_t received = ::recv(stream.Socket.Get(), buffer, size, 0);
+      if (received > 0) return {{}, static_cast<std::size_t>(received), false, std::exchange(stream.Anew, false)};
+      error = received == 0 ? EPIPE : errno;
     }
-    if (error != EINTR && !WouldBlock(error)) return {m_connector.Failure(error, DriverStatus::ConnectionLost)};
+    if (error == EINTR || WouldBlock(error)) continue;
+    if (m_streams.size() == 1 || error == ECANCELED) return {m_connector.Failure(error, DriverStatus::ConnectionLost)};
+    m_streams.pop_front();
   }
 }
 

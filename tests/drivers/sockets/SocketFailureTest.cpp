@@ -126,6 +126,25 @@ TEST_F(SocketFailureTest, AnInstrumentThatWasSwitchedOffFailsOnceAndThenServesAg
   EXPECT_EQ(Query("Q?"), "1");
 }
 
+TEST_F(SocketFailureTest, ACommandIsNotLostToAConnectionThatHadEnded) {
+  EXPECT_EQ(Query("Q?"), "1");
+  server.DropClients();
+  EXPECT_CALL(observer, Restored("TCPIP0::127.0.0.1::" + std::to_string(server.Port()) + "::SOCKET")).Times(1);
+  EXPECT_CALL(observer, Reconnected).Times(0);
+  EXPECT_EQ(Query("Q?"), "1");
+  EXPECT_EQ(server.Connections(), 2u);
+}
+
+TEST_F(SocketFailureTest, AnAnswerBeforeTheEndIsReadThoughACommandFollows) {
+  server.On("LAST?", Reaction::Close("42\n4"));
+  EXPECT_EQ(Write("LAST?"), 0);
+  server.WaitForNoClient();
+  EXPECT_EQ(Query("Q?"), "42");
+  EXPECT_EQ(Read(), 0);
+  EXPECT_STREQ(buffer.data(), "1") << "the answer that broke off is none";
+  EXPECT_EQ(server.Connections(), 2u);
+}
+
 TEST_F(SocketFailureTest, AnUnaskedMessageIsReadFirst) {
   server.Send("hello\n");
   EXPECT_EQ(Read(), 0);

@@ -179,5 +179,120 @@ TEST(TcpTransport, WritingToAPeerThatHasClosedFailsWithoutASignal) {
   EXPECT_THAT(result.Status, testing::AnyOf(DriverStatus::ConnectionClosed, DriverStatus::ConnectionLost));
 }
 
+TEST(TcpTransport, SeesWithoutReadingThatThePeerHasEndedTheConnection) {
+  ScriptedServer server({{"Q?", Reaction::Answer("1\n")}});
+  TcpTransport transport("127.0.0.1", server.Port());
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  EXPECT_TRUE(transport.Stands());
+  EXPECT_TRUE(transport.Write("Q?\r\n", Soon()).Succeeded());
+  server.WaitForReceived("Q?\r\n");
+  char byte = '~';
+  EXPECT_EQ(transport.Read(&byte, 1, Soon()).Count, 1u);
+  EXPECT_TRUE(transport.Stands()) << "an unread byte ends nothing";
+  server.DropClients();
+  EXPECT_FALSE(transport.Stands());
+  EXPECT_EQ(transport.Read(&byte, 1, Soon()).Count, 1u);
+  EXPECT_EQ(byte, '\n');
+}
+
+TEST(TcpTransport, WhatCameBeforeTheEndIsReadAheadOfTheNextConnection) {
+  ScriptedServer server({{"BYE?", Reaction::Close("old\n")}, {"Q?", Reaction::Answer("new\n")}});
+  TcpTransport transport("127.0.0.1", server.Port());
+  for (std::size_t connection = 1; connection <= 2; ++connection) {
+    ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+    EXPECT_TRUE(transport.Write("BYE?\r\n", Soon()).Succeeded());
+    server.WaitForConnections(connection);
+    server.WaitForNoClient();
+  }
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  EXPECT_TRUE(transport.Write("Q?\r\n", Soon()).Succeeded());
+  std::array<char, 16> buffer = {};
+  const Received first = transport.Read(buffer.data(), 2, Soon());
+  EXPECT_EQ(std::string(buffer.data(), first.Count), "ol");
+  EXPECT_FALSE(first.Anew);
+  const Received rest = transport.Read(buffer.data(), buffer.size(), Soon());
+  EXPECT_EQ(std::string(buffer.data(), rest.Count), "d\n");
+  EXPECT_FALSE(rest.Anew);
+  const Received second = transport.Read(buffer.data(), buffer.size(), Soon());
+  EXPECT_EQ(std::string(buffer.data(), second.Count), "old\n");
+  EXPECT_TRUE(second.Anew);
+  const Received third = transport.Read(buffer.data(), buffer.size(), Soon());
+  EXPECT_EQ(std::string(buffer.data(), third.Count), "new\n");
+  EXPECT_TRUE(third.Anew);
+  EXPECT_EQ(transport.Read(buffer.data(), 1, VerySoon()).Result.Status, DriverStatus::ReadTimeout);
+}
+
+TEST(TcpTransport, ClosingDropsWhatCameBeforeTheEnd) {
+  ScriptedServer server({{"BYE?", Reaction::Close("old\n")}, {"Q?", Reaction::Answer("new\n")}});
+  TcpTransport transport("127.0.0.1", server.Port());
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  EXPECT_TRUE(transport.Write("BYE?\r\n", Soon()).Succeeded());
+  server.WaitForNoClient();
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  transport.Close();
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  EXPECT_TRUE(transport.Write("Q?\r\n", Soon()).Succeeded());
+  std::array<char, 16> buffer = {};
+  const Received received = transport.Read(buffer.data(), buffer.size(), Soon());
+  EXPECT_EQ(std::string(buffer.data(), received.Count), "new\n");
+  EXPECT_FALSE(received.Anew);
+}
+
+TEST(TcpTransport, OfMoreConnectionsThatEndedThanEightTheOldestAreGone) {
+  ScriptedServer server({{"1", Reaction::Close("1")},
+                         {"2", Reaction::Close("2")},
+                         {"3", Reaction::Close("3")},
+                         {"4", Reaction::Close("4")},
+                         {"5", Reaction::Close("5")},
+                         {"6", Reaction::Close("6")},
+                         {"7", Reaction::Close("7")},
+                         {"8", Reaction::Close("8")},
+                         {"9", Reaction::Close("9")}});
+  TcpTransport transport("127.0.0.1", server.Port());
+  for (char digit = '1'; digit <= '9'; ++digit) {
+    ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+    EXPECT_TRUE(transport.Write(digit + std::string("\r\n"), Soon()).Succeeded());
+    server.WaitForConnections(static_cast<std::size_t>(digit - '0'));
+    server.WaitForNoClient();
+  }
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  EXPECT_EQ(ReadAll(transport, 8), "23456789");
+}
+
+TEST(TcpTransport, TheOrderToGiveUpEndsARead) {
+  const ScriptedServer server({}, {.deaf = true});
+  system::Cancellation cancellation;
+  TcpTransport transport("127.0.0.1", server.Port(), &cancellation);
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  transport.OnWait([&] { cancellation.Request(); });
+  std::array<char, 4> buffer = {};
+  const Received received = transport.Read(buffer.data(), buffer.size(), In(std::chrono::hours(1)));
+  EXPECT_EQ(received.Result.Status, DriverStatus::Cancelled);
+  EXPECT_EQ(received.Result.Detail, "127.0.0.1, port " + std::to_string(server.Port()));
+}
+
+TEST(TcpTransport, TheOrderToGiveUpEndsAWrite) {
+  const ScriptedServer server({}, {.deaf = true});
+  system::Cancellation cancellation;
+  TcpTransport transport("127.0.0.1", server.Port(), &cancellation);
+  ASSERT_TRUE(transport.Open(Soon()).Succeeded());
+  transport.OnWait([&] { cancellation.Request(); });
+  DriverResult result;
+  while (result.Succeeded()) result = transport.Write(std::string(1'000'000, 'x'), In(std::chrono::hours(1)));
+  EXPECT_EQ(result.Status, DriverStatus::Cancelled);
+}
+
+TEST(TcpTransport, TheOrderToGiveUpEndsAnOpen) {
+  const ScriptedServer server({}, {.deaf = true});
+  // The first ones are queued by the system; once its queue is full, connections are left hanging.
+  std::vector<std::unique_ptr<TcpTransport>> transports;
+  do transports.push_back(std::make_unique<TcpTransport>("127.0.0.1", server.Port()));
+  while (transports.back()->Open(VerySoon()).Succeeded());
+  system::Cancellation cancellation;
+  TcpTransport transport("127.0.0.1", server.Port(), &cancellation);
+  transport.OnWait([&] { cancellation.Request(); });
+  EXPECT_EQ(transport.Open(In(std::chrono::hours(1))).Status, DriverStatus::Cancelled);
+}
+
 } // namespace
 } // namespace portico::test

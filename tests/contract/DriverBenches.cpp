@@ -4,7 +4,8 @@ namespace portico::test {
 
 std::vector<DriverBenchKind> AllDriverBenches() {
   return {
-      SocketBenchKind(), SerialBenchKind(), SimulatedBenchKind(), HislipBenchKind(), MarkingBenchKind(),
+      SocketBenchKind(), SerialBenchKind(),  SimulatedBenchKind(),
+      HislipBenchKind(), MarkingBenchKind(), Vxi11BenchKind(),
   };
 }
 

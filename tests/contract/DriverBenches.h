@@ -10,5 +10,6 @@ DriverBenchKind SocketBenchKind();
 DriverBenchKind SerialBenchKind();
 DriverBenchKind SimulatedBenchKind();
 DriverBenchKind HislipBenchKind();
+DriverBenchKind Vxi11BenchKind();
 
 } // namespace portico::test

@@ -32,16 +32,43 @@ void Connection::Submit(std::string message, TimePoint now) {
 
 void Connection::ReportOverrun() { m_status.Raise(ErrorCode::InputBufferOverrun); }
 
+void Connection::ReportUnterminated() { m_status.Raise(ErrorCode::QueryUnterminated); }
+
+void Connection::Clear(TimePoint now) {
+  m_exchange->Halt();
+  m_exchange->Abandon();
+  m_exchange = m_executor.Join();
+  AnswerTaken();
+  Advance(now);
+}
+
+std::uint8_t Connection::SerialPoll(bool messageAvailable, TimePoint now) {
+  Advance(now);
+  const unsigned reasons = ReasonsForService(messageAvailable);
+  const bool news = (reasons & ~static_cast<unsigned>(m_polled)) != 0;
+  m_polled = static_cast<std::uint8_t>(reasons);
+  const unsigned rest = m_status.StatusByte(messageAvailable) & ~static_cast<unsigned>(StatusBit::Service);
+  return static_cast<std::uint8_t>(rest | (news ? StatusBit::Service : 0U));
+}
+
+void Connection::AnswerTaken() { m_polled &= static_cast<std::uint8_t>(~StatusBit::MessageAvailable); }
+
+std::uint8_t Connection::ReasonsForService(bool messageAvailable) const {
+  return m_status.StatusByte(messageAvailable) & m_status.ServiceEnable();
+}
+
 std::optional<std::string> Connection::Read(TimePoint now) {
   Advance(now);
   auto response = m_exchange->Responses().Pop(now);
-  if (response) m_executor.Faults().Deliver(m_exchange->Responses().FaultOfLast());
+  if (!response) return response;
+  m_executor.Faults().Deliver(m_exchange->Responses().FaultOfLast());
   return response;
 }
 
 void Connection::Seen(TimePoint now) {
   m_lastCall = now;
   m_answersSeen = m_exchange->Responses().Count();
+  m_polled &= ReasonsForService(true);
 }
 
 std::optional<TimePoint> Connection::NextEvent() const {

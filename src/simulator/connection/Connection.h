@@ -4,6 +4,7 @@
 #include "simulator/status/MessageExchange.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,6 +37,11 @@ public:
   /// A message became longer than LongestMessage and was discarded.
   void ReportOverrun();
 
+  /// Device clear: drops what waits to be carried out, the rest of the message that is held, and all answers.
+  void Clear(TimePoint now);
+  /// A client has waited for an answer, and nothing that could be answered was asked: -420.
+  void ReportUnterminated();
+
   /// The next whole response message that is ready at `now`, its line feed included, or a piece without one of an
   /// answer without end. What is wrong with it is then asked of the device's Faults().
   std::optional<std::string> Read(TimePoint now);
@@ -49,15 +55,24 @@ public:
   bool AcceptsInput() const { return m_exchange->InputBytes() < MostInputBytes / 2; }
   /// Whether something that was sent is still to be carried out, or an answer to be read.
   bool Busy() const { return m_exchange->Busy(); }
+  /// Whether an answer waits to be read, or is being made.
+  bool MessageAvailable() const { return m_exchange->MessageAvailable(); }
+  /// The status byte as a serial poll gives it, of a protocol that knows best whether a message is available: in bit 6
+  /// whether this connection's client has not been told of a reason for service, which it now is.
+  std::uint8_t SerialPoll(bool messageAvailable, TimePoint now);
+  /// The client has the whole of an answer, so that the next one is a new reason for service.
+  void AnswerTaken();
 
 private:
   void Seen(TimePoint now);
+  std::uint8_t ReasonsForService(bool messageAvailable) const;
 
   StatusModel& m_status;
   Executor& m_executor;
-  const std::shared_ptr<MessageExchange> m_exchange;
+  std::shared_ptr<MessageExchange> m_exchange;
   TimePoint m_lastCall{};
   std::size_t m_answersSeen = 0; ///< how many there had been at the last call
+  std::uint8_t m_polled = 0;     ///< the reasons for service that the client knows of and that have stood since
 };
 
 } // namespace portico::simulator

@@ -18,4 +18,13 @@ void StreamConnection::Write(std::string_view bytes, TimePoint now) {
   }
 }
 
+void StreamConnection::End(TimePoint now) {
+  if (m_framer.End() == MessageFramer::Outcome::Complete) m_connection.Submit(m_framer.TakeMessage(), now);
+}
+
+void StreamConnection::Clear(TimePoint now) {
+  m_framer = MessageFramer(Connection::LongestMessage);
+  m_connection.Clear(now);
+}
+
 } // namespace portico::simulator

@@ -13,14 +13,20 @@ MessageFramer::Outcome MessageFramer::Feed(std::string_view& bytes) {
     const std::size_t taken = Scan(bytes, complete);
     const bool fits = Store(bytes.substr(0, complete ? taken - 1 : taken));
     bytes.remove_prefix(taken);
-    if (complete) {
-      m_headerSeen = m_elementStart = false;
-      const bool whole = !std::exchange(m_discarding, false);
-      if (whole) return Outcome::Complete;
-    }
+    if (complete && Finish()) return Outcome::Complete;
     if (!fits) return Outcome::Overrun;
   }
   return Outcome::Incomplete;
+}
+
+MessageFramer::Outcome MessageFramer::End() {
+  m_state = State::Plain;
+  return Finish() && !m_message.empty() ? Outcome::Complete : Outcome::Incomplete;
+}
+
+bool MessageFramer::Finish() {
+  m_headerSeen = m_elementStart = false;
+  return !std::exchange(m_discarding, false);
 }
 
 std::string MessageFramer::TakeMessage() { return std::exchange(m_message, {}); }

@@ -21,6 +21,10 @@ public:
   /// the limit, or all bytes are taken.
   Outcome Feed(std::string_view& bytes);
 
+  /// The message ends here, whatever it holds, because the protocol around it says so: complete, or incomplete if there
+  /// is nothing of one.
+  Outcome End();
+
   /// The message that was completed, without its line feed.
   std::string TakeMessage();
 
@@ -32,6 +36,8 @@ private:
   bool ScanPlain(char byte);
   bool ScanByte(char byte);
   bool Store(std::string_view bytes);
+  /// Gets ready for the next message. Whether the one that ends here is whole.
+  bool Finish();
 
   std::size_t m_limit;
   std::string m_message;

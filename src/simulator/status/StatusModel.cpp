@@ -39,10 +39,10 @@ std::uint8_t StatusModel::StatusByte(bool messageAvailable) const {
   unsigned byte = 0;
   if (m_errors.Size() > 0) byte |= 1U << 2U;
   if (m_questionable.Summary()) byte |= 1U << 3U;
-  if (messageAvailable) byte |= 1U << 4U;
+  if (messageAvailable) byte |= StatusBit::MessageAvailable;
   if ((m_event & m_eventEnable) != 0) byte |= 1U << 5U;
   if (m_operation.Summary()) byte |= 1U << 7U;
-  if ((byte & m_serviceEnable) != 0) byte |= 1U << 6U;
+  if ((byte & m_serviceEnable) != 0) byte |= StatusBit::Service;
   return static_cast<std::uint8_t>(byte);
 }
 

@@ -16,6 +16,13 @@ constexpr std::uint8_t CommandError = 1U << 5U;
 constexpr std::uint8_t PowerOn = 1U << 7U;
 } // namespace EventBit
 
+/// Bits of the status byte that are asked for apart.
+namespace StatusBit {
+constexpr std::uint8_t MessageAvailable = 1U << 4U;
+/// That service is requested, or the master summary.
+constexpr std::uint8_t Service = 1U << 6U;
+} // namespace StatusBit
+
 /// Bits of the condition registers (SCPI-99) that the devices use.
 namespace OperationBit {
 constexpr std::uint16_t Settling = 1U << 1U;

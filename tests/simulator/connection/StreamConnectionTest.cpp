@@ -135,5 +135,119 @@ TEST(StreamConnection, WriteFirstAdvancesToItsTime) {
   EXPECT_EQ(session.Ask("STAT:OPER:COND?"), "0");
 }
 
+TEST(StreamConnection, AMarkEndsAMessageWithoutALineFeed) {
+  Session session;
+  session.SendRaw("*ESE 3;*ES");
+  session.SendRaw("E?");
+  EXPECT_FALSE(session.Read());
+  session.Connection().End(session.Now());
+  EXPECT_EQ(session.Read(), "3");
+}
+
+TEST(StreamConnection, AMarkBehindALineFeedIsNothing) {
+  Session session;
+  session.SendRaw("*ESE?\r\n");
+  session.Connection().End(session.Now());
+  EXPECT_EQ(session.Read(), "0");
+  EXPECT_FALSE(session.Read());
+  EXPECT_EQ(session.Error(), "0,\"No error\"");
+}
+
+TEST(StreamConnection, AMarkEndsABlockThatIsTooShort) {
+  Session session;
+  session.SendRaw("TRAC #3100short\n");
+  session.Connection().End(session.Now());
+  EXPECT_EQ(session.Error(), "-161,\"Invalid block data\"");
+}
+
+TEST(StreamConnection, AMarkEndsAMessageThatIsTooLong) {
+  Session session;
+  session.SendRaw("DISP:TEXT \"" + std::string(Connection::LongestMessage, 'x'));
+  session.Connection().End(session.Now());
+  EXPECT_EQ(session.Error(), "-363,\"Input buffer overrun\"");
+  EXPECT_EQ(session.Ask("*ESE?"), "0");
+}
+
+TEST(StreamConnection, ClearingDropsWhatWasWrittenAndWhatWasNotRead) {
+  Session session;
+  session.Send("*ESE?");
+  session.SendRaw("*ESE 3;*ES");
+  session.Connection().Clear(session.Now());
+  EXPECT_FALSE(session.Read());
+  EXPECT_EQ(session.Ask("*ESE?"), "0");
+  EXPECT_EQ(session.Error(), "0,\"No error\"");
+}
+
+TEST(StreamConnection, ClearingDropsTheRestOfAMessageThatIsHeld) {
+  Session session;
+  session.Send("INIT;*OPC?;*ESE 3");
+  session.Send("*ESE 7");
+  session.Connection().Clear(session.Now());
+  EXPECT_EQ(session.Ask("*ESE?"), "0");
+  session.Advance(milliseconds(20));
+  EXPECT_FALSE(session.Read());
+  EXPECT_EQ(session.Ask("*ESE?"), "0");
+}
+
+TEST(StreamConnection, ClearingEndsAnAnswerWithoutEnd) {
+  Session session;
+  session.Send("SIM:ENDL?");
+  EXPECT_TRUE(session.Read());
+  session.Connection().Clear(session.Now());
+  EXPECT_EQ(session.Ask("*ESE?"), "0");
+}
+
+TEST(StreamConnection, ASerialPollTellsAReasonForServiceOnce) {
+  Session session;
+  session.Send("*SRE 4");
+  session.Send("NONSENSE");
+  EXPECT_EQ(session.Connection().SerialPoll(false, session.Now()), 4 + 64);
+  EXPECT_EQ(session.Connection().SerialPoll(false, session.Now()), 4);
+  EXPECT_EQ(session.Ask("*STB?"), "68");
+  EXPECT_EQ(session.Error(), "-113,\"Undefined header\"");
+  EXPECT_EQ(session.Connection().SerialPoll(false, session.Now()), 0);
+  session.Send("NONSENSE");
+  EXPECT_EQ(session.Connection().SerialPoll(false, session.Now()), 4 + 64);
+}
+
+TEST(StreamConnection, AReasonThatIsGoneBetweenTwoPollsIsANewOne) {
+  Session session;
+  session.Send("*SRE 4");
+  session.Send("NONSENSE");
+  EXPECT_EQ(session.Connection().SerialPoll(false, session.Now()), 4 + 64);
+  session.Send("*CLS");
+  session.Send("NONSENSE");
+  EXPECT_EQ(session.Connection().SerialPoll(false, session.Now()), 4 + 64);
+}
+
+TEST(StreamConnection, EachAnswerIsANewReasonForService) {
+  Session session;
+  session.Send("*SRE 16");
+  session.Send("*ESE?");
+  EXPECT_TRUE(session.Connection().MessageAvailable());
+  EXPECT_EQ(session.Connection().SerialPoll(true, session.Now()), 16 + 64);
+  EXPECT_EQ(session.Connection().SerialPoll(true, session.Now()), 16);
+  EXPECT_EQ(session.Read(), "0");
+  session.Connection().AnswerTaken();
+  EXPECT_FALSE(session.Connection().MessageAvailable());
+  session.Send("*ESE?");
+  EXPECT_EQ(session.Connection().SerialPoll(true, session.Now()), 16 + 64);
+}
+
+TEST(StreamConnection, EachClientIsToldOfAReasonForService) {
+  Session session;
+  Session other = session.Another();
+  session.Send("*SRE 4;:NONSENSE");
+  EXPECT_EQ(session.Connection().SerialPoll(false, session.Now()), 4 + 64);
+  EXPECT_EQ(other.Connection().SerialPoll(false, other.Now()), 4 + 64);
+}
+
+TEST(StreamConnection, AReadWithNothingAskedMayBeReported) {
+  Session session;
+  session.Connection().ReportUnterminated();
+  EXPECT_EQ(session.Error(), "-420,\"Query UNTERMINATED\"");
+  EXPECT_EQ(session.Ask("*ESR?"), "132");
+}
+
 } // namespace
 } // namespace portico::simulator

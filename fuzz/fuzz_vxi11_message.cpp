@@ -75,6 +75,11 @@ constexpr std::array Checks = {
     CheckRecord<Vxi11::DeviceReadStbResult>,
     CheckRecord<Vxi11::LinkArguments>,
     CheckRecord<Vxi11::ErrorResult>,
+    CheckRecord<Vxi11::DeviceLockArguments>,
+    CheckRecord<Vxi11::DeviceEnableSrqArguments>,
+    CheckRecord<Vxi11::DeviceDoCmdArguments>,
+    CheckRecord<Vxi11::DeviceDoCmdResult>,
+    CheckRecord<PortMapper::ChangeResult>,
 };
 
 } // namespace

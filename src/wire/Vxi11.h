@@ -16,8 +16,14 @@ enum class CoreProcedure : std::uint32_t {
   DeviceWrite = 11,
   DeviceRead = 12,
   DeviceReadStb = 13,
+  DeviceTrigger = 14,
   DeviceClear = 15,
+  DeviceRemote = 16,
   DeviceLocal = 17,
+  DeviceLock = 18,
+  DeviceUnlock = 19,
+  DeviceEnableSrq = 20,
+  DeviceDoCmd = 22,
   DestroyLink = 23,
 };
 

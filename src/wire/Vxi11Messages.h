@@ -73,8 +73,8 @@ struct DeviceReadResult {
   static auto Fields(auto& self) { return std::tie(self.Error, self.Reason, self.Data); }
 };
 
-/// The arguments of DeviceReadStb, DeviceClear and DeviceLocal. The time-outs stand the other way round than in
-/// DeviceWriteArguments and DeviceReadArguments.
+/// The arguments of DeviceReadStb, DeviceTrigger, DeviceClear, DeviceRemote and DeviceLocal. The time-outs stand the
+/// other way round than in DeviceWriteArguments and DeviceReadArguments.
 struct GenericArguments {
   std::int32_t Link = 0;
   std::int32_t Flags = 0;
@@ -91,14 +91,55 @@ struct DeviceReadStbResult {
   static auto Fields(auto& self) { return std::tie(self.Error, self.StatusByte); }
 };
 
-/// The arguments of DestroyLink and DeviceAbort.
+struct DeviceLockArguments {
+  std::int32_t Link = 0;
+  std::int32_t Flags = 0;
+  std::uint32_t LockTimeout = 0;
+
+  static auto Fields(auto& self) { return std::tie(self.Link, self.Flags, self.LockTimeout); }
+};
+
+struct DeviceEnableSrqArguments {
+  std::int32_t Link = 0;
+  bool Enable = false;
+  /// What the instrument tells with its request for service, at most 40 bytes.
+  std::string_view Handle;
+
+  static auto Fields(auto& self) { return std::tie(self.Link, self.Enable, self.Handle); }
+};
+
+struct DeviceDoCmdArguments {
+  std::int32_t Link = 0;
+  std::int32_t Flags = 0;
+  std::uint32_t IoTimeout = 0;
+  std::uint32_t LockTimeout = 0;
+  std::int32_t Command = 0;
+  bool NetworkOrder = false;
+  /// Of one datum, in bytes.
+  std::int32_t DataSize = 0;
+  std::string_view Data;
+
+  static auto Fields(auto& self) {
+    return std::tie(self.Link, self.Flags, self.IoTimeout, self.LockTimeout, self.Command, self.NetworkOrder,
+                    self.DataSize, self.Data);
+  }
+};
+
+struct DeviceDoCmdResult {
+  Vxi11::Error Error = Vxi11::Error::None;
+  std::string_view Data;
+
+  static auto Fields(auto& self) { return std::tie(self.Error, self.Data); }
+};
+
+/// The arguments of DeviceUnlock, DestroyLink and DeviceAbort.
 struct LinkArguments {
   std::int32_t Link = 0;
 
   static auto Fields(auto& self) { return std::tie(self.Link); }
 };
 
-/// The result of DeviceClear, DeviceLocal, DestroyLink and DeviceAbort.
+/// The result of all others.
 struct ErrorResult {
   Vxi11::Error Error = Vxi11::Error::None;
 

@@ -136,6 +136,41 @@ TEST(Vxi11Test, DeviceReadStb) {
   EXPECT_EQ(result.StatusByte, 0xC4);
 }
 
+TEST(Vxi11Test, DeviceLock) {
+  const auto arguments =
+      ExpectBothWays(Vxi11::DeviceLockArguments{3, Vxi11::Flag::WaitForLock, 2000}, "\0\0\0\3\0\0\0\1\0\0\x07\xD0"sv);
+  EXPECT_EQ(arguments.Link, 3);
+  EXPECT_EQ(arguments.Flags, 1);
+  EXPECT_EQ(arguments.LockTimeout, 2000U);
+}
+
+TEST(Vxi11Test, DeviceEnableSrq) {
+  const auto arguments =
+      ExpectBothWays(Vxi11::DeviceEnableSrqArguments{3, true, "srq"}, "\0\0\0\3\0\0\0\1\0\0\0\3srq\0"sv);
+  EXPECT_EQ(arguments.Link, 3);
+  EXPECT_TRUE(arguments.Enable);
+  EXPECT_EQ(arguments.Handle, "srq");
+}
+
+TEST(Vxi11Test, DeviceDoCmd) {
+  const auto arguments = ExpectBothWays(Vxi11::DeviceDoCmdArguments{3, 1, 2000, 4, 0x20000, true, 2, "ab"},
+                                        "\0\0\0\3\0\0\0\1\0\0\x07\xD0\0\0\0\4\0\2\0\0\0\0\0\1\0\0\0\2\0\0\0\2"
+                                        "ab\0\0"sv);
+  EXPECT_EQ(arguments.Link, 3);
+  EXPECT_EQ(arguments.Flags, 1);
+  EXPECT_EQ(arguments.IoTimeout, 2000U);
+  EXPECT_EQ(arguments.LockTimeout, 4U);
+  EXPECT_EQ(arguments.Command, 131072);
+  EXPECT_TRUE(arguments.NetworkOrder);
+  EXPECT_EQ(arguments.DataSize, 2);
+  EXPECT_EQ(arguments.Data, "ab");
+
+  const auto result =
+      ExpectBothWays(Vxi11::DeviceDoCmdResult{Vxi11::Error::NotSupported, "x"}, "\0\0\0\x08\0\0\0\1x\0\0\0"sv);
+  EXPECT_EQ(result.Error, Vxi11::Error::NotSupported);
+  EXPECT_EQ(result.Data, "x");
+}
+
 TEST(Vxi11Test, LinkAndErrorAlone) {
   EXPECT_EQ(ExpectBothWays(Vxi11::LinkArguments{0x01020304}, "\1\2\3\4"sv).Link, 0x01020304);
   EXPECT_EQ(ExpectBothWays(Vxi11::ErrorResult{Vxi11::Error::Abort}, "\0\0\0\x17"sv).Error, Vxi11::Error::Abort);
@@ -159,8 +194,14 @@ TEST(Vxi11Test, ProceduresHaveTheirNumbers) {
   EXPECT_EQ(NumberOf(Vxi11::CoreProcedure::DeviceWrite), 11U);
   EXPECT_EQ(NumberOf(Vxi11::CoreProcedure::DeviceRead), 12U);
   EXPECT_EQ(NumberOf(Vxi11::CoreProcedure::DeviceReadStb), 13U);
+  EXPECT_EQ(NumberOf(Vxi11::CoreProcedure::DeviceTrigger), 14U);
   EXPECT_EQ(NumberOf(Vxi11::CoreProcedure::DeviceClear), 15U);
+  EXPECT_EQ(NumberOf(Vxi11::CoreProcedure::DeviceRemote), 16U);
   EXPECT_EQ(NumberOf(Vxi11::CoreProcedure::DeviceLocal), 17U);
+  EXPECT_EQ(NumberOf(Vxi11::CoreProcedure::DeviceLock), 18U);
+  EXPECT_EQ(NumberOf(Vxi11::CoreProcedure::DeviceUnlock), 19U);
+  EXPECT_EQ(NumberOf(Vxi11::CoreProcedure::DeviceEnableSrq), 20U);
+  EXPECT_EQ(NumberOf(Vxi11::CoreProcedure::DeviceDoCmd), 22U);
   EXPECT_EQ(NumberOf(Vxi11::CoreProcedure::DestroyLink), 23U);
   EXPECT_EQ(NumberOf(Vxi11::AbortProcedure::DeviceAbort), 1U);
 }

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "simulator/connection/StreamConnection.h"
+#include "simulator/devices/Device.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace portico::simulator {
+
+/// A client's link to the device: its connection, and the answer that is being read.
+class Vxi11Link {
+public:
+  explicit Vxi11Link(Device& device) : Connection(device) {}
+
+  /// What is left of the answer that is being read, or the next one that is ready at `now`; empty if there is none.
+  std::string_view Answer(TimePoint now);
+  /// The first `count` bytes of it were read. Whether its end was among them.
+  bool Drop(std::size_t count);
+  /// Drops what was written and not carried out, and what was not read.
+  void Clear(TimePoint now);
+
+  bool MessageAvailable() const { return m_read < m_answer.size() || Connection.MessageAvailable(); }
+  /// Whether something is still to be carried out or to be read.
+  bool Busy() const { return m_read < m_answer.size() || Connection.Busy(); }
+
+  StreamConnection Connection;
+  /// A call on it waits, and is to give up.
+  bool Waits = false;
+  bool Aborted = false;
+
+private:
+  std::string m_answer;
+  std::size_t m_read = 0; ///< of m_answer
+};
+
+/// The links that all clients of one server have to its device, and the lock of one of them.
+class Vxi11Links {
+public:
+  static constexpr std::size_t Most = 256;
+
+  /// `device` must outlive the links.
+  explicit Vxi11Links(Device& device) : m_device(device) {}
+
+  /// A new link's number; none if there are too many.
+  std::optional<std::int32_t> Make();
+  /// A null pointer if there is none of that number.
+  Vxi11Link* Find(std::int32_t number);
+  /// The link's lock goes with it.
+  void Remove(std::int32_t number);
+
+  /// Whether another link has the lock; for somebody without one, whether any has.
+  bool LockedFor(std::optional<std::int32_t> number) const { return m_holder && m_holder != number; }
+  /// False if the device lets nobody have a lock. It must not be locked for this link.
+  bool Lock(std::int32_t number);
+  /// False if the link does not have it.
+  bool Unlock(std::int32_t number);
+
+  /// Whether the answer that a link gave last is to bear another call's number, because the device misbehaves.
+  bool TakesWrongNumber() { return m_device.Faults().Take(AnswerFault::Number); }
+
+private:
+  Device& m_device;
+  std::map<std::int32_t, Vxi11Link> m_links;
+  std::int32_t m_last = 0;
+  std::optional<std::int32_t> m_holder;
+};
+
+} // namespace portico::simulator

@@ -4,8 +4,8 @@ namespace portico::test {
 
 std::vector<DriverBenchKind> AllDriverBenches() {
   return {
-      SocketBenchKind(), SerialBenchKind(),  SimulatedBenchKind(),
-      HislipBenchKind(), MarkingBenchKind(), Vxi11BenchKind(),
+      SocketBenchKind(),  SerialBenchKind(), SimulatedBenchKind(), HislipBenchKind(),
+      MarkingBenchKind(), Vxi11BenchKind(),  LoadedBenchKind(),
   };
 }
 

@@ -11,5 +11,6 @@ DriverBenchKind SerialBenchKind();
 DriverBenchKind SimulatedBenchKind();
 DriverBenchKind HislipBenchKind();
 DriverBenchKind Vxi11BenchKind();
+DriverBenchKind LoadedBenchKind();
 
 } // namespace portico::test

@@ -48,7 +48,8 @@ TEST_P(DriverRecoveryContract, AnIncompleteAnswerIsDroppedBeforeTheNextCommand) 
   std::int32_t count = -1;
   EXPECT_EQ(Driver().TVSCPI_ReadInstrData(session, 4, buffer.data(), count), Code(DriverStatus::ReadTimeout));
   EXPECT_EQ(count, 0);
-  EXPECT_EQ(buffer, std::string("\0\0~~", 4));
+  // Nothing is left of it, whether or not anything was written.
+  EXPECT_THAT(buffer, testing::AnyOf(std::string("\0\0~~", 4), "~~~~"));
   EXPECT_EQ(Query("Q?"), "345");
 }
 

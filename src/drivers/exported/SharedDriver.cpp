@@ -52,7 +52,6 @@ std::int32_t Guarded(Body body) noexcept {
 
 std::int32_t SharedDriver::Init(const char* name, std::int32_t* session) noexcept {
   if (session == nullptr) return Number(DriverStatus::InvalidBuffer);
-  lastOpenFailure.Status = 0;
   return Guarded([&] {
     const std::string text = name == nullptr ? "" : name;
     auto opened = std::make_shared<Session>(Session{WorkerFor(text), 0});

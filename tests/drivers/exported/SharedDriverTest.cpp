@@ -87,11 +87,12 @@ TEST_F(SharedDriverTest, AFailedOpenLeavesTheHandleAloneAndHasItsMessage) {
   EXPECT_EQ(Message(0, -1151002), message);
 }
 
-TEST_F(SharedDriverTest, ALateSuccessTakesTheOldFailureAway) {
+TEST_F(SharedDriverTest, AnotherOpensSuccessDoesNotTakeTheFailuresMessageAway) {
   std::int32_t session = 0;
-  EXPECT_EQ(driver.Init("nonsense", &session), -1151002);
+  EXPECT_EQ(driver.Init("TCPIP::bench::SOCKET", &session), -1151002);
   Open("SIM::dmm::INSTR");
-  EXPECT_EQ(Message(0, -1151002), "The instrument name is not valid.\n");
+  EXPECT_EQ(Message(0, -1151002),
+            "The instrument name is not valid: the port is missing; write TCPIP::bench::5025::SOCKET.\n");
 }
 
 TEST_F(SharedDriverTest, NullPointersAreRefused) {

@@ -1,3 +1,4 @@
+#include "mdns/Announcement.h"
 #include "simulator/connection/FaultyConnection.h"
 #include "simulator/connection/ServedLine.h"
 #include "simulator/connection/ServedStream.h"
@@ -14,6 +15,7 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <system_error>
@@ -23,6 +25,7 @@
 namespace {
 
 using namespace portico::simulator;
+using portico::mdns::Announcement;
 
 constexpr int UsageError = 2;
 
@@ -46,6 +49,7 @@ struct Options {
   std::uint64_t Seed = 1;
   std::array<std::optional<std::uint16_t>, Protocols.size()> Ports; ///< of the protocols
   bool Serial = false;
+  bool Announce = false;
   std::vector<std::string> Faults;
 };
 
@@ -81,10 +85,45 @@ void AddTo(CLI::App& app, Options& options) {
          "Misbehave from the start, as a command of the SIMulator subsystem does: 'RATE 0.01,LATE,DROP'; may be "
          "given again")
       ->allow_extra_args(false);
+  app.add_flag("--announce", options.Announce, "Tell the local network of it by mDNS, for which avahi must run");
   app.add_option("--bind", options.Address, "The IPv4 or IPv6 address to listen on")->capture_default_str();
   app.add_option("--seed", options.Seed, "The start of all that looks random")
       ->check(WholeNumber)
       ->capture_default_str();
+}
+
+/// The type of service that the local network knows a protocol by.
+std::string ServiceType(const std::string& protocol) {
+  if (protocol.empty()) return "_scpi-raw._tcp";
+  return protocol == "vxi11" ? "_vxi-11._tcp" : "_" + protocol + "._tcp";
+}
+
+/// What is known of the instrument before it is asked.
+Announcement::Content Introduction(const Device& device) {
+  constexpr std::array Keys = {"Manufacturer", "Model", "SerialNumber", "FirmwareVersion"};
+  Announcement::Content content{{}, {}, {"txtvers=1"}};
+  std::istringstream identification{std::string(device.Identification())};
+  std::string field;
+  for (std::size_t i = 0; i < Keys.size() && std::getline(identification, field, ','); ++i) {
+    content.Text.push_back(std::string(Keys[i]) + "=" + field);
+    const bool isName = i == 1 || i == 2;
+    if (isName) content.Name += (content.Name.empty() ? "" : " ") + field;
+  }
+  return content;
+}
+
+/// Tells the local network what the server listens on; `names` are those of its listeners' protocols.
+std::unique_ptr<Announcement> Announce(const Device& device, const SocketServer& server,
+                                       const std::vector<std::string>& names, const std::string& address) {
+  Announcement::Content content = Introduction(device);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    content.Services.push_back({ServiceType(names[i]), address, server.Port(i)});
+  }
+  return std::make_unique<Announcement>(
+      std::move(content),
+      Announcement::News{
+          [](const std::string& name) { std::cout << "announced as " << name << std::endl; },
+          [](const std::string& why) { std::cerr << "portico-sim: not announced: " << why << std::endl; }});
 }
 
 /// Tells where it listens once it does, and serves until SIGINT or SIGTERM.
@@ -111,6 +150,8 @@ void Serve(Device& device, const Options& options) {
     std::cout << "listening on " << server.Endpoint(i) << (names[i].empty() ? "" : " ") << names[i] << std::endl;
   }
   if (line) std::cout << "listening on " << line->Name() << " serial" << std::endl;
+  const auto announcement =
+      options.Announce ? Announce(device, server, names, options.Address) : std::unique_ptr<Announcement>();
   server.Run();
   std::signal(SIGINT, SIG_IGN); // the handlers must not outlive the server
   std::signal(SIGTERM, SIG_IGN);

@@ -30,7 +30,7 @@ public:
     /// Entries of the form key=value.
     std::vector<std::string> Text;
   };
-  /// Called on a thread of its own, perhaps once more when the announcement has ended.
+  /// Called on a thread of their own, perhaps once more when the announcement has ended.
   struct News {
     /// With the name that was taken.
     std::function<void(const std::string&)> Announced;

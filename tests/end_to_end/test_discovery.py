@@ -9,6 +9,7 @@ import threading
 import unittest
 
 PORTICO_RUN = os.environ["PORTICO_RUN"]
+PORTICO_SIM = os.environ["PORTICO_SIM"]
 PATIENCE = 60  # seconds; long, because a loaded machine is slow
 SIMULATED = ["SIM::dmm::INSTR", "SIM::psu::INSTR", "SIM::scope::INSTR"]
 
@@ -73,6 +74,49 @@ class Announced(DiscoveryCase):
     def test_one_with_a_web_page_alone_is_listed_for_vxi_11(self):
         self.announce("Web Meter", 3, ("_lxi._tcp", 80))
         self.list_until("TCPIP0::192.0.2.13::inst0::INSTR\tWeb Meter")
+
+
+class Simulators(DiscoveryCase):
+    def simulator(self, *arguments, environment=None):
+        """One that announces itself, with its port."""
+        process = subprocess.Popen([PORTICO_SIM, "--port", "0", "--announce", *arguments], text=True,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, env={**os.environ, **(environment or {})})
+        for close in (process.wait, process.stderr.close, process.stdout.close, process.terminate):
+            self.addCleanup(close)
+        return process, process.stdout.readline().rsplit(":", 1)[1].strip()
+
+    def test_an_announced_one_is_found_and_runs_under_the_name_that_was_found(self):
+        process, port_number = self.simulator("--bind", "192.0.2.1")
+        self.assertEqual(process.stdout.readline(), "announced as SIM-DMM SIM0001\n")
+        name = f"TCPIP0::192.0.2.1::{port_number}::SOCKET"
+        listed = self.list_until(name + "\tTOLVANE INSTRUMENTS, SIM-DMM, SIM0001, 1.0")
+        self.assertFalse([line for line in listed if f"127.0.0.1::{port_number}::" in line], listed)
+        run = subprocess.run([PORTICO_RUN, name], input="*IDN?\n", text=True, capture_output=True, timeout=PATIENCE)
+        self.assertIn("< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n", run.stdout)
+
+    def test_one_that_listens_for_this_machine_alone_is_announced_to_it_alone(self):
+        process, port_number = self.simulator("--device", "psu")
+        self.assertEqual(process.stdout.readline(), "announced as SIM-PSU SIM0002\n")
+        listed = self.list_until(f"TCPIP0::127.0.0.1::{port_number}::SOCKET\tTOLVANE INSTRUMENTS, SIM-PSU, SIM0002, 1.0")
+        self.assertFalse([line for line in listed if f"192.0.2.1::{port_number}::" in line], listed)
+
+    def test_two_alike_have_different_names(self):
+        for name in ("SIM-SCOPE SIM0003", "SIM-SCOPE SIM0003 #2"):
+            process, _ = self.simulator("--device", "scope", "--bind", "192.0.2.1")
+            self.assertEqual(process.stdout.readline(), f"announced as {name}\n")
+
+    def test_without_a_bus_it_is_served_and_says_that_it_is_not_announced(self):
+        process, port_number = self.simulator(environment={"DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nowhere"})
+        self.assertTrue(process.stderr.readline().startswith("portico-sim: not announced: "))
+        run = subprocess.run([PORTICO_RUN, f"TCPIP::127.0.0.1::{port_number}::SOCKET"], input="*IDN?\n", text=True,
+                             capture_output=True, timeout=PATIENCE)
+        self.assertEqual(run.returncode, 0)
+
+    def test_it_ends_well_while_it_is_announced(self):
+        process, _ = self.simulator()
+        process.stdout.readline()
+        process.terminate()
+        self.assertEqual(process.wait(PATIENCE), 0)
 
 
 class PortMapper:

@@ -33,6 +33,8 @@ public:
   using ModelMaker = std::function<std::unique_ptr<InstrumentModel>(Executor&, StatusModel&)>;
   Device(const ModelMaker& makeModel, std::uint64_t seed);
 
+  /// The answer to `*IDN?`: maker, model, serial number and firmware version.
+  std::string_view Identification() const { return m_model->Identification(); }
   /// How it misbehaves.
   Misbehaviour& Faults() { return m_executor.Faults(); }
   /// Carries out a message that comes by no connection, before the first of them. Its answers go nowhere; the error

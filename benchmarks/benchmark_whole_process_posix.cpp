@@ -3,6 +3,7 @@
 // medians are compared.
 //   benchmark_whole_process [QUERIES [ROUNDS]]
 
+#include "benchmarks/BareWire.h"
 #include "benchmarks/Part.h"
 
 #include <algorithm>
@@ -110,26 +111,13 @@ void NoDelay(int descriptor) {
 }
 
 void BareLoop(std::uint16_t port, const std::vector<Exchange>& exchanges, int queries) {
-  const int descriptor = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_port = htons(port);
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  if (connect(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) Fail("connect");
-  NoDelay(descriptor);
-  std::array<char, 4096> answer{};
+  portico::BareWire wire(port);
   for (int i = 0; i < queries; ++i) {
     for (const Exchange& exchange : exchanges) {
-      SendAll(descriptor, exchange.Sent);
-      std::size_t filled = 0;
-      do {
-        const auto count = recv(descriptor, answer.data() + filled, answer.size() - filled, 0);
-        if (count <= 0) Fail("recv");
-        filled += static_cast<std::size_t>(count);
-      } while (answer[filled - 1] != '\n');
+      wire.Send(exchange.Sent);
+      wire.ReceiveLine();
     }
   }
-  close(descriptor);
 }
 
 /// Seconds that a child takes which does `work`; none if it fails.

@@ -53,12 +53,12 @@ _portico() {
     --log | --bench-csv) compopt -o default ;;
     --device) _portico_offer dmm psu scope ;;
     --format) _portico_offer csv json cmd ;;
-    --timeout | --list-time | --port | --bind | --seed | --fault | --bench) ;;
+    --timeout | --list-time | --port | --hislip | --bind | --seed | --fault | --bench) ;;
     *)
       options='-h --help --version'
       case "$program ${words[*]:1}" in
         portico-run*) options+=' --protocol --option --log --overwrite --timeout --stop-on-error --quiet --list --list-time --bench --bench-csv' ;;
-        portico-sim*) options+=' --device --port --serial --announce --bind --seed --fault' ;;
+        portico-sim*) options+=' --device --port --hislip --serial --announce --bind --seed --fault' ;;
         'portico-log export '*) options='-h --help --format' ;;
         'portico-log show '* | 'portico-log stats '*) options='-h --help' ;;
       esac

@@ -3,6 +3,7 @@
 #include "simulator/connection/ServedLine.h"
 #include "simulator/connection/ServedStream.h"
 #include "simulator/devices/Device.h"
+#include "simulator/hislip/HislipConnection.h"
 #include "simulator/server/PseudoTerminal.h"
 #include "simulator/server/SocketServer.h"
 
@@ -41,6 +42,8 @@ struct Protocol {
 constexpr std::array Protocols = {
     Protocol{"", "--port", "The TCP port of the raw socket; 0 picks a free one", SocketServer::StandardPort,
              ServedStream::Factory},
+    Protocol{
+        "hislip", "--hislip", "Also speak HiSLIP, on this TCP port; 0 picks a free one", {}, HislipConnection::Factory},
 };
 
 struct Options {

@@ -6,9 +6,6 @@
 namespace portico::wire {
 namespace {
 
-/// Two letters of the maker's, as Initialize has them.
-constexpr std::uint16_t VendorId = 0x5456;
-
 constexpr const char* UseNoEncryption = "; switch encryption off in its settings";
 
 template <typename Code>
@@ -42,7 +39,7 @@ std::string Advice(HislipFatal code, const std::string& subAddress) {
 HislipClient::HislipClient(std::string subAddress) : m_subAddress(std::move(subAddress)) {}
 
 void HislipClient::Open() {
-  m_synchronous = {HislipMessage(HislipType::Initialize, 0, HislipVersionAnd(HislipVersion1, VendorId), m_subAddress)};
+  m_synchronous = {HislipMessage(HislipType::Initialize, 0, HislipVersionAnd(HislipVersion1, HislipVendorId), m_subAddress)};
   m_asynchronous = {};
   m_answers.Reset();
   m_failure.clear();

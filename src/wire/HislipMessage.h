@@ -78,6 +78,8 @@ std::string_view HislipErrorText(HislipError code);
 
 /// 1.0, as Initialize and its response have it.
 inline constexpr std::uint16_t HislipVersion1 = 0x0100;
+/// Two letters of the maker's, as both sides tell them.
+inline constexpr std::uint16_t HislipVendorId = 0x5456;
 /// The ids that a client gives to its messages begin here, at the opening and after each device clear.
 inline constexpr std::uint32_t HislipFirstMessageId = 0xFFFFFF00;
 inline constexpr std::uint32_t HislipMessageIdStep = 2;

@@ -32,6 +32,8 @@ void Connection::Submit(std::string message, TimePoint now) {
 
 void Connection::ReportOverrun() { m_status.Raise(ErrorCode::InputBufferOverrun); }
 
+void Connection::ReportInterrupted() { m_status.Raise(ErrorCode::QueryInterrupted); }
+
 void Connection::ReportUnterminated() { m_status.Raise(ErrorCode::QueryUnterminated); }
 
 void Connection::Clear(TimePoint now) {

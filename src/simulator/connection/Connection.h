@@ -39,6 +39,8 @@ public:
 
   /// Device clear: drops what waits to be carried out, the rest of the message that is held, and all answers.
   void Clear(TimePoint now);
+  /// A client has sent the next message before it took the answer to the last one: -410.
+  void ReportInterrupted();
   /// A client has waited for an answer, and nothing that could be answered was asked: -420.
   void ReportUnterminated();
 

@@ -34,6 +34,7 @@ public:
     return m_connection.SerialPoll(messageAvailable, now);
   }
   void AnswerTaken() { m_connection.AnswerTaken(); }
+  void ReportInterrupted() { m_connection.ReportInterrupted(); }
   void ReportUnterminated() { m_connection.ReportUnterminated(); }
 
 private:

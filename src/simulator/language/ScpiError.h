@@ -43,6 +43,7 @@ enum class ErrorCode : int {
   DataCorruptOrStale = -230,
   QueueOverflow = -350,
   InputBufferOverrun = -363,
+  QueryInterrupted = -410,
   QueryUnterminated = -420,
   QueryDeadlocked = -430,
 };

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "simulator/hislip/HislipDialogue.h"
+#include "simulator/hislip/HislipLocks.h"
+#include "simulator/hislip/HislipRequests.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+
+namespace portico::simulator {
+
+/// What the two connections of one client share. It is over as soon as one of them is.
+struct HislipSession {
+  HislipSession(Device& device, HislipLocks& locks, std::uint16_t number)
+      : Number(number), Dialogue(device), Requests(Dialogue, locks, device.Faults(), number) {}
+
+  const std::uint16_t Number;
+  HislipDialogue Dialogue;
+  HislipRequests Requests;
+  bool HasAsynchronous = false; ///< the second connection has come
+  bool Over = false;
+};
+
+/// The device as HiSLIP's clients find it: its sessions and its locks. The connections share it.
+class HislipServer {
+public:
+  /// The one device that clients may name.
+  static constexpr std::string_view SubAddress = "hislip0";
+  static constexpr std::size_t MostSessions = 64;
+
+  /// `device` must outlive the server.
+  explicit HislipServer(Device& device) : m_device(device) {}
+
+  /// A session for a client that has just come; a null pointer if there are too many.
+  std::shared_ptr<HislipSession> Begin();
+  /// The session that waits for its second connection by that number; a null pointer if there is none.
+  std::shared_ptr<HislipSession> Join(std::uint32_t number);
+  /// One of its connections is over.
+  void End(HislipSession& session);
+
+  bool Admits(const HislipSession& session) const { return m_locks.Admits(session.Number); }
+
+private:
+  Device& m_device;
+  HislipLocks m_locks;
+  std::map<std::uint16_t, std::shared_ptr<HislipSession>> m_sessions;
+  std::uint16_t m_lastNumber = 0;
+};
+
+} // namespace portico::simulator

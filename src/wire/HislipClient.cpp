@@ -39,11 +39,13 @@ std::string Advice(HislipFatal code, const std::string& subAddress) {
 HislipClient::HislipClient(std::string subAddress) : m_subAddress(std::move(subAddress)) {}
 
 void HislipClient::Open() {
-  m_synchronous = {HislipMessage(HislipType::Initialize, 0, HislipVersionAnd(HislipVersion1, HislipVendorId), m_subAddress)};
+  m_synchronous = {
+      HislipMessage(HislipType::Initialize, 0, HislipVersionAnd(HislipVersion1, HislipVendorId), m_subAddress)};
   m_asynchronous = {};
   m_answers.Reset();
   m_failure.clear();
   m_complaint.clear();
+  m_askingForLocks = m_lockedByOthers = false;
   m_nextId = HislipFirstMessageId;
   m_delivered = false;
   m_composing = m_writing = false;
@@ -61,6 +63,7 @@ void HislipClient::SecondConnectionMade() {
 
 void HislipClient::Write(std::string message) {
   m_complaint.clear();
+  m_lockedByOthers = false;
   m_message = std::move(message);
   m_composed = 0;
   m_composing = m_writing = true;
@@ -79,6 +82,11 @@ void HislipClient::GoToLocal() {
   m_asynchronous.Bytes +=
       HislipMessage(HislipType::AsyncRemoteLocalControl, HislipControl::GoToLocal, m_nextId - HislipMessageIdStep);
   m_phase = Phase::RemoteLocalResponse;
+}
+
+void HislipClient::AskForLocks() {
+  m_asynchronous.Bytes += HislipMessage(HislipType::AsyncLockInfo);
+  m_askingForLocks = true;
 }
 
 std::string_view HislipClient::Output(HislipChannel channel) {
@@ -183,6 +191,11 @@ void HislipClient::TakeAsynchronous(const HislipPiece& piece) {
     m_synchronous.Bytes += HislipMessage(HislipType::DeviceClearComplete);
     m_phase = Phase::DeviceClearAcknowledge;
     return;
+  case HislipType::AsyncLockInfoResponse:
+    // This client has no lock, so whoever has one keeps it out.
+    m_lockedByOthers =
+        std::exchange(m_askingForLocks, false) && (piece.Header.Control != 0 || piece.Header.Parameter != 0);
+    return;
   case HislipType::AsyncRemoteLocalResponse:
     if (m_phase == Phase::RemoteLocalResponse) m_phase = Phase::Ready;
     return;
@@ -203,8 +216,9 @@ bool HislipClient::TakeError(const HislipPiece& piece, HislipChannel channel) {
     return true;
   }
   if (piece.Header.Type != HislipType::Error) return false;
-  m_complaint = Told<HislipError>("error", piece);
   const bool toRequest = channel == HislipChannel::Asynchronous; // on the other connection it is of an earlier message
+  if (toRequest && std::exchange(m_askingForLocks, false)) return true;
+  m_complaint = Told<HislipError>("error", piece);
   if (Opening() || (Clearing() && toRequest)) {
     Fail(m_complaint);
   } else if (m_phase == Phase::RemoteLocalResponse && toRequest) {

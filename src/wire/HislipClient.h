@@ -39,6 +39,10 @@ public:
   void Clear();
   /// Gives the front panel back.
   void GoToLocal();
+  /// Asks who has locked the instrument; all goes on meanwhile.
+  void AskForLocks();
+  /// Others have, as far as that was asked and is known since the last Write.
+  bool LockedByOthers() const { return m_lockedByOthers; }
 
   /// Open, and no exchange is under way.
   bool Ready() const { return m_phase == Phase::Ready; }
@@ -104,6 +108,8 @@ private:
   HislipAnswers m_answers;
   std::string m_failure;
   std::string m_complaint;
+  bool m_askingForLocks = false;
+  bool m_lockedByOthers = false;
   std::uint16_t m_session = 0;
   bool m_overlapped = false;
   /// Longest payload that the instrument takes.

@@ -291,6 +291,38 @@ TEST_F(HislipExchangeTest, WhoKnowsNoFrontPanelMayComplain) {
   EXPECT_EQ(Client.Complaint(), "error 1, unknown message type");
 }
 
+TEST_F(HislipExchangeTest, ALockOfAnotherClientIsAskedFor) {
+  Ask("A?");
+  Client.AskForLocks();
+  EXPECT_EQ(SentAsynchronous(), Bytes("4853 18 00 00000000 0000000000000000"));
+  EXPECT_FALSE(Client.LockedByOthers());
+  Client.ReceiveAsynchronous(Bytes("4853 19 01 00000001 0000000000000000"));
+  EXPECT_TRUE(Client.LockedByOthers());
+  EXPECT_TRUE(Client.Ready());
+  Client.AskForLocks();
+  Client.ReceiveAsynchronous(Bytes("4853 19 00 00000002 0000000000000000"));
+  EXPECT_TRUE(Client.LockedByOthers()) << "others share it";
+  Client.AskForLocks();
+  Client.ReceiveAsynchronous(Bytes("4853 19 00 00000000 0000000000000000"));
+  EXPECT_FALSE(Client.LockedByOthers());
+}
+
+TEST_F(HislipExchangeTest, OfALockBeforeTheLastCommandNothingIsKnown) {
+  Client.AskForLocks();
+  Client.ReceiveAsynchronous(Bytes("4853 19 01 00000001 0000000000000000"));
+  Ask("A?");
+  EXPECT_FALSE(Client.LockedByOthers());
+}
+
+TEST_F(HislipExchangeTest, WhoKnowsNoLocksMayComplainUnheard) {
+  Ask("A?");
+  Client.AskForLocks();
+  Client.ReceiveAsynchronous(Bytes("4853 03 01 00000000 0000000000000000"));
+  EXPECT_EQ(Client.Complaint(), "");
+  Client.ReceiveAsynchronous(Bytes("4853 03 01 00000000 0000000000000000"));
+  EXPECT_EQ(Client.Complaint(), "error 1, unknown message type");
+}
+
 TEST_F(HislipExchangeTest, ADeviceClearDropsWhatIsOnItsWay) {
   Ask("A?");
   Client.Clear();

@@ -48,6 +48,9 @@ private:
   /// The next part of the answer, of `size` bytes at most, from what has come.
   wire::HislipAnswer TakeAnswer(std::size_t size);
 
+  /// Why no answer came, as far as that is known.
+  std::string ReasonOfSilence() const;
+
   int Descriptor(wire::HislipChannel channel) const {
     return (channel == wire::HislipChannel::Synchronous ? m_synchronous : m_asynchronous).Get();
   }

@@ -79,20 +79,30 @@ DriverResult HislipTransport::Write(std::string_view bytes, TimePoint deadline) 
 Received HislipTransport::Read(char* buffer, std::size_t size, TimePoint deadline) {
   AboutToWait();
   DriverResult result;
-  if (TimePoint::clock::now() >= deadline) result = m_connector.Failure(DriverStatus::ReadTimeout);
+  const TimePoint now = TimePoint::clock::now();
+  if (now >= deadline) result = m_connector.Failure(DriverStatus::ReadTimeout);
+  TimePoint patience = now + (deadline - now) / 2;
   while (result.Succeeded()) {
     const wire::HislipAnswer answer = TakeAnswer(size);
     if (!answer.Empty()) {
       std::copy_n(answer.Payload.data(), answer.Payload.size(), buffer);
       return {{}, answer.Payload.size(), answer.End, answer.Anew};
     }
-    result = Failed() ? ProtocolFailure() : Exchange(deadline, DriverStatus::ReadTimeout);
+    result = Failed() ? ProtocolFailure() : Exchange(patience, DriverStatus::ReadTimeout);
+    if (result.Status != DriverStatus::ReadTimeout || patience == deadline) continue;
+    // An answer that takes long may never come, because another program has the instrument for itself.
+    patience = deadline;
+    m_client.AskForLocks();
+    result = Transmit();
   }
-  // An instrument that could not do with the command has said so, and will not answer.
-  if (result.Status == DriverStatus::ReadTimeout && !m_client.Complaint().empty()) {
-    result = Failure(DriverStatus::ReadTimeout, m_client.Complaint());
-  }
+  if (result.Status == DriverStatus::ReadTimeout) result.Detail += ReasonOfSilence();
   return {std::move(result)};
+}
+
+std::string HislipTransport::ReasonOfSilence() const {
+  if (m_client.LockedByOthers()) return ", which another program has locked; close the instrument there";
+  // An instrument that could not do with the command has said so, and will not answer.
+  return m_client.Complaint().empty() ? "" : ", " + m_client.Complaint();
 }
 
 bool HislipTransport::Stands() {

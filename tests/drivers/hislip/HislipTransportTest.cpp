@@ -148,6 +148,14 @@ TEST_F(HislipTransportTest, AComplaintIsTheReasonOfATimeout) {
   EXPECT_EQ(result.Detail, Place() + ", error 4, message too large (oug)");
 }
 
+TEST_F(HislipTransportTest, ALockOfAnotherClientIsTheReasonOfATimeout) {
+  Open();
+  Write("A?");
+  EXPECT_EQ(ReadFails(VerySoon()).Detail, Place());
+  instrument.Respond(HislipType::AsyncLockInfo, Bytes("4853 19 01 00000001 0000000000000000"));
+  EXPECT_EQ(ReadFails(VerySoon()).Detail, Place() + ", which another program has locked; close the instrument there");
+}
+
 TEST_F(HislipTransportTest, ADeviceClearDropsWhatIsOnItsWayAndKeepsTheConnections) {
   instrument.On("ENDLESS?", Reaction::Endless("1234567890,"));
   Open();

@@ -273,6 +273,7 @@ public:
 protected:
   void Handle(std::string_view record, TimePoint /*now*/) override {
     if (Link* link = TheInstrument().Last()) link->answers.push_back({std::string(record)});
+    Reply(0, Vxi11::ErrorResult());
   }
 };
 
@@ -304,6 +305,9 @@ void Vxi11Instrument::Send(const std::string& bytes) {
   const TimePoint deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
   door.Open(deadline);
   door.Write(record, deadline);
+  // What the test does next comes behind it.
+  char taken = 0;
+  door.Read(&taken, 1, deadline);
 }
 
 } // namespace portico::test

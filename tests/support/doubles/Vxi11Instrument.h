@@ -28,7 +28,8 @@ public:
   std::string Received() const;
   /// Waits until these end in `bytes`.
   void WaitForReceived(const std::string& bytes) const;
-  /// Answers on the link that was made last, asked or not; the answer ends there.
+  /// Answers on the link that was made last, asked or not; the answer ends there. The instrument has it when this
+  /// returns.
   void Send(const std::string& bytes);
 
 private:

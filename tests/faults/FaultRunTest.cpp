@@ -2,6 +2,7 @@
 #include "drivers/standard/StandardDriver.h"
 #include "simulator/connection/FaultyConnection.h"
 #include "simulator/connection/ServedStream.h"
+#include "simulator/hislip/HislipConnection.h"
 #include "simulator/server/SocketServer.h"
 
 #include <gtest/gtest.h>
@@ -71,6 +72,8 @@ private:
 
 std::string SocketName(const std::string& port) { return "TCPIP::127.0.0.1::" + port + "::SOCKET"; }
 
+std::string HislipName(const std::string& port) { return "TCPIP::127.0.0.1::hislip0," + port + "::INSTR"; }
+
 /// One open instrument.
 class Session {
 public:
@@ -129,12 +132,13 @@ TEST_P(FaultRun, NoAnswerIsTakenForAnothersAndNoMoreIsLostThanAFaultCosts) {
             << " lost, none wrong\n";
 }
 
-INSTANTIATE_TEST_SUITE_P(Transports, FaultRun,
-                         testing::Values(Transport{"Simulated", "LATE,LOST,ENDL", nullptr,
-                                                   [](const std::string&) { return std::string("SIM::dmm::INSTR"); }},
-                                         Transport{"Socket", "LATE,LOST,ENDL,STR,HALF,DROP", ServedStream::Factory,
-                                                   SocketName}),
-                         [](const auto& test) { return std::string(test.param.Name); });
+INSTANTIATE_TEST_SUITE_P(
+    Transports, FaultRun,
+    testing::Values(Transport{"Simulated", "LATE,LOST,ENDL", nullptr,
+                              [](const std::string&) { return std::string("SIM::dmm::INSTR"); }},
+                    Transport{"Socket", "LATE,LOST,ENDL,STR,HALF,DROP", ServedStream::Factory, SocketName},
+                    Transport{"Hislip", "LATE,LOST,ENDL,STR,HALF,DROP,NUMB", HislipConnection::Factory, HislipName}),
+    [](const auto& test) { return std::string(test.param.Name); });
 
 } // namespace
 } // namespace portico::test

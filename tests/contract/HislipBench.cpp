@@ -1,35 +1,15 @@
 #include "contract/DriverBenches.h"
-
-#include "drivers/SteadyClock.h"
-#include "drivers/standard/StandardTransports.h"
+#include "contract/NetworkBench.h"
 #include "support/doubles/HislipInstrument.h"
 
 namespace portico::test {
 namespace {
 
-using namespace drivers;
-
-class HislipBench final : public DriverBench {
+class HislipBench final : public NetworkBench<HislipInstrument> {
 public:
-  HislipBench(InstrumentScript script, std::chrono::milliseconds timeout)
-      : m_instrument(std::move(script)), m_driver(StandardTransports({}, m_clock), {m_clock, timeout, &observer}) {}
+  using NetworkBench::NetworkBench;
 
-  IInstrumentDriver& Driver() override { return m_driver; }
-  std::string Name() const override { return m_instrument.ResourceName(); }
-  std::string CanonicalName() const override {
-    return "TCPIP0::127.0.0.1::hislip0," + std::to_string(m_instrument.Port()) + "::INSTR";
-  }
-  std::string Place() const override { return "127.0.0.1, port " + std::to_string(m_instrument.Port()); }
-  std::string ReceivedUpTo(const std::string& bytes) override {
-    m_instrument.WaitForReceived(bytes);
-    return m_instrument.Received();
-  }
-  void Send(const std::string& bytes) override { m_instrument.Send(bytes); }
-
-private:
-  HislipInstrument m_instrument;
-  SteadyClock m_clock;
-  InstrumentDriver m_driver;
+  std::string CanonicalName() const override { return "TCPIP0::127.0.0.1::hislip0," + Port() + "::INSTR"; }
 };
 
 } // namespace

@@ -2,9 +2,11 @@
 
 #include "drivers/session/InstrumentDriver.h"
 #include "support/doubles/InstrumentScript.h"
+#include "system/Cancellation.h"
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <gmock/gmock.h>
 #include <memory>
 #include <ostream>
@@ -17,6 +19,9 @@ namespace portico::test {
 /// Keeps what the driver reports.
 class RecordingObserver final : public IDriverObserver {
 public:
+  void Waits() override {
+    if (onWait) onWait();
+  }
   void Reconnected(const std::string& resourceName) override { names.push_back(resourceName); }
   void AnswerFilledBuffer(const std::string& resourceName, std::size_t length) override {
     filled.push_back(resourceName + ", " + std::to_string(length));
@@ -24,6 +29,7 @@ public:
   void Cleared(const std::string& resourceName) override { cleared.push_back(resourceName); }
   void Restored(const std::string& resourceName) override { restored.push_back(resourceName); }
 
+  std::function<void()> onWait;
   std::vector<std::string> names;
   std::vector<std::string> cleared;
   std::vector<std::string> restored;
@@ -49,6 +55,8 @@ public:
   virtual void Send(const std::string& bytes) = 0;
 
   RecordingObserver observer;
+  /// The order to give up, which the driver heeds if the bench says that it cancels.
+  system::Cancellation cancellation;
 };
 
 /// What a transport is like, where the rules differ.
@@ -61,6 +69,8 @@ struct TransportTraits {
   RecoveryKind recovery = RecoveryKind::FreshConnection;
   /// An observer hears of what the driver does.
   bool tells = true;
+  /// The order to give up ends a call that is under way.
+  bool cancels = false;
 };
 
 /// What the suites run with: the name is that of the driver. Each stands in a file of its own, which DriverBenches.cpp

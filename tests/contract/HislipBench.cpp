@@ -15,7 +15,9 @@ public:
 } // namespace
 
 DriverBenchKind HislipBenchKind() {
-  return {"Hislip", MakeBench<HislipBench>, {.marksEnd = true, .recovery = TransportTraits::RecoveryKind::DeviceClear}};
+  return {"Hislip",
+          MakeBench<HislipBench>,
+          {.marksEnd = true, .recovery = TransportTraits::RecoveryKind::DeviceClear, .cancels = true}};
 }
 
 } // namespace portico::test

@@ -13,7 +13,8 @@ class NetworkBench : public DriverBench {
 public:
   NetworkBench(InstrumentScript script, std::chrono::milliseconds timeout)
       : m_instrument(std::move(script)),
-        m_driver(drivers::StandardTransports({}, m_clock), {m_clock, timeout, &observer}) {}
+        m_driver(drivers::StandardTransports({}, m_clock, &cancellation),
+                 {m_clock, timeout, &observer, &cancellation}) {}
 
   IInstrumentDriver& Driver() override { return m_driver; }
   std::string Name() const override { return m_instrument.ResourceName(); }

@@ -13,7 +13,9 @@ using namespace drivers;
 class SerialBench final : public DriverBench {
 public:
   SerialBench(const InstrumentScript& script, std::chrono::milliseconds timeout)
-      : m_first(script), m_second(script), m_driver(StandardTransports({}, m_clock), {m_clock, timeout, &observer}) {}
+      : m_first(script),
+        m_second(script),
+        m_driver(StandardTransports({}, m_clock, &cancellation), {m_clock, timeout, &observer, &cancellation}) {}
 
   IInstrumentDriver& Driver() override { return m_driver; }
   std::string Name() const override { return "asrl" + m_first.Path() + "::115200,8n1,none::instr"; }
@@ -36,7 +38,7 @@ private:
 } // namespace
 
 DriverBenchKind SerialBenchKind() {
-  return {"Serial", MakeBench<SerialBench>, {.recovery = TransportTraits::RecoveryKind::Listening}};
+  return {"Serial", MakeBench<SerialBench>, {.recovery = TransportTraits::RecoveryKind::Listening, .cancels = true}};
 }
 
 } // namespace portico::test

@@ -18,8 +18,8 @@ public:
                        m_connection = connection.get();
                        return connection;
                      },
-                     m_clock),
-                 {m_clock, timeout, &observer}) {}
+                     m_clock, &cancellation),
+                 {m_clock, timeout, &observer, &cancellation}) {}
 
   IInstrumentDriver& Driver() override { return m_driver; }
   std::string Name() const override { return "sim::dmm::instr"; }
@@ -37,6 +37,6 @@ private:
 
 } // namespace
 
-DriverBenchKind SimulatedBenchKind() { return {"Simulated", MakeBench<SimulatedBench>}; }
+DriverBenchKind SimulatedBenchKind() { return {"Simulated", MakeBench<SimulatedBench>, {.cancels = true}}; }
 
 } // namespace portico::test

@@ -14,6 +14,6 @@ public:
 
 } // namespace
 
-DriverBenchKind SocketBenchKind() { return {"Socket", MakeBench<SocketBench>}; }
+DriverBenchKind SocketBenchKind() { return {"Socket", MakeBench<SocketBench>, {.cancels = true}}; }
 
 } // namespace portico::test

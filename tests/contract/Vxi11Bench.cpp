@@ -15,7 +15,9 @@ public:
 } // namespace
 
 DriverBenchKind Vxi11BenchKind() {
-  return {"Vxi11", MakeBench<Vxi11Bench>, {.marksEnd = true, .recovery = TransportTraits::RecoveryKind::DeviceClear}};
+  return {"Vxi11",
+          MakeBench<Vxi11Bench>,
+          {.marksEnd = true, .recovery = TransportTraits::RecoveryKind::DeviceClear, .cancels = true}};
 }
 
 } // namespace portico::test

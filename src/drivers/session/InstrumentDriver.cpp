@@ -22,6 +22,7 @@ std::int32_t InstrumentDriver::TVSCPI_init(const std::string& name, std::int32_t
 }
 
 DriverResult InstrumentDriver::Open(const std::string& name, std::int32_t& session) {
+  if (IsCancelled()) return {DriverStatus::Cancelled};
   const auto parsed = ResourceName::Parse(name);
   if (const auto* error = std::get_if<ResourceNameError>(&parsed)) {
     return {DriverStatus::InvalidResourceName, error->Text};
@@ -108,7 +109,7 @@ template <typename Operation>
 std::int32_t InstrumentDriver::OnSession(std::int32_t session, Operation operation) {
   const SessionRef open = Find(session);
   if (open == nullptr) return Number(DriverStatus::InvalidSession);
-  const DriverResult result = operation(*open);
+  const DriverResult result = IsCancelled() ? DriverResult{DriverStatus::Cancelled} : operation(*open);
   if (!result.Succeeded()) open->RememberFailure(result);
   return Number(result.Status);
 }

@@ -18,7 +18,7 @@ using TransportRegistry = std::map<InterfaceKind, TransportFactory>;
 /// The driver of all instruments: reads the resource name, picks the transport for its kind and holds the sessions.
 ///
 /// Used from one thread, like the channel above it. Sessions that were not closed are closed with the driver. Statuses
-/// are those of DriverStatus.
+/// are those of DriverStatus. Once the order to give up was given, all but closing and messages is refused.
 class InstrumentDriver final : public IInstrumentDriver {
 public:
   InstrumentDriver(TransportRegistry transports, const SessionOptions& options);
@@ -44,6 +44,7 @@ private:
 
   DriverResult Open(const std::string& name, std::int32_t& session);
   SessionRef Find(std::int32_t session) const;
+  bool IsCancelled() const { return m_options.Cancellation != nullptr && m_options.Cancellation->Requested(); }
 
   /// Runs `operation` on the session, remembers its failure there and answers its status.
   template <typename Operation>

@@ -22,6 +22,7 @@ protected:
   }
 
   ManualClock clock;
+  system::Cancellation cancellation;
   ScriptedTransport::Record transport;
   std::vector<std::string> names;
   InstrumentDriver driver{{{InterfaceKind::Serial,
@@ -29,7 +30,7 @@ protected:
                               names.push_back(name.Canonical());
                               return std::make_unique<ScriptedTransport>(transport);
                             }}},
-                          {clock}};
+                          {clock, std::chrono::milliseconds(5000), nullptr, &cancellation}};
 };
 
 TEST_F(InstrumentDriverTest, MakesTheTransportThatIsRegisteredForTheInterface) {
@@ -77,6 +78,43 @@ TEST_F(InstrumentDriverTest, AReadOnNoSessionCountsNothing) {
   std::array<char, 2> buffer = {'x'};
   EXPECT_EQ(driver.TVSCPI_ReadInstrData(1, 2, buffer.data(), count), Code(DriverStatus::InvalidSession));
   EXPECT_EQ(count, 0);
+}
+
+TEST_F(InstrumentDriverTest, OnceTheProgramIsToEndAllButClosingAndMessagesIsRefused) {
+  std::int32_t session = 0;
+  ASSERT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), 0);
+  transport.Piece("1\n");
+  cancellation.Request();
+  const std::int32_t cancelled = Code(DriverStatus::Cancelled);
+  std::int32_t other = 77;
+  std::int32_t number = 5;
+  std::array<char, 4> buffer = {'x'};
+  EXPECT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, other), cancelled);
+  EXPECT_EQ(Message(0, cancelled), "The program is about to end.\n");
+  EXPECT_EQ(driver.TVSCPI_WriteInstrData(session, "A\r"), cancelled);
+  EXPECT_EQ(driver.TVSCPI_GetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, number), cancelled);
+  EXPECT_EQ(driver.TVSCPI_SetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, 10), cancelled);
+  EXPECT_EQ(driver.TVSCPI_GetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, 4, buffer.data()), cancelled);
+  EXPECT_EQ(driver.TVSCPI_SetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, "E?"), cancelled);
+  EXPECT_EQ(number, 5);
+  EXPECT_EQ(driver.TVSCPI_ReadInstrData(session, 4, buffer.data(), number), cancelled);
+  EXPECT_EQ(number, 0);
+  EXPECT_EQ(buffer.front(), 'x');
+  EXPECT_EQ(Message(session, cancelled), "The program is about to end.\n");
+  EXPECT_EQ(other, 77);
+  EXPECT_EQ(transport.opened, 1);
+  EXPECT_THAT(transport.written, testing::IsEmpty());
+  EXPECT_EQ(driver.TVSCPI_close(session), 0);
+  EXPECT_EQ(transport.closed, 1);
+  EXPECT_THAT(transport.returns, testing::IsEmpty());
+}
+
+TEST_F(InstrumentDriverTest, ClosingGivesLocalControlBack) {
+  std::int32_t session = 0;
+  ASSERT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), 0);
+  EXPECT_EQ(driver.TVSCPI_close(session), 0);
+  EXPECT_THAT(transport.returns, testing::SizeIs(1));
+  EXPECT_EQ(transport.closed, 1);
 }
 
 TEST(InstrumentDriver, SessionsThatAreOpenTogetherDoNotMix) {

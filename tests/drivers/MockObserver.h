@@ -9,6 +9,7 @@ namespace portico::test {
 
 class MockObserver : public IDriverObserver {
 public:
+  MOCK_METHOD(void, Waits, (), (override));
   MOCK_METHOD(void, Reconnected, (const std::string& resourceName), (override));
   MOCK_METHOD(void, Cleared, (const std::string& resourceName), (override));
   MOCK_METHOD(void, Restored, (const std::string& resourceName), (override));

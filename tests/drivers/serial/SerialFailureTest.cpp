@@ -1,3 +1,4 @@
+#include "drivers/MockObserver.h"
 #include "drivers/SteadyClock.h"
 #include "drivers/standard/StandardTransports.h"
 #include "support/Files.h"
@@ -5,7 +6,8 @@
 
 #include <array>
 #include <filesystem>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+#include <utility>
 
 namespace portico::test {
 namespace {
@@ -49,7 +51,7 @@ protected:
   const std::string link = folder.At("usb-Maker_Adapter-if00");
   std::unique_ptr<SerialInstrument> instrument;
   SteadyClock clock;
-  InstrumentDriver driver{StandardTransports({}, clock), {clock, std::chrono::seconds(5)}};
+  InstrumentDriver driver{StandardTransports({}, clock), {clock, std::chrono::seconds(2)}};
   std::int32_t session = 0;
   std::array<char, 64> buffer = {};
   std::int32_t count = 0;
@@ -82,6 +84,27 @@ TEST_F(SerialFailureTest, ACommandToAnAdapterPulledOutFailsAndIsNotLostInSilence
   PlugIn();
   EXPECT_EQ(Query("Q?"), "1");
   EXPECT_EQ(instrument->Received(), "Q?\r\n");
+}
+
+TEST(SerialFailure, AfterACommandThatWasHeldUpTheLineIsListenedTo) {
+  SerialInstrument instrument({{"Q?", Reaction::Answer("1\n")}});
+  SteadyClock clock;
+  testing::NiceMock<MockObserver> observer;
+  InstrumentDriver driver{StandardTransports({}, clock), {clock, std::chrono::milliseconds(500), &observer}};
+  std::int32_t session = 0;
+  ASSERT_EQ(driver.TVSCPI_init("ASRL" + instrument.Path() + "::9600,8N1,xonxoff::INSTR", 0, 0, session), 0);
+  instrument.Send("\x13held\n");
+  std::array<char, 16> buffer = {};
+  std::int32_t count = 0;
+  ASSERT_EQ(driver.TVSCPI_ReadInstrData(session, 16, buffer.data(), count), 0);
+  EXPECT_EQ(driver.TVSCPI_WriteInstrData(session, "SLOW?\r"), static_cast<std::int32_t>(DriverStatus::WriteTimeout));
+  bool late = false; // comes when the port is open again
+  ON_CALL(observer, Waits).WillByDefault([&] {
+    if (!std::exchange(late, true)) instrument.Send("\x11late\n");
+  });
+  EXPECT_EQ(driver.TVSCPI_WriteInstrData(session, "Q?\r"), 0);
+  EXPECT_EQ(driver.TVSCPI_ReadInstrData(session, 16, buffer.data(), count), 0);
+  EXPECT_STREQ(buffer.data(), "1");
 }
 
 } // namespace

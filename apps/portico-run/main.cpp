@@ -12,6 +12,7 @@
 #include "memory/SettingsStore.h"
 #include "memory/SystemClock.h"
 #include "memory/UnseenBox.h"
+#include "system/Cancellation.h"
 #include "terminal/BatchRun.h"
 #include "terminal/InstrumentLister.h"
 #include "terminal/QueryBench.h"
@@ -76,9 +77,11 @@ int List(const RunOptions& options) {
 }
 
 int Measure(const RunOptions& options) {
-  const Interrupts interrupts([] {});
-  SteadyClock clock;
-  const auto [driver, notice] = ChooseDriver({clock, std::chrono::milliseconds(options.TimeoutMilliseconds)});
+  system::Cancellation cancellation;
+  const Interrupts interrupts([&cancellation] { cancellation.Request(); });
+  SteadyClock clock(&cancellation);
+  const auto [driver, notice] =
+      ChooseDriver({clock, std::chrono::milliseconds(options.TimeoutMilliseconds), nullptr, &cancellation});
   if (!notice.empty()) std::cerr << Diagnostic(notice) << std::endl;
   QueryBench bench(
       options, *driver, [&interrupts] { return interrupts.Requested(); }, std::cout, std::cerr);
@@ -88,20 +91,25 @@ int Measure(const RunOptions& options) {
 int Run(const RunOptions& options) {
   memory::SystemClock clock;
   const auto loop = std::make_shared<memory::EventLoop>(clock);
-  const Interrupts interrupts([&loop] { loop->RequestQuit(); });
+  system::Cancellation cancellation;
+  const Interrupts interrupts([&loop, &cancellation] {
+    loop->RequestQuit();
+    cancellation.Request();
+  });
 
   auto sources = OpenSources(options.Files, interrupts);
   if (const auto* fault = std::get_if<FileFault>(&sources)) return Fail(fault->Text);
 
   static HostEnvironment environment; // error reports are read to the very end
-  SteadyClock driverClock;
+  SteadyClock driverClock(&cancellation);
   DriverNews news;
   loop->BeforeWait.Connect([&news] { news.AboutToWait(); });
   const Wiring wiring;
   HuntERR::SetEnvironment(&environment);
   gEventLoop = loop;
   gSettingsStore = std::make_shared<memory::SettingsStore>();
-  auto [driver, notice] = ChooseDriver({driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &news});
+  auto [driver, notice] =
+      ChooseDriver({driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &news, &cancellation});
   gInstrumentDriver = std::move(driver);
   if (!notice.empty()) std::cerr << Diagnostic(notice) << std::endl;
   const auto window = New<TerminalWindow>(New<memory::RichTextBox>(), New<memory::UnseenBox>(),

@@ -146,10 +146,11 @@ bool BatchRun::Open() {
   m_faults->Begin();
   const auto termination = InstrumentAccess::Open(m_options.Instrument);
   if (!termination) {
+    m_status.Note(ExitStatus::NotOpened);
+    if (m_interrupts.RequestedAgain()) return false; // it was the user who ended it
     const auto failures = m_faults->DriverFailures();
     Diagnose("cannot open " + ToUtf8(m_options.Instrument) +
              (failures.empty() ? std::string() : ": " + ToUtf8(failures.back())));
-    m_status.Note(ExitStatus::NotOpened);
     return false;
   }
   m_faults->Begin();
@@ -238,6 +239,7 @@ void BatchRun::CloseLog() {
 }
 
 void BatchRun::JudgeDriver() {
+  if (m_interrupts.RequestedAgain()) return; // what fails now fails by that
   for (const auto& [command, failure] : m_faults->Outcomes()) {
     if (!failure) {
       m_repeated.Succeeded(command);

@@ -1,5 +1,6 @@
 #include "end_to_end/Programs.h"
 #include "support/doubles/ScriptedServer.h"
+#include "support/doubles/SerialInstrument.h"
 
 #include <csignal>
 
@@ -82,6 +83,30 @@ TEST(Interrupt, AgainEndsThePacingWaitAsWell) {
   EXPECT_EQ(outcome.err, "portico-run: standard input:2: interrupted\n");
   server.WaitForNoClient();
   EXPECT_EQ(server.Received(), "*OPC?\r\n*CLS\r\n*OPC?\r\n");
+}
+
+TEST(Interrupt, AgainEndsAReadThatIsUnderWay) {
+  ScriptedServer server({});
+  Process process(PorticoRun(Arguments{"--timeout", "600000", server.ResourceName()}));
+  process.Write("*CLS\n*RST\n");
+  server.WaitForReceived("*OPC?\r\n");
+  const Outcome outcome = process.SignalUntilEnd(SIGINT);
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_EQ(outcome.err, "portico-run: standard input:1: interrupted\n");
+  server.WaitForNoClient();
+  EXPECT_EQ(server.Received(), "*OPC?\r\n") << "nothing is sent any more";
+}
+
+TEST(Interrupt, AgainEndsAReadOnASerialLineAndASimulatedInstrument) {
+  const SerialInstrument line(InstrumentScript{});
+  for (const std::string& instrument : {line.ResourceName(), SimulatedMeter}) {
+    Process process(PorticoRun(BareOptions + Arguments{"--timeout", "600000", instrument}));
+    process.Write("REM a wait begins\nSLOW?\n");
+    process.WaitForOutput("> SLOW?\n");
+    const Outcome outcome = process.SignalUntilEnd(SIGTERM);
+    EXPECT_EQ(outcome.status, 130) << instrument;
+    EXPECT_EQ(outcome.err, "portico-run: standard input:2: interrupted\n") << instrument;
+  }
 }
 
 TEST(Interrupt, OutranksAReportedErrorAndADriverFailure) {

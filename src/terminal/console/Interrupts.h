@@ -18,6 +18,8 @@ public:
   Interrupts& operator=(const Interrupts&) = delete;
 
   bool Requested() const;
+  /// More than once, so that waits have been ended.
+  bool RequestedAgain() const;
   /// Waits until the descriptor can be read; false once the user has interrupted.
   bool WaitForInput(int descriptor) const;
 

@@ -46,6 +46,7 @@ Interrupts::~Interrupts() {
 }
 
 bool Interrupts::Requested() const { return requests > 0; }
+bool Interrupts::RequestedAgain() const { return requests > 1; }
 
 bool Interrupts::WaitForInput(int descriptor) const {
   while (!Requested()) {

@@ -16,6 +16,7 @@
 #include "framework/shared/IConfiguration.h"
 #include "qt/Toolkit.h"
 #include "qt/loop/EventLoop.h"
+#include "system/Cancellation.h"
 #include "ui/commands/MergeCommands.h"
 #include "ui/dialogs/KnownInstruments.h"
 #include "ui/main/frmMain.h"
@@ -297,7 +298,8 @@ int main(int argc, char** argv) {
   HostEnvironment environment;
   HuntERR::SetEnvironment(&environment);
   SteadyClock clock;
-  const qt::Toolkit toolkit(qt::FindHelpFolder());
+  system::Cancellation cancellation;
+  const qt::Toolkit toolkit(qt::FindHelpFolder(), cancellation);
   gInstrumentDriver = StandardDriver({clock});
   gInstrumentList = std::make_shared<KnownInstruments>();
   gRegistry = std::make_shared<DriverRegistry>("1");

@@ -12,6 +12,7 @@
 #include "framework/shared/Application.h"
 #include "qt/Toolkit.h"
 #include "qt/loop/EventLoop.h"
+#include "system/Cancellation.h"
 #include "ui/dialogs/KnownInstruments.h"
 
 #include <QApplication>
@@ -33,9 +34,9 @@ String CommandLine(int argc, char** argv) {
 
 /// What is neither toolkit nor window. Lets go of it in the reverse order; the channel closes with the factory.
 struct Wiring {
-  Wiring() {
+  explicit Wiring(const system::Cancellation& cancellation) : m_clock(&cancellation) {
     HuntERR::SetEnvironment(&m_environment);
-    auto [driver, notice] = ChooseDriver({m_clock});
+    auto [driver, notice] = ChooseDriver({.Clock = m_clock, .Cancellation = &cancellation});
     gInstrumentDriver = std::move(driver);
     Notice = FromUtf8(notice).Text;
     gInstrumentList = std::make_shared<KnownInstruments>(discovery::AttachedNames);
@@ -68,8 +69,9 @@ int main(int argc, char** argv) {
   const String commandLine = CommandLine(argc, argv);
   int ownArguments = 1; // the rest is not for the toolkit
   QApplication application(ownArguments, argv);
-  const qt::Toolkit toolkit(qt::FindHelpFolder());
-  const Wiring wiring;
+  system::Cancellation cancellation;
+  const qt::Toolkit toolkit(qt::FindHelpFolder(), cancellation);
+  const Wiring wiring(cancellation);
   qt::EventLoop& loop = toolkit.Loop();
   return RunWindow({[&loop] { loop.Run(); }, [&loop] { loop.FinishQuit(); }, loop.Quitting()}, commandLine,
                    wiring.Notice);

@@ -27,7 +27,8 @@ std::shared_ptr<IRichTextControl> MakeRichText(const ControlDesign& design, QWid
 
 } // namespace
 
-Toolkit::Toolkit(const QString& helpFolder) : m_loop(std::make_shared<EventLoop>()), m_signals(*m_loop) {
+Toolkit::Toolkit(const QString& helpFolder, system::Cancellation& cancellation)
+    : m_loop(std::make_shared<EventLoop>()), m_signals(*m_loop, cancellation) {
   QApplication::setDesktopFileName("portico"); // the entry that a desktop shows the windows under
   QApplication::setWindowIcon(Icon("portico"));
   gEventLoop = m_loop;

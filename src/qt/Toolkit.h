@@ -15,8 +15,9 @@ class EventLoop;
 /// the seams must go before it.
 class Toolkit {
 public:
-  /// The folder of the manual's pages.
-  explicit Toolkit(const QString& helpFolder);
+  /// `helpFolder` has the manual's pages. `cancellation` is the order that ends all waits for instruments, which the
+  /// signals that end the program give; it outlives this.
+  Toolkit(const QString& helpFolder, system::Cancellation& cancellation);
   Toolkit(const Toolkit&) = delete;
   Toolkit& operator=(const Toolkit&) = delete;
   ~Toolkit();

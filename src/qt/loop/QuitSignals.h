@@ -5,14 +5,18 @@
 namespace portico {
 class IEventLoop;
 }
+namespace portico::system {
+class Cancellation;
+}
 
 namespace portico::qt {
 
 /// For as long as it lives, the signals that end a program (a terminal's interrupt, its hang-up, and the order to
-/// terminate) ask the loop to quit instead. One at a time; the loop outlives it.
+/// terminate) ask the loop to quit instead, and give the order to end all waits for instruments. One at a time; loop
+/// and order outlive it.
 class QuitSignals {
 public:
-  explicit QuitSignals(IEventLoop& loop);
+  QuitSignals(IEventLoop& loop, system::Cancellation& cancellation);
   QuitSignals(const QuitSignals&) = delete;
   QuitSignals& operator=(const QuitSignals&) = delete;
   ~QuitSignals();

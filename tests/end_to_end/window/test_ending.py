@@ -1,9 +1,31 @@
 """How the program ends, whatever it is doing, and what it remembers."""
 
+import os
 import signal
+import socket
+import threading
 import unittest
+from xml.etree import ElementTree
 
 from case import WindowCase
+from desktop import wait_for
+
+
+class SilentInstrument:
+    """Takes all that comes by its socket and never answers."""
+
+    def __init__(self):
+        self._listener = socket.create_server(("127.0.0.1", 0))
+        self.name = f"TCPIP::127.0.0.1::{self._listener.getsockname()[1]}::SOCKET"
+        self.received = b""
+        self.left = threading.Event()
+        threading.Thread(target=self._serve, daemon=True).start()
+
+    def _serve(self):
+        connection, _ = self._listener.accept()
+        while piece := connection.recv(4096):
+            self.received += piece
+        self.left.set()
 
 
 class Ending(WindowCase):
@@ -55,6 +77,29 @@ class Ending(WindowCase):
         portico.message("Can't perform cut operation.")
         portico.process.send_signal(signal.SIGTERM)
         self.assertEqual(portico.wait_until_ended(), 0)
+
+    def test_a_signal_ends_a_read_and_the_program_comes_down_in_order(self):
+        for number in (signal.SIGTERM, signal.SIGINT):
+            with self.subTest(number):
+                path = os.path.join(self.desktop.home, f"ended-by-{int(number)}.log")
+                instrument = SilentInstrument()
+                portico = self.open(instrument.name)
+                portico.choose("File", "New Log...")
+                portico.window("Open a log file")
+                portico.key("ctrl+a")
+                portico.type(path)
+                portico.key("Return")
+                portico.wait_until_closed("Open a log file")
+                portico.type_lines("*IDN?", "*RST")
+                portico.key("F5")
+                wait_for(lambda: instrument.received == b"*OPC?\r\n", "the first query")
+                portico.process.send_signal(number)
+                self.assertEqual(portico.wait_until_ended(), 0)
+                self.assertTrue(instrument.left.wait(60))
+                self.assertEqual(instrument.received, b"*OPC?\r\n")  # a read that runs out is followed by more
+                sessions = ElementTree.parse(path).getroot().findall("Session")
+                self.assertEqual(len(sessions), 1)
+                self.assertTrue(sessions[0].get("SessionCloseTimeStamp"))
 
     def test_settings_that_cannot_be_saved_are_told_once(self):
         settings = self.desktop.environment["XDG_CONFIG_HOME"]

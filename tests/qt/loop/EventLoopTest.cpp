@@ -5,6 +5,7 @@
 #include "qt/loop/HandlerTurn.h"
 #include "qt/loop/QuitSignals.h"
 #include "support/ErrorReports.h"
+#include "system/Cancellation.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -162,12 +163,15 @@ TEST_F(EventLoopTest, WhatIsLeftToDoAfterTheEndTakesTurnsThatDoNothing) {
   EXPECT_TRUE(called);
 }
 
-TEST_F(EventLoopTest, SignalsAskToQuit) {
+TEST_F(EventLoopTest, SignalsAskToQuitAndEndWaitsForInstruments) {
   for (const int signal : {SIGINT, SIGHUP, SIGTERM}) {
     qt::EventLoop told;
-    const qt::QuitSignals orders(told);
+    system::Cancellation cancellation;
+    const qt::QuitSignals orders(told, cancellation);
     EXPECT_NO_THROW(told.DoEvents());
+    EXPECT_FALSE(cancellation.Requested());
     std::raise(signal);
+    EXPECT_TRUE(cancellation.Requested());
     EXPECT_THROW(told.DoEvents(), Quit);
   }
 }

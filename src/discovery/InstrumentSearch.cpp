@@ -2,11 +2,17 @@
 
 #include "discovery/AttachedInstruments.h"
 
+#include <cstddef>
 #include <iterator>
 #include <system_error>
 #include <utility>
 
 namespace portico::discovery {
+namespace {
+
+constexpr std::size_t MostInstruments = 1000;
+
+} // namespace
 
 void InstrumentSearch::Start() {
   Stop();
@@ -27,6 +33,9 @@ std::vector<FoundInstrument> InstrumentSearch::Take() {
   };
   append(m_vxi11);
   append(m_mdns);
+  std::erase_if(found, [this](const FoundInstrument& instrument) {
+    return m_told.size() >= MostInstruments || !m_told.insert(instrument.Name).second;
+  });
   return found;
 }
 
@@ -34,6 +43,7 @@ void InstrumentSearch::Stop() noexcept {
   m_mdns.reset();
   m_vxi11.reset();
   m_attached.clear();
+  m_told.clear();
 }
 
 } // namespace portico::discovery

@@ -5,7 +5,7 @@ namespace portico::test {
 std::vector<DriverBenchKind> AllDriverBenches() {
   return {
       SocketBenchKind(),  SerialBenchKind(), SimulatedBenchKind(), HislipBenchKind(),
-      MarkingBenchKind(), Vxi11BenchKind(),  LoadedBenchKind(),
+      MarkingBenchKind(), Vxi11BenchKind(),  LoadedBenchKind(),    UsbtmcBenchKind(),
   };
 }
 

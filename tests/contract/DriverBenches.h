@@ -12,5 +12,6 @@ DriverBenchKind SimulatedBenchKind();
 DriverBenchKind HislipBenchKind();
 DriverBenchKind Vxi11BenchKind();
 DriverBenchKind LoadedBenchKind();
+DriverBenchKind UsbtmcBenchKind();
 
 } // namespace portico::test

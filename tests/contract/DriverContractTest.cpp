@@ -152,16 +152,6 @@ TEST_P(DriverContract, TheLastFailedOpenHasItsMessageUnderSessionZero) {
   EXPECT_EQ(Message(status, session), "The instrument name is not valid.\n");
 }
 
-TEST_P(DriverContract, OtherInterfacesAreKnownButNotSupportedYet) {
-  Start({});
-  const std::int32_t unsupported = Code(DriverStatus::UnsupportedInterface);
-  for (const std::string name : {"USB0::0x1234::0x5678::SN1::0::INSTR"}) {
-    std::int32_t handle = 0;
-    EXPECT_EQ(Driver().TVSCPI_init(name, 0, 0, handle), unsupported);
-    EXPECT_EQ(Message(unsupported, 0), "The interface is not supported yet: " + name + ".\n");
-  }
-}
-
 TEST_P(DriverContract, AnyStatusHasAText) {
   Start({});
   EXPECT_EQ(Message(0, session), "No error.\n");

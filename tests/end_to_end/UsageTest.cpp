@@ -150,8 +150,10 @@ INSTANTIATE_TEST_SUITE_P(
                             "The instrument name is not valid: \"dmm\" is no interface; "
                             "write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR."},
                     BadName{"UnknownDevice", "SIM::toaster::INSTR", "There is no such simulated instrument: toaster."},
-                    BadName{"UnsupportedInterface", "USB::1::2::SN1::INSTR",
-                            "The interface is not supported yet: USB0::0x0001::0x0002::SN1::0::INSTR."}),
+                    BadName{
+                        "UnpluggedInstrument", "USB::1::2::SN1::INSTR",
+                        "The connection could not be made: USB 0x0001::0x0002::SN1, no such instrument is connected; "
+                        "check its cable and its name, and that it is switched on."}),
     [](const auto& test) { return test.param.name; });
 
 TEST(Usage, HelpAndVersionGoToStandardOutput) {

@@ -33,6 +33,13 @@ must_be_gzip share/doc/portico/changelog.Debian.gz
 [[ $(zcat "$place/share/doc/portico/changelog.Debian.gz") == "portico ($version-"*") "* ]] ||
   fault "the package's changes do not begin with version $version"
 
+# The rule that messages about USB instruments name; the seat gets its access at 73.
+rule=70-portico-usbtmc.rules
+must_exist "lib/udev/rules.d/$rule"
+((${rule%%-*} < 73)) || fault "the udev rule comes too late"
+grep -q '^SUBSYSTEM=="usbmisc", KERNEL=="usbtmc\[0-9\]\*", TAG+="uaccess"$' "$place/lib/udev/rules.d/$rule" ||
+  fault "the udev rule does not give the seat access"
+
 # The driver serves a program in C and one in Python.
 must_exist include/portico/TVSCPI_32.h
 library=lib/$(gcc -dumpmachine)/portico/libportico-driver.so

@@ -3,6 +3,8 @@
 #include "drivers/hislip/HislipTransport.h"
 #include "drivers/serial/SerialTransport.h"
 #include "drivers/sockets/TcpTransport.h"
+#include "drivers/usbtmc/UsbtmcSystem.h"
+#include "drivers/usbtmc/UsbtmcTransport.h"
 #include "drivers/vxi11/Vxi11Transport.h"
 
 namespace portico::drivers {
@@ -31,6 +33,10 @@ TransportRegistry StandardTransports(SimulatorConnector connect, IClock& clock,
   };
   transports[InterfaceKind::LanDevice] = [cancellation, &clock](const ResourceName& name) {
     return LanDeviceTransport(std::get<LanDeviceAddress>(name.GetAddress()), clock, cancellation);
+  };
+  transports[InterfaceKind::Usb] = [usb = std::make_shared<UsbtmcSystem>(), &clock,
+                                    cancellation](const ResourceName& name) {
+    return std::make_unique<UsbtmcTransport>(std::get<UsbAddress>(name.GetAddress()), *usb, clock, cancellation);
   };
   transports[InterfaceKind::Serial] = [cancellation](const ResourceName& name) {
     return std::make_unique<SerialTransport>(std::get<SerialAddress>(name.GetAddress()), cancellation);

@@ -1,6 +1,8 @@
 #include "discovery/AttachedInstruments.h"
 
 #include "discovery/ListedInstrument.h"
+#include "drivers/usbtmc/UsbtmcList.h"
+#include "drivers/usbtmc/UsbtmcSystem.h"
 
 #include <algorithm>
 #include <cctype>
@@ -63,20 +65,6 @@ std::vector<std::string> UsbFacts(const fs::path& device) {
   return {ReadLine(device / "manufacturer"), ReadLine(device / "product"), ReadLine(device / "serial")};
 }
 
-/// Four hexadecimal digits as names have them.
-std::string UsbId(const fs::path& file) {
-  std::string digits = ReadLine(file);
-  std::transform(digits.begin(), digits.end(), digits.begin(), [](unsigned char c) { return std::toupper(c); });
-  return "0x" + digits;
-}
-
-std::string UsbName(const fs::path& device, const fs::path& interface) {
-  const std::string number = ReadLine(interface / "bInterfaceNumber");
-  const auto value = std::strtoul(number.c_str(), nullptr, 16);
-  return "USB0::" + UsbId(device / "idVendor") + "::" + UsbId(device / "idProduct") +
-         "::" + ReadLine(device / "serial") + "::" + std::to_string(value) + "::INSTR";
-}
-
 /// One that the machine really has: the others are placeholders of the driver, without a chip behind them.
 bool IsReal(const fs::path& port, const fs::path& system) {
   const std::string type = ReadLine(system / "class" / "tty" / port.filename() / "type");
@@ -88,10 +76,9 @@ public:
   explicit Collector(const DeviceFolders& folders) : m_folders(folders) {}
 
   void AddUsb() {
-    for (const fs::path& node : Numbered(m_folders.Devices, "usbtmc")) {
-      const fs::path interface = m_folders.System / "class" / "usbmisc" / node.filename() / "device";
-      const fs::path device = UsbDevice(interface);
-      if (!device.empty()) Add(UsbName(device, interface), UsbFacts(device));
+    drivers::UsbtmcSystem usb(m_folders.System / "class" / "usbmisc", m_folders.Devices);
+    for (const drivers::UsbtmcDevice& device : usb.Devices()) {
+      Add(InstrumentName(device), {device.Maker, device.Model, device.Serial});
     }
   }
 

@@ -9,7 +9,7 @@ from test_peer import IDN, Base
 
 OFF = ("SCPIProtocolOPCPacing=Off", "SCPIProtocolAutoErrorChecking=Off")
 ANSWER = "< " + IDN.decode()
-PATIENT, BRIEF = 20000, 300
+PATIENT, BRIEF = 20000, 1000
 
 
 class PorticoRun(Base):

@@ -37,7 +37,7 @@ public:
 
   template <XdrRecord T>
   void Put(const T& record) {
-    std::apply([this](const auto&... fields) { (Put(fields), ...); }, T::Fields(record));
+    std::apply([this](const auto&... fields) { (this->Put(fields), ...); }, T::Fields(record));
   }
 
   template <typename T>
@@ -74,7 +74,7 @@ public:
 
   template <XdrRecord T>
   bool Get(T& record) {
-    std::apply([this](auto&... fields) { (Get(fields), ...); }, T::Fields(record));
+    std::apply([this](auto&... fields) { (this->Get(fields), ...); }, T::Fields(record));
     return !m_failed;
   }
 

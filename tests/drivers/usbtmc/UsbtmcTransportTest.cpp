@@ -102,14 +102,14 @@ TEST_F(UsbtmcTransportTest, ClearDropsWhatWasAskedWithinTheTimeout) {
   Ask("Q?");
   EXPECT_TRUE(transport.Clear(milliseconds(300)));
   EXPECT_EQ(device.clears, 1);
-  EXPECT_EQ(device.timeouts.back(), 300U);
+  EXPECT_THAT(device.timeouts, ElementsAre(1000, 300));
   EXPECT_EQ(Read().Result.Status, DriverStatus::ReadTimeout);
 }
 
 TEST_F(UsbtmcTransportTest, AClearThatFailsSaysSo) {
   device.clearError = EPERM;
   EXPECT_FALSE(transport.Clear(milliseconds(20)));
-  EXPECT_EQ(device.timeouts.back(), 100U);
+  EXPECT_THAT(device.timeouts, ElementsAre(100));
   usb.Unplug(device);
   EXPECT_FALSE(transport.Clear(milliseconds(300)));
 }

@@ -1,6 +1,8 @@
 #include "discovery/ServiceNames.h"
 
 #include "discovery/ListedInstrument.h"
+#include "drivers/hislip/HislipTransport.h"
+#include "wire/PortMapper.h"
 
 #include <algorithm>
 #include <array>
@@ -13,9 +15,6 @@ constexpr std::string_view WebPage = "_lxi._tcp";
 constexpr std::string_view RawSocket = "_scpi-raw._tcp";
 constexpr std::string_view Vxi11 = "_vxi-11._tcp";
 constexpr std::string_view Hislip = "_hislip._tcp";
-
-constexpr std::uint16_t PortMapperPort = 111;
-constexpr std::uint16_t HislipPort = 4880;
 
 /// The keys by which instruments introduce themselves.
 constexpr std::array<std::string_view, 4> Introduction = {"Manufacturer", "Model", "SerialNumber", "FirmwareVersion"};
@@ -45,8 +44,10 @@ std::string NameOf(const mdns::Service& service) {
   const std::string host = "TCPIP0::" + service.Address;
   const std::string port = std::to_string(service.Port);
   if (service.Type == RawSocket) return host + "::" + port + "::SOCKET";
-  if (service.Type == Hislip) return host + "::hislip0" + (service.Port == HislipPort ? "" : "," + port) + "::INSTR";
-  if (service.Type == Vxi11) return host + (service.Port == PortMapperPort ? "" : "," + port) + "::inst0::INSTR";
+  if (service.Type == Hislip)
+    return host + "::hislip0" + (service.Port == drivers::HislipTransport::StandardPort ? "" : "," + port) + "::INSTR";
+  if (service.Type == Vxi11)
+    return host + (service.Port == wire::PortMapper::Port ? "" : "," + port) + "::inst0::INSTR";
   return {};
 }
 

@@ -1,3 +1,5 @@
+#include "drivers/sockets/TcpTransport.h"
+#include "drivers/vxi11/PortMapping.h"
 #include "mdns/Announcement.h"
 #include "simulator/connection/FaultyConnection.h"
 #include "simulator/connection/ServedLine.h"
@@ -6,11 +8,15 @@
 #include "simulator/hislip/HislipConnection.h"
 #include "simulator/server/PseudoTerminal.h"
 #include "simulator/server/SocketServer.h"
+#include "simulator/vxi11/ServedVxi11.h"
+#include "wire/PortMapper.h"
+#include "wire/Vxi11.h"
 
 #include <CLI/CLI.hpp>
 
 #include <array>
 #include <charconv>
+#include <chrono>
 #include <csignal>
 #include <cstdint>
 #include <iostream>
@@ -26,6 +32,10 @@
 namespace {
 
 using namespace portico::simulator;
+using portico::drivers::DriverResult;
+using portico::drivers::ITransport;
+using portico::drivers::PortMapping;
+using portico::drivers::TcpTransport;
 using portico::mdns::Announcement;
 
 constexpr int UsageError = 2;
@@ -44,6 +54,7 @@ constexpr std::array Protocols = {
              ServedStream::Factory},
     Protocol{
         "hislip", "--hislip", "Also speak HiSLIP, on this TCP port; 0 picks a free one", {}, HislipConnection::Factory},
+    Protocol{"vxi11", "--vxi11", "Also speak VXI-11, on this TCP port; 0 picks a free one", {}, ServedVxi11::Factory},
 };
 
 struct Options {
@@ -53,6 +64,7 @@ struct Options {
   std::array<std::optional<std::uint16_t>, Protocols.size()> Ports; ///< of the protocols
   bool Serial = false;
   bool Announce = false;
+  bool PortMap = false;
   std::vector<std::string> Faults;
 };
 
@@ -83,6 +95,9 @@ void AddTo(CLI::App& app, Options& options) {
     if (protocol.DefaultPort) port->default_str(std::to_string(*protocol.DefaultPort));
   }
   app.add_flag("--serial", options.Serial, "Also serve a serial line, a pseudo-terminal whose name is printed");
+  app.add_flag("--portmap", options.PortMap,
+               "Have the portmapper of this machine tell where VXI-11 is; where none runs, be it, at port 111")
+      ->needs(app.get_option("--vxi11"));
   app.add_option(
          "--fault", options.Faults,
          "Misbehave from the start, as a command of the SIMulator subsystem does: 'RATE 0.01,LATE,DROP'; may be "
@@ -129,6 +144,41 @@ std::unique_ptr<Announcement> Announce(const Device& device, const SocketServer&
           [](const std::string& why) { std::cerr << "portico-sim: not announced: " << why << std::endl; }});
 }
 
+std::unique_ptr<ITransport> Connect(const std::string& host, std::uint16_t port) {
+  return std::make_unique<TcpTransport>(host, port);
+}
+
+TimePoint Soon() { return std::chrono::steady_clock::now() + std::chrono::seconds(5); }
+
+/// How clients that ask the portmapper of this machine find VXI-11.
+class PortMap {
+public:
+  /// Becomes the portmapper itself, by a listener more, where none runs.
+  PortMap(std::vector<SocketServer::Listener>& listeners, const std::string& address) {
+    const auto portMapper = Connect("127.0.0.1", portico::wire::PortMapper::Port);
+    if (portMapper->Open(Soon()).Succeeded()) return;
+    m_listener = listeners.size();
+    listeners.push_back(
+        {address, portico::wire::PortMapper::Port, ServedVxi11::PortMapperFactory([this] { return m_corePort; })});
+  }
+  PortMap(const PortMap&) = delete;
+  PortMap& operator=(const PortMap&) = delete;
+
+  /// VXI-11 is at that port. The place of the listener, if there is one. Throws std::runtime_error.
+  std::optional<std::size_t> Tell(std::uint16_t corePort) {
+    m_corePort = corePort;
+    if (m_listener) return m_listener;
+    const DriverResult result = m_mapping.Set(corePort, Soon());
+    if (!result.Succeeded()) throw std::runtime_error("cannot register VXI-11: " + ReasonFor(result));
+    return std::nullopt;
+  }
+
+private:
+  std::optional<std::size_t> m_listener;
+  std::uint16_t m_corePort = 0;
+  PortMapping m_mapping{Connect, portico::wire::Vxi11::CoreProgram, portico::wire::Vxi11::Version};
+};
+
 /// Tells where it listens once it does, and serves until SIGINT or SIGTERM.
 void Serve(Device& device, const Options& options) {
   std::vector<SocketServer::Listener> listeners;
@@ -139,6 +189,8 @@ void Serve(Device& device, const Options& options) {
     listeners.push_back({options.Address, *options.Ports[i], std::move(factory)});
     names.emplace_back(Protocols[i].Name);
   }
+  std::optional<PortMap> portMap;
+  if (options.PortMap) portMap.emplace(listeners, options.Address);
   SocketServer server(std::move(listeners));
   std::optional<PseudoTerminal> line;
   if (options.Serial) {
@@ -146,12 +198,17 @@ void Serve(Device& device, const Options& options) {
     server.Add(line->TakeFarEnd(),
                std::make_unique<ServedLine>(FaultyConnection::Factory(ServedStream::Factory(device), device)));
   }
+  std::optional<std::size_t> portMapper;
+  for (std::size_t i = 0; i < names.size() && portMap; ++i) {
+    if (names[i] == "vxi11") portMapper = portMap->Tell(server.Port(i));
+  }
   running = &server;
   std::signal(SIGINT, StopServer);
   std::signal(SIGTERM, StopServer);
   for (std::size_t i = 0; i < names.size(); ++i) {
     std::cout << "listening on " << server.Endpoint(i) << (names[i].empty() ? "" : " ") << names[i] << std::endl;
   }
+  if (portMapper) std::cout << "listening on " << server.Endpoint(*portMapper) << " portmap" << std::endl;
   if (line) std::cout << "listening on " << line->Name() << " serial" << std::endl;
   const auto announcement =
       options.Announce ? Announce(device, server, names, options.Address) : std::unique_ptr<Announcement>();
@@ -188,6 +245,8 @@ int main(int argc, char** argv) {
     return Complain(error.what(), "try portico-sim --help");
   } catch (const std::system_error& error) {
     return Complain(error.what(), "give another --port, 0 for a free one, or another --bind");
+  } catch (const std::runtime_error& error) {
+    return Complain(error.what(), "see to the portmapper, or leave out --portmap");
   }
   return 0;
 }

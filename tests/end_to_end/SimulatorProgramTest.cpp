@@ -63,6 +63,36 @@ TEST(SimulatorProgram, ServesTheSameInstrumentOnASerialLine) {
   }
 }
 
+TEST(SimulatorProgram, ServesTheSameInstrumentInVxi11) {
+  SimulatorProgram simulator({"--vxi11", "0"});
+  const std::string line = simulator.NextAddress();
+  ASSERT_EQ(line.find("127.0.0.1:"), 0U) << line;
+  ASSERT_TRUE(line.ends_with(" vxi11")) << line;
+  const std::string name = "TCPIP::127.0.0.1," + line.substr(10, line.find(' ') - 10) + "::INSTR";
+  RunPortico(BareOptions + Arguments{simulator.ResourceName()}, "*ESE 5\n*OPC?\n");
+  const Outcome outcome = RunPortico(BareOptions + Arguments{name}, "*ESE?\nTRAC:POIN 100000\nTRAC:DATA?\nSYST:ERR?\n");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out.find("> *ESE?\n< 5\n> TRAC:POIN 100000\n> TRAC:DATA?\n"), 0U) << outcome.out.substr(0, 80);
+  EXPECT_GT(outcome.out.size(), 100000U);
+  EXPECT_TRUE(outcome.out.ends_with("> SYST:ERR?\n< 0,\"No error\"\n"));
+}
+
+TEST(SimulatorProgram, Vxi11AnswerThatComesTooLateIsNotTakenForTheNextOne) {
+  SimulatorProgram simulator({"--vxi11", "0"});
+  const std::string line = simulator.NextAddress();
+  const std::string name = "TCPIP::127.0.0.1," + line.substr(10, line.find(' ') - 10) + "::INSTR";
+  const Outcome outcome = RunPortico(BareOptions + Arguments{"--timeout", "250", name},
+                                     "SIM:NEXT LATE;LAT 0.5\nSIM:ECHO? 1\nSIM:ECHO? 2\nSIM:NEXT NUMB\nSIM:ECHO? 3\n"
+                                     "SIM:ECHO? 4\nSIM:NEXT STR\nSIM:ECHO? 5\nSIM:ECHO? 6\n");
+  EXPECT_EQ(outcome.status, 4);
+  EXPECT_NE(outcome.out.find("> SIM:ECHO? 1\n< Timeout"), std::string::npos) << outcome.out;
+  EXPECT_NE(outcome.out.find("> SIM:ECHO? 2\n< 2\n"), std::string::npos) << outcome.out;
+  EXPECT_NE(outcome.out.find("> SIM:ECHO? 3\n< Timeout"), std::string::npos) << outcome.out;
+  EXPECT_NE(outcome.out.find("> SIM:ECHO? 4\n< 4\n"), std::string::npos) << outcome.out;
+  EXPECT_NE(outcome.out.find("> SIM:ECHO? 5\n< The instrument broke the protocol"), std::string::npos) << outcome.out;
+  EXPECT_NE(outcome.out.find("> SIM:ECHO? 6\n< 6\n"), std::string::npos) << outcome.out;
+}
+
 TEST(SimulatorProgram, BlockWithLineFeedsIsReadWhole) {
   const SimulatorProgram simulator;
   // The waveform holds line feeds; were it cut at one, the identity would not be the next answer.
@@ -120,7 +150,7 @@ TEST(SimulatorProgram, PortInUseIsOneLineAndStatus2) {
 TEST(SimulatorProgram, BadOptionIsOneLineAndStatus2) {
   for (const Arguments& bad : {Arguments{"--port", "70000"}, Arguments{"--port", "x"}, Arguments{"--device", "toaster"},
                                Arguments{"--bind", "nowhere.invalid"}, Arguments{"--fault", "WHIM"},
-                               Arguments{"--fault", "NEXT WHIM"}, Arguments{"--bogus"}}) {
+                               Arguments{"--fault", "NEXT WHIM"}, Arguments{"--portmap"}, Arguments{"--bogus"}}) {
     const Outcome outcome = Process(Arguments{PORTICO_SIM} + bad).Wait();
     EXPECT_EQ(outcome.status, 2) << bad.front();
     EXPECT_EQ(outcome.out, "") << bad.front();

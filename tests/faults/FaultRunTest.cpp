@@ -4,6 +4,7 @@
 #include "simulator/connection/ServedStream.h"
 #include "simulator/hislip/HislipConnection.h"
 #include "simulator/server/SocketServer.h"
+#include "simulator/vxi11/ServedVxi11.h"
 
 #include <gtest/gtest.h>
 
@@ -72,6 +73,7 @@ private:
 
 std::string SocketName(const std::string& port) { return "TCPIP::127.0.0.1::" + port + "::SOCKET"; }
 
+std::string Vxi11Name(const std::string& port) { return "TCPIP::127.0.0.1," + port + "::INSTR"; }
 std::string HislipName(const std::string& port) { return "TCPIP::127.0.0.1::hislip0," + port + "::INSTR"; }
 
 /// One open instrument.
@@ -137,6 +139,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Transport{"Simulated", "LATE,LOST,ENDL", nullptr,
                               [](const std::string&) { return std::string("SIM::dmm::INSTR"); }},
                     Transport{"Socket", "LATE,LOST,ENDL,STR,HALF,DROP", ServedStream::Factory, SocketName},
+                    Transport{"Vxi11", "LATE,LOST,ENDL,STR,HALF,DROP,NUMB", ServedVxi11::Factory, Vxi11Name},
                     Transport{"Hislip", "LATE,LOST,ENDL,STR,HALF,DROP,NUMB", HislipConnection::Factory, HislipName}),
     [](const auto& test) { return std::string(test.param.Name); });
 

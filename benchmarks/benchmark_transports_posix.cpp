@@ -3,14 +3,16 @@
 // turns, and medians are compared.
 //   benchmark_transports [QUERIES [ROUNDS]]
 
-#include "benchmarks/BareWire.h"
+#include "benchmarks/BareProtocols.h"
 #include "benchmarks/Part.h"
 #include "drivers/SteadyClock.h"
 #include "drivers/standard/StandardDriver.h"
 #include "simulator/connection/ServedLine.h"
 #include "simulator/connection/ServedStream.h"
+#include "simulator/hislip/HislipConnection.h"
 #include "simulator/server/PseudoTerminal.h"
 #include "simulator/server/SocketServer.h"
+#include "simulator/vxi11/ServedVxi11.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -36,6 +38,7 @@ namespace {
 using namespace portico;
 using namespace portico::simulator;
 
+const std::string Host = "127.0.0.1";
 const std::string Query = "*IDN?";
 const std::string Answer = "TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0";
 
@@ -47,10 +50,13 @@ double Median(Samples samples) {
   return *middle;
 }
 
-/// Who takes part: makes what asks one query; that goes when its turn is over.
+/// Asks one query, or throws.
+using Asker = std::function<void()>;
+
+/// Who takes part: connects; that ends when its turn is over.
 struct Contestant {
   std::string Name;
-  std::function<std::function<void()>()> Connect;
+  std::function<Asker()> Connect;
   std::size_t Bare; ///< the contestant that it is compared with
   Samples Medians = {};
 };
@@ -59,11 +65,8 @@ void Expect(std::string_view answer) {
   if (answer != Answer) throw std::runtime_error("a wrong answer: " + std::string(answer));
 }
 
-std::function<void()> BareLines(std::shared_ptr<BareWire> wire) {
-  return [wire = std::move(wire)] {
-    wire->Send(Query + "\r\n");
-    Expect(wire->ReceiveLine().substr(0, Answer.size()));
-  };
+Asker Bare(BareQuery query) {
+  return [query = std::move(query)] { Expect(query().substr(0, Answer.size())); };
 }
 
 /// An instrument that is open for as long as somebody asks.
@@ -91,7 +94,7 @@ private:
   std::vector<char> m_buffer = std::vector<char>(0x100000);
 };
 
-std::function<void()> Through(const std::string& name) {
+Asker Through(const std::string& name) {
   return [instrument = std::make_shared<OpenInstrument>(name)] { instrument->Ask(); };
 }
 
@@ -124,9 +127,9 @@ std::optional<double> Printed(const std::string& command) {
   return pclose(output) == 0 && found ? std::optional(number) : std::nullopt;
 }
 
-/// The median of what the other programs say of themselves.
-void AddOther(const std::string& name, const std::string& command, double bare, int rounds,
-              const std::function<double(double)>& microseconds) {
+/// The median of what a program says of itself.
+void PrintOther(const std::string& name, const std::string& command, double bare, int rounds,
+                const std::function<double(double)>& microseconds) {
   Samples medians;
   for (int round = 0; round < rounds; ++round) {
     const auto printed = Printed(command);
@@ -146,33 +149,76 @@ int Argument(int argc, char** argv, int index, int otherwise) {
 /// One device over all wires, and the contestants on each.
 class Contest {
 public:
-  Contest() { m_server.Add(m_line.TakeFarEnd(), std::make_unique<ServedLine>(ServedStream::Factory(*m_device))); }
+  Contest() {
+    std::vector<SocketServer::Listener> listeners = {{Host, 0, ServedStream::Factory(*m_device)},
+                                                     {Host, 0, ServedVxi11::Factory(*m_device)},
+                                                     {Host, 0, HislipConnection::Factory(*m_device)}};
+    auto all = listeners;
+    all.push_back({Host, 111, ServedVxi11::PortMapperFactory([this] { return m_server->Port(1); })});
+    try {
+      m_server.emplace(std::move(all));
+      m_hasPortMapper = true;
+    } catch (const std::system_error&) {
+      m_server.emplace(std::move(listeners));
+    }
+    m_server->Add(m_line.TakeFarEnd(), std::make_unique<ServedLine>(ServedStream::Factory(*m_device)));
+  }
 
   std::vector<Contestant> Contestants() const {
     std::vector<Contestant> all;
-    const auto add = [&all](const std::string& wire, const std::function<std::function<void()>()>& bare,
+    const auto add = [&all](const std::string& wire, const std::function<BareQuery()>& connect,
                             const std::string& name) {
-      all.push_back({wire + ": bare loop", bare, all.size()});
+      all.push_back({wire + ": bare loop", [connect] { return Bare(connect()); }, all.size()});
       all.push_back({wire + ": the driver", [name] { return Through(name); }, all.size() - 1});
     };
-    const std::uint16_t raw = m_server.Port();
-    add(
-        "raw socket", [raw] { return BareLines(std::make_shared<BareWire>(raw)); }, RawName());
+    const auto raw = m_server->Port(0);
+    const auto vxi11 = m_server->Port(1);
+    const auto hislip = m_server->Port(2);
     const std::string line = m_line.Name();
     add(
-        "serial line", [line] { return BareLines(std::make_shared<BareWire>(line.c_str())); },
-        "ASRL" + line + "::INSTR");
+        "raw socket", [=] { return BareSocketQuery(raw, Query); }, RawName());
+    add(
+        "VXI-11", [=] { return BareVxi11Query(vxi11, Query); },
+        "TCPIP::" + Host + ',' + std::to_string(vxi11) + "::INSTR");
+    add(
+        "HiSLIP", [=] { return BareHislipQuery(hislip, Query); },
+        "TCPIP::" + Host + "::hislip0," + std::to_string(hislip) + "::INSTR");
+    add(
+        "serial line", [=] { return BareSerialQuery(line, Query); }, "ASRL" + line + "::INSTR");
     return all;
   }
 
-  std::string RawName() const { return "TCPIP::127.0.0.1::" + std::to_string(m_server.Port()) + "::SOCKET"; }
-  std::uint16_t RawPort() const { return m_server.Port(); }
-  void Serve() { m_server.Run(); }
+  /// What else talks to instruments, beside the bare loops of the contestants above.
+  void PrintOthers(const std::vector<Contestant>& all, int queries, int rounds) const {
+    const std::string count = " " + std::to_string(queries);
+    const std::string lxi = "lxi benchmark --address " + Host + " --count" + count;
+    const std::string rate = " | sed -n 's/.*Result: \\([0-9.]*\\) .*/\\1/p'";
+    const std::string python = "/usr/bin/python3 " VISA_QUERIES " "; // the one that Debian's packages are for
+    const double raw = Median(all[0].Medians);
+    const double vxi11 = Median(all[2].Medians);
+    const auto perQuery = [](double queriesPerSecond) { return 1e6 / queriesPerSecond; };
+    const auto asPrinted = [](double microseconds) { return microseconds; };
+    PrintOther("raw socket: lxi-tools", lxi + " --raw --port " + std::to_string(m_server->Port(0)) + rate, raw, rounds,
+               perQuery);
+    PrintOther("raw socket: pyvisa-py", python + RawName() + " '" + Query + "'" + count, raw, rounds, asPrinted);
+    if (!m_hasPortMapper) {
+      std::printf("VXI-11: the others need port 111\n");
+      return;
+    }
+    PrintOther("VXI-11: lxi-tools", lxi + rate, vxi11, rounds, perQuery);
+    PrintOther("VXI-11: pyvisa-py", python + "TCPIP::" + Host + "::INSTR '" + Query + "'" + count, vxi11, rounds,
+               asPrinted);
+  }
+
+  void Serve() { m_server->Run(); }
 
 private:
+  std::string RawName() const { return "TCPIP::" + Host + "::" + std::to_string(m_server->Port(0)) + "::SOCKET"; }
+
   const std::unique_ptr<Device> m_device = Device::Make("dmm", 1);
   PseudoTerminal m_line;
-  SocketServer m_server{{{"127.0.0.1", 0, ServedStream::Factory(*m_device)}}};
+  std::optional<SocketServer> m_server;
+  bool m_hasPortMapper = false; ///< at the one port where others look for it, if that is to be had
 };
 
 } // namespace
@@ -197,15 +243,7 @@ int main(int argc, char** argv) try {
   TakeTurns(all, queries, rounds);
   for (const Contestant& contestant : all)
     Print(contestant.Name, Median(contestant.Medians), Median(all[contestant.Bare].Medians));
-  const double bare = Median(all.front().Medians);
-  const std::string count = std::to_string(queries);
-  AddOther("raw socket: lxi-tools",
-           "lxi benchmark --raw --address 127.0.0.1 --port " + std::to_string(contest.RawPort()) + " --count " + count +
-               " | sed -n 's/.*Result: \\([0-9.]*\\) .*/\\1/p'",
-           bare, rounds, [](double rate) { return 1e6 / rate; });
-  AddOther("raw socket: pyvisa-py",
-           "/usr/bin/python3 " VISA_QUERIES " " + contest.RawName() + " '" + Query + "' " + count, bare, rounds,
-           [](double median) { return median; });
+  contest.PrintOthers(all, queries, rounds);
   kill(server, SIGTERM);
   return 0;
 } catch (const std::exception& error) {

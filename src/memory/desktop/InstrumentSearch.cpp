@@ -7,14 +7,19 @@
 namespace portico::memory {
 
 void InstrumentSearch::Start() {
+  RaiseIfTold();
   m_isRunning = true;
   m_found.clear();
 }
 
 std::vector<FoundInstrument> InstrumentSearch::Take() {
   ++m_timesTaken;
-  if (m_error != 0) HuntERR::RaiseStandard(m_error);
+  RaiseIfTold();
   return std::exchange(m_found, {});
+}
+
+void InstrumentSearch::RaiseIfTold() const {
+  if (m_error != 0) HuntERR::RaiseStandard(m_error);
 }
 
 void InstrumentSearch::Stop() noexcept { m_isRunning = false; }

@@ -17,13 +17,15 @@ public:
 
   /// An instrument answers.
   void Find(String name, String description = {}) { m_found.push_back({std::move(name), std::move(description)}); }
-  /// From now on whoever takes gets the error.
+  /// From now on whoever starts or takes gets the error.
   void Fail(std::int32_t error) { m_error = error; }
   bool IsRunning() const { return m_isRunning; }
   /// How often it was asked for what has come.
   int TimesTaken() const { return m_timesTaken; }
 
 private:
+  void RaiseIfTold() const;
+
   std::vector<FoundInstrument> m_found;
   std::int32_t m_error = 0;
   bool m_isRunning = false;

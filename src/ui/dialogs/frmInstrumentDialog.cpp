@@ -36,7 +36,7 @@ void frmInstrumentDialog::Form_Initialize() {
 
 void frmInstrumentDialog::Form_Load() try {
   InitializeInstrumentList();
-  BeginSearch();
+  Filed(u"frmInstrumentDialog.BeginSearch", [this] { BeginSearch(); });
 } catch (...) {
   PassOn(u"frmInstrumentDialog.Form_Load");
 }

@@ -149,6 +149,17 @@ TEST_F(InstrumentSearchTest, FailureIsFiledOnceAndTheListStays) {
   EXPECT_EQ(FiledTrail(), std::vector<String>{u"frmInstrumentDialog.tmrSearch_Timer()"});
 }
 
+TEST_F(InstrumentSearchTest, SearchThatDoesNotStartIsFiledAndTheDialogAppears) {
+  Platform.InstrumentSearch->Fail(ErrorNumber::CannotCarryOut);
+  EXPECT_EQ(Ask([this](memory::Form&, memory::ComboBox& list) {
+              Pass();
+              EXPECT_EQ(Listed(list), (List{"a", "b"}));
+            }),
+            "a");
+  EXPECT_EQ(Filed().size(), 1U);
+  EXPECT_EQ(FiledTrail(), std::vector<String>{u"frmInstrumentDialog.BeginSearch()"});
+}
+
 TEST_F(InstrumentSearchTest, WithoutASearchTheListIsWhatIsKnown) {
   gInstrumentSearch.reset();
   EXPECT_EQ(Ask([](memory::Form&, memory::ComboBox& list) { EXPECT_EQ(Listed(list), (List{"a", "b"})); }), "a");

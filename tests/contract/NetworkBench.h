@@ -7,16 +7,12 @@
 
 namespace portico::test {
 
-/// A bench whose instrument is a double on a port of this machine.
+/// A bench whose instrument is a double on a port of this machine, whichever driver reaches it.
 template <typename Instrument>
-class NetworkBench : public DriverBench {
+class PortBench : public DriverBench {
 public:
-  NetworkBench(InstrumentScript script, std::chrono::milliseconds timeout)
-      : m_instrument(std::move(script)),
-        m_driver(drivers::StandardTransports({}, m_clock, &cancellation),
-                 {m_clock, timeout, &observer, &cancellation}) {}
+  explicit PortBench(InstrumentScript script) : m_instrument(std::move(script)) {}
 
-  IInstrumentDriver& Driver() override { return m_driver; }
   std::string Name() const override { return m_instrument.ResourceName(); }
   std::string Place() const override { return "127.0.0.1, port " + Port(); }
   std::string ReceivedUpTo(const std::string& bytes) override {
@@ -30,6 +26,20 @@ protected:
 
 private:
   Instrument m_instrument;
+};
+
+/// The same with the program's own transports.
+template <typename Instrument>
+class NetworkBench : public PortBench<Instrument> {
+public:
+  NetworkBench(InstrumentScript script, std::chrono::milliseconds timeout)
+      : PortBench<Instrument>(std::move(script)),
+        m_driver(drivers::StandardTransports({}, m_clock, &this->cancellation),
+                 {m_clock, timeout, &this->observer, &this->cancellation}) {}
+
+  IInstrumentDriver& Driver() override { return m_driver; }
+
+private:
   drivers::SteadyClock m_clock;
   drivers::InstrumentDriver m_driver;
 };

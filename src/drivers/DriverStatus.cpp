@@ -15,6 +15,8 @@ struct StatusEntry {
   std::string_view Text;
   /// What the one that the detail names did to the connection; empty where the detail tells that itself.
   std::string_view Deed = {};
+  /// What the user can do about one that a detail tells of; empty where the detail says that itself.
+  std::string_view Advice = {};
 };
 
 constexpr std::array Statuses = {
@@ -31,11 +33,16 @@ constexpr std::array Statuses = {
     StatusEntry{DriverStatus::InvalidAttributeValue, "TVSCPI_ERROR_INVALID_ATTRIBUTE_VALUE",
                 "The attribute does not take that value"},
     StatusEntry{DriverStatus::InvalidBuffer, "TVSCPI_ERROR_INVALID_BUFFER", "The buffer has no room for an answer"},
-    StatusEntry{DriverStatus::UnknownHost, "TVSCPI_ERROR_UNKNOWN_HOST", "The host is not known"},
+    StatusEntry{DriverStatus::UnknownHost,
+                "TVSCPI_ERROR_UNKNOWN_HOST",
+                "The host is not known",
+                {},
+                "check its name, or use its address"},
     StatusEntry{DriverStatus::ConnectionRefused, "TVSCPI_ERROR_CONNECTION_REFUSED",
-                "The instrument refused the connection", "refused it"},
+                "The instrument refused the connection", "refused it",
+                "check the port, and that the instrument serves it"},
     StatusEntry{DriverStatus::ConnectTimeout, "TVSCPI_ERROR_CONNECT_TIMEOUT",
-                "Timeout expired before the connection was made", "timed out"},
+                "Timeout expired before the connection was made", "timed out", "check address, cable and firewall"},
     StatusEntry{DriverStatus::ConnectFailed, "TVSCPI_ERROR_CONNECT_FAILED", "The connection could not be made"},
     StatusEntry{DriverStatus::ConnectionClosed, "TVSCPI_ERROR_CONNECTION_CLOSED",
                 "The instrument closed the connection", "closed it"},
@@ -70,6 +77,7 @@ std::string StatusMessage(std::int32_t status, std::string_view detail) {
   const StatusEntry* entry = Find(status);
   std::string message = entry == nullptr ? "Unknown status " + std::to_string(status) : std::string(entry->Text);
   if (!detail.empty()) message.append(": ").append(detail);
+  if (!detail.empty() && entry != nullptr && !entry->Advice.empty()) message.append("; ").append(entry->Advice);
   message += '.';
   // A detail may quote what the user typed; a line feed or zero byte in it would end the message early.
   std::replace_if(message.begin(), message.end(), IsControl, '?');

@@ -59,11 +59,21 @@ TEST(DriverStatus, AnUnknownNumberHasNoNameButAMessage) {
 }
 
 TEST(DriverStatus, ADetailFollowsBehindAColon) {
-  EXPECT_EQ(StatusMessage(-1151009, "bench, port 5025"), "The instrument refused the connection: bench, port 5025.");
+  EXPECT_EQ(StatusMessage(-1151012, "bench, port 5025"), "The instrument closed the connection: bench, port 5025.");
+}
+
+TEST(DriverStatus, OneThatTheUserCanMendSaysHow) {
+  EXPECT_EQ(StatusMessage(-1151008, "bench"), "The host is not known: bench; check its name, or use its address.");
+  EXPECT_EQ(
+      StatusMessage(-1151009, "bench, port 5025"),
+      "The instrument refused the connection: bench, port 5025; check the port, and that the instrument serves it.");
+  EXPECT_EQ(StatusMessage(-1151010, "bench, port 5025"),
+            "Timeout expired before the connection was made: bench, port 5025; check address, cable and firewall.");
 }
 
 TEST(DriverStatus, ControlCharactersInADetailBecomeQuestionMarks) {
-  EXPECT_EQ(StatusMessage(-1151008, std::string_view("a\0b\nc\rd\x7F\xE9", 9)), "The host is not known: a?b?c?d?\xE9.");
+  EXPECT_EQ(StatusMessage(-1151012, std::string_view("a\0b\nc\rd\x7F\xE9", 9)),
+            "The instrument closed the connection: a?b?c?d?\xE9.");
 }
 
 TEST(DriverStatus, AFailureIsTheReasonWhyThereIsNoConnection) {

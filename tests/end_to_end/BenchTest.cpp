@@ -39,7 +39,7 @@ TEST(Bench, InstrumentThatRefusesIs3) {
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(outcome.err, "portico-run: cannot open " + server.ResourceName() +
                              ": The instrument refused the connection: 127.0.0.1, port " +
-                             std::to_string(server.Port()) + ".\n");
+                             std::to_string(server.Port()) + "; check the port, and that the instrument serves it.\n");
   EXPECT_EQ(outcome.out, "");
 }
 

@@ -76,7 +76,9 @@ TEST(LoadedLibrary, OurOwnTransportsAsALibraryTellWhyAnOpenFailed) {
   const Arguments arguments = {"TCPIP::127.0.0.1::1::SOCKET"};
   const Outcome with = RunWithLibrary(PORTICO_DRIVER_LIBRARY, arguments);
   EXPECT_EQ(with.status, 3);
-  EXPECT_NE(with.err.find("The instrument refused the connection: 127.0.0.1, port 1."), std::string::npos) << with.err;
+  EXPECT_NE(with.err.find("The instrument refused the connection: 127.0.0.1, port 1; check the port"),
+            std::string::npos)
+      << with.err;
   EXPECT_EQ(with.err, RunPortico(arguments).err);
 }
 

@@ -8,7 +8,8 @@ const std::string Input = "portico-run: standard input:";
 
 std::string Peer(const ScriptedServer& server) { return "127.0.0.1, port " + std::to_string(server.Port()); }
 std::string Refused(const ScriptedServer& server) {
-  return ": The instrument refused the connection: " + Peer(server) + ".";
+  return ": The instrument refused the connection: " + Peer(server) +
+         "; check the port, and that the instrument serves it.";
 }
 std::string Closed(const ScriptedServer& server) {
   return ": The instrument closed the connection: " + Peer(server) + ".";

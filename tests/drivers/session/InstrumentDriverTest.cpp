@@ -55,7 +55,8 @@ TEST_F(InstrumentDriverTest, AFailedOpenUsesUpNoHandle) {
   std::int32_t session = 0;
   EXPECT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), Code(DriverStatus::ConnectTimeout));
   EXPECT_EQ(session, 0);
-  EXPECT_EQ(Message(0, Code(DriverStatus::ConnectTimeout)), "Timeout expired before the connection was made: ttyS0.\n");
+  EXPECT_EQ(Message(0, Code(DriverStatus::ConnectTimeout)),
+            "Timeout expired before the connection was made: ttyS0; check address, cable and firewall.\n");
   transport.openResult = {};
   EXPECT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), 0);
   EXPECT_EQ(session, 1);

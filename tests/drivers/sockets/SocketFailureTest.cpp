@@ -112,7 +112,8 @@ TEST_F(SocketFailureTest, WhileReconnectingFailsEveryCallFailsAtOnce) {
   for (int attempt = 0; attempt < 2; ++attempt) {
     EXPECT_EQ(Write("Q?"), Code(DriverStatus::ConnectionRefused));
     EXPECT_EQ(Message(Code(DriverStatus::ConnectionRefused)),
-              "The instrument refused the connection: " + Peer() + ".\n");
+              "The instrument refused the connection: " + Peer() +
+                  "; check the port, and that the instrument serves it.\n");
     EXPECT_EQ(Read(), Code(DriverStatus::NotConnected));
     EXPECT_EQ(Message(Code(DriverStatus::NotConnected)), "There is no connection: " + Peer() + ", refused it.\n");
   }

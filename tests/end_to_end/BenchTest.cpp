@@ -8,9 +8,14 @@ namespace {
 
 const Arguments Bench = {"--bench", "25", "*IDN?"};
 
-TEST(Bench, PrintsFiguresOfAQuery) {
-  const SimulatorProgram simulator;
-  for (const std::string& name : {SimulatedMeter, simulator.ResourceName()}) {
+TEST(Bench, PrintsFiguresOfAQueryOverEachTransport) {
+  SimulatorProgram simulator({"--hislip", "0", "--serial"});
+  const std::string hislip = simulator.NextAddress(); // ADDR:PORT hislip
+  const std::string port = hislip.substr(hislip.find(':') + 1, hislip.find(' ') - hislip.find(':') - 1);
+  const std::string line = simulator.NextAddress(); // PATH serial
+  for (const std::string& name :
+       {SimulatedMeter, simulator.ResourceName(), "TCPIP::127.0.0.1::hislip0," + port + "::INSTR",
+        "ASRL" + line.substr(0, line.find(' ')) + "::INSTR"}) {
     const Outcome outcome = RunPortico(Bench + Arguments{name});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");

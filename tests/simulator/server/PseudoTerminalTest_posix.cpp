@@ -3,6 +3,7 @@
 #include "simulator/connection/ServedLine.h"
 #include "simulator/connection/ServedStream.h"
 #include "simulator/server/SocketServer.h"
+#include "simulator/server/TestClient.h"
 
 #include <gtest/gtest.h>
 
@@ -37,7 +38,7 @@ private:
   const system::FileDescriptor m_port;
 };
 
-/// A device behind a serial line and nothing else, in a thread of its own.
+/// A device behind a serial line and a socket, in a thread of its own.
 class PseudoTerminalTest : public testing::Test {
 protected:
   PseudoTerminalTest() {
@@ -51,7 +52,7 @@ protected:
 
   const std::unique_ptr<Device> m_device = Device::Make("dmm", 1);
   PseudoTerminal m_line;
-  SocketServer m_server{{}};
+  SocketServer m_server{{{"127.0.0.1", 0, ServedStream::Factory(*m_device)}}};
   std::thread m_thread;
 };
 
@@ -63,6 +64,9 @@ TEST_F(PseudoTerminalTest, CarriesBytesAsTheyAre) {
 
 TEST_F(PseudoTerminalTest, ServesClientsThatComeOneAfterTheOther) {
   EXPECT_EQ(LineClient(m_line.Name()).Ask("*ESE 7;*ESE?\n"), "7\n");
+  test::TestClient other(m_server.Port()); // once it is answered, the server has looked at the line without its client
+  other.Send("*ESE?\n");
+  EXPECT_EQ(other.ReadLine(), "7\n");
   EXPECT_EQ(LineClient(m_line.Name()).Ask("*ESE?\n"), "7\n");
 }
 

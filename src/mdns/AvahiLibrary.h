@@ -28,7 +28,6 @@ struct AvahiLibrary {
   decltype(&::avahi_strerror) StrError = nullptr;
   decltype(&::avahi_service_browser_new) ServiceBrowserNew = nullptr;
   decltype(&::avahi_service_resolver_new) ServiceResolverNew = nullptr;
-  decltype(&::avahi_service_resolver_free) ServiceResolverFree = nullptr;
   decltype(&::avahi_address_snprint) AddressSnprint = nullptr;
   decltype(&::avahi_entry_group_new) EntryGroupNew = nullptr;
   decltype(&::avahi_entry_group_reset) EntryGroupReset = nullptr;

@@ -26,7 +26,6 @@ std::optional<AvahiLibrary> Bind() {
   find(avahi.StrError, "avahi_strerror");
   find(avahi.ServiceBrowserNew, "avahi_service_browser_new");
   find(avahi.ServiceResolverNew, "avahi_service_resolver_new");
-  find(avahi.ServiceResolverFree, "avahi_service_resolver_free");
   find(avahi.AddressSnprint, "avahi_address_snprint");
   find(avahi.EntryGroupNew, "avahi_entry_group_new");
   find(avahi.EntryGroupReset, "avahi_entry_group_reset");

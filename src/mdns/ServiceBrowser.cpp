@@ -4,12 +4,13 @@
 
 #include <array>
 #include <cstddef>
+#include <set>
 
 namespace portico::mdns {
 namespace {
 
-/// What a network may have asked at a time; whoever advertises more than that is no bench.
-constexpr std::size_t MostResolvers = 256;
+/// Services of a network that are asked for their place; the daemon allows a client some thousand objects.
+constexpr std::size_t MostResolvers = 1000;
 
 std::vector<std::string> Entries(const AvahiStringList* text) {
   std::vector<std::string> entries;
@@ -40,7 +41,9 @@ private:
   static void OnBrowser(AvahiServiceBrowser*, AvahiIfIndex interface, AvahiProtocol protocol, AvahiBrowserEvent event,
                         const char* name, const char* type, const char* domain, AvahiLookupResultFlags, void* self) {
     auto& browser = *static_cast<Browser*>(self);
-    if (event == AVAHI_BROWSER_NEW) browser.Resolve(interface, protocol, name, type, domain);
+    if (event == AVAHI_BROWSER_NEW) {
+      browser.m_loop.Called([&] { browser.Resolve(interface, protocol, name, type, domain); });
+    }
     if (event != AVAHI_BROWSER_ALL_FOR_NOW && event != AVAHI_BROWSER_FAILURE) return;
     if (browser.m_unsettled > 0) --browser.m_unsettled;
     browser.m_loop.Called([&] { browser.TellIfSettled(); });
@@ -51,27 +54,28 @@ private:
                          std::uint16_t port, AvahiStringList* text, AvahiLookupResultFlags, void* self) {
     auto& browser = *static_cast<Browser*>(self);
     browser.m_loop.Called([&] {
+      browser.m_unresolved.erase(resolver);
       if (event == AVAHI_RESOLVER_FOUND && address != nullptr) {
         std::array<char, AVAHI_ADDRESS_STR_MAX> figures{};
         browser.m_avahi.AddressSnprint(figures.data(), figures.size(), address);
         browser.m_listener.Found({type, name, figures.data(), port, Entries(text)});
       }
-      --browser.m_resolvers;
       browser.TellIfSettled();
     });
-    browser.m_avahi.ServiceResolverFree(resolver);
   }
 
+  /// What is known of a service may be out of date, and so its resolver goes on listening.
   void Resolve(AvahiIfIndex interface, AvahiProtocol protocol, const char* name, const char* type, const char* domain) {
     if (m_resolvers >= MostResolvers) return;
-    if (m_avahi.ServiceResolverNew(m_client, interface, protocol, name, type, domain, AVAHI_PROTO_INET,
-                                   AvahiLookupFlags(0), &OnResolver, this) != nullptr) {
-      ++m_resolvers;
-    }
+    auto* const resolver = m_avahi.ServiceResolverNew(m_client, interface, protocol, name, type, domain,
+                                                      AVAHI_PROTO_INET, AvahiLookupFlags(0), &OnResolver, this);
+    if (resolver == nullptr) return;
+    ++m_resolvers;
+    m_unresolved.insert(resolver);
   }
 
   void TellIfSettled() {
-    if (m_unsettled == 0 && m_resolvers == 0) m_listener.Settled();
+    if (m_unsettled == 0 && m_unresolved.empty()) m_listener.Settled();
   }
 
   const std::vector<std::string>& m_types;
@@ -81,6 +85,7 @@ private:
   AvahiClient* m_client = nullptr;
   std::size_t m_unsettled = 0; // types of which not all is known yet
   std::size_t m_resolvers = 0;
+  std::set<AvahiServiceResolver*> m_unresolved; // that have not answered yet
 };
 
 } // namespace

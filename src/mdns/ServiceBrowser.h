@@ -24,7 +24,7 @@ struct Service {
 class IServiceListener {
 public:
   virtual ~IServiceListener() = default;
-  /// The same service is told once for each interface that it is heard on.
+  /// The same service is told once for each interface that it is heard on, and again when it has changed.
   virtual void Found(const Service& service) = 0;
   /// All that have answered so far have been told. May come again.
   virtual void Settled() = 0;

@@ -94,6 +94,14 @@ class Simulators(DiscoveryCase):
         run = subprocess.run([PORTICO_RUN, name], input="*IDN?\n", text=True, capture_output=True, timeout=PATIENCE)
         self.assertIn("< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n", run.stdout)
 
+    def test_one_that_was_started_again_is_found_where_it_is_now(self):
+        for _ in range(2):  # the second time the network still knows of the first
+            process = self.simulator("--device", "psu", "--bind", "192.0.2.1")
+            number = self.port(process)
+            self.list_until(f"TCPIP0::192.0.2.1::{number}::SOCKET\tTOLVANE INSTRUMENTS, SIM-PSU, SIM0002, 1.0")
+            process.terminate()
+            process.wait(PATIENCE)
+
     def test_one_that_listens_for_this_machine_alone_is_announced_to_it_alone(self):
         process, port_number = self.simulator("--device", "psu")
         self.assertEqual(process.stdout.readline(), "announced as SIM-PSU SIM0002\n")

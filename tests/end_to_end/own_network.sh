@@ -2,6 +2,7 @@
 # own_network.sh COMMAND...: runs it on a network of its own, an Ethernet on which this machine is 192.0.2.1, with a
 # system bus and avahi's daemon of its own. Nothing outside sees any of it. /etc/avahi/services is empty, and can be
 # written to; instrument1.local to instrument9.local are hosts for what is announced there, 192.0.2.11 to 192.0.2.19.
+# AVAHI_DAEMON is what starts the daemon again.
 set -euo pipefail
 
 if [[ ${1-} != --inside ]]; then
@@ -62,6 +63,7 @@ started() {
   exit 1
 }
 started unix:path dbus-daemon --config-file=/run/bus.conf --nofork --print-address
-started "startup complete" avahi-daemon --file=/run/avahi.conf --no-drop-root --no-chroot --no-rlimits
+export AVAHI_DAEMON="avahi-daemon --file=/run/avahi.conf --no-drop-root --no-chroot --no-rlimits"
+started "startup complete" $AVAHI_DAEMON
 
-OWN_NETWORK=yes "$@"
+"$@"

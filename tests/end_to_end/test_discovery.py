@@ -14,9 +14,7 @@ PATIENCE = 60  # seconds; long, because a loaded machine is slow
 SIMULATED = ["SIM::dmm::INSTR", "SIM::psu::INSTR", "SIM::scope::INSTR"]
 
 
-def setUpModule():
-    if "OWN_NETWORK" not in os.environ:
-        raise RuntimeError("this is to be run by own_network.sh")
+AVAHI_DAEMON = os.environ["AVAHI_DAEMON"].split()  # set by own_network.sh, and by nobody else
 
 
 class DiscoveryCase(unittest.TestCase):
@@ -78,21 +76,37 @@ class Announced(DiscoveryCase):
 
 class Simulators(DiscoveryCase):
     def simulator(self, *arguments, environment=None):
-        """One that announces itself, with its port."""
+        """One that announces itself."""
         process = subprocess.Popen([PORTICO_SIM, "--port", "0", "--announce", *arguments], text=True,
                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE, env={**os.environ, **(environment or {})})
         for close in (process.wait, process.stderr.close, process.stdout.close, process.terminate):
             self.addCleanup(close)
-        return process, process.stdout.readline().rsplit(":", 1)[1].strip()
+        return process
+
+    @staticmethod
+    def port(process):
+        """The one that it tells in its next line."""
+        return process.stdout.readline().split()[2].rsplit(":", 1)[1]
+
+    def ask(self, name):
+        return subprocess.run([PORTICO_RUN, name], input="*IDN?\n", text=True, capture_output=True, timeout=PATIENCE).stdout
 
     def test_an_announced_one_is_found_and_runs_under_the_name_that_was_found(self):
-        process, port_number = self.simulator("--bind", "192.0.2.1")
+        process = self.simulator("--bind", "192.0.2.1")
+        number = self.port(process)
         self.assertEqual(process.stdout.readline(), "announced as SIM-DMM SIM0001\n")
-        name = f"TCPIP0::192.0.2.1::{port_number}::SOCKET"
+        name = f"TCPIP0::192.0.2.1::{number}::SOCKET"
         listed = self.list_until(name + "\tTOLVANE INSTRUMENTS, SIM-DMM, SIM0001, 1.0")
-        self.assertFalse([line for line in listed if f"127.0.0.1::{port_number}::" in line], listed)
-        run = subprocess.run([PORTICO_RUN, name], input="*IDN?\n", text=True, capture_output=True, timeout=PATIENCE)
-        self.assertIn("< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n", run.stdout)
+        self.assertFalse([line for line in listed if f"127.0.0.1::{number}::" in line], listed)
+        self.assertIn("< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n", self.ask(name))
+
+    def test_all_that_it_listens_on_is_announced(self):
+        process = self.simulator("--hislip", "0", "--bind", "192.0.2.1")
+        names = [f"TCPIP0::192.0.2.1::{self.port(process)}::SOCKET",
+                 f"TCPIP0::192.0.2.1::hislip0,{self.port(process)}::INSTR"]
+        self.list_until(*[name + "\tTOLVANE INSTRUMENTS, SIM-DMM, SIM0001, 1.0" for name in names])
+        for name in names:
+            self.assertIn("< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n", self.ask(name))
 
     def test_one_that_was_started_again_is_found_where_it_is_now(self):
         for _ in range(2):  # the second time the network still knows of the first
@@ -103,26 +117,39 @@ class Simulators(DiscoveryCase):
             process.wait(PATIENCE)
 
     def test_one_that_listens_for_this_machine_alone_is_announced_to_it_alone(self):
-        process, port_number = self.simulator("--device", "psu")
+        process = self.simulator("--device", "psu")
+        number = self.port(process)
         self.assertEqual(process.stdout.readline(), "announced as SIM-PSU SIM0002\n")
-        listed = self.list_until(f"TCPIP0::127.0.0.1::{port_number}::SOCKET\tTOLVANE INSTRUMENTS, SIM-PSU, SIM0002, 1.0")
-        self.assertFalse([line for line in listed if f"192.0.2.1::{port_number}::" in line], listed)
+        listed = self.list_until(f"TCPIP0::127.0.0.1::{number}::SOCKET\tTOLVANE INSTRUMENTS, SIM-PSU, SIM0002, 1.0")
+        self.assertFalse([line for line in listed if f"192.0.2.1::{number}::" in line], listed)
 
     def test_two_alike_have_different_names(self):
         for name in ("SIM-SCOPE SIM0003", "SIM-SCOPE SIM0003 #2"):
-            process, _ = self.simulator("--device", "scope", "--bind", "192.0.2.1")
+            process = self.simulator("--device", "scope", "--bind", "192.0.2.1")
+            self.port(process)
             self.assertEqual(process.stdout.readline(), f"announced as {name}\n")
 
     def test_without_a_bus_it_is_served_and_says_that_it_is_not_announced(self):
-        process, port_number = self.simulator(environment={"DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nowhere"})
+        process = self.simulator(environment={"DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nowhere"})
+        number = self.port(process)
         self.assertTrue(process.stderr.readline().startswith("portico-sim: not announced: "))
-        run = subprocess.run([PORTICO_RUN, f"TCPIP::127.0.0.1::{port_number}::SOCKET"], input="*IDN?\n", text=True,
-                             capture_output=True, timeout=PATIENCE)
-        self.assertEqual(run.returncode, 0)
+        self.assertIn("< TOLVANE INSTRUMENTS", self.ask(f"TCPIP::127.0.0.1::{number}::SOCKET"))
+
+    def test_a_daemon_that_comes_back_is_told_again(self):
+        process = self.simulator("--bind", "192.0.2.1")
+        self.port(process)
+        self.assertTrue(process.stdout.readline().startswith("announced as "))
+        subprocess.run([AVAHI_DAEMON[0], "--kill"], check=True)
+        self.assertEqual(process.stderr.readline(), "portico-sim: not announced: the avahi daemon is not running\n")
+        daemon = subprocess.Popen(AVAHI_DAEMON, stderr=subprocess.DEVNULL)
+        unittest.addModuleCleanup(daemon.wait)
+        unittest.addModuleCleanup(daemon.terminate)
+        self.assertTrue(process.stdout.readline().startswith("announced as "))
 
     def test_it_ends_well_while_it_is_announced(self):
-        process, _ = self.simulator()
-        process.stdout.readline()
+        process = self.simulator()
+        self.port(process)
+        self.assertTrue(process.stdout.readline().startswith("announced as "))
         process.terminate()
         self.assertEqual(process.wait(PATIENCE), 0)
 

@@ -7,6 +7,18 @@ using namespace drivers;
 using testing::ElementsAre;
 using testing::SizeIs;
 
+/// A stream that waits in vain for its connection.
+class WaitingStream final : public ITransport {
+public:
+  DriverResult Open(TimePoint) override {
+    AboutToWait();
+    return {DriverStatus::ConnectTimeout};
+  }
+  void Close() noexcept override {}
+  DriverResult Write(std::string_view, TimePoint) override { return {DriverStatus::NotConnected}; }
+  Received Read(char*, std::size_t, TimePoint) override { return {{DriverStatus::NotConnected}}; }
+};
+
 class Vxi11OpeningTest : public Vxi11TransportTest {
 protected:
   /// Opening "gpib0,22" at port 1024 fails with that if the stream brings these bytes.
@@ -74,6 +86,15 @@ TEST_F(Vxi11OpeningTest, AStreamThatCannotBeMadeSaysSoItself) {
   result = Make(1024)->Open(Deadline());
   EXPECT_EQ(result.Status, DriverStatus::UnknownHost);
   EXPECT_EQ(result.Detail, "bench");
+}
+
+TEST_F(Vxi11OpeningTest, AWaitOfAStreamIsTold) {
+  const auto connect = [](const std::string&, std::uint16_t) { return std::make_unique<WaitingStream>(); };
+  Vxi11Transport waiting({0, "bench", "inst0", 1024}, connect, clock);
+  int waits = 0;
+  waiting.OnWait([&waits] { ++waits; });
+  EXPECT_EQ(waiting.Open(Deadline()).Status, DriverStatus::ConnectTimeout);
+  EXPECT_EQ(waits, 1);
 }
 
 TEST_F(Vxi11OpeningTest, APortmapperWithoutAnAnswerIsATimeout) {

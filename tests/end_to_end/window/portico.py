@@ -274,10 +274,21 @@ class Portico:
 
 
 class Simulator:
-    """A simulated instrument behind a socket."""
+    """A simulated instrument behind a socket, and, if asked for, behind one more interface, whose name it then has."""
 
-    def __init__(self, desktop, device="dmm"):
-        self.process = desktop.start(SIMULATOR, "--device", device, "--port", "0", stdout=subprocess.PIPE, text=True)
-        line = self.process.stdout.readline()
-        port = line.rsplit(":", 1)[1].strip()
-        self.name = f"TCPIP::127.0.0.1::{port}::SOCKET"
+    INTERFACES = {
+        None: ((), "TCPIP::127.0.0.1::{}::SOCKET", "127.0.0.1, port {}"),
+        "vxi11": (("--vxi11", "0"), "TCPIP0::127.0.0.1,{}::inst0::INSTR", "127.0.0.1, port {}"),
+        "hislip": (("--hislip", "0"), "TCPIP0::127.0.0.1::hislip0,{}::INSTR", "127.0.0.1, port {}"),
+        "serial": (("--serial",), "ASRL{}::INSTR", "{}"),
+    }
+
+    def __init__(self, desktop, device="dmm", interface=None):
+        options, name, place = self.INTERFACES[interface]
+        self.process = desktop.start(SIMULATOR, "--device", device, "--port", "0", *options, stdout=subprocess.PIPE,
+                                     text=True)
+        ready = f" {interface}\n" if interface else "\n"
+        line = next(line for line in self.process.stdout if line.endswith(ready))
+        at = line.removeprefix("listening on ").removesuffix(ready).rpartition(":")[2]
+        self.name = name.format(at)
+        self.place = place.format(at)  # as messages tell it

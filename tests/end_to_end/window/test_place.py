@@ -1,6 +1,5 @@
-"""Where the window comes up, whatever place it had the last time."""
+"""Where the window comes up, whatever place it had the last time, which it remembers in its own units."""
 
-import os
 import unittest
 
 from case import WindowCase
@@ -8,13 +7,6 @@ from desktop import Desktop
 
 
 class Place(WindowCase):
-    def remember(self, **settings):
-        """What the window remembers of its place, in its own units."""
-        folder = f"{self.desktop.environment['XDG_CONFIG_HOME']}/Tolvane Portico"
-        os.makedirs(folder)
-        with open(f"{folder}/Tolvane Portico.conf", "w", encoding="utf-8") as file:
-            file.write("[frmMain]\n" + "".join(f"{key}={value}\n" for key, value in settings.items()))
-
     def expect_within(self, portico):
         width, height = (side // self.scale for side in Desktop.SIZE)
 
@@ -33,15 +25,15 @@ class Place(WindowCase):
         return (box.x, box.y, box.width, box.height)
 
     def test_a_window_that_was_larger_than_the_screen_fits(self):
-        self.remember(MainLeft=1000, MainTop=1000, MainWidth=60000, MainHeight=60000)
+        self.remember("frmMain", MainLeft=1000, MainTop=1000, MainWidth=60000, MainHeight=60000)
         self.expect_within(self.open())
 
     def test_a_window_that_was_below_the_screen_is_seen_whole(self):
-        self.remember(MainLeft=600, MainTop=60000, MainWidth=6000, MainHeight=6000)
+        self.remember("frmMain", MainLeft=600, MainTop=60000, MainWidth=6000, MainHeight=6000)
         self.expect_within(self.open())
 
     def test_a_window_over_the_edge_is_seen_whole(self):
-        self.remember(MainLeft=-1500, MainTop=-600, MainWidth=6000, MainHeight=6000)
+        self.remember("frmMain", MainLeft=-1500, MainTop=-600, MainWidth=6000, MainHeight=6000)
         portico = self.open()
         self.expect_within(portico)
         self.assertEqual(self.where(portico)[2:], (400, 400))

@@ -101,9 +101,10 @@ class Simulators(DiscoveryCase):
         self.assertIn("< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n", self.ask(name))
 
     def test_all_that_it_listens_on_is_announced(self):
-        process = self.simulator("--hislip", "0", "--bind", "192.0.2.1")
+        process = self.simulator("--vxi11", "0", "--hislip", "0", "--bind", "192.0.2.1")
         names = [f"TCPIP0::192.0.2.1::{self.port(process)}::SOCKET",
-                 f"TCPIP0::192.0.2.1::hislip0,{self.port(process)}::INSTR"]
+                 f"TCPIP0::192.0.2.1::hislip0,{self.port(process)}::INSTR",
+                 f"TCPIP0::192.0.2.1,{self.port(process)}::inst0::INSTR"]
         self.list_until(*[name + "\tTOLVANE INSTRUMENTS, SIM-DMM, SIM0001, 1.0" for name in names])
         for name in names:
             self.assertIn("< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n", self.ask(name))

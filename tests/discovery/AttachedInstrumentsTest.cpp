@@ -24,8 +24,8 @@ protected:
     fs::create_directory_symlink(m_folder.At(target), m_folder.At(link));
   }
   void WriteUsbDevice(const std::string& device, const std::string& product, const std::string& serial) const {
-    Write("sys/devices/" + device + "/idVendor", "0aad\n");
-    Write("sys/devices/" + device + "/idProduct", "0197\n");
+    Write("sys/devices/" + device + "/idVendor", "1234\n");
+    Write("sys/devices/" + device + "/idProduct", "abcd\n");
     Write("sys/devices/" + device + "/manufacturer", "Tolvane\n");
     Write("sys/devices/" + device + "/product", product + "\n");
     if (!serial.empty()) Write("sys/devices/" + device + "/serial", serial + "\n");
@@ -48,13 +48,13 @@ TEST_F(AttachedInstrumentsTest, MachineWithoutDevicesHasNone) { EXPECT_EQ(Attach
 TEST_F(AttachedInstrumentsTest, UsbInstrumentIsNamedByVendorProductAndSerialNumber) {
   WriteUsbDevice("1-2", "M7", "SN1");
   AddUsbtmc("usbtmc0", "1-2", "02");
-  EXPECT_EQ(Attached(), Texts{"USB0::0x0AAD::0x0197::SN1::2::INSTR|Tolvane, M7, SN1"});
+  EXPECT_EQ(Attached(), Texts{"USB0::0x1234::0xABCD::SN1::2::INSTR|Tolvane, M7, SN1"});
 }
 
 TEST_F(AttachedInstrumentsTest, UsbInstrumentMayHaveNoSerialNumber) {
   WriteUsbDevice("1-2", "M7", "");
   AddUsbtmc("usbtmc0", "1-2", "00");
-  EXPECT_EQ(Attached(), Texts{"USB0::0x0AAD::0x0197::::0::INSTR|Tolvane, M7"});
+  EXPECT_EQ(Attached(), Texts{"USB0::0x1234::0xABCD::::0::INSTR|Tolvane, M7"});
 }
 
 TEST_F(AttachedInstrumentsTest, NodeThatTellsNothingIsNotListed) {
@@ -95,7 +95,7 @@ TEST_F(AttachedInstrumentsTest, PortOfTheMachinesOwnIsListedIfThereIsAChipBehind
 TEST_F(AttachedInstrumentsTest, SerialNumberThatNoNameCanHoldIsLeftOutOfIt) {
   WriteUsbDevice("1-2", "M7", "SN::1");
   AddUsbtmc("usbtmc0", "1-2", "00");
-  EXPECT_EQ(Attached(), Texts{"USB0::0x0AAD::0x0197::::0::INSTR|Tolvane, M7, SN::1"});
+  EXPECT_EQ(Attached(), Texts{"USB0::0x1234::0xABCD::::0::INSTR|Tolvane, M7, SN::1"});
 }
 
 } // namespace

@@ -73,7 +73,7 @@ TEST_F(Vxi11TransportTest, AWriteThatFailsSaysWhy) {
   core.Piece(Reply(4, "\0\0\0\x0B\0\0\0\0"s));
   result = transport->Write("\r\n", Deadline());
   EXPECT_EQ(result.Status, DriverStatus::WriteTimeout);
-  EXPECT_EQ(result.Detail, "bench, port 1024, which another program has locked");
+  EXPECT_EQ(result.Detail, "bench, port 1024, which another program has locked; close the instrument there");
   core.Piece(Reply(5, "\0\0\0\4\0\0\0\0"s));
   result = transport->Write("\r\n", Deadline());
   EXPECT_EQ(result.Status, DriverStatus::ConnectionLost);
@@ -178,7 +178,7 @@ TEST_F(Vxi11TransportTest, AReadThatFailsSaysWhy) {
   core.Piece(Reply(2, "\0\0\0\x0B\0\0\0\0\0\0\0\0"s));
   DriverResult result = FailedRead();
   EXPECT_EQ(result.Status, DriverStatus::ReadTimeout);
-  EXPECT_EQ(result.Detail, "bench, port 1024, which another program has locked");
+  EXPECT_EQ(result.Detail, "bench, port 1024, which another program has locked; close the instrument there");
   core.Piece(Reply(3, "\0\0\0\x11\0\0\0\0\0\0\0\0"s));
   result = FailedRead();
   EXPECT_EQ(result.Status, DriverStatus::ConnectionLost);

@@ -36,7 +36,7 @@ UsbtmcTransport::UsbtmcTransport(UsbAddress address, IUsbtmcSystem& system, cons
       m_clock(clock),
       m_cancellation(cancellation) {}
 
-DriverResult UsbtmcTransport::Open(TimePoint /*deadline*/) {
+DriverResult UsbtmcTransport::Open(TimePoint deadline) {
   Close();
   if (Cancelled()) return {DriverStatus::Cancelled, m_place};
   const std::vector<UsbtmcDevice> meant = DevicesMeant(m_address, m_system.Devices());
@@ -47,7 +47,10 @@ DriverResult UsbtmcTransport::Open(TimePoint /*deadline*/) {
     return Refused(m_address.Serial.empty() ? "there are several such instruments; give the serial number in the name"
                                             : "there are several such instruments; unplug all but one");
   }
-  return OpenFile(meant.front());
+  DriverResult result = OpenFile(meant.front());
+  if (result.Succeeded()) result = SetUp(deadline);
+  if (!result.Succeeded()) Close();
+  return result;
 }
 
 DriverResult UsbtmcTransport::OpenFile(const UsbtmcDevice& device) {
@@ -70,11 +73,15 @@ DriverResult UsbtmcTransport::OpenFile(const UsbtmcDevice& device) {
     return Refused(std::generic_category().message(opening.Error));
   }
   m_file = std::move(opening.File);
+  return {};
+}
+
+DriverResult UsbtmcTransport::SetUp(TimePoint deadline) {
   std::uint32_t on = 1;
   const int error = m_file->Request(UsbtmcRequest::AutoAbort, on);
-  if (error == 0 || error == EBADRQC) return {};
-  Close();
-  return Refused(std::generic_category().message(error));
+  if (error != 0 && error != EBADRQC) return Refused(std::generic_category().message(error));
+  if (!m_clearDue || Clear(std::chrono::ceil<milliseconds>(deadline - m_clock.Now()))) return {};
+  return Refused("it does not drop what it was asked before; switch it off and on");
 }
 
 DriverResult UsbtmcTransport::Write(std::string_view bytes, TimePoint deadline) {
@@ -102,7 +109,8 @@ Received UsbtmcTransport::Read(char* buffer, std::size_t size, TimePoint deadlin
 
 bool UsbtmcTransport::Clear(milliseconds timeout) {
   std::uint32_t none = 0;
-  return SetTimeout(timeout) == 0 && m_file->Request(UsbtmcRequest::Clear, none) == 0;
+  m_clearDue = SetTimeout(timeout) != 0 || m_file->Request(UsbtmcRequest::Clear, none) != 0;
+  return !m_clearDue;
 }
 
 void UsbtmcTransport::ReturnToLocal(TimePoint deadline) noexcept {

@@ -20,7 +20,8 @@ public:
   UsbtmcTransport(UsbAddress address, IUsbtmcSystem& system, const IClock& clock,
                   const system::Cancellation* cancellation = nullptr);
 
-  /// Finds the device among those that are connected now, whichever file it has. Never waits.
+  /// Finds the device among those that are connected now, whichever file it has. Waits only for a device clear, which
+  /// is due if the last one failed: a fresh file drops nothing of what the device was asked.
   DriverResult Open(TimePoint deadline) override;
   void Close() noexcept override { m_file.reset(); }
   DriverResult Write(std::string_view bytes, TimePoint deadline) override;
@@ -32,6 +33,7 @@ public:
 
 private:
   DriverResult OpenFile(const UsbtmcDevice& device);
+  DriverResult SetUp(TimePoint deadline);
   /// Lets the next call wait until `deadline`, or answers why there is to be none: `timeout` if that is past.
   DriverResult Prepare(TimePoint deadline, DriverStatus timeout);
   int SetTimeout(std::chrono::milliseconds timeout);
@@ -46,6 +48,8 @@ private:
   const IClock& m_clock;
   const system::Cancellation* const m_cancellation;
   std::unique_ptr<IUsbtmcFile> m_file;
+  /// The last device clear failed, so that an old answer may still come.
+  bool m_clearDue = false;
 };
 
 } // namespace portico::drivers

@@ -114,6 +114,20 @@ TEST_F(UsbtmcTransportTest, AClearThatFailsSaysSo) {
   EXPECT_FALSE(transport.Clear(milliseconds(300)));
 }
 
+TEST_F(UsbtmcTransportTest, AfterAClearThatFailedNoFileIsOpenedBeforeOneHasWorked) {
+  Ask("Q?");
+  device.clearError = ETIMEDOUT;
+  EXPECT_FALSE(transport.Clear(milliseconds(300)));
+  ExpectFailure(transport.Open(After(1000)), DriverStatus::ConnectFailed,
+                std::string(Place) + ", it does not drop what it was asked before; switch it off and on");
+  EXPECT_FALSE(device.isOpen);
+  device.clearError = 0;
+  EXPECT_TRUE(transport.Open(After(1000)).Succeeded());
+  EXPECT_EQ(Read().Result.Status, DriverStatus::ReadTimeout);
+  EXPECT_TRUE(transport.Open(After(1000)).Succeeded());
+  EXPECT_EQ(device.clears, 3);
+}
+
 TEST_F(UsbtmcTransportTest, AMalformedTransferBreaksTheProtocol) {
   device.malformed = true;
   ExpectFailure(Read().Result, DriverStatus::ProtocolError, std::string(Place) + ", it sent a malformed transfer");

@@ -128,6 +128,14 @@ TEST_F(UsbtmcTransportTest, AfterAClearThatFailedNoFileIsOpenedBeforeOneHasWorke
   EXPECT_EQ(device.clears, 3);
 }
 
+TEST_F(UsbtmcTransportTest, AfterAClearThatFailedNoCommandIsSent) {
+  device.clearError = ETIMEDOUT;
+  EXPECT_FALSE(transport.Clear(milliseconds(300)));
+  ExpectFailure(transport.Write("Q?\r\n", After(1000)), DriverStatus::ConnectFailed,
+                std::string(Place) + ", it does not drop what it was asked before; switch it off and on");
+  EXPECT_THAT(device.messages, testing::IsEmpty());
+}
+
 TEST_F(UsbtmcTransportTest, AMalformedTransferBreaksTheProtocol) {
   device.malformed = true;
   ExpectFailure(Read().Result, DriverStatus::ProtocolError, std::string(Place) + ", it sent a malformed transfer");

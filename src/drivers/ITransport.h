@@ -49,8 +49,8 @@ public:
   /// ends it.
   virtual bool MarksEnd() const { return false; }
 
-  /// A look before a command is sent, without waiting: false once the instrument has ended the connection, which Open()
-  /// makes anew. Answers that came before are still read first.
+  /// A look before a command is sent, without waiting: false once the instrument has ended the connection, or a Clear()
+  /// that failed has left it of no use; Open() then makes it anew. Answers that came before are still read first.
   virtual bool Stands() { return true; }
 
   /// After a read that timed out, or behind an Open() that follows another failure, and before the next Write(): has

@@ -106,6 +106,7 @@ std::string HislipTransport::ReasonOfSilence() const {
 }
 
 bool HislipTransport::Stands() {
+  if (!m_client.Ready()) return false; // a clear was not answered
   std::array<pollfd, 2> entries = {{{m_synchronous.Get(), POLLRDHUP, 0}, {m_asynchronous.Get(), POLLRDHUP, 0}}};
   return ::poll(entries.data(), entries.size(), 0) == 0;
 }

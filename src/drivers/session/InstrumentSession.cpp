@@ -80,17 +80,22 @@ void InstrumentSession::GetInStep() {
 DriverResult InstrumentSession::Connect(TimePoint& deadline) {
   const bool connected = m_connection.Succeeded();
   if (connected && m_transport->Stands()) return {};
-  if (DriverResult result = m_transport->Open(deadline); !result.Succeeded()) {
+  DriverResult result = m_transport->Open(deadline);
+  if (result.Succeeded() && m_outOfStep) { // an instrument may keep its answers beyond the connection
+    const bool cleared = m_transport->Clear(m_options.Timeout);
+    deadline = Deadline();
+    if (!cleared && !m_transport->Stands()) { // the attempt has cost the connection
+      m_transport->Close();
+      result = m_transport->Open(deadline);
+    }
+  }
+  if (!result.Succeeded()) {
     if (connected) return Fail(std::move(result));
     m_connection = std::move(result);
     return m_connection;
   }
   m_connection = {};
-  if (m_outOfStep) { // an instrument may keep its answers beyond the connection
-    m_transport->Clear(m_options.Timeout);
-    m_outOfStep = false;
-    deadline = Deadline();
-  }
+  m_outOfStep = false;
   Tell([&](IDriverObserver& observer) { connected ? observer.Restored(m_name) : observer.Reconnected(m_name); });
   return {};
 }

@@ -171,7 +171,9 @@ TEST_F(HislipTransportTest, ADeviceClearDropsWhatIsOnItsWayAndKeepsTheConnection
 TEST_F(HislipTransportTest, ADeviceClearThatNobodyAcknowledgesFailsInTime) {
   instrument.Respond(HislipType::AsyncDeviceClear, "");
   Open();
+  EXPECT_TRUE(transport.Stands());
   EXPECT_FALSE(transport.Clear(std::chrono::milliseconds(50)));
+  EXPECT_FALSE(transport.Stands());
   instrument.Respond(HislipType::AsyncDeviceClear, Bytes("4853 17 00 00000000 0000000000000000"));
   instrument.Respond(HislipType::DeviceClearComplete, "");
   Open();

@@ -203,6 +203,33 @@ TEST_F(SessionRecoveryTest, AFreshConnectionAfterAFailureIsClearedToo) {
   EXPECT_THAT(transport.clearings, SizeIs(1));
 }
 
+TEST_F(SessionRecoveryTest, AFreshConnectionThatClearingCostIsMadeOnceMore) {
+  transport.onClear = [this] {
+    clock.Advance(Timeout);
+    transport.stands = false;
+  };
+  transport.writeResult = {DriverStatus::WriteTimeout};
+  EXPECT_EQ(session.Write("A\r").Status, DriverStatus::WriteTimeout);
+  transport.writeResult = {};
+  EXPECT_CALL(observer, Reconnected(Name)).Times(1);
+  EXPECT_TRUE(session.Write("B\r").Succeeded());
+  EXPECT_EQ(transport.opened, 3);
+  EXPECT_THAT(transport.clearings, SizeIs(1));
+  EXPECT_EQ(transport.written.back(), "B\r\n");
+}
+
+TEST_F(SessionRecoveryTest, AConnectionThatClearingCostAndThatIsRefusedThenIsToldAsRefused) {
+  transport.onClear = [this] {
+    transport.stands = false;
+    transport.openResult = {DriverStatus::ConnectionRefused};
+  };
+  transport.writeResult = {DriverStatus::WriteTimeout};
+  EXPECT_EQ(session.Write("A\r").Status, DriverStatus::WriteTimeout);
+  EXPECT_CALL(observer, Reconnected).Times(0);
+  EXPECT_EQ(session.Write("B\r").Status, DriverStatus::ConnectionRefused);
+  EXPECT_EQ(Read().Status, DriverStatus::NotConnected);
+}
+
 TEST_F(SessionRecoveryTest, AFreshConnectionBecauseClearingFailedIsNotClearedAgain) {
   TimeOut();
   EXPECT_CALL(observer, Reconnected(Name)).Times(1);

@@ -119,7 +119,8 @@ void Reset() { KnownErrors() = ErrorState{}; }
 void RecordStandard(std::int32_t Number, StringView Label, StringView Value) {
   if (!KnownErrors().Collected.empty()) SettledErrors();
   std::unique_ptr<PendingError>& pending = KnownErrors().Pending;
-  if (!pending || typeid(*pending) != typeid(StandardPending)) pending = std::make_unique<StandardPending>();
+  const PendingError* held = pending.get();
+  if (held == nullptr || typeid(*held) != typeid(StandardPending)) pending = std::make_unique<StandardPending>();
   static_cast<StandardPending&>(*pending).Become(Number, Label, Value);
 }
 

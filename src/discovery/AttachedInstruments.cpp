@@ -3,10 +3,10 @@
 #include "discovery/ListedInstrument.h"
 #include "drivers/usbtmc/UsbtmcList.h"
 #include "drivers/usbtmc/UsbtmcSystem.h"
+#include "system/FirstLine.h"
 
 #include <algorithm>
 #include <cctype>
-#include <fstream>
 #include <set>
 #include <string>
 #include <string_view>
@@ -17,13 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The first line of a file of the system's; empty if there is none.
-std::string ReadLine(const fs::path& file) {
-  std::string line;
-  std::ifstream stream(file);
-  std::getline(stream, line);
-  return line;
-}
+using system::FirstLine;
 
 /// What stands in a folder under names that begin so, in the order of the numbers at their ends.
 std::vector<fs::path> Entries(const fs::path& folder, std::string_view beginning) {
@@ -62,12 +56,12 @@ fs::path UsbDevice(const fs::path& link) {
 
 std::vector<std::string> UsbFacts(const fs::path& device) {
   if (device.empty()) return {};
-  return {ReadLine(device / "manufacturer"), ReadLine(device / "product"), ReadLine(device / "serial")};
+  return {FirstLine(device / "manufacturer"), FirstLine(device / "product"), FirstLine(device / "serial")};
 }
 
 /// One that the machine really has: the others are placeholders of the driver, without a chip behind them.
 bool IsReal(const fs::path& port, const fs::path& system) {
-  const std::string type = ReadLine(system / "class" / "tty" / port.filename() / "type");
+  const std::string type = FirstLine(system / "class" / "tty" / port.filename() / "type");
   return !type.empty() && type != "0";
 }
 

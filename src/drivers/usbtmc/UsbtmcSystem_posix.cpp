@@ -1,13 +1,13 @@
 #include "drivers/usbtmc/UsbtmcSystem.h"
 
 #include "system/FileDescriptor.h"
+#include "system/FirstLine.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
 #include <linux/usb/tmc.h>
 #include <map>
 #include <optional>
@@ -75,16 +75,9 @@ private:
   system::FileDescriptor m_file;
 };
 
-std::string TextIn(const fs::path& file) {
-  std::ifstream stream(file);
-  std::string text;
-  std::getline(stream, text);
-  return text;
-}
-
 template <typename Number>
 std::optional<Number> NumberIn(const fs::path& file, int base) {
-  const std::string text = TextIn(file);
+  const std::string text = system::FirstLine(file);
   Number number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, base);
   if (text.empty() || error != std::errc() || end != text.data() + text.size()) return std::nullopt;
@@ -113,10 +106,10 @@ std::optional<UsbtmcDevice> Describe(const fs::path& interfaceLink, std::string 
   return UsbtmcDevice{std::move(path),
                       *vendor,
                       *product,
-                      TextIn(device / "serial"),
+                      system::FirstLine(device / "serial"),
                       NumberIn<std::uint8_t>(interface / "bInterfaceNumber", 16).value_or(0),
-                      TextIn(device / "manufacturer"),
-                      TextIn(device / "product")};
+                      system::FirstLine(device / "manufacturer"),
+                      system::FirstLine(device / "product")};
 }
 
 } // namespace

@@ -1,19 +1,13 @@
 #include "discovery/InstrumentSearch.h"
 
 #include "discovery/AttachedInstruments.h"
+#include "discovery/ListedInstrument.h"
 
-#include <cstddef>
 #include <iterator>
 #include <system_error>
 #include <utility>
 
 namespace portico::discovery {
-namespace {
-
-constexpr std::size_t MostInstruments = 1000;
-
-} // namespace
-
 void InstrumentSearch::Start() {
   Stop();
   m_attached = AttachedInstruments();
@@ -34,7 +28,7 @@ std::vector<FoundInstrument> InstrumentSearch::Take() {
   append(m_vxi11);
   append(m_mdns);
   std::erase_if(found, [this](const FoundInstrument& instrument) {
-    return m_told.size() >= MostInstruments || !m_told.insert(instrument.Name).second;
+    return m_told.size() >= MostListed || !m_told.insert(instrument.Name).second;
   });
   return found;
 }

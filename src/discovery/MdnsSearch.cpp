@@ -1,9 +1,9 @@
 #include "discovery/MdnsSearch.h"
 
+#include "discovery/ListedInstrument.h"
 #include "discovery/ServiceNames.h"
 #include "mdns/ServiceBrowser.h"
 
-#include <cstddef>
 #include <mutex>
 #include <utility>
 
@@ -24,11 +24,9 @@ public:
   }
 
 private:
-  static constexpr std::size_t Most = 1000;
-
   void Put(FoundInstrument instrument) {
     const std::lock_guard lock(m_mutex);
-    if (m_waiting.size() < Most) m_waiting.push_back(std::move(instrument));
+    if (m_waiting.size() < MostListed) m_waiting.push_back(std::move(instrument));
   }
 
   ServiceNames m_names; // the thread's

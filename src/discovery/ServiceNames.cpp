@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace portico::discovery {
 namespace {
@@ -61,28 +62,24 @@ const std::vector<std::string>& ServiceNames::Types() {
 }
 
 std::optional<FoundInstrument> ServiceNames::Add(const mdns::Service& service) {
-  if (service.Type == WebPage) {
-    if (m_named.count(service.Address) != 0) return {};
-    if (auto instrument = ListedInstrument("TCPIP0::" + service.Address + "::inst0::INSTR", Facts(service))) {
-      m_pages.emplace(service.Address, std::move(*instrument));
-    }
-    return {};
+  const bool isPage = service.Type == WebPage;
+  const std::string name = isPage ? "TCPIP0::" + service.Address + "::inst0::INSTR" : NameOf(service);
+  auto instrument = ListedInstrument(name, Facts(service));
+  if (!instrument) return {};
+  const auto known = m_pages.find(service.Address);
+  if (known != m_pages.end()) {
+    if (!isPage) known->second.reset();
+  } else if (m_pages.size() < MostListed) {
+    m_pages.emplace(service.Address, isPage ? instrument : std::nullopt);
   }
-  auto instrument = ListedInstrument(NameOf(service), Facts(service));
-  if (instrument) {
-    m_named.insert(service.Address);
-    m_pages.erase(service.Address);
-  }
-  return instrument;
+  return isPage ? std::nullopt : instrument;
 }
 
 std::vector<FoundInstrument> ServiceNames::Settle() {
   std::vector<FoundInstrument> instruments;
   for (auto& [address, instrument] : m_pages) {
-    m_named.insert(address);
-    instruments.push_back(std::move(instrument));
+    if (instrument) instruments.push_back(std::move(*std::exchange(instrument, std::nullopt)));
   }
-  m_pages.clear();
   return instruments;
 }
 

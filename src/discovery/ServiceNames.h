@@ -5,13 +5,13 @@
 
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
 namespace portico::discovery {
 
-/// The instruments that services on the local network stand for.
+/// The instruments that services on the local network stand for. Remembers as many addresses as instruments can be
+/// listed; a web page at a further one stands for nothing.
 class ServiceNames {
 public:
   /// What to browse for.
@@ -25,8 +25,8 @@ public:
   std::vector<FoundInstrument> Settle();
 
 private:
-  std::set<std::string> m_named;                  // addresses
-  std::map<std::string, FoundInstrument> m_pages; // by address
+  /// By address: what the web page stands for until the instrument has talked otherwise or that was told.
+  std::map<std::string, std::optional<FoundInstrument>> m_pages;
 };
 
 } // namespace portico::discovery

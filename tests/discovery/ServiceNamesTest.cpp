@@ -71,6 +71,23 @@ TEST(ServiceNamesTest, WebPageOfAnInstrumentThatHasTalkedOtherwiseSaysNothingMor
   EXPECT_EQ(FoundTexts(names.Settle()), Texts{});
 }
 
+std::string Address(int number) { return "10.0." + std::to_string(number / 200) + '.' + std::to_string(number % 200); }
+
+TEST(ServiceNamesTest, KeepsAThousandWebPagesAndNoMore) {
+  ServiceNames names;
+  for (int i = 0; i < 1001; ++i) names.Add({"_lxi._tcp", "Meter", Address(i), 80});
+  EXPECT_EQ(names.Settle().size(), 1000U);
+  names.Add({"_lxi._tcp", "Meter", "192.0.2.7", 80});
+  EXPECT_EQ(FoundTexts(names.Settle()), Texts{});
+}
+
+TEST(ServiceNamesTest, KeepsAThousandAddressesThatHaveTalkedAndNoMore) {
+  ServiceNames names;
+  for (int i = 0; i < 1001; ++i) EXPECT_TRUE(names.Add({"_scpi-raw._tcp", "Meter", Address(i), 5025}));
+  names.Add({"_lxi._tcp", "Meter", "192.0.2.7", 80}); // it is no longer known who has talked
+  EXPECT_EQ(FoundTexts(names.Settle()), Texts{});
+}
+
 TEST(ServiceNamesTest, BrowsesForFourTypes) {
   EXPECT_EQ(ServiceNames::Types(), (Texts{"_lxi._tcp", "_scpi-raw._tcp", "_vxi-11._tcp", "_hislip._tcp"}));
 }

@@ -19,7 +19,7 @@ std::int32_t LoadedDriver::TVSCPI_init(const std::string& name, std::int32_t idQ
                                        std::int32_t& session) {
   return Wait([&] {
     const std::int32_t status = m_library.Init(name.c_str(), idQuery, reset, &session);
-    if (status == 0) m_names[session] = name;
+    if (status >= 0) m_names[session] = name;
     return status;
   });
 }

@@ -101,6 +101,13 @@ TEST_F(LoadedDriverTest, AFullBufferIsToldWithWhatIsKnownOfTheLength) {
   EXPECT_THAT(news.filled, testing::ElementsAre("BENCH 7, 19", "BENCH 7, 119"));
 }
 
+TEST_F(LoadedDriverTest, ASessionThatOpenedWithAWarningHasItsNameInTheNews) {
+  EXPECT_EQ(driver.TVSCPI_close(session), 0);
+  EXPECT_EQ(driver.TVSCPI_init("WARN", 0, 0, session), 3);
+  EXPECT_EQ(ReadAnswerTo("FULL?"), 0);
+  EXPECT_THAT(news.filled, testing::ElementsAre("WARN, 19"));
+}
+
 TEST_F(LoadedDriverTest, APositiveStatusKeepsItsBytes) {
   EXPECT_EQ(ReadAnswerTo("WARN?"), 3);
   EXPECT_EQ(count, 4);

@@ -1,6 +1,7 @@
 // Runs command files, or standard input, on an instrument. Only wires: the work is done in src/.
 
 #include "application/HostEnvironment.h"
+#include "application/SavedSettings.h"
 #include "application/Startup.h"
 #include "configuration/CConfigurationClient.h"
 #include "discovery/InstrumentSearch.h"
@@ -69,6 +70,8 @@ struct Wiring {
 int List(const RunOptions& options) {
   memory::SystemClock clock;
   memory::EventLoop loop(clock);
+  const Wiring wiring;
+  gSettingsStore = std::make_shared<SavedSettings>(); // which have what the window has opened
   KnownInstruments known;
   discovery::InstrumentSearch search;
   if (PrintInstruments(known, search, options.ListMilliseconds, loop, std::cout)) return 0;

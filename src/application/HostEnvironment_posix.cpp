@@ -1,10 +1,10 @@
 #include "application/HostEnvironment.h"
 
+#include "application/EnvironmentText.h"
 #include "application/OwnFiles.h"
 #include "framework/shared/Application.h"
 
 #include <array>
-#include <cstdlib>
 #include <fstream>
 #include <system_error>
 #include <thread>
@@ -18,11 +18,6 @@ namespace {
 std::filesystem::path ProgramPath() {
   std::error_code fault;
   return std::filesystem::read_symlink("/proc/self/exe", fault);
-}
-
-std::string Variable(const char* name) {
-  const char* const value = std::getenv(name);
-  return value == nullptr ? std::string() : value;
 }
 
 String FromPath(const std::filesystem::path& path) { return FromUtf8(path.string()).Text; }
@@ -51,7 +46,7 @@ String HostEnvironment::ProgramFileName() const { return FromPath(m_program.file
 
 String HostEnvironment::ProgramDirectory() const {
   return FromPath(
-      OwnFilesDirectory({m_program.parent_path(), Variable("XDG_STATE_HOME"), Variable("HOME"),
+      OwnFilesDirectory({m_program.parent_path(), EnvironmentText("XDG_STATE_HOME"), EnvironmentText("HOME"),
                          [](const std::filesystem::path& path) { return access(path.c_str(), W_OK) == 0; }}));
 }
 

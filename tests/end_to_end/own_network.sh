@@ -48,6 +48,7 @@ cat > /run/bus.conf << 'END'
   </policy>
 </busconfig>
 END
+export XDG_CONFIG_HOME=/run/config # nobody has opened anything
 export DBUS_SYSTEM_BUS_ADDRESS=unix:path=/run/dbus/system_bus_socket
 
 # started SAYS COMMAND...: starts it and waits until it says so. It ends with this script.

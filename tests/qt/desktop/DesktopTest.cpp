@@ -1,5 +1,6 @@
 // Clipboard, keyboard, settings.
 
+#include "application/SavedSettings.h"
 #include "qt/ScreenFixture.h"
 #include "qt/desktop/Clipboard.h"
 #include "qt/desktop/Keyboard.h"
@@ -83,6 +84,23 @@ TEST_F(SettingsStoreTest, KeepsAnyTextForTheNextRun) {
        {u"", u" a, b ;\"c\" ", u"@Variant(x)", u"%41\\", u"\u00e4\u20ac\U0001F600", u"two\r\nlines", u"On"}) {
     store.SaveSetting(u"Portico", u"Options", u"Key", value);
     EXPECT_EQ(qt::SettingsStore(folder.path()).GetSetting(u"Portico", u"Options", u"Key", u"none"), value);
+  }
+}
+
+TEST_F(SettingsStoreTest, KeepsTextThatProgramsWithoutTheToolkitRead) {
+  qt::SettingsStore window(folder.filePath("Portico"));
+  SavedSettings saved(folder.path().toStdString());
+  for (const String& value : {String(u""), String(u" a, b ;\"c\" "), String(u"@Variant(x)"), String(u"@"),
+                              String(u"%41\\"), String(u"\u00e4\u20ac\U0001F600"), String(u"two\r\nlines"),
+                              String(u"\x01"
+                                     u"f\x7f\u0085"),
+                              String(u"\t[a]\t"), String(u"a\0b", 3),
+                              String(u"\0"
+                                     u"1",
+                                     2),
+                              String(u"#a=b"), String(u"TCPIP::192.0.2.7::hislip0,4881::INSTR")}) {
+    window.SaveSetting(u"Portico", u"Options", u"Key", value);
+    EXPECT_EQ(saved.GetSetting(u"Portico", u"Options", u"Key", u"none"), value);
   }
 }
 

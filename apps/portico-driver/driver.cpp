@@ -3,11 +3,16 @@
 #include "drivers/TVSCPI_32.h"
 #include "drivers/exported/SharedDriver.h"
 
+#include <cstddef>
+#include <new>
+
 namespace {
 
 /// Never let go, since threads may call until the very end of the program.
 portico::drivers::SharedDriver& Driver() noexcept {
-  static auto* const driver = new portico::drivers::SharedDriver;
+  using portico::drivers::SharedDriver;
+  alignas(SharedDriver) static std::byte place[sizeof(SharedDriver)];
+  static auto* const driver = new (place) SharedDriver;
   return *driver;
 }
 

@@ -118,12 +118,12 @@ std::string ServiceType(const std::string& protocol) {
 
 /// What is known of the instrument before it is asked.
 Announcement::Content Introduction(const Device& device) {
-  constexpr std::array Keys = {"Manufacturer", "Model", "SerialNumber", "FirmwareVersion"};
+  constexpr std::array keys = {"Manufacturer", "Model", "SerialNumber", "FirmwareVersion"};
   Announcement::Content content{{}, {}, {"txtvers=1"}};
   std::istringstream identification{std::string(device.Identification())};
   std::string field;
-  for (std::size_t i = 0; i < Keys.size() && std::getline(identification, field, ','); ++i) {
-    content.Text.push_back(std::string(Keys[i]) + "=" + field);
+  for (std::size_t i = 0; i < keys.size() && std::getline(identification, field, ','); ++i) {
+    content.Text.push_back(std::string(keys[i]) + "=" + field);
     const bool isName = i == 1 || i == 2;
     if (isName) content.Name += (content.Name.empty() ? "" : " ") + field;
   }
@@ -237,7 +237,8 @@ int main(int argc, char** argv) {
   for (const std::string& fault : options.Faults) {
     const std::string error = device->CarryOut("SIMulator:" + fault);
     if (error.front() == '0') continue;
-    return Complain("'" + fault + "' is no fault: " + error, "give a command of the SIMulator subsystem");
+    const std::string complaint = "'" + fault + "' is no fault: ";
+    return Complain(complaint + error, "give a command of the SIMulator subsystem");
   }
   try {
     Serve(*device, options);

@@ -27,14 +27,14 @@ std::string Bytes(const fs::path& path) {
 }
 
 StringView WithoutBlanks(StringView text) {
-  constexpr StringView Blanks = u" \t\r";
-  const std::size_t begin = text.find_first_not_of(Blanks);
-  return begin == StringView::npos ? StringView() : text.substr(begin, text.find_last_not_of(Blanks) + 1 - begin);
+  constexpr StringView blanks = u" \t\r";
+  const std::size_t begin = text.find_first_not_of(blanks);
+  return begin == StringView::npos ? StringView() : text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
 }
 
 std::optional<unsigned> Digit(char16_t unit) {
-  constexpr StringView Digits = u"0123456789abcdef";
-  const std::size_t value = Digits.find(FoldCase(unit));
+  constexpr StringView digits = u"0123456789abcdef";
+  const std::size_t value = digits.find(FoldCase(unit));
   if (value == StringView::npos) return std::nullopt;
   return static_cast<unsigned>(value);
 }
@@ -57,10 +57,10 @@ char16_t TakeEscaped(StringView& text) {
   const char16_t letter = text.front();
   text.remove_prefix(1);
   if (letter == u'x') return TakeNumber(text, 16);
-  constexpr StringView Letters = u"abfnrtv";
-  constexpr StringView Meant = u"\a\b\f\n\r\t\v";
-  const std::size_t position = Letters.find(letter);
-  return position == StringView::npos ? letter : Meant[position];
+  constexpr StringView letters = u"abfnrtv";
+  constexpr StringView meant = u"\a\b\f\n\r\t\v";
+  const std::size_t position = letters.find(letter);
+  return position == StringView::npos ? letter : meant[position];
 }
 
 /// The text that a value stands for; none if it stands for something else, which begins with "@" or is a list.
@@ -80,11 +80,11 @@ std::optional<String> Text(StringView raw) {
       text += unit;
     }
   }
-  constexpr StringView WithNull = u"@String(";
+  constexpr StringView withNull = u"@String(";
   if (!text.starts_with(u'@')) return text;
   if (text.starts_with(u"@@")) return text.substr(1);
-  if (!text.starts_with(WithNull) || !text.ends_with(u')')) return std::nullopt;
-  return text.substr(WithNull.size(), text.size() - WithNull.size() - 1);
+  if (!text.starts_with(withNull) || !text.ends_with(u')')) return std::nullopt;
+  return text.substr(withNull.size(), text.size() - withNull.size() - 1);
 }
 
 /// The last one counts.

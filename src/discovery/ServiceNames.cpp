@@ -45,10 +45,12 @@ std::string NameOf(const mdns::Service& service) {
   const std::string host = "TCPIP0::" + service.Address;
   const std::string port = std::to_string(service.Port);
   if (service.Type == RawSocket) return host + "::" + port + "::SOCKET";
-  if (service.Type == Hislip)
+  if (service.Type == Hislip) {
     return host + "::hislip0" + (service.Port == drivers::HislipTransport::StandardPort ? "" : "," + port) + "::INSTR";
-  if (service.Type == Vxi11)
+  }
+  if (service.Type == Vxi11) {
     return host + (service.Port == wire::PortMapper::Port ? "" : "," + port) + "::inst0::INSTR";
+  }
   return {};
 }
 

@@ -233,8 +233,9 @@ constexpr std::array<std::string_view, 3> FlowNames = {"none", "xonxoff", "rtsct
 
 std::optional<ResourceNameError> ParseSpeed(std::string_view text, SerialLine& line) {
   const auto speed = ParseNumber<unsigned>(text);
-  if (!speed || *speed == 0)
+  if (!speed || *speed == 0) {
     return Error("the speed ", Quoted(text), " is not a number of bits per second, as in 115200");
+  }
   line.Speed = *speed;
   return std::nullopt;
 }

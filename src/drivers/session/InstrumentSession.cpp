@@ -63,8 +63,9 @@ DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count
   m_outOfStep = false;
   m_markMayFollow = answer.Terminated() && m_input.Empty() && !m_input.AtEndOfMessage();
   count = answer.Finish();
-  if (answer.FillsBuffer())
+  if (answer.FillsBuffer()) {
     Tell([&](IDriverObserver& observer) { observer.AnswerFilledBuffer(m_name, answer.Length()); });
+  }
   return {};
 }
 

@@ -7,7 +7,7 @@
 namespace portico::drivers {
 
 std::string InstrumentName(const UsbtmcDevice& device) {
-  const std::string name =
+  std::string name =
       ResourceName(UsbAddress{0, device.Vendor, device.Product, device.Serial, device.InterfaceNumber}).Canonical();
   const auto read = ResourceName::Parse(name);
   const auto* again = std::get_if<ResourceName>(&read);

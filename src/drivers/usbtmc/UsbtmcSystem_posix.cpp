@@ -128,6 +128,7 @@ std::vector<UsbtmcDevice> UsbtmcSystem::Devices() {
     if (device) devices.emplace(*number, std::move(*device));
   }
   std::vector<UsbtmcDevice> sorted;
+  sorted.reserve(devices.size());
   for (auto& [number, device] : devices) sorted.push_back(std::move(device));
   return sorted;
 }

@@ -16,7 +16,7 @@ using Vxi11::CoreProcedure;
 /// The most that one DeviceRead asks for, in bytes.
 constexpr std::size_t LongestRequest = ReceiveBuffer::Capacity;
 /// The results of that: error, reason, length and bytes. All others are shorter.
-constexpr std::size_t MostResults = 3 * 4 + LongestRequest;
+constexpr std::size_t MostResults = std::size_t{3} * 4 + LongestRequest;
 /// For a server that does not tell how much a DeviceWrite may carry.
 constexpr std::size_t UsualPiece = 1024;
 

@@ -29,8 +29,9 @@ public:
     std::string answer;
     char byte = 0;
     pollfd readable{m_port.Get(), POLLIN, 0};
-    while (!answer.ends_with('\n') && poll(&readable, 1, 10000) > 0 && read(m_port.Get(), &byte, 1) == 1)
+    while (!answer.ends_with('\n') && poll(&readable, 1, 10000) > 0 && read(m_port.Get(), &byte, 1) == 1) {
       answer += byte;
+    }
     return answer;
   }
 

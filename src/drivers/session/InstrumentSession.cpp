@@ -61,7 +61,8 @@ DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count
     if (m_input.AtEndOfMessage()) answer.End();
   }
   m_outOfStep = false;
-  m_markMayFollow = answer.Terminated() && m_input.Empty() && !m_input.AtEndOfMessage();
+  m_markMayFollow =
+      answer.Terminated() && m_unfinished.Unread().empty() && m_input.Empty() && !m_input.AtEndOfMessage();
   count = answer.Finish();
   if (answer.FillsBuffer()) {
     Tell([&](IDriverObserver& observer) { observer.AnswerFilledBuffer(m_name, answer.Length()); });

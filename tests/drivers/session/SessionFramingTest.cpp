@@ -96,6 +96,16 @@ TEST_F(SessionFramingTest, TheMarkOfAMessageThatWasReadDoesNotEndTheWaitForTheNe
   EXPECT_EQ(Read().Status, DriverStatus::ReadTimeout);
 }
 
+TEST_F(SessionFramingTest, AMarkThatComesAloneEndsWhatATimeoutHadLeft) {
+  transport.Piece("1\n2");
+  transport.Fails(DriverStatus::ReadTimeout);
+  EXPECT_EQ(Read().Status, DriverStatus::ReadTimeout);
+  SetTermination(10);
+  transport.Piece("", true);
+  EXPECT_EQ(Next(), "1");
+  EXPECT_EQ(Next(), "2");
+}
+
 TEST_F(SessionFramingTest, BytesThatBeginAMessageGiveUpTheOneBefore) {
   transport.Piece("1,2,");
   transport.Piece("new\n", true, true);

@@ -53,7 +53,7 @@ public:
   /// that failed has left it of no use; Open() then makes it anew. Answers that came before are still read first.
   virtual bool Stands() { return true; }
 
-  /// After a read that timed out, or behind an Open() that follows another failure, and before the next Write(): has
+  /// After a read that timed out, or behind an Open() that follows a failure, and before the next Write(): has
   /// the instrument drop what it was asked, and drops what is on its way, so that no late answer is taken for
   /// another's. False if there is no way to, or it failed; then a fresh connection has to be made. Takes `timeout` at
   /// most, a line that can only be listened to twice that.

@@ -21,15 +21,14 @@ void InstrumentSession::Close() noexcept {
 
 DriverResult InstrumentSession::Write(const std::string& text) {
   TimePoint deadline = Deadline();
-  if (m_connection.Succeeded() && m_outOfStep) {
-    GetInStep();
-    deadline = Deadline();
+  if (m_outOfStep) GetInStep(deadline);
+  DriverResult result = m_connection.Succeeded() ? Restore(deadline) : Reconnect(deadline);
+  if (result.Succeeded()) {
+    m_output.assign(text);
+    m_output += '\n';
+    result = m_transport->Write(m_output, deadline);
   }
-  if (DriverResult result = Connect(deadline); !result.Succeeded()) return result;
-  m_output.assign(text);
-  m_output += '\n';
-  DriverResult result = m_transport->Write(m_output, deadline);
-  if (!result.Succeeded()) return Fail(std::move(result));
+  if (!result.Succeeded()) Drop(result);
   return result;
 }
 
@@ -70,8 +69,8 @@ DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count
   return {};
 }
 
-void InstrumentSession::GetInStep() {
-  if (!m_transport->Clear(m_options.Timeout)) {
+void InstrumentSession::GetInStep(TimePoint& deadline) {
+  if (!Clear(deadline)) {
     Drop({DriverStatus::NotConnected});
     return;
   }
@@ -79,33 +78,30 @@ void InstrumentSession::GetInStep() {
   Tell([this](IDriverObserver& observer) { observer.Cleared(m_name); });
 }
 
-DriverResult InstrumentSession::Connect(TimePoint& deadline) {
-  const bool connected = m_connection.Succeeded();
-  if (connected && m_transport->Stands()) return {};
+DriverResult InstrumentSession::Restore(TimePoint deadline) {
+  if (m_transport->Stands()) return {};
   DriverResult result = m_transport->Open(deadline);
-  if (result.Succeeded() && m_outOfStep) { // an instrument may keep its answers beyond the connection
-    const bool cleared = m_transport->Clear(m_options.Timeout);
-    deadline = Deadline();
-    if (!cleared && !m_transport->Stands()) { // the attempt has cost the connection
-      m_transport->Close();
-      result = m_transport->Open(deadline);
-    }
-  }
-  if (!result.Succeeded()) {
-    if (connected) return Fail(std::move(result));
-    m_connection = std::move(result);
-    return m_connection;
-  }
-  m_connection = {};
-  m_outOfStep = false;
-  Tell([&](IDriverObserver& observer) { connected ? observer.Restored(m_name) : observer.Reconnected(m_name); });
-  return {};
+  if (result.Succeeded()) Tell([this](IDriverObserver& observer) { observer.Restored(m_name); });
+  return result;
 }
 
-DriverResult InstrumentSession::Fail(DriverResult reason) {
-  Drop(std::move(reason));
-  m_outOfStep = true;
-  return m_connection;
+DriverResult InstrumentSession::Reconnect(TimePoint& deadline) {
+  DriverResult result = m_transport->Open(deadline);
+  // An instrument may keep its answers beyond the connection, and the attempt to clear it may cost this one.
+  if (result.Succeeded() && !Clear(deadline) && !m_transport->Stands()) {
+    m_transport->Close();
+    result = m_transport->Open(deadline);
+  }
+  if (!result.Succeeded()) return result;
+  m_connection = {};
+  Tell([this](IDriverObserver& observer) { observer.Reconnected(m_name); });
+  return result;
+}
+
+bool InstrumentSession::Clear(TimePoint& deadline) {
+  const bool cleared = m_transport->Clear(m_options.Timeout);
+  deadline = Deadline();
+  return cleared;
 }
 
 void InstrumentSession::Drop(DriverResult reason) {
@@ -128,7 +124,10 @@ DriverResult InstrumentSession::Fill(TimePoint deadline, bool& anew) {
       m_outOfStep = true;
       return std::move(received.Result);
     }
-    if (!received.Result.Succeeded()) return Fail(std::move(received.Result));
+    if (!received.Result.Succeeded()) {
+      Drop(received.Result);
+      return std::move(received.Result);
+    }
     m_input.Filled(received.Count, received.End);
     anew = received.Anew;
     const bool lateMark = m_markMayFollow && received.Count == 0 && received.End && !anew;

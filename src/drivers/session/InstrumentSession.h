@@ -19,7 +19,8 @@ namespace portico::drivers {
 struct SessionOptions {
   /// Must outlive the sessions.
   IClock& Clock;
-  /// For each call as a whole: opening, writing, or reading one message. Getting in step again takes as long once more.
+  /// For each call as a whole: opening, writing, or reading one message. Each attempt to clear the instrument takes as
+  /// long once more.
   std::chrono::milliseconds Timeout = std::chrono::milliseconds(5000);
   /// Null, or must outlive the sessions.
   IDriverObserver* Observer = nullptr;
@@ -33,6 +34,7 @@ struct SessionOptions {
 /// it. The next write first sees to it that no late answer is taken for that of the next query: by the transport's way
 /// to clear the instrument, or by a fresh connection. After any other failure the session drops the connection at once
 /// and makes a fresh one before the next write; a read until then fails at once, with the reason why there is none.
+/// Such a fresh connection is cleared as well, before it gets a command.
 class InstrumentSession {
 public:
   InstrumentSession(const ResourceName& name, std::unique_ptr<ITransport> transport, const SessionOptions& options);
@@ -59,12 +61,14 @@ public:
 
 private:
   /// Sees to it that nothing that was asked is answered any more; without a way to, gives the connection up.
-  void GetInStep();
-  /// Makes a connection if there is none, or if the instrument has ended it. After a failure the instrument is cleared
-  /// as well, and the deadline put off.
-  DriverResult Connect(TimePoint& deadline);
-  /// Gives the connection up and answers the failure that is the reason.
-  DriverResult Fail(DriverResult reason);
+  void GetInStep(TimePoint& deadline);
+  /// Makes a connection that the instrument has ended anew. What came of it stays to be read.
+  DriverResult Restore(TimePoint deadline);
+  /// Makes a connection where there is none, and clears the instrument.
+  DriverResult Reconnect(TimePoint& deadline);
+  /// Clears the instrument, and puts the deadline off.
+  bool Clear(TimePoint& deadline);
+  /// Gives the connection up for this reason.
   void Drop(DriverResult reason);
   /// Drops all that has come.
   void Forget();
@@ -82,7 +86,7 @@ private:
   UnfinishedAnswer m_unfinished;
   /// The last answer ended with its terminator and nothing was there behind it: a mark that comes alone is its own.
   bool m_markMayFollow = false;
-  /// What was asked may still be answered.
+  /// There is a connection, and what was asked there may still be answered.
   bool m_outOfStep = false;
   std::string m_output;
   /// A success while there is a connection, else why there is none.

@@ -230,11 +230,29 @@ TEST_F(SessionRecoveryTest, AConnectionThatClearingCostAndThatIsRefusedThenIsTol
   EXPECT_EQ(Read().Status, DriverStatus::NotConnected);
 }
 
-TEST_F(SessionRecoveryTest, AFreshConnectionBecauseClearingFailedIsNotClearedAgain) {
+TEST_F(SessionRecoveryTest, AFreshConnectionBecauseClearingFailedIsClearedToo) {
   TimeOut();
+  transport.onClear = [this] {
+    clock.Advance(Timeout);
+    transport.clears = transport.opened == 2;
+  };
   EXPECT_CALL(observer, Reconnected(Name)).Times(1);
   EXPECT_TRUE(session.Write("Q?\r").Succeeded());
+  EXPECT_THAT(transport.clearings, ElementsAre(Timeout, Timeout));
+  EXPECT_EQ(transport.deadlines.back(), clock.Now() + Timeout);
+  EXPECT_EQ(transport.opened, 2);
+}
+
+TEST_F(SessionRecoveryTest, AnInstrumentThatCouldNotBeClearedIsClearedOnceItIsReachedAgain) {
+  TimeOut();
+  transport.openResult = {DriverStatus::ConnectionRefused};
+  EXPECT_EQ(session.Write("A\r").Status, DriverStatus::ConnectionRefused);
   EXPECT_THAT(transport.clearings, SizeIs(1));
+  transport.openResult = {};
+  EXPECT_CALL(observer, Reconnected(Name)).Times(1);
+  EXPECT_TRUE(session.Write("B\r").Succeeded());
+  EXPECT_THAT(transport.clearings, SizeIs(2));
+  EXPECT_THAT(transport.written, ElementsAre("B\r\n"));
 }
 
 TEST_F(SessionRecoveryTest, AFailedWriteClosesAtOnceAndTheNextReconnects) {

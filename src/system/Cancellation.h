@@ -26,4 +26,9 @@ private:
   WakePipe m_pipe; // never drained
 };
 
+/// Whether the order was given; not if there is nobody to give it.
+inline bool Requested(const Cancellation* cancellation) noexcept {
+  return cancellation != nullptr && cancellation->Requested();
+}
+
 } // namespace portico::system

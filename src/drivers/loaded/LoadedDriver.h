@@ -39,7 +39,7 @@ public:
   std::int32_t TVSCPI_error_message(std::int32_t session, std::int32_t status, char* buffer) override;
 
 private:
-  bool Cancelled() const { return m_cancellation != nullptr && m_cancellation->Requested(); }
+  bool Cancelled() const { return system::Requested(m_cancellation); }
 
   /// Makes a call of the library unless all waits are given up.
   template <typename Call>

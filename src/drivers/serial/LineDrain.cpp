@@ -16,7 +16,7 @@ int DrainLine(const std::function<int()>& queued, const SerialLine& line, IClock
               const system::Cancellation* cancellation) {
   int left = queued();
   const TimePoint deadline = clock.Now() + Margin + std::chrono::milliseconds(1000 * BitsPerByte * left / line.Speed);
-  while (left > 0 && clock.Now() < deadline && (cancellation == nullptr || !cancellation->Requested())) {
+  while (left > 0 && clock.Now() < deadline && !system::Requested(cancellation)) {
     clock.SleepUntil(clock.Now() + std::chrono::milliseconds(1));
     left = queued();
   }

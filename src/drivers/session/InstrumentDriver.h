@@ -44,7 +44,7 @@ private:
 
   DriverResult Open(const std::string& name, std::int32_t& session);
   SessionRef Find(std::int32_t session) const;
-  bool IsCancelled() const { return m_options.Cancellation != nullptr && m_options.Cancellation->Requested(); }
+  bool IsCancelled() const { return system::Requested(m_options.Cancellation); }
 
   /// Runs `operation` on the session, remembers its failure there and answers its status.
   template <typename Operation>

@@ -14,8 +14,7 @@ DriverResult InstrumentSession::Open() {
 }
 
 void InstrumentSession::Close() noexcept {
-  const bool cancelled = m_options.Cancellation != nullptr && m_options.Cancellation->Requested();
-  if (m_connection.Succeeded() && !cancelled) m_transport->ReturnToLocal(Deadline());
+  if (m_connection.Succeeded() && !system::Requested(m_options.Cancellation)) m_transport->ReturnToLocal(Deadline());
   Drop({DriverStatus::NotConnected});
 }
 

@@ -38,7 +38,7 @@ Received SimulatedTransport::Read(char* buffer, std::size_t size, TimePoint dead
 
 DriverResult SimulatedTransport::AwaitResponse(TimePoint deadline) {
   for (;;) {
-    if (m_cancellation != nullptr && m_cancellation->Requested()) return {DriverStatus::Cancelled, m_device};
+    if (system::Requested(m_cancellation)) return {DriverStatus::Cancelled, m_device};
     const TimePoint now = m_clock.Now();
     if (now >= deadline) return {DriverStatus::ReadTimeout, m_device};
     if (auto response = m_connection->Read(now); response && !response->empty()) {

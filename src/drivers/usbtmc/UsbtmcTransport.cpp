@@ -38,7 +38,7 @@ UsbtmcTransport::UsbtmcTransport(UsbAddress address, IUsbtmcSystem& system, cons
 
 DriverResult UsbtmcTransport::Open(TimePoint deadline) {
   Close();
-  if (Cancelled()) return {DriverStatus::Cancelled, m_place};
+  if (system::Requested(m_cancellation)) return {DriverStatus::Cancelled, m_place};
   const std::vector<UsbtmcDevice> meant = DevicesMeant(m_address, m_system.Devices());
   if (meant.empty()) {
     return Refused("no such instrument is connected; check its cable and its name, and that it is switched on");
@@ -122,7 +122,7 @@ void UsbtmcTransport::ReturnToLocal(TimePoint deadline) noexcept {
 }
 
 DriverResult UsbtmcTransport::Prepare(TimePoint deadline, DriverStatus timeout) {
-  if (Cancelled()) return {DriverStatus::Cancelled, m_place};
+  if (system::Requested(m_cancellation)) return {DriverStatus::Cancelled, m_place};
   const auto left = std::chrono::ceil<milliseconds>(deadline - m_clock.Now());
   if (left <= milliseconds(0)) return {timeout, m_place};
   if (const int error = SetTimeout(left); error != 0) return Failure(error, timeout);

@@ -41,7 +41,6 @@ private:
   DriverResult Failure(int error, DriverStatus timeout) const;
   DriverResult Refused(const std::string& why) const { return {DriverStatus::ConnectFailed, m_place + ", " + why}; }
   DriverResult NotCleared() const { return Refused("it does not drop what it was asked before; switch it off and on"); }
-  bool Cancelled() const { return m_cancellation != nullptr && m_cancellation->Requested(); }
 
   const UsbAddress m_address;
   const std::string m_place;

@@ -61,7 +61,7 @@ constexpr std::array Statuses = {
 
 const StatusEntry* Find(std::int32_t status) {
   const auto* entry = std::find_if(Statuses.begin(), Statuses.end(), [status](const StatusEntry& candidate) {
-    return static_cast<std::int32_t>(candidate.Status) == status;
+    return Number(candidate.Status) == status;
   });
   return entry == Statuses.end() ? nullptr : entry;
 }
@@ -86,7 +86,7 @@ std::string StatusMessage(std::int32_t status, std::string_view detail) {
 }
 
 std::string ReasonFor(const DriverResult& failure) {
-  const StatusEntry* entry = Find(static_cast<std::int32_t>(failure.Status));
+  const StatusEntry* entry = Find(Number(failure.Status));
   std::string reason = failure.Detail;
   if (entry == nullptr || entry->Deed.empty()) return reason;
   if (!reason.empty()) reason += ", ";

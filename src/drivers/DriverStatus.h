@@ -32,6 +32,9 @@ enum class DriverStatus : std::int32_t {
   InternalError = -1151020,
 };
 
+/// As it crosses the seam of drivers.
+constexpr std::int32_t Number(DriverStatus status) { return static_cast<std::int32_t>(status); }
+
 /// How an operation ended, and the particulars that its message gives besides the status' own text.
 struct DriverResult {
   DriverStatus Status = DriverStatus::Success;

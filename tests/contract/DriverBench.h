@@ -101,9 +101,9 @@ inline void PrintTo(const DriverBenchKind& kind, std::ostream* stream) { *stream
 inline std::string BenchName(const testing::TestParamInfo<DriverBenchKind>& info) { return info.param.name; }
 
 using drivers::DriverStatus;
+using drivers::Number;
 
 inline constexpr std::int32_t Success = 0;
-inline constexpr std::int32_t Code(DriverStatus status) { return static_cast<std::int32_t>(status); }
 
 /// What one read answered.
 struct ReadOutcome {

@@ -24,14 +24,14 @@ TEST_P(DriverCancellingContract, AReadThatIsUnderWayEndsAndAllButClosingIsRefuse
   EXPECT_EQ(Write("SLOW?\r"), Success);
   GiveUpAtTheNextWait();
   const ReadOutcome outcome = Read();
-  EXPECT_EQ(outcome.status, Code(DriverStatus::Cancelled));
+  EXPECT_EQ(outcome.status, Number(DriverStatus::Cancelled));
   EXPECT_EQ(outcome.count, 0);
   EXPECT_TRUE(Message(outcome.status, session).starts_with("The program is about to end: " + bench->Place()))
       << Message(outcome.status, session);
-  EXPECT_EQ(Write("Q?\r"), Code(DriverStatus::Cancelled));
-  EXPECT_EQ(Read().status, Code(DriverStatus::Cancelled));
+  EXPECT_EQ(Write("Q?\r"), Number(DriverStatus::Cancelled));
+  EXPECT_EQ(Read().status, Number(DriverStatus::Cancelled));
   std::int32_t other = 0;
-  EXPECT_EQ(Driver().TVSCPI_init(bench->Name(), 0, 0, other), Code(DriverStatus::Cancelled));
+  EXPECT_EQ(Driver().TVSCPI_init(bench->Name(), 0, 0, other), Number(DriverStatus::Cancelled));
   EXPECT_EQ(Driver().TVSCPI_close(session), Success);
 }
 

@@ -32,7 +32,7 @@ TEST_P(DriverContract, HandlesStartAtOneAndAreNotUsedAgain) {
 TEST_P(DriverContract, AFailedOpenLeavesTheHandleAlone) {
   Start({});
   std::int32_t handle = 77;
-  EXPECT_EQ(Driver().TVSCPI_init("nonsense", 0, 0, handle), Code(DriverStatus::InvalidResourceName));
+  EXPECT_EQ(Driver().TVSCPI_init("nonsense", 0, 0, handle), Number(DriverStatus::InvalidResourceName));
   EXPECT_EQ(handle, 77);
 }
 
@@ -62,7 +62,7 @@ TEST_P(DriverContract, SessionsHaveTheirOwnAttributes) {
 TEST_P(DriverContract, AHandleThatIsNotOpenIsRefusedEverywhere) {
   Start({});
   EXPECT_EQ(Driver().TVSCPI_close(session), Success);
-  const std::int32_t invalid = Code(DriverStatus::InvalidSession);
+  const std::int32_t invalid = Number(DriverStatus::InvalidSession);
   for (const std::int32_t handle : {session, 0, -1, 99}) {
     std::int32_t number = 5;
     std::array<char, 8> buffer = {'x'};
@@ -88,7 +88,7 @@ TEST_P(DriverContract, TermcharTakesItsFiveValuesOnly) {
     EXPECT_EQ(Driver().TVSCPI_GetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, stored), Success);
     EXPECT_EQ(stored, value);
   }
-  const std::int32_t invalid = Code(DriverStatus::InvalidAttributeValue);
+  const std::int32_t invalid = Number(DriverStatus::InvalidAttributeValue);
   for (const std::int32_t value : {-1, 1, 9, 12, 15, 1150007}) {
     EXPECT_EQ(Driver().TVSCPI_SetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, value), invalid) << value;
   }
@@ -117,13 +117,13 @@ TEST_P(DriverContract, ATextAttributeIsCutAtTheBuffer) {
   EXPECT_EQ(Driver().TVSCPI_GetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, 5, buffer.data()), Success);
   EXPECT_EQ(std::string(buffer.data(), 6), std::string("SYST\0~", 6));
   EXPECT_EQ(Driver().TVSCPI_GetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, 0, buffer.data()),
-            Code(DriverStatus::InvalidBuffer));
+            Number(DriverStatus::InvalidBuffer));
   EXPECT_EQ(buffer.front(), 'S');
 }
 
 TEST_P(DriverContract, AnUnknownAttributeOrOneOfTheOtherTypeIsRefused) {
   Start({});
-  const std::int32_t unknown = Code(DriverStatus::UnknownAttribute);
+  const std::int32_t unknown = Number(DriverStatus::UnknownAttribute);
   std::int32_t number = 5;
   std::array<char, 8> buffer = {'x'};
   for (const std::int32_t attribute : {NoSuchAttribute, TVSCPI_ATTR_ERRORQUERYSCPI}) {
@@ -143,7 +143,7 @@ TEST_P(DriverContract, TheLastFailedOpenHasItsMessageUnderSessionZero) {
   Start({});
   std::int32_t handle = 0;
   const std::int32_t status = Driver().TVSCPI_init("TCPIP::bench::5025", 0, 0, handle);
-  EXPECT_EQ(status, Code(DriverStatus::InvalidResourceName));
+  EXPECT_EQ(status, Number(DriverStatus::InvalidResourceName));
   EXPECT_EQ(Message(status, 0),
             "The instrument name is not valid: a port needs the class SOCKET; write TCPIP::bench::5025::SOCKET.\n");
   // Another session's success does not take it away.
@@ -157,7 +157,7 @@ TEST_P(DriverContract, AnyStatusHasAText) {
   EXPECT_EQ(Message(0, session), "No error.\n");
   EXPECT_EQ(Message(4711, session), "Unknown status 4711.\n");
   EXPECT_EQ(Message(-2147483647 - 1, 0), "Unknown status -2147483648.\n");
-  EXPECT_EQ(Message(Code(DriverStatus::ReadTimeout), session), "Timeout expired before the answer was complete.\n");
+  EXPECT_EQ(Message(Number(DriverStatus::ReadTimeout), session), "Timeout expired before the answer was complete.\n");
 }
 
 } // namespace

@@ -96,7 +96,7 @@ TEST_P(DriverFramingContract, ABufferWithoutRoomIsRefusedAndTheAnswerStays) {
   std::array<char, 1> buffer = {'~'};
   for (const std::int32_t size : {0, -1}) {
     std::int32_t count = -1;
-    EXPECT_EQ(Driver().TVSCPI_ReadInstrData(session, size, buffer.data(), count), Code(DriverStatus::InvalidBuffer));
+    EXPECT_EQ(Driver().TVSCPI_ReadInstrData(session, size, buffer.data(), count), Number(DriverStatus::InvalidBuffer));
     EXPECT_EQ(count, 0);
   }
   EXPECT_EQ(buffer.front(), '~');

@@ -15,8 +15,6 @@
 namespace portico::drivers {
 namespace {
 
-std::int32_t Number(DriverStatus status) { return static_cast<std::int32_t>(status); }
-
 /// The last open of this thread that failed.
 struct OpenFailure {
   std::int32_t Status = 0;

@@ -5,11 +5,6 @@
 #include <algorithm>
 
 namespace portico::drivers {
-namespace {
-
-constexpr auto CancelledStatus = static_cast<std::int32_t>(DriverStatus::Cancelled);
-
-} // namespace
 
 LoadedDriver::LoadedDriver(const DriverFunctions& library, IDriverObserver* observer,
                            const system::Cancellation* cancellation)
@@ -69,14 +64,14 @@ std::int32_t LoadedDriver::TVSCPI_SetAttributeViString(std::int32_t session, std
 }
 
 std::int32_t LoadedDriver::TVSCPI_error_message(std::int32_t session, std::int32_t status, char* buffer) {
-  if (status != CancelledStatus || !Cancelled()) return m_library.ErrorMessage(session, status, buffer);
+  if (status != Number(DriverStatus::Cancelled) || !Cancelled()) return m_library.ErrorMessage(session, status, buffer);
   WriteErrorMessage(StatusMessage(status), buffer);
   return 0;
 }
 
 template <typename Call>
 std::int32_t LoadedDriver::IfNotCancelled(Call call) const {
-  return Cancelled() ? CancelledStatus : call();
+  return Cancelled() ? Number(DriverStatus::Cancelled) : call();
 }
 
 template <typename Call>

@@ -4,11 +4,6 @@
 #include <variant>
 
 namespace portico::drivers {
-namespace {
-
-std::int32_t Number(DriverStatus status) { return static_cast<std::int32_t>(status); }
-
-} // namespace
 
 InstrumentDriver::InstrumentDriver(TransportRegistry transports, const SessionOptions& options)
     : m_transports(std::move(transports)), m_options(options) {}

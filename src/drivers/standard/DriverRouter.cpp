@@ -5,11 +5,6 @@
 #include <utility>
 
 namespace portico::drivers {
-namespace {
-
-std::int32_t Number(DriverStatus status) { return static_cast<std::int32_t>(status); }
-
-} // namespace
 
 DriverRouter::DriverRouter(Driver own, Driver other) : m_own(std::move(own)), m_other(std::move(other)) {}
 

@@ -9,7 +9,7 @@ namespace {
 
 using namespace drivers;
 
-constexpr auto CancelledStatus = static_cast<std::int32_t>(DriverStatus::Cancelled);
+constexpr auto CancelledStatus = Number(DriverStatus::Cancelled);
 
 class NewsBook final : public IDriverObserver {
 public:

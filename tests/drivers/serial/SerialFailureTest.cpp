@@ -18,8 +18,6 @@ using namespace drivers;
 /// goes, and comes back for another device file.
 class SerialFailureTest : public testing::Test {
 protected:
-  static std::int32_t Code(DriverStatus status) { return static_cast<std::int32_t>(status); }
-
   void SetUp() override {
     PlugIn();
     ASSERT_EQ(driver.TVSCPI_init("ASRL" + link + "::INSTR", 0, 0, session), 0);
@@ -60,27 +58,27 @@ protected:
 TEST_F(SerialFailureTest, AnAdapterPulledOutIsReportedInWords) {
   EXPECT_EQ(Query("Q?"), "1");
   PullOut();
-  EXPECT_EQ(Read(), Code(DriverStatus::ConnectionLost));
-  EXPECT_EQ(Message(Code(DriverStatus::ConnectionLost)),
+  EXPECT_EQ(Read(), Number(DriverStatus::ConnectionLost));
+  EXPECT_EQ(Message(Number(DriverStatus::ConnectionLost)),
             "The connection was lost: " + link + ", the port is gone; plug it in again.\n");
-  EXPECT_EQ(Write("Q?"), Code(DriverStatus::ConnectFailed));
+  EXPECT_EQ(Write("Q?"), Number(DriverStatus::ConnectFailed));
   const std::string reason = link + ", there is no such serial port; check its name and that it is plugged in.\n";
-  EXPECT_EQ(Message(Code(DriverStatus::ConnectFailed)), "The connection could not be made: " + reason);
-  EXPECT_EQ(Read(), Code(DriverStatus::NotConnected));
-  EXPECT_EQ(Message(Code(DriverStatus::NotConnected)), "There is no connection: " + reason);
+  EXPECT_EQ(Message(Number(DriverStatus::ConnectFailed)), "The connection could not be made: " + reason);
+  EXPECT_EQ(Read(), Number(DriverStatus::NotConnected));
+  EXPECT_EQ(Message(Number(DriverStatus::NotConnected)), "There is no connection: " + reason);
 }
 
 TEST_F(SerialFailureTest, AnAdapterPluggedInAgainServesTheNextCommand) {
   EXPECT_EQ(Query("Q?"), "1");
   PullOut();
-  EXPECT_EQ(Read(), Code(DriverStatus::ConnectionLost));
+  EXPECT_EQ(Read(), Number(DriverStatus::ConnectionLost));
   PlugIn();
   EXPECT_EQ(Query("Q?"), "1");
 }
 
 TEST_F(SerialFailureTest, ACommandToAnAdapterPulledOutFailsAndIsNotLostInSilence) {
   PullOut();
-  EXPECT_EQ(Write("Q?"), Code(DriverStatus::ConnectionLost));
+  EXPECT_EQ(Write("Q?"), Number(DriverStatus::ConnectionLost));
   PlugIn();
   EXPECT_EQ(Query("Q?"), "1");
   EXPECT_EQ(instrument->Received(), "Q?\r\n");
@@ -97,7 +95,7 @@ TEST(SerialFailure, AfterACommandThatWasHeldUpTheLineIsListenedTo) {
   std::array<char, 16> buffer = {};
   std::int32_t count = 0;
   ASSERT_EQ(driver.TVSCPI_ReadInstrData(session, 16, buffer.data(), count), 0);
-  EXPECT_EQ(driver.TVSCPI_WriteInstrData(session, "SLOW?\r"), static_cast<std::int32_t>(DriverStatus::WriteTimeout));
+  EXPECT_EQ(driver.TVSCPI_WriteInstrData(session, "SLOW?\r"), Number(DriverStatus::WriteTimeout));
   bool late = false; // comes when the port is open again
   ON_CALL(observer, Waits).WillByDefault([&] {
     if (!std::exchange(late, true)) instrument.Send("\x11late\n");

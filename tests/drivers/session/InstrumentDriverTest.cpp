@@ -13,8 +13,6 @@ using namespace drivers;
 
 class InstrumentDriverTest : public testing::Test {
 protected:
-  static std::int32_t Code(DriverStatus status) { return static_cast<std::int32_t>(status); }
-
   std::string Message(std::int32_t session, std::int32_t status) {
     std::array<char, ErrorMessageBufferSize> text = {};
     EXPECT_EQ(driver.TVSCPI_error_message(session, status, text.data()), 0);
@@ -44,8 +42,8 @@ TEST_F(InstrumentDriverTest, MakesTheTransportThatIsRegisteredForTheInterface) {
 
 TEST_F(InstrumentDriverTest, AnInterfaceWithoutTransportIsNotSupported) {
   std::int32_t session = 0;
-  EXPECT_EQ(driver.TVSCPI_init("SIM::dmm::INSTR", 0, 0, session), Code(DriverStatus::UnsupportedInterface));
-  EXPECT_EQ(Message(0, Code(DriverStatus::UnsupportedInterface)),
+  EXPECT_EQ(driver.TVSCPI_init("SIM::dmm::INSTR", 0, 0, session), Number(DriverStatus::UnsupportedInterface));
+  EXPECT_EQ(Message(0, Number(DriverStatus::UnsupportedInterface)),
             "The interface is not supported yet: SIM::dmm::INSTR.\n");
   EXPECT_THAT(names, testing::IsEmpty());
 }
@@ -53,9 +51,9 @@ TEST_F(InstrumentDriverTest, AnInterfaceWithoutTransportIsNotSupported) {
 TEST_F(InstrumentDriverTest, AFailedOpenUsesUpNoHandle) {
   transport.openResult = {DriverStatus::ConnectTimeout, "ttyS0"};
   std::int32_t session = 0;
-  EXPECT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), Code(DriverStatus::ConnectTimeout));
+  EXPECT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), Number(DriverStatus::ConnectTimeout));
   EXPECT_EQ(session, 0);
-  EXPECT_EQ(Message(0, Code(DriverStatus::ConnectTimeout)),
+  EXPECT_EQ(Message(0, Number(DriverStatus::ConnectTimeout)),
             "Timeout expired before the connection was made: ttyS0; check address, cable and firewall.\n");
   transport.openResult = {};
   EXPECT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), 0);
@@ -66,18 +64,18 @@ TEST_F(InstrumentDriverTest, AMessageGivesTheParticularsOfTheLastFailureOnly) {
   std::int32_t session = 0;
   ASSERT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), 0);
   transport.writeResult = {DriverStatus::ConnectionLost, "ttyS0"};
-  EXPECT_EQ(driver.TVSCPI_WriteInstrData(session, "A\r"), Code(DriverStatus::ConnectionLost));
-  EXPECT_EQ(Message(session, Code(DriverStatus::ConnectionLost)), "The connection was lost: ttyS0.\n");
-  EXPECT_EQ(Message(session, Code(DriverStatus::ConnectionClosed)), "The instrument closed the connection.\n");
+  EXPECT_EQ(driver.TVSCPI_WriteInstrData(session, "A\r"), Number(DriverStatus::ConnectionLost));
+  EXPECT_EQ(Message(session, Number(DriverStatus::ConnectionLost)), "The connection was lost: ttyS0.\n");
+  EXPECT_EQ(Message(session, Number(DriverStatus::ConnectionClosed)), "The instrument closed the connection.\n");
   // Neither session 0 nor a session that is not open knows of it.
-  EXPECT_EQ(Message(0, Code(DriverStatus::ConnectionLost)), "The connection was lost.\n");
-  EXPECT_EQ(Message(7, Code(DriverStatus::ConnectionLost)), "The connection was lost.\n");
+  EXPECT_EQ(Message(0, Number(DriverStatus::ConnectionLost)), "The connection was lost.\n");
+  EXPECT_EQ(Message(7, Number(DriverStatus::ConnectionLost)), "The connection was lost.\n");
 }
 
 TEST_F(InstrumentDriverTest, AReadOnNoSessionCountsNothing) {
   std::int32_t count = 9;
   std::array<char, 2> buffer = {'x'};
-  EXPECT_EQ(driver.TVSCPI_ReadInstrData(1, 2, buffer.data(), count), Code(DriverStatus::InvalidSession));
+  EXPECT_EQ(driver.TVSCPI_ReadInstrData(1, 2, buffer.data(), count), Number(DriverStatus::InvalidSession));
   EXPECT_EQ(count, 0);
 }
 
@@ -86,7 +84,7 @@ TEST_F(InstrumentDriverTest, OnceTheProgramIsToEndAllButClosingAndMessagesIsRefu
   ASSERT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), 0);
   transport.Piece("1\n");
   cancellation.Request();
-  const std::int32_t cancelled = Code(DriverStatus::Cancelled);
+  const std::int32_t cancelled = Number(DriverStatus::Cancelled);
   std::int32_t other = 77;
   std::int32_t number = 5;
   std::array<char, 4> buffer = {'x'};

@@ -16,8 +16,6 @@ class SocketFailureTest : public testing::Test {
 protected:
   static constexpr auto Brief = std::chrono::milliseconds(250);
 
-  static std::int32_t Code(DriverStatus status) { return static_cast<std::int32_t>(status); }
-
   void SetUp() override { ASSERT_EQ(driver.TVSCPI_init(server.ResourceName(), 0, 0, session), 0); }
 
   std::int32_t Write(const std::string& command) { return driver.TVSCPI_WriteInstrData(session, command + "\r"); }
@@ -46,10 +44,10 @@ protected:
 TEST_F(SocketFailureTest, AnInstrumentThatClosesIsReportedAndReconnected) {
   server.On("BYE?", Reaction::Close());
   EXPECT_EQ(Write("BYE?"), 0);
-  EXPECT_EQ(Read(), Code(DriverStatus::ConnectionClosed));
-  EXPECT_EQ(Message(Code(DriverStatus::ConnectionClosed)), "The instrument closed the connection: " + Peer() + ".\n");
-  EXPECT_EQ(Read(), Code(DriverStatus::NotConnected));
-  EXPECT_EQ(Message(Code(DriverStatus::NotConnected)), "There is no connection: " + Peer() + ", closed it.\n");
+  EXPECT_EQ(Read(), Number(DriverStatus::ConnectionClosed));
+  EXPECT_EQ(Message(Number(DriverStatus::ConnectionClosed)), "The instrument closed the connection: " + Peer() + ".\n");
+  EXPECT_EQ(Read(), Number(DriverStatus::NotConnected));
+  EXPECT_EQ(Message(Number(DriverStatus::NotConnected)), "There is no connection: " + Peer() + ", closed it.\n");
   EXPECT_CALL(observer, Reconnected("TCPIP0::127.0.0.1::" + std::to_string(server.Port()) + "::SOCKET")).Times(1);
   EXPECT_EQ(Query("Q?"), "1");
   EXPECT_EQ(server.Connections(), 2u);
@@ -58,7 +56,7 @@ TEST_F(SocketFailureTest, AnInstrumentThatClosesIsReportedAndReconnected) {
 TEST_F(SocketFailureTest, AnInstrumentThatClosesAmidAnAnswerHasNotAnswered) {
   server.On("HALF?", Reaction::Close("1.2"));
   EXPECT_EQ(Write("HALF?"), 0);
-  EXPECT_EQ(Read(), Code(DriverStatus::ConnectionClosed));
+  EXPECT_EQ(Read(), Number(DriverStatus::ConnectionClosed));
   EXPECT_EQ(count, 0);
   EXPECT_EQ(Query("Q?"), "1");
 }
@@ -66,13 +64,13 @@ TEST_F(SocketFailureTest, AnInstrumentThatClosesAmidAnAnswerHasNotAnswered) {
 TEST_F(SocketFailureTest, AnAnswerBeforeTheCloseIsStillRead) {
   server.On("LAST?", Reaction::Close("42\n"));
   EXPECT_EQ(Query("LAST?"), "42");
-  EXPECT_EQ(Read(), Code(DriverStatus::ConnectionClosed));
+  EXPECT_EQ(Read(), Number(DriverStatus::ConnectionClosed));
 }
 
 TEST_F(SocketFailureTest, ALateAnswerIsNeverThatOfTheNextQuery) {
   EXPECT_EQ(Write("SLOW?"), 0);
-  EXPECT_EQ(Read(), Code(DriverStatus::ReadTimeout));
-  EXPECT_EQ(Message(Code(DriverStatus::ReadTimeout)),
+  EXPECT_EQ(Read(), Number(DriverStatus::ReadTimeout));
+  EXPECT_EQ(Message(Number(DriverStatus::ReadTimeout)),
             "Timeout expired before the answer was complete: " + Peer() + ".\n");
   server.Send("late\n");
   // The old connection goes before the next command, and with it what the instrument says there.
@@ -82,7 +80,7 @@ TEST_F(SocketFailureTest, ALateAnswerIsNeverThatOfTheNextQuery) {
 
 TEST_F(SocketFailureTest, ASlowAnswerIsThereForTheNextRead) {
   EXPECT_EQ(Write("SLOW?"), 0);
-  EXPECT_EQ(Read(), Code(DriverStatus::ReadTimeout));
+  EXPECT_EQ(Read(), Number(DriverStatus::ReadTimeout));
   server.Send("late\n");
   EXPECT_EQ(Read(), 0);
   EXPECT_STREQ(buffer.data(), "late");
@@ -92,7 +90,7 @@ TEST_F(SocketFailureTest, ASlowAnswerIsThereForTheNextRead) {
 TEST_F(SocketFailureTest, AnAnswerWithoutEndIsGivenUp) {
   server.On("ENDLESS?", Reaction::Endless("1234567890,"));
   EXPECT_EQ(Write("ENDLESS?"), 0);
-  EXPECT_EQ(Read(), Code(DriverStatus::ReadTimeout));
+  EXPECT_EQ(Read(), Number(DriverStatus::ReadTimeout));
   EXPECT_EQ(count, 0);
   EXPECT_EQ(Query("Q?"), "1");
 }
@@ -106,16 +104,16 @@ TEST_F(SocketFailureTest, GarbageIsAnAnswer) {
 }
 
 TEST_F(SocketFailureTest, WhileReconnectingFailsEveryCallFailsAtOnce) {
-  EXPECT_EQ(Read(), Code(DriverStatus::ReadTimeout));
+  EXPECT_EQ(Read(), Number(DriverStatus::ReadTimeout));
   server.StopListening();
   EXPECT_CALL(observer, Reconnected).Times(0);
   for (int attempt = 0; attempt < 2; ++attempt) {
-    EXPECT_EQ(Write("Q?"), Code(DriverStatus::ConnectionRefused));
-    EXPECT_EQ(Message(Code(DriverStatus::ConnectionRefused)),
+    EXPECT_EQ(Write("Q?"), Number(DriverStatus::ConnectionRefused));
+    EXPECT_EQ(Message(Number(DriverStatus::ConnectionRefused)),
               "The instrument refused the connection: " + Peer() +
                   "; check the port, and that the instrument serves it.\n");
-    EXPECT_EQ(Read(), Code(DriverStatus::NotConnected));
-    EXPECT_EQ(Message(Code(DriverStatus::NotConnected)), "There is no connection: " + Peer() + ", refused it.\n");
+    EXPECT_EQ(Read(), Number(DriverStatus::NotConnected));
+    EXPECT_EQ(Message(Number(DriverStatus::NotConnected)), "There is no connection: " + Peer() + ", refused it.\n");
   }
   EXPECT_EQ(server.Received(), "");
 }
@@ -123,7 +121,7 @@ TEST_F(SocketFailureTest, WhileReconnectingFailsEveryCallFailsAtOnce) {
 TEST_F(SocketFailureTest, AnInstrumentThatWasSwitchedOffFailsOnceAndThenServesAgain) {
   EXPECT_EQ(Query("Q?"), "1");
   server.DropClients();
-  EXPECT_EQ(Read(), Code(DriverStatus::ConnectionClosed));
+  EXPECT_EQ(Read(), Number(DriverStatus::ConnectionClosed));
   EXPECT_EQ(Query("Q?"), "1");
 }
 
@@ -155,7 +153,7 @@ TEST_F(SocketFailureTest, AnUnaskedMessageIsReadFirst) {
 TEST_F(SocketFailureTest, OneSessionsFailureLeavesAnotherAlone) {
   std::int32_t other = 0;
   ASSERT_EQ(driver.TVSCPI_init(server.ResourceName(), 0, 0, other), 0);
-  EXPECT_EQ(Read(), Code(DriverStatus::ReadTimeout));
+  EXPECT_EQ(Read(), Number(DriverStatus::ReadTimeout));
   session = other;
   EXPECT_CALL(observer, Reconnected).Times(0);
   EXPECT_EQ(Query("Q?"), "1");

@@ -9,12 +9,12 @@ InstrumentSession::InstrumentSession(const ResourceName& name, std::unique_ptr<I
 }
 
 DriverResult InstrumentSession::Open() {
-  m_connection = m_transport->Open(Deadline());
+  m_connection = Connect(Deadline());
   return m_connection;
 }
 
 void InstrumentSession::Close() noexcept {
-  if (m_connection.Succeeded() && !system::Requested(m_options.Cancellation)) m_transport->ReturnToLocal(Deadline());
+  if (m_connection.Succeeded() && !Cancelled()) m_transport->ReturnToLocal(Deadline());
   Drop({DriverStatus::NotConnected});
 }
 
@@ -68,6 +68,10 @@ DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count
   return {};
 }
 
+DriverResult InstrumentSession::Connect(TimePoint deadline) {
+  return Cancelled() ? DriverResult{DriverStatus::Cancelled} : m_transport->Open(deadline);
+}
+
 void InstrumentSession::GetInStep(TimePoint& deadline) {
   if (!Clear(deadline)) {
     Drop({DriverStatus::NotConnected});
@@ -79,17 +83,17 @@ void InstrumentSession::GetInStep(TimePoint& deadline) {
 
 DriverResult InstrumentSession::Restore(TimePoint deadline) {
   if (m_transport->Stands()) return {};
-  DriverResult result = m_transport->Open(deadline);
+  DriverResult result = Connect(deadline);
   if (result.Succeeded()) Tell([this](IDriverObserver& observer) { observer.Restored(m_name); });
   return result;
 }
 
 DriverResult InstrumentSession::Reconnect(TimePoint& deadline) {
-  DriverResult result = m_transport->Open(deadline);
+  DriverResult result = Connect(deadline);
   // An instrument may keep its answers beyond the connection, and the attempt to clear it may cost this one.
-  if (result.Succeeded() && !Clear(deadline) && !m_transport->Stands()) {
+  if (result.Succeeded() && !Clear(deadline) && (Cancelled() || !m_transport->Stands())) {
     m_transport->Close();
-    result = m_transport->Open(deadline);
+    result = Connect(deadline);
   }
   if (!result.Succeeded()) return result;
   m_connection = {};

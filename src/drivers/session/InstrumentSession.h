@@ -60,6 +60,8 @@ public:
   void RememberFailure(const DriverResult& failure) { m_lastFailure = failure; }
 
 private:
+  /// Opens the transport, unless the program is to end.
+  DriverResult Connect(TimePoint deadline);
   /// Sees to it that nothing that was asked is answered any more; without a way to, gives the connection up.
   void GetInStep(TimePoint& deadline);
   /// Makes a connection that the instrument has ended anew. What came of it stays to be read.
@@ -76,6 +78,7 @@ private:
   DriverResult Fill(TimePoint deadline, bool& anew);
   template <typename News>
   void Tell(News news) const;
+  bool Cancelled() const { return system::Requested(m_options.Cancellation); }
   TimePoint Deadline() const { return m_options.Clock.Now() + m_options.Timeout; }
 
   const std::string m_name;

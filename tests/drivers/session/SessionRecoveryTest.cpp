@@ -255,6 +255,22 @@ TEST_F(SessionRecoveryTest, AnInstrumentThatCouldNotBeClearedIsClearedOnceItIsRe
   EXPECT_THAT(transport.written, ElementsAre("B\r\n"));
 }
 
+TEST_F(SessionRecoveryTest, ACommandWhoseClearingWasGivenUpIsNotSent) {
+  TimeOut();
+  transport.onClear = [this] { cancellation.Request(); };
+  EXPECT_EQ(session.Write("Q?\r").Status, DriverStatus::Cancelled);
+  EXPECT_EQ(transport.opened, 1);
+  EXPECT_THAT(transport.written, IsEmpty());
+}
+
+TEST_F(SessionRecoveryTest, NorIsOneWhoseFreshConnectionWasToBeCleared) {
+  transport.Fails(DriverStatus::ConnectionLost);
+  EXPECT_EQ(Read().Status, DriverStatus::ConnectionLost);
+  transport.onClear = [this] { cancellation.Request(); };
+  EXPECT_EQ(session.Write("Q?\r").Status, DriverStatus::Cancelled);
+  EXPECT_THAT(transport.written, IsEmpty());
+}
+
 TEST_F(SessionRecoveryTest, AFailedWriteClosesAtOnceAndTheNextReconnects) {
   transport.Piece("1\nstale");
   EXPECT_TRUE(Read().Succeeded());

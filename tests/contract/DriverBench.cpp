@@ -20,6 +20,11 @@ std::int32_t DriverContract::Open(const std::string& name) {
   return opened;
 }
 
+std::int32_t DriverContract::Write(const std::string& text) {
+  m_written += text + "\n";
+  return Driver().TVSCPI_WriteInstrData(session, text);
+}
+
 ReadOutcome DriverContract::Read(std::int32_t size) {
   // One byte more than the driver is told of, to see that it leaves it alone.
   std::string buffer(static_cast<std::size_t>(size) + 1, '~');
@@ -32,8 +37,18 @@ ReadOutcome DriverContract::Read(std::int32_t size) {
   return outcome;
 }
 
-std::string DriverContract::Query(const std::string& command) {
+ReadOutcome DriverContract::ReadBriefly(std::int32_t size) {
+  bench->Hurry();
+  return Read(size);
+}
+
+void DriverContract::Ask(const std::string& command) {
   EXPECT_EQ(Write(command + "\r"), Success);
+  bench->AwaitReaction(m_written);
+}
+
+std::string DriverContract::Query(const std::string& command) {
+  Ask(command);
   ReadOutcome outcome = Read();
   EXPECT_EQ(outcome.status, Success) << command;
   if (!outcome.bytes.empty()) outcome.bytes.pop_back();

@@ -54,6 +54,14 @@ public:
   /// The instrument sends this, asked or not, as an answer or as the rest of one that it began. It ends there.
   virtual void Send(const std::string& bytes) = 0;
 
+  // However busy the machine is, nothing may time out but what is to: either a call has more time than its time-out
+  // says, or it begins when there is nothing left to wait for.
+
+  /// The next call has no more time than its time-out.
+  virtual void Hurry() {}
+  /// Waits until the instrument has done all that it does about what it was sent, which ends in `bytes`.
+  virtual void AwaitReaction(const std::string& /*bytes*/) {}
+
   RecordingObserver observer;
   /// The order to give up, which the driver heeds if the bench says that it cancels.
   system::Cancellation cancellation;
@@ -118,7 +126,7 @@ class DriverContract : public testing::TestWithParam<DriverBenchKind> {
 protected:
   /// Long enough never to be over by accident.
   static constexpr auto Patient = std::chrono::milliseconds(5000);
-  /// For tests in which a time-out happens, yet answers come through as well.
+  /// For tests in which a time-out happens.
   static constexpr auto Brief = std::chrono::milliseconds(250);
 
   /// Sets the bench up and opens `session`.
@@ -127,9 +135,13 @@ protected:
   IInstrumentDriver& Driver() { return bench->Driver(); }
   std::int32_t Open() { return Open(bench->Name()); }
   std::int32_t OpenSecond() { return Open(bench->SecondName()); }
-  std::int32_t Write(const std::string& text) { return Driver().TVSCPI_WriteInstrData(session, text); }
+  std::int32_t Write(const std::string& text);
+  /// Writes the command and its carriage return.
+  void Ask(const std::string& command);
   ReadOutcome Read(std::int32_t size = 1024);
-  /// Writes the command and its carriage return and gives the answer's data.
+  /// The same, with the time-out that the test was started with.
+  ReadOutcome ReadBriefly(std::int32_t size = 1024);
+  /// Asks, and gives the answer's data.
   std::string Query(const std::string& command);
   std::string Message(std::int32_t status, std::int32_t ofSession);
 
@@ -138,6 +150,9 @@ protected:
 
 private:
   std::int32_t Open(const std::string& name);
+
+  /// All that was written.
+  std::string m_written;
 };
 
 } // namespace portico::test

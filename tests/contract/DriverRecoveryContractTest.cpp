@@ -9,8 +9,8 @@ INSTANTIATE_TEST_SUITE_P(AllDrivers, DriverRecoveryContract, testing::ValuesIn(A
 
 TEST_P(DriverRecoveryContract, AReadWithoutAnAnswerTimesOut) {
   Start({}, Brief);
-  EXPECT_EQ(Write("Q?\r"), Success);
-  const ReadOutcome outcome = Read();
+  Ask("Q?");
+  const ReadOutcome outcome = ReadBriefly();
   EXPECT_EQ(outcome.status, Number(DriverStatus::ReadTimeout));
   EXPECT_EQ(outcome.count, 0);
   EXPECT_TRUE(Message(outcome.status, session).starts_with("Timeout expired before the answer was complete"));
@@ -18,13 +18,13 @@ TEST_P(DriverRecoveryContract, AReadWithoutAnAnswerTimesOut) {
 
 TEST_P(DriverRecoveryContract, AReadAfterATimeoutGoesOnWaitingForTheSameAnswer) {
   Start({{"HALF?", Reaction::Part("12")}, {"SLOW?", Reaction::Silence()}, {"Q?", Reaction::Answer("1\n")}}, Brief);
-  EXPECT_EQ(Write("HALF?\r"), Success);
-  EXPECT_EQ(Read().status, Number(DriverStatus::ReadTimeout));
-  EXPECT_EQ(Read().status, Number(DriverStatus::ReadTimeout));
+  Ask("HALF?");
+  EXPECT_EQ(ReadBriefly().status, Number(DriverStatus::ReadTimeout));
+  EXPECT_EQ(ReadBriefly().status, Number(DriverStatus::ReadTimeout));
   bench->Send("34\n");
   EXPECT_EQ(Read().bytes, std::string("1234\0", 5));
-  EXPECT_EQ(Write("SLOW?\r"), Success);
-  EXPECT_EQ(Read().status, Number(DriverStatus::ReadTimeout));
+  Ask("SLOW?");
+  EXPECT_EQ(ReadBriefly().status, Number(DriverStatus::ReadTimeout));
   bench->Send("late\n");
   EXPECT_EQ(Read().bytes, std::string("late\0", 5));
   EXPECT_EQ(Query("Q?"), "1");
@@ -34,8 +34,8 @@ TEST_P(DriverRecoveryContract, AReadAfterATimeoutGoesOnWaitingForTheSameAnswer) 
 
 TEST_P(DriverRecoveryContract, ALateAnswerIsNeverThatOfTheNextQuery) {
   Start({{"SLOW?", Reaction::Silence()}, {"Q?", Reaction::Answer("1\n")}}, Brief);
-  EXPECT_EQ(Write("SLOW?\r"), Success);
-  EXPECT_EQ(Read().status, Number(DriverStatus::ReadTimeout));
+  Ask("SLOW?");
+  EXPECT_EQ(ReadBriefly().status, Number(DriverStatus::ReadTimeout));
   bench->Send("late\n");
   EXPECT_EQ(Query("Q?"), "1");
   EXPECT_EQ(Query("Q?"), "1");
@@ -43,9 +43,10 @@ TEST_P(DriverRecoveryContract, ALateAnswerIsNeverThatOfTheNextQuery) {
 
 TEST_P(DriverRecoveryContract, AnIncompleteAnswerIsDroppedBeforeTheNextCommand) {
   Start({{"HALF?", Reaction::Part("12")}, {"Q?", Reaction::Answer("345\n")}}, Brief);
-  EXPECT_EQ(Write("HALF?\r"), Success);
+  Ask("HALF?");
   std::string buffer(4, '~');
   std::int32_t count = -1;
+  bench->Hurry();
   EXPECT_EQ(Driver().TVSCPI_ReadInstrData(session, 4, buffer.data(), count), Number(DriverStatus::ReadTimeout));
   EXPECT_EQ(count, 0);
   // Nothing is left of it, whether or not anything was written.
@@ -55,8 +56,8 @@ TEST_P(DriverRecoveryContract, AnIncompleteAnswerIsDroppedBeforeTheNextCommand) 
 
 TEST_P(DriverRecoveryContract, ABlockThatEndsEarlyTimesOut) {
   Start({{"WAV?", Reaction::Part("#3100short\n")}, {"Q?", Reaction::Answer("1\n")}}, Brief);
-  EXPECT_EQ(Write("WAV?\r"), Success);
-  EXPECT_EQ(Read().status, Number(DriverStatus::ReadTimeout));
+  Ask("WAV?");
+  EXPECT_EQ(ReadBriefly().status, Number(DriverStatus::ReadTimeout));
   EXPECT_EQ(Query("Q?"), "1");
 }
 
@@ -64,7 +65,7 @@ TEST_P(DriverRecoveryContract, AttributesOutliveATimeout) {
   Start({{"Q?", Reaction::Answer("a\nb\r")}}, Brief);
   EXPECT_EQ(Driver().TVSCPI_SetAttributeViInt32(session, 0, TVSCPI_ATTR_TERMCHAR, 13), Success);
   EXPECT_EQ(Driver().TVSCPI_SetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, "E?"), Success);
-  EXPECT_EQ(Read().status, Number(DriverStatus::ReadTimeout));
+  EXPECT_EQ(ReadBriefly().status, Number(DriverStatus::ReadTimeout));
   EXPECT_EQ(Query("Q?"), "a\nb");
   std::string text(3, '~');
   EXPECT_EQ(Driver().TVSCPI_GetAttributeViString(session, 0, TVSCPI_ATTR_ERRORQUERYSCPI, 3, text.data()), Success);
@@ -73,7 +74,7 @@ TEST_P(DriverRecoveryContract, AttributesOutliveATimeout) {
 
 TEST_P(DriverRecoveryContract, ASessionOutOfStepCanBeClosed) {
   Start({}, Brief);
-  EXPECT_EQ(Read().status, Number(DriverStatus::ReadTimeout));
+  EXPECT_EQ(ReadBriefly().status, Number(DriverStatus::ReadTimeout));
   EXPECT_EQ(Driver().TVSCPI_close(session), Success);
   EXPECT_THAT(bench->observer.names, testing::IsEmpty());
 }

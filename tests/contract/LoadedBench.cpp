@@ -24,6 +24,14 @@ public:
                                                 &observer, nullptr)) {}
 
   IInstrumentDriver& Driver() override { return m_driver; }
+  void Send(const std::string& bytes) override {
+    m_instrument.Send(bytes);
+    m_instrument.WaitForSilence();
+  }
+  void AwaitReaction(const std::string& bytes) override {
+    m_instrument.WaitForReceived(bytes);
+    m_instrument.WaitForSilence();
+  }
   std::string CanonicalName() const override { return "TCPIP0::127.0.0.1::" + Port() + "::SOCKET"; }
 
 private:

@@ -26,7 +26,14 @@ public:
     m_first.WaitForReceived(bytes);
     return m_first.Received();
   }
-  void Send(const std::string& bytes) override { m_first.Send(bytes); }
+  void Send(const std::string& bytes) override {
+    m_first.Send(bytes);
+    m_first.WaitForSilence();
+  }
+  void AwaitReaction(const std::string& bytes) override {
+    m_first.WaitForReceived(bytes);
+    m_first.WaitForSilence();
+  }
 
 private:
   SerialInstrument m_first;

@@ -45,6 +45,8 @@ public:
 
   /// Waits until the received bytes end in `bytes`.
   void WaitForReceived(const std::string& bytes) const;
+  /// Waits until the system has taken all that is to be sent.
+  void WaitForSilence() const;
   /// Waits until so many connections were accepted.
   void WaitForConnections(std::size_t count) const;
   /// Waits until a client has come and none is connected any more: a quick client can be gone before it is accepted.

@@ -111,6 +111,12 @@ void ScriptedServer::WaitForReceived(const std::string& bytes) const {
   m_changed.wait(lock, [&] { return m_received.ends_with(bytes); });
 }
 
+void ScriptedServer::WaitForSilence() const {
+  std::unique_lock lock(m_mutex);
+  const auto silent = [](const Client& client) { return client.output.empty(); };
+  m_changed.wait(lock, [&] { return std::all_of(m_clients.begin(), m_clients.end(), silent); });
+}
+
 void ScriptedServer::WaitForConnections(std::size_t count) const {
   std::unique_lock lock(m_mutex);
   m_changed.wait(lock, [&] { return m_connections >= count; });

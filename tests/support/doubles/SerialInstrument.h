@@ -42,6 +42,8 @@ public:
   std::string Received() const;
   /// Waits until the received bytes end in `bytes`.
   void WaitForReceived(const std::string& bytes) const;
+  /// Waits until the line has taken all that is to be sent.
+  void WaitForSilence() const;
   /// Sends, asked or not.
   void Send(const std::string& bytes);
   /// Takes the line away as if it was pulled out.

@@ -80,6 +80,11 @@ void SerialInstrument::WaitForReceived(const std::string& bytes) const {
   m_changed.wait(lock, [&] { return m_received.ends_with(bytes); });
 }
 
+void SerialInstrument::WaitForSilence() const {
+  std::unique_lock lock(m_mutex);
+  m_changed.wait(lock, [&] { return m_output.empty(); });
+}
+
 void SerialInstrument::Send(const std::string& bytes) {
   {
     const std::lock_guard lock(m_mutex);

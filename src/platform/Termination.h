@@ -8,9 +8,12 @@
 
 namespace portico {
 
-/// How a response message ends; the values are those of the attribute TVSCPI_ATTR_TERMCHAR.
+/// How a response message ends; the values are those of the attribute TVSCPI_ATTR_TERMCHAR. Where the transport marks
+/// the end, that ends it whatever the value.
 enum class Termination : std::int32_t {
-  /// A line feed; a carriage return right before it belongs to the terminator.
+  /// By the transport's mark alone or, on a plain stream of bytes, by a line feed. A line feed in front of the mark,
+  /// too,
+  /// belongs to the terminator, with a carriage return right before it.
   Auto = 0,
   LineFeed = 10,
   CarriageReturnLineFeed = 11,

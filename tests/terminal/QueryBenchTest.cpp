@@ -157,9 +157,17 @@ TEST_F(QueryBenchTest, ACloseThatFailsIsTold) {
   EXPECT_EQ(m_err.str(), "portico-run: failure -4\n");
 }
 
+TEST_F(QueryBenchTest, FiguresThatCannotBeWrittenAreTold) {
+  m_out.setstate(std::ios::badbit);
+  EXPECT_EQ(Run(), ExitStatus::Internal);
+  EXPECT_EQ(m_err.str(), "portico-run: standard output cannot be written\n");
+}
+
 TEST_F(QueryBenchTest, TextCrossesInTheInstrumentsCodePage) {
+  m_options.Instrument = u"SIM::Gerät::INSTR";
   m_options.Bench = {1, u"DISP \u201CÄ\u201D?", {}};
   Run();
+  EXPECT_EQ(m_journal[0], "init SIM::Ger\xE4t::INSTR");
   EXPECT_EQ(m_journal[1], "write DISP \x93\xC4\x94?");
 }
 

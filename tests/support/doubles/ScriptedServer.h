@@ -45,7 +45,7 @@ public:
 
   /// Waits until the received bytes end in `bytes`.
   void WaitForReceived(const std::string& bytes) const;
-  /// Waits until the system has taken all that is to be sent.
+  /// Waits until the system has taken all that is to be sent, and the connections that are to be closed are.
   void WaitForSilence() const;
   /// Waits until so many connections were accepted.
   void WaitForConnections(std::size_t count) const;

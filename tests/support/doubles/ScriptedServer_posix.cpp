@@ -113,7 +113,7 @@ void ScriptedServer::WaitForReceived(const std::string& bytes) const {
 
 void ScriptedServer::WaitForSilence() const {
   std::unique_lock lock(m_mutex);
-  const auto silent = [](const Client& client) { return client.output.empty(); };
+  const auto silent = [](const Client& client) { return client.output.empty() && !client.closing; };
   m_changed.wait(lock, [&] { return std::all_of(m_clients.begin(), m_clients.end(), silent); });
 }
 

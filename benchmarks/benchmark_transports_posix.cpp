@@ -241,8 +241,9 @@ int main(int argc, char** argv) try {
 
   std::vector<Contestant> all = contest.Contestants();
   TakeTurns(all, queries, rounds);
-  for (const Contestant& contestant : all)
+  for (const Contestant& contestant : all) {
     Print(contestant.Name, Median(contestant.Medians), Median(all[contestant.Bare].Medians));
+  }
   contest.PrintOthers(all, queries, rounds);
   kill(server, SIGTERM);
   return 0;

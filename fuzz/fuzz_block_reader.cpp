@@ -9,9 +9,9 @@ using portico::drivers::MessageReader;
 namespace {
 
 struct Outcome {
-  std::size_t length = 0;
-  std::size_t terminator = 0;
-  bool complete = false;
+  std::size_t Length = 0;
+  std::size_t Terminator = 0;
+  bool Complete = false;
 
   bool operator==(const Outcome&) const = default;
 };
@@ -20,14 +20,14 @@ struct Outcome {
 Outcome Read(Termination termination, std::string_view stream, std::size_t pieceSize) {
   MessageReader reader(termination);
   Outcome outcome;
-  while (outcome.length < stream.size() && !reader.Complete()) {
-    const std::string_view piece = stream.substr(outcome.length, pieceSize);
+  while (outcome.Length < stream.size() && !reader.Complete()) {
+    const std::string_view piece = stream.substr(outcome.Length, pieceSize);
     const std::size_t taken = reader.Feed(piece);
     if (taken > piece.size() || (taken < piece.size() && !reader.Complete())) std::abort();
-    outcome.length += taken;
+    outcome.Length += taken;
   }
-  outcome.terminator = reader.TerminatorLength();
-  outcome.complete = reader.Complete();
+  outcome.Terminator = reader.TerminatorLength();
+  outcome.Complete = reader.Complete();
   return outcome;
 }
 
@@ -37,12 +37,12 @@ Outcome Read(Termination termination, std::string_view stream, std::size_t piece
 // the second the size of the pieces.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 2) return 0;
-  constexpr std::array Terminations = {Termination::Auto, Termination::LineFeed, Termination::CarriageReturnLineFeed,
+  constexpr std::array terminations = {Termination::Auto, Termination::LineFeed, Termination::CarriageReturnLineFeed,
                                        Termination::CarriageReturn, Termination::LineFeedCarriageReturn};
-  const Termination termination = Terminations[data[0] % Terminations.size()];
+  const Termination termination = terminations[data[0] % terminations.size()];
   const std::string_view stream(reinterpret_cast<const char*>(data) + 2, size - 2);
   const Outcome whole = Read(termination, stream, stream.size());
-  if (whole.terminator > whole.length || whole.complete != (whole.terminator > 0)) std::abort();
+  if (whole.Terminator > whole.Length || whole.Complete != (whole.Terminator > 0)) std::abort();
   if (Read(termination, stream, 1) != whole || Read(termination, stream, data[1] + 1U) != whole) std::abort();
   return 0;
 }

@@ -58,7 +58,7 @@ std::uint64_t LengthOfWhole(const Message& message) {
 // first byte picks the longest payload, the second the size of the pieces.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 2) return 0;
-  const std::uint64_t longest = data[0] * 8U;
+  const std::uint64_t longest = data[0] * std::uint64_t{8};
   const std::string_view stream(reinterpret_cast<const char*>(data) + 2, size - 2);
   const Outcome whole = Read(longest, stream, stream.size());
   if (Read(longest, stream, 1) != whole || Read(longest, stream, data[1] + 1U) != whole) std::abort();

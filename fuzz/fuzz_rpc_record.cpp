@@ -11,10 +11,10 @@ namespace {
 constexpr std::size_t Limit = 64; // bytes of a record
 
 struct Outcome {
-  std::size_t length = 0;
-  std::string content;
-  bool complete = false;
-  bool tooLong = false;
+  std::size_t Length = 0;
+  std::string Content;
+  bool Complete = false;
+  bool TooLong = false;
 
   bool operator==(const Outcome&) const = default;
 };
@@ -22,16 +22,16 @@ struct Outcome {
 /// Feeds the stream in pieces of the given size, up to the end of its first record.
 Outcome Read(RpcRecordReader& reader, std::string_view stream, std::size_t pieceSize) {
   Outcome outcome;
-  while (outcome.length < stream.size() && !reader.Complete() && !reader.TooLong()) {
-    const std::string_view piece = stream.substr(outcome.length, pieceSize);
+  while (outcome.Length < stream.size() && !reader.Complete() && !reader.TooLong()) {
+    const std::string_view piece = stream.substr(outcome.Length, pieceSize);
     const std::size_t taken = reader.Feed(piece);
     if (taken > piece.size() || (taken < piece.size() && !reader.Complete() && !reader.TooLong())) std::abort();
-    outcome.length += taken;
+    outcome.Length += taken;
   }
-  outcome.content = reader.Content();
-  outcome.complete = reader.Complete();
-  outcome.tooLong = reader.TooLong();
-  if (outcome.content.size() > Limit || (outcome.complete && outcome.tooLong)) std::abort();
+  outcome.Content = reader.Content();
+  outcome.Complete = reader.Complete();
+  outcome.TooLong = reader.TooLong();
+  if (outcome.Content.size() > Limit || (outcome.Complete && outcome.TooLong)) std::abort();
   return outcome;
 }
 
@@ -49,17 +49,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (;;) {
     const Outcome outcome = Read(whole, stream, stream.size());
     if (Read(pieces, stream, pieceSize) != outcome || Read(bytes, stream, 1) != outcome) std::abort();
-    if (!outcome.complete) return 0;
+    if (!outcome.Complete) return 0;
 
     std::string written;
     const std::size_t begin = BeginRpcRecord(written);
-    written += outcome.content;
+    written += outcome.Content;
     EndRpcRecord(written, begin);
     RpcRecordReader again(Limit);
     const Outcome copy = Read(again, written, written.size());
-    if (!copy.complete || copy.length != written.size() || copy.content != outcome.content) std::abort();
+    if (!copy.Complete || copy.Length != written.size() || copy.Content != outcome.Content) std::abort();
 
-    stream.remove_prefix(outcome.length);
+    stream.remove_prefix(outcome.Length);
     whole.Restart();
     pieces.Restart();
     bytes.Restart();

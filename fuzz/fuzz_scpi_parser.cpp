@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto device = Device::Make("dmm", 1);
   StreamConnection connection(*device);
   // An answer without end gives a piece at each of its events: two are as good as all.
-  constexpr int MostEvents = 2;
+  constexpr int mostEvents = 2;
   std::string_view input(reinterpret_cast<const char*>(data), size);
   TimePoint now{};
   while (!input.empty()) {
@@ -27,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view piece = input.substr(0, control + 1U);
     input.remove_prefix(piece.size());
     connection.Write(piece, now);
-    for (int i = 0; i < MostEvents; ++i) {
+    for (int i = 0; i < mostEvents; ++i) {
       while (connection.Read(now)) {
       }
       const auto next = connection.NextEvent();

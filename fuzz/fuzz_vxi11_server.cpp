@@ -48,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::array<Client, 2> clients;
   for (Client& client : clients) client.Connection = connect(771);
   // An answer without end gives a piece at each of its events: two are as good as all.
-  constexpr int MostEvents = 2;
+  constexpr int mostEvents = 2;
   std::string_view input(reinterpret_cast<const char*>(data), size);
   TimePoint now{};
   while (!input.empty()) {
@@ -60,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Client& client = clients[control & 1U];
     if (client.Connection->Finished(false)) client.Connection = connect(771);
     if (client.Connection->AcceptsInput()) client.Connection->Receive(piece, now);
-    for (int i = 0; i < MostEvents; ++i) {
+    for (int i = 0; i < mostEvents; ++i) {
       for (Client& each : clients) {
         while (each.Collect(now)) {
         }

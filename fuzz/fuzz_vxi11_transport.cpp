@@ -58,7 +58,7 @@ private:
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  constexpr auto Timeout = std::chrono::milliseconds(1000);
+  constexpr auto timeout = std::chrono::milliseconds(1000);
   std::string_view input(reinterpret_cast<const char*>(data), size);
   Clock clock;
   const auto connect = [&](const std::string&, std::uint16_t) { return std::make_unique<Stream>(input, clock); };
@@ -67,18 +67,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Vxi11Transport transport({0, "bench", "inst0", named ? std::optional<std::uint16_t>(1024) : std::nullopt}, connect,
                            clock);
   std::array<char, 64> buffer = {};
-  while (!input.empty() && transport.Open(clock.Now() + Timeout).Succeeded()) {
-    while (transport.Write("SYST:ERR?\r\n", clock.Now() + Timeout).Succeeded()) {
+  while (!input.empty() && transport.Open(clock.Now() + timeout).Succeeded()) {
+    while (transport.Write("SYST:ERR?\r\n", clock.Now() + timeout).Succeeded()) {
       Received received;
       do {
-        received = transport.Read(buffer.data(), buffer.size(), clock.Now() + Timeout);
+        received = transport.Read(buffer.data(), buffer.size(), clock.Now() + timeout);
         if (received.Count > buffer.size()) std::abort();
       } while (received.Result.Succeeded() && !received.End);
       const bool goesOn = received.Result.Succeeded() ||
-                          (received.Result.Status == DriverStatus::ReadTimeout && transport.Clear(Timeout));
+                          (received.Result.Status == DriverStatus::ReadTimeout && transport.Clear(timeout));
       if (!goesOn) break;
     }
-    transport.ReturnToLocal(clock.Now() + Timeout);
+    transport.ReturnToLocal(clock.Now() + timeout);
     transport.Close();
   }
   return 0;

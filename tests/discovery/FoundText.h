@@ -14,6 +14,7 @@ inline std::string FoundText(const FoundInstrument& found) {
 
 inline std::vector<std::string> FoundTexts(const std::vector<FoundInstrument>& found) {
   std::vector<std::string> texts;
+  texts.reserve(found.size());
   for (const FoundInstrument& instrument : found) texts.push_back(FoundText(instrument));
   return texts;
 }

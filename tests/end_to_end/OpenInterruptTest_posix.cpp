@@ -15,8 +15,9 @@ TEST(Interrupt, AgainEndsAnOpenThatIsUnderWay) {
   const ScriptedServer server({}, {.deaf = true});
   // The first ones are queued by the system; once its queue is full, connections are left hanging.
   std::vector<std::unique_ptr<drivers::TcpTransport>> queued;
-  do queued.push_back(std::make_unique<drivers::TcpTransport>("127.0.0.1", server.Port()));
-  while (queued.back()->Open(std::chrono::steady_clock::now() + std::chrono::milliseconds(50)).Succeeded());
+  do {
+    queued.push_back(std::make_unique<drivers::TcpTransport>("127.0.0.1", server.Port()));
+  } while (queued.back()->Open(std::chrono::steady_clock::now() + std::chrono::milliseconds(50)).Succeeded());
   const CommandFiles files;
   const std::string commands = files.Add("commands.cmd", "");
   std::remove(commands.c_str());

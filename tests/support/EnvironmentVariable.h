@@ -19,10 +19,11 @@ public:
 
 private:
   void Set(const char* value) {
-    if (value == nullptr)
+    if (value == nullptr) {
       unsetenv(m_name.c_str());
-    else
+    } else {
       setenv(m_name.c_str(), value, 1);
+    }
   }
 
   std::string m_name;

@@ -81,11 +81,10 @@ DriverResult UsbtmcTransport::SetUp(TimePoint deadline) {
   const int error = m_file->Request(UsbtmcRequest::AutoAbort, on);
   if (error != 0 && error != EBADRQC) return Refused(std::generic_category().message(error));
   if (!m_clearDue || Clear(std::chrono::ceil<milliseconds>(deadline - m_clock.Now()))) return {};
-  return NotCleared();
+  return Refused("it does not drop what it was asked before; switch it off and on");
 }
 
 DriverResult UsbtmcTransport::Write(std::string_view bytes, TimePoint deadline) {
-  if (m_clearDue) return NotCleared();
   AboutToWait();
   if (DriverResult result = Prepare(deadline, DriverStatus::WriteTimeout); !result.Succeeded()) return result;
   const long written = m_file->Write(bytes);

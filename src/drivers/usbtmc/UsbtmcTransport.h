@@ -27,7 +27,7 @@ public:
   DriverResult Write(std::string_view bytes, TimePoint deadline) override;
   Received Read(char* buffer, std::size_t size, TimePoint deadline) override;
   bool MarksEnd() const override { return true; }
-  bool Stands() override { return m_file != nullptr && !m_file->Gone(); }
+  bool Stands() override { return m_file != nullptr && !m_file->Gone() && !m_clearDue; }
   bool Clear(std::chrono::milliseconds timeout) override;
   void ReturnToLocal(TimePoint deadline) noexcept override;
 
@@ -40,7 +40,6 @@ private:
   /// What the system's error number means; `timeout` is the status of a time-out.
   DriverResult Failure(int error, DriverStatus timeout) const;
   DriverResult Refused(const std::string& why) const { return {DriverStatus::ConnectFailed, m_place + ", " + why}; }
-  DriverResult NotCleared() const { return Refused("it does not drop what it was asked before; switch it off and on"); }
 
   const UsbAddress m_address;
   const std::string m_place;

@@ -150,57 +150,73 @@ std::unique_ptr<ITransport> Connect(const std::string& host, std::uint16_t port)
 
 TimePoint Soon() { return std::chrono::steady_clock::now() + std::chrono::seconds(5); }
 
+/// What keeps it from serving as it was asked to, and what can be done about it.
+class Obstacle : public std::runtime_error {
+public:
+  Obstacle(const std::string& what, std::string hint) : std::runtime_error(what), Hint(std::move(hint)) {}
+
+  const std::string Hint;
+};
+
+/// Does what the system may refuse.
+template <typename Action>
+auto OrElse(const std::string& hint, Action action) {
+  try {
+    return action();
+  } catch (const std::system_error& error) {
+    throw Obstacle(error.what(), hint);
+  }
+}
+
 /// How clients that ask the portmapper of this machine find VXI-11.
 class PortMap {
 public:
-  /// Becomes the portmapper itself, by a listener more, where none runs.
-  PortMap(std::vector<SocketServer::Listener>& listeners, const std::string& address) {
-    const auto portMapper = Connect("127.0.0.1", portico::wire::PortMapper::Port);
-    if (portMapper->Open(Soon()).Succeeded()) return;
-    m_listener = listeners.size();
-    listeners.push_back(
-        {address, portico::wire::PortMapper::Port, ServedVxi11::PortMapperFactory([this] { return m_corePort; })});
-  }
+  /// Looks whether a portmapper runs.
+  PortMap() : m_runs(Connect("127.0.0.1", portico::wire::PortMapper::Port)->Open(Soon()).Succeeded()) {}
   PortMap(const PortMap&) = delete;
   PortMap& operator=(const PortMap&) = delete;
 
-  /// VXI-11 is at that port. The place of the listener, if there is one. Throws std::runtime_error.
-  std::optional<std::size_t> Tell(std::uint16_t corePort) {
-    m_corePort = corePort;
-    if (m_listener) return m_listener;
-    const DriverResult result = m_mapping.Set(corePort, Soon());
-    if (!result.Succeeded()) throw std::runtime_error("cannot register VXI-11: " + ReasonFor(result));
-    return std::nullopt;
+  /// VXI-11 is at that port. Where no portmapper runs the server becomes it, by a listener more: true. Throws Obstacle.
+  bool Tell(std::uint16_t corePort, SocketServer& server, const std::string& address) {
+    if (m_runs) {
+      const DriverResult result = m_mapping.Set(corePort, Soon());
+      if (result.Succeeded()) return false;
+      throw Obstacle("cannot register VXI-11: " + ReasonFor(result), "see to the portmapper, or leave out --portmap");
+    }
+    OrElse("leave out --portmap, which needs port 111, or give another --bind", [&] {
+      server.Listen(
+          {address, portico::wire::PortMapper::Port, ServedVxi11::PortMapperFactory([corePort] { return corePort; })});
+    });
+    return true;
   }
 
 private:
-  std::optional<std::size_t> m_listener;
-  std::uint16_t m_corePort = 0;
+  const bool m_runs;
   PortMapping m_mapping{Connect, portico::wire::Vxi11::CoreProgram, portico::wire::Vxi11::Version};
 };
 
 /// Tells where it listens once it does, and serves until SIGINT or SIGTERM.
 void Serve(Device& device, const Options& options) {
-  std::vector<SocketServer::Listener> listeners;
+  std::optional<PortMap> portMap;
+  if (options.PortMap) portMap.emplace();
+  SocketServer server;
   std::vector<std::string> names;
+  std::uint16_t vxi11Port = 0;
   for (std::size_t i = 0; i < Protocols.size(); ++i) {
     if (!options.Ports[i]) continue;
-    auto factory = FaultyConnection::Factory(Protocols[i].Factory(device), device);
-    listeners.push_back({options.Address, *options.Ports[i], std::move(factory)});
+    OrElse("give another " + std::string(Protocols[i].Option) + ", 0 for a free one, or another --bind", [&] {
+      auto factory = FaultyConnection::Factory(Protocols[i].Factory(device), device);
+      server.Listen({options.Address, *options.Ports[i], std::move(factory)});
+    });
     names.emplace_back(Protocols[i].Name);
+    if (names.back() == "vxi11") vxi11Port = server.Port(names.size() - 1);
   }
-  std::optional<PortMap> portMap;
-  if (options.PortMap) portMap.emplace(listeners, options.Address);
-  SocketServer server(std::move(listeners));
+  const bool isPortMapper = portMap && portMap->Tell(vxi11Port, server, options.Address);
   std::optional<PseudoTerminal> line;
   if (options.Serial) {
-    line.emplace();
+    OrElse("leave out --serial", [&line] { line.emplace(); });
     server.Add(line->TakeFarEnd(),
                std::make_unique<ServedLine>(FaultyConnection::Factory(ServedStream::Factory(device), device)));
-  }
-  std::optional<std::size_t> portMapper;
-  for (std::size_t i = 0; i < names.size() && portMap; ++i) {
-    if (names[i] == "vxi11") portMapper = portMap->Tell(server.Port(i));
   }
   running = &server;
   std::signal(SIGINT, StopServer);
@@ -208,7 +224,7 @@ void Serve(Device& device, const Options& options) {
   for (std::size_t i = 0; i < names.size(); ++i) {
     std::cout << "listening on " << server.Endpoint(i) << (names[i].empty() ? "" : " ") << names[i] << std::endl;
   }
-  if (portMapper) std::cout << "listening on " << server.Endpoint(*portMapper) << " portmap" << std::endl;
+  if (isPortMapper) std::cout << "listening on " << server.Endpoint(names.size()) << " portmap" << std::endl;
   if (line) std::cout << "listening on " << line->Name() << " serial" << std::endl;
   const auto announcement =
       options.Announce ? Announce(device, server, names, options.Address) : std::unique_ptr<Announcement>();
@@ -244,10 +260,10 @@ int main(int argc, char** argv) {
     Serve(*device, options);
   } catch (const std::invalid_argument& error) {
     return Complain(error.what(), "try portico-sim --help");
-  } catch (const std::system_error& error) {
-    return Complain(error.what(), "give another --port, 0 for a free one, or another --bind");
+  } catch (const Obstacle& obstacle) {
+    return Complain(obstacle.what(), obstacle.Hint);
   } catch (const std::runtime_error& error) {
-    return Complain(error.what(), "see to the portmapper, or leave out --portmap");
+    return Complain(error.what(), "start it again");
   }
   return 0;
 }

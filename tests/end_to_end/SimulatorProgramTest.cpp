@@ -139,12 +139,16 @@ TEST(SimulatorProgram, EndsWellWhenItIsToldTo) {
 TEST(SimulatorProgram, PortInUseIsOneLineAndStatus2) {
   const SimulatorProgram simulator;
   const std::string port = simulator.Address().substr(simulator.Address().rfind(':') + 1);
-  const Outcome outcome = Process({PORTICO_SIM, "--port", port}).Wait();
-  EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.err.find("portico-sim: "), 0U) << outcome.err;
-  EXPECT_NE(outcome.err.find(port), std::string::npos) << outcome.err;
-  EXPECT_EQ(CountLines(outcome.err), 1);
+  for (const std::string option : {"--port", "--hislip", "--vxi11"}) {
+    Arguments command = {PORTICO_SIM, option, port};
+    if (option != "--port") command.insert(command.end(), {"--port", "0"});
+    const Outcome outcome = Process(command).Wait();
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "portico-sim: cannot listen on 127.0.0.1:" + port +
+                               ": Address already in use; give another " + option +
+                               ", 0 for a free one, or another --bind\n");
+  }
 }
 
 TEST(SimulatorProgram, BadOptionIsOneLineAndStatus2) {

@@ -1,9 +1,11 @@
 """Programs that others have written talk to portico-sim: lxi-tools and pyvisa-py, over raw TCP and VXI-11.
 
-Both ask the portmapper at port 111, so all happens on a network of its own.
+Both ask the portmapper at port 111, so all happens on a network of its own. There the test is the superuser, and so
+this is also where the simulator is refused what only the system can refuse.
 """
 
 import os
+import socket
 import subprocess
 import sys
 import unittest
@@ -33,6 +35,26 @@ class Interoperation(unittest.TestCase):
         self.simulator.terminate()
         self.assertEqual(self.simulator.wait(PATIENCE), 0)
         self.simulator.stdout.close()
+
+
+class Refused(unittest.TestCase):
+    def check(self, complaint, *command):
+        done = subprocess.run(command, capture_output=True, text=True, timeout=PATIENCE)
+        self.assertEqual(done.stderr, f"portico-sim: {complaint}\n")
+        self.assertEqual(done.stdout, "")
+        self.assertEqual(done.returncode, 2)
+
+    def test_port_of_the_portmapper(self):
+        # Nobody answers on 127.0.0.1, and so the simulator would be the portmapper.
+        with socket.create_server(("127.0.0.2", 111)):
+            self.check("cannot listen on 127.0.0.2:111: Address already in use; "
+                       "leave out --portmap, which needs port 111, or give another --bind",
+                       PORTICO_SIM, "--bind", "127.0.0.2", "--port", "0", "--vxi11", "0", "--portmap")
+
+    def test_serial_line(self):
+        hide = 'mount -t tmpfs tmpfs /dev && exec "$@"'
+        self.check("cannot make a pseudo-terminal: No such file or directory; leave out --serial",
+                   "unshare", "--mount", "sh", "-c", hide, "sh", PORTICO_SIM, "--port", "0", "--serial")
 
 
 class Lxi(Interoperation):

@@ -30,7 +30,9 @@ public:
   /// Listens from now on; connections are accepted while Run() runs. What the factories refer to must outlive the
   /// server, and while Run() runs only the server uses it. Throws std::invalid_argument for what is not an address, and
   /// std::system_error if the operating system refuses.
-  explicit SocketServer(std::vector<Listener> listeners);
+  explicit SocketServer(std::vector<Listener> listeners = {});
+  /// One listener more, before Run(), in the same way.
+  void Listen(Listener listener);
 
   // Of a listener, by its place in the list.
   std::uint16_t Port(std::size_t listener = 0) const { return m_listeners[listener].Port; }
@@ -51,7 +53,7 @@ private:
     system::FileDescriptor Socket;
   };
 
-  static void Listen(Opened& listener);
+  static Opened Open(Listener listener);
   static std::string EndpointOf(const Listener& listener);
   void Accept(const Opened& listener, TimePoint now);
   std::optional<TimePoint> NextEvent() const;

@@ -62,22 +62,21 @@ std::optional<timespec> Timeout(std::optional<TimePoint> next, TimePoint now) {
 } // namespace
 
 SocketServer::SocketServer(std::vector<Listener> listeners) {
-  for (Listener& listener : listeners) {
-    m_listeners.push_back({std::move(listener), {}});
-    Listen(m_listeners.back());
-  }
+  for (Listener& listener : listeners) Listen(std::move(listener));
 }
 
-void SocketServer::Listen(Opened& listener) {
+void SocketServer::Listen(Listener listener) { m_listeners.push_back(Open(std::move(listener))); }
+
+SocketServer::Opened SocketServer::Open(Listener listener) {
   const Addresses address = Resolve(listener.Address, listener.Port);
-  FileDescriptor& opened = listener.Socket;
-  opened = FileDescriptor(socket(address->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+  FileDescriptor opened(socket(address->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
   if (opened.IsOpen()) SetOption(opened.Get(), SOL_SOCKET, SO_REUSEADDR);
   if (!opened.IsOpen() || bind(opened.Get(), address->ai_addr, address->ai_addrlen) != 0 ||
       listen(opened.Get(), SOMAXCONN) != 0) {
     throw std::system_error(errno, std::generic_category(), "cannot listen on " + EndpointOf(listener));
   }
   listener.Port = BoundPort(opened.Get());
+  return {std::move(listener), std::move(opened)};
 }
 
 std::string SocketServer::Endpoint(std::size_t listener) const { return EndpointOf(m_listeners[listener]); }

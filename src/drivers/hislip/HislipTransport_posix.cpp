@@ -24,8 +24,10 @@ DriverResult OpenFailure(DriverResult failure) {
     failure.Status = DriverStatus::ConnectTimeout;
     break;
   case DriverStatus::ConnectionClosed:
-    failure.Detail +=
-        ", the instrument closed it; see that HiSLIP is switched on and that no other program has it open";
+    failure.Detail += ", the instrument closed it";
+    [[fallthrough]];
+  case DriverStatus::ConnectionLost:
+    failure.Detail += "; see that HiSLIP is switched on and that no other program has it open";
     failure.Status = DriverStatus::ConnectFailed;
     break;
   default:

@@ -101,6 +101,13 @@ TEST_F(HislipFailureTest, OneThatHangsUpWhileOpeningIsNotOpened) {
   }
 }
 
+TEST_F(HislipFailureTest, OneThatResetsTheConnectionWhileOpeningIsNotOpened) {
+  instrument.ResetOn(HislipType::Initialize);
+  instrument.Respond(HislipType::Initialize, "");
+  EXPECT_EQ(OpenFails(), ", Connection reset by peer; see that HiSLIP is switched on and that no other program has it "
+                         "open");
+}
+
 TEST_F(HislipFailureTest, OneThatDoesNotRespondWhileOpeningIsGivenUp) {
   for (const HislipType type :
        {HislipType::AsyncMaximumMessageSize, HislipType::AsyncInitialize, HislipType::Initialize}) {

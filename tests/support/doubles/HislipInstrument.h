@@ -35,6 +35,8 @@ public:
   void Respond(wire::HislipType type, std::string bytes);
   /// Closes the connection where a message of this type comes.
   void HangUpOn(wire::HislipType type);
+  /// The same, but so that the client finds it reset.
+  void ResetOn(wire::HislipType type);
 
   /// All commands that all clients have sent so far.
   std::string Received() const;
@@ -88,6 +90,7 @@ private:
   InstrumentScript m_script;
   std::map<wire::HislipType, std::string> m_responses;
   std::map<wire::HislipType, bool> m_hangUps;
+  std::map<wire::HislipType, bool> m_resets;
   std::map<wire::HislipType, int> m_counts;
   std::list<Connection> m_connections;
   std::string m_received;

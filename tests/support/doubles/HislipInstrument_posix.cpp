@@ -69,6 +69,12 @@ void HislipInstrument::HangUpOn(HislipType type) {
   m_hangUps[type] = true;
 }
 
+void HislipInstrument::ResetOn(HislipType type) {
+  HangUpOn(type);
+  const std::lock_guard lock(m_mutex);
+  m_resets[type] = true;
+}
+
 std::string HislipInstrument::Received() const {
   const std::lock_guard lock(m_mutex);
   return m_received;
@@ -211,6 +217,10 @@ void HislipInstrument::Take(Connection& connection, const HislipPiece& piece) {
   if (type == HislipType::Initialize) m_subAddress = piece.Payload;
   if (piece.Last) ++m_counts[type];
   if (m_hangUps[type]) connection.Closing = true;
+  if (m_resets[type]) {
+    const linger atOnce = {1, 0};
+    ::setsockopt(connection.Socket.Get(), SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+  }
   if (type == HislipType::AsyncDeviceClear) {
     for (Connection& other : m_connections) other.Refrain.clear();
   }

@@ -130,12 +130,15 @@ Announcement::Content Introduction(const Device& device) {
   return content;
 }
 
-/// Tells the local network what the server listens on; `names` are those of its listeners' protocols.
+/// Tells the local network what the server listens on; `names` are those of its listeners' protocols. Who finds VXI-11
+/// there asks the portmapper for its port, if that knows it.
 std::unique_ptr<Announcement> Announce(const Device& device, const SocketServer& server,
-                                       const std::vector<std::string>& names, const std::string& address) {
+                                       const std::vector<std::string>& names, const Options& options) {
   Announcement::Content content = Introduction(device);
   for (std::size_t i = 0; i < names.size(); ++i) {
-    content.Services.push_back({ServiceType(names[i]), address, server.Port(i)});
+    const bool mapped = options.PortMap && names[i] == "vxi11";
+    const std::uint16_t port = mapped ? portico::wire::PortMapper::Port : server.Port(i);
+    content.Services.push_back({ServiceType(names[i]), options.Address, port});
   }
   return std::make_unique<Announcement>(
       std::move(content),
@@ -227,7 +230,7 @@ void Serve(Device& device, const Options& options) {
   if (isPortMapper) std::cout << "listening on " << server.Endpoint(names.size()) << " portmap" << std::endl;
   if (line) std::cout << "listening on " << line->Name() << " serial" << std::endl;
   const auto announcement =
-      options.Announce ? Announce(device, server, names, options.Address) : std::unique_ptr<Announcement>();
+      options.Announce ? Announce(device, server, names, options) : std::unique_ptr<Announcement>();
   server.Run();
   std::signal(SIGINT, SIG_IGN); // the handlers must not outlive the server
   std::signal(SIGTERM, SIG_IGN);

@@ -109,6 +109,15 @@ class Simulators(DiscoveryCase):
         for name in names:
             self.assertIn("< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n", self.ask(name))
 
+    def test_vxi_11_that_a_portmapper_knows_is_announced_at_the_portmappers_port(self):
+        process = self.simulator("--vxi11", "0", "--portmap", "--bind", "192.0.2.1")
+        for _ in range(2):
+            core = self.port(process)
+        name = "TCPIP0::192.0.2.1::inst0::INSTR"
+        listed = self.list_until(name + "\tTOLVANE INSTRUMENTS, SIM-DMM, SIM0001, 1.0")
+        self.assertFalse([line for line in listed if f",{core}::" in line], listed)
+        self.assertIn("< TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0\n", self.ask(name))
+
     def test_one_that_was_started_again_is_found_where_it_is_now(self):
         for _ in range(2):  # the second time the network still knows of the first
             process = self.simulator("--device", "psu", "--bind", "192.0.2.1")

@@ -6,7 +6,7 @@
 namespace portico::wire {
 namespace {
 
-constexpr const char* UseNoEncryption = "; switch encryption off in its settings";
+constexpr const char* UseNoEncryption = "switch encryption off in its settings";
 
 template <typename Code>
 std::string Told(std::string_view kind, const HislipPiece& piece) {
@@ -15,23 +15,6 @@ std::string Told(std::string_view kind, const HislipPiece& piece) {
   text.append(HislipErrorText(static_cast<Code>(piece.Header.Control)));
   if (!piece.Payload.empty()) text.append(" (").append(piece.Payload).append(")");
   return text;
-}
-
-/// What is to be done about a fatal error while opening.
-std::string Advice(HislipFatal code, const std::string& subAddress) {
-  switch (code) {
-  case HislipFatal::Unidentified:
-  case HislipFatal::BadInitialization:
-    return "; check the device name " + subAddress;
-  case HislipFatal::TooManyClients:
-    return "; close it in another program";
-  case HislipFatal::SecureConnectionFailed:
-    return UseNoEncryption;
-  case HislipFatal::BadHeader:
-  case HislipFatal::ChannelsMissing:
-    break;
-  }
-  return {};
 }
 
 } // namespace
@@ -52,8 +35,8 @@ void HislipClient::Open() {
   m_interruptions = 0;
   m_phase = Phase::InitializeResponse;
   if (m_subAddress.size() <= HislipLongestText) return;
-  Fail("the device name has " + std::to_string(m_subAddress.size()) + " bytes; HiSLIP takes " +
-       std::to_string(HislipLongestText) + " at most");
+  Fail("the device name has " + std::to_string(m_subAddress.size()) + " bytes",
+       "HiSLIP takes " + std::to_string(HislipLongestText) + " at most");
 }
 
 void HislipClient::SecondConnectionMade() {
@@ -210,9 +193,7 @@ bool HislipClient::TakeError(const HislipPiece& piece, HislipChannel channel) {
     return true;
   }
   if (piece.Header.Type == HislipType::FatalError) {
-    std::string reason = Told<HislipFatal>("fatal error", piece);
-    if (Opening()) reason += Advice(static_cast<HislipFatal>(piece.Header.Control), m_subAddress);
-    Fail(std::move(reason));
+    TakeFatalError(piece);
     return true;
   }
   if (piece.Header.Type != HislipType::Error) return false;
@@ -227,18 +208,36 @@ bool HislipClient::TakeError(const HislipPiece& piece, HislipChannel channel) {
   return true;
 }
 
+void HislipClient::TakeFatalError(const HislipPiece& piece) {
+  const std::string reason = Told<HislipFatal>("fatal error", piece);
+  switch (static_cast<HislipFatal>(piece.Header.Control)) {
+  case HislipFatal::Unidentified:
+  case HislipFatal::BadInitialization:
+    return Fail(reason, "check the device name " + m_subAddress);
+  case HislipFatal::TooManyClients:
+    return Fail(reason, "close it in another program");
+  case HislipFatal::SecureConnectionFailed:
+    return Fail(reason, UseNoEncryption);
+  case HislipFatal::BadHeader:
+  case HislipFatal::ChannelsMissing:
+    break;
+  }
+  Fail(reason);
+}
+
 void HislipClient::TakeInitializeResponse(const HislipPiece& piece) {
   if (piece.Header.Type != HislipType::InitializeResponse) {
     return Fail("message type " + std::to_string(static_cast<int>(piece.Header.Type)) +
                 " came instead of the response");
   }
   if ((piece.Header.Control & (HislipControl::EncryptionMandatory | HislipControl::InitialEncryption)) != 0) {
-    return Fail(std::string("encrypted connection required, not supported") + UseNoEncryption);
+    return Fail("encrypted connection required, not supported", UseNoEncryption);
   }
   const std::uint32_t version = piece.Header.Parameter >> 16U;
   if (version < HislipVersion1) {
     return Fail("it speaks HiSLIP " + std::to_string(version >> 8U) + "." + std::to_string(version & 0xFFU) +
-                ", which is not supported");
+                    ", which is not supported",
+                "try its raw socket, as in TCPIP::HOST::5025::SOCKET");
   }
   m_overlapped = (piece.Header.Control & HislipControl::Overlapped) != 0;
   m_session = static_cast<std::uint16_t>(piece.Header.Parameter);
@@ -267,13 +266,12 @@ void HislipClient::TakeDeviceClearAcknowledge(const HislipPiece& piece) {
 }
 
 void HislipClient::FailWithoutHeader() {
-  std::string reason = "the message header is none of HiSLIP";
-  if (Opening()) reason += "; check that the port is that of HiSLIP";
-  Fail(std::move(reason));
+  Fail("the message header is none of HiSLIP", "check that the port is that of HiSLIP");
 }
 
-void HislipClient::Fail(std::string reason) {
-  m_failure = std::move(reason);
+void HislipClient::Fail(std::string_view reason, std::string_view advice) {
+  m_failure = reason;
+  if (Opening()) m_failure.append("; ").append(advice);
   m_phase = Phase::Closed;
 }
 

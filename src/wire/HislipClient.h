@@ -46,7 +46,8 @@ public:
 
   /// Open, and no exchange is under way.
   bool Ready() const { return m_phase == Phase::Ready; }
-  /// Why nothing can go on, without a full stop; empty if there is no reason.
+  /// Why nothing can go on, and what can be done about one that cannot be opened, without a full stop; empty if there
+  /// is no reason.
   const std::string& Failure() const { return m_failure; }
   /// What the instrument complained of since the last Write, in the same form; all goes on after that.
   const std::string& Complaint() const { return m_complaint; }
@@ -91,6 +92,7 @@ private:
   void TakeAsynchronous(const HislipPiece& piece);
   /// What either connection may bring; false if the piece is nothing of that.
   bool TakeError(const HislipPiece& piece, HislipChannel channel);
+  void TakeFatalError(const HislipPiece& piece);
   void TakeInitializeResponse(const HislipPiece& piece);
   void TakeMaximumMessageSize(const HislipPiece& piece);
   void TakeDeviceClearAcknowledge(const HislipPiece& piece);
@@ -98,7 +100,8 @@ private:
   bool Clearing() const {
     return m_phase == Phase::AsyncDeviceClearAcknowledge || m_phase == Phase::DeviceClearAcknowledge;
   }
-  void Fail(std::string reason);
+  /// `advice` is what can be done about one while opening.
+  void Fail(std::string_view reason, std::string_view advice = "try again, or switch the instrument off and on");
   void FailWithoutHeader();
 
   std::string m_subAddress;

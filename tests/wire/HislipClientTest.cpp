@@ -93,7 +93,8 @@ TEST_F(HislipOpenTest, AFatalErrorIsToldInItsWords) {
 
 TEST_F(HislipOpenTest, AnOlderVersionIsRefused) {
   Begin("4853 01 00 00FF0007 0000000000000000");
-  EXPECT_EQ(Client.Failure(), "it speaks HiSLIP 0.255, which is not supported");
+  EXPECT_EQ(Client.Failure(),
+            "it speaks HiSLIP 0.255, which is not supported; try its raw socket, as in TCPIP::HOST::5025::SOCKET");
   EXPECT_FALSE(Client.AwaitsSecondConnection());
 }
 
@@ -110,19 +111,20 @@ TEST_F(HislipOpenTest, ADeviceNameThatIsTooLongIsRefused) {
 
 TEST_F(HislipOpenTest, AnErrorEndsTheOpening) {
   Begin("4853 03 05 00000000 0000000000000000");
-  EXPECT_EQ(Client.Failure(), "error 5, authentication failed");
+  EXPECT_EQ(Client.Failure(), "error 5, authentication failed; try again, or switch the instrument off and on");
 }
 
 TEST_F(HislipOpenTest, AFatalErrorOnTheSecondConnectionEndsTheOpening) {
   Begin("4853 01 00 01000007 0000000000000000");
   Client.SecondConnectionMade();
   Client.ReceiveAsynchronous(Bytes("4853 02 01 00000000 0000000000000000"));
-  EXPECT_EQ(Client.Failure(), "fatal error 1, bad message header");
+  EXPECT_EQ(Client.Failure(), "fatal error 1, bad message header; try again, or switch the instrument off and on");
 }
 
 TEST_F(HislipOpenTest, AnotherMessageInPlaceOfTheResponseEndsTheOpening) {
   Begin("4853 07 00 FFFFFF00 0000000000000000");
-  EXPECT_EQ(Client.Failure(), "message type 7 came instead of the response");
+  EXPECT_EQ(Client.Failure(),
+            "message type 7 came instead of the response; try again, or switch the instrument off and on");
 }
 
 TEST_F(HislipOpenTest, WhatIsNotHislipEndsTheOpening) {
@@ -140,7 +142,8 @@ TEST_F(HislipOpenTest, AMaximumSizeWithoutRoomIsRefused) {
     Client.SecondConnectionMade();
     Client.ReceiveAsynchronous(Bytes("4853 12 00 00005858 0000000000000000"));
     Client.ReceiveAsynchronous(Bytes(response));
-    EXPECT_EQ(Client.Failure(), "the maximum message size leaves no room for a command");
+    EXPECT_EQ(Client.Failure(),
+              "the maximum message size leaves no room for a command; try again, or switch the instrument off and on");
   }
 }
 

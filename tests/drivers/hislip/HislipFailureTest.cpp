@@ -118,7 +118,8 @@ TEST_F(HislipFailureTest, OneThatDoesNotRespondWhileOpeningIsGivenUp) {
 
 TEST_F(HislipFailureTest, AnOpeningThatFailedLeavesNoConnection) {
   instrument.Respond(HislipType::AsyncMaximumMessageSize, Bytes("4853 10 00 00000000 0000000000000000"));
-  EXPECT_EQ(OpenFails(), ", the maximum message size leaves no room for a command");
+  EXPECT_EQ(OpenFails(), ", the maximum message size leaves no room for a command; try again, or switch the instrument "
+                         "off and on");
   instrument.WaitForNoClient();
 }
 

@@ -109,6 +109,28 @@ TEST_F(HislipDialogueTest, AStatusQueryWaitsForTheMessageThatItNames) {
   EXPECT_EQ(m_client.Asynchronous.Collected(), Status("10"));
 }
 
+TEST_F(HislipDialogueTest, OfAMessageThatIsNamedThePartsDoNotSuffice) {
+  const std::string query = Command("FFFFFF00", "*ESE?\n");
+  m_client.Synchronous.Ask(query.substr(0, 18));
+  EXPECT_EQ(AskStatus("FFFFFF00"), "");
+  m_client.Synchronous.Ask(query.substr(18));
+  EXPECT_EQ(m_client.Asynchronous.Collected(), Status("10"));
+}
+
+TEST_F(HislipDialogueTest, WhereIdsGoRoundTheHigherIsTheEarlier) {
+  Say("FFFFFFFE", "*ESE 3\n");
+  EXPECT_EQ(AskStatus("00000000"), "");
+  Say("00000000", "*ESE 3\n");
+  EXPECT_EQ(m_client.Asynchronous.Collected(), Status("00"));
+  EXPECT_EQ(AskStatus("FFFFFFFE"), Status("00"));
+}
+
+TEST_F(HislipDialogueTest, LocalControlWaitsForTheMessageThatItNames) {
+  EXPECT_EQ(m_client.Asynchronous.Ask(Bytes("4853 0A 06 FFFFFF00 0000000000000000")), "");
+  Say("FFFFFF00", "*ESE 3\n");
+  EXPECT_EQ(m_client.Asynchronous.Collected(), Bytes("4853 0B 00 00000000 0000000000000000"));
+}
+
 TEST_F(HislipDialogueTest, WhoNamesTheNextMessageGetsTheStatusAllTheSame) {
   Say("FFFFFF00", "*ESE?\n");
   EXPECT_EQ(AskStatus("FFFFFF02"), "");
@@ -121,6 +143,11 @@ TEST_F(HislipDialogueTest, ATriggerTakesAnIdOfItsOwn) {
   EXPECT_EQ(m_client.Synchronous.Ask(Bytes("4853 0C 00 FFFFFF00 0000000000000000")), "");
   EXPECT_EQ(AskStatus("FFFFFF00").size(), 16u);
   EXPECT_EQ(Say("FFFFFF02", "*ESE?\n"), Answer("FFFFFF02", "0\n"));
+}
+
+TEST_F(HislipDialogueTest, ATriggerIsOne) {
+  m_client.Synchronous.Ask(Bytes("4853 0C 00 FFFFFF00 0000000000000000"));
+  EXPECT_EQ(Say("FFFFFF02", "SYST:ERR?\n"), Answer("FFFFFF02", "-211,\"Trigger ignored\"\n"));
 }
 
 TEST_F(HislipDialogueTest, ADeviceClearDropsWhatWasSaidAndIsToBeSaid) {

@@ -98,6 +98,12 @@ TEST_F(HislipLocksTest, AReleaseWaitsForTheMessageThatItNames) {
   EXPECT_EQ(m_first.Asynchronous.Collected(), Response("01"));
 }
 
+TEST_F(HislipLocksTest, ARequestDoesNotTellThatAnAnswerWasTaken) {
+  m_first.Synchronous.Ask(Command("FFFFFF00", "*ESE?\n"));
+  m_first.Asynchronous.Ask(Request("00000000"));
+  EXPECT_EQ(m_first.Synchronous.Ask(Command("FFFFFF02", "SYST:ERR?\n", "01")), Answer("FFFFFF02", "0,\"No error\"\n"));
+}
+
 TEST_F(HislipLocksTest, WhoGoesLeavesNoLockBehind) {
   m_first.Asynchronous.Ask(Request("00000000", "key"));
   m_first.Asynchronous.Ask(Request("00000000"));

@@ -119,6 +119,15 @@ TEST_F(Vxi11ServerTest, ATriggerIsOne) {
   EXPECT_EQ(Error(), "-211,\"Trigger ignored\"");
 }
 
+TEST_F(Vxi11ServerTest, ATriggerEndsTheMessageBeforeIt) {
+  const std::string link = client.Link();
+  client.Write(link, "*ESE 3", 0);
+  EXPECT_EQ(client.Generic(14, link), Done);
+  EXPECT_EQ(Error(), "-211,\"Trigger ignored\"");
+  client.Write(link, "*ESE?");
+  EXPECT_EQ(client.Read(link), ReadResult(0, 4, "3\n"));
+}
+
 TEST_F(Vxi11ServerTest, RemoteAndLocalAreTaken) {
   const std::string link = client.Link();
   EXPECT_EQ(client.Generic(16, link), Done);

@@ -48,6 +48,7 @@ void FaultyConnection::Collect(std::string& output, TimePoint now) {
     output.resize(before);
     m_dropped = true;
   }
+  m_faults.Deliver(AnswerFault::None); // one that this protocol does not know was of this answer, too
 }
 
 bool FaultyConnection::AcceptsInput() const { return !m_acceptAt && m_connection->AcceptsInput(); }

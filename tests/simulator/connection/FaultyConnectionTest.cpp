@@ -87,6 +87,12 @@ TEST_F(FaultyConnectionTest, AWrongNumberIsNothingWhereThereAreNone) {
   EXPECT_EQ(Collected(), "1\n2\n");
 }
 
+TEST_F(FaultyConnectionTest, AWrongNumberIsNotLeftForAnotherConnectionsAnswer) {
+  Send("SIM:NEXT NUMBER;ECHO? 1\n");
+  EXPECT_EQ(Collected(), "1\n");
+  EXPECT_FALSE(m_device->Faults().Take(AnswerFault::Number));
+}
+
 TEST_F(FaultyConnectionTest, IsSlowToTakeItsFirstInput) {
   Send("SIM:ACC 0.2\n");
   Connect();

@@ -221,6 +221,26 @@ private:
   bool m_hasPortMapper = false; ///< at the one port where others look for it, if that is to be had
 };
 
+/// Serves the contest in a process of its own, for as long as the object lives.
+class Server {
+public:
+  explicit Server(Contest& contest) : m_process(fork()) {
+    if (m_process < 0) throw std::system_error(errno, std::generic_category(), "fork");
+    if (m_process > 0) return;
+    contest.Serve();
+    _exit(0);
+  }
+  ~Server() {
+    kill(m_process, SIGTERM);
+    waitpid(m_process, nullptr, 0);
+  }
+  Server(const Server&) = delete;
+  Server& operator=(const Server&) = delete;
+
+private:
+  const pid_t m_process;
+};
+
 } // namespace
 
 int main(int argc, char** argv) try {
@@ -233,19 +253,13 @@ int main(int argc, char** argv) try {
     throw std::system_error(errno, std::generic_category(), "sched_setaffinity");
   }
   Contest contest;
-  const pid_t server = fork();
-  if (server == 0) {
-    contest.Serve();
-    _exit(0);
-  }
-
+  const Server server(contest);
   std::vector<Contestant> all = contest.Contestants();
   TakeTurns(all, queries, rounds);
   for (const Contestant& contestant : all) {
     Print(contestant.Name, Median(contestant.Medians), Median(all[contestant.Bare].Medians));
   }
   contest.PrintOthers(all, queries, rounds);
-  kill(server, SIGTERM);
   return 0;
 } catch (const std::exception& error) {
   std::cerr << error.what() << '\n';

@@ -95,6 +95,15 @@ TEST_F(HislipTransportTest, WhatIsNotReadIsGoneWithTheNextCommand) {
   EXPECT_EQ(ReadAnswer(), "1\n");
 }
 
+TEST_F(HislipTransportTest, WhatIsNotReadIsGoneWithTheConnection) {
+  Open();
+  Write("*IDN?");
+  EXPECT_EQ(transport.Read(buffer.data(), 1, Soon()).Count, 1u);
+  Open();
+  Write("Q?");
+  EXPECT_EQ(ReadAnswer(), "1\n");
+}
+
 TEST_F(HislipTransportTest, AnAnswerToAnotherMessageIsNeverTaken) {
   Open();
   Write("LATE?");

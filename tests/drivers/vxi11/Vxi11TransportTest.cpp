@@ -92,6 +92,14 @@ TEST_F(Vxi11TransportTest, AnAnswerIsReadWithItsEnd) {
   EXPECT_THAT(core.written, ElementsAre(CoreCall(2, 12, ReadArguments)));
 }
 
+TEST_F(Vxi11TransportTest, TheNextAnswerIsReadWithItsOwn) {
+  Open();
+  core.Piece(Reply(2, "\0\0\0\0\0\0\0\4\0\0\0\4"s + "1.5\n") + Reply(3, "\0\0\0\0\0\0\0\4\0\0\0\2"s + "2\n\0\0"s));
+  EXPECT_EQ(Read(), "1.5\n");
+  EXPECT_EQ(Read(), "2\n");
+  EXPECT_TRUE(received.End);
+}
+
 TEST_F(Vxi11TransportTest, WithoutAnEndThereIsMoreToRead) {
   Open();
   core.Piece(Reply(2, "\0\0\0\0\0\0\0\0\0\0\0\2"s + "ab\0\0"s) + Reply(3, "\0\0\0\0\0\0\0\1\0\0\0\4cdef"s) +
@@ -150,6 +158,14 @@ TEST_F(Vxi11TransportTest, ATimeoutOfAnEarlierReadsCallStartsAnother) {
   EXPECT_THAT(core.written,
               ElementsAre(CoreCall(2, 12, ReadArguments.substr(0, 4) + "\0\0\0\x10"s + ReadArguments.substr(8)),
                           CoreCall(3, 12, ReadArguments)));
+}
+
+TEST_F(Vxi11TransportTest, ATimeoutInItsTimeStartsNoOther) {
+  Open();
+  core.Piece(Reply(2, TimedOut));
+  char byte = 0;
+  EXPECT_EQ(transport->Read(&byte, 1, clock.Now()).Result.Status, DriverStatus::ReadTimeout);
+  EXPECT_THAT(core.written, SizeIs(1));
 }
 
 TEST_F(Vxi11TransportTest, WhatCameBeforeATimeoutIsNotLost) {
@@ -270,6 +286,20 @@ TEST_F(Vxi11TransportTest, AReadThatIsUnderWayEndsBeforeTheFrontPanelIsGivenBack
 TEST_F(Vxi11TransportTest, WithoutALinkThereIsNothingToGiveBack) {
   transport->ReturnToLocal(Deadline());
   EXPECT_THAT(connections, IsEmpty());
+}
+
+TEST_F(Vxi11TransportTest, OfWhatWasBeforeAnOpeningNothingIsLeft) {
+  Open();
+  core.Piece(Reply(2, "\0\0\0\0\0\0\0\4\0\0\0\4late"s));
+  EXPECT_EQ(Read(1), "l");
+  Open();
+  core.Piece(Reply(2, "\0\0\0\0\0\0\0\4\0\0\0\3new\0"s));
+  EXPECT_EQ(Read(), "new");
+  EXPECT_EQ(FailedRead().Status, DriverStatus::ReadTimeout);
+  Open();
+  core.Piece(Reply(2, "\0\0\0\0\0\0\0\4\0\0\0\4next"s));
+  EXPECT_EQ(Read(), "next");
+  EXPECT_THAT(core.written, ElementsAre(CoreCall(2, 12, ReadArguments)));
 }
 
 TEST_F(Vxi11TransportTest, ClosingSaysNothing) {

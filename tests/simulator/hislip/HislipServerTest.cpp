@@ -55,6 +55,9 @@ TEST_F(HislipServerTest, ASecondConnectionNeedsASessionThatWaitsForOne) {
   EXPECT_EQ(First(Bytes("4853 11 00 00000001 0000000000000000")), refusal);
   EXPECT_EQ(First(Bytes("4853 11 00 00010001 0000000000000000")), refusal);
   EXPECT_FALSE(client.Synchronous.Finished());
+  HislipWire waiting = Connect();
+  waiting.Ask(Bytes("4853 00 00 01005858 0000000000000007") + "hislip0");
+  EXPECT_EQ(First(Bytes("4853 11 00 00010002 0000000000000000")), refusal);
 }
 
 TEST_F(HislipServerTest, NothingButAnInitializationBeginsAConnection) {
@@ -138,6 +141,15 @@ TEST_F(HislipServerTest, WhatIsNotKnownIsComplainedOfAndPassedOver) {
   EXPECT_EQ(client.Synchronous.Ask(Bytes("4853 08 00 00000000 0000000000000000")).substr(0, 8),
             Bytes("4853 03 00 00000000"));
   EXPECT_EQ(client.Synchronous.Ask(Bytes("4853 03 00 00000000 0000000000000000")), "");
+  EXPECT_EQ(client.Synchronous.Ask(Command("FFFFFF00", "*ESE?\n")), Answer("FFFFFF00", "0\n"));
+}
+
+TEST_F(HislipServerTest, WhatIsComplainedOfIsPassedOverToItsEnd) {
+  HislipWires client = Open();
+  const std::string refused = Command("FFFFFF00", "*ESE 7\n", "02");
+  EXPECT_EQ(client.Synchronous.Ask(refused.substr(0, 18)).substr(0, 8), Bytes("4853 03 02 00000000"));
+  EXPECT_EQ(client.Synchronous.Ask(refused.substr(18, 2)), "");
+  EXPECT_EQ(client.Synchronous.Ask(refused.substr(20)), "");
   EXPECT_EQ(client.Synchronous.Ask(Command("FFFFFF00", "*ESE?\n")), Answer("FFFFFF00", "0\n"));
 }
 

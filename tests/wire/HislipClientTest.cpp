@@ -170,5 +170,23 @@ TEST_F(HislipOpenTest, OpensAgainAfterAFailure) {
   EXPECT_EQ(SentSynchronous(), Bytes("4853 07 00 FFFFFF00 0000000000000001 41"));
 }
 
+TEST_F(HislipOpenTest, OfWhatWasBeforeNothingIsLeft) {
+  Open();
+  Ask("A?");
+  Client.AskForLocks();
+  Receive(Answer("FFFFFF00") + Bytes("4853 0D 00 FFFFFF00 0000000000000000"));
+  Open();
+  Receive(Answer("FFFFFF00"));
+  EXPECT_EQ(Answers, Strings({"12"}));
+  Client.ReceiveAsynchronous(Bytes("4853 19 01 00000001 0000000000000000"));
+  EXPECT_FALSE(Client.LockedByOthers());
+  Client.Write("A");
+  EXPECT_EQ(SentSynchronous(), Bytes("4853 07 00 FFFFFF00 0000000000000001 41"));
+  Client.Write("B");
+  Client.Open();
+  EXPECT_FALSE(Client.Writing());
+  EXPECT_EQ(SentSynchronous(), Bytes("4853 00 00 01005456 0000000000000007") + "hislip0");
+}
+
 } // namespace
 } // namespace portico::wire

@@ -8,11 +8,6 @@ namespace {
 class HislipExchangeTest : public HislipPeer {
 protected:
   void SetUp() override { Open(); }
-
-  /// An instrument's answer "12" to the message with this id, in one message.
-  static std::string Answer(std::string_view id) {
-    return Bytes("4853 07 00") + Bytes(id) + Bytes("0000000000000002 3132");
-  }
 };
 
 TEST_F(HislipExchangeTest, ACommandGoesOutInOneMessage) {
@@ -69,71 +64,6 @@ TEST_F(HislipExchangeTest, HalfAnAnswerIsNoneThatWasTaken) {
   Receive(Bytes("4853 06 00 FFFFFF00 0000000000000002 3132"));
   Client.Write("B");
   EXPECT_EQ(SentSynchronous(), Bytes("4853 07 00 FFFFFF02 0000000000000001 42"));
-}
-
-TEST_F(HislipExchangeTest, AnswersToOtherMessagesAreDropped) {
-  Receive(Answer("FFFFFEFE"));
-  Ask("A?");
-  Ask("B?");
-  Receive(Answer("FFFFFF00"));
-  Receive(Answer("FFFFFF04"));
-  Receive(Answer("FFFFFFFF"));
-  EXPECT_EQ(Answers, Strings());
-  Receive(Answer("FFFFFF02"));
-  EXPECT_EQ(Answers, Strings({"12"}));
-}
-
-TEST_F(HislipExchangeTest, AnAnswerIsTakenBackIfItsEndNamesAnotherMessage) {
-  Ask("A?");
-  Ask("B?");
-  Receive(Bytes("4853 06 00 FFFFFFFF 0000000000000002 3435"));
-  EXPECT_EQ(Partial, "45");
-  Receive(Answer("FFFFFF00"));
-  EXPECT_EQ(Answers, Strings());
-  Receive(Answer("FFFFFF02"));
-  EXPECT_EQ(Answers, Strings({"12"}));
-}
-
-TEST_F(HislipExchangeTest, AnAnswerWithAPartOfAnotherIsDroppedWhole) {
-  Ask("A?");
-  Receive(Bytes("4853 06 00 FFFFFF02 0000000000000002 3435"));
-  Receive(Answer("FFFFFF00"));
-  EXPECT_EQ(Answers, Strings());
-}
-
-TEST_F(HislipExchangeTest, TheRestOfAnAnswerDoesNotBeginTheNext) {
-  Ask("A?");
-  const std::string data = Bytes("4853 06 00 FFFFFFFF 0000000000000004 34353637");
-  Receive(data.substr(0, 18));
-  EXPECT_EQ(Partial, "45");
-  Partial.clear();
-  Ask("B?");
-  Receive(data.substr(18));
-  Receive(Bytes("4853 06 00 FFFFFFFF 0000000000000002 3839"));
-  EXPECT_EQ(Partial, "");
-  Receive(Answer("FFFFFF00") + Answer("FFFFFF02"));
-  EXPECT_EQ(Answers, Strings({"12"}));
-}
-
-TEST_F(HislipExchangeTest, NoAnswerIsTakenWhileACommandGoesOut) {
-  Ask("A?");
-  Client.Write("B?");
-  Receive(Answer("FFFFFF00"));
-  EXPECT_EQ(Answers, Strings());
-}
-
-TEST_F(HislipExchangeTest, NoAnswerIsTakenBeforeItsCommandIsOut) {
-  Client.Write("A?");
-  EXPECT_TRUE(Client.Writing());
-  Client.Output(HislipChannel::Synchronous);
-  Client.Sent(HislipChannel::Synchronous, 17);
-  EXPECT_TRUE(Client.Writing());
-  Receive(Answer("FFFFFF00"));
-  EXPECT_EQ(Answers, Strings());
-  SentSynchronous();
-  EXPECT_FALSE(Client.Writing());
-  Receive(Answer("FFFFFF00"));
-  EXPECT_EQ(Answers, Strings({"12"}));
 }
 
 TEST_F(HislipExchangeTest, ToldOfAnInterruptionTheClientDropsAnswersUpToIt) {

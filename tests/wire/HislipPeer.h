@@ -56,6 +56,11 @@ protected:
     SentSynchronous();
   }
 
+  /// An instrument's answer "12" to the message with this id, in one message.
+  static std::string Answer(std::string_view id) {
+    return Bytes("4853 07 00") + Bytes(id) + Bytes("0000000000000002 3132");
+  }
+
   HislipClient Client = HislipClient("hislip0");
   std::vector<std::string> Answers;
   std::string Partial;

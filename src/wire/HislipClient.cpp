@@ -22,17 +22,9 @@ std::string Told(std::string_view kind, const HislipPiece& piece) {
 HislipClient::HislipClient(std::string subAddress) : m_subAddress(std::move(subAddress)) {}
 
 void HislipClient::Open() {
-  m_synchronous = {
-      HislipMessage(HislipType::Initialize, 0, HislipVersionAnd(HislipVersion1, HislipVendorId), m_subAddress)};
-  m_asynchronous = {};
-  m_answers.Reset();
-  m_failure.clear();
-  m_complaint.clear();
-  m_askingForLocks = m_lockedByOthers = false;
-  m_nextId = HislipFirstMessageId;
-  m_delivered = false;
-  m_composing = m_writing = false;
-  m_interruptions = 0;
+  *this = HislipClient(m_subAddress);
+  m_synchronous.Bytes =
+      HislipMessage(HislipType::Initialize, 0, HislipVersionAnd(HislipVersion1, HislipVendorId), m_subAddress);
   m_phase = Phase::InitializeResponse;
   if (m_subAddress.size() <= HislipLongestText) return;
   Fail("the device name has " + std::to_string(m_subAddress.size()) + " bytes",

@@ -63,6 +63,7 @@ TEST_F(FaultyConnectionTest, EndsInPlaceOfAnAnswer) {
   EXPECT_EQ(Collected(), "1\n");
   EXPECT_TRUE(m_connection->Finished(false));
   EXPECT_FALSE(m_connection->NextEvent());
+  EXPECT_EQ(Collected(), "");
   Connect();
   Send("SIM:ECHO? 4\n");
   EXPECT_EQ(Collected(), "4\n");

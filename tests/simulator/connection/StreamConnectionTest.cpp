@@ -220,6 +220,16 @@ TEST(StreamConnection, AReasonThatIsGoneBetweenTwoPollsIsANewOne) {
   EXPECT_EQ(session.Connection().SerialPoll(false, session.Now()), 4 + 64);
 }
 
+TEST(StreamConnection, AnAnswerBehindADeviceClearIsANewReasonToo) {
+  Session session;
+  session.Send("*SRE 16");
+  session.Send("*ESE?");
+  EXPECT_EQ(session.Connection().SerialPoll(true, session.Now()), 16 + 64);
+  session.Connection().Clear(session.Now());
+  session.Send("*ESE?");
+  EXPECT_EQ(session.Connection().SerialPoll(true, session.Now()), 16 + 64);
+}
+
 TEST(StreamConnection, EachAnswerIsANewReasonForService) {
   Session session;
   session.Send("*SRE 16");

@@ -97,6 +97,21 @@ TEST(AnswerFault, TheRateChoosesAmongItsFaults) {
   EXPECT_GT(late, 20);
 }
 
+TEST(AnswerFault, ARateWithoutFaultsIsThatOfAll) {
+  int lost = 0;
+  int late = 0;
+  for (int i = 0; i < 100; ++i) {
+    Session session;
+    session.Send("SIM:SEED " + std::to_string(i) + ";RATE 1");
+    const auto asked = session.Now();
+    lost += session.Ask(Echo(i)) == "(none)" ? 1 : 0;
+    late += session.Now() - asked == milliseconds(100) ? 1 : 0;
+  }
+  EXPECT_GT(lost, 0);
+  EXPECT_GT(late, 0);
+  EXPECT_LT(lost + late, 60);
+}
+
 TEST(AnswerFault, AResetLeavesTheRateAlone) {
   Session session;
   session.Send("SIM:RATE 1,LOST;*RST");

@@ -164,6 +164,16 @@ TEST_F(HislipDialogueTest, ADeviceClearDropsWhatWasSaidAndIsToBeSaid) {
   EXPECT_EQ(Error("FFFFFF02"), "0,\"No error\"");
 }
 
+TEST_F(HislipDialogueTest, ADeviceClearMayComeAmidAMessage) {
+  const std::string broken = Command("FFFFFF00", "*ESE 7\n");
+  m_client.Synchronous.Ask(broken.substr(0, 18));
+  m_client.Asynchronous.Ask(Bytes("4853 13 00 00000000 0000000000000000"));
+  EXPECT_EQ(m_client.Synchronous.Ask(broken.substr(18) + Bytes("4853 08 00 00000000 0000000000000000")),
+            Bytes("4853 09 00 00000000 0000000000000000"));
+  EXPECT_EQ(Error("FFFFFF00", "01"), "-410,\"Query INTERRUPTED\"");
+  EXPECT_EQ(Say("FFFFFF02", "*ESE?\n", "01"), Answer("FFFFFF02", "0\n"));
+}
+
 TEST_F(HislipDialogueTest, OverlappedModeIsNotToBeHad) {
   m_client.Asynchronous.Ask(Bytes("4853 13 00 00000000 0000000000000000"));
   EXPECT_EQ(m_client.Synchronous.Ask(Bytes("4853 08 01 00000000 0000000000000000")),
@@ -186,6 +196,15 @@ TEST_F(HislipDialogueTest, NoMoreIsTakenThanThereIsRoomFor) {
   EXPECT_EQ(count, 18);
   m_now += milliseconds(1000);
   m_client.Synchronous.Collected();
+  EXPECT_TRUE(m_client.Synchronous.AcceptsInput());
+}
+
+TEST_F(HislipDialogueTest, ADeviceClearMakesRoom) {
+  Say("FFFFFF00", "SIM:DEL 1;ECHO? 1\n");
+  const std::string command = Bytes("4853 07 00 FFFFFF02 000000000000EA60") + std::string(60000, ' ');
+  while (m_client.Synchronous.AcceptsInput()) m_client.Synchronous.Send(command);
+  m_client.Asynchronous.Ask(Bytes("4853 13 00 00000000 0000000000000000"));
+  m_client.Synchronous.Ask(Bytes("4853 08 00 00000000 0000000000000000"));
   EXPECT_TRUE(m_client.Synchronous.AcceptsInput());
 }
 

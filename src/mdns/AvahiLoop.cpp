@@ -24,9 +24,10 @@ int AvahiLoop::Connect(AvahiClientFlags flags, StateHandler onState) {
 }
 
 int AvahiLoop::Run() {
-  while (m_error == 0 && m_avahi.SimplePollIterate(m_poll.get(), -1) == 0) continue;
+  int ended = 0;
+  while (m_error == 0 && ended == 0) ended = m_avahi.SimplePollIterate(m_poll.get(), -1);
   if (m_thrown) std::rethrow_exception(std::exchange(m_thrown, nullptr));
-  return m_error;
+  return ended < 0 ? AVAHI_ERR_OS : m_error;
 }
 
 void AvahiLoop::OnOrder(AvahiWatch*, int, AvahiWatchEvent, void* self) { static_cast<AvahiLoop*>(self)->Quit(); }

@@ -23,8 +23,8 @@ public:
   /// Answers 0 or avahi's error. What the daemon does is told to the handler from here on, for the first time before
   /// this returns.
   int Connect(AvahiClientFlags flags, StateHandler onState);
-  /// Returns when it was cancelled, with 0, or when the connection has failed, with avahi's error. Throws what a
-  /// handler has thrown.
+  /// Returns when it was cancelled, with 0, or when the connection has failed or nothing can be waited for, with
+  /// avahi's error. Throws what a handler has thrown.
   int Run();
 
   const AvahiLibrary& Avahi() const { return m_avahi; }

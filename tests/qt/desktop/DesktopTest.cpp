@@ -88,19 +88,49 @@ TEST_F(SettingsStoreTest, KeepsAnyTextForTheNextRun) {
 }
 
 TEST_F(SettingsStoreTest, KeepsTextThatProgramsWithoutTheToolkitRead) {
+  using namespace std::string_literals;
   qt::SettingsStore window(folder.filePath("Portico"));
   SavedSettings saved(folder.path().toStdString());
-  for (const String& value : {String(u""), String(u" a, b ;\"c\" "), String(u"@Variant(x)"), String(u"@"),
-                              String(u"%41\\"), String(u"\u00e4\u20ac\U0001F600"), String(u"two\r\nlines"),
-                              String(u"\x01"
-                                     u"f\x7f\u0085"),
-                              String(u"\t[a]\t"), String(u"a\0b", 3),
-                              String(u"\0"
-                                     u"1",
-                                     2),
-                              String(u"#a=b"), String(u"TCPIP::192.0.2.7::hislip0,4881::INSTR")}) {
+  for (const String& value : {u""s,
+                              u" a, b ;\"c\" "s,
+                              u"@Variant(x)"s,
+                              u"@"s,
+                              u"%41\\"s,
+                              u"\u00e4\u20ac\U0001F600"s,
+                              u"two\r\nlines"s,
+                              u"\u0001f\u007f\u0085"s,
+                              u"\t[a]\t"s,
+                              u"a\0b"s,
+                              u"\u00001"s,
+                              u"#a=b"s,
+                              u"TCPIP::192.0.2.7::hislip0,4881::INSTR"s,
+                              u"  "s,
+                              u"\""s,
+                              u"\\"s,
+                              u","s,
+                              u";"s,
+                              u"="s,
+                              u"\u00a0a"s,
+                              u"@Invalid()"s,
+                              u"@String(a)"s,
+                              u"%20\\x41\\"s}) {
     window.SaveSetting(u"Portico", u"Options", u"Key", value);
     EXPECT_EQ(saved.GetSetting(u"Portico", u"Options", u"Key", u"none"), value);
+  }
+}
+
+/// The window saves none.
+TEST_F(SettingsStoreTest, ListIsNoTextForProgramsWithoutTheToolkitUnlessItHasOneEntry) {
+  QDir(folder.path()).mkdir("Portico");
+  QSettings settings(folder.filePath("Portico/Portico.conf"), QSettings::IniFormat);
+  SavedSettings saved(folder.path().toStdString());
+  const std::vector<std::pair<QStringList, std::string>> lists = {
+      {{}, "none"},           {{"a", "b"}, "none"}, {{"", "a"}, "none"}, {{"a", ""}, "none"},
+      {{"", "", ""}, "none"}, {{""}, ""},           {{"a"}, "a"},        {{" a,\"b\\"}, " a,\"b\\"}};
+  for (const auto& [list, text] : lists) {
+    settings.setValue("Options/Key", list);
+    settings.sync();
+    EXPECT_EQ(ToUtf8(saved.GetSetting(u"Portico", u"Options", u"Key", u"none")), text) << list.join('|').toStdString();
   }
 }
 
@@ -143,6 +173,8 @@ TEST(UserSettingsTest, StandInTheUsersOwnFile) {
   EXPECT_EQ(qt::SettingsStore().GetSetting(u"Portico tests", u"Section", u"Key", u""), u"value");
   const QSettings settings("Portico tests", "Portico tests");
   EXPECT_EQ(settings.value("Section/Key").toString(), "value");
+  SavedSettings saved(QFileInfo(settings.fileName()).dir().filePath("..").toStdString());
+  EXPECT_EQ(saved.GetSetting(u"Portico tests", u"Section", u"Key", u""), u"value");
   QFile::remove(settings.fileName());
 }
 

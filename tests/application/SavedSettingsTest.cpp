@@ -31,7 +31,7 @@ protected:
 };
 
 TEST_F(SavedSettingsTest, AreFoundBySectionAndKey) {
-  Save("[Before]\nName1=a\n\n[Opened]\nName1=b\nName10=c\n\n[Behind]\nName1=d\nName2=e\n");
+  Save("[Before]\nName1=a\n\n[Opened]\nName1=b\nName10=c\n\n[OpenedAlike]\nName1=d\nName2=e\n");
   EXPECT_EQ(Get(), "b");
   EXPECT_EQ(Get(u"Name10"), "c");
   EXPECT_EQ(Get(u"Name2"), "none");
@@ -50,6 +50,7 @@ TEST_F(SavedSettingsTest, ReadWhatTheWindowsToolkitWrites) {
   EXPECT_EQ(Read("ASRL/dev/\u00e4::INSTR"), "ASRL/dev/\u00e4::INSTR");
   EXPECT_EQ(Read("a\\r\\n\\tb\\x1\\x66"), "a\r\n\tb\x01"
                                           "f");
+  EXPECT_EQ(Read("\\a\\b\\f\\v"), "\a\b\f\v");
   EXPECT_EQ(Read("\\x20aC"), "\u20ac");
   EXPECT_EQ(Read("@@a"), "@a");
   EXPECT_EQ(Read(""), "");
@@ -58,13 +59,15 @@ TEST_F(SavedSettingsTest, ReadWhatTheWindowsToolkitWrites) {
 TEST_F(SavedSettingsTest, ReadWhatAUserHasWrittenByHand) {
   Save("; Name1=a\n[Opened]\r\n#Name1=b\r\n  Name1 = c d \r\nrubbish\r\n");
   EXPECT_EQ(Get(), "c d");
-  Save("[Opened]\nName1=a\nName1=b");
+  EXPECT_EQ(Read("\ta\\1018\\9\t"), "aA89");
+  Save("[Opened]\nName1=a\nName1=b\nName1");
   EXPECT_EQ(Get(), "b");
 }
 
 TEST_F(SavedSettingsTest, AreNoTextWhereTheValueIsSomethingElse) {
   EXPECT_EQ(Read("a, b"), "none");
   EXPECT_EQ(Read("@Invalid()"), "none");
+  EXPECT_EQ(Read("@String(a"), "none");
 }
 
 TEST_F(SavedSettingsTest, EndWithAnEscapeThatIsCutOff) {

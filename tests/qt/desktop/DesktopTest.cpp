@@ -99,6 +99,7 @@ TEST_F(SettingsStoreTest, KeepsTextThatProgramsWithoutTheToolkitRead) {
                               u"\u00e4\u20ac\U0001F600"s,
                               u"two\r\nlines"s,
                               u"\u0001f\u007f\u0085"s,
+                              u"\a\b\f\v"s,
                               u"\t[a]\t"s,
                               u"a\0b"s,
                               u"\u00001"s,

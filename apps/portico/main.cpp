@@ -39,7 +39,8 @@ struct Wiring {
     auto [driver, notice] = ChooseDriver({.Clock = m_clock, .Cancellation = &cancellation});
     gInstrumentDriver = std::move(driver);
     Notice = FromUtf8(notice).Text;
-    gInstrumentList = std::make_shared<KnownInstruments>(discovery::AttachedNames);
+    gInstrumentList = std::make_shared<KnownInstruments>(
+        [](const std::vector<String>& known) { return discovery::AttachedNames(known); });
     gInstrumentSearch = std::make_shared<discovery::InstrumentSearch>();
     gRegistry = std::make_shared<DriverRegistry>(ToUtf8(ApplicationVersion()));
   }

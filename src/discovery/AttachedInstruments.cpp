@@ -1,6 +1,7 @@
 #include "discovery/AttachedInstruments.h"
 
 #include "discovery/ListedInstrument.h"
+#include "discovery/ToldInstruments.h"
 #include "drivers/usbtmc/UsbtmcList.h"
 #include "drivers/usbtmc/UsbtmcSystem.h"
 #include "system/FirstLine.h"
@@ -115,9 +116,12 @@ std::vector<FoundInstrument> AttachedInstruments(const DeviceFolders& folders) {
   return std::move(collector.Instruments);
 }
 
-std::vector<String> AttachedNames() {
+std::vector<String> AttachedNames(const std::vector<String>& known, const DeviceFolders& folders) {
+  ToldInstruments told(known);
   std::vector<String> names;
-  for (FoundInstrument& instrument : AttachedInstruments()) names.push_back(std::move(instrument.Name));
+  for (FoundInstrument& instrument : AttachedInstruments(folders)) {
+    if (told.Add(instrument.Name)) names.push_back(std::move(instrument.Name));
+  }
   return names;
 }
 

@@ -17,7 +17,7 @@ struct DeviceFolders {
 /// opened.
 std::vector<FoundInstrument> AttachedInstruments(const DeviceFolders& folders = {});
 
-/// Their names alone.
-std::vector<String> AttachedNames();
+/// The names alone, of those that no name of `known` opens.
+std::vector<String> AttachedNames(const std::vector<String>& known, const DeviceFolders& folders = {});
 
 } // namespace portico::discovery

@@ -1,15 +1,16 @@
 #include "discovery/InstrumentSearch.h"
 
 #include "discovery/AttachedInstruments.h"
-#include "discovery/ListedInstrument.h"
 
 #include <iterator>
 #include <system_error>
 #include <utility>
 
 namespace portico::discovery {
-void InstrumentSearch::Start() {
+
+void InstrumentSearch::Start(const std::vector<String>& known) {
   Stop();
+  m_told = ToldInstruments(known);
   m_attached = AttachedInstruments();
   m_vxi11.emplace();
   try {
@@ -27,9 +28,7 @@ std::vector<FoundInstrument> InstrumentSearch::Take() {
   };
   append(m_vxi11);
   append(m_mdns);
-  std::erase_if(found, [this](const FoundInstrument& instrument) {
-    return m_told.size() >= MostListed || !m_told.insert(instrument.Name).second;
-  });
+  std::erase_if(found, [this](const FoundInstrument& instrument) { return !m_told.Add(instrument.Name); });
   return found;
 }
 
@@ -37,7 +36,6 @@ void InstrumentSearch::Stop() noexcept {
   m_mdns.reset();
   m_vxi11.reset();
   m_attached.clear();
-  m_told.clear();
 }
 
 } // namespace portico::discovery

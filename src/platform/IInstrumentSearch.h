@@ -19,9 +19,9 @@ class IInstrumentSearch {
 public:
   virtual ~IInstrumentSearch() = default;
 
-  /// Forgets what was not taken, and asks anew.
-  virtual void Start() = 0;
-  /// What has come since it was last asked. A name may come more than once.
+  /// Forgets what was not taken, and asks anew for all that no name of `known` opens, however it is spelt.
+  virtual void Start(const std::vector<String>& known) = 0;
+  /// What has come since it was last asked. Each instrument comes once.
   virtual std::vector<FoundInstrument> Take() = 0;
   /// From now on nothing comes until the next start.
   virtual void Stop() noexcept = 0;

@@ -35,9 +35,8 @@ protected:
     Write("sys/devices/" + device + "/if/bInterfaceNumber", interface + "\n");
     Link("sys/class/usbmisc/" + node + "/device", "sys/devices/" + device + "/if");
   }
-  Texts Attached() const {
-    return test::FoundTexts(AttachedInstruments({.Devices = Devices(), .System = m_folder.At("sys")}));
-  }
+  DeviceFolders Folders() const { return {.Devices = Devices(), .System = m_folder.At("sys")}; }
+  Texts Attached() const { return test::FoundTexts(AttachedInstruments(Folders())); }
 
 private:
   test::TemporaryFolder m_folder;
@@ -96,6 +95,15 @@ TEST_F(AttachedInstrumentsTest, SerialNumberThatNoNameCanHoldIsLeftOutOfIt) {
   WriteUsbDevice("1-2", "M7", "SN::1");
   AddUsbtmc("usbtmc0", "1-2", "00");
   EXPECT_EQ(Attached(), Texts{"USB0::0x1234::0xABCD::::0::INSTR|Tolvane, M7, SN::1"});
+}
+
+TEST_F(AttachedInstrumentsTest, NamesAreThoseOfWhatIsNotKnownHoweverItIsSpelt) {
+  WriteUsbDevice("1-2", "M7", "SN1");
+  AddUsbtmc("usbtmc0", "1-2", "00");
+  WriteUsbDevice("1-3", "M8", "SN2");
+  AddUsbtmc("usbtmc1", "1-3", "00");
+  EXPECT_EQ(AttachedNames({u"usb::4660::0xabcd::SN1::instr"}, Folders()),
+            std::vector<String>{u"USB0::0x1234::0xABCD::SN2::0::INSTR"});
 }
 
 } // namespace

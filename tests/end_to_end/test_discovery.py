@@ -73,6 +73,18 @@ class Announced(DiscoveryCase):
         self.announce("Web Meter", 3, ("_lxi._tcp", 80))
         self.list_until("TCPIP0::192.0.2.13::inst0::INSTR\tWeb Meter")
 
+    def test_one_that_was_opened_before_is_listed_as_it_was_written_then(self):
+        self.announce("Known Meter", 4, ("_vxi-11._tcp", 111))
+        found = "TCPIP0::192.0.2.14::inst0::INSTR"
+        self.list_until(found + "\tKnown Meter")
+        with tempfile.TemporaryDirectory() as settings:
+            os.mkdir(settings + "/Tolvane Portico")
+            with open(settings + "/Tolvane Portico/Tolvane Portico.conf", "w") as file:
+                file.write("[OpenedInstruments]\nName1=tcpip::192.0.2.14::instr\n")
+            listed = self.list(1000, {"XDG_CONFIG_HOME": settings})
+        self.assertEqual(listed[:4], ["tcpip::192.0.2.14::instr", *SIMULATED])
+        self.assertFalse([line for line in listed if line.startswith(found)], listed)
+
 
 class Simulators(DiscoveryCase):
     def simulator(self, *arguments, environment=None):

@@ -4,6 +4,7 @@
 #include "memory/desktop/InstrumentList.h"
 #include "memory/desktop/InstrumentSearch.h"
 #include "support/doubles/ManualClock.h"
+#include "terminal/FlushRecorder.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +24,8 @@ protected:
   std::string List(std::int32_t time) {
     const auto begin = m_clock.Now();
     m_clock.OnWait = [&](std::chrono::milliseconds) {
+      EXPECT_TRUE(Search.IsRunning());
+      m_waitingWith = Output.str();
       while (!m_answers.empty() && m_clock.Now() - begin >= m_answers.front().first) {
         Search.Find(m_answers.front().second.Name, m_answers.front().second.Description);
         m_answers.erase(m_answers.begin());
@@ -38,6 +41,7 @@ protected:
   std::ostringstream Output;
   bool m_went = false;
   milliseconds m_took{};
+  std::string m_waitingWith; // what was listed when the last wait began
 
 private:
   test::ManualClock m_clock;
@@ -54,6 +58,21 @@ TEST_F(InstrumentListerTest, AnswersComeBehindWithWhatTheySayOfThemselves) {
   FindAfter(milliseconds(0), u"d", u"Tolvane, M7");
   FindAfter(milliseconds(500), u"c");
   EXPECT_EQ(List(1000), "a\nb\nd\tTolvane, M7\nc\n");
+  EXPECT_EQ(m_waitingWith, Output.str());
+}
+
+TEST_F(InstrumentListerTest, EachLineIsWrittenAsItComes) {
+  test::FlushRecorder recorder;
+  Output.std::ios::rdbuf(&recorder);
+  FindAfter(milliseconds(100), u"c");
+  FindAfter(milliseconds(500), u"d");
+  List(1000);
+  EXPECT_EQ(recorder.Flushed, (std::vector<std::string>{"a\n", "a\nb\n", "a\nb\nc\n", "a\nb\nc\nd\n"}));
+}
+
+TEST_F(InstrumentListerTest, AnswerBetweenTheLastLookAndTheEndIsListed) {
+  FindAfter(milliseconds(100), u"c");
+  EXPECT_EQ(List(150), "a\nb\nc\n");
 }
 
 TEST_F(InstrumentListerTest, EndsAfterItsTime) {
@@ -68,16 +87,15 @@ TEST_F(InstrumentListerTest, TimeMayBeShorterThanThatBetweenTwoLooks) {
   EXPECT_EQ(m_took, milliseconds(1));
 }
 
-TEST_F(InstrumentListerTest, EachNameComesOnceWhateverItsCase) {
-  FindAfter(milliseconds(0), u"A", u"Tolvane");
-  FindAfter(milliseconds(200), u"c");
-  FindAfter(milliseconds(400), u"C");
-  EXPECT_EQ(List(1000), "a\nb\nc\n");
+TEST_F(InstrumentListerTest, WhatIsKnownIsNotSearchedFor) {
+  List(1000);
+  EXPECT_EQ(Search.Known(), (std::vector<String>{u"a", u"b"}));
 }
 
 TEST_F(InstrumentListerTest, ControlCharactersDoNotReachATerminal) {
+  Known.Items({u"Visa->\x1B[1m"});
   FindAfter(milliseconds(0), u"c", u"\x1B[2J");
-  EXPECT_EQ(List(1000), "a\nb\nc\t?[2J\n");
+  EXPECT_EQ(List(1000), "?[1m\nc\t?[2J\n");
 }
 
 TEST_F(InstrumentListerTest, OutputThatCannotBeWrittenEndsIt) {

@@ -6,8 +6,9 @@
 
 namespace portico::memory {
 
-void InstrumentSearch::Start() {
+void InstrumentSearch::Start(const std::vector<String>& known) {
   RaiseIfTold();
+  m_known = known;
   m_isRunning = true;
   m_found.clear();
 }

@@ -11,7 +11,7 @@ namespace portico::memory {
 /// A search that finds what it is told to.
 class InstrumentSearch final : public IInstrumentSearch {
 public:
-  void Start() override;
+  void Start(const std::vector<String>& known) override;
   std::vector<FoundInstrument> Take() override;
   void Stop() noexcept override;
 
@@ -20,12 +20,15 @@ public:
   /// From now on whoever starts or takes gets the error.
   void Fail(std::int32_t error) { m_error = error; }
   bool IsRunning() const { return m_isRunning; }
+  /// What it need not look for.
+  const std::vector<String>& Known() const { return m_known; }
   /// How often it was asked for what has come.
   int TimesTaken() const { return m_timesTaken; }
 
 private:
   void RaiseIfTold() const;
 
+  std::vector<String> m_known;
   std::vector<FoundInstrument> m_found;
   std::int32_t m_error = 0;
   bool m_isRunning = false;

@@ -40,14 +40,15 @@ Names OpenedBefore() {
 
 String Item(StringView name) { return (IsSimulated(name) ? u"VInstr->" : u"Visa->") + String(name); }
 
-void Append(Names& names, StringView name) {
-  if (!IsIn(names, name)) names.emplace_back(name);
-}
-
-Names Items(const Names& attached) {
+Names Items(const KnownInstruments::Attached& attached) {
   Names names = OpenedBefore();
-  for (StringView name : Simulated) Append(names, name);
-  for (const String& name : attached) Append(names, name);
+  for (StringView name : Simulated) {
+    if (!IsIn(names, name)) names.emplace_back(name);
+  }
+  if (attached) {
+    const Names others = attached(names);
+    names.insert(names.end(), others.begin(), others.end());
+  }
   std::transform(names.begin(), names.end(), names.begin(), [](const String& name) { return Item(name); });
   return names;
 }
@@ -80,7 +81,7 @@ private:
 
 std::unique_ptr<IInstrumentTree> KnownInstruments::OpenTree(std::int32_t Kind) {
   if (Kind != InstrumentTreeKind) return std::make_unique<Tree>([] { return Names(); });
-  return std::make_unique<Tree>([attached = m_attached] { return Items(attached ? attached() : Names()); });
+  return std::make_unique<Tree>([attached = m_attached] { return Items(attached); });
 }
 
 void KnownInstruments::Remember(const String& name) {

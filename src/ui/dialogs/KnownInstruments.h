@@ -13,8 +13,11 @@ namespace portico {
 /// instruments' own is empty.
 class KnownInstruments final : public IInstrumentList {
 public:
-  /// `attached` tells the names of what is attached at the moment, each time that a branch is selected.
-  explicit KnownInstruments(std::function<std::vector<String>()> attached = {}) : m_attached(std::move(attached)) {}
+  /// Tells the names of what is attached at the moment and not known already by the names that it is given.
+  using Attached = std::function<std::vector<String>(const std::vector<String>& known)>;
+
+  /// `attached` is asked each time that a branch is selected.
+  explicit KnownInstruments(Attached attached = {}) : m_attached(std::move(attached)) {}
 
   std::unique_ptr<IInstrumentTree> OpenTree(std::int32_t Kind) override;
 
@@ -23,7 +26,7 @@ public:
   static void Remember(const String& name);
 
 private:
-  std::function<std::vector<String>()> m_attached;
+  Attached m_attached;
 };
 
 } // namespace portico

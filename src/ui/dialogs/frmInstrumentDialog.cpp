@@ -10,11 +10,10 @@ namespace {
 
 constexpr std::int32_t SearchInterval = 200; // milliseconds
 
-bool IsListed(const IComboBox& list, StringView name) {
-  for (std::int32_t i = 0; i < list.ListCount(); ++i) {
-    if (EqualNoCase(list.List(i), name)) return true;
-  }
-  return false;
+std::vector<String> Entries(const IComboBox& list) {
+  std::vector<String> entries;
+  for (std::int32_t i = 0; i < list.ListCount(); ++i) entries.push_back(list.List(i));
+  return entries;
 }
 
 } // namespace
@@ -56,7 +55,7 @@ void frmInstrumentDialog::BeginSearch() {
   On(m_tmrSearch->Timer(), u"frmInstrumentDialog.tmrSearch_Timer", [this] { AppendFound(); });
   m_tmrSearch->Interval(SearchInterval);
   m_search = gInstrumentSearch;
-  m_search->Start();
+  m_search->Start(Entries(Control<IComboBox>(u"txtInstrument")));
   m_tmrSearch->Enabled(true);
 }
 
@@ -69,9 +68,7 @@ void frmInstrumentDialog::EndSearch() noexcept {
 void frmInstrumentDialog::AppendFound() {
   m_tmrSearch->Enabled(false); // for good if this fails
   auto& list = Control<IComboBox>(u"txtInstrument");
-  for (const FoundInstrument& found : m_search->Take()) {
-    if (!IsListed(list, found.Name)) list.AddItem(found.Name);
-  }
+  for (const FoundInstrument& found : m_search->Take()) list.AddItem(found.Name);
   m_tmrSearch->Enabled(true);
 }
 

@@ -29,7 +29,7 @@ private:
 
   void BeginSearch();
   void EndSearch() noexcept;
-  /// Appends what has been found to the list, each name once; text and selection stay as they are.
+  /// Appends what has been found to the list; text and selection stay as they are.
   void AppendFound();
 
   std::shared_ptr<IInstrumentSearch> m_search; // while it is on

@@ -2,7 +2,6 @@
 
 #include "discovery/ListedInstrument.h"
 #include "discovery/ServiceNames.h"
-#include "mdns/ServiceBrowser.h"
 
 #include <mutex>
 #include <utility>
@@ -34,9 +33,10 @@ private:
   std::vector<FoundInstrument> m_waiting;
 };
 
-MdnsSearch::MdnsSearch()
-    : m_finds(std::make_shared<Finds>()), m_task([finds = m_finds](const system::Cancellation& cancellation) {
-        mdns::BrowseServices(ServiceNames::Types(), *finds, cancellation);
+MdnsSearch::MdnsSearch(Browse browse)
+    : m_finds(std::make_shared<Finds>()),
+      m_task([finds = m_finds, browse = std::move(browse)](const system::Cancellation& cancellation) {
+        browse(ServiceNames::Types(), *finds, cancellation);
       }) {}
 
 MdnsSearch::~MdnsSearch() = default;

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "mdns/ServiceBrowser.h"
 #include "platform/IInstrumentSearch.h"
 #include "system/BackgroundTask.h"
 
+#include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace portico::discovery {
@@ -12,8 +15,12 @@ namespace portico::discovery {
 /// on a thread of their own, which nobody waits for.
 class MdnsSearch {
 public:
+  /// What looks for services; see `mdns::BrowseServices`.
+  using Browse = std::function<void(const std::vector<std::string>& types, mdns::IServiceListener& listener,
+                                    const system::Cancellation& cancellation)>;
+
   /// Finds nothing where there is no avahi. Fails with `std::system_error`.
-  MdnsSearch();
+  explicit MdnsSearch(Browse browse = mdns::BrowseServices);
   ~MdnsSearch();
   MdnsSearch(const MdnsSearch&) = delete;
   MdnsSearch& operator=(const MdnsSearch&) = delete;

@@ -78,7 +78,8 @@ TEST_F(AttachedInstrumentsTest, LinkToNothingIsNotListed) {
 }
 
 TEST_F(AttachedInstrumentsTest, AdaptersWithoutALinkStandInTheOrderOfTheirNumbers) {
-  for (const char* port : {"ttyUSB10", "ttyUSB9", "ttyACM0", "ttyUSBx", "tty1"}) Write(std::string("dev/") + port, "");
+  for (const char* port : {"ttyUSB10", "ttyUSB9", "ttyACM0", "ttyUSBx", "ttyUSB", "tty1"})
+    Write(std::string("dev/") + port, "");
   EXPECT_EQ(Attached(), (Texts{"ASRL" + Devices() + "/ttyUSB9::INSTR|", "ASRL" + Devices() + "/ttyUSB10::INSTR|",
                                "ASRL" + Devices() + "/ttyACM0::INSTR|"}));
 }

@@ -46,6 +46,12 @@ TEST(ServiceNamesTest, WhatItDoesNotTellIsLeftOut) {
   EXPECT_EQ(Added({"_scpi-raw._tcp", "Meter", "192.0.2.7", 5025, {"model=M7", "SerialNumber=", "Manufacturer"}}),
             "TCPIP0::192.0.2.7::5025::SOCKET|M7");
   EXPECT_EQ(Added({"_hislip._tcp", "Meter", "192.0.2.7", 4880, {"path=/"}}), "TCPIP0::192.0.2.7::hislip0::INSTR|Meter");
+  EXPECT_EQ(Added({"_hislip._tcp", "Meter", "192.0.2.7", 4880, {"Model="}}), "TCPIP0::192.0.2.7::hislip0::INSTR|Meter");
+}
+
+TEST(ServiceNamesTest, WhatItTellsTwiceIsWhatItTellsFirst) {
+  EXPECT_EQ(Added({"_hislip._tcp", "Meter", "192.0.2.7", 4880, {"Model=M7", "model=M8"}}),
+            "TCPIP0::192.0.2.7::hislip0::INSTR|M7");
 }
 
 TEST(ServiceNamesTest, WhateverItTellsIsOneLineOfText) {
@@ -60,6 +66,12 @@ TEST(ServiceNamesTest, WebPageAloneStandsForVxi11OnceAllHaveAnswered) {
   EXPECT_FALSE(names.Add({"_lxi._tcp", "Meter", "192.0.2.7", 80, {"Model=M7"}}));
   EXPECT_EQ(FoundTexts(names.Settle()), Texts{"TCPIP0::192.0.2.7::inst0::INSTR|M7"});
   EXPECT_EQ(FoundTexts(names.Settle()), Texts{});
+}
+
+TEST(ServiceNamesTest, WebPageThatIsHeardTwiceComesOnce) {
+  ServiceNames names;
+  for (int i = 0; i < 2; ++i) names.Add({"_lxi._tcp", "Meter", "192.0.2.7", 80});
+  EXPECT_EQ(FoundTexts(names.Settle()), Texts{"TCPIP0::192.0.2.7::inst0::INSTR|Meter"});
 }
 
 TEST(ServiceNamesTest, WebPageOfAnInstrumentThatHasTalkedOtherwiseSaysNothingMore) {

@@ -48,7 +48,7 @@ std::vector<fs::path> Numbered(const fs::path& folder, std::string_view beginnin
 fs::path UsbDevice(const fs::path& link) {
   std::error_code error;
   fs::path place = fs::canonical(link, error);
-  constexpr int levels = 4; // port, interface, device
+  constexpr int levels = 3; // port, interface, device
   for (int i = 0; i < levels && !error && place.has_relative_path(); ++i, place = place.parent_path()) {
     if (fs::exists(place / "idVendor", error)) return place;
   }

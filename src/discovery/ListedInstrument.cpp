@@ -19,9 +19,9 @@ String OnOneLine(std::string_view bytes) {
 std::optional<FoundInstrument> ListedInstrument(std::string_view name, const std::vector<std::string>& facts) {
   const auto parsed = drivers::ResourceName::Parse(name);
   const auto* known = std::get_if<drivers::ResourceName>(&parsed);
-  const Utf8Text text = FromUtf8(name);
-  if (known == nullptr || known->Canonical() != name || text.BadByte || FindOutsideCodePage(text.Text)) return {};
-  FoundInstrument instrument{text.Text, {}};
+  const String text = FromUtf8(name).Text; // whose marks of bad bytes are in no code page
+  if (known == nullptr || known->Canonical() != name || FindOutsideCodePage(text)) return {};
+  FoundInstrument instrument{text, {}};
   for (const std::string& fact : facts) {
     const String line = OnOneLine(fact);
     if (line.empty()) continue;

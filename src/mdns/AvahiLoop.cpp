@@ -16,8 +16,6 @@ AvahiLoop::AvahiLoop(const AvahiLibrary& avahi, const system::Cancellation& canc
 
 int AvahiLoop::Connect(AvahiClientFlags flags, StateHandler onState) {
   m_onState = std::move(onState);
-  m_client.reset();
-  m_error = 0;
   int error = 0;
   m_client.reset(m_avahi.ClientNew(m_avahi.SimplePollGet(m_poll.get()), flags, &OnState, this, &error));
   return m_client ? 0 : error;

@@ -12,10 +12,13 @@
 #include "framework/shared/Application.h"
 #include "qt/Toolkit.h"
 #include "qt/loop/EventLoop.h"
+#include "system/BackgroundTask.h"
 #include "system/Cancellation.h"
 #include "ui/dialogs/KnownInstruments.h"
 
 #include <QApplication>
+
+#include <cstdlib>
 
 namespace {
 
@@ -64,9 +67,7 @@ private:
   SteadyClock m_clock;
 };
 
-} // namespace
-
-int main(int argc, char** argv) {
+int Run(int argc, char** argv) {
   const String commandLine = CommandLine(argc, argv);
   int ownArguments = 1; // the rest is not for the toolkit
   QApplication application(ownArguments, argv);
@@ -76,4 +77,13 @@ int main(int argc, char** argv) {
   qt::EventLoop& loop = toolkit.Loop();
   return RunWindow({[&loop] { loop.Run(); }, [&loop] { loop.FinishQuit(); }, loop.Quitting()}, commandLine,
                    wiring.Notice);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  const int status = Run(argc, argv);
+  // Whoever is held up by the message bus holds a lock that the toolkit's library waits for at the end.
+  if (system::BackgroundTask::AnyGoesOn()) std::_Exit(status);
+  return status;
 }

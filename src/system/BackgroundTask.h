@@ -18,6 +18,9 @@ public:
   BackgroundTask(const BackgroundTask&) = delete;
   BackgroundTask& operator=(const BackgroundTask&) = delete;
 
+  /// Whether the work of any task of this program goes on, though the task may be gone.
+  static bool AnyGoesOn();
+
 private:
   std::shared_ptr<Cancellation> m_cancellation;
 };

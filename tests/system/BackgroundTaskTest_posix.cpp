@@ -9,6 +9,7 @@
 #include <optional>
 #include <poll.h>
 #include <stdexcept>
+#include <thread>
 
 namespace portico::system {
 namespace {
@@ -37,6 +38,15 @@ TEST(BackgroundTaskTest, EndOfTheObjectDoesNotWaitForWorkThatIsStuck) {
   task.reset();
   release->set_value(); // a destructor that waited would never have come here
   EXPECT_TRUE(result.get());
+}
+
+TEST(BackgroundTaskTest, ProgramKnowsOfWorkThatGoesOnThoughTheObjectIsGone) {
+  const auto release = std::make_shared<std::promise<void>>();
+  std::optional<BackgroundTask> task(std::in_place, [release](const Cancellation&) { release->get_future().wait(); });
+  task.reset();
+  EXPECT_TRUE(BackgroundTask::AnyGoesOn());
+  release->set_value();
+  while (BackgroundTask::AnyGoesOn()) std::this_thread::yield(); // in which a thread that has come to its end is gone
 }
 
 TEST(BackgroundTaskTest, WhatTheWorkThrowsEndsIt) {

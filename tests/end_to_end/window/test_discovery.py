@@ -1,7 +1,9 @@
 """Instruments that answer while the open dialog is on the screen. To be run by own_network.sh."""
 
 import os
+import socket
 import subprocess
+import tempfile
 import unittest
 
 from case import WindowCase
@@ -57,6 +59,21 @@ class Discovery(WindowCase):
         portico.type_lines("*IDN?")
         portico.key("F5")
         portico.wait_for_history("TOLVANE INSTRUMENTS,SIM-PSU,SIM0002,1.0")
+
+    def test_a_bus_that_hangs_holds_up_neither_the_window_nor_its_end(self):
+        with socket.socket(socket.AF_UNIX) as bus, tempfile.TemporaryDirectory() as folder:
+            bus.bind(folder + "/bus")
+            bus.listen()  # and nothing more
+            self.desktop.environment["DBUS_SYSTEM_BUS_ADDRESS"] = f"unix:path={folder}/bus"
+            portico = self.open()
+            portico.key("ctrl+n")
+            dialog = portico.window("Open an Instrument")
+            self.assertEqual(self.listed(dialog)[:3], ["SIM::dmm::INSTR", "SIM::psu::INSTR", "SIM::scope::INSTR"])
+            with bus.accept()[0]:  # it is asked, and does not answer
+                portico.key("Return")
+                portico.wait(lambda: portico.panels()[0] == "SIM::dmm::INSTR ", "the instrument to be open")
+                portico.choose("File", "Exit")
+                self.assertEqual(portico.wait_until_ended(), 0)
 
 
 if __name__ == "__main__":

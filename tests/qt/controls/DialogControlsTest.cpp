@@ -180,6 +180,24 @@ TEST_F(DialogControlsTest, AnEntryThatIsAddedLeavesWhoeverTypesWhereHeIs) {
   EXPECT_EQ(line.cursorPosition(), 1);
 }
 
+TEST_F(DialogControlsTest, TheFirstEntryLeavesACursorWithinTheTextWhereItIs) {
+  QLineEdit& line = *Find<QComboBox>(form, "typed")->lineEdit();
+  QTest::keyClicks(&line, "abcd");
+  line.setCursorPosition(1);
+  The<IComboBox>(u"typed").AddItem(u"first");
+  EXPECT_EQ(line.cursorPosition(), 1);
+  EXPECT_FALSE(line.hasSelectedText());
+}
+
+TEST_F(DialogControlsTest, TheFirstEntryLeavesASelectionThatWasMadeBackwards) {
+  QLineEdit& line = *Find<QComboBox>(form, "typed")->lineEdit();
+  QTest::keyClicks(&line, "abcd");
+  line.setSelection(3, -2);
+  The<IComboBox>(u"typed").AddItem(u"first");
+  EXPECT_EQ(line.selectedText(), "bc");
+  EXPECT_EQ(line.cursorPosition(), 1);
+}
+
 TEST_F(DialogControlsTest, TheUsersChoiceOfATabClicks) {
   auto& tabs = The<ITabStrip>(u"tabs");
   tabs.AddTab(u"SCPI", u"Tip", u"12");

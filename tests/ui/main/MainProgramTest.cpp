@@ -113,6 +113,11 @@ TEST_F(MainProgramTest, ANoticeIsShownOnceTheWindowIsUpAndTheProgramGoesOn) {
   EXPECT_EQ(Box->Calls()[0], (memory::MessageBox::Call{u"the notice", u"Tolvane Portico"}));
 }
 
+TEST_F(MainProgramTest, WithoutANoticeThereIsNoBox) {
+  EXPECT_EQ(RunProgram([] {}), 0);
+  ExpectNoBox();
+}
+
 TEST_F(MainProgramTest, AnOrderToQuitWhileTheNoticeIsUpEndsTheProgram) {
   Box->OnShow = [this](const auto&) { Loop->RequestQuit(); };
   bool hasRun = false;

@@ -105,6 +105,16 @@ TEST_F(KnownInstrumentsTest, StandsInTheSettingsStore) {
   EXPECT_EQ(gSettingsStore->GetSetting(u"Tolvane Portico", u"OpenedInstruments", u"Name2", u""), u"one");
 }
 
+TEST_F(KnownInstrumentsTest, StoreThatSomebodyElseHasWrittenMayHaveGapsAndNamesTwice) {
+  const auto write = [](const char16_t* key, const char16_t* name) {
+    gSettingsStore->SaveSetting(u"Tolvane Portico", u"OpenedInstruments", key, name);
+  };
+  write(u"Name1", u"one");
+  write(u"Name3", u"ONE");
+  write(u"Name4", u"two");
+  EXPECT_EQ(Opened(), (Names{"Visa->one", "Visa->two"}));
+}
+
 TEST_F(KnownInstrumentsTest, WorksWithoutAStore) {
   gSettingsStore.reset();
   EXPECT_EQ(Listed().size(), 3U);

@@ -17,6 +17,7 @@ if [[ ${1-} != --inside ]]; then
 fi
 shift
 
+PATH+=:/usr/sbin # where daemons are, and users do not look
 ip link set lo up
 ip link add wire type veth peer name far-end
 ip address add 192.0.2.1/24 broadcast 192.0.2.255 dev wire

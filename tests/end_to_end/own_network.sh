@@ -29,8 +29,8 @@ mkdir /run/dbus /run/services
 mount --bind /run/services /etc/avahi/services
 printf '192.0.2.1%s instrument%s.local\n' {1,2,3,4,5,6,7,8,9}{,} > /run/avahi.hosts
 mount --bind /run/avahi.hosts /etc/avahi/hosts
-# The daemon wants to be a user of its own, but here is only one.
-printf '%s\n' root:x:0:0::/root:/bin/sh avahi:x:0:0::/:/bin/false > /run/passwd
+# Daemons want to be users of their own, but here is only one.
+printf '%s\n' root:x:0:0::/root:/bin/sh {avahi,_rpc}:x:0:0::/:/bin/false > /run/passwd
 printf '%s\n' root:x:0: avahi:x:0: > /run/group
 mount --bind /run/passwd /etc/passwd
 mount --bind /run/group /etc/group

@@ -1,15 +1,15 @@
-"""Programs that others have written talk to portico-sim: lxi-tools and pyvisa-py, over raw TCP and VXI-11.
-
-Both ask the portmapper at port 111, so all happens on a network of its own. There the test is the superuser, and so
-this is also where the simulator is refused what only the system can refuse.
+"""Programs that others have written meet portico-sim: lxi-tools and pyvisa-py, over raw TCP and VXI-11, and rpcbind, the
+portmapper. To be run by own_network.sh, since VXI-11 is looked for at port 111, and since
+the superuser of that network can be refused what only the system refuses.
 """
 
 import os
 import socket
 import subprocess
-import sys
+import threading
 import unittest
 
+PORTICO_RUN = os.environ["PORTICO_RUN"]
 PORTICO_SIM = os.environ["PORTICO_SIM"]
 PATIENCE = 60  # seconds; long, because a loaded machine is slow
 IDENTITY = "TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0"
@@ -22,19 +22,34 @@ def waveform(points):
 
 
 class Interoperation(unittest.TestCase):
-    def setUp(self):
-        self.simulator = subprocess.Popen(
-            [PORTICO_SIM, "--port", str(RAW_PORT), "--vxi11", "0", "--portmap"], text=True, stdout=subprocess.PIPE)
-        self.addCleanup(self.end_simulator)
-        lines = [self.simulator.stdout.readline().rstrip("\n") for _ in range(3)]
-        self.assertEqual(lines[0], f"listening on 127.0.0.1:{RAW_PORT}")
-        self.assertRegex(lines[1], r"^listening on 127\.0\.0\.1:\d+ vxi11$")
-        self.assertEqual(lines[2], "listening on 127.0.0.1:111 portmap")
+    portmapper = ["listening on 127.0.0.1:111 portmap"]  # portico-sim is it
 
-    def end_simulator(self):
-        self.simulator.terminate()
-        self.assertEqual(self.simulator.wait(PATIENCE), 0)
-        self.simulator.stdout.close()
+    def setUp(self):
+        self.core_port = self.start_simulator()
+
+    def start_simulator(self, raw_port=RAW_PORT):
+        """The port of VXI-11's core channel."""
+        self.simulator = subprocess.Popen(
+            [PORTICO_SIM, "--port", str(raw_port), "--vxi11", "0", "--portmap"], text=True, stdout=subprocess.PIPE)
+        self.addCleanup(self.end_simulator, self.simulator)
+        raw, vxi11, *portmapper = [self.simulator.stdout.readline().rstrip("\n") for _ in range(2 + len(self.portmapper))]
+        self.assertEqual(raw, f"listening on 127.0.0.1:{raw_port}")
+        self.assertRegex(vxi11, r"^listening on 127\.0\.0\.1:\d+ vxi11$")
+        self.assertEqual(portmapper, self.portmapper)
+        return vxi11.split()[2].rsplit(":", 1)[1]
+
+    def end_simulator(self, simulator):
+        simulator.terminate()
+        self.assertEqual(simulator.wait(PATIENCE), 0)
+        self.assertEqual(simulator.stdout.read(), "")
+        simulator.stdout.close()
+
+    def lxi(self, command, *options):
+        done = subprocess.run(["lxi", "scpi", "--address", "127.0.0.1", *options, command], capture_output=True,
+                              timeout=PATIENCE)
+        self.assertEqual(done.stderr, b"")
+        self.assertEqual(done.returncode, 0)
+        return done.stdout
 
 
 class Refused(unittest.TestCase):
@@ -58,30 +73,23 @@ class Refused(unittest.TestCase):
 
 
 class Lxi(Interoperation):
-    def ask(self, command, *options):
-        done = subprocess.run(["lxi", "scpi", "--address", "127.0.0.1", *options, command], capture_output=True,
-                              timeout=PATIENCE)
-        self.assertEqual(done.stderr, b"")
-        self.assertEqual(done.returncode, 0)
-        return done.stdout
-
     def test_raw(self):
         raw = ("--raw", "--port", str(RAW_PORT))
-        self.assertEqual(self.ask("*IDN?", *raw).decode().rstrip("\n"), IDENTITY)
+        self.assertEqual(self.lxi("*IDN?", *raw).decode().rstrip("\n"), IDENTITY)
         # It takes what comes with the first segment for the whole answer.
-        block = self.ask("TRAC:POIN 500;DATA?", *raw)
+        block = self.lxi("TRAC:POIN 500;DATA?", *raw)
         self.assertEqual(block[:5], waveform(500))
         self.assertEqual(len(block), 5 + 500 + 1)
 
     def test_vxi11(self):
-        self.assertEqual(self.ask("*IDN?").decode().rstrip("\n"), IDENTITY)
-        block = self.ask("TRAC:POIN 50000;DATA?")
+        self.assertEqual(self.lxi("*IDN?").decode().rstrip("\n"), IDENTITY)
+        block = self.lxi("TRAC:POIN 50000;DATA?")
         self.assertEqual(block[:7], waveform(50000))
         self.assertEqual(len(block), 7 + 50000 + 1)
 
     def test_both_meet_one_instrument(self):
-        self.ask("*ESE 5", "--raw", "--port", str(RAW_PORT))
-        self.assertEqual(self.ask("*ESE?").decode().rstrip("\n"), "5")
+        self.lxi("*ESE 5", "--raw", "--port", str(RAW_PORT))
+        self.assertEqual(self.lxi("*ESE?").decode().rstrip("\n"), "5")
 
 
 class PyVisa(Interoperation):
@@ -140,15 +148,50 @@ class PyVisa(Interoperation):
         self.assertEqual(first.query("*ESE?").rstrip("\n"), "5")
 
 
+class Rpcbind(Interoperation):
+    """The portmapper that most machines have runs already."""
+    portmapper = []
+
+    def setUp(self):
+        # It gives up its groups, which the kernel allows nobody who is the superuser of his own network alone. strace lets it
+        # believe that it has.
+        rpcbind = subprocess.Popen(["strace", "-D", "-qq", "-o", "/dev/null", "-e", "inject=setgroups:retval=0",
+                                    "rpcbind", "-f", "-d"], text=True, stderr=subprocess.PIPE)
+        rest = threading.Thread(target=rpcbind.stderr.read)
+        for end in (rpcbind.stderr.close, rest.join, rpcbind.wait, rpcbind.terminate):
+            self.addCleanup(end)
+        said = []
+        for line in rpcbind.stderr:
+            said.append(line)
+            if "debugging enabled" in line:  # it listens
+                break
+        rest.start()
+        self.assertIn("debugging enabled", "".join(said))
+        super().setUp()
+
+    def registered(self):
+        """Where rpcbind knows VXI-11's core channel to be."""
+        entries = subprocess.run(["rpcinfo", "-p", "127.0.0.1"], text=True, capture_output=True, check=True,
+                                 timeout=PATIENCE).stdout
+        return [entry.split()[1:4] for entry in entries.splitlines() if entry.split()[0] == "395183"]
+
+    def test_clients_find_the_simulator_by_it(self):
+        self.assertEqual(self.registered(), [["1", "tcp", self.core_port]])
+        self.assertEqual(self.lxi("*IDN?").decode().rstrip("\n"), IDENTITY)
+        done = subprocess.run([PORTICO_RUN, "TCPIP::127.0.0.1::INSTR"], input="*IDN?\n", text=True, capture_output=True,
+                              timeout=PATIENCE)
+        self.assertEqual(done.stderr, "")
+        self.assertIn(f"< {IDENTITY}\n", done.stdout)
+
+    def test_it_forgets_a_simulator_that_has_ended(self):
+        self.simulator.terminate()
+        self.simulator.wait(PATIENCE)
+        self.assertEqual(self.registered(), [])
+
+    def test_one_that_is_started_later_replaces_it(self):
+        core_port = self.start_simulator(RAW_PORT + 1)
+        self.assertEqual(self.registered(), [["1", "tcp", core_port]])
+
+
 if __name__ == "__main__":
-    if "OWN_NETWORK" not in os.environ:
-        # Where users may not, as behind a chroot, the superuser still may.
-        own = ["unshare", "--user", "--map-root-user", "--net"]
-        if subprocess.run([*own, "true"], stderr=subprocess.DEVNULL).returncode != 0:
-            own = ["unshare", "--net"]
-        if subprocess.run([*own, "true"]).returncode != 0:
-            sys.exit("this machine lets no user make a network of his own, which this test needs")
-        os.environ["OWN_NETWORK"] = "yes"
-        os.execvp(own[0], [*own, sys.executable, *sys.argv])
-    subprocess.run(["ip", "link", "set", "lo", "up"], check=True)
     unittest.main()

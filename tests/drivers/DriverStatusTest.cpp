@@ -67,8 +67,9 @@ TEST(DriverStatus, OneThatTheUserCanMendSaysHow) {
   EXPECT_EQ(
       StatusMessage(-1151009, "bench, port 5025"),
       "The instrument refused the connection: bench, port 5025; check the port, and that the instrument serves it.");
-  EXPECT_EQ(StatusMessage(-1151010, "bench, port 5025"),
-            "Timeout expired before the connection was made: bench, port 5025; check address, cable and firewall.");
+  EXPECT_EQ(
+      StatusMessage(-1151010, "bench, port 5025"),
+      "Timeout expired before the connection was made: bench, port 5025; check address, port, cable and firewall.");
 }
 
 TEST(DriverStatus, ControlCharactersInADetailBecomeQuestionMarks) {

@@ -149,7 +149,8 @@ INSTANTIATE_TEST_SUITE_P(
                     BadName{"NoInterface", "dmm",
                             "The instrument name is not valid: \"dmm\" is no interface; "
                             "write TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR."},
-                    BadName{"UnknownDevice", "SIM::toaster::INSTR", "There is no such simulated instrument: toaster."},
+                    BadName{"UnknownDevice", "SIM::toaster::INSTR",
+                            "There is no such simulated instrument: toaster; write dmm, psu or scope."},
                     BadName{
                         "UnpluggedInstrument", "USB::1::2::SN1::INSTR",
                         "The connection could not be made: USB 0x0001::0x0002::SN1, no such instrument is connected; "

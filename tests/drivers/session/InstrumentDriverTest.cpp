@@ -54,7 +54,7 @@ TEST_F(InstrumentDriverTest, AFailedOpenUsesUpNoHandle) {
   EXPECT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), Number(DriverStatus::ConnectTimeout));
   EXPECT_EQ(session, 0);
   EXPECT_EQ(Message(0, Number(DriverStatus::ConnectTimeout)),
-            "Timeout expired before the connection was made: ttyS0; check address, cable and firewall.\n");
+            "Timeout expired before the connection was made: ttyS0; check address, port, cable and firewall.\n");
   transport.openResult = {};
   EXPECT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), 0);
   EXPECT_EQ(session, 1);

@@ -106,7 +106,9 @@ void Announce(const Announcement::Content& content, const Announcement::News& ne
     const auto onState = [&](AvahiClient& client, AvahiClientState state) { publisher.OnState(client, state); };
     int error = loop.Connect(AVAHI_CLIENT_NO_FAIL, onState);
     if (error == 0) error = loop.Run();
-    if (error != 0 && error != AVAHI_ERR_DISCONNECTED) return news.Failed(avahi->StrError(error));
+    if (error != 0 && error != AVAHI_ERR_DISCONNECTED) {
+      return news.Failed(std::string("the avahi daemon cannot be reached: ") + avahi->StrError(error));
+    }
   }
 }
 

@@ -154,7 +154,8 @@ class Simulators(DiscoveryCase):
     def test_without_a_bus_it_is_served_and_says_that_it_is_not_announced(self):
         process = self.simulator(environment={"DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nowhere"})
         number = self.port(process)
-        self.assertTrue(process.stderr.readline().startswith("portico-sim: not announced: "))
+        self.assertEqual(process.stderr.readline(),
+                         "portico-sim: not announced: the avahi daemon cannot be reached: Daemon not running\n")
         self.assertIn("< TOLVANE INSTRUMENTS", self.ask(f"TCPIP::127.0.0.1::{number}::SOCKET"))
 
     def test_a_daemon_that_comes_back_is_told_again(self):

@@ -38,8 +38,9 @@ _portico() {
   local word=${words[-1]} previous=${words[-2]}
   COMPREPLY=()
 
-  local with_value='--protocol|--option|--log|--timeout|--list-time|--device|--port|--bind|--seed|--fault|--format|--bench|--bench-csv'
+  local with_value='--protocol|--option|--log|--timeout|--list-time|--device|--port|--vxi11|--hislip|--bind|--seed|--fault|--format|--bench|--bench-csv'
   for ((index = 1; index < ${#words[@]} - 1; ++index)); do
+    if [[ ${words[index]} == --bench ]]; then positional=$((positional - 1)); fi # its query comes behind the number
     if [[ ${words[index]} != -?* && ! ${words[index - 1]} =~ ^($with_value)$ ]]; then positional=$((positional + 1)); fi
   done
   if [[ $word =~ ^($with_value)= ]]; then
@@ -53,7 +54,7 @@ _portico() {
     --log | --bench-csv) compopt -o default ;;
     --device) _portico_offer dmm psu scope ;;
     --format) _portico_offer csv json cmd ;;
-    --timeout | --list-time | --port | --hislip | --bind | --seed | --fault | --bench) ;;
+    --timeout | --list-time | --port | --vxi11 | --hislip | --bind | --seed | --fault | --bench) ;;
     *)
       options='-h --help --version'
       case "$program ${words[*]:1}" in
@@ -68,7 +69,7 @@ _portico() {
         _portico_offer SIM::{dmm,psu,scope}::INSTR
       elif [[ $program == portico-log && $positional == 0 ]]; then
         _portico_offer show export stats
-      elif [[ $program != portico-sim ]]; then
+      elif [[ $program != portico-sim && $positional -ge 0 ]]; then
         compopt -o default
       fi
       ;;

@@ -83,6 +83,10 @@ for name in SIM::dmm::INSTR SIM::psu::INSTR SIM::scope::INSTR; do
 done
 at "portico-run SIM::d" "dmm::INSTR"
 at "portico-run --timeout 100 S" "SIM::dmm::INSTR SIM::psu::INSTR SIM::scope::INSTR"
+at "portico-run --bench 10 *IDN? S" "SIM::dmm::INSTR SIM::psu::INSTR SIM::scope::INSTR"
+at "portico-run --bench 10 " ""
+expect "--bench N" "$asked" ""
+files_at "portico-run --bench 10 *IDN? SIM::dmm::INSTR "
 breaks=' ' at "portico-run SIM::d" "SIM::dmm::INSTR"
 files_at "portico-run SIM::dmm::INSTR "
 files_at "portico-run --log "

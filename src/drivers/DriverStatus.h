@@ -47,6 +47,9 @@ struct DriverResult {
 /// Why there is no connection, of the failure that cost it: the detail for DriverStatus::NotConnected.
 std::string ReasonFor(const DriverResult& failure);
 
+/// Behind the peer in the detail of a time-out: why it was.
+inline constexpr std::string_view LockedElsewhere = " (locked by another program; close the instrument there)";
+
 /// Longest message, in bytes.
 inline constexpr std::size_t MaxErrorMessage = 254;
 /// What a caller of WriteErrorMessage provides: the message, a line feed and a zero byte.

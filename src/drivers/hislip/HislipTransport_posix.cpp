@@ -102,7 +102,7 @@ Received HislipTransport::Read(char* buffer, std::size_t size, TimePoint deadlin
 }
 
 std::string HislipTransport::ReasonOfSilence() const {
-  if (m_client.LockedByOthers()) return ", which another program has locked; close the instrument there";
+  if (m_client.LockedByOthers()) return std::string(LockedElsewhere);
   // An instrument that could not do with the command has said so, and will not answer.
   return m_client.Complaint().empty() ? "" : ", " + m_client.Complaint();
 }

@@ -31,9 +31,7 @@ std::string Words(Error error) {
 
 DriverResult LinkFailure(Error error, const std::string& peer, DriverStatus onTimeout) {
   if (error == Error::IoTimeout) return {onTimeout, peer};
-  if (error == Error::LockedByAnotherLink) {
-    return {onTimeout, peer + ", which another program has locked; close the instrument there"};
-  }
+  if (error == Error::LockedByAnotherLink) return {onTimeout, peer + std::string(LockedElsewhere)};
   return {DriverStatus::ConnectionLost, peer + ", " + Words(error)};
 }
 

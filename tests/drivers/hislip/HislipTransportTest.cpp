@@ -162,7 +162,7 @@ TEST_F(HislipTransportTest, ALockOfAnotherClientIsTheReasonOfATimeout) {
   Write("A?");
   EXPECT_EQ(ReadFails(VerySoon()).Detail, Place());
   instrument.Respond(HislipType::AsyncLockInfo, Bytes("4853 19 01 00000001 0000000000000000"));
-  EXPECT_EQ(ReadFails(VerySoon()).Detail, Place() + ", which another program has locked; close the instrument there");
+  EXPECT_EQ(ReadFails(VerySoon()).Detail, Place() + " (locked by another program; close the instrument there)");
 }
 
 TEST_F(HislipTransportTest, ADeviceClearDropsWhatIsOnItsWayAndKeepsTheConnections) {

@@ -73,7 +73,7 @@ TEST_F(Vxi11TransportTest, AWriteThatFailsSaysWhy) {
   core.Piece(Reply(4, "\0\0\0\x0B\0\0\0\0"s));
   result = transport->Write("\r\n", Deadline());
   EXPECT_EQ(result.Status, DriverStatus::WriteTimeout);
-  EXPECT_EQ(result.Detail, "bench, port 1024, which another program has locked; close the instrument there");
+  EXPECT_EQ(result.Detail, "bench, port 1024 (locked by another program; close the instrument there)");
   core.Piece(Reply(5, "\0\0\0\4\0\0\0\0"s));
   result = transport->Write("\r\n", Deadline());
   EXPECT_EQ(result.Status, DriverStatus::ConnectionLost);
@@ -194,7 +194,10 @@ TEST_F(Vxi11TransportTest, AReadThatFailsSaysWhy) {
   core.Piece(Reply(2, "\0\0\0\x0B\0\0\0\0\0\0\0\0"s));
   DriverResult result = FailedRead();
   EXPECT_EQ(result.Status, DriverStatus::ReadTimeout);
-  EXPECT_EQ(result.Detail, "bench, port 1024, which another program has locked; close the instrument there");
+  EXPECT_EQ(result.Detail, "bench, port 1024 (locked by another program; close the instrument there)");
+  EXPECT_EQ(ReasonFor(result),
+            "bench, port 1024 (locked by another program; close the instrument there), gave no whole "
+            "answer in time");
   core.Piece(Reply(3, "\0\0\0\x11\0\0\0\0\0\0\0\0"s));
   result = FailedRead();
   EXPECT_EQ(result.Status, DriverStatus::ConnectionLost);

@@ -188,8 +188,12 @@ class Rpcbind(Interoperation):
         self.simulator.wait(PATIENCE)
         self.assertEqual(self.registered(), [])
 
-    def test_one_that_is_started_later_replaces_it(self):
+    def test_one_that_is_started_later_replaces_it_and_stays(self):
+        first = self.simulator
         core_port = self.start_simulator(RAW_PORT + 1)
+        self.assertEqual(self.registered(), [["1", "tcp", core_port]])
+        first.terminate()
+        first.wait(PATIENCE)
         self.assertEqual(self.registered(), [["1", "tcp", core_port]])
 
 

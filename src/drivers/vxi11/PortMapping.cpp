@@ -17,31 +17,33 @@ constexpr auto PatienceAtTheEnd = std::chrono::seconds(1);
 } // namespace
 
 PortMapping::~PortMapping() {
-  bool done = false;
-  if (m_set) Change(PortMapper::Unset, 0, TimePoint::clock::now() + PatienceAtTheEnd, done);
+  if (m_port == 0) return;
+  const TimePoint deadline = TimePoint::clock::now() + PatienceAtTheEnd;
+  PortMapper::PortResult known;
+  const bool isOurs = Call(PortMapper::GetPort, 0, known, deadline).Succeeded() && known.Port == m_port;
+  PortMapper::ChangeResult answer;
+  if (isOurs) Call(PortMapper::Unset, 0, answer, deadline);
 }
 
 DriverResult PortMapping::Set(std::uint16_t port, TimePoint deadline) {
-  bool done = false;
+  PortMapper::ChangeResult answer;
   // What another program has left there would be in the way.
-  DriverResult result = Change(PortMapper::Unset, 0, deadline, done);
-  if (result.Succeeded()) result = Change(PortMapper::Set, port, deadline, done);
-  if (result.Succeeded() && !done) return {DriverStatus::ConnectFailed, "the portmapper does not take the entry"};
-  m_set = result.Succeeded();
+  DriverResult result = Call(PortMapper::Unset, 0, answer, deadline);
+  if (result.Succeeded()) result = Call(PortMapper::Set, port, answer, deadline);
+  if (result.Succeeded() && !answer.Done)
+    return {DriverStatus::ConnectFailed, "the portmapper does not take the entry"};
+  if (result.Succeeded()) m_port = port;
   return result;
 }
 
-DriverResult PortMapping::Change(std::uint32_t procedure, std::uint16_t port, TimePoint deadline, bool& done) {
+template <typename Answer>
+DriverResult PortMapping::Call(std::uint32_t procedure, std::uint16_t port, Answer& answer, TimePoint deadline) {
   constexpr std::size_t resultLimit = 4;
   RpcChannel channel(m_connect(OwnMachine, PortMapper::Port), "the portmapper", PortMapper::Program,
                      PortMapper::Version, resultLimit);
-  DriverResult result = channel.Stream().Open(deadline);
-  if (!result.Succeeded()) return result;
+  if (DriverResult result = channel.Stream().Open(deadline); !result.Succeeded()) return result;
   const PortMapper::Mapping mapping = {m_program, m_version, PortMapper::Protocol::Tcp, port};
-  PortMapper::ChangeResult answer;
-  result = channel.Client().Call(procedure, mapping, answer, deadline);
-  done = answer.Done;
-  return result;
+  return channel.Client().Call(procedure, mapping, answer, deadline);
 }
 
 } // namespace portico::drivers

@@ -13,7 +13,7 @@ public:
   /// `connect` makes streams to the portmapper.
   PortMapping(StreamConnector connect, std::uint32_t program, std::uint32_t version)
       : m_connect(std::move(connect)), m_program(program), m_version(version) {}
-  /// Has the portmapper forget the program, if it was told of it.
+  /// Has the portmapper forget the program, if it was told of it and nobody has told it of another since.
   ~PortMapping();
   PortMapping(const PortMapping&) = delete;
   PortMapping& operator=(const PortMapping&) = delete;
@@ -23,13 +23,14 @@ public:
   DriverResult Set(std::uint16_t port, TimePoint deadline);
 
 private:
-  /// Calls Set or Unset. `done` is what the portmapper answers.
-  DriverResult Change(std::uint32_t procedure, std::uint16_t port, TimePoint deadline, bool& done);
+  /// Calls a procedure of the portmapper about the program.
+  template <typename Answer>
+  DriverResult Call(std::uint32_t procedure, std::uint16_t port, Answer& answer, TimePoint deadline);
 
   const StreamConnector m_connect;
   const std::uint32_t m_program;
   const std::uint32_t m_version;
-  bool m_set = false;
+  std::uint16_t m_port = 0; ///< the one that was told
 };
 
 } // namespace portico::drivers

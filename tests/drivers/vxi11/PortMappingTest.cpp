@@ -40,9 +40,22 @@ TEST_F(PortMappingTest, ItReplacesWhatWasThereAndEndsWithItsObject) {
     EXPECT_THAT(stream.deadlines, testing::Each(deadline));
     EXPECT_THAT(connections, testing::Each("127.0.0.1:111"));
     stream.written.clear();
+    stream.Piece(Reply(1, "\0\0\4\0"s));
     stream.Piece(Reply(1, "\0\0\0\1"s));
   }
-  EXPECT_THAT(stream.written, ElementsAre(Call(2, "\0\0\0\0"s)));
+  EXPECT_THAT(stream.written, ElementsAre(Call(3, "\0\0\0\0"s), Call(2, "\0\0\0\0"s)));
+}
+
+TEST_F(PortMappingTest, WhatAnotherProgramHasToldMeanwhileStays) {
+  {
+    PortMapping mapping(Connector(), 0x0607AF, 1);
+    stream.Piece(Reply(1, "\0\0\0\0"s));
+    stream.Piece(Reply(1, "\0\0\0\1"s));
+    EXPECT_TRUE(mapping.Set(1024, deadline).Succeeded());
+    stream.written.clear();
+    stream.Piece(Reply(1, "\0\0\4\1"s));
+  }
+  EXPECT_THAT(stream.written, ElementsAre(Call(3, "\0\0\0\0"s)));
 }
 
 TEST_F(PortMappingTest, APortmapperThatRefusesIsToldSo) {

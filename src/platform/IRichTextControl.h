@@ -2,6 +2,7 @@
 
 #include "platform/IControl.h"
 #include "platform/IPlaced.h"
+#include "platform/IReadingAids.h"
 #include "platform/IRichTextBox.h"
 #include "platform/MouseEvent.h"
 
@@ -22,7 +23,8 @@ public:
 class IRichTextControl : public virtual IRichTextBox,
                          public virtual IPrintable,
                          public virtual IControl,
-                         public virtual IPlaced {
+                         public virtual IPlaced,
+                         public virtual IReadingAids {
 public:
   /// True to begin with. While it is false the Tab key passes over the box.
   virtual bool TabStop() const = 0;

@@ -2,6 +2,7 @@
 
 #include "memory/forms/DeviceContext.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace portico::memory {
@@ -15,6 +16,50 @@ RichTextControl::RichTextControl(ControlOwner& form, const ControlDesign& design
 void RichTextControl::SelPrint(const Ref<IDeviceContext>& hDC) {
   const auto context = Cast<DeviceContext>(hDC);
   context->Print(context->IsForSelection() && SelTextLength() > 0 ? SelText() : Text());
+}
+
+void RichTextControl::OpenFind() {
+  const String selected = SelText();
+  const bool isWithinALine = selected.find_first_of(NewLine) == String::npos;
+  if (!m_sought) m_sought = String();
+  if (!selected.empty() && isWithinALine) m_sought = selected;
+}
+
+bool RichTextControl::SelectIfThere(std::int32_t position, StringView text) {
+  if (!EqualNoCase(StringView(Text()).substr(static_cast<std::size_t>(position), text.size()), text)) return false;
+  SelStart(position);
+  SelLength(static_cast<std::int32_t>(text.size()));
+  return true;
+}
+
+void RichTextControl::LookFor(StringView text) {
+  m_sought = String(text);
+  if (!SelectIfThere(SelStart(), text)) FindNext();
+}
+
+void RichTextControl::FindNext() {
+  if (!m_sought || m_sought->empty()) return OpenFind();
+  const std::int32_t count = TextLength() + 1;
+  const std::int32_t behind = SelStart() + SelTextLength();
+  for (std::int32_t i = 0; i < count; ++i) {
+    if (SelectIfThere((behind + i) % count, *m_sought)) return;
+  }
+}
+
+void RichTextControl::FindPrevious() {
+  if (!m_sought || m_sought->empty()) return OpenFind();
+  const std::int32_t count = TextLength() + 1;
+  const std::int32_t start = SelStart();
+  for (std::int32_t i = 1; i <= count; ++i) {
+    if (SelectIfThere((start + count - i) % count, *m_sought)) return;
+  }
+}
+
+void RichTextControl::ChangeZoom(ZoomChange change) {
+  constexpr double step = 1.1;
+  if (change == ZoomChange::ActualSize) m_zoom = 1;
+  if (change == ZoomChange::In) m_zoom = std::min(m_zoom * step, 8.0);
+  if (change == ZoomChange::Out) m_zoom = std::max(m_zoom / step, 0.3);
 }
 
 bool RichTextControl::Type(StringView text) {

@@ -5,6 +5,8 @@
 #include "memory/forms/Placement.h"
 #include "platform/IRichTextControl.h"
 
+#include <optional>
+
 namespace portico::memory {
 
 /// A rich text box in a form. Its text is that of the caption it is designed with.
@@ -49,7 +51,15 @@ public:
   Event<const MouseEvent&>& MouseDown() override { return m_mouseDown; }
   Event<const MouseEvent&>& MouseUp() override { return m_mouseUp; }
 
+  void OpenFind() override;
+  void FindNext() override;
+  void FindPrevious() override;
+  void ChangeZoom(ZoomChange change) override;
+
   bool Locked() const { return m_locked; }
+  /// What is looked for; none while the field has never been open.
+  const std::optional<String>& SoughtText() const { return m_sought; }
+  double ZoomFactor() const { return m_zoom; }
 
   // What the user does. False if the user cannot use the box.
   /// Typing and pasting replaces the selection; the box gets the focus first. False if the box is locked, too.
@@ -57,11 +67,18 @@ public:
   /// The left button gives the focus to the box before the event fires.
   bool PressMouse(const MouseEvent& event);
   bool ReleaseMouse(const MouseEvent& event);
+  /// What is typed into the open field is found at the selection or behind it.
+  void LookFor(StringView text);
 
 private:
+  /// Whether it is there.
+  bool SelectIfThere(std::int32_t position, StringView text);
+
   Ref<RichTextBox> m_box = New<RichTextBox>();
   bool m_locked = false;
   bool m_isPressed = false;
+  std::optional<String> m_sought;
+  double m_zoom = 1;
   Event<> m_change;
   Event<const MouseEvent&> m_mouseDown;
   Event<const MouseEvent&> m_mouseUp;

@@ -42,7 +42,7 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
   case Qt::Key_Return:
   case Qt::Key_Enter:
-    return Find(Begin::BesideSelection, event->modifiers().testFlag(Qt::ShiftModifier));
+    return FindAgain(event->modifiers().testFlag(Qt::ShiftModifier));
   case Qt::Key_Escape:
     hide();
     return m_view.setFocus(Qt::OtherFocusReason);

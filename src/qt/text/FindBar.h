@@ -17,6 +17,8 @@ public:
 
   /// With what is selected in the view, if that is within a line.
   void Open();
+  /// The next place of what stands in the field, or the one before.
+  void FindAgain(bool backwards) { Find(Begin::BesideSelection, backwards); }
   /// Moves it into its corner of the view.
   void Place();
 

@@ -48,6 +48,18 @@ void RichTextBox::Locked(bool newValue) {
   if (m_widget) m_widget->Lock(newValue);
 }
 
+void RichTextBox::OpenFind() {
+  if (m_widget) m_widget->OpenFind();
+}
+
+void RichTextBox::FindAgain(bool backwards) {
+  if (m_widget) m_widget->FindAgain(backwards);
+}
+
+void RichTextBox::ChangeZoom(ZoomChange change) {
+  if (m_widget) m_widget->Zoom(change);
+}
+
 // Handlers may let the box go.
 
 void RichTextBox::OnUserChange() {

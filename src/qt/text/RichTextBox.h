@@ -25,6 +25,11 @@ public:
   void TabStop(bool newValue) override;
   void Locked(bool newValue) override;
 
+  void OpenFind() override;
+  void FindNext() override { FindAgain(false); }
+  void FindPrevious() override { FindAgain(true); }
+  void ChangeZoom(ZoomChange change) override;
+
   Event<>& GotFocus() override { return m_gotFocus; }
   Event<>& LostFocus() override { return m_lostFocus; }
   Event<const MouseEvent&>& MouseDown() override { return m_mouseDown; }
@@ -34,6 +39,7 @@ private:
   QRect Place() const override { return m_widget ? m_widget->geometry() : QRect(0, 0, 0, 0); }
   void Put(const QRect& place) override;
 
+  void FindAgain(bool backwards);
   void ShowToolTipText() override;
   void ShowEnabled() override;
   void ShowVisible() override;

@@ -128,24 +128,44 @@ QVariant TextView::inputMethodQuery(Qt::InputMethodQuery query) const {
   return QPlainTextEdit::inputMethodQuery(query);
 }
 
+void TextView::Zoom(ZoomChange change) {
+  switch (change) {
+  case ZoomChange::In:
+    return Zoom(m_zoom * ZoomStep);
+  case ZoomChange::Out:
+    return Zoom(m_zoom / ZoomStep);
+  case ZoomChange::ActualSize:
+    return Zoom(1);
+  }
+}
+
 bool TextView::ZoomKey(const QKeyEvent& event) {
   if (event.matches(QKeySequence::ZoomIn) ||
       (event.key() == Qt::Key_Equal && event.modifiers() == Qt::ControlModifier)) {
-    Zoom(m_zoom * ZoomStep);
+    Zoom(ZoomChange::In);
   } else if (event.matches(QKeySequence::ZoomOut)) {
-    Zoom(m_zoom / ZoomStep);
+    Zoom(ZoomChange::Out);
   } else if (event.key() == Qt::Key_0 && event.modifiers() == Qt::ControlModifier) {
-    Zoom(1);
+    Zoom(ZoomChange::ActualSize);
   } else {
     return false;
   }
   return true;
 }
 
-bool TextView::FindKey(const QKeyEvent& event) {
-  if (!event.matches(QKeySequence::Find)) return false;
+void TextView::OpenFind() {
   if (m_find == nullptr) m_find = new FindBar(*this, [this] { BringUpToDate(); });
   m_find->Open();
+}
+
+void TextView::FindAgain(bool backwards) {
+  if (m_find == nullptr || m_find->text().isEmpty()) return OpenFind();
+  m_find->FindAgain(backwards);
+}
+
+bool TextView::FindKey(const QKeyEvent& event) {
+  if (!event.matches(QKeySequence::Find)) return false;
+  OpenFind();
   return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "framework/text/text.h"
+#include "platform/IReadingAids.h"
 #include "platform/MouseEvent.h"
 
 #include <QMimeData>
@@ -54,6 +55,11 @@ public:
   /// The factor that all text is enlarged by; 1 is its own size.
   void Zoom(double factor);
   double Zoom() const { return m_zoom; }
+  void Zoom(ZoomChange change);
+  /// Opens the field at the lower edge in which the user says what to look for.
+  void OpenFind();
+  /// The next place of what stands in that field, or the one before; opens the field if nothing does.
+  void FindAgain(bool backwards);
   /// Shows what the owner has not yet shown.
   void BringUpToDate() const;
 

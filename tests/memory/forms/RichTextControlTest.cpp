@@ -195,5 +195,45 @@ TEST_F(RichTextControlTest, SplitAreaResizesOnlyWithItsSize) {
   EXPECT_EQ(area.Splitter().Container(), &area);
 }
 
+TEST_F(RichTextControlTest, LooksForATextBothWaysAndRoundTheEnd) {
+  Box.Text(u"one Two\r\ntwo three");
+  Box.LookFor(u"two");
+  EXPECT_EQ(Box.SelStart(), 4);
+  EXPECT_EQ(Box.SelText(), u"Two");
+  std::vector<std::int32_t> starts;
+  for (const bool isNext : {true, true, false, false}) {
+    isNext ? Box.FindNext() : Box.FindPrevious();
+    starts.push_back(Box.SelStart());
+  }
+  EXPECT_THAT(starts, ElementsAre(9, 4, 9, 4));
+  Box.LookFor(u"absent");
+  EXPECT_EQ(Box.SelText(), u"Two");
+}
+
+TEST_F(RichTextControlTest, TheFieldTakesTheSelectionWithinALine) {
+  EXPECT_EQ(Box.SoughtText(), std::nullopt);
+  Box.FindNext();
+  EXPECT_EQ(Box.SoughtText(), u"") << "the field is open, and nothing stands there";
+  Box.Text(u"one\r\ntwo");
+  Box.SelLength(3);
+  Box.OpenFind();
+  EXPECT_EQ(Box.SoughtText(), u"one");
+  Box.SelLength(8);
+  Box.OpenFind();
+  EXPECT_EQ(Box.SoughtText(), u"one");
+}
+
+TEST_F(RichTextControlTest, ZoomsByTenths) {
+  Box.ChangeZoom(ZoomChange::In);
+  EXPECT_DOUBLE_EQ(Box.ZoomFactor(), 1.1);
+  Box.ChangeZoom(ZoomChange::ActualSize);
+  Box.ChangeZoom(ZoomChange::Out);
+  EXPECT_DOUBLE_EQ(Box.ZoomFactor(), 1 / 1.1);
+  for (int i = 0; i < 50; ++i) Box.ChangeZoom(ZoomChange::Out);
+  EXPECT_DOUBLE_EQ(Box.ZoomFactor(), 0.3);
+  for (int i = 0; i < 50; ++i) Box.ChangeZoom(ZoomChange::In);
+  EXPECT_DOUBLE_EQ(Box.ZoomFactor(), 8);
+}
+
 } // namespace
 } // namespace portico::memory

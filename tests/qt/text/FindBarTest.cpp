@@ -93,6 +93,34 @@ TEST_F(FindBarTest, GoesOnFromTheCaretAlsoWhereTheTextIsStillOnItsWay) {
   EXPECT_EQ(box.SelStart(), 0) << "behind the last one comes the first";
 }
 
+TEST_F(FindBarTest, GoesOnFromTheMenuWithTheFieldClosed) {
+  box.OpenFind();
+  auto* bar = View().findChild<QLineEdit*>();
+  ASSERT_NE(bar, nullptr);
+  TypeInto(*bar, "two");
+  Press(*bar, Qt::Key_Escape);
+  std::vector<std::int32_t> starts;
+  for (const bool isNext : {true, true, false, false}) {
+    isNext ? box.FindNext() : box.FindPrevious();
+    starts.push_back(box.SelStart());
+  }
+  EXPECT_EQ(starts, (std::vector<std::int32_t>{9, 4, 9, 4}));
+  EXPECT_EQ(box.SelText(), u"Two");
+  EXPECT_TRUE(bar->isHidden());
+  EXPECT_EQ(QApplication::focusWidget(), &View());
+}
+
+TEST_F(FindBarTest, GoingOnWithNothingToLookForOpensIt) {
+  for (const bool isNext : {true, false}) {
+    isNext ? box.FindNext() : box.FindPrevious();
+    auto* bar = View().findChild<QLineEdit*>();
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(QApplication::focusWidget(), bar);
+    EXPECT_EQ(box.SelTextLength(), 0);
+    Press(*bar, Qt::Key_Escape);
+  }
+}
+
 TEST_F(FindBarTest, EscapeCloses) {
   QLineEdit& bar = Open();
   Press(bar, Qt::Key_Escape);

@@ -43,6 +43,10 @@ public:
   bool TabStop() const override { return true; }
   void TabStop(bool /*newValue*/) override {}
   void Locked(bool newValue) override { Edit().setReadOnly(newValue); }
+  void OpenFind() override {}
+  void FindNext() override {}
+  void FindPrevious() override {}
+  void ChangeZoom(ZoomChange /*change*/) override {}
   Event<>& GotFocus() override { return m_event; }
   Event<>& LostFocus() override { return m_event; }
   Event<const MouseEvent&>& MouseDown() override { return m_mouse; }

@@ -339,6 +339,19 @@ TEST_F(TextViewTest, ZoomChangesWhatIsSeenAndNothingElse) {
   EXPECT_EQ(changes, 1);
 }
 
+TEST_F(TextViewTest, ZoomsByTenthsForTheMenu) {
+  box.ChangeZoom(ZoomChange::In);
+  EXPECT_NEAR(View().Zoom(), 1.1, 1e-9);
+  box.ChangeZoom(ZoomChange::ActualSize);
+  EXPECT_EQ(View().Zoom(), 1);
+  box.ChangeZoom(ZoomChange::Out);
+  EXPECT_NEAR(View().Zoom(), 1 / 1.1, 1e-9);
+  for (int i = 0; i < 50; ++i) box.ChangeZoom(ZoomChange::Out);
+  EXPECT_EQ(View().Zoom(), 0.3);
+  for (int i = 0; i < 50; ++i) box.ChangeZoom(ZoomChange::In);
+  EXPECT_EQ(View().Zoom(), 8);
+}
+
 TEST_F(TextViewTest, ControlAndTheWheelZoom) {
   const auto turn = [&](int delta, Qt::KeyboardModifiers modifiers) {
     QWheelEvent event({10, 10}, View().mapToGlobal(QPointF(10, 10)), {}, {0, delta}, Qt::NoButton, modifiers,

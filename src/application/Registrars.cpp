@@ -30,6 +30,7 @@
 #include "ui/commands/LogCommands.h"
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/PrintCommands.h"
+#include "ui/commands/ReadingCommands.h"
 #include "ui/dialogs/frmTVSCPIOptions.h"
 #include "views/CRun.h"
 #include "views/CSCPIViewHistory.h"
@@ -175,6 +176,12 @@ Rows CSCPIInstHndlrRegistrar::Rows() const {
   static constexpr std::array rows = {&CtorSCPIInstHandler, &CtorSCPICmdBuilder,    &CtorPacingCmdBuilder,
                                       &CtorOPCQueryCmdBldr, &CtorIntrvlPcngCmdBldr, &CtorIntervalPacingCmd,
                                       &CtorIntervalTimer,   &CtorErrChkCmdBuilder,  &CtorNullCmdBuilder};
+  return rows;
+}
+
+Rows ViewAndDataRegistrar::Rows() const {
+  static constexpr std::array rows = {&CtorFind,   &CtorFindNext, &CtorFindPrevious,
+                                      &CtorZoomIn, &CtorZoomOut,  &CtorActualSize};
   return rows;
 }
 

@@ -117,4 +117,13 @@ private:
   std::span<const CreatorRow* const> Rows() const override;
 };
 
+/// The commands of the menus View and Data. They come behind all others, whose places in the factory are known.
+class ViewAndDataRegistrar final : public CRegistrarBase {
+public:
+  StringView ClassName() const override { return u"ViewAndDataRegistrar"; }
+
+private:
+  std::span<const CreatorRow* const> Rows() const override;
+};
+
 } // namespace portico

@@ -53,6 +53,7 @@ void CreateObjectFactory() try {
   Register<CSubscriptionAgentRegistrar>();
   Register<CDriverSessionRegistrar>();
   Register<CInstDirectorRegistrar>();
+  Register<ViewAndDataRegistrar>();
 } catch (...) {
   PassOn(u"modAppGlobals.CreateObjectFactory()");
 }

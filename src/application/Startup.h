@@ -34,7 +34,7 @@ void Main(const Startup& startup);
 /// Sets `gXMLParserAvailable`. Never raises.
 void DetectXMLParser(const std::function<void()>& createXMLDocument);
 
-/// Makes `gObjectFactory` and runs the six registrars in their order.
+/// Makes `gObjectFactory` and runs the six registrars in their order, then that of the menus View and Data.
 void CreateObjectFactory();
 
 /// Lets the factory go, and with it every singleton; the channel follows at once, so that an instrument which is still

@@ -73,6 +73,12 @@ inline constexpr std::array RegisteredRows = {
     RegisteredRow{u"CSCPIInstHndlrRegistrar", u"CtorIntervalTimer", u"IntervalTimer", 0},
     RegisteredRow{u"CSCPIInstHndlrRegistrar", u"CtorErrChkCmdBuilder", u"ErrorCheckingCommandBuilder", 0},
     RegisteredRow{u"CSCPIInstHndlrRegistrar", u"CtorNullCmdBuilder", u"NullCommandBuilder", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorFind", u"Find", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorFindNext", u"FindNext", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorFindPrevious", u"FindPrevious", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorZoomIn", u"ZoomIn", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorZoomOut", u"ZoomOut", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorActualSize", u"ActualSize", 0},
 };
 
 } // namespace portico::test

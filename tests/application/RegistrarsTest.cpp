@@ -70,6 +70,7 @@ TEST_F(Registrars, RegisterTheirGroupAndRemoveExactlyThat) {
   ExpectGroup<CDriverSessionRegistrar>({u"DriverSession"});
   ExpectGroup<CCfgInstHndlrRegistrar>(SpecificationsOf(u"CCfgInstHndlrRegistrar"));
   ExpectGroup<CSCPIInstHndlrRegistrar>(SpecificationsOf(u"CSCPIInstHndlrRegistrar"));
+  ExpectGroup<ViewAndDataRegistrar>(SpecificationsOf(u"ViewAndDataRegistrar"));
 }
 
 TEST_F(Registrars, TheInstructionGroupsLeaveWhatWasThereBefore) {

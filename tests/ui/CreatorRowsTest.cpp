@@ -5,6 +5,7 @@
 #include "ui/commands/InstrumentCommands.h"
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/PrintCommands.h"
+#include "ui/commands/ReadingCommands.h"
 #include "ui/dialogs/frmTVSCPIOptions.h"
 
 namespace portico::test {
@@ -46,6 +47,15 @@ TEST_F(CreatorRowsTest, InstrumentCommandsAndOptions) {
   Expect(CtorQueryStatus, u"CtorQueryStatus", u"QueryStatus", 0);
   Expect(CtorWaitOPC, u"CtorWaitOPC", u"WaitforOPC", 0);
   Expect(CtorConfigOptions, u"CtorConfigOptions", u"ConfigOptions", 0);
+}
+
+TEST_F(CreatorRowsTest, ReadingCommands) {
+  Expect(CtorFind, u"CtorFind", u"Find", 0);
+  Expect(CtorFindNext, u"CtorFindNext", u"FindNext", 0);
+  Expect(CtorFindPrevious, u"CtorFindPrevious", u"FindPrevious", 0);
+  Expect(CtorZoomIn, u"CtorZoomIn", u"ZoomIn", 0);
+  Expect(CtorZoomOut, u"CtorZoomOut", u"ZoomOut", 0);
+  Expect(CtorActualSize, u"CtorActualSize", u"ActualSize", 0);
 }
 
 TEST_F(CreatorRowsTest, EachMakesItsProduct) {

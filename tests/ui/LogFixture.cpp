@@ -6,6 +6,7 @@
 #include "ui/commands/LogCommands.h"
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/PrintCommands.h"
+#include "ui/commands/ReadingCommands.h"
 #include "views/CSCPIView.h"
 
 namespace portico::test {
@@ -18,7 +19,8 @@ LogFixture::LogFixture() {
   gCommonDialog = Dialog;
   for (const CreatorRow* row :
        {&CtorXMLDataStore, &CtorReportLogger, &CtorNewLogFile, &CtorToggleLogging, &CtorViewLogFile, &CtorSCPIView,
-        &CtorMerge, &CtorMergeFrom, &CtorCopy, &CtorPrint, &CtorPrintSetup}) {
+        &CtorMerge, &CtorMergeFrom, &CtorCopy, &CtorPrint, &CtorPrintSetup, &CtorFind, &CtorFindNext, &CtorFindPrevious,
+        &CtorZoomIn, &CtorZoomOut, &CtorActualSize}) {
     gObjectFactory->Add(MakeCreator(*row));
   }
   Configuration->Items = {{u"LogFileName", u""}, {u"Logging", u"On"}};

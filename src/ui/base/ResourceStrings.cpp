@@ -95,6 +95,14 @@ constexpr std::array Table = {
     ResourceString{9020, u"&Index..."},
     ResourceString{9030, u"&Search..."},
     ResourceString{9040, u"&About Tolvane Portico..."},
+    // The menus beside those of the contract.
+    ResourceString{10000, u"&View"},
+    ResourceString{10010, u"&Find..."},
+    ResourceString{10020, u"Find &Next"},
+    ResourceString{10030, u"Find Pre&vious"},
+    ResourceString{10040, u"Zoom &In"},
+    ResourceString{10050, u"Zoom &Out"},
+    ResourceString{10060, u"&Actual Size"},
 };
 
 constexpr bool Precedes(const ResourceString& a, const ResourceString& b) { return a.Id < b.Id; }

@@ -46,5 +46,13 @@ inline constexpr ClassKey<ICommand, Ref<IIteratableObject>, Ref<IIterator>> Merg
 inline constexpr ClassKey<ICommand, Ref<IIteratableObject>, StringView, Ref<IIterator>> MergeDataContainerFromFile{
     u"MergeDataContainerFromFile"};
 
+// They work on the text box that had the focus last, and do nothing where there was none.
+inline constexpr ClassKey<ICommand> Find{u"Find"};
+inline constexpr ClassKey<ICommand> FindNext{u"FindNext"};
+inline constexpr ClassKey<ICommand> FindPrevious{u"FindPrevious"};
+inline constexpr ClassKey<ICommand> ZoomIn{u"ZoomIn"};
+inline constexpr ClassKey<ICommand> ZoomOut{u"ZoomOut"};
+inline constexpr ClassKey<ICommand> ActualSize{u"ActualSize"};
+
 } // namespace Class
 } // namespace portico

@@ -1,5 +1,7 @@
 #include "ui/main/MainDesign.h"
 
+#include "ui/base/ViewMenu.h"
+
 namespace portico {
 namespace {
 
@@ -22,7 +24,7 @@ constexpr MenuDesign Checked(MenuDesign item) {
   return item;
 }
 
-constexpr MenuDesign Menus[] = {
+constexpr std::array MenusBeforeView = {
     Title(u"mnuFile", u"1000"),
     Item(u"mnuFile", u"mnuFileOpenInstrument", u"1001", u"Ctrl+N"),
     Item(u"mnuFile", u"mnuFileCloseInstrument", u"1002"),
@@ -68,7 +70,9 @@ constexpr MenuDesign Menus[] = {
     Checked(Item(u"mnuMode", u"mnuSCPI", u"5030", u"F11")),
     Item(u"mnuMode", u"mnuDDC", u"5040", u"F12"),
     Item(u"mnuTools", u"mnuOptions", u"5020"),
+};
 
+constexpr std::array MenusBehindView = {
     Title(u"mnuHelp", u"9000"),
     Item(u"mnuHelp", u"mnuHelpTopics", u"9010"),
     Bar(u"mnuHelp", u"mnuHelpBar0"),
@@ -93,6 +97,8 @@ constexpr MenuDesign Menus[] = {
     Bar(u"mnuPopupHistory", u"mnuPopupHistoryBar1"),
     Item(u"mnuPopupHistory", u"mnuPopupHistoryClearHistory", u"7060"),
 };
+
+constexpr auto Menus = Joined(MenusBeforeView, ViewMenu, MenusBehindView);
 
 constexpr ToolButtonStyle Check = ToolButtonStyle::Check;
 constexpr ToolButtonStyle Separator = ToolButtonStyle::Separator;

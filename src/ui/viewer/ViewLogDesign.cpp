@@ -1,5 +1,7 @@
 #include "ui/viewer/ViewLogDesign.h"
 
+#include "ui/base/ViewMenu.h"
+
 #include <array>
 
 namespace portico {
@@ -7,7 +9,7 @@ namespace {
 
 constexpr StringView Bar = u"-";
 
-constexpr std::array Menus = {
+constexpr std::array MenusBeforeView = {
     MenuDesign{.Name = u"mnuFile", .Caption = u"1000"},
     MenuDesign{.Name = u"mnuFileProperty", .Caption = u"1050", .Parent = u"mnuFile", .Visible = false},
     MenuDesign{.Name = u"mnuFileBar0", .Caption = Bar, .Parent = u"mnuFile", .Visible = false},
@@ -18,10 +20,15 @@ constexpr std::array Menus = {
     MenuDesign{.Name = u"mnuEdit", .Caption = u"2000"},
     MenuDesign{.Name = u"mnuCopy", .Caption = u"2020", .Parent = u"mnuEdit"},
     MenuDesign{.Name = u"mnuCopyto", .Caption = u"2040", .Parent = u"mnuEdit", .Visible = false},
+};
+
+constexpr std::array HelpMenu = {
     MenuDesign{.Name = u"mnuHelp", .Caption = u"9000"},
     MenuDesign{.Name = u"mnuHelpTopics", .Caption = u"9010", .Parent = u"mnuHelp", .Visible = false},
     MenuDesign{.Name = u"mnuHelpAbout", .Caption = u"9040", .Parent = u"mnuHelp"},
 };
+
+constexpr auto Menus = Joined(MenusBeforeView, ViewMenu, HelpMenu);
 
 constexpr std::array ToolButtons = {
     ToolButtonDesign{.Key = u"Print", .ToolTipText = u"8060", .Image = u"Print"},

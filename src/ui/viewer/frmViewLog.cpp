@@ -10,6 +10,7 @@
 #include "ui/base/ShowFailure.h"
 #include "ui/base/Tolerate.h"
 #include "ui/base/UserCommands.h"
+#include "ui/base/ViewMenu.h"
 #include "ui/base/WindowSettings.h"
 #include "ui/dialogs/frmAbout.h"
 #include "ui/viewer/LogLoading.h"
@@ -93,6 +94,7 @@ void frmViewLog::Connect() {
   OnMenu(u"mnuFilePageSetup", &frmViewLog::mnuFilePageSetup_Click);
   OnMenu(u"mnuFileClose", &frmViewLog::mnuFileClose_Click);
   OnMenu(u"mnuHelpAbout", &frmViewLog::mnuHelpAbout_Click);
+  ConnectCommands(*m_form, ViewItems);
   tbToolBar().ButtonClick().Connect([weak = weak_from_this()](IToolButton& button) {
     if (const auto self = weak.lock()) self->tbToolBar_ButtonClick(button);
   });

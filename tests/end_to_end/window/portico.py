@@ -56,6 +56,14 @@ class Node:
         return Atspi.Text.get_text(self.accessible, 0, -1)
 
     @property
+    def selection(self):
+        """Where it begins, and what it is."""
+        if Atspi.Text.get_n_selections(self.accessible) == 0:
+            return None, ""
+        chosen = Atspi.Text.get_selection(self.accessible, 0)
+        return chosen.start_offset, self.text[chosen.start_offset:chosen.end_offset]
+
+    @property
     def description(self):
         return self.accessible.get_description() or ""
 
@@ -73,6 +81,10 @@ class Node:
     def middle(self):
         box = self.accessible.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
         return box.x + box.width // 2, box.y + box.height // 2
+
+    def line_height(self):
+        """Of the text's first line, in pixels."""
+        return Atspi.Text.get_character_extents(self.accessible, 0, Atspi.CoordType.SCREEN).height
 
     def extents(self):
         return self.accessible.get_component_iface().get_extents(Atspi.CoordType.SCREEN)

@@ -67,6 +67,39 @@ class Editing(WindowCase):
         portico.popup("txtFuture", "Down", "Down", "Down", "Return")  # Cut, Copy, Paste
         portico.wait(lambda: portico.commands.count("*IDN?") == 1, "the conversation in place of what was selected")
 
+    def test_a_text_is_looked_for_by_menu_and_keys(self):
+        portico = self.talk("*IDN?", "MEAS:VOLT:DC?")
+        box = portico.find("txtPast", "text")
+        portico.click(box)
+        portico.key("ctrl+Home")
+        portico.choose("View", "Find...")
+        portico.wait(lambda: portico.find("Find", "text").focused, "the field")
+        portico.type("*opc")
+        portico.wait(lambda: box.selection[1] == "*OPC", "what was looked for")
+        first = box.selection[0]
+        portico.key("Escape")
+        portico.wait(lambda: box.focused, "the focus to be back")
+        portico.choose("View", "Find Next")
+        portico.wait(lambda: box.selection[0] > first and box.selection[1] == "*OPC", "the next one")
+        portico.key("ctrl+shift+g")
+        portico.wait(lambda: box.selection[0] == first, "the first one")
+        portico.key("ctrl+g")
+        portico.wait(lambda: box.selection[0] > first, "the next one again")
+
+    def test_the_text_is_made_larger_by_menu_and_keys(self):
+        portico = self.talk("*IDN?")
+        box = portico.find("txtPast", "text")
+        portico.click(box)
+        height = box.line_height()
+        portico.choose("View", "Zoom In")
+        portico.wait(lambda: box.line_height() > height, "larger text")
+        portico.key("ctrl+0")
+        portico.wait(lambda: box.line_height() == height, "text of its own size")
+        portico.key("ctrl+minus")
+        portico.wait(lambda: box.line_height() < height, "smaller text")
+        portico.choose("View", "Actual Size")
+        portico.wait(lambda: box.line_height() == height, "text of its own size again")
+
     def test_typing_can_be_undone(self):
         portico = self.open(self.simulator().name)
         portico.type_lines("*IDN?")

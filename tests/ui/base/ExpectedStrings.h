@@ -95,6 +95,13 @@ inline constexpr std::array ExpectedStrings = {
     ExpectedString{9020, u"&Index..."},
     ExpectedString{9030, u"&Search..."},
     ExpectedString{9040, u"&About Tolvane Portico..."},
+    ExpectedString{10000, u"&View"},
+    ExpectedString{10010, u"&Find..."},
+    ExpectedString{10020, u"Find &Next"},
+    ExpectedString{10030, u"Find Pre&vious"},
+    ExpectedString{10040, u"Zoom &In"},
+    ExpectedString{10050, u"Zoom &Out"},
+    ExpectedString{10060, u"&Actual Size"},
 };
 
 } // namespace portico::test

@@ -65,6 +65,15 @@ inline constexpr ExpectedMenu ExpectedMenus[] = {
     {u"mnuDDC", u"5040", u"&Other", u"mnuMode", u"F12"},
     {u"mnuOptions", u"5020", u"&Options...", u"mnuTools"},
 
+    {u"mnuView", u"10000", u"&View"},
+    {u"mnuFind", u"10010", u"&Find...", u"mnuView", u"Ctrl+F"},
+    {u"mnuFindNext", u"10020", u"Find &Next", u"mnuView", u"Ctrl+G"},
+    {u"mnuFindPrevious", u"10030", u"Find Pre&vious", u"mnuView", u"Ctrl+Shift+G"},
+    {u"mnuViewBar0", u"-", u"-", u"mnuView"},
+    {u"mnuZoomIn", u"10040", u"Zoom &In", u"mnuView", u"Ctrl++"},
+    {u"mnuZoomOut", u"10050", u"Zoom &Out", u"mnuView", u"Ctrl+-"},
+    {u"mnuActualSize", u"10060", u"&Actual Size", u"mnuView", u"Ctrl+0"},
+
     {u"mnuHelp", u"9000", u"&Help"},
     {u"mnuHelpTopics", u"9010", u"Help &Topics", u"mnuHelp"},
     {u"mnuHelpBar0", u"-", u"-", u"mnuHelp"},

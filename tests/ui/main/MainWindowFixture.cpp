@@ -21,9 +21,28 @@ void MainWindowFixture::Start(const String& commandLine) {
 }
 
 void MainWindowFixture::OfferSpies() {
-  for (const char16_t* name : {u"OpenInstrument", u"CloseInstrument", u"ToggleLogFile", u"ViewLogFile",
-                               u"ToggleLogging", u"Print", u"PrintSetup", u"Cut", u"Copy", u"Paste", u"Copyto",
-                               u"Pastefrom", u"ReadInstrumentData", u"WaitforOPC", u"QueryStatus", u"ConfigOptions"}) {
+  for (const char16_t* name : {u"OpenInstrument",
+                               u"CloseInstrument",
+                               u"ToggleLogFile",
+                               u"ViewLogFile",
+                               u"ToggleLogging",
+                               u"Print",
+                               u"PrintSetup",
+                               u"Cut",
+                               u"Copy",
+                               u"Paste",
+                               u"Copyto",
+                               u"Pastefrom",
+                               u"ReadInstrumentData",
+                               u"WaitforOPC",
+                               u"QueryStatus",
+                               u"ConfigOptions",
+                               u"Find",
+                               u"FindNext",
+                               u"FindPrevious",
+                               u"ZoomIn",
+                               u"ZoomOut",
+                               u"ActualSize"}) {
     Offer(name, [this, name](const Params& parameters) {
       Commands.push_back(ToUtf8(name));
       LastParameters = parameters;

@@ -17,11 +17,27 @@ std::string Told(const MenuDesign& item) {
 TEST_F(ViewLogDesignTest, HasItsMenus) {
   std::vector<std::string> lines;
   for (const MenuDesign& item : ViewLogDesign().Menus) lines.push_back(Told(item));
-  EXPECT_EQ(lines,
-            (List{"/mnuFile 1000", "mnuFile/mnuFileProperty 1050 hidden", "mnuFile/mnuFileBar0 - hidden",
-                  "mnuFile/mnuFilePrint 1008 Ctrl+P", "mnuFile/mnuFilePageSetup 1007", "mnuFile/mnuFileBar1 -",
-                  "mnuFile/mnuFileClose 1060", "/mnuEdit 2000", "mnuEdit/mnuCopy 2020", "mnuEdit/mnuCopyto 2040 hidden",
-                  "/mnuHelp 9000", "mnuHelp/mnuHelpTopics 9010 hidden", "mnuHelp/mnuHelpAbout 9040"}));
+  EXPECT_EQ(lines, (List{"/mnuFile 1000",
+                         "mnuFile/mnuFileProperty 1050 hidden",
+                         "mnuFile/mnuFileBar0 - hidden",
+                         "mnuFile/mnuFilePrint 1008 Ctrl+P",
+                         "mnuFile/mnuFilePageSetup 1007",
+                         "mnuFile/mnuFileBar1 -",
+                         "mnuFile/mnuFileClose 1060",
+                         "/mnuEdit 2000",
+                         "mnuEdit/mnuCopy 2020",
+                         "mnuEdit/mnuCopyto 2040 hidden",
+                         "/mnuView 10000",
+                         "mnuView/mnuFind 10010 Ctrl+F",
+                         "mnuView/mnuFindNext 10020 Ctrl+G",
+                         "mnuView/mnuFindPrevious 10030 Ctrl+Shift+G",
+                         "mnuView/mnuViewBar0 -",
+                         "mnuView/mnuZoomIn 10040 Ctrl++",
+                         "mnuView/mnuZoomOut 10050 Ctrl+-",
+                         "mnuView/mnuActualSize 10060 Ctrl+0",
+                         "/mnuHelp 9000",
+                         "mnuHelp/mnuHelpTopics 9010 hidden",
+                         "mnuHelp/mnuHelpAbout 9040"}));
 }
 
 TEST_F(ViewLogDesignTest, HasItsToolbarStatusBarAndControls) {

@@ -92,7 +92,7 @@ TEST_F(ViewLogLoadTest, HidesWhatItDoesNotOffer) {
     EXPECT_FALSE(Menu(viewer, name).Visible()) << ToUtf8(name);
   }
   for (const auto* name : {u"mnuFile", u"mnuFilePrint", u"mnuFilePageSetup", u"mnuFileBar1", u"mnuFileClose",
-                           u"mnuEdit", u"mnuCopy", u"mnuHelp", u"mnuHelpAbout"}) {
+                           u"mnuEdit", u"mnuCopy", u"mnuView", u"mnuHelp", u"mnuHelpAbout"}) {
     EXPECT_TRUE(Menu(viewer, name).Visible()) << ToUtf8(name);
   }
   EXPECT_FALSE(Bar(viewer).Buttons(u"Copy to").Visible());

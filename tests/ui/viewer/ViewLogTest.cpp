@@ -1,5 +1,6 @@
 #include "support/Allocation.h"
 
+#include "ui/commands/ReadingCommands.h"
 #include "ui/viewer/ViewLogFixture.h"
 
 #include "framework/errors/Quit.h"
@@ -211,6 +212,49 @@ TEST_F(ViewLogTest, CopiesByTheToolbar) {
   Bar(viewer).Buttons(u"Copy").Enabled(true);
   EXPECT_TRUE(Bar(viewer).Buttons(u"Copy").Press());
   EXPECT_EQ(Platform.Keyboard->Sent(), (std::vector<String>{u"^C"}));
+}
+
+TEST_F(ViewLogTest, LooksForATextByMenuAndKeys) {
+  const auto viewer = ViewOf({u"*IDN?\r\n", u"*RST\r\n", u"*idn?\r\n"});
+  auto& box = Past(viewer);
+  box.SelStart(0);
+  EXPECT_TRUE(Menu(viewer, u"mnuFind").Choose());
+  EXPECT_EQ(box.SoughtText(), u"");
+  box.LookFor(u"*idn");
+  EXPECT_EQ(box.SelStart(), 0);
+  EXPECT_TRUE(Menu(viewer, u"mnuFindNext").Choose());
+  EXPECT_EQ(box.SelText(), u"*idn");
+  EXPECT_TRUE(viewer->PressKey(u'G', CtrlState + ShiftState));
+  EXPECT_EQ(box.SelText(), u"*IDN");
+  EXPECT_TRUE(viewer->PressKey(u'G', CtrlState));
+  EXPECT_EQ(box.SelText(), u"*idn");
+  EXPECT_TRUE(Menu(viewer, u"mnuFindPrevious").Choose());
+  EXPECT_EQ(box.SelText(), u"*IDN");
+}
+
+TEST_F(ViewLogTest, ZoomsByMenuAndKeys) {
+  const auto viewer = ViewOf({u"*IDN?\r\n"});
+  auto& box = Past(viewer);
+  EXPECT_TRUE(Menu(viewer, u"mnuZoomIn").Choose());
+  EXPECT_DOUBLE_EQ(box.ZoomFactor(), 1.1);
+  EXPECT_TRUE(viewer->PressKey(u'0', CtrlState));
+  EXPECT_EQ(box.ZoomFactor(), 1);
+  EXPECT_TRUE(Menu(viewer, u"mnuZoomOut").Choose());
+  EXPECT_DOUBLE_EQ(box.ZoomFactor(), 1 / 1.1);
+  EXPECT_TRUE(Menu(viewer, u"mnuActualSize").Choose());
+  EXPECT_EQ(box.ZoomFactor(), 1);
+}
+
+TEST_F(ViewLogTest, AFailureOfItsViewMenuBearsTheItemsLabel) {
+  const auto viewer = ViewOf({u"*IDN?\r\n"});
+  Calls.clear();
+  gObjectFactory->Remove(MakeCreator(CtorZoomIn));
+  Platform.MessageBox->Answer();
+  EXPECT_TRUE(Menu(viewer, u"mnuZoomIn").Choose());
+  ASSERT_EQ(Platform.MessageBox->Calls().size(), 1U);
+  const String& prompt = Platform.MessageBox->Calls()[0].Prompt;
+  EXPECT_EQ(prompt.find(u"Can't change the size of the text.\r\n"), 0U);
+  EXPECT_EQ(ToUtf8(CallStack(prompt).back()), "frmViewLog.mnuZoomIn_Click()");
 }
 
 TEST_F(ViewLogTest, TheToolbarsPrintDoesNothing) {

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "framework/text/text.h"
+#include "platform/IForm.h"
+
+#include <array>
+#include <cstddef>
+#include <span>
+
+namespace portico {
+
+/// An item of a menu that ends in a command without parameters.
+struct CommandItem {
+  StringView Name;
+  StringView Failure; ///< stands first in the message box
+  StringView Command;
+};
+
+/// Lets each item's click run its command by way of `ExecutionEventHandler`. What fails is shown, and reported under
+/// the form's name and the item's. The items must outlive the form.
+void ConnectCommands(IForm& form, std::span<const CommandItem> items);
+
+/// Rows of tables in one.
+template <class Row, std::size_t... Counts>
+constexpr auto Joined(const std::array<Row, Counts>&... parts) {
+  std::array<Row, (Counts + ...)> rows{};
+  std::size_t count = 0;
+  const auto append = [&](const auto& part) {
+    for (const Row& row : part) rows[count++] = row;
+  };
+  (append(parts), ...);
+  return rows;
+}
+
+} // namespace portico

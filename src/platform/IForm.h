@@ -83,6 +83,12 @@ Control& FindControl(IForm& form, StringView name) {
   HuntERR::RaiseStandard(ErrorNumber::ControlNotFound);
 }
 
+/// The same for those who hold references: the form lives with its control.
+template <class Control>
+Ref<Control> ShareControl(const Ref<IForm>& form, StringView name) {
+  return Ref<Control>(std::shared_ptr<Control>(form.Shared(), &FindControl<Control>(*form, name)));
+}
+
 /// Makes forms, and knows those that are loaded.
 class IForms {
 public:

@@ -22,12 +22,6 @@
 namespace portico {
 namespace {
 
-/// How a control is handed to those who hold references: its form lives with it.
-template <class Control>
-Ref<Control> Share(const Ref<IForm>& form, Control& control) {
-  return Ref<Control>(std::shared_ptr<Control>(form.Shared(), &control));
-}
-
 StringView SentenceOf(StringView handler) {
   const auto handlers = ViewLogHandlers();
   return std::find_if(handlers.begin(), handlers.end(),
@@ -131,10 +125,10 @@ void frmViewLog::PlaceForm() {
 void frmViewLog::LoadLog() try {
   CheckFactory(ErrorNumber::CannotCreate);
   const auto iterator = Create(Class::SelectionIterator, u"IterateAll");
-  m_view = Create(Class::SCPIView, Share(m_form, txtPast()));
+  m_view = Create(Class::SCPIView, SharedText());
   const auto queue = m_view->Instructions();
   LogLoading loading(m_fileName);
-  m_showing = std::make_unique<LogShowing>(Share(m_form, txtPast()), queue, m_fileName, iterator);
+  m_showing = std::make_unique<LogShowing>(SharedText(), queue, m_fileName, iterator);
   m_warning = loading.Warning();
   loading.Follow(queue);
   ShowPortion();
@@ -259,7 +253,7 @@ void frmViewLog::mnuCopy_Click() {
 
 void frmViewLog::mnuFilePrint_Click() {
   Run(u"mnuFilePrint_Click", [this] {
-    if (ShowRest()) modAppGlobals::ExecutionEventHandler(Class::Print, gCommonDialog, Share(m_form, txtPast()));
+    if (ShowRest()) modAppGlobals::ExecutionEventHandler(Class::Print, gCommonDialog, SharedText());
   });
 }
 

@@ -79,6 +79,7 @@ private:
   }
   IMenuItem& Menu(StringView name) const { return Find<IMenuItem>(name); }
   IRichTextControl& txtPast() const { return Find<IRichTextControl>(u"txtPast"); }
+  Ref<IRichTextControl> SharedText() const { return ShareControl<IRichTextControl>(m_form, u"txtPast"); }
   IToolBar& tbToolBar() const { return Find<IToolBar>(ToolBarName); }
 
   String m_fileName;

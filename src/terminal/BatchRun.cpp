@@ -3,7 +3,6 @@
 #include "framework/errors/HuntERR.h"
 #include "framework/errors/Quit.h"
 #include "framework/objects/IObjectFactory.h"
-#include "framework/shared/ErrorAnswer.h"
 #include "framework/shared/IConfiguration.h"
 #include "instructions/InstrumentAccess.h"
 #include "terminal/console/Diagnostic.h"
@@ -252,12 +251,9 @@ void BatchRun::JudgeDriver() {
 }
 
 void BatchRun::JudgeAnswer() {
-  const auto& answer = m_faults->LastAnswer();
-  if (!answer || !ReportsError(*answer)) return;
-  const bool isAsked =
-      gConfiguration->IsOn(Item::AutoErrorCheckingMode) && gConfiguration->IsOn(Item::AutoReadAfterQueryMode);
-  if (!isAsked) return;
-  Diagnose("the instrument reports " + ToUtf8(*answer));
+  const auto error = m_faults->ReportedError();
+  if (!error) return;
+  Diagnose("the instrument reports " + ToUtf8(*error));
   m_status.Note(ExitStatus::InstrumentError);
   if (m_options.StopOnError) Stop();
 }

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "document/reports/FaultCollector.h"
 #include "terminal/ConversationPrinter.h"
 #include "terminal/DriverNews.h"
-#include "terminal/FaultCollector.h"
 #include "terminal/RepeatedFaults.h"
 #include "terminal/RunLog.h"
 #include "terminal/RunOptions.h"

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-namespace portico::terminal {
+namespace portico {
 
 /// Collects from the reports of one instruction how its commands on the channel ended and what was answered. What that
 /// means is for others to judge.
@@ -34,6 +34,9 @@ public:
   std::vector<String> DriverFailures() const;
   /// What followed the last write: with error checking on, the answer of the error query; none without a read.
   const std::optional<String>& LastAnswer() const { return m_lastAnswer; }
+  /// The error that the instrument has reported: the answer of the error query, where one is sent and read, if it
+  /// reports an error. Needs `gConfiguration`.
+  std::optional<String> ReportedError() const;
 
 private:
   std::vector<Outcome> m_outcomes;
@@ -41,4 +44,4 @@ private:
   bool m_writeFailed = false; // what the last write did
 };
 
-} // namespace portico::terminal
+} // namespace portico

@@ -1,10 +1,11 @@
-#include "terminal/FaultCollector.h"
+#include "document/reports/FaultCollector.h"
 
-#include "terminal/HandMadeReport.h"
+#include "support/doubles/HandMadeReport.h"
+#include "support/fixtures/DocumentFixture.h"
 
 #include <gtest/gtest.h>
 
-namespace portico::terminal {
+namespace portico {
 namespace {
 
 using test::FailureReport;
@@ -116,5 +117,34 @@ TEST(FaultCollector, BeginForgetsTheInstructionBefore) {
   EXPECT_FALSE(collector.LastAnswer());
 }
 
+class ReportedErrorTest : public test::DocumentFixture {
+protected:
+  ReportedErrorTest() {
+    Switch(Item::AutoErrorCheckingMode, true);
+    Switch(Item::AutoReadAfterQueryMode, true);
+    Collector.Update(WriteReport(u":SYST:ERR?"));
+  }
+  static void Switch(const ItemKey<ItemType::Switch>& item, bool isOn) { gConfiguration->Set(item, isOn); }
+
+  FaultCollector Collector;
+};
+
+TEST_F(ReportedErrorTest, IsAnAnswerThatIsNotZero) {
+  EXPECT_EQ(Collector.ReportedError(), std::nullopt);
+  Collector.Update(ReadReport(u"0,\"No error\""));
+  EXPECT_EQ(Collector.ReportedError(), std::nullopt);
+  Collector.Update(ReadReport(u"-113,\"Undefined header\""));
+  EXPECT_EQ(Collector.ReportedError(), u"-113,\"Undefined header\"");
+}
+
+TEST_F(ReportedErrorTest, IsNoneWhereNoErrorQueryIsSentAndRead) {
+  Collector.Update(ReadReport(u"-113,\"Undefined header\""));
+  Switch(Item::AutoErrorCheckingMode, false);
+  EXPECT_EQ(Collector.ReportedError(), std::nullopt);
+  Switch(Item::AutoErrorCheckingMode, true);
+  Switch(Item::AutoReadAfterQueryMode, false);
+  EXPECT_EQ(Collector.ReportedError(), std::nullopt);
+}
+
 } // namespace
-} // namespace portico::terminal
+} // namespace portico

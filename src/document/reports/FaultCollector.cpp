@@ -1,11 +1,13 @@
-#include "terminal/FaultCollector.h"
+#include "document/reports/FaultCollector.h"
 
 #include "framework/errors/ErrorNumbers.h"
+#include "framework/shared/ErrorAnswer.h"
+#include "framework/shared/IConfiguration.h"
 #include "framework/shared/IReport.h"
 
 #include <utility>
 
-namespace portico::terminal {
+namespace portico {
 namespace {
 
 constexpr StringView WriteCommand = u"CWriteCmd";
@@ -27,6 +29,13 @@ std::vector<String> FaultCollector::DriverFailures() const {
   return failures;
 }
 
+std::optional<String> FaultCollector::ReportedError() const {
+  const bool isAsked =
+      gConfiguration->IsOn(Item::AutoErrorCheckingMode) && gConfiguration->IsOn(Item::AutoReadAfterQueryMode);
+  if (!isAsked || !m_lastAnswer || !ReportsError(*m_lastAnswer)) return {};
+  return m_lastAnswer;
+}
+
 void FaultCollector::Update(const Ref<IObject>& Subject) {
   const auto report = Cast<IReport>(Subject);
   const std::int32_t code = report->GetErrorCode();
@@ -45,4 +54,4 @@ void FaultCollector::Update(const Ref<IObject>& Subject) {
   m_outcomes.push_back({std::move(command), code == 0 ? std::nullopt : std::optional(report->GetErrorMessage())});
 }
 
-} // namespace portico::terminal
+} // namespace portico

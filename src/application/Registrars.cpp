@@ -25,6 +25,7 @@
 #include "instructions/builders/CNullCmdBuilder.h"
 #include "instructions/builders/CSCPICmdBuilder.h"
 #include "instructions/builders/PacingBuilders.h"
+#include "ui/commands/DataCommands.h"
 #include "ui/commands/EditCommands.h"
 #include "ui/commands/InstrumentCommands.h"
 #include "ui/commands/LogCommands.h"
@@ -35,6 +36,7 @@
 #include "views/CRun.h"
 #include "views/CSCPIViewHistory.h"
 #include "views/RunCommands.h"
+#include "views/RunGuard.h"
 
 #include <array>
 
@@ -180,8 +182,8 @@ Rows CSCPIInstHndlrRegistrar::Rows() const {
 }
 
 Rows ViewAndDataRegistrar::Rows() const {
-  static constexpr std::array rows = {&CtorFind,   &CtorFindNext, &CtorFindPrevious,
-                                      &CtorZoomIn, &CtorZoomOut,  &CtorActualSize};
+  static constexpr std::array rows = {&CtorFind,    &CtorFindNext,   &CtorFindPrevious, &CtorZoomIn,
+                                      &CtorZoomOut, &CtorActualSize, &CtorRunGuard,     &CtorStopAtErrors};
   return rows;
 }
 

@@ -117,7 +117,8 @@ private:
   std::span<const CreatorRow* const> Rows() const override;
 };
 
-/// The commands of the menus View and Data. They come behind all others, whose places in the factory are known.
+/// The commands of the menus View and Data, and what they work on. They come behind all others, whose places in the
+/// factory are known.
 class ViewAndDataRegistrar final : public CRegistrarBase {
 public:
   StringView ClassName() const override { return u"ViewAndDataRegistrar"; }

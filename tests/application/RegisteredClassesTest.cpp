@@ -75,9 +75,9 @@ TEST_F(RegisteredClasses, RefuseAnyOtherNumberOfParameters) {
   }
 }
 
-TEST_F(RegisteredClasses, FiveAreSingletonsAndTheRestAreMadeAnew) {
-  const std::set<StringView> singletons = {u"Configuration", u"DriverSession", u"InstructionProcessor",
-                                           u"IntervalTimer", u"CmdSubscriptionAgent"};
+TEST_F(RegisteredClasses, TheseAreSingletonsAndTheRestAreMadeAnew) {
+  const std::set<StringView> singletons = {u"Configuration", u"DriverSession",        u"InstructionProcessor",
+                                           u"IntervalTimer", u"CmdSubscriptionAgent", u"RunGuard"};
   SetAllOff();
   for (const auto& row : RegisteredRows) {
     if (row.ParamCount != 0) continue;

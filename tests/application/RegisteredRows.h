@@ -79,6 +79,8 @@ inline constexpr std::array RegisteredRows = {
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorZoomIn", u"ZoomIn", 0},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorZoomOut", u"ZoomOut", 0},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorActualSize", u"ActualSize", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorRunGuard", u"RunGuard", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorStopAtErrors", u"StopAtErrors", 0},
 };
 
 } // namespace portico::test

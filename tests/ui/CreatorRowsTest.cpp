@@ -1,6 +1,7 @@
 #include "framework/objects/Creator.h"
 #include "support/Labels.h"
 #include "support/fixtures/FrameworkTest.h"
+#include "ui/commands/DataCommands.h"
 #include "ui/commands/EditCommands.h"
 #include "ui/commands/InstrumentCommands.h"
 #include "ui/commands/MergeCommands.h"
@@ -57,6 +58,8 @@ TEST_F(CreatorRowsTest, ReadingCommands) {
   Expect(CtorZoomOut, u"CtorZoomOut", u"ZoomOut", 0);
   Expect(CtorActualSize, u"CtorActualSize", u"ActualSize", 0);
 }
+
+TEST_F(CreatorRowsTest, DataCommands) { Expect(CtorStopAtErrors, u"CtorStopAtErrors", u"StopAtErrors", 0); }
 
 TEST_F(CreatorRowsTest, EachMakesItsProduct) {
   const auto product = [](const CreatorRow& row) { return ToUtf8(MakeCreator(row)->Create({})->ClassName()); };

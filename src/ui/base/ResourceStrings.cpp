@@ -103,6 +103,8 @@ constexpr std::array Table = {
     ResourceString{10040, u"Zoom &In"},
     ResourceString{10050, u"Zoom &Out"},
     ResourceString{10060, u"&Actual Size"},
+    ResourceString{10200, u"&Data"},
+    ResourceString{10210, u"Stop at &Errors"},
 };
 
 constexpr bool Precedes(const ResourceString& a, const ResourceString& b) { return a.Id < b.Id; }

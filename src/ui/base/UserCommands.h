@@ -54,5 +54,8 @@ inline constexpr ClassKey<ICommand> ZoomIn{u"ZoomIn"};
 inline constexpr ClassKey<ICommand> ZoomOut{u"ZoomOut"};
 inline constexpr ClassKey<ICommand> ActualSize{u"ActualSize"};
 
+/// Turns stopping at errors on or off.
+inline constexpr ClassKey<ICommand> StopAtErrors{u"StopAtErrors"};
+
 } // namespace Class
 } // namespace portico

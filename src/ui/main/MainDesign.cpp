@@ -1,6 +1,7 @@
 #include "ui/main/MainDesign.h"
 
 #include "ui/base/ViewMenu.h"
+#include "ui/main/DataMenu.h"
 
 namespace portico {
 namespace {
@@ -72,7 +73,7 @@ constexpr std::array MenusBeforeView = {
     Item(u"mnuTools", u"mnuOptions", u"5020"),
 };
 
-constexpr std::array MenusBehindView = {
+constexpr std::array MenusBehindData = {
     Title(u"mnuHelp", u"9000"),
     Item(u"mnuHelp", u"mnuHelpTopics", u"9010"),
     Bar(u"mnuHelp", u"mnuHelpBar0"),
@@ -98,7 +99,7 @@ constexpr std::array MenusBehindView = {
     Item(u"mnuPopupHistory", u"mnuPopupHistoryClearHistory", u"7060"),
 };
 
-constexpr auto Menus = Joined(MenusBeforeView, ViewMenu, MenusBehindView);
+constexpr auto Menus = Joined(MenusBeforeView, ViewMenu, DataMenu, MenusBehindData);
 
 constexpr ToolButtonStyle Check = ToolButtonStyle::Check;
 constexpr ToolButtonStyle Separator = ToolButtonStyle::Separator;

@@ -7,6 +7,7 @@
 #include "framework/errors/Quit.h"
 #include "framework/objects/modGlobals.h"
 #include "framework/shared/modAppGlobals.h"
+#include "platform/StandardFont.h"
 #include "ui/base/ResourceStrings.h"
 #include "ui/base/ShowFailure.h"
 #include "ui/base/Tolerate.h"
@@ -29,9 +30,9 @@ WindowState ToWindowState(std::int32_t number) {
 
 frmMain::frmMain(const std::function<void()>& CreateObjectFactory, StringView HelpFile)
     : m_form(gForms->Load(MainDesign)), m_help(*m_form, HelpFile) {
-  m_txtFuture = TextBox(u"txtFuture");
-  m_txtPast = TextBox(u"txtPast");
-  m_scratchArea = TextBox(u"rtfScratchArea");
+  m_txtFuture = ShareControl<IRichTextControl>(m_form, u"txtFuture");
+  m_txtPast = ShareControl<IRichTextControl>(m_form, u"txtPast");
+  m_scratchArea = ShareControl<IRichTextControl>(m_form, u"rtfScratchArea");
   m_txtPast->Locked(true);
   m_update.emplace(*m_form, m_txtFuture, m_txtPast,
                    MainUpdate::Circumstances{.CommandHasFocus = [this] { return m_CommandHasFocus; },
@@ -71,6 +72,7 @@ void frmMain::Form_Load() {
   HideWhatIsNotOffered();
   m_historyView = Create(Class::SCPIViewHistory, m_txtPast);
   m_displayer = Create(Class::ReportDisplayer, m_historyView);
+  m_viewAndData.emplace(*m_form);
   SetUpSplitter();
   UpdateUI({}, {});
 }
@@ -196,8 +198,15 @@ void frmMain::Logger(const Ref<ISubscriber>& newValue) {
   m_logger = newValue;
 }
 
-void frmMain::UpdateUI(const String&, const String&) try { m_update->Run(); } catch (...) {
+void frmMain::UpdateUI(const String&, const String&) try {
+  m_update->Run();
+  if (m_viewAndData) m_viewAndData->Update();
+} catch (...) {
   PassOn(u"frmMain.UpdateUI()");
 }
+
+String frmMain::FontName() const { return String(StandardFontName); }
+
+double frmMain::FontSize() const { return StandardFontSize; }
 
 } // namespace portico

@@ -2,7 +2,6 @@
 
 #include "platform/IEventLoop.h"
 #include "platform/IScratchArea.h"
-#include "platform/StandardFont.h"
 #include "ui/base/IMainForm.h"
 #include "ui/base/IMainFormParts.h"
 #include "ui/base/ProgramConstants.h"
@@ -11,6 +10,7 @@
 #include "ui/main/MainHelp.h"
 #include "ui/main/MainUpdate.h"
 #include "ui/main/SplitPanel.h"
+#include "ui/main/ViewAndData.h"
 #include "views/CSCPIView.h"
 #include "views/CSCPIViewHistory.h"
 #include "views/RunFrame.h"
@@ -71,8 +71,8 @@ public:
   std::int32_t MousePointer() const override { return m_form->MousePointer(); }
   void MousePointer(std::int32_t shape) override { m_form->MousePointer(shape); }
   Ref<IRichTextBox> rtfScratchArea() const override { return m_scratchArea; }
-  String FontName() const override { return String(StandardFontName); }
-  double FontSize() const override { return StandardFontSize; }
+  String FontName() const override;
+  double FontSize() const override;
 
 private:
   static constexpr StringView FocusFailure = u"An error occured while changing focus.";
@@ -88,7 +88,6 @@ private:
   void Click(StringView item);
   void Click(const MenuRow& row);
   void tbToolBar_ButtonClick(IToolButton& Button);
-  Ref<IRichTextControl> TextBox(StringView name) const;
   void Form_Load();
   void RestorePlace();
   void HideWhatIsNotOffered();
@@ -134,6 +133,7 @@ private:
   std::unique_ptr<ITimer> tmrSelection;
   std::optional<SplitPanel> splitterNow;
   std::optional<MainUpdate> m_update;
+  std::optional<ViewAndData> m_viewAndData;
   std::optional<RunFrame> m_runs;
   std::optional<DeferredRun> m_deferred;
 

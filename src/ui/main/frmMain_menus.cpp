@@ -6,7 +6,6 @@
 #include "platform/ICommonDialog.h"
 #include "ui/base/ShowFailure.h"
 #include "ui/base/UserCommands.h"
-#include "ui/base/ViewMenu.h"
 #include "ui/dialogs/frmAbout.h"
 #include "ui/main/frmMain.h"
 
@@ -128,7 +127,6 @@ void frmMain::ConnectMenus() {
   for (const MenuRow& row : MenuRows()) {
     FindControl<IMenuItem>(*m_form, row.Item).Click().Connect([this, &row] { Click(row); });
   }
-  ConnectCommands(*m_form, ViewItems);
   FindControl<IToolBar>(*m_form, ToolBarName).ButtonClick().Connect([this](IToolButton& button) {
     tbToolBar_ButtonClick(button);
   });

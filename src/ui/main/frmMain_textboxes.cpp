@@ -9,12 +9,6 @@ constexpr std::int32_t KeyMilliseconds = 1; // until a key has reached the selec
 
 } // namespace
 
-Ref<IRichTextControl> frmMain::TextBox(StringView name) const {
-  // The form owns the box.
-  return Ref<IRichTextControl>(
-      std::shared_ptr<IRichTextControl>(m_form.Shared(), &FindControl<IRichTextControl>(*m_form, name)));
-}
-
 void frmMain::ConnectTextBoxes() {
   tmrSelection = gEventLoop->MakeTimer();
   tmrSelection->Interval(KeyMilliseconds);

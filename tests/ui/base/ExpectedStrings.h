@@ -102,6 +102,8 @@ inline constexpr std::array ExpectedStrings = {
     ExpectedString{10040, u"Zoom &In"},
     ExpectedString{10050, u"Zoom &Out"},
     ExpectedString{10060, u"&Actual Size"},
+    ExpectedString{10200, u"&Data"},
+    ExpectedString{10210, u"Stop at &Errors"},
 };
 
 } // namespace portico::test

@@ -40,6 +40,7 @@ constexpr CommandRow ItemCommands[] = {
     {u"mnuZoomIn", u"ZoomIn", u"Can't change the size of the text.", u"frmMain.mnuZoomIn_Click"},
     {u"mnuZoomOut", u"ZoomOut", u"Can't change the size of the text.", u"frmMain.mnuZoomOut_Click"},
     {u"mnuActualSize", u"ActualSize", u"Can't change the size of the text.", u"frmMain.mnuActualSize_Click"},
+    {u"mnuStopAtErrors", u"StopAtErrors", u"Can't change when a run stops.", u"frmMain.mnuStopAtErrors_Click"},
     {u"mnuPopupCmdCut", u"Cut", u"Can't perform cut operation.", u"frmMain.mnuEditCut_Click"},
     {u"mnuPopupCmdCopy", u"Copy", u"Can't perform copy operation.", u"frmMain.mnuEditCopy_Click"},
     {u"mnuPopupCmdPaste", u"Paste", u"Can't perform paste operation.", u"frmMain.mnuEditPaste_Click"},

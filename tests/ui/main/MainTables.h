@@ -74,6 +74,9 @@ inline constexpr ExpectedMenu ExpectedMenus[] = {
     {u"mnuZoomOut", u"10050", u"Zoom &Out", u"mnuView", u"Ctrl+-"},
     {u"mnuActualSize", u"10060", u"&Actual Size", u"mnuView", u"Ctrl+0"},
 
+    {u"mnuData", u"10200", u"&Data"},
+    {u"mnuStopAtErrors", u"10210", u"Stop at &Errors", u"mnuData"},
+
     {u"mnuHelp", u"9000", u"&Help"},
     {u"mnuHelpTopics", u"9010", u"Help &Topics", u"mnuHelp"},
     {u"mnuHelpBar0", u"-", u"-", u"mnuHelp"},

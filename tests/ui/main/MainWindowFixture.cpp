@@ -42,7 +42,8 @@ void MainWindowFixture::OfferSpies() {
                                u"FindPrevious",
                                u"ZoomIn",
                                u"ZoomOut",
-                               u"ActualSize"}) {
+                               u"ActualSize",
+                               u"StopAtErrors"}) {
     Offer(name, [this, name](const Params& parameters) {
       Commands.push_back(ToUtf8(name));
       LastParameters = parameters;

@@ -79,7 +79,7 @@ public:
   /// The same, after the time in which the server wants to be asked again.
   std::string Await() {
     for (;;) {
-      const std::string results = Results();
+      std::string results = Results();
       const auto next = m_connection->NextEvent();
       if (results != "(waits)" || !next) return results;
       m_world.now = std::max(m_world.now, *next);

@@ -97,10 +97,11 @@ public:
 private:
   void Wait() const { m_system.m_clock.SleepUntil(m_system.m_clock.Now() + std::chrono::milliseconds(m_timeout)); }
   long Fail(long outcome) {
-    if (m_aborts)
+    if (m_aborts) {
       ++m_device->aborts;
-    else
+    } else {
       m_device->outOfStep = true;
+    }
     return outcome;
   }
 

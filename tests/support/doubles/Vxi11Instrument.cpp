@@ -206,8 +206,9 @@ private:
 
   void Write(std::uint32_t xid, const Vxi11::DeviceWriteArguments& arguments) {
     const bool fits = arguments.Data.size() <= LongestPiece;
-    if (fits)
+    if (fits) {
       TheInstrument().Take(*TheInstrument().Find(m_link), arguments.Data, (arguments.Flags & Vxi11::Flag::End) != 0);
+    }
     Reply(xid, Vxi11::DeviceWriteResult{fits ? Vxi11::Error::None : Vxi11::Error::Parameter,
                                         fits ? static_cast<std::uint32_t>(arguments.Data.size()) : 0});
   }

@@ -30,8 +30,9 @@ DriverResult PortMapping::Set(std::uint16_t port, TimePoint deadline) {
   // What another program has left there would be in the way.
   DriverResult result = Call(PortMapper::Unset, 0, answer, deadline);
   if (result.Succeeded()) result = Call(PortMapper::Set, port, answer, deadline);
-  if (result.Succeeded() && !answer.Done)
+  if (result.Succeeded() && !answer.Done) {
     return {DriverStatus::ConnectFailed, "the portmapper does not take the entry"};
+  }
   if (result.Succeeded()) m_port = port;
   return result;
 }

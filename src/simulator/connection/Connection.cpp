@@ -1,5 +1,7 @@
 #include "simulator/connection/Connection.h"
 
+#include "scpi/ScpiError.h"
+
 #include <utility>
 
 namespace portico::simulator {
@@ -17,7 +19,7 @@ void Connection::Advance(TimePoint now) {
 void Connection::Submit(std::string message, TimePoint now) {
   const auto fits = [&] { return m_exchange->InputBytes() + message.size() <= MostInputBytes; };
   while (!fits() && m_exchange->HeldByOutput()) {
-    m_status.Raise(ErrorCode::QueryDeadlocked);
+    m_status.Raise(scpi::ErrorCode::QueryDeadlocked);
     m_exchange->Responses().Clear();
     m_executor.Run(now);
   }
@@ -30,11 +32,11 @@ void Connection::Submit(std::string message, TimePoint now) {
   Seen(now);
 }
 
-void Connection::ReportOverrun() { m_status.Raise(ErrorCode::InputBufferOverrun); }
+void Connection::ReportOverrun() { m_status.Raise(scpi::ErrorCode::InputBufferOverrun); }
 
-void Connection::ReportInterrupted() { m_status.Raise(ErrorCode::QueryInterrupted); }
+void Connection::ReportInterrupted() { m_status.Raise(scpi::ErrorCode::QueryInterrupted); }
 
-void Connection::ReportUnterminated() { m_status.Raise(ErrorCode::QueryUnterminated); }
+void Connection::ReportUnterminated() { m_status.Raise(scpi::ErrorCode::QueryUnterminated); }
 
 void Connection::Clear(TimePoint now) {
   m_exchange->Halt();

@@ -1,6 +1,6 @@
 #include "simulator/devices/CommonCommands.h"
 
-#include "simulator/language/ScpiError.h"
+#include "scpi/ScpiError.h"
 
 #include <string>
 
@@ -67,7 +67,7 @@ void CommonCommands::Save(const Call& call) { m_model.Save(Place(call)); }
 
 void CommonCommands::Recall(const Call& call) {
   const std::size_t place = Place(call);
-  if (!m_model.HasSaved(place)) throw ScpiError(ErrorCode::IllegalParameterValue);
+  if (!m_model.HasSaved(place)) throw scpi::ScpiError(scpi::ErrorCode::IllegalParameterValue);
   m_executor.Supersede([this, place] { m_model.Recall(place); });
 }
 

@@ -1,18 +1,18 @@
 #include "simulator/devices/Device.h"
 
+#include "scpi/Mnemonic.h"
 #include "simulator/devices/Multimeter.h"
 #include "simulator/devices/Oscilloscope.h"
 #include "simulator/devices/PowerSupply.h"
-#include "simulator/language/Mnemonic.h"
 
 #include <type_traits>
 
 namespace portico::simulator {
 
 std::optional<Device::Kind> Device::KindNamed(std::string_view name) {
-  if (Mnemonic("DMM").Matches(name)) return Kind::Multimeter;
-  if (Mnemonic("PSU").Matches(name)) return Kind::PowerSupply;
-  if (Mnemonic("SCOPE").Matches(name)) return Kind::Oscilloscope;
+  if (scpi::Mnemonic("DMM").Matches(name)) return Kind::Multimeter;
+  if (scpi::Mnemonic("PSU").Matches(name)) return Kind::PowerSupply;
+  if (scpi::Mnemonic("SCOPE").Matches(name)) return Kind::Oscilloscope;
   return std::nullopt;
 }
 

@@ -1,6 +1,6 @@
 #include "simulator/devices/FaultCommands.h"
 
-#include "simulator/language/ScpiError.h"
+#include "scpi/ScpiError.h"
 
 #include <array>
 #include <string>
@@ -73,8 +73,9 @@ void FaultCommands::Length(const Call& call) {
 }
 
 void FaultCommands::Error(const Call& call) {
-  const auto code = static_cast<ErrorCode>(call.Integer(0, -32768, 32767));
-  if (code == ErrorCode::NoError || ErrorText(code).empty()) throw ScpiError(ErrorCode::IllegalParameterValue);
+  const auto code = static_cast<scpi::ErrorCode>(call.Integer(0, -32768, 32767));
+  if (code == scpi::ErrorCode::NoError || scpi::ErrorText(code).empty())
+    throw scpi::ScpiError(scpi::ErrorCode::IllegalParameterValue);
   m_status.Raise(code);
 }
 

@@ -1,7 +1,7 @@
 #include "simulator/devices/FrontPanel.h"
 
+#include "scpi/ScpiError.h"
 #include "simulator/language/ResponseFormat.h"
-#include "simulator/language/ScpiError.h"
 
 #include <utility>
 
@@ -32,7 +32,7 @@ void FrontPanel::Display(const Call& /*call*/) { m_executor.Respond(FormatBoolea
 
 void FrontPanel::SetText(const Call& call) {
   std::string text = call.String(0);
-  if (text.size() > LongestText) throw ScpiError(ErrorCode::TooMuchData);
+  if (text.size() > LongestText) throw scpi::ScpiError(scpi::ErrorCode::TooMuchData);
   m_text = std::move(text);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "scpi/ScpiError.h"
 #include "simulator/language/CommandTree.h"
-#include "simulator/language/ScpiError.h"
 
 #include <array>
 #include <cstddef>
@@ -30,7 +30,7 @@ public:
   virtual void Recall(std::size_t place) = 0;
 
   /// `*TRG`. Throws ScpiError if nothing waits for a trigger.
-  virtual void Trigger() { throw ScpiError(ErrorCode::TriggerIgnored); }
+  virtual void Trigger() { throw scpi::ScpiError(scpi::ErrorCode::TriggerIgnored); }
 
   /// Adds the model's own commands.
   virtual void AddTo(CommandTree& tree) = 0;

@@ -1,8 +1,8 @@
 #include "simulator/devices/Multimeter.h"
 
-#include "simulator/language/Mnemonic.h"
+#include "scpi/Mnemonic.h"
+#include "scpi/ScpiError.h"
 #include "simulator/language/ResponseFormat.h"
-#include "simulator/language/ScpiError.h"
 
 #include <algorithm>
 #include <limits>
@@ -119,10 +119,10 @@ std::size_t Multimeter::TransducerOf(const Call& call) {
 void Multimeter::Configuration(const Call& /*call*/) {
   const MeasurandSetup& setup = SetupOf(m_settings.Measured);
   const bool temperature = m_settings.Measured == Measurand::Temperature;
-  m_executor.Respond(
-      FormatString(MultimeterFunction::Of(m_settings.Measured).ShortName() + ' ' +
-                   (temperature ? ShortOf(Settings::Transducers, m_settings.Transducer) : FormatReal(setup.Range)) +
-                   ',' + FormatReal(ResolutionOf(setup))));
+  m_executor.Respond(FormatString(
+      MultimeterFunction::Of(m_settings.Measured).ShortName() + ' ' +
+      (temperature ? scpi::ShortOf(Settings::Transducers, m_settings.Transducer) : FormatReal(setup.Range)) + ',' +
+      FormatReal(ResolutionOf(setup))));
 }
 
 // Measuring.
@@ -173,7 +173,7 @@ void Multimeter::TakeReadings(std::int64_t count) {
 
 void Multimeter::Trigger() {
   if (!m_executor.OperationIsOpen() || m_settings.Trigger.Source != Settings::TriggerSource::Bus) {
-    throw ScpiError(ErrorCode::TriggerIgnored);
+    throw scpi::ScpiError(scpi::ErrorCode::TriggerIgnored);
   }
   TakeReadings(m_settings.Trigger.Samples);
 }
@@ -184,12 +184,12 @@ void Multimeter::MeasureAndRespond() {
 }
 
 void Multimeter::RespondReadings() {
-  if (m_readings.empty()) throw ScpiError(ErrorCode::DataCorruptOrStale);
+  if (m_readings.empty()) throw scpi::ScpiError(scpi::ErrorCode::DataCorruptOrStale);
   m_executor.Respond(FormatReals(m_readings));
 }
 
 void Multimeter::Initiate(const Call& /*call*/) {
-  if (m_executor.OperationPending()) throw ScpiError(ErrorCode::InitIgnored);
+  if (m_executor.OperationPending()) throw scpi::ScpiError(scpi::ErrorCode::InitIgnored);
   StartMeasurement();
 }
 
@@ -201,7 +201,8 @@ void Multimeter::Fetch(const Call& /*call*/) {
 
 /// The trigger that it would wait for could only come behind it.
 void Multimeter::Read(const Call& /*call*/) {
-  if (m_settings.Trigger.Source == Settings::TriggerSource::Bus) throw ScpiError(ErrorCode::TriggerDeadlock);
+  if (m_settings.Trigger.Source == Settings::TriggerSource::Bus)
+    throw scpi::ScpiError(scpi::ErrorCode::TriggerDeadlock);
   m_executor.WhenIdle([this] { MeasureAndRespond(); });
 }
 

@@ -1,7 +1,7 @@
 #include "simulator/devices/MultimeterFunctions.h"
 
-#include "simulator/language/Mnemonic.h"
-#include "simulator/language/ScpiError.h"
+#include "scpi/Mnemonic.h"
+#include "scpi/ScpiError.h"
 #include "simulator/status/StatusModel.h"
 
 #include <algorithm>
@@ -59,12 +59,12 @@ Measurand MultimeterFunction::Named(std::string name) {
   if (name.ends_with(":DC") || name.ends_with(":dc")) name.resize(name.size() - 3);
   const auto* found =
       std::find_if(std::begin(Functions), std::end(Functions),
-                   [&name](const MultimeterFunction& function) { return Mnemonic(function.Name).Matches(name); });
-  if (found == std::end(Functions)) throw ScpiError(ErrorCode::IllegalParameterValue);
+                   [&name](const MultimeterFunction& function) { return scpi::Mnemonic(function.Name).Matches(name); });
+  if (found == std::end(Functions)) throw scpi::ScpiError(scpi::ErrorCode::IllegalParameterValue);
   return static_cast<Measurand>(found - std::begin(Functions));
 }
 
-std::string MultimeterFunction::ShortName() const { return Mnemonic(Name).Short(); }
+std::string MultimeterFunction::ShortName() const { return scpi::Mnemonic(Name).Short(); }
 
 double MultimeterFunction::RangeFor(double value) const {
   const auto found = std::lower_bound(Ranges.begin(), Ranges.end(), value);

@@ -1,6 +1,6 @@
 #include "simulator/devices/MultimeterSettingCommands.h"
 
-#include "simulator/language/Mnemonic.h"
+#include "scpi/Mnemonic.h"
 #include "simulator/language/ResponseFormat.h"
 
 #include <string>
@@ -142,7 +142,7 @@ void MultimeterSettingCommands::SetTransducer(const Call& call) {
 }
 
 void MultimeterSettingCommands::Transducer(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(MultimeterSettings::Transducers, m_settings.Transducer));
+  m_executor.Respond(scpi::ShortOf(MultimeterSettings::Transducers, m_settings.Transducer));
 }
 
 void MultimeterSettingCommands::SetTemperatureUnit(const Call& call) {
@@ -150,7 +150,7 @@ void MultimeterSettingCommands::SetTemperatureUnit(const Call& call) {
 }
 
 void MultimeterSettingCommands::TemperatureUnit(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(TemperatureUnits, m_settings.TemperatureUnit));
+  m_executor.Respond(scpi::ShortOf(TemperatureUnits, m_settings.TemperatureUnit));
 }
 
 // How often, and when.
@@ -176,7 +176,7 @@ void MultimeterSettingCommands::SetTriggerSource(const Call& call) {
 }
 
 void MultimeterSettingCommands::TriggerSource(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(TriggerSources, static_cast<std::size_t>(m_settings.Trigger.Source)));
+  m_executor.Respond(scpi::ShortOf(TriggerSources, static_cast<std::size_t>(m_settings.Trigger.Source)));
 }
 
 void MultimeterSettingCommands::SetDelay(const Call& call) {

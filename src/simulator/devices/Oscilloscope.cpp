@@ -1,8 +1,8 @@
 #include "simulator/devices/Oscilloscope.h"
 
-#include "simulator/language/Mnemonic.h"
+#include "scpi/Mnemonic.h"
+#include "scpi/ScpiError.h"
 #include "simulator/language/ResponseFormat.h"
-#include "simulator/language/ScpiError.h"
 
 #include <cmath>
 #include <limits>
@@ -40,7 +40,7 @@ double RoundUp(double value) {
 
 std::size_t ChannelNamed(const Call& call) {
   const std::size_t channel = call.Keyword(0, Sources);
-  if (channel == OscilloscopeSettings::External) throw ScpiError(ErrorCode::IllegalParameterValue);
+  if (channel == OscilloscopeSettings::External) throw scpi::ScpiError(scpi::ErrorCode::IllegalParameterValue);
   return channel;
 }
 
@@ -124,7 +124,7 @@ void Oscilloscope::SetCoupling(const Call& call) {
 }
 
 void Oscilloscope::Coupling(const Call& call) {
-  m_executor.Respond(ShortOf(Couplings, static_cast<std::size_t>(Of(call).Coupling)));
+  m_executor.Respond(scpi::ShortOf(Couplings, static_cast<std::size_t>(Of(call).Coupling)));
 }
 
 void Oscilloscope::SetTimeScale(const Call& call) { Change().TimeScale = call.Number(0, SecondsPerDivision); }
@@ -136,7 +136,7 @@ void Oscilloscope::TimeScale(const Call& call) {
 void Oscilloscope::SetAcquisition(const Call& call) { Change().Averaging = call.Keyword(0, Acquisitions) == 1; }
 
 void Oscilloscope::Acquisition(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(Acquisitions, m_settings.Averaging ? 1 : 0));
+  m_executor.Respond(scpi::ShortOf(Acquisitions, m_settings.Averaging ? 1 : 0));
 }
 
 void Oscilloscope::SetAverages(const Call& call) { Change().Averages = call.Whole(0, AverageLimits); }
@@ -151,7 +151,7 @@ void Oscilloscope::SetSweep(const Call& call) {
 }
 
 void Oscilloscope::Sweep(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(SweepModes, m_settings.Trigger.Automatic ? 1 : 0));
+  m_executor.Respond(scpi::ShortOf(SweepModes, m_settings.Trigger.Automatic ? 1 : 0));
 }
 
 void Oscilloscope::SetTriggerSource(const Call& call) {
@@ -160,7 +160,7 @@ void Oscilloscope::SetTriggerSource(const Call& call) {
 }
 
 void Oscilloscope::TriggerSource(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(Sources, m_settings.Trigger.Source));
+  m_executor.Respond(scpi::ShortOf(Sources, m_settings.Trigger.Source));
 }
 
 void Oscilloscope::SetTriggerLevel(const Call& call) {
@@ -175,12 +175,12 @@ void Oscilloscope::TriggerLevel(const Call& call) {
 void Oscilloscope::SetSlope(const Call& call) { Change().Trigger.Falling = call.Keyword(0, Slopes) == 1; }
 
 void Oscilloscope::Slope(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(Slopes, m_settings.Trigger.Falling ? 1 : 0));
+  m_executor.Respond(scpi::ShortOf(Slopes, m_settings.Trigger.Falling ? 1 : 0));
 }
 
 void Oscilloscope::SetSource(const Call& call) { m_settings.Source = ChannelNamed(call); }
 
-void Oscilloscope::Source(const Call& /*call*/) { m_executor.Respond(ShortOf(Sources, m_settings.Source)); }
+void Oscilloscope::Source(const Call& /*call*/) { m_executor.Respond(scpi::ShortOf(Sources, m_settings.Source)); }
 
 void Oscilloscope::SetPoints(const Call& call) { Change().Points = call.Whole(0, PointLimits); }
 
@@ -193,7 +193,7 @@ void Oscilloscope::SetFormat(const Call& call) {
 }
 
 void Oscilloscope::Format(const Call& /*call*/) {
-  m_executor.Respond(ShortOf(Formats, static_cast<std::size_t>(m_settings.Format)));
+  m_executor.Respond(scpi::ShortOf(Formats, static_cast<std::size_t>(m_settings.Format)));
 }
 
 void Oscilloscope::AutoScale(const Call& /*call*/) {
@@ -216,7 +216,7 @@ void Oscilloscope::AutoScale(const Call& /*call*/) {
 void Oscilloscope::Data(const Call& /*call*/) {
   m_acquisition.WhenRecorded([this] {
     const auto& record = m_acquisition.Record(m_settings.Source);
-    if (!record) throw ScpiError(ErrorCode::DataCorruptOrStale);
+    if (!record) throw scpi::ScpiError(scpi::ErrorCode::DataCorruptOrStale);
     m_executor.Respond(record->Data(m_settings.Format));
   });
 }

@@ -1,6 +1,6 @@
 #include "simulator/devices/OscilloscopeAcquisition.h"
 
-#include "simulator/language/ScpiError.h"
+#include "scpi/ScpiError.h"
 
 #include <algorithm>
 #include <cmath>
@@ -98,7 +98,7 @@ void OscilloscopeAcquisition::TriggerChanged() {
 }
 
 void OscilloscopeAcquisition::Trigger() {
-  if (!m_executor.OperationIsOpen() && (!m_running || Sweeps())) throw ScpiError(ErrorCode::TriggerIgnored);
+  if (!m_executor.OperationIsOpen() && (!m_running || Sweeps())) throw scpi::ScpiError(scpi::ErrorCode::TriggerIgnored);
   StartSweep();
 }
 

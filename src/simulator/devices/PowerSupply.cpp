@@ -1,7 +1,7 @@
 #include "simulator/devices/PowerSupply.h"
 
+#include "scpi/ScpiError.h"
 #include "simulator/language/ResponseFormat.h"
-#include "simulator/language/ScpiError.h"
 
 #include <algorithm>
 #include <string>
@@ -115,8 +115,8 @@ void PowerSupply::Current(const Call& call) { m_executor.Respond(FormatReal(call
 void PowerSupply::Apply(const Call& call) {
   const bool named = call.IsKeyword(0, "CH1") || call.IsKeyword(0, "CH2");
   const std::size_t first = named ? 1 : 0;
-  if (call.Count() <= first) throw ScpiError(ErrorCode::MissingParameter);
-  if (call.Count() > first + 2) throw ScpiError(ErrorCode::ParameterNotAllowed);
+  if (call.Count() <= first) throw scpi::ScpiError(scpi::ErrorCode::MissingParameter);
+  if (call.Count() > first + 2) throw scpi::ScpiError(scpi::ErrorCode::ParameterNotAllowed);
   const std::size_t selected = named ? call.Keyword(0, OutputNames) : m_settings.Selected;
   Output& output = m_settings.Outputs[selected];
   const double volts = call.Number(first, Volts);
@@ -136,7 +136,7 @@ void PowerSupply::Applied(const Call& call) {
 void PowerSupply::SetState(const Call& call) {
   const bool on = call.Boolean(0);
   const auto& tripped = m_tripped[IndexOf(call)];
-  if (on && (tripped[OfVoltage] || tripped[OfCurrent])) throw ScpiError(ErrorCode::SettingsConflict);
+  if (on && (tripped[OfVoltage] || tripped[OfCurrent])) throw scpi::ScpiError(scpi::ErrorCode::SettingsConflict);
   Of(call).On = on;
   Settle();
 }

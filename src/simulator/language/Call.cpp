@@ -1,7 +1,7 @@
 #include "simulator/language/Call.h"
 
-#include "simulator/language/Mnemonic.h"
-#include "simulator/language/ScpiError.h"
+#include "scpi/Mnemonic.h"
+#include "scpi/ScpiError.h"
 
 #include <algorithm>
 #include <charconv>
@@ -11,28 +11,28 @@
 namespace portico::simulator {
 namespace {
 
-using Kind = Parameter::Kind;
+using Kind = scpi::Parameter::Kind;
 
 constexpr std::string_view Booleans[] = {"OFF", "ON"};
 
-ErrorCode NotAllowed(Kind kind) {
+scpi::ErrorCode NotAllowed(Kind kind) {
   switch (kind) {
   case Kind::Decimal:
   case Kind::NonDecimal:
-    return ErrorCode::NumericDataNotAllowed;
+    return scpi::ErrorCode::NumericDataNotAllowed;
   case Kind::Character:
-    return ErrorCode::CharacterDataNotAllowed;
+    return scpi::ErrorCode::CharacterDataNotAllowed;
   case Kind::String:
-    return ErrorCode::StringDataNotAllowed;
+    return scpi::ErrorCode::StringDataNotAllowed;
   case Kind::Block:
-    return ErrorCode::BlockDataNotAllowed;
+    return scpi::ErrorCode::BlockDataNotAllowed;
   case Kind::Expression:
     break;
   }
-  return ErrorCode::ExpressionDataNotAllowed;
+  return scpi::ErrorCode::ExpressionDataNotAllowed;
 }
 
-double DecimalValue(const Parameter& parameter, Quantity quantity) {
+double DecimalValue(const scpi::Parameter& parameter, Quantity quantity) {
   std::string_view digits = parameter.Text;
   if (digits.front() == '+') digits.remove_prefix(1);
   double value = 0;
@@ -44,65 +44,67 @@ double DecimalValue(const Parameter& parameter, Quantity quantity) {
   }
   if (parameter.Unit.empty()) return value;
   const auto factor = UnitFactor(quantity, parameter.Unit);
-  if (!factor) throw ScpiError(quantity == Quantity::None ? ErrorCode::SuffixNotAllowed : ErrorCode::InvalidSuffix);
+  if (!factor)
+    throw scpi::ScpiError(quantity == Quantity::None ? scpi::ErrorCode::SuffixNotAllowed
+                                                     : scpi::ErrorCode::InvalidSuffix);
   return value * *factor;
 }
 
-double NonDecimalValue(const Parameter& parameter) {
+double NonDecimalValue(const scpi::Parameter& parameter) {
   std::uint64_t value = 0;
   std::from_chars(parameter.Text.data(), parameter.Text.data() + parameter.Text.size(), value, parameter.Mark);
   return static_cast<double>(value);
 }
 
-double Value(const Parameter& parameter, Quantity quantity) {
+double Value(const scpi::Parameter& parameter, Quantity quantity) {
   return parameter.Form == Kind::Decimal ? DecimalValue(parameter, quantity) : NonDecimalValue(parameter);
 }
 
 } // namespace
 
-const Parameter& Call::At(std::size_t index, std::initializer_list<Kind> allowed) const {
-  const Parameter& parameter = m_unit.Parameters[index];
+const scpi::Parameter& Call::At(std::size_t index, std::initializer_list<Kind> allowed) const {
+  const scpi::Parameter& parameter = m_unit.Parameters[index];
   if (std::find(allowed.begin(), allowed.end(), parameter.Form) == allowed.end()) {
-    throw ScpiError(NotAllowed(parameter.Form));
+    throw scpi::ScpiError(NotAllowed(parameter.Form));
   }
   return parameter;
 }
 
 double Call::LimitNamed(std::string_view name, const Limits& limits) {
-  static const Mnemonic minimum("MINimum");
-  static const Mnemonic maximum("MAXimum");
-  static const Mnemonic standard("DEFault");
+  static const scpi::Mnemonic minimum("MINimum");
+  static const scpi::Mnemonic maximum("MAXimum");
+  static const scpi::Mnemonic standard("DEFault");
   if (minimum.Matches(name)) return limits.Minimum;
   if (maximum.Matches(name)) return limits.Maximum;
   if (standard.Matches(name)) return limits.Standard;
-  throw ScpiError(ErrorCode::InvalidCharacterData);
+  throw scpi::ScpiError(scpi::ErrorCode::InvalidCharacterData);
 }
 
 double Call::Number(std::size_t index, const Limits& limits) const {
-  const Parameter& parameter = At(index, {Kind::Decimal, Kind::NonDecimal, Kind::Character});
+  const scpi::Parameter& parameter = At(index, {Kind::Decimal, Kind::NonDecimal, Kind::Character});
   if (parameter.Form == Kind::Character) return LimitNamed(parameter.Text, limits);
   const double value = Value(parameter, limits.Kind);
-  if (!(value >= limits.Minimum && value <= limits.Maximum)) throw ScpiError(ErrorCode::DataOutOfRange);
+  if (!(value >= limits.Minimum && value <= limits.Maximum)) throw scpi::ScpiError(scpi::ErrorCode::DataOutOfRange);
   return value;
 }
 
 std::int64_t Call::Integer(std::size_t index, std::int64_t minimum, std::int64_t maximum) const {
   const double value = std::round(Value(At(index, {Kind::Decimal, Kind::NonDecimal}), Quantity::None));
   if (!(value >= static_cast<double>(minimum) && value <= static_cast<double>(maximum))) {
-    throw ScpiError(ErrorCode::DataOutOfRange);
+    throw scpi::ScpiError(scpi::ErrorCode::DataOutOfRange);
   }
   return static_cast<std::int64_t>(value);
 }
 
 std::int64_t Call::Whole(std::size_t index, const Limits& limits) const {
-  const Parameter& parameter = m_unit.Parameters[index];
+  const scpi::Parameter& parameter = m_unit.Parameters[index];
   const auto whole = [](double limit) { return static_cast<std::int64_t>(limit); };
   if (parameter.Form == Kind::Character) return whole(LimitNamed(parameter.Text, limits));
   return Integer(index, whole(limits.Minimum), whole(limits.Maximum));
 }
 
 bool Call::Boolean(std::size_t index) const {
-  const Parameter& parameter = At(index, {Kind::Decimal, Kind::NonDecimal, Kind::Character});
+  const scpi::Parameter& parameter = At(index, {Kind::Decimal, Kind::NonDecimal, Kind::Character});
   if (parameter.Form == Kind::Character) return Keyword(index, Booleans) == 1;
   return std::round(Value(parameter, Quantity::None)) != 0;
 }
@@ -111,17 +113,17 @@ std::size_t Call::Keyword(std::size_t index, std::span<const std::string_view> c
   At(index, {Kind::Character});
   const auto found = std::find_if(choices.begin(), choices.end(),
                                   [this, index](std::string_view choice) { return IsKeyword(index, choice); });
-  if (found == choices.end()) throw ScpiError(ErrorCode::IllegalParameterValue);
+  if (found == choices.end()) throw scpi::ScpiError(scpi::ErrorCode::IllegalParameterValue);
   return static_cast<std::size_t>(found - choices.begin());
 }
 
 bool Call::IsKeyword(std::size_t index, std::string_view mnemonic) const {
-  const Parameter& parameter = m_unit.Parameters[index];
-  return parameter.Form == Kind::Character && Mnemonic(mnemonic).Matches(parameter.Text);
+  const scpi::Parameter& parameter = m_unit.Parameters[index];
+  return parameter.Form == Kind::Character && scpi::Mnemonic(mnemonic).Matches(parameter.Text);
 }
 
 std::string Call::String(std::size_t index) const {
-  const Parameter& parameter = At(index, {Kind::String});
+  const scpi::Parameter& parameter = At(index, {Kind::String});
   std::string text;
   for (std::size_t i = 0; i < parameter.Text.size(); ++i) {
     text += parameter.Text[i];

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/language/UnitParser.h"
+#include "scpi/UnitParser.h"
 #include "simulator/language/UnitSuffix.h"
 
 #include <array>
@@ -28,7 +28,7 @@ using Suffixes = std::array<std::uint32_t, 4>;
 /// the ScpiError that the standard gives to it. Valid only while the handler runs.
 class Call {
 public:
-  Call(const Unit& unit, const Suffixes& suffixes) : m_unit(unit), m_suffixes(suffixes) {}
+  Call(const scpi::Unit& unit, const Suffixes& suffixes) : m_unit(unit), m_suffixes(suffixes) {}
 
   /// The number of parameters, which is within what the command's table says.
   std::size_t Count() const { return m_unit.Parameters.size(); }
@@ -54,10 +54,10 @@ public:
   std::int64_t WholeOr(std::int64_t value, const Limits& limits) const;
 
 private:
-  const Parameter& At(std::size_t index, std::initializer_list<Parameter::Kind> allowed) const;
+  const scpi::Parameter& At(std::size_t index, std::initializer_list<scpi::Parameter::Kind> allowed) const;
   static double LimitNamed(std::string_view name, const Limits& limits);
 
-  const Unit& m_unit;
+  const scpi::Unit& m_unit;
   const Suffixes& m_suffixes;
 };
 

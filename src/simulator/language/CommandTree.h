@@ -1,14 +1,15 @@
 #pragma once
 
+#include "scpi/HeaderPattern.h"
+#include "scpi/Mnemonic.h"
 #include "simulator/language/Call.h"
-#include "simulator/language/Mnemonic.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -16,8 +17,7 @@ namespace portico::simulator {
 
 /// One row of a table of commands: what it is called, who carries it out, and how many parameters it takes.
 ///
-/// The pattern is written as in the standard: capitals are the short form, `[...]` is a node that may be left out with
-/// its colon, and `<1-4>` behind a node is the range of its numeric suffix, which is 1 alone where none is written.
+/// The pattern is written as HeaderPattern reads it, with a question mark behind that of a query.
 template <class Owner>
 struct Command {
   std::string_view Pattern;
@@ -40,7 +40,7 @@ public:
 
   /// Finds the unit's command, checks its suffixes and the number of its parameters, and calls its handler.
   /// Throws ScpiError.
-  void Invoke(const Unit& unit) const;
+  void Invoke(const scpi::Unit& unit) const;
 
 private:
   struct Handler {
@@ -48,30 +48,29 @@ private:
     std::size_t MinimumParameters;
     std::size_t MaximumParameters;
   };
-  struct PatternNode {
-    std::string_view Mnemonic;
-    bool Optional;
-    std::uint32_t LargestSuffix;
+  /// A node of a header as a command has it.
+  struct LeafNode {
+    scpi::SuffixRange Suffixes;
     std::optional<std::size_t> Slot; ///< which of the call's suffixes this node's is
   };
   struct Leaf {
     const Handler* Target = nullptr;
-    std::vector<PatternNode> Nodes;
+    std::vector<LeafNode> Nodes;
   };
   struct Node {
     explicit Node(std::string_view pattern) : Keyword(pattern) {}
-    Mnemonic Keyword;
+    scpi::Mnemonic Keyword;
     std::vector<std::unique_ptr<Node>> Children;
     Leaf Command;
     Leaf Query;
   };
 
   void Insert(std::string_view pattern, Handler handler);
-  void InsertVariants(const std::vector<PatternNode>& pattern, std::vector<PatternNode>& chosen, bool query);
-  static std::vector<PatternNode> ParsePattern(std::string_view pattern);
+  void InsertVariants(std::span<const scpi::PatternNode> pattern, Node& node, std::vector<LeafNode>& chosen,
+                      std::size_t slot, bool query);
   static Node& Child(Node& parent, std::string_view mnemonic);
-  static Suffixes CheckedSuffixes(const Unit& unit, const Leaf& leaf);
-  const Leaf& Find(const Unit& unit) const;
+  static Suffixes CheckedSuffixes(const scpi::Unit& unit, const Leaf& leaf);
+  const Leaf& Find(const scpi::Unit& unit) const;
 
   std::deque<Handler> m_handlers;
   Node m_root{""};

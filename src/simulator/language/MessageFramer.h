@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scpi/MessageScanner.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -7,9 +9,6 @@
 namespace portico::simulator {
 
 /// Cuts a stream of bytes into program messages at the line feeds that stand outside definite-length blocks.
-///
-/// A quote or a `#` opens a string or a block only where a data element may begin; elsewhere it is an error that the
-/// parser reports, and must not swallow the messages behind it.
 class MessageFramer {
 public:
   enum class Outcome { Incomplete, Complete, Overrun };
@@ -29,12 +28,6 @@ public:
   std::string TakeMessage();
 
 private:
-  enum class State { Plain, Quoted, QuoteClosed, BlockStart, BlockLength, Block, IndefiniteBlock };
-
-  /// Scans one message; returns how many bytes it took, the line feed included, and whether that was met.
-  std::size_t Scan(std::string_view bytes, bool& complete);
-  bool ScanPlain(char byte);
-  bool ScanByte(char byte);
   bool Store(std::string_view bytes);
   /// Gets ready for the next message. Whether the one that ends here is whole.
   bool Finish();
@@ -42,13 +35,7 @@ private:
   std::size_t m_limit;
   std::string m_message;
   bool m_discarding = false;
-
-  State m_state = State::Plain;
-  bool m_headerSeen = false;
-  bool m_elementStart = false;
-  char m_quote = 0;
-  int m_lengthDigits = 0;
-  std::size_t m_blockBytes = 0;
+  scpi::MessageScanner m_scanner{"\n"};
 };
 
 } // namespace portico::simulator

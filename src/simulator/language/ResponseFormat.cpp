@@ -1,6 +1,6 @@
 #include "simulator/language/ResponseFormat.h"
 
-#include "simulator/language/Syntax.h"
+#include "scpi/Syntax.h"
 
 #include <algorithm>
 #include <array>
@@ -25,7 +25,7 @@ std::string FormatReal(double value) {
   const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), std::abs(value),
                                     std::chars_format::scientific, FractionDigits);
   std::string text(1, value < 0 ? '-' : '+');
-  std::transform(digits.data(), result.ptr, std::back_inserter(text), ToUpper);
+  std::transform(digits.data(), result.ptr, std::back_inserter(text), scpi::ToUpper);
   return text;
 }
 

@@ -1,6 +1,6 @@
 #include "simulator/language/UnitSuffix.h"
 
-#include "simulator/language/Syntax.h"
+#include "scpi/Syntax.h"
 
 #include <algorithm>
 #include <array>
@@ -55,7 +55,7 @@ std::optional<double> UnitFactor(Quantity quantity, std::string_view unit) {
   const std::string_view name = NameOf(quantity);
   if (name.empty()) return std::nullopt;
   std::string upper(unit);
-  std::transform(upper.begin(), upper.end(), upper.begin(), ToUpper);
+  std::transform(upper.begin(), upper.end(), upper.begin(), scpi::ToUpper);
   if (!upper.ends_with(name)) return std::nullopt;
   // The two exceptions of the standard: nobody means milliohm or millihertz.
   if (upper == "MOHM" || upper == "MHZ") return 1E6;

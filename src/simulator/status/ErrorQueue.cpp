@@ -4,21 +4,21 @@
 
 namespace portico::simulator {
 
-void ErrorQueue::Push(ErrorCode code) {
+void ErrorQueue::Push(scpi::ErrorCode code) {
   if (m_errors.size() < Capacity) {
     m_errors.push_back(code);
   } else {
-    m_errors.back() = ErrorCode::QueueOverflow;
+    m_errors.back() = scpi::ErrorCode::QueueOverflow;
   }
 }
 
 std::string ErrorQueue::Pop() {
-  ErrorCode code = ErrorCode::NoError;
+  scpi::ErrorCode code = scpi::ErrorCode::NoError;
   if (!m_errors.empty()) {
     code = m_errors.front();
     m_errors.pop_front();
   }
-  return std::to_string(static_cast<int>(code)) + ',' + FormatString(ErrorText(code));
+  return std::to_string(static_cast<int>(code)) + ',' + FormatString(scpi::ErrorText(code));
 }
 
 std::string ErrorQueue::PopAll() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/language/ScpiError.h"
+#include "scpi/ScpiError.h"
 
 #include <cstddef>
 #include <deque>
@@ -13,7 +13,7 @@ class ErrorQueue {
 public:
   static constexpr std::size_t Capacity = 20;
 
-  void Push(ErrorCode code);
+  void Push(scpi::ErrorCode code);
 
   /// Takes the oldest as `<number>,"<text>"`; an empty queue gives `0,"No error"`.
   std::string Pop();
@@ -25,7 +25,7 @@ public:
   void Clear() { m_errors.clear(); }
 
 private:
-  std::deque<ErrorCode> m_errors;
+  std::deque<scpi::ErrorCode> m_errors;
 };
 
 } // namespace portico::simulator

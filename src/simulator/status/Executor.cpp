@@ -1,6 +1,6 @@
 #include "simulator/status/Executor.h"
 
-#include "simulator/language/ScpiError.h"
+#include "scpi/ScpiError.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,7 +10,7 @@ namespace {
 
 /// After a command or query error the rest of the message is not to be trusted, or not to be answered. An execution
 /// error fails its own unit only.
-bool AbandonsMessage(ErrorCode code) {
+bool AbandonsMessage(scpi::ErrorCode code) {
   const int number = static_cast<int>(code);
   return (number <= -100 && number > -200) || number <= -400;
 }
@@ -92,7 +92,7 @@ template <class Action>
 void Executor::Guard(Action action) {
   try {
     action();
-  } catch (const ScpiError& error) {
+  } catch (const scpi::ScpiError& error) {
     m_status.Raise(error.Code());
     if (AbandonsMessage(error.Code())) FinishMessage();
   }

@@ -101,7 +101,7 @@ private:
   std::list<Hold> m_holds; ///< the longest held first
   std::shared_ptr<MessageExchange> m_current;
   bool m_currentHeld = false;
-  Unit m_unit;
+  scpi::Unit m_unit;
   Misbehaviour m_faults;
 
   std::optional<Operation> m_operation;

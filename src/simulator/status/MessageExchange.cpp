@@ -1,6 +1,6 @@
 #include "simulator/status/MessageExchange.h"
 
-#include "simulator/language/ScpiError.h"
+#include "scpi/ScpiError.h"
 
 #include <utility>
 
@@ -27,7 +27,7 @@ bool MessageExchange::Begin() {
   m_message = std::move(m_input.front());
   m_input.pop_front();
   m_inputBytes -= m_message->size() + QueuedMessageBytes;
-  m_parser = UnitParser(*m_message);
+  m_parser = scpi::UnitParser(*m_message);
   return true;
 }
 
@@ -48,7 +48,7 @@ void MessageExchange::Respond(std::string_view data) {
   if (m_response.size() + data.size() >= LongestResponse) {
     m_response = {};
     m_responding = false;
-    throw ScpiError(ErrorCode::QueryDeadlocked);
+    throw scpi::ScpiError(scpi::ErrorCode::QueryDeadlocked);
   }
   if (std::exchange(m_responding, true)) m_response += ';';
   m_response += data;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/language/UnitParser.h"
+#include "scpi/UnitParser.h"
 #include "simulator/status/Misbehaviour.h"
 #include "simulator/status/ResponseQueue.h"
 
@@ -40,7 +40,7 @@ public:
   /// Takes up the next message; false if there is none, or no room for its answer.
   bool Begin();
   /// Parses the next unit of the message; false at its end. Throws ScpiError.
-  bool Next(Unit& unit) { return !m_halted && m_parser.Next(unit); }
+  bool Next(scpi::Unit& unit) { return !m_halted && m_parser.Next(unit); }
   /// Whether a message is being carried out.
   bool Begun() const { return m_message.has_value(); }
   /// Ends the message, and with it the response message, if there is one.
@@ -62,7 +62,7 @@ private:
   bool m_abandoned = false;
 
   std::optional<std::string> m_message; ///< the one that is being carried out
-  UnitParser m_parser;
+  scpi::UnitParser m_parser;
   std::string m_response;
   bool m_responding = false;
   bool m_endless = false;

@@ -6,7 +6,7 @@ namespace portico::simulator {
 namespace {
 
 /// -100s are command errors, -200s execution errors, -400s query errors; -300s and positive ones are the device's.
-std::uint8_t EventOf(ErrorCode code) {
+std::uint8_t EventOf(scpi::ErrorCode code) {
   const int number = static_cast<int>(code);
   if (number <= -400) return EventBit::QueryError;
   if (number <= -300 || number > 0) return EventBit::DeviceError;
@@ -28,7 +28,7 @@ void StatusRegister::Clear(std::uint16_t bits) {
 
 std::uint16_t StatusRegister::TakeEvent() { return std::exchange(m_event, std::uint16_t{0}); }
 
-void StatusModel::Raise(ErrorCode code) {
+void StatusModel::Raise(scpi::ErrorCode code) {
   m_errors.Push(code);
   SetEvent(EventOf(code));
 }

@@ -66,7 +66,7 @@ private:
 class StatusModel {
 public:
   /// Queues an error and sets its class's bit of the event register.
-  void Raise(ErrorCode code);
+  void Raise(scpi::ErrorCode code);
 
   void SetEvent(std::uint8_t bits) { m_event |= bits; }
   /// `*ESR?`: the event register, which reading clears.

@@ -1,6 +1,6 @@
 #include "simulator/language/Call.h"
 
-#include "simulator/language/ScpiError.h"
+#include "scpi/ScpiError.h"
 
 #include <gtest/gtest.h>
 
@@ -18,8 +18,8 @@ constexpr Limits Plain{0, 100, 1};
 template <class Use>
 auto With(const std::string& parameters, Use use) {
   const std::string message = "A " + parameters;
-  UnitParser parser(message);
-  Unit unit;
+  scpi::UnitParser parser(message);
+  scpi::Unit unit;
   parser.Next(unit);
   const Suffixes suffixes{0, 3};
   return use(Call(unit, suffixes));
@@ -32,7 +32,7 @@ double Number(const std::string& parameters, const Limits& limits) {
 int ErrorOf(const std::function<void()>& action) {
   try {
     action();
-  } catch (const ScpiError& error) {
+  } catch (const scpi::ScpiError& error) {
     return static_cast<int>(error.Code());
   }
   return 0;

@@ -1,6 +1,6 @@
 #include "simulator/language/CommandTree.h"
 
-#include "simulator/language/ScpiError.h"
+#include "scpi/ScpiError.h"
 
 #include <gtest/gtest.h>
 
@@ -26,12 +26,12 @@ public:
 
   std::string Invoke(std::string_view message) {
     m_called.clear();
-    UnitParser parser(message);
-    Unit unit;
+    scpi::UnitParser parser(message);
+    scpi::Unit unit;
     parser.Next(unit);
     try {
       m_tree.Invoke(unit);
-    } catch (const ScpiError& error) {
+    } catch (const scpi::ScpiError& error) {
       EXPECT_EQ(m_called, "");
       return std::to_string(static_cast<int>(error.Code()));
     }

@@ -1,6 +1,6 @@
 #include "simulator/status/Executor.h"
 
-#include "simulator/language/ScpiError.h"
+#include "scpi/ScpiError.h"
 
 #include <gtest/gtest.h>
 
@@ -51,7 +51,7 @@ private:
     m_executor.WhenIdle([this] { m_executor.Respond("held"); });
   }
   void Echo(const Call& call) { m_executor.Respond(call.String(0)); }
-  void Fail(const Call& /*call*/) { throw ScpiError(ErrorCode::DataOutOfRange); }
+  void Fail(const Call& /*call*/) { throw scpi::ScpiError(scpi::ErrorCode::DataOutOfRange); }
   void Done(const Call& /*call*/) { m_executor.Respond(std::to_string(m_done)); }
   void Big(const Call& /*call*/) { m_executor.Respond(std::string(MessageExchange::LongestResponse / 2, 'x')); }
   void Report(const Call& /*call*/) { m_executor.ReportCompletion(); }

@@ -46,11 +46,15 @@ TEST(StatusModel, BeginsWithPowerOn) {
 }
 
 TEST(StatusModel, EachClassOfErrorHasItsBit) {
-  const std::pair<ErrorCode, std::uint8_t> expected[] = {
-      {ErrorCode::UndefinedHeader, EventBit::CommandError},     {ErrorCode::DataOutOfRange, EventBit::ExecutionError},
-      {ErrorCode::QueueOverflow, EventBit::DeviceError},        {ErrorCode::QueryDeadlocked, EventBit::QueryError},
-      {static_cast<ErrorCode>(100), EventBit::DeviceError},     {static_cast<ErrorCode>(-100), EventBit::CommandError},
-      {static_cast<ErrorCode>(-200), EventBit::ExecutionError}, {static_cast<ErrorCode>(-400), EventBit::QueryError},
+  const std::pair<scpi::ErrorCode, std::uint8_t> expected[] = {
+      {scpi::ErrorCode::UndefinedHeader, EventBit::CommandError},
+      {scpi::ErrorCode::DataOutOfRange, EventBit::ExecutionError},
+      {scpi::ErrorCode::QueueOverflow, EventBit::DeviceError},
+      {scpi::ErrorCode::QueryDeadlocked, EventBit::QueryError},
+      {static_cast<scpi::ErrorCode>(100), EventBit::DeviceError},
+      {static_cast<scpi::ErrorCode>(-100), EventBit::CommandError},
+      {static_cast<scpi::ErrorCode>(-200), EventBit::ExecutionError},
+      {static_cast<scpi::ErrorCode>(-400), EventBit::QueryError},
   };
   for (const auto& [code, bit] : expected) {
     StatusModel status;
@@ -66,7 +70,7 @@ TEST(StatusModel, TheStatusByteGathersTheSummaries) {
   status.TakeEvent();
   EXPECT_EQ(status.StatusByte(false), 0);
   EXPECT_EQ(status.StatusByte(true), 16);
-  status.Raise(ErrorCode::UndefinedHeader);
+  status.Raise(scpi::ErrorCode::UndefinedHeader);
   EXPECT_EQ(status.StatusByte(false), 4);
   status.SetEventEnable(EventBit::CommandError);
   EXPECT_EQ(status.StatusByte(false), 4 + 32);
@@ -98,7 +102,7 @@ TEST(StatusModel, ClearKeepsTheMasks) {
   status.Operation().SetEnable(16);
   status.Operation().Set(16);
   status.Questionable().Set(1);
-  status.Raise(ErrorCode::UndefinedHeader);
+  status.Raise(scpi::ErrorCode::UndefinedHeader);
   status.Clear();
   EXPECT_EQ(status.TakeEvent(), 0);
   EXPECT_EQ(status.Errors().Size(), 0U);

@@ -1,8 +1,8 @@
-#include "simulator/language/Mnemonic.h"
+#include "scpi/Mnemonic.h"
 
 #include <gtest/gtest.h>
 
-namespace portico::simulator {
+namespace portico::scpi {
 namespace {
 
 TEST(Mnemonic, HasAShortAndALongForm) {
@@ -37,4 +37,4 @@ TEST(Mnemonic, AnAllCapitalOneHasOneForm) {
 }
 
 } // namespace
-} // namespace portico::simulator
+} // namespace portico::scpi

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace portico::simulator {
+namespace portico::scpi {
 
 // The character classes of IEEE 488.2, independent of the locale.
 
@@ -13,4 +13,4 @@ constexpr bool IsWhiteSpace(char byte) { return byte >= 0 && byte <= ' ' && byte
 
 constexpr char ToUpper(char byte) { return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte; }
 
-} // namespace portico::simulator
+} // namespace portico::scpi

@@ -1,10 +1,10 @@
-#include "simulator/language/Mnemonic.h"
+#include "scpi/Mnemonic.h"
 
-#include "simulator/language/Syntax.h"
+#include "scpi/Syntax.h"
 
 #include <algorithm>
 
-namespace portico::simulator {
+namespace portico::scpi {
 namespace {
 
 bool EqualsUpper(std::string_view text, std::string_view upper) {
@@ -28,4 +28,4 @@ std::string ShortOf(std::span<const std::string_view> keywords, std::size_t inde
   return Mnemonic(keywords[index]).Short();
 }
 
-} // namespace portico::simulator
+} // namespace portico::scpi

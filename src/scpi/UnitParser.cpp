@@ -1,13 +1,14 @@
-#include "simulator/language/UnitParser.h"
+#include "scpi/UnitParser.h"
 
-#include "simulator/language/ScpiError.h"
-#include "simulator/language/Syntax.h"
+#include "scpi/Block.h"
+#include "scpi/ScpiError.h"
+#include "scpi/Syntax.h"
 
 #include <algorithm>
 #include <charconv>
 #include <limits>
 
-namespace portico::simulator {
+namespace portico::scpi {
 namespace {
 
 // IEEE 488.2 limits a mnemonic, character data and a unit to 12 characters, a mantissa to 255 digits and an exponent
@@ -125,8 +126,9 @@ Parameter UnitParser::ParseNumber() {
 }
 
 Parameter UnitParser::ParseHashed() {
+  if (m_rest.size() > 1 && IsDigit(m_rest[1])) return ParseBlock();
   m_rest.remove_prefix(1);
-  return IsDigit(Peek()) ? ParseBlock() : ParseNonDecimal();
+  return ParseNonDecimal();
 }
 
 Parameter UnitParser::ParseNonDecimal() {
@@ -145,15 +147,9 @@ Parameter UnitParser::ParseNonDecimal() {
 }
 
 Parameter UnitParser::ParseBlock() {
-  const auto lengthDigits = static_cast<std::size_t>(Peek() - '0');
-  m_rest.remove_prefix(1);
-  if (lengthDigits == 0) return {Parameter::Kind::Block, Take(m_rest.size()), {}, 0};
-  const std::string_view text = Take(std::min(lengthDigits, m_rest.size()));
-  std::size_t length = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), length);
-  const bool valid = text.size() == lengthDigits && result.ptr == text.data() + text.size();
-  if (!valid || length > m_rest.size()) throw ScpiError(ErrorCode::InvalidBlockData);
-  return {Parameter::Kind::Block, Take(length), {}, 0};
+  const auto block = TakeBlock(m_rest);
+  if (!block || !block->Whole) throw ScpiError(ErrorCode::InvalidBlockData);
+  return {Parameter::Kind::Block, block->Bytes, {}, 0};
 }
 
 Parameter UnitParser::ParseString() {
@@ -201,4 +197,4 @@ std::string_view UnitParser::TakeWhile(Predicate predicate) {
   return Take(static_cast<std::size_t>(end - m_rest.begin()));
 }
 
-} // namespace portico::simulator
+} // namespace portico::scpi

@@ -3,7 +3,7 @@
 #include <exception>
 #include <string_view>
 
-namespace portico::simulator {
+namespace portico::scpi {
 
 /// The errors that the simulator itself raises, by their SCPI-99 numbers.
 enum class ErrorCode : int {
@@ -64,4 +64,4 @@ private:
   ErrorCode m_code;
 };
 
-} // namespace portico::simulator
+} // namespace portico::scpi

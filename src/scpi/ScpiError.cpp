@@ -1,9 +1,9 @@
-#include "simulator/language/ScpiError.h"
+#include "scpi/ScpiError.h"
 
 #include <algorithm>
 #include <array>
 
-namespace portico::simulator {
+namespace portico::scpi {
 namespace {
 
 struct StandardError {
@@ -93,4 +93,4 @@ std::string_view ErrorText(ErrorCode code) {
   return found == StandardErrors.end() ? std::string_view("") : found->Text;
 }
 
-} // namespace portico::simulator
+} // namespace portico::scpi

@@ -1,8 +1,8 @@
-#include "simulator/language/Syntax.h"
+#include "scpi/Syntax.h"
 
 #include <gtest/gtest.h>
 
-namespace portico::simulator {
+namespace portico::scpi {
 namespace {
 
 TEST(Syntax, EveryByteIsInOneClassAtMost) {
@@ -31,4 +31,4 @@ TEST(Syntax, OnlyLettersHaveAnUpperCase) {
 }
 
 } // namespace
-} // namespace portico::simulator
+} // namespace portico::scpi

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace portico::simulator {
+namespace portico::scpi {
 
 /// A keyword of a command, written as the standard writes it: `VOLTage` stands for `VOLT` and `VOLTAGE`, and nothing
 /// between.
@@ -27,4 +27,4 @@ private:
 /// The short form of one of several keywords, as a query answers which was chosen.
 std::string ShortOf(std::span<const std::string_view> keywords, std::size_t index);
 
-} // namespace portico::simulator
+} // namespace portico::scpi

@@ -1,13 +1,13 @@
-#include "simulator/language/UnitParser.h"
+#include "scpi/UnitParser.h"
 
-#include "simulator/language/ScpiError.h"
+#include "scpi/ScpiError.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-namespace portico::simulator {
+namespace portico::scpi {
 namespace {
 
 /// The headers of a message's units, each from the root, as `A:B2:C?`.
@@ -188,5 +188,17 @@ TEST(UnitParser, DataErrors) {
   EXPECT_EQ(ErrorOf("A :"), -102);
 }
 
+TEST(UnitParser, GoesOnFromAPathThatOtherUnitsLeftBehind) {
+  UnitParser first("VOLT:DC:RANG 5");
+  Unit unit;
+  ASSERT_TRUE(first.Next(unit));
+  UnitParser second("AUTO", first.Path());
+  ASSERT_TRUE(second.Next(unit));
+  ASSERT_EQ(unit.Header.size(), 3U);
+  EXPECT_EQ(unit.Header[0].Name, "VOLT");
+  EXPECT_EQ(unit.Header[1].Name, "DC");
+  EXPECT_EQ(unit.Header[2].Name, "AUTO");
+}
+
 } // namespace
-} // namespace portico::simulator
+} // namespace portico::scpi

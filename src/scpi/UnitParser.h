@@ -4,9 +4,10 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-namespace portico::simulator {
+namespace portico::scpi {
 
 /// One node of a header: `CHAN2` is the name `CHAN` with the suffix 2. A common command is one node, asterisk included.
 struct HeaderNode {
@@ -38,11 +39,15 @@ struct Unit {
 class UnitParser {
 public:
   UnitParser() = default;
-  /// `message` must outlive the parser and the units.
-  explicit UnitParser(std::string_view message) : m_rest(message) {}
+  /// `message` must outlive the parser and the units, and so must that of a path which other units left behind.
+  explicit UnitParser(std::string_view message, std::vector<HeaderNode> path = {})
+      : m_rest(message), m_path(std::move(path)) {}
 
   /// Parses the next unit; false at the end of the message. Throws ScpiError, after which the rest is of no use.
   bool Next(Unit& unit);
+
+  /// What the next header begins with, unless it begins with a colon.
+  const std::vector<HeaderNode>& Path() const { return m_path; }
 
 private:
   void ParseHeader(Unit& unit);
@@ -70,4 +75,4 @@ private:
   std::vector<HeaderNode> m_path;
 };
 
-} // namespace portico::simulator
+} // namespace portico::scpi

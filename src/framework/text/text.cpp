@@ -1,5 +1,7 @@
 #include "framework/text/text.h"
 
+#include "framework/text/DecimalNumber.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -115,16 +117,18 @@ String ToHexText(std::uint32_t Number) {
 
 std::optional<double> ReadNumber(StringView Text) {
   if (!Text.empty() && Text.front() > u'9') return {}; // a name; nearly all texts that are asked are
-  Text = Trim(Text);
-  const bool plus = !Text.empty() && Text.front() == u'+';
+  return ReadDecimal(ToUtf8(Trim(Text)));
+}
+
+std::optional<double> ReadDecimal(std::string_view Text) {
+  const bool plus = Text.starts_with('+');
   if (plus) Text.remove_prefix(1); // from_chars does not take it
   // from_chars would take "inf", "nan" and a minus behind the plus as well; none of them is a number here.
-  const auto start = !plus && !Text.empty() && Text.front() == u'-' ? 1U : 0U;
-  if (Text.size() <= start || !((Text[start] >= u'0' && Text[start] <= u'9') || Text[start] == u'.')) return {};
-  const std::string ascii = ToUtf8(Text);
+  const auto start = !plus && Text.starts_with('-') ? 1U : 0U;
+  if (Text.size() <= start || !((Text[start] >= '0' && Text[start] <= '9') || Text[start] == '.')) return {};
   double number = 0;
-  const auto [end, fault] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), number);
-  if (fault != std::errc{} || end != ascii.data() + ascii.size()) return {};
+  const auto [end, fault] = std::from_chars(Text.data(), Text.data() + Text.size(), number);
+  if (fault != std::errc{} || end != Text.data() + Text.size()) return {};
   return number;
 }
 

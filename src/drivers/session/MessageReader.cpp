@@ -28,8 +28,6 @@ constexpr char FirstByte(Termination termination) {
   return '\0';
 }
 
-constexpr bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
-constexpr unsigned DigitValue(char byte) { return static_cast<unsigned>(byte - '0'); }
 constexpr bool IsSeparator(char byte) { return byte == ',' || byte == ';' || byte == ' '; }
 
 bool Holds(std::string_view bytes, char byte) { return bytes.find(byte) != None; }
@@ -57,7 +55,7 @@ std::size_t MessageReader::Feed(std::string_view bytes) {
 }
 
 std::size_t MessageReader::FeedPlain(std::string_view bytes) {
-  if (m_state == State::BlockDigitCount || m_state == State::BlockLength || m_state == State::BlockData) return None;
+  if (m_state == State::BlockHeader || m_state == State::BlockData) return None;
   const std::size_t end = FindTerminator(bytes);
   if (Holds(bytes.substr(0, end), '#')) return None;
   if (end != None) {
@@ -130,10 +128,8 @@ MessageReader::State MessageReader::NextState(char byte) {
   case State::StringEnd:
     if (byte == m_quote) return State::String;
     return IsSeparator(byte) ? State::ElementStart : State::Element;
-  case State::BlockDigitCount:
-    return StartBlock(byte);
-  case State::BlockLength:
-    return ReadBlockLength(byte);
+  case State::BlockHeader:
+    return ReadBlockHeader(byte);
   case State::BlockData:
   case State::IndefiniteBlock:
     break;
@@ -142,26 +138,30 @@ MessageReader::State MessageReader::NextState(char byte) {
 }
 
 MessageReader::State MessageReader::StartElement(char byte) {
-  if (byte == '#') return State::BlockDigitCount;
+  if (byte == '#') {
+    m_header = {};
+    return State::BlockHeader;
+  }
   if (IsSeparator(byte)) return State::ElementStart;
   if (byte != '"' && byte != '\'') return State::Element;
   m_quote = byte;
   return State::String;
 }
 
-MessageReader::State MessageReader::StartBlock(char byte) {
-  if (byte == '0') return State::IndefiniteBlock;
-  if (!IsDigit(byte)) return IsSeparator(byte) ? State::ElementStart : State::Element;
-  m_lengthDigitsLeft = DigitValue(byte);
-  m_blockBytesLeft = 0;
-  return State::BlockLength;
-}
-
-MessageReader::State MessageReader::ReadBlockLength(char byte) {
-  if (!IsDigit(byte)) return IsSeparator(byte) ? State::ElementStart : State::Element;
-  m_blockBytesLeft = m_blockBytesLeft * 10 + DigitValue(byte);
-  if (--m_lengthDigitsLeft > 0) return State::BlockLength;
-  return m_blockBytesLeft > 0 ? State::BlockData : State::Element;
+MessageReader::State MessageReader::ReadBlockHeader(char byte) {
+  using Header = scpi::BlockHeader::State;
+  switch (m_header.Step(byte)) {
+  case Header::Open:
+    return State::BlockHeader;
+  case Header::Definite:
+    m_blockBytesLeft = m_header.Length();
+    return m_blockBytesLeft > 0 ? State::BlockData : State::Element;
+  case Header::Indefinite:
+    return State::IndefiniteBlock;
+  case Header::None:
+    break;
+  }
+  return IsSeparator(byte) ? State::ElementStart : State::Element;
 }
 
 } // namespace portico::drivers

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Termination.h"
+#include "scpi/BlockHeader.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -46,8 +47,7 @@ private:
     String,
     /// Behind a quote that ends the string, or is doubled and stands for itself.
     StringEnd,
-    BlockDigitCount,
-    BlockLength,
+    BlockHeader,
     BlockData,
     IndefiniteBlock,
   };
@@ -62,8 +62,7 @@ private:
   void Step(char byte);
   State NextState(char byte);
   State StartElement(char byte);
-  State StartBlock(char byte);
-  State ReadBlockLength(char byte);
+  State ReadBlockHeader(char byte);
 
   /// The terminator's last byte, the one before it (0 if there is none), and whether that one has to be there.
   char m_last;
@@ -78,7 +77,7 @@ private:
   /// The byte before the next one, and the one before that; 0 where the message begins or a block stands.
   char m_previous = 0;
   char m_beforePrevious = 0;
-  unsigned m_lengthDigitsLeft = 0;
+  scpi::BlockHeader m_header;
   std::uint64_t m_blockBytesLeft = 0;
   std::size_t m_terminatorLength = 0;
 };

@@ -3,6 +3,7 @@
 #include "framework/text/DecimalNumber.h"
 #include "numbers/SpecialValues.h"
 #include "numbers/Syntax.h"
+#include "scpi/Syntax.h"
 
 #include <algorithm>
 #include <charconv>
@@ -28,7 +29,7 @@ std::string Narrowed(StringView text) {
 
 /// The digits at the front, which are taken off.
 std::string_view TakeDigits(std::string_view& text) {
-  const auto end = std::find_if_not(text.begin(), text.end(), IsDigit<char>);
+  const auto end = std::find_if_not(text.begin(), text.end(), scpi::IsDigit);
   const std::string_view digits = text.substr(0, static_cast<std::size_t>(end - text.begin()));
   text.remove_prefix(digits.size());
   return digits;

@@ -6,14 +6,7 @@
 
 namespace portico::numbers {
 
-// The character classes of IEEE 488.2, for bytes and for UTF-16 units, and what sentences are made of.
-
-template <class Unit>
-constexpr bool IsDigit(Unit unit) {
-  return unit >= '0' && unit <= '9';
-}
-
-/// Control characters too, the line feed among them.
+/// As IEEE 488.2 has it, and the line feed, too.
 template <class Unit>
 constexpr bool IsWhiteSpace(Unit unit) {
   return unit >= 0 && unit <= ' ';

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "numbers/Fault.h"
+
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace portico::numbers {
+
+/// Whether a text begins as a block does, blanks in front passed over: with `#` and a digit.
+bool LooksLikeBlock(StringView answer);
+
+/// The bytes of the block that an answer is, as the instrument sent them: a definite one (`#<n><length><bytes>`), with
+/// nothing but white space behind it, or an indefinite one (`#0<bytes>`), which is all that follows. `answer` is
+/// without the line end that the history adds, and its characters are those that the code page has for the bytes.
+/// Nothing is allocated for bytes that a length promises and that are not there.
+std::variant<std::string, Fault> ReadBlock(StringView answer);
+
+/// The same where bytes are at hand; the view is into them.
+std::variant<std::string_view, Fault> FindBlock(std::string_view answer);
+
+} // namespace portico::numbers

@@ -122,6 +122,8 @@ ExitStatus BatchRun::Run(const Sources& sources) {
 void BatchRun::ApplyOptions() {
   for (const auto& [name, value] : m_options.Options) gConfiguration->ItemValue(name, value);
   gConfiguration->ItemValue(Item::ProtocolName, m_options.Protocol); // only this brings the options into effect
+  // An item of the builders' that no option of the protocol stands behind.
+  if (m_options.ReadAfterQuery) gConfiguration->ItemValue(Item::AutoReadAfterQueryMode, ItemText::On);
   gConfiguration->ItemValue(Item::CurrentInstruction, {});
 }
 

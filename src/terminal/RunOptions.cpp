@@ -126,6 +126,8 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
                                        "A persisted option of the protocol, e.g. SCPIProtocolOPCPacing=Off; repeatable")
                             ->type_name("NAME=VALUE")
                             ->allow_extra_args(false);
+  auto* readOption =
+      app.add_flag("--read-after-query", options.ReadAfterQuery, "With --protocol Other: read after each query");
   auto* logOption = app.add_option("--log", log, "Log the conversation to an XML file; an existing log is extended");
   logOption->type_name("FILE");
   app.add_flag("--overwrite", options.Overwrite, "Begin the log anew")->needs(logOption);
@@ -187,10 +189,15 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
     if (auto error = AddOption(options, setting)) return *error;
   }
   if (benchOption->count() > 0) {
-    for (const CLI::Option* other : {files, protocolOption, settingOption, logOption, stopOption, quietOption}) {
+    for (const CLI::Option* other :
+         {files, protocolOption, settingOption, readOption, logOption, stopOption, quietOption}) {
       if (other->count() > 0) return UsageError{"--bench runs no commands; leave out " + other->get_name()};
     }
     if (auto error = AddBench(options, bench, benchCsv)) return *error;
+  }
+  if (options.ReadAfterQuery && options.Protocol != ItemText::Other) {
+    return UsageError{"--read-after-query: the protocol SCPI reads after queries by its option "
+                      "SCPIProtocolAutoReadAfterQuery; use --protocol Other"};
   }
   if (options.Files.empty()) options.Files.emplace_back("-");
   return options;

@@ -30,6 +30,8 @@ struct RunOptions {
   String Protocol = u"SCPI";
   /// Persisted options of that protocol with the values to write.
   std::vector<std::pair<String, String>> Options;
+  /// With the protocol Other: read after each instruction that is a query.
+  bool ReadAfterQuery = false;
   int TimeoutMilliseconds = 5000;
   /// Not a run: the instruments that can be found are listed. Then there is no instrument.
   bool List = false;

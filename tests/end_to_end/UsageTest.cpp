@@ -68,6 +68,10 @@ INSTANTIATE_TEST_SUITE_P(
                 {SimulatedMeter, "--protocol", "Other", "--option", "OtherProtocolTerminationCharacter=NUL"},
                 "--option OtherProtocolTerminationCharacter: 'NUL' is not a value of it; "
                 "use Auto, CR, LF, CRLF or LFCR"},
+        Mistake{"ReadAfterQueryWithScpi",
+                {SimulatedMeter, "--read-after-query"},
+                "--read-after-query: the protocol SCPI reads after queries by its option "
+                "SCPIProtocolAutoReadAfterQuery; use --protocol Other"},
         Mistake{"BenchNumber", {SimulatedMeter, "--bench", "0", "*IDN?"}, "--bench 0: use 1 to 1000000 queries"},
         Mistake{"BenchTooMany",
                 {SimulatedMeter, "--bench", "1000001", "*IDN?"},

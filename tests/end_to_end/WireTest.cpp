@@ -49,6 +49,17 @@ TEST(Wire, OtherProtocolSendsTheLineOnly) {
   EXPECT_EQ(server.Received(), "MEAS?\r\n");
 }
 
+TEST(Wire, OtherProtocolReadsAfterAQueryOnDemand) {
+  const ScriptedServer server(Meter);
+  const Outcome outcome =
+      RunPortico({"--protocol", "Other", "--read-after-query", server.ResourceName()}, "MEAS?\nDISP 'MEAS?'\nMEAS?\n");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(outcome.out, "> MEAS?\n< +1.5\n> DISP 'MEAS?'\n> MEAS?\n< +1.5\n");
+  server.WaitForNoClient();
+  EXPECT_EQ(server.Received(), "MEAS?\r\nDISP 'MEAS?'\r\nMEAS?\r\n");
+}
+
 TEST(Wire, BlanksInFrontGoBlanksBehindStay) {
   const ScriptedServer server({});
   EXPECT_EQ(RunPortico(BareOptions + Arguments{server.ResourceName()}, "   *CLS  \n\n  REM no bytes\n").status, 0);

@@ -71,6 +71,33 @@ TEST_F(BatchRunTest, OtherProtocolSendsTheLineOnly) {
   EXPECT_EQ(Out.str(), "> *IDN?\n> *CLS\n");
 }
 
+TEST_F(BatchRunTest, OtherProtocolReadsAfterAQueryOnDemand) {
+  Options.Protocol = u"Other";
+  Options.ReadAfterQuery = true;
+  Answers.Listed["ID?"] = "a meter";
+  EXPECT_EQ(Run({u"ID?", u"DISP \"why?\"", u"RESET"}), 0);
+  EXPECT_EQ(Wire, (Calls{"init the instrument", "set 1150007 10", "write ID?", "read", "write DISP \"why?\"",
+                         "write RESET", "close"}));
+  EXPECT_EQ(Out.str(), "> ID?\n< a meter\n> DISP \"why?\"\n> RESET\n");
+}
+
+TEST_F(BatchRunTest, ReadAfterQueryIsNotKept) {
+  Options.Protocol = u"Other";
+  Options.ReadAfterQuery = true;
+  Run({});
+  EXPECT_EQ(gConfiguration->ItemValue(u"SCPIProtocolAutoReadAfterQuery"), u"On");
+  Options.ReadAfterQuery = false;
+  Run({});
+  EXPECT_EQ(gConfiguration->ItemValue(u"AutoReadAfterQueryMode"), u"Off");
+}
+
+TEST_F(BatchRunTest, AnswersOfTheOtherProtocolAreNoReportedErrors) {
+  Options.Protocol = u"Other";
+  Options.ReadAfterQuery = true;
+  Answers.Listed["TEMP?"] = "-113";
+  EXPECT_EQ(Run({u"TEMP?"}), 0);
+}
+
 TEST_F(BatchRunTest, IntervalPacingWaitsBetweenThePacingQueryAndTheLine) {
   Options.Options = {{u"SCPIProtocolIntervalPacing", u"On"}, {u"SCPIProtocolPacingInterval", u"250"}};
   Answers.Listed["Q?"] = "2";

@@ -101,6 +101,18 @@ TEST(RunOptions, ProtocolIsOneOfTwo) {
   EXPECT_EQ(ErrorOf({SimulatedMeter, "--protocol", "scpi"}), "--protocol scpi: use SCPI or Other");
 }
 
+TEST(RunOptions, ReadAfterQueryIsForTheOtherProtocol) {
+  EXPECT_FALSE(OptionsOf({SimulatedMeter, "--protocol", "Other"}).ReadAfterQuery);
+  EXPECT_TRUE(OptionsOf({SimulatedMeter, "--protocol", "Other", "--read-after-query"}).ReadAfterQuery);
+  EXPECT_TRUE(OptionsOf({"--read-after-query", SimulatedMeter, "--protocol=Other"}).ReadAfterQuery);
+  const std::string complaint = "--read-after-query: the protocol SCPI reads after queries by its option "
+                                "SCPIProtocolAutoReadAfterQuery; use --protocol Other";
+  EXPECT_EQ(ErrorOf({SimulatedMeter, "--read-after-query"}), complaint);
+  EXPECT_EQ(ErrorOf({SimulatedMeter, "--read-after-query", "--protocol", "SCPI"}), complaint);
+  EXPECT_EQ(ErrorOf({SimulatedMeter, "--read-after-query", "--bench", "3", "*IDN?"}),
+            "--bench runs no commands; leave out --read-after-query");
+}
+
 TEST(RunOptions, TimeoutIsFromOneMillisecondToAnHour) {
   EXPECT_EQ(OptionsOf({SimulatedMeter, "--timeout", "1"}).TimeoutMilliseconds, 1);
   EXPECT_EQ(OptionsOf({SimulatedMeter, "--timeout=3600000"}).TimeoutMilliseconds, 3600000);
@@ -288,8 +300,8 @@ TEST(RunOptions, ListGoesWithNoInstrumentAndItsTimeWithNothingElse) {
 TEST(RunOptions, HelpNamesEveryOption) {
   const std::string help = HelpOf({"--help"});
   for (const char* const word :
-       {"portico-run", "INSTRUMENT", "FILE", "--protocol", "--option", "--timeout", "--stop-on-error", "--quiet",
-        "--list", "--list-time", "--help", "--version", "NAME=VALUE", "5000"}) {
+       {"portico-run", "INSTRUMENT", "FILE", "--protocol", "--option", "--read-after-query", "--timeout",
+        "--stop-on-error", "--quiet", "--list", "--list-time", "--help", "--version", "NAME=VALUE", "5000"}) {
     EXPECT_NE(help.find(word), std::string::npos) << word;
   }
   EXPECT_EQ(help.back(), '\n');

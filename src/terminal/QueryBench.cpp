@@ -1,6 +1,7 @@
 #include "terminal/QueryBench.h"
 
 #include "terminal/console/Diagnostic.h"
+#include "timing/NearestRank.h"
 
 #include <algorithm>
 #include <array>
@@ -95,8 +96,7 @@ void QueryBench::PrintFigures() {
   if (m_samples.empty()) return;
   std::vector<double> sorted = m_samples;
   std::sort(sorted.begin(), sorted.end());
-  // The nearest rank: so many of a hundred took no longer.
-  const auto rank = [&sorted](std::size_t percent) { return sorted[(sorted.size() * percent + 99) / 100 - 1]; };
+  const auto rank = [&sorted](std::size_t percent) { return sorted[timing::NearestRank(sorted.size(), percent) - 1]; };
   m_out << "queries  " << sorted.size() << '\n' << std::fixed << std::setprecision(1);
   m_out << "median   " << rank(50) << " us\n";
   m_out << "90 %     " << rank(90) << " us\n";

@@ -58,7 +58,7 @@ _portico() {
     *)
       options='-h --help --version'
       case "$program ${words[*]:1}" in
-        portico-run*) options+=' --protocol --option --read-after-query --log --overwrite --timeout --stop-on-error --quiet --list --list-time --bench --bench-csv' ;;
+        portico-run*) options+=' --protocol --option --read-after-query --log --overwrite --timeout --stop-on-error --quiet --timing --list --list-time --bench --bench-csv' ;;
         portico-sim*) options+=' --device --port --vxi11 --portmap --hislip --serial --announce --bind --seed --fault' ;;
         'portico-log export '*) options='-h --help --format' ;;
         'portico-log show '* | 'portico-log stats '*) options='-h --help' ;;

@@ -17,9 +17,11 @@
 #include "terminal/BatchRun.h"
 #include "terminal/InstrumentLister.h"
 #include "terminal/QueryBench.h"
+#include "terminal/TimingTable.h"
 #include "terminal/console/Diagnostic.h"
 #include "terminal/console/FileSizeLimit.h"
 #include "terminal/console/StandardStreams.h"
+#include "timing/TimedDriver.h"
 #include "ui/dialogs/KnownInstruments.h"
 
 #include <exception>
@@ -113,6 +115,8 @@ int Run(const RunOptions& options) {
   gSettingsStore = std::make_shared<memory::SettingsStore>();
   auto [driver, notice] =
       ChooseDriver({driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &news, &cancellation});
+  std::shared_ptr<timing::TimedDriver> timed;
+  if (options.Timing) driver = timed = std::make_shared<timing::TimedDriver>(std::move(driver));
   gInstrumentDriver = std::move(driver);
   if (!notice.empty()) std::cerr << Diagnostic(notice) << std::endl;
   const auto window = New<TerminalWindow>(New<memory::RichTextBox>(), New<memory::UnseenBox>(),
@@ -124,7 +128,9 @@ int Run(const RunOptions& options) {
   gConfiguration = New<CConfigurationClient>();
 
   BatchRun run(options, window, interrupts, news, std::cout, std::cerr);
-  return static_cast<int>(run.Run(std::get<std::vector<std::unique_ptr<LineSource>>>(sources)));
+  const ExitStatus status = run.Run(std::get<std::vector<std::unique_ptr<LineSource>>>(sources));
+  if (timed != nullptr) PrintTimes(timed->Times().Figures(), std::cerr);
+  return static_cast<int>(status);
 }
 
 } // namespace

@@ -137,6 +137,8 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   auto* stopOption = app.add_flag("--stop-on-error", options.StopOnError,
                                   "End at the first error that the error query reports, or the first driver failure");
   auto* quietOption = app.add_flag("--quiet", options.Quiet, "No conversation on standard output");
+  auto* timingOption = app.add_flag("--timing", options.Timing,
+                                    "Print on standard error, at the end, what each query took in the driver");
   auto* benchOption =
       app.add_option("--bench", bench, "Run no commands: ask a query N times and print what one takes in the driver");
   benchOption->type_name("N QUERY");
@@ -150,7 +152,7 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
         instrumentOption->required(false);
       },
       "Print the instruments that can be found, a name a line, and what they say of themselves behind a tab");
-  list->trigger_on_parse()->excludes(instrumentOption);
+  list->trigger_on_parse()->excludes(instrumentOption)->excludes(timingOption);
   app.add_option("--list-time", listTime, "How long --list waits for answers")
       ->type_name("MS")
       ->capture_default_str()
@@ -190,7 +192,7 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   }
   if (benchOption->count() > 0) {
     for (const CLI::Option* other :
-         {files, protocolOption, settingOption, readOption, logOption, stopOption, quietOption}) {
+         {files, protocolOption, settingOption, readOption, logOption, stopOption, quietOption, timingOption}) {
       if (other->count() > 0) return UsageError{"--bench runs no commands; leave out " + other->get_name()};
     }
     if (auto error = AddBench(options, bench, benchCsv)) return *error;

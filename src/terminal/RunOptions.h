@@ -38,6 +38,8 @@ struct RunOptions {
   int ListMilliseconds = 3000;
   bool StopOnError = false;
   bool Quiet = false;
+  /// Print at the end what the queries took.
+  bool Timing = false;
   /// The XML log; empty for none.
   String LogFile;
   /// Begin the log anew.

@@ -85,7 +85,7 @@ TEST(RunOptions, OverwritingWithoutALogIsAMistake) {
 }
 
 TEST(RunOptions, FlagsMayStandAnywhere) {
-  const RunOptions options = OptionsOf({"--quiet", SimulatedMeter, "a.cmd", "--stop-on-error"});
+  const RunOptions options = OptionsOf({"--quiet", "--timing", SimulatedMeter, "a.cmd", "--stop-on-error"});
   EXPECT_TRUE(options.Quiet);
   EXPECT_TRUE(options.StopOnError);
   EXPECT_EQ(options.Files, std::vector<std::string>{"a.cmd"});
@@ -111,6 +111,14 @@ TEST(RunOptions, ReadAfterQueryIsForTheOtherProtocol) {
   EXPECT_EQ(ErrorOf({SimulatedMeter, "--read-after-query", "--protocol", "SCPI"}), complaint);
   EXPECT_EQ(ErrorOf({SimulatedMeter, "--read-after-query", "--bench", "3", "*IDN?"}),
             "--bench runs no commands; leave out --read-after-query");
+}
+
+TEST(RunOptions, TimesAreOnlyPrintedOnDemandAndOfARun) {
+  EXPECT_FALSE(OptionsOf({SimulatedMeter}).Timing);
+  EXPECT_TRUE(OptionsOf({SimulatedMeter, "--timing"}).Timing);
+  EXPECT_EQ(ErrorOf({SimulatedMeter, "--timing", "--bench", "3", "*IDN?"}),
+            "--bench runs no commands; leave out --timing");
+  EXPECT_EQ(ErrorOf({"--list", "--timing"}), "--timing excludes --list; see portico-run --help");
 }
 
 TEST(RunOptions, TimeoutIsFromOneMillisecondToAnHour) {

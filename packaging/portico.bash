@@ -38,7 +38,7 @@ _portico() {
   local word=${words[-1]} previous=${words[-2]}
   COMPREPLY=()
 
-  local with_value='--protocol|--option|--log|--timeout|--list-time|--device|--port|--vxi11|--hislip|--bind|--seed|--fault|--format|--bench|--bench-csv'
+  local with_value='--protocol|--option|--log|--timeout|--list-time|--device|--port|--vxi11|--hislip|--bind|--seed|--fault|--format|--bench|--bench-csv|--repeat|--every'
   for ((index = 1; index < ${#words[@]} - 1; ++index)); do
     if [[ ${words[index]} == --bench ]]; then positional=$((positional - 1)); fi # its query comes behind the number
     if [[ ${words[index]} != -?* && ! ${words[index - 1]} =~ ^($with_value)$ ]]; then positional=$((positional + 1)); fi
@@ -54,11 +54,12 @@ _portico() {
     --log | --bench-csv) compopt -o default ;;
     --device) _portico_offer dmm psu scope ;;
     --format) _portico_offer csv json cmd ;;
-    --timeout | --list-time | --port | --vxi11 | --hislip | --bind | --seed | --fault | --bench) ;;
+    --timeout | --list-time | --port | --vxi11 | --hislip | --bind | --seed | --fault | --bench | --every) ;;
+    --repeat) _portico_offer forever ;;
     *)
       options='-h --help --version'
       case "$program ${words[*]:1}" in
-        portico-run*) options+=' --protocol --option --read-after-query --log --overwrite --timeout --stop-on-error --quiet --timing --list --list-time --bench --bench-csv' ;;
+        portico-run*) options+=' --protocol --option --read-after-query --log --overwrite --timeout --stop-on-error --repeat --every --quiet --timing --list --list-time --bench --bench-csv' ;;
         portico-sim*) options+=' --device --port --vxi11 --portmap --hislip --serial --announce --bind --seed --fault' ;;
         'portico-log export '*) options='-h --help --format' ;;
         'portico-log show '* | 'portico-log stats '*) options='-h --help' ;;

@@ -38,19 +38,22 @@ int Fail(const std::string& text) {
   return static_cast<int>(ExitStatus::Usage);
 }
 
-/// Standard input is read as it arrives; files are read and checked whole before anything is sent.
-std::variant<std::vector<std::unique_ptr<LineSource>>, FileFault> OpenSources(const std::vector<std::string>& files,
-                                                                              const Interrupts& interrupts) {
-  std::vector<std::unique_ptr<LineSource>> sources;
-  for (const std::string& file : files) {
-    if (file == "-") {
+/// Files are read and checked whole before anything is sent; standard input is read as it arrives, unless the run is
+/// repeated.
+std::variant<BatchRun::Sources, FileFault> OpenSources(const RunOptions& options, const Interrupts& interrupts) {
+  BatchRun::Sources sources;
+  bool anyLine = false;
+  for (const std::string& file : options.Files) {
+    if (file == "-" && !options.Repeat) {
       sources.push_back(ReadStandardInput(interrupts));
       continue;
     }
-    auto lines = ReadCommandFile(file);
+    auto lines = file == "-" ? ReadWholeStandardInput(interrupts) : ReadCommandFile(file);
     if (auto* fault = std::get_if<FileFault>(&lines)) return std::move(*fault);
     sources.push_back(std::move(std::get<std::unique_ptr<LineSource>>(lines)));
+    anyLine = anyLine || sources.back()->HasLineAtHand();
   }
+  if (options.Repeat && !anyLine && !interrupts.Requested()) return FileFault{"--repeat: there is no line to run"};
   return sources;
 }
 
@@ -97,12 +100,14 @@ int Run(const RunOptions& options) {
   memory::SystemClock clock;
   const auto loop = std::make_shared<memory::EventLoop>(clock);
   system::Cancellation cancellation;
-  const Interrupts interrupts([&loop, &cancellation] {
-    loop->RequestQuit();
-    cancellation.Request();
-  });
+  const Interrupts interrupts(
+      [&loop, &cancellation] {
+        loop->RequestQuit();
+        cancellation.Request();
+      },
+      [&clock] { clock.Wake(); });
 
-  auto sources = OpenSources(options.Files, interrupts);
+  auto sources = OpenSources(options, interrupts);
   if (const auto* fault = std::get_if<FileFault>(&sources)) return Fail(fault->Text);
 
   static HostEnvironment environment; // error reports are read to the very end
@@ -128,7 +133,7 @@ int Run(const RunOptions& options) {
   gConfiguration = New<CConfigurationClient>();
 
   BatchRun run(options, window, interrupts, news, std::cout, std::cerr);
-  const ExitStatus status = run.Run(std::get<std::vector<std::unique_ptr<LineSource>>>(sources));
+  const ExitStatus status = run.Run(std::get<BatchRun::Sources>(sources));
   if (timed != nullptr) PrintTimes(timed->Times().Figures(), std::cerr);
   return static_cast<int>(status);
 }

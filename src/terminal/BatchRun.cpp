@@ -7,6 +7,9 @@
 #include "instructions/InstrumentAccess.h"
 #include "terminal/console/Diagnostic.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace portico::terminal {
 namespace {
 
@@ -32,13 +35,14 @@ std::optional<std::size_t> TotalOf(const BatchRun::Sources& sources) {
 } // namespace
 
 BatchRun::BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window, const Interrupts& interrupts,
-                   DriverNews& news, std::ostream& out, std::ostream& err)
+                   DriverNews& news, std::ostream& out, std::ostream& err, RunTurns::Clock now)
     : m_options(options),
       m_window(window),
       m_interrupts(interrupts),
       m_news(news),
       m_out(out),
       m_err(err),
+      m_now(std::move(now)),
       m_printer(out, options.ToTerminal),
       m_faults(New<FaultCollector>()),
       m_repeated([this](const std::string& line) { Tell(line); }) {
@@ -76,7 +80,7 @@ std::size_t BatchRun::LinesDone() const { return m_linesRead - m_window->LinesLe
 
 std::string BatchRun::Place() const {
   if (m_source == nullptr || LinesDone() == 0) return {};
-  return m_source->Name() + ":" + std::to_string(LinesDone()) + ": ";
+  return m_source->Name() + ":" + std::to_string(LinesDone()) + m_turns->Mark() + ": ";
 }
 
 void BatchRun::Diagnose(const std::string& text) { Tell(Place() + text); }
@@ -90,7 +94,7 @@ void BatchRun::Tell(const std::string& line) {
 ExitStatus BatchRun::Run(const Sources& sources) {
   try {
     ApplyOptions();
-    if (OpenLog()) {
+    if (!m_interrupts.Requested() && OpenLog()) {
       // Behind the logger: when an instruction is judged, everybody has heard of it.
       Create(Class::CmdSubscriptionAgent)->Subscribe(m_faults);
       if (Open()) {
@@ -162,12 +166,35 @@ bool BatchRun::Open() {
 }
 
 void BatchRun::RunSources(const Sources& sources) {
-  if (m_options.ShowProgress) m_progress.emplace(m_err, std::chrono::steady_clock::now, TotalOf(sources));
+  m_turns.emplace(m_options.Repeat, m_interrupts, m_now);
+  if (m_options.ShowProgress) {
+    m_progress.emplace(m_err, m_now, TotalOf(sources));
+    m_progress->Begin(m_turns->Heading());
+    m_turns->Waits.Connect([this](RunTurns::TimePoint until) { m_progress->ShowWait(m_turns->Heading(1), until); });
+  }
+  do {
+    RunTurn(sources);
+  } while (BeginNextTurn(sources));
+  if (m_interrupts.Requested()) NoteInterrupt();
+  m_source = nullptr;
+  if (const auto skipped = m_turns->Skipped(); skipped > 0) {
+    Diagnose(std::to_string(skipped) + (skipped == 1 ? " turn was" : " turns were") +
+             " skipped, because the one in front was not over in time");
+  }
+}
+
+void BatchRun::RunTurn(const Sources& sources) {
+  m_linesBefore = 0;
   for (const auto& source : sources) {
     if (!m_stop && !m_interrupts.Requested()) RunSource(*source);
   }
-  if (m_interrupts.Requested()) NoteInterrupt();
-  m_source = nullptr;
+}
+
+/// Waits for it; false if there is none.
+bool BatchRun::BeginNextTurn(const Sources& sources) {
+  if (m_stop || m_interrupts.Requested() || !m_turns->WaitForNext()) return false;
+  if (m_progress) m_progress->Begin(m_turns->Heading());
+  return std::all_of(sources.begin(), sources.end(), [](const auto& source) { return source->Rewind(); });
 }
 
 void BatchRun::RunSource(LineSource& source) {

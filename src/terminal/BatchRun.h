@@ -7,6 +7,7 @@
 #include "terminal/RunLog.h"
 #include "terminal/RunOptions.h"
 #include "terminal/RunStatus.h"
+#include "terminal/RunTurns.h"
 #include "terminal/TerminalWindow.h"
 #include "terminal/console/Interrupts.h"
 #include "terminal/console/LineSource.h"
@@ -23,14 +24,15 @@ public:
   using Sources = std::vector<std::unique_ptr<LineSource>>;
 
   /// Diagnostics go to `err`, a line each, with the place that they come from. All arguments must outlive the run, and
-  /// nobody else may listen to the news.
+  /// nobody else may listen to the news. `now` is the time of the event loop, which interrupts must wake.
   BatchRun(const RunOptions& options, const Ref<TerminalWindow>& window, const Interrupts& interrupts, DriverNews& news,
-           std::ostream& out, std::ostream& err);
+           std::ostream& out, std::ostream& err, RunTurns::Clock now = std::chrono::steady_clock::now);
   ~BatchRun();
   BatchRun(const BatchRun&) = delete;
   BatchRun& operator=(const BatchRun&) = delete;
 
-  /// Opens the log and the instrument, runs all sources in order, closes both.
+  /// Opens the log and the instrument, runs all sources in order, closes both. A run that is repeated needs sources
+  /// that can begin anew.
   ExitStatus Run(const Sources& sources);
 
   /// Shows a message with the line that is being run.
@@ -46,6 +48,8 @@ private:
   bool OpenLog();
   bool Open();
   void RunSources(const Sources& sources);
+  void RunTurn(const Sources& sources);
+  bool BeginNextTurn(const Sources& sources);
   void RunSource(LineSource& source);
   Batch NextBatch(LineSource& source);
   /// Of the source whose lines are being run, the one that is being run included.
@@ -69,15 +73,17 @@ private:
   DriverNews& m_news;
   std::ostream& m_out;
   std::ostream& m_err;
+  const RunTurns::Clock m_now;
   ConversationPrinter m_printer;
   Ref<FaultCollector> m_faults;
   RepeatedFaults m_repeated;
   std::optional<RunLog> m_log;
+  std::optional<RunTurns> m_turns; // from the first one on
   std::optional<Progress> m_progress;
   RunStatus m_status;
   const LineSource* m_source = nullptr; // whose lines are being run
   std::size_t m_linesRead = 0;          // of that source, the batch that is being run included
-  std::size_t m_linesBefore = 0;        // of the sources before it
+  std::size_t m_linesBefore = 0;        // of the sources before it in this turn
   bool m_stop = false;
 };
 

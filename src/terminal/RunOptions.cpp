@@ -16,6 +16,9 @@ namespace {
 
 constexpr int LongestTimeout = 3'600'000; // an hour
 constexpr int MostQueries = 1'000'000;
+constexpr int MostTurns = 1'000'000'000;
+constexpr double ShortestEvery = 0.001; // seconds
+constexpr double LongestEvery = 1'000'000;
 
 std::optional<int> ReadWhole(std::string_view text) {
   int number = 0;
@@ -100,6 +103,30 @@ std::optional<UsageError> AddBench(RunOptions& options, const std::pair<std::str
   return {};
 }
 
+/// Sets how the run is repeated, or says what is wrong with that.
+std::optional<UsageError> AddRepeat(RunOptions& options, const std::string& turns,
+                                    const std::optional<std::string>& every) {
+  RepeatOptions repeat;
+  if (turns != "forever") {
+    const auto number = ReadWhole(turns);
+    if (!number || *number < 1 || *number > MostTurns) {
+      return UsageError{"--repeat " + turns + ": use 1 to 1000000000 turns, or forever"};
+    }
+    repeat.Turns = static_cast<std::uint64_t>(*number);
+  }
+  if (every) {
+    double seconds = 0;
+    const char* const end = every->data() + every->size();
+    const auto [behind, fault] = std::from_chars(every->data(), end, seconds, std::chars_format::fixed);
+    if (fault != std::errc{} || behind != end || !(seconds >= ShortestEvery && seconds <= LongestEvery)) {
+      return UsageError{"--every " + *every + ": use 0.001 to 1000000 seconds"};
+    }
+    repeat.Every = std::chrono::round<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
+  }
+  options.Repeat = repeat;
+  return {};
+}
+
 } // namespace
 
 std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const char* const* argv) {
@@ -112,6 +139,8 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   std::vector<std::string> settings;
   std::pair<std::string, std::string> bench;
   std::string benchCsv;
+  std::string turns;
+  std::string every;
 
   CLI::App app("Runs SCPI command files, or standard input, on an instrument and prints the conversation.",
                "portico-run");
@@ -136,6 +165,10 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
       ->capture_default_str();
   auto* stopOption = app.add_flag("--stop-on-error", options.StopOnError,
                                   "End at the first error that the error query reports, or the first driver failure");
+  auto* repeatOption = app.add_option("--repeat", turns, "Run all command files N times over, or forever");
+  repeatOption->type_name("N");
+  auto* everyOption = app.add_option("--every", every, "With --repeat: the time from one start to the next");
+  everyOption->type_name("SECONDS")->needs(repeatOption);
   auto* quietOption = app.add_flag("--quiet", options.Quiet, "No conversation on standard output");
   auto* timingOption = app.add_flag("--timing", options.Timing,
                                     "Print on standard error, at the end, what each query took in the driver");
@@ -152,7 +185,7 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
         instrumentOption->required(false);
       },
       "Print the instruments that can be found, a name a line, and what they say of themselves behind a tab");
-  list->trigger_on_parse()->excludes(instrumentOption)->excludes(timingOption);
+  list->trigger_on_parse()->excludes(instrumentOption)->excludes(timingOption)->excludes(repeatOption);
   app.add_option("--list-time", listTime, "How long --list waits for answers")
       ->type_name("MS")
       ->capture_default_str()
@@ -191,11 +224,16 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
     if (auto error = AddOption(options, setting)) return *error;
   }
   if (benchOption->count() > 0) {
-    for (const CLI::Option* other :
-         {files, protocolOption, settingOption, readOption, logOption, stopOption, quietOption, timingOption}) {
+    for (const CLI::Option* other : {files, protocolOption, settingOption, readOption, logOption, stopOption,
+                                     repeatOption, quietOption, timingOption}) {
       if (other->count() > 0) return UsageError{"--bench runs no commands; leave out " + other->get_name()};
     }
     if (auto error = AddBench(options, bench, benchCsv)) return *error;
+  }
+  if (repeatOption->count() > 0) {
+    if (auto error = AddRepeat(options, turns, everyOption->count() > 0 ? std::optional(every) : std::nullopt)) {
+      return *error;
+    }
   }
   if (options.ReadAfterQuery && options.Protocol != ItemText::Other) {
     return UsageError{"--read-after-query: the protocol SCPI reads after queries by its option "

@@ -3,7 +3,9 @@
 #include "commandline/CommandLine.h"
 #include "framework/text/text.h"
 
+#include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
@@ -20,6 +22,14 @@ struct BenchOptions {
   std::size_t Queries = 0;
   String Query;
   std::string CsvFile; ///< the path for the samples; empty for none
+};
+
+/// A run that is repeated.
+struct RepeatOptions {
+  /// Without a number for ever.
+  std::optional<std::uint64_t> Turns;
+  /// From the start of a turn to that of the next; 0 to begin it at once.
+  std::chrono::milliseconds Every{0};
 };
 
 /// What the command line of `portico-run` asks for, checked.
@@ -45,6 +55,7 @@ struct RunOptions {
   /// Begin the log anew.
   bool Overwrite = false;
   std::optional<BenchOptions> Bench;
+  std::optional<RepeatOptions> Repeat;
   /// Not an option of the command line: it follows from what the standard streams are.
   bool ShowProgress = false;
   /// Likewise: the conversation is shown on a terminal.

@@ -72,6 +72,13 @@ INSTANTIATE_TEST_SUITE_P(
                 {SimulatedMeter, "--read-after-query"},
                 "--read-after-query: the protocol SCPI reads after queries by its option "
                 "SCPIProtocolAutoReadAfterQuery; use --protocol Other"},
+        Mistake{"NoTurn", {SimulatedMeter, "--repeat", "0"}, "--repeat 0: use 1 to 1000000000 turns, or forever"},
+        Mistake{"TurnsTooSoon",
+                {SimulatedMeter, "--repeat", "forever", "--every", "0"},
+                "--every 0: use 0.001 to 1000000 seconds"},
+        Mistake{"TurnsWithBench",
+                {SimulatedMeter, "--repeat", "2", "--bench", "1", "*IDN?"},
+                "--bench runs no commands; leave out --repeat"},
         Mistake{"BenchNumber", {SimulatedMeter, "--bench", "0", "*IDN?"}, "--bench 0: use 1 to 1000000 queries"},
         Mistake{"BenchTooMany",
                 {SimulatedMeter, "--bench", "1000001", "*IDN?"},

@@ -25,7 +25,7 @@ BatchRunBench::~BatchRunBench() {
 }
 
 int BatchRunBench::RunSources(const Sources& sources) {
-  terminal::BatchRun run(Options, Window, Interrupts, News, Out, Err);
+  terminal::BatchRun run(Options, Window, Interrupts, News, Out, Err, [this] { return Clock.Now(); });
   return static_cast<int>(run.Run(sources));
 }
 

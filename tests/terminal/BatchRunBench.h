@@ -34,7 +34,7 @@ protected:
 
   ManualClock Clock;
   const std::shared_ptr<memory::EventLoop> Loop = std::make_shared<memory::EventLoop>(Clock);
-  const terminal::Interrupts Interrupts{[this] { Loop->RequestQuit(); }};
+  const terminal::Interrupts Interrupts{[this] { Loop->RequestQuit(); }, [this] { Clock.Wake(); }};
   const Ref<memory::RichTextBox> Future = New<memory::RichTextBox>();
   const Ref<memory::RichTextBox> Past = New<memory::RichTextBox>();
   const Ref<terminal::TerminalWindow> Window = New<terminal::TerminalWindow>(Future, Past, New<memory::RichTextBox>(),

@@ -85,7 +85,7 @@ TEST(RunOptions, OverwritingWithoutALogIsAMistake) {
 }
 
 TEST(RunOptions, FlagsMayStandAnywhere) {
-  const RunOptions options = OptionsOf({"--quiet", "--timing", SimulatedMeter, "a.cmd", "--stop-on-error"});
+  const RunOptions options = OptionsOf({"--quiet", SimulatedMeter, "a.cmd", "--stop-on-error"});
   EXPECT_TRUE(options.Quiet);
   EXPECT_TRUE(options.StopOnError);
   EXPECT_EQ(options.Files, std::vector<std::string>{"a.cmd"});
@@ -119,6 +119,38 @@ TEST(RunOptions, TimesAreOnlyPrintedOnDemandAndOfARun) {
   EXPECT_EQ(ErrorOf({SimulatedMeter, "--timing", "--bench", "3", "*IDN?"}),
             "--bench runs no commands; leave out --timing");
   EXPECT_EQ(ErrorOf({"--list", "--timing"}), "--timing excludes --list; see portico-run --help");
+}
+
+TEST(RunOptions, ARunIsRepeatedSoManyTimesOrForEver) {
+  using namespace std::chrono_literals;
+  EXPECT_FALSE(OptionsOf({SimulatedMeter}).Repeat);
+  const auto repeatOf = [](std::vector<std::string> arguments) {
+    arguments.emplace_back(SimulatedMeter);
+    return OptionsOf(arguments).Repeat.value_or(RepeatOptions{0, -1ms});
+  };
+  EXPECT_EQ(repeatOf({"--repeat", "3"}).Turns, 3U);
+  EXPECT_EQ(repeatOf({"--repeat", "3"}).Every, 0ms);
+  EXPECT_EQ(repeatOf({"--repeat", "1000000000"}).Turns, 1'000'000'000U);
+  EXPECT_EQ(repeatOf({"--repeat", "forever"}).Turns, std::nullopt);
+  EXPECT_EQ(repeatOf({"--every", "60", "--repeat", "forever"}).Every, 60s);
+  EXPECT_EQ(repeatOf({"--repeat", "2", "--every", "0.001"}).Every, 1ms);
+  EXPECT_EQ(repeatOf({"--repeat", "2", "--every", "2.5"}).Every, 2500ms);
+  EXPECT_EQ(repeatOf({"--repeat", "2", "--every", "1000000"}).Every, 1'000'000s);
+}
+
+TEST(RunOptions, WhatIsNoRepetitionIsToldWhatWouldBeRight) {
+  for (const std::string turns : {"0", "-1", "1000000001", "Forever", "2.5", "3 "}) {
+    EXPECT_EQ(ErrorOf({SimulatedMeter, "--repeat=" + turns, "--every=1"}),
+              "--repeat " + turns + ": use 1 to 1000000000 turns, or forever");
+  }
+  for (const std::string every : {"0", "0.0004", "-1", "1000001", "1e3", "inf", "nan", "1s", "0x1", " 1", "1,5"}) {
+    EXPECT_EQ(ErrorOf({SimulatedMeter, "--repeat=3", "--every=" + every}),
+              "--every " + every + ": use 0.001 to 1000000 seconds");
+  }
+  EXPECT_EQ(ErrorOf({SimulatedMeter, "--every", "1"}), "--every requires --repeat; see portico-run --help");
+  EXPECT_EQ(ErrorOf({SimulatedMeter, "--repeat", "3", "--bench", "3", "*IDN?"}),
+            "--bench runs no commands; leave out --repeat");
+  EXPECT_EQ(ErrorOf({"--list", "--repeat", "3"}), "--repeat excludes --list; see portico-run --help");
 }
 
 TEST(RunOptions, TimeoutIsFromOneMillisecondToAnHour) {
@@ -307,9 +339,9 @@ TEST(RunOptions, ListGoesWithNoInstrumentAndItsTimeWithNothingElse) {
 
 TEST(RunOptions, HelpNamesEveryOption) {
   const std::string help = HelpOf({"--help"});
-  for (const char* const word :
-       {"portico-run", "INSTRUMENT", "FILE", "--protocol", "--option", "--read-after-query", "--timeout",
-        "--stop-on-error", "--quiet", "--list", "--list-time", "--help", "--version", "NAME=VALUE", "5000"}) {
+  for (const char* const word : {"portico-run", "INSTRUMENT", "FILE", "--protocol", "--option", "--read-after-query",
+                                 "--timeout", "--stop-on-error", "--quiet", "--timing", "--repeat", "--every", "--list",
+                                 "--list-time", "--help", "--version", "NAME=VALUE", "5000"}) {
     EXPECT_NE(help.find(word), std::string::npos) << word;
   }
   EXPECT_EQ(help.back(), '\n');

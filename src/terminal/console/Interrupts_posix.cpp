@@ -14,12 +14,14 @@ namespace {
 std::atomic<int> requests = 0;
 system::WakePipe* wakeUp = nullptr;
 const std::function<void()>* onSecond = nullptr;
+const std::function<void()>* onAny = nullptr;
 constexpr std::array Signals = {SIGINT, SIGTERM};
 
 void Handle(int) {
   const int before = errno;
   if (++requests > 1 && onSecond != nullptr) (*onSecond)();
   if (wakeUp != nullptr) wakeUp->Wake();
+  if (onAny != nullptr) (*onAny)();
   errno = before;
 }
 
@@ -32,15 +34,18 @@ void Install(void (*handler)(int)) {
 
 } // namespace
 
-Interrupts::Interrupts(std::function<void()> whenSecond) : m_onSecond(std::move(whenSecond)) {
+Interrupts::Interrupts(std::function<void()> whenSecond, std::function<void()> whenAny)
+    : m_onSecond(std::move(whenSecond)), m_onAny(std::move(whenAny)) {
   requests = 0;
   wakeUp = &m_wakeUp;
   onSecond = &m_onSecond;
+  onAny = m_onAny ? &m_onAny : nullptr;
   Install(Handle);
 }
 
 Interrupts::~Interrupts() {
   Install(SIG_IGN); // the program is ending, and one more of them must not change its exit status
+  onAny = nullptr;
   onSecond = nullptr;
   wakeUp = nullptr;
 }

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -25,6 +26,8 @@ public:
   virtual bool HasLineAtHand() const = 0;
   /// How many lines are to come; none where nobody knows.
   virtual std::optional<std::size_t> LinesLeft() const = 0;
+  /// Begins anew; false where the lines are gone, since they are read as they arrive.
+  virtual bool Rewind() { return false; }
 };
 
 /// The lines of a file that has been read and checked whole.
@@ -35,10 +38,14 @@ public:
   std::string Name() const override { return m_name; }
   std::variant<std::optional<String>, TextFault> Next() override {
     if (m_next == m_lines.size()) return std::optional<String>{};
-    return std::optional(std::move(m_lines[m_next++]));
+    return std::optional(m_lines[m_next++]);
   }
   bool HasLineAtHand() const override { return m_next < m_lines.size(); }
   std::optional<std::size_t> LinesLeft() const override { return m_lines.size() - m_next; }
+  bool Rewind() override {
+    m_next = 0;
+    return true;
+  }
 
 private:
   std::string m_name;
@@ -51,8 +58,17 @@ struct FileFault {
   std::string Text;
 };
 
+/// The lines of a text that has been read whole; a fault names its place.
+std::variant<std::unique_ptr<LineSource>, FileFault> ReadText(const std::string& name, std::string_view bytes);
+
 /// Reads and checks the file whole.
 std::variant<std::unique_ptr<LineSource>, FileFault> ReadCommandFile(const std::string& path);
+
+/// What is read whole from standard input at the most.
+inline constexpr std::size_t LongestWholeInput = 16U << 20U; // bytes
+
+/// Standard input, read to its end and checked whole. Once the user has interrupted there is no line.
+std::variant<std::unique_ptr<LineSource>, FileFault> ReadWholeStandardInput(const Interrupts& interrupts);
 
 /// Standard input, a line at a time as it arrives. `interrupts` must outlive it.
 std::unique_ptr<LineSource> ReadStandardInput(const Interrupts& interrupts);

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <utility>
 
 namespace portico::terminal {
 namespace {
@@ -24,12 +25,26 @@ std::string Clock(double seconds) {
 Progress::Progress(std::ostream& out, std::function<TimePoint()> now, std::optional<std::size_t> total)
     : m_out(out), m_now(std::move(now)), m_total(total), m_start(m_now()) {}
 
+void Progress::Begin(std::string heading) {
+  m_heading = std::move(heading);
+  m_start = m_now();
+}
+
 void Progress::Show(std::size_t done) {
   const TimePoint now = m_now();
   if (m_shown && now - *m_shown < ShortestPause) return;
+  Write(m_heading + Line(done, now), now);
+}
+
+void Progress::ShowWait(const std::string& heading, TimePoint until) {
+  const TimePoint now = m_now();
+  if (until - now >= ShortestPause) Write(heading + "waiting", now);
+}
+
+void Progress::Write(const std::string& line, TimePoint now) {
   m_shown = now;
   m_standing = true;
-  m_out << "\r" << Line(done, now) << "\x1B[K" << std::flush;
+  m_out << "\r" << line << "\x1B[K" << std::flush;
 }
 
 void Progress::Erase() {

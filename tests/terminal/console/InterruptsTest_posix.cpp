@@ -56,6 +56,15 @@ TEST(Interrupts, FromTheSecondOnAWaitIsEndedToo) {
   EXPECT_EQ(seconds, 2);
 }
 
+TEST(Interrupts, EachTellsWhoeverWaitsBehindWhatTheSecondDoes) {
+  std::string order;
+  const Interrupts interrupts([&] { order += "second "; }, [&] { order += "any "; });
+  raise(SIGINT);
+  EXPECT_EQ(order, "any ");
+  raise(SIGTERM);
+  EXPECT_EQ(order, "any second any ");
+}
+
 TEST(Interrupts, RequestToTerminateCountsAlike) {
   int seconds = 0;
   const Interrupts interrupts([&] { ++seconds; });

@@ -34,6 +34,20 @@ TEST(FileLines, GivesItsLinesInOrderThenNone) {
   EXPECT_EQ(LineOf(lines), Next());
 }
 
+TEST(FileLines, CanBeginAnewFromWherever) {
+  FileLines lines("a.cmd", {u"*CLS", u"*RST"});
+  for (int turn = 0; turn < 3; ++turn) {
+    EXPECT_EQ(lines.LinesLeft(), 2U);
+    EXPECT_EQ(LineOf(lines), u"*CLS");
+    EXPECT_EQ(LineOf(lines), u"*RST");
+    EXPECT_EQ(LineOf(lines), Next());
+    EXPECT_TRUE(lines.Rewind());
+  }
+  EXPECT_EQ(LineOf(lines), u"*CLS");
+  EXPECT_TRUE(lines.Rewind());
+  EXPECT_EQ(LineOf(lines), u"*CLS");
+}
+
 class ReadCommandFileTest : public testing::Test {
 protected:
   std::string File(const std::string& bytes) const {

@@ -80,6 +80,33 @@ TEST_F(ProgressTest, ErasedLineComesBackWithTheNext) {
   EXPECT_EQ(Written(), "\r2 lines, 2.0/s\x1B[K");
 }
 
+TEST_F(ProgressTest, BehindAHeadingCountsAndRateBeginAnew) {
+  Progress progress = Of(4);
+  Now += 1s;
+  progress.Show(4);
+  Written();
+  Now += 50ms;
+  progress.Begin("turn 2 of 3: ");
+  progress.Show(1);
+  EXPECT_EQ(Written(), "") << "not more often than ten times a second";
+  Now += 500ms;
+  progress.Show(1);
+  EXPECT_EQ(Written(), "\rturn 2 of 3: 1 of 4 lines, 2.0/s, 0:02 left\x1B[K");
+}
+
+TEST_F(ProgressTest, AWaitIsToldIfItIsWorthIt) {
+  Progress progress = Of(4);
+  progress.Begin("turn 1 of 3: ");
+  progress.Show(4);
+  Written();
+  progress.ShowWait("turn 2 of 3: ", Now + 99ms);
+  EXPECT_EQ(Written(), "");
+  progress.ShowWait("turn 2 of 3: ", Now + 100ms);
+  EXPECT_EQ(Written(), "\rturn 2 of 3: waiting\x1B[K");
+  progress.Erase();
+  EXPECT_EQ(Written(), "\r\x1B[K");
+}
+
 TEST_F(ProgressTest, WhatDoesNotStandIsNotErased) {
   Progress progress = Of({});
   progress.Erase();

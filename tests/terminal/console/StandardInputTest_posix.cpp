@@ -58,6 +58,17 @@ protected:
     return fault != nullptr ? Describe(source->Name(), *fault) : "(none)";
   }
 
+  /// The lines of the whole, each with a stroke behind it, or the fault.
+  std::string Whole() const {
+    auto read = ReadWholeStandardInput(interrupts);
+    if (const auto* fault = std::get_if<FileFault>(&read)) return fault->Text;
+    LineSource& lines = *std::get<std::unique_ptr<LineSource>>(read);
+    std::string text = lines.Name() + ": ";
+    for (auto next = lines.Next(); std::get<Next>(next); next = lines.Next())
+      text += ToUtf8(*std::get<Next>(next)) + "|";
+    return text;
+  }
+
   const Interrupts interrupts{[] {}};
   const std::unique_ptr<LineSource> source = ReadStandardInput(interrupts);
   const int saved = dup(STDIN_FILENO);
@@ -164,6 +175,54 @@ TEST_F(StandardInputTest, InterruptEndsTheLines) {
 TEST_F(StandardInputTest, InterruptEndsTheWaitForALine) {
   std::thread user([] { raise(SIGINT); });
   EXPECT_EQ(Line(), Next());
+  user.join();
+}
+
+TEST_F(StandardInputTest, AsItArrivesItCannotBeginAnew) { EXPECT_FALSE(source->Rewind()); }
+
+TEST_F(StandardInputTest, WholeIsReadToItsEnd) {
+  std::thread user([this] {
+    Write("\xEF\xBB\xBF*CLS\r\n\n");
+    Write("*RST");
+    CloseInput();
+  });
+  EXPECT_EQ(Whole(), "standard input: *CLS||*RST|");
+  user.join();
+}
+
+TEST_F(StandardInputTest, WholeThatHoldsARefusedLineIsAFault) {
+  Write("*CLS\n*RST\nAB\xFF\n");
+  CloseInput();
+  EXPECT_EQ(Whole(), "standard input:3:3: not UTF-8; save the file as UTF-8");
+}
+
+TEST_F(StandardInputTest, WholeThatCannotBeReadIsAFault) {
+  const int directory = open("/", O_RDONLY);
+  ASSERT_GE(directory, 0);
+  dup2(directory, STDIN_FILENO);
+  close(directory);
+  EXPECT_EQ(Whole(), "standard input: cannot be read: Is a directory");
+}
+
+TEST_F(StandardInputTest, WholeMayHaveSixteenMebibytes) {
+  std::thread user([this] {
+    Write(std::string(16'777'215, 'A') + '\n');
+    CloseInput();
+  });
+  EXPECT_EQ(Whole(), "standard input: " + std::string(16'777'215, 'A') + '|');
+  user.join();
+}
+
+TEST_F(StandardInputTest, WholeThatIsTooLongIsAFaultThoughMoreComes) {
+  std::thread user([this] { Write(std::string(16'777'217, '\n')); });
+  EXPECT_EQ(Whole(), "standard input: more than 16777216 bytes cannot be read whole; name a file");
+  user.join();
+}
+
+TEST_F(StandardInputTest, WholeEndsAtAnInterruptWithoutALine) {
+  Write("*CLS\n*RST\n");
+  std::thread user([] { raise(SIGINT); });
+  EXPECT_EQ(Whole(), "standard input: ");
   user.join();
 }
 

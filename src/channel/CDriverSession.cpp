@@ -155,6 +155,24 @@ Ref<IResponse> CDriverSession::SetChannelAttribute(const String& Name, const Str
   PassOn(u"CDriverSession.IChannel_SetChannelAttribute(Name,Value)", {Name, Value});
 }
 
+Ref<IResponse> CDriverSession::SetTimeout(std::int32_t Milliseconds) try {
+  return GenerateResponse(m_driver->SetTimeout(std::chrono::milliseconds(Milliseconds)), {});
+} catch (...) {
+  PassOn(u"CDriverSession.IChannelExtension_SetTimeout(Milliseconds)", {Milliseconds});
+}
+
+Ref<IResponse> CDriverSession::ClearDevice() try {
+  return GenerateResponse(m_driver->Clear(m_session), {});
+} catch (...) {
+  PassOn(u"CDriverSession.IChannelExtension_ClearDevice");
+}
+
+Ref<IResponse> CDriverSession::GoToLocal() try {
+  return GenerateResponse(m_driver->GoToLocal(m_session), {});
+} catch (...) {
+  PassOn(u"CDriverSession.IChannelExtension_GoToLocal");
+}
+
 const CreatorRow CtorDriverSession = {
     .Name = u"CtorDriverSession",
     .Specification = Class::DriverSession,

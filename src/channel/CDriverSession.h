@@ -1,8 +1,9 @@
 #pragma once
 
 #include "channel/IChannel.h"
+#include "channel/IChannelExtension.h"
 #include "framework/objects/Creator.h"
-#include "platform/IInstrumentDriver.h"
+#include "platform/IExtendedDriver.h"
 
 #include <memory>
 #include <string>
@@ -14,7 +15,7 @@ namespace portico {
 /// process, held by its creator. Destroying it closes a session that is open.
 ///
 /// Attributes by name: "TERMCHAR" with the texts "Auto", "LF", "CRLF", "CR", "LFCR"; "ERRORQUERYSCPI" with any text.
-class CDriverSession final : public IChannel {
+class CDriverSession final : public IChannel, public IChannelExtension {
 public:
   /// Over the driver of the platform, which is kept alive.
   CDriverSession();
@@ -34,12 +35,16 @@ public:
   Ref<IResponse> GetChannelAttribute(const String& Name) override;
   Ref<IResponse> SetChannelAttribute(const String& Name, const String& Value) override;
 
+  Ref<IResponse> SetTimeout(std::int32_t Milliseconds) override;
+  Ref<IResponse> ClearDevice() override;
+  Ref<IResponse> GoToLocal() override;
+
 private:
   String GetErrorMessage(std::int32_t code);
   Ref<IResponse> GenerateResponse(std::int32_t code, const String& data);
   void WipeBuffer();
 
-  std::shared_ptr<IInstrumentDriver> m_driver;
+  std::shared_ptr<IExtendedDriver> m_driver;
   std::int32_t m_session = 0;
   std::vector<char> m_buffer; // of ReadData; made at the first read
   std::size_t m_soiled = 0;   // bytes of it that the last read may have filled

@@ -61,6 +61,7 @@ constexpr std::array Statuses = {
     StatusEntry{DriverStatus::LibraryNotLoaded, "TVSCPI_ERROR_LIBRARY_NOT_LOADED",
                 "The driver library could not be loaded"},
     StatusEntry{DriverStatus::InternalError, "TVSCPI_ERROR_INTERNAL", "The driver failed"},
+    StatusEntry{DriverStatus::NotPossible, "TVSCPI_ERROR_NOT_POSSIBLE", "This cannot be done"},
 };
 
 const StatusEntry* Find(std::int32_t status) {

@@ -30,6 +30,7 @@ enum class DriverStatus : std::int32_t {
   ProtocolError = -1151018,
   LibraryNotLoaded = -1151019,
   InternalError = -1151020,
+  NotPossible = -1151021,
 };
 
 /// As it crosses the seam of drivers.

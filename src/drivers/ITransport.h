@@ -59,8 +59,11 @@ public:
   /// most, a line that can only be listened to twice that.
   virtual bool Clear(std::chrono::milliseconds /*timeout*/) { return false; }
 
-  /// Gives the instrument's front panel back, as far as that is possible, before an orderly Close().
-  virtual void ReturnToLocal(TimePoint /*deadline*/) noexcept {}
+  /// Gives the instrument's front panel back; the connection stays. NotPossible if there is no way to.
+  virtual DriverResult GoToLocal(TimePoint /*deadline*/) { return {DriverStatus::NotPossible}; }
+
+  /// The same, as far as that is possible, before an orderly Close().
+  virtual void ReturnToLocal(TimePoint deadline) noexcept { GoToLocal(deadline); }
 
   /// From now on `call` is made before each wait for the instrument.
   void OnWait(std::function<void()> call) { m_onWait = std::move(call); }

@@ -1,5 +1,7 @@
 #include "instructions/InstrumentAccess.h"
 
+#include "channel/IChannel.h"
+#include "channel/IChannelExtension.h"
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
@@ -12,6 +14,8 @@ namespace {
 
 /// The server: what is written to it tells the main window nothing.
 Ref<IConfiguration> Server() { return Create(Class::Configuration); }
+
+Ref<IChannelExtension> Channel() { return CreateAs<IChannelExtension>(Class::DriverSession); }
 
 } // namespace
 
@@ -41,5 +45,11 @@ void Close() {
   configuration->Set(Item::InstrumentOpened, false);
   configuration->Set(Item::OpenfromTree, false);
 }
+
+Ref<IResponse> SetTimeout(std::int32_t Milliseconds) { return Channel()->SetTimeout(Milliseconds); }
+
+Ref<IResponse> ClearDevice() { return Channel()->ClearDevice(); }
+
+Ref<IResponse> GoToLocal() { return Channel()->GoToLocal(); }
 
 } // namespace portico::InstrumentAccess

@@ -1,13 +1,15 @@
 #pragma once
 
 #include "framework/shared/CInstContainer.h"
+#include "framework/shared/IResponse.h"
 
 #include <optional>
 
 namespace portico {
 
-/// What the program asks of the instrument on the user's behalf. All of it goes by instructions, so that it takes the
-/// road of a typed line and shows up in the same reports. Needs the factory with everything that an instruction needs.
+/// What the program asks of the instrument on the user's behalf. What is said to the instrument goes by instructions,
+/// so that it takes the road of a typed line and shows up in the same reports. Needs the factory with everything that
+/// an instruction needs.
 namespace InstrumentAccess {
 
 /// Hands an instruction to the instruction processor. One that nobody takes raises `CannotCarryOut`.
@@ -22,6 +24,13 @@ void SetTermination(const String& Termination);
 
 /// Closes the instrument, whether or not one is open, and notes that none is.
 void Close();
+
+// These are no lines of a conversation: they go to the channel itself, and no report tells of them.
+
+/// The time-out of the driver's calls from the next one on, `ShortestTimeout` to `LongestTimeout`.
+Ref<IResponse> SetTimeout(std::int32_t Milliseconds);
+Ref<IResponse> ClearDevice();
+Ref<IResponse> GoToLocal();
 
 } // namespace InstrumentAccess
 } // namespace portico

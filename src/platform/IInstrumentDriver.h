@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 namespace portico {
@@ -55,8 +54,5 @@ public:
 inline constexpr std::int32_t TVSCPI_ATTR_TERMCHAR = 1150007;
 /// Attribute of a session: the command that asks for the next error (text).
 inline constexpr std::int32_t TVSCPI_ATTR_ERRORQUERYSCPI = 1150002;
-
-/// The driver that the channel uses. Wired before the factory is made.
-extern std::shared_ptr<IInstrumentDriver> gInstrumentDriver;
 
 } // namespace portico

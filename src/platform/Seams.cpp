@@ -1,8 +1,8 @@
 #include "platform/ICommonDialog.h"
 #include "platform/IDesktop.h"
 #include "platform/IEventLoop.h"
+#include "platform/IExtendedDriver.h"
 #include "platform/IForm.h"
-#include "platform/IInstrumentDriver.h"
 #include "platform/IInstrumentList.h"
 #include "platform/IInstrumentSearch.h"
 #include "platform/IProgress.h"
@@ -20,7 +20,7 @@ std::shared_ptr<IClipboard> gClipboard;
 std::shared_ptr<IEventLoop> gEventLoop;
 std::shared_ptr<IForms> gForms;
 std::shared_ptr<IHelpViewer> gHelpViewer;
-std::shared_ptr<IInstrumentDriver> gInstrumentDriver;
+std::shared_ptr<IExtendedDriver> gInstrumentDriver;
 std::shared_ptr<IInstrumentList> gInstrumentList;
 std::shared_ptr<IInstrumentSearch> gInstrumentSearch;
 std::shared_ptr<IKeyboard> gKeyboard;

@@ -18,8 +18,9 @@ protected:
   DriverSessionErrorTest() {
     Open();
     Driver->Message = "x";
-    for (const auto* function : {"init", "close", "WriteInstrData", "ReadInstrData", "GetAttributeViInt32",
-                                 "GetAttributeViString", "SetAttributeViInt32", "SetAttributeViString"}) {
+    for (const auto* function :
+         {"init", "close", "WriteInstrData", "ReadInstrData", "GetAttributeViInt32", "GetAttributeViString",
+          "SetAttributeViInt32", "SetAttributeViString", "SetTimeout", "Clear", "GoToLocal"}) {
       Driver->Statuses[function] = -1;
     }
   }
@@ -40,6 +41,9 @@ TEST_F(DriverSessionErrorTest, EveryOperationPassesAShortMessageOnUnderItsLabel)
                      u"CDriverSession.IChannel_GetChannelAttribute(Name)");
   ExpectShortMessage([&] { Session->SetChannelAttribute(u"TERMCHAR", u"CR"); },
                      u"CDriverSession.IChannel_SetChannelAttribute(Name,Value)");
+  ExpectShortMessage([&] { Session->SetTimeout(70); }, u"CDriverSession.IChannelExtension_SetTimeout(Milliseconds)");
+  ExpectShortMessage([&] { Session->ClearDevice(); }, u"CDriverSession.IChannelExtension_ClearDevice");
+  ExpectShortMessage([&] { Session->GoToLocal(); }, u"CDriverSession.IChannelExtension_GoToLocal");
   ExpectShortMessage([&] { Session->CloseChannel(); }, u"CDriverSession.IChannel_CloseChannel");
 }
 

@@ -42,7 +42,7 @@ class DriverBench {
 public:
   virtual ~DriverBench() = default;
 
-  virtual IInstrumentDriver& Driver() = 0;
+  virtual IExtendedDriver& Driver() = 0;
   virtual std::string Name() const = 0;
   /// Of an instrument of the same script that opens beside the first: the same one where it lets several in.
   virtual std::string SecondName() const { return Name(); }
@@ -79,6 +79,10 @@ struct TransportTraits {
   bool tells = true;
   /// The order to give up ends a call that is under way.
   bool cancels = false;
+  /// Does more than the nine functions.
+  bool isExtended = true;
+  /// Knows a way back to the instrument's front panel.
+  bool returnsToLocal = false;
 };
 
 /// What the suites run with: the name is that of the driver. Each stands in a file of its own, which DriverBenches.cpp
@@ -132,7 +136,7 @@ protected:
   /// Sets the bench up and opens `session`.
   void Start(InstrumentScript script, std::chrono::milliseconds timeout = Patient);
 
-  IInstrumentDriver& Driver() { return bench->Driver(); }
+  IExtendedDriver& Driver() { return bench->Driver(); }
   std::int32_t Open() { return Open(bench->Name()); }
   std::int32_t OpenSecond() { return Open(bench->SecondName()); }
   std::int32_t Write(const std::string& text);

@@ -17,7 +17,10 @@ public:
 DriverBenchKind HislipBenchKind() {
   return {"Hislip",
           MakeBench<HislipBench>,
-          {.marksEnd = true, .recovery = TransportTraits::RecoveryKind::DeviceClear, .cancels = true}};
+          {.marksEnd = true,
+           .recovery = TransportTraits::RecoveryKind::DeviceClear,
+           .cancels = true,
+           .returnsToLocal = true}};
 }
 
 } // namespace portico::test

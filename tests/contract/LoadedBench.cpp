@@ -23,7 +23,7 @@ public:
                  std::make_shared<LoadedDriver>(std::get<DriverFunctions>(LoadDriverLibrary(PORTICO_DRIVER_LIBRARY)),
                                                 &observer, nullptr)) {}
 
-  IInstrumentDriver& Driver() override { return m_driver; }
+  IExtendedDriver& Driver() override { return m_driver; }
   void Send(const std::string& bytes) override {
     m_instrument.Send(bytes);
     m_instrument.WaitForSilence();
@@ -42,6 +42,6 @@ private:
 
 } // namespace
 
-DriverBenchKind LoadedBenchKind() { return {"Loaded", MakeBench<LoadedBench>, {.tells = false}}; }
+DriverBenchKind LoadedBenchKind() { return {"Loaded", MakeBench<LoadedBench>, {.tells = false, .isExtended = false}}; }
 
 } // namespace portico::test

@@ -73,7 +73,7 @@ public:
                    }}},
                  {m_clock, timeout, &observer}) {}
 
-  IInstrumentDriver& Driver() override { return m_driver; }
+  IExtendedDriver& Driver() override { return m_driver; }
   std::string Name() const override { return "sim::marking::instr"; }
   std::string CanonicalName() const override { return "SIM::marking::INSTR"; }
   std::string Place() const override { return "marking"; }

@@ -53,7 +53,7 @@ public:
         m_driver(drivers::StandardTransports({}, m_clock, &this->cancellation),
                  {m_clock, timeout + HurryingClock::Grace, &this->observer, &this->cancellation}) {}
 
-  IInstrumentDriver& Driver() override { return m_driver; }
+  IExtendedDriver& Driver() override { return m_driver; }
   void Hurry() override { m_clock.Hurry(); }
 
 private:

@@ -17,7 +17,7 @@ public:
         m_second(script),
         m_driver(StandardTransports({}, m_clock, &cancellation), {m_clock, timeout, &observer, &cancellation}) {}
 
-  IInstrumentDriver& Driver() override { return m_driver; }
+  IExtendedDriver& Driver() override { return m_driver; }
   std::string Name() const override { return "asrl" + m_first.Path() + "::115200,8n1,none::instr"; }
   std::string SecondName() const override { return m_second.ResourceName(); }
   std::string CanonicalName() const override { return "ASRL" + m_first.Path() + "::115200,8N1::INSTR"; }

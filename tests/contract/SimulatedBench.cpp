@@ -21,7 +21,7 @@ public:
                      m_clock, &cancellation),
                  {m_clock, timeout, &observer, &cancellation}) {}
 
-  IInstrumentDriver& Driver() override { return m_driver; }
+  IExtendedDriver& Driver() override { return m_driver; }
   std::string Name() const override { return "sim::dmm::instr"; }
   std::string CanonicalName() const override { return "SIM::dmm::INSTR"; }
   std::string Place() const override { return "dmm"; }

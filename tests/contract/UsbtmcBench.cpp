@@ -22,7 +22,7 @@ public:
     m_usb.Plug({{}, 0x1234, 0xABCD, "SN2", 0, "", ""}, script);
   }
 
-  IInstrumentDriver& Driver() override { return m_driver; }
+  IExtendedDriver& Driver() override { return m_driver; }
   std::string Name() const override { return "usb::4660::0xabcd::SN1::instr"; }
   std::string SecondName() const override { return "USB0::0x1234::0xABCD::SN2::0::INSTR"; }
   std::string CanonicalName() const override { return "USB0::0x1234::0xABCD::SN1::0::INSTR"; }
@@ -40,7 +40,9 @@ private:
 } // namespace
 
 DriverBenchKind UsbtmcBenchKind() {
-  return {"Usbtmc", MakeBench<UsbtmcBench>, {.marksEnd = true, .recovery = TransportTraits::RecoveryKind::DeviceClear}};
+  return {"Usbtmc",
+          MakeBench<UsbtmcBench>,
+          {.marksEnd = true, .recovery = TransportTraits::RecoveryKind::DeviceClear, .returnsToLocal = true}};
 }
 
 } // namespace portico::test

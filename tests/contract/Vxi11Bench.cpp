@@ -17,7 +17,10 @@ public:
 DriverBenchKind Vxi11BenchKind() {
   return {"Vxi11",
           MakeBench<Vxi11Bench>,
-          {.marksEnd = true, .recovery = TransportTraits::RecoveryKind::DeviceClear, .cancels = true}};
+          {.marksEnd = true,
+           .recovery = TransportTraits::RecoveryKind::DeviceClear,
+           .cancels = true,
+           .returnsToLocal = true}};
 }
 
 } // namespace portico::test

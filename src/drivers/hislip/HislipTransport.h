@@ -29,7 +29,7 @@ public:
   bool MarksEnd() const override { return true; }
   bool Stands() override;
   bool Clear(std::chrono::milliseconds timeout) override;
-  void ReturnToLocal(TimePoint deadline) noexcept override;
+  DriverResult GoToLocal(TimePoint deadline) override;
 
 private:
   DriverResult Connect(TimePoint deadline);

@@ -118,10 +118,10 @@ bool HislipTransport::Clear(std::chrono::milliseconds timeout) {
   return ConverseUntilReady(TimePoint::clock::now() + timeout).Succeeded();
 }
 
-void HislipTransport::ReturnToLocal(TimePoint deadline) noexcept {
-  if (!m_asynchronous.IsOpen()) return;
+DriverResult HislipTransport::GoToLocal(TimePoint deadline) {
+  if (!m_asynchronous.IsOpen()) return {DriverStatus::NotConnected};
   m_client.GoToLocal();
-  ConverseUntilReady(deadline);
+  return ConverseUntilReady(deadline);
 }
 
 template <typename Done>

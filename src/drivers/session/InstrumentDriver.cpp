@@ -95,6 +95,20 @@ std::int32_t InstrumentDriver::TVSCPI_error_message(std::int32_t session, std::i
   return Number(DriverStatus::Success);
 }
 
+std::int32_t InstrumentDriver::SetTimeout(std::chrono::milliseconds timeout) {
+  m_options.Timeout = timeout;
+  for (const auto& [handle, session] : m_sessions) session->SetTimeout(timeout);
+  return Number(DriverStatus::Success);
+}
+
+std::int32_t InstrumentDriver::Clear(std::int32_t session) {
+  return OnSession(session, [](InstrumentSession& open) { return open.Clear(); });
+}
+
+std::int32_t InstrumentDriver::GoToLocal(std::int32_t session) {
+  return OnSession(session, [](InstrumentSession& open) { return open.GoToLocal(); });
+}
+
 InstrumentDriver::SessionRef InstrumentDriver::Find(std::int32_t session) const {
   const auto found = m_sessions.find(session);
   return found == m_sessions.end() ? nullptr : found->second;

@@ -3,7 +3,7 @@
 #include "drivers/ITransport.h"
 #include "drivers/ResourceName.h"
 #include "drivers/session/InstrumentSession.h"
-#include "platform/IInstrumentDriver.h"
+#include "platform/IExtendedDriver.h"
 
 #include <cstdint>
 #include <map>
@@ -19,7 +19,7 @@ using TransportRegistry = std::map<InterfaceKind, TransportFactory>;
 ///
 /// Used from one thread, like the channel above it. Sessions that were not closed are closed with the driver. Statuses
 /// are those of DriverStatus. Once the order to give up was given, all but closing and messages is refused.
-class InstrumentDriver final : public IInstrumentDriver {
+class InstrumentDriver final : public IExtendedDriver {
 public:
   InstrumentDriver(TransportRegistry transports, const SessionOptions& options);
 
@@ -39,6 +39,10 @@ public:
                                            const std::string& text) override;
   std::int32_t TVSCPI_error_message(std::int32_t session, std::int32_t status, char* buffer) override;
 
+  std::int32_t SetTimeout(std::chrono::milliseconds timeout) override;
+  std::int32_t Clear(std::int32_t session) override;
+  std::int32_t GoToLocal(std::int32_t session) override;
+
 private:
   using SessionRef = std::shared_ptr<InstrumentSession>;
 
@@ -51,7 +55,7 @@ private:
   std::int32_t OnSession(std::int32_t session, Operation operation);
 
   const TransportRegistry m_transports;
-  const SessionOptions m_options;
+  SessionOptions m_options;
 
   std::map<std::int32_t, SessionRef> m_sessions;
   std::int32_t m_nextSession = 1;

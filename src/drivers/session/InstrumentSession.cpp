@@ -21,13 +21,34 @@ void InstrumentSession::Close() noexcept {
 DriverResult InstrumentSession::Write(const std::string& text) {
   TimePoint deadline = Deadline();
   if (m_outOfStep) GetInStep(deadline);
-  DriverResult result = m_connection.Succeeded() ? Restore(deadline) : Reconnect(deadline);
+  DriverResult result = Connected(deadline);
   if (result.Succeeded()) {
     m_output.assign(text);
     m_output += '\n';
     result = m_transport->Write(m_output, deadline);
   }
   if (!result.Succeeded()) Drop(result);
+  return result;
+}
+
+DriverResult InstrumentSession::Clear() {
+  TimePoint deadline = Deadline();
+  if (m_connection.Succeeded()) GetInStep(deadline);
+  if (m_connection.Succeeded()) return {};
+  DriverResult result = Reconnect(deadline);
+  if (!result.Succeeded()) Drop(result);
+  return result;
+}
+
+DriverResult InstrumentSession::GoToLocal() {
+  TimePoint deadline = Deadline();
+  DriverResult result = Connected(deadline);
+  if (result.Succeeded()) result = m_transport->GoToLocal(deadline);
+  if (result.Status == DriverStatus::NotPossible) {
+    if (result.Detail.empty()) result.Detail = m_name + " has no means for it";
+  } else if (!result.Succeeded()) {
+    Drop(result);
+  }
   return result;
 }
 
@@ -73,7 +94,7 @@ DriverResult InstrumentSession::Connect(TimePoint deadline) {
 }
 
 void InstrumentSession::GetInStep(TimePoint& deadline) {
-  if (!Clear(deadline)) {
+  if (!ClearTransport(deadline)) {
     Drop({DriverStatus::NotConnected});
     return;
   }
@@ -91,7 +112,7 @@ DriverResult InstrumentSession::Restore(TimePoint deadline) {
 DriverResult InstrumentSession::Reconnect(TimePoint& deadline) {
   DriverResult result = Connect(deadline);
   // An instrument may keep its answers beyond the connection, and the attempt to clear it may cost this one.
-  if (result.Succeeded() && !Clear(deadline) && (Cancelled() || !m_transport->Stands())) {
+  if (result.Succeeded() && !ClearTransport(deadline) && (Cancelled() || !m_transport->Stands())) {
     m_transport->Close();
     result = Connect(deadline);
   }
@@ -101,7 +122,7 @@ DriverResult InstrumentSession::Reconnect(TimePoint& deadline) {
   return result;
 }
 
-bool InstrumentSession::Clear(TimePoint& deadline) {
+bool InstrumentSession::ClearTransport(TimePoint& deadline) {
   const bool cleared = m_transport->Clear(m_options.Timeout);
   deadline = Deadline();
   return cleared;

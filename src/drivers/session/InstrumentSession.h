@@ -6,6 +6,7 @@
 #include "drivers/session/SessionAttributes.h"
 #include "drivers/session/UnfinishedAnswer.h"
 #include "platform/IDriverObserver.h"
+#include "platform/IExtendedDriver.h"
 #include "system/Cancellation.h"
 
 #include <chrono>
@@ -21,7 +22,7 @@ struct SessionOptions {
   IClock& Clock;
   /// For each call as a whole: opening, writing, or reading one message. Each attempt to clear the instrument takes as
   /// long once more.
-  std::chrono::milliseconds Timeout = std::chrono::milliseconds(5000);
+  std::chrono::milliseconds Timeout = std::chrono::milliseconds(UsualTimeout);
   /// Null, or must outlive the sessions.
   IDriverObserver* Observer = nullptr;
   /// Null, or must outlive the sessions.
@@ -53,6 +54,15 @@ public:
   /// for the next read, as far as it fitted.
   DriverResult Read(std::span<char> buffer, std::int32_t& count);
 
+  /// Clears the instrument, or gives the connection up and makes a fresh one.
+  DriverResult Clear();
+
+  /// Gives the instrument's front panel back. Makes a connection if there is none.
+  DriverResult GoToLocal();
+
+  /// For the calls that follow.
+  void SetTimeout(std::chrono::milliseconds timeout) { m_options.Timeout = timeout; }
+
   SessionAttributes& Attributes() { return m_attributes; }
 
   /// The last failure that was remembered; a success before there is any.
@@ -64,12 +74,16 @@ private:
   DriverResult Connect(TimePoint deadline);
   /// Sees to it that nothing that was asked is answered any more; without a way to, gives the connection up.
   void GetInStep(TimePoint& deadline);
+  /// Sees to it that there is a connection.
+  DriverResult Connected(TimePoint& deadline) {
+    return m_connection.Succeeded() ? Restore(deadline) : Reconnect(deadline);
+  }
   /// Makes a connection that the instrument has ended anew. What came of it stays to be read.
   DriverResult Restore(TimePoint deadline);
   /// Makes a connection where there is none, and clears the instrument.
   DriverResult Reconnect(TimePoint& deadline);
   /// Clears the instrument, and puts the deadline off.
-  bool Clear(TimePoint& deadline);
+  bool ClearTransport(TimePoint& deadline);
   /// Gives the connection up for this reason.
   void Drop(DriverResult reason);
   /// Drops all that has come.
@@ -83,7 +97,7 @@ private:
 
   const std::string m_name;
   const std::unique_ptr<ITransport> m_transport;
-  const SessionOptions m_options;
+  SessionOptions m_options;
   SessionAttributes m_attributes;
   ReceiveBuffer m_input;
   UnfinishedAnswer m_unfinished;

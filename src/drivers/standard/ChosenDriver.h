@@ -9,7 +9,7 @@ namespace portico::drivers {
 
 /// The driver that a program runs with.
 struct ChosenDriver {
-  std::shared_ptr<IInstrumentDriver> Driver;
+  std::shared_ptr<IExtendedDriver> Driver;
   /// What the user has to be told at the start, in UTF-8; empty if all is well.
   std::string Notice = {};
 };

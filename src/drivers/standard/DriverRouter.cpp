@@ -6,9 +6,10 @@
 
 namespace portico::drivers {
 
-DriverRouter::DriverRouter(Driver own, Driver other) : m_own(std::move(own)), m_other(std::move(other)) {}
+DriverRouter::DriverRouter(OwnDriver own, OtherDriver other) : m_own(std::move(own)), m_other(std::move(other)) {}
 
-DriverRouter::DriverRouter(Driver own, DriverResult refusal) : m_own(std::move(own)), m_refusal(std::move(refusal)) {}
+DriverRouter::DriverRouter(OwnDriver own, DriverResult refusal)
+    : m_own(std::move(own)), m_refusal(std::move(refusal)) {}
 
 DriverRouter::~DriverRouter() {
   for (const auto& [handle, session] : m_sessions) session.Owner.TVSCPI_close(session.Handle);
@@ -16,7 +17,8 @@ DriverRouter::~DriverRouter() {
 
 std::int32_t DriverRouter::TVSCPI_init(const std::string& name, std::int32_t idQuery, std::int32_t reset,
                                        std::int32_t& session) {
-  IInstrumentDriver* const driver = (ResourceName::IsSimulated(name) ? m_own : m_other).get();
+  m_isExtensionRefused = false;
+  IInstrumentDriver* const driver = ResourceName::IsSimulated(name) ? m_own.get() : m_other.get();
   if (driver == nullptr) return Refuse();
   std::int32_t handle = 0;
   const std::int32_t status = driver->TVSCPI_init(name, idQuery, reset, handle);
@@ -35,6 +37,7 @@ std::int32_t DriverRouter::Refuse() {
 }
 
 std::int32_t DriverRouter::TVSCPI_close(std::int32_t session) {
+  m_isExtensionRefused = false;
   const auto found = m_sessions.find(session);
   if (found == m_sessions.end()) return Number(DriverStatus::InvalidSession);
   const Session closed = found->second;
@@ -84,6 +87,10 @@ std::int32_t DriverRouter::TVSCPI_SetAttributeViString(std::int32_t session, std
 }
 
 std::int32_t DriverRouter::TVSCPI_error_message(std::int32_t session, std::int32_t status, char* buffer) {
+  if (m_isExtensionRefused && status == Number(DriverStatus::NotPossible)) {
+    WriteErrorMessage(StatusMessage(status, "the driver library has no function for it"), buffer);
+    return Number(DriverStatus::Success);
+  }
   if (const auto open = m_sessions.find(session); open != m_sessions.end()) {
     return open->second.Owner.TVSCPI_error_message(open->second.Handle, status, buffer);
   }
@@ -93,8 +100,34 @@ std::int32_t DriverRouter::TVSCPI_error_message(std::int32_t session, std::int32
   return Number(DriverStatus::Success);
 }
 
+std::int32_t DriverRouter::SetTimeout(std::chrono::milliseconds timeout) {
+  m_isExtensionRefused = false;
+  const std::int32_t status = m_own->SetTimeout(timeout);
+  return m_other == nullptr ? status : RefuseExtension();
+}
+
+std::int32_t DriverRouter::Clear(std::int32_t session) {
+  return OnOwnSession(session, [this](std::int32_t handle) { return m_own->Clear(handle); });
+}
+
+std::int32_t DriverRouter::GoToLocal(std::int32_t session) {
+  return OnOwnSession(session, [this](std::int32_t handle) { return m_own->GoToLocal(handle); });
+}
+
+std::int32_t DriverRouter::RefuseExtension() {
+  m_isExtensionRefused = true;
+  return Number(DriverStatus::NotPossible);
+}
+
+template <typename Call>
+std::int32_t DriverRouter::OnOwnSession(std::int32_t session, Call call) {
+  return OnSession(
+      session, [&](const Session& open) { return &open.Owner == m_own.get() ? call(open.Handle) : RefuseExtension(); });
+}
+
 template <typename Call>
 std::int32_t DriverRouter::OnSession(std::int32_t session, Call call) {
+  m_isExtensionRefused = false;
   const auto open = m_sessions.find(session);
   return open == m_sessions.end() ? Number(DriverStatus::InvalidSession) : call(open->second);
 }

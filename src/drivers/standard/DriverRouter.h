@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drivers/DriverStatus.h"
-#include "platform/IInstrumentDriver.h"
+#include "platform/IExtendedDriver.h"
 
 #include <cstdint>
 #include <map>
@@ -12,14 +12,15 @@ namespace portico::drivers {
 
 /// Two drivers as one: names that begin with `SIM::` go to the program's own, all others to the other one. Each later
 /// call goes to the driver whose session it is. Sessions have handles of the router's own, and those that were not
-/// closed are closed with it.
-class DriverRouter final : public IInstrumentDriver {
+/// closed are closed with it. The other one can do nothing beyond the nine functions.
+class DriverRouter final : public IExtendedDriver {
 public:
-  using Driver = std::shared_ptr<IInstrumentDriver>;
+  using OwnDriver = std::shared_ptr<IExtendedDriver>;
+  using OtherDriver = std::shared_ptr<IInstrumentDriver>;
 
-  DriverRouter(Driver own, Driver other);
+  DriverRouter(OwnDriver own, OtherDriver other);
   /// There is no other one: its names are refused for this reason.
-  DriverRouter(Driver own, DriverResult refusal);
+  DriverRouter(OwnDriver own, DriverResult refusal);
   ~DriverRouter() override;
   DriverRouter(const DriverRouter&) = delete;
   DriverRouter& operator=(const DriverRouter&) = delete;
@@ -40,6 +41,11 @@ public:
                                            const std::string& text) override;
   std::int32_t TVSCPI_error_message(std::int32_t session, std::int32_t status, char* buffer) override;
 
+  /// Reaches its own driver at any rate; is refused if there is another.
+  std::int32_t SetTimeout(std::chrono::milliseconds timeout) override;
+  std::int32_t Clear(std::int32_t session) override;
+  std::int32_t GoToLocal(std::int32_t session) override;
+
 private:
   struct Session {
     IInstrumentDriver& Owner;
@@ -53,15 +59,21 @@ private:
   };
 
   std::int32_t Refuse();
+  /// Refuses what the other driver has no function for.
+  std::int32_t RefuseExtension();
   template <typename Call>
   std::int32_t OnSession(std::int32_t session, Call call);
+  template <typename Call>
+  std::int32_t OnOwnSession(std::int32_t session, Call call);
 
-  const Driver m_own;
-  const Driver m_other;
+  const OwnDriver m_own;
+  const OtherDriver m_other;
   const DriverResult m_refusal;
   std::map<std::int32_t, Session> m_sessions;
   std::int32_t m_nextSession = 1;
   Failure m_failure;
+  /// The last call was refused so.
+  bool m_isExtensionRefused = false;
 };
 
 } // namespace portico::drivers

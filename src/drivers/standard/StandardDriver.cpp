@@ -10,7 +10,7 @@ constexpr std::uint64_t SimulatorSeed = 1;
 
 } // namespace
 
-std::shared_ptr<IInstrumentDriver> StandardDriver(const SessionOptions& options) {
+std::shared_ptr<IExtendedDriver> StandardDriver(const SessionOptions& options) {
   const auto connect = [rack = std::make_shared<simulator::DeviceRack>(SimulatorSeed)](const std::string& device) {
     return rack->Connect(device);
   };

@@ -8,6 +8,6 @@ namespace portico::drivers {
 
 /// The driver as the programs have it: all of StandardTransports(), with simulated instruments of its own. These live
 /// on the clock of the options and measure the same each time, so that a run on one can be repeated.
-std::shared_ptr<IInstrumentDriver> StandardDriver(const SessionOptions& options);
+std::shared_ptr<IExtendedDriver> StandardDriver(const SessionOptions& options);
 
 } // namespace portico::drivers

@@ -113,11 +113,15 @@ bool UsbtmcTransport::Clear(milliseconds timeout) {
   return !m_clearDue;
 }
 
-void UsbtmcTransport::ReturnToLocal(TimePoint deadline) noexcept {
-  if (m_file == nullptr || !Prepare(deadline, DriverStatus::WriteTimeout).Succeeded()) return;
+DriverResult UsbtmcTransport::GoToLocal(TimePoint deadline) {
+  if (m_file == nullptr) return {DriverStatus::NotConnected};
+  if (DriverResult result = Prepare(deadline, DriverStatus::WriteTimeout); !result.Succeeded()) return result;
   std::uint32_t capabilities = 0;
-  if (m_file->Request(UsbtmcRequest::Capabilities, capabilities) != 0 || (capabilities & CanGoToLocal) == 0) return;
-  m_file->Request(UsbtmcRequest::GoToLocal, capabilities);
+  int error = m_file->Request(UsbtmcRequest::Capabilities, capabilities);
+  const bool isKnown = error != EBADRQC; // which an old system does not tell
+  if (!isKnown || (error == 0 && (capabilities & CanGoToLocal) == 0)) return {DriverStatus::NotPossible};
+  if (error == 0) error = m_file->Request(UsbtmcRequest::GoToLocal, capabilities);
+  return error == 0 ? DriverResult() : Failure(error, DriverStatus::WriteTimeout);
 }
 
 DriverResult UsbtmcTransport::Prepare(TimePoint deadline, DriverStatus timeout) {

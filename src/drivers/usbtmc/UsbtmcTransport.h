@@ -29,7 +29,7 @@ public:
   bool MarksEnd() const override { return true; }
   bool Stands() override { return m_file != nullptr && !m_file->Gone() && !m_clearDue; }
   bool Clear(std::chrono::milliseconds timeout) override;
-  void ReturnToLocal(TimePoint deadline) noexcept override;
+  DriverResult GoToLocal(TimePoint deadline) override;
 
 private:
   DriverResult OpenFile(const UsbtmcDevice& device);

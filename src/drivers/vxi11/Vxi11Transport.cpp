@@ -141,9 +141,19 @@ bool Vxi11Transport::Clear(std::chrono::milliseconds timeout) {
          CallForError(CoreProcedure::DeviceClear, Generic(deadline), deadline);
 }
 
+DriverResult Vxi11Transport::GoToLocal(TimePoint deadline) {
+  if (m_core == nullptr) return {DriverStatus::NotConnected};
+  if (!EndPendingRead(deadline)) return {DriverStatus::ReadTimeout, m_core->Peer()};
+  Vxi11::ErrorResult answer;
+  DriverResult result = m_core->Client().Call(CoreProcedure::DeviceLocal, Generic(deadline), answer, deadline);
+  if (!result.Succeeded() || answer.Error == Vxi11::Error::None) return result;
+  if (answer.Error == Vxi11::Error::NotSupported) return {DriverStatus::NotPossible};
+  return LinkFailure(answer.Error, m_core->Peer(), DriverStatus::WriteTimeout);
+}
+
 void Vxi11Transport::ReturnToLocal(TimePoint deadline) noexcept {
   if (m_core == nullptr || !EndPendingRead(deadline)) return;
-  CallForError(CoreProcedure::DeviceLocal, Generic(deadline), deadline);
+  GoToLocal(deadline);
   CallForError(CoreProcedure::DestroyLink, Vxi11::LinkArguments{m_link}, deadline);
 }
 

@@ -16,7 +16,7 @@ namespace portico::drivers {
 /// which the portmapper of the host does.
 ///
 /// One call at a time is under way on the core channel. That of a read which timed out goes on: the next read waits
-/// for its reply. Only Clear() and ReturnToLocal() end it before, by the abort channel if need be.
+/// for its reply. Only Clear(), GoToLocal() and ReturnToLocal() end it before, by the abort channel if need be.
 class Vxi11Transport final : public ITransport {
 public:
   /// Deadlines, the order of a host's addresses and cancelling are those of the streams that `connect` makes. `clock`
@@ -31,6 +31,7 @@ public:
   bool MarksEnd() const override { return true; }
   bool Stands() override;
   bool Clear(std::chrono::milliseconds timeout) override;
+  DriverResult GoToLocal(TimePoint deadline) override;
   /// Destroys the link, too.
   void ReturnToLocal(TimePoint deadline) noexcept override;
 

@@ -201,7 +201,7 @@ TEST_F(HislipTransportTest, TheFrontPanelIsGivenBackBeforeTheClose) {
 TEST_F(HislipTransportTest, AnInstrumentThatKeepsItsFrontPanelHoldsUpNobody) {
   instrument.Respond(HislipType::AsyncRemoteLocalControl, "");
   Open();
-  transport.ReturnToLocal(VerySoon());
+  EXPECT_EQ(transport.GoToLocal(VerySoon()).Status, DriverStatus::ReadTimeout);
   instrument.WaitFor(HislipType::AsyncRemoteLocalControl);
 }
 

@@ -116,6 +116,34 @@ TEST_F(InstrumentDriverTest, ClosingGivesLocalControlBack) {
   EXPECT_EQ(transport.closed, 1);
 }
 
+TEST_F(InstrumentDriverTest, ATimeoutIsThatOfAllSessionsNowAndLater) {
+  constexpr auto longer = std::chrono::milliseconds(90'000);
+  std::int32_t earlier = 0;
+  ASSERT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, earlier), 0);
+  EXPECT_EQ(driver.SetTimeout(longer), 0);
+  EXPECT_EQ(driver.TVSCPI_WriteInstrData(earlier, "A\r"), 0);
+  EXPECT_EQ(transport.deadlines.back(), clock.Now() + longer);
+  std::int32_t later = 0;
+  ASSERT_EQ(driver.TVSCPI_init("ASRL2::INSTR", 0, 0, later), 0);
+  EXPECT_EQ(transport.deadlines.back(), clock.Now() + longer);
+  clock.Advance(std::chrono::milliseconds(1));
+  EXPECT_EQ(driver.TVSCPI_WriteInstrData(later, "A\r"), 0);
+  EXPECT_EQ(transport.deadlines.back(), clock.Now() + longer);
+}
+
+TEST_F(InstrumentDriverTest, WhatItRefusesBeyondTheNineFunctionsHasItsMessage) {
+  std::int32_t session = 0;
+  ASSERT_EQ(driver.TVSCPI_init("ASRL1::INSTR", 0, 0, session), 0);
+  transport.returnResult = {DriverStatus::NotPossible};
+  EXPECT_EQ(driver.GoToLocal(session), Number(DriverStatus::NotPossible));
+  EXPECT_EQ(Message(session, Number(DriverStatus::NotPossible)),
+            "This cannot be done: ASRL1::INSTR has no means for it.\n");
+  cancellation.Request();
+  EXPECT_EQ(driver.Clear(session), Number(DriverStatus::Cancelled));
+  EXPECT_EQ(driver.GoToLocal(session), Number(DriverStatus::Cancelled));
+  EXPECT_THAT(transport.clearings, testing::IsEmpty());
+}
+
 TEST(InstrumentDriver, SessionsThatAreOpenTogetherDoNotMix) {
   ManualClock clock;
   std::array<ScriptedTransport::Record, 4> records;

@@ -117,6 +117,41 @@ TEST_F(DriverRouterTest, AFailedOpenHasItsMessageFromTheDriverThatFailed) {
   EXPECT_EQ(Message(0, -4), "Unknown status -4.\n");
 }
 
+TEST_F(DriverRouterTest, WhatOnlyItsOwnDriverCanStaysAtHome) {
+  const std::int32_t mine = Open("SIM::dmm::INSTR");
+  const std::int32_t others = Open("BENCH");
+  ownCalls.clear();
+  otherCalls.clear();
+  EXPECT_EQ(router.Clear(mine), 0);
+  EXPECT_EQ(router.GoToLocal(mine), 0);
+  EXPECT_EQ(router.Clear(others), -1151021);
+  EXPECT_EQ(router.GoToLocal(others), -1151021);
+  EXPECT_EQ(router.SetTimeout(std::chrono::milliseconds(70)), -1151021) << "it does not reach the other one";
+  EXPECT_EQ(router.Clear(9), -1151001);
+  EXPECT_THAT(ownCalls, ElementsAre("clear", "local", "timeout 70"));
+  EXPECT_THAT(otherCalls, ElementsAre());
+  own->Statuses["clear"] = -6;
+  EXPECT_EQ(router.Clear(mine), -6);
+  EXPECT_EQ(Message(mine, -6), "failure -6\n");
+}
+
+TEST_F(DriverRouterTest, ARefusalHasItsMessageUntilTheNextCall) {
+  const std::int32_t others = Open("BENCH");
+  const std::string refusal = "This cannot be done: the driver library has no function for it.\n";
+  EXPECT_EQ(router.SetTimeout(std::chrono::milliseconds(70)), -1151021);
+  EXPECT_EQ(Message(0, -1151021), refusal);
+  EXPECT_EQ(Message(others, -1151021), refusal);
+  other->Statuses["write A"] = -1151021;
+  EXPECT_EQ(router.TVSCPI_WriteInstrData(others, "A\r"), -1151021);
+  EXPECT_EQ(Message(others, -1151021), "failure -1151021\n");
+}
+
+TEST_F(DriverRouterTest, ATimeoutIsNotRefusedWhereThereIsNoOtherDriver) {
+  DriverRouter alone(own, DriverResult{DriverStatus::LibraryNotLoaded, "libx.so"});
+  EXPECT_EQ(alone.SetTimeout(std::chrono::milliseconds(70)), 0);
+  EXPECT_THAT(ownCalls, ElementsAre("timeout 70"));
+}
+
 TEST_F(DriverRouterTest, AnOpenWithAWarningIsOpenIfTheDriverWroteAHandle) {
   other->Statuses["init BENCH"] = 3;
   other->HandleOfFailure = 7;

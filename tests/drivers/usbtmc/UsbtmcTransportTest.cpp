@@ -189,6 +189,14 @@ TEST_F(UsbtmcTransportTest, TheFrontPanelIsGivenBackWhereTheDeviceCan) {
   EXPECT_EQ(device.returnsToLocal, 1);
 }
 
+TEST_F(UsbtmcTransportTest, WhyThereIsNoWayToLocalIsTold) {
+  device.capabilities = 5;
+  EXPECT_EQ(transport.GoToLocal(After(1000)).Status, DriverStatus::NotPossible);
+  usb.unknown = {UsbtmcRequest::Capabilities};
+  EXPECT_EQ(transport.GoToLocal(After(1000)).Status, DriverStatus::NotPossible) << "an old system does not tell";
+  EXPECT_EQ(transport.GoToLocal(clock.Now()).Status, DriverStatus::WriteTimeout);
+}
+
 TEST_F(UsbtmcTransportTest, OnceCancelledNothingReachesTheDevice) {
   cancellation.Request();
   ExpectFailure(Read().Result, DriverStatus::Cancelled, Place);

@@ -278,6 +278,17 @@ TEST_F(Vxi11TransportTest, TheFrontPanelIsGivenBackWithTheLink) {
   EXPECT_THAT(core.written, ElementsAre(CoreCall(2, 17, GenericArguments), CoreCall(3, 23, "\0\0\0\7"s)));
 }
 
+TEST_F(Vxi11TransportTest, GoingToLocalKeepsTheLink) {
+  Open();
+  core.Piece(Reply(2, NoError));
+  EXPECT_TRUE(transport->GoToLocal(Deadline()).Succeeded());
+  EXPECT_THAT(core.written, ElementsAre(CoreCall(2, 17, GenericArguments)));
+  core.Piece(Reply(3, "\0\0\0\x8"s));
+  EXPECT_EQ(transport->GoToLocal(Deadline()).Status, DriverStatus::NotPossible) << "the call is not supported";
+  core.Piece(Reply(4, "\0\0\0\xB"s));
+  EXPECT_EQ(transport->GoToLocal(Deadline()).Status, DriverStatus::WriteTimeout) << "locked by another link";
+}
+
 TEST_F(Vxi11TransportTest, AReadThatIsUnderWayEndsBeforeTheFrontPanelIsGivenBack) {
   Open();
   EXPECT_EQ(FailedRead().Status, DriverStatus::ReadTimeout);

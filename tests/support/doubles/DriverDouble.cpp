@@ -76,6 +76,21 @@ std::int32_t DriverDouble::TVSCPI_error_message(std::int32_t session, std::int32
   return 0;
 }
 
+std::int32_t DriverDouble::SetTimeout(std::chrono::milliseconds timeout) {
+  Detail("SetTimeout", {to_string(timeout.count())});
+  return Call("timeout " + to_string(timeout.count()), "SetTimeout");
+}
+
+std::int32_t DriverDouble::Clear(std::int32_t session) {
+  Detail("Clear", {to_string(session)});
+  return Call("clear", "Clear");
+}
+
+std::int32_t DriverDouble::GoToLocal(std::int32_t session) {
+  Detail("GoToLocal", {to_string(session)});
+  return Call("local", "GoToLocal");
+}
+
 void DriverDouble::Detail(const std::string& function, std::initializer_list<std::string> arguments) const {
   if (!OnDetail) return;
   std::string list;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/IInstrumentDriver.h"
+#include "platform/IExtendedDriver.h"
 #include "support/Journal.h"
 
 #include <cstdint>
@@ -13,7 +13,7 @@ namespace portico::test {
 
 /// An instrument driver that writes its calls down and answers as it is told. Texts for the instrument must end in the
 /// carriage return that the driver's contract asks for.
-class DriverDouble final : public IInstrumentDriver {
+class DriverDouble final : public IExtendedDriver {
 public:
   /// What one read brings.
   struct Reading {
@@ -23,7 +23,7 @@ public:
   };
 
   /// The journal gets a line for each call that reaches the instrument: "init NAME", "close", "write TEXT", "read",
-  /// "get NUMBER", "set NUMBER VALUE". It must outlive the driver.
+  /// "get NUMBER", "set NUMBER VALUE", "clear", "local", "timeout MILLISECONDS". It must outlive the driver.
   explicit DriverDouble(Journal& journal);
 
   /// Status of a call, by its line in the journal or by its function without the prefix; 0 for all others.
@@ -67,6 +67,10 @@ public:
   std::int32_t TVSCPI_SetAttributeViString(std::int32_t session, std::int32_t zero, std::int32_t attribute,
                                            const std::string& text) override;
   std::int32_t TVSCPI_error_message(std::int32_t session, std::int32_t status, char* buffer) override;
+
+  std::int32_t SetTimeout(std::chrono::milliseconds timeout) override;
+  std::int32_t Clear(std::int32_t session) override;
+  std::int32_t GoToLocal(std::int32_t session) override;
 
 private:
   void Detail(const std::string& function, std::initializer_list<std::string> arguments) const;

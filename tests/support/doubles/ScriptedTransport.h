@@ -30,6 +30,7 @@ public:
     std::function<void()> onClear = {};
     /// Of giving local control back.
     std::vector<drivers::TimePoint> returns = {};
+    drivers::DriverResult returnResult = {};
     int opened = 0;
     int closed = 0;
 
@@ -73,7 +74,10 @@ public:
     if (m_record.onClear) m_record.onClear();
     return m_record.clears;
   }
-  void ReturnToLocal(drivers::TimePoint deadline) noexcept override { m_record.returns.push_back(deadline); }
+  drivers::DriverResult GoToLocal(drivers::TimePoint deadline) override {
+    m_record.returns.push_back(deadline);
+    return m_record.returnResult;
+  }
 
 private:
   Record& m_record;

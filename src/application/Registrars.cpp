@@ -26,6 +26,7 @@
 #include "instructions/builders/CSCPICmdBuilder.h"
 #include "instructions/builders/PacingBuilders.h"
 #include "ui/commands/DataCommands.h"
+#include "ui/commands/DeviceCommands.h"
 #include "ui/commands/EditCommands.h"
 #include "ui/commands/InstrumentCommands.h"
 #include "ui/commands/LogCommands.h"
@@ -182,8 +183,9 @@ Rows CSCPIInstHndlrRegistrar::Rows() const {
 }
 
 Rows ViewAndDataRegistrar::Rows() const {
-  static constexpr std::array rows = {&CtorFind,    &CtorFindNext,   &CtorFindPrevious, &CtorZoomIn,
-                                      &CtorZoomOut, &CtorActualSize, &CtorRunGuard,     &CtorStopAtErrors};
+  static constexpr std::array rows = {&CtorFind,       &CtorFindNext,    &CtorFindPrevious, &CtorZoomIn,
+                                      &CtorZoomOut,    &CtorActualSize,  &CtorRunGuard,     &CtorStopAtErrors,
+                                      &CtorSetTimeout, &CtorClearDevice, &CtorGoToLocal};
   return rows;
 }
 

@@ -3,6 +3,7 @@
 #include "configuration/Options.h"
 #include "framework/shared/Application.h"
 #include "platform/IEventLoop.h"
+#include "platform/IExtendedDriver.h"
 #include "platform/Termination.h"
 
 #include <CLI/CLI.hpp>
@@ -14,7 +15,6 @@
 namespace portico::terminal {
 namespace {
 
-constexpr int LongestTimeout = 3'600'000; // an hour
 constexpr int MostQueries = 1'000'000;
 constexpr int MostTurns = 1'000'000'000;
 constexpr double ShortestEvery = 0.001; // seconds
@@ -216,7 +216,7 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   }
   options.Protocol = FromAscii(protocol);
   const auto milliseconds = ReadWhole(timeout);
-  if (!milliseconds || *milliseconds < 1 || *milliseconds > LongestTimeout) {
+  if (!milliseconds || *milliseconds < ShortestTimeout || *milliseconds > LongestTimeout) {
     return UsageError{"--timeout " + timeout + ": use 1 to 3600000 milliseconds"};
   }
   options.TimeoutMilliseconds = *milliseconds;

@@ -81,6 +81,9 @@ inline constexpr std::array RegisteredRows = {
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorActualSize", u"ActualSize", 0},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorRunGuard", u"RunGuard", 0},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorStopAtErrors", u"StopAtErrors", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorSetTimeout", u"SetTimeout", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorClearDevice", u"ClearDevice", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorGoToLocal", u"GoToLocal", 0},
 };
 
 } // namespace portico::test

@@ -2,6 +2,7 @@
 #include "support/Labels.h"
 #include "support/fixtures/FrameworkTest.h"
 #include "ui/commands/DataCommands.h"
+#include "ui/commands/DeviceCommands.h"
 #include "ui/commands/EditCommands.h"
 #include "ui/commands/InstrumentCommands.h"
 #include "ui/commands/MergeCommands.h"
@@ -60,6 +61,12 @@ TEST_F(CreatorRowsTest, ReadingCommands) {
 }
 
 TEST_F(CreatorRowsTest, DataCommands) { Expect(CtorStopAtErrors, u"CtorStopAtErrors", u"StopAtErrors", 0); }
+
+TEST_F(CreatorRowsTest, DeviceCommands) {
+  Expect(CtorSetTimeout, u"CtorSetTimeout", u"SetTimeout", 0);
+  Expect(CtorClearDevice, u"CtorClearDevice", u"ClearDevice", 0);
+  Expect(CtorGoToLocal, u"CtorGoToLocal", u"GoToLocal", 0);
+}
 
 TEST_F(CreatorRowsTest, EachMakesItsProduct) {
   const auto product = [](const CreatorRow& row) { return ToUtf8(MakeCreator(row)->Create({})->ClassName()); };

@@ -105,6 +105,9 @@ constexpr std::array Table = {
     ResourceString{10060, u"&Actual Size"},
     ResourceString{10200, u"&Data"},
     ResourceString{10210, u"Stop at &Errors"},
+    ResourceString{10260, u"&Time-out..."},
+    ResourceString{10261, u"Clear &Device"},
+    ResourceString{10262, u"&Go to Local"},
 };
 
 constexpr bool Precedes(const ResourceString& a, const ResourceString& b) { return a.Id < b.Id; }

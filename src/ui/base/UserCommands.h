@@ -56,6 +56,10 @@ inline constexpr ClassKey<ICommand> ActualSize{u"ActualSize"};
 
 /// Turns stopping at errors on or off.
 inline constexpr ClassKey<ICommand> StopAtErrors{u"StopAtErrors"};
+/// Asks for the driver's time-out.
+inline constexpr ClassKey<ICommand> SetTimeout{u"SetTimeout"};
+inline constexpr ClassKey<ICommand> ClearDevice{u"ClearDevice"};
+inline constexpr ClassKey<ICommand> GoToLocal{u"GoToLocal"};
 
 } // namespace Class
 } // namespace portico

@@ -92,6 +92,17 @@ constexpr std::array AboutControls = {
                   .IsCancel = true},
 };
 
+constexpr std::array TimeoutControls = {
+    Plain(Row, u"rowTimeout"),
+    Titled(Label, u"lblTimeout", u"Time-out of each write and read:", u"rowTimeout"),
+    Plain(TextBox, u"txtTimeout", u"rowTimeout"),
+    Titled(Label, u"lblUnit", u"ms", u"rowTimeout"),
+    Plain(Row, u"rowButtons"),
+    Plain(Space, u"spcButtons", u"rowButtons"),
+    DefaultButton(u"cmdOK", u"&OK", u"rowButtons"),
+    CancellingButton(u"cmdCancel", u"Cancel", u"rowButtons"),
+};
+
 } // namespace
 
 constinit const FormDesign InstrumentDialogDesign = {.Name = u"frmInstrumentDialog",
@@ -107,5 +118,8 @@ constinit const FormDesign OptionsDesign = {.Name = u"frmTVSCPIOptions",
 
 constinit const FormDesign AboutDesign = {
     .Name = u"frmAbout", .Caption = u"About Tolvane Portico", .Style = FormStyle::Dialog, .Controls = AboutControls};
+
+constinit const FormDesign TimeoutDialogDesign = {
+    .Name = u"TimeoutDialog", .Caption = u"Time-out", .Style = FormStyle::Dialog, .Controls = TimeoutControls};
 
 } // namespace portico

@@ -9,5 +9,6 @@ namespace portico {
 extern const FormDesign InstrumentDialogDesign;
 extern const FormDesign OptionsDesign;
 extern const FormDesign AboutDesign;
+extern const FormDesign TimeoutDialogDesign;
 
 } // namespace portico

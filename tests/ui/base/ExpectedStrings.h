@@ -104,6 +104,9 @@ inline constexpr std::array ExpectedStrings = {
     ExpectedString{10060, u"&Actual Size"},
     ExpectedString{10200, u"&Data"},
     ExpectedString{10210, u"Stop at &Errors"},
+    ExpectedString{10260, u"&Time-out..."},
+    ExpectedString{10261, u"Clear &Device"},
+    ExpectedString{10262, u"&Go to Local"},
 };
 
 } // namespace portico::test

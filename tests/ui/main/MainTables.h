@@ -76,6 +76,9 @@ inline constexpr ExpectedMenu ExpectedMenus[] = {
 
     {u"mnuData", u"10200", u"&Data"},
     {u"mnuStopAtErrors", u"10210", u"Stop at &Errors", u"mnuData"},
+    {u"mnuTimeout", u"10260", u"&Time-out...", u"mnuData"},
+    {u"mnuClearDevice", u"10261", u"Clear &Device", u"mnuData"},
+    {u"mnuGoToLocal", u"10262", u"&Go to Local", u"mnuData"},
 
     {u"mnuHelp", u"9000", u"&Help"},
     {u"mnuHelpTopics", u"9010", u"Help &Topics", u"mnuHelp"},

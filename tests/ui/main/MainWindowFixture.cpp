@@ -43,7 +43,10 @@ void MainWindowFixture::OfferSpies() {
                                u"ZoomIn",
                                u"ZoomOut",
                                u"ActualSize",
-                               u"StopAtErrors"}) {
+                               u"StopAtErrors",
+                               u"SetTimeout",
+                               u"ClearDevice",
+                               u"GoToLocal"}) {
     Offer(name, [this, name](const Params& parameters) {
       Commands.push_back(ToUtf8(name));
       LastParameters = parameters;

@@ -19,6 +19,9 @@ public:
   virtual void FindPrevious() = 0;
   /// All text is shown larger or smaller by a tenth, between three tenths and eight times its own size, or in that.
   virtual void ChangeZoom(ZoomChange change) = 0;
+  /// Whether each character that the instrument's code page lacks, and that is sent as `?`, is underlined where it is
+  /// seen. False to begin with.
+  virtual void UnderlinesUnsendable(bool newValue) = 0;
 };
 
 } // namespace portico

@@ -1,6 +1,7 @@
 #include "memory/forms/RichTextControl.h"
 
 #include "memory/forms/DeviceContext.h"
+#include "richtext/Unsendable.h"
 
 #include <algorithm>
 #include <utility>
@@ -60,6 +61,14 @@ void RichTextControl::ChangeZoom(ZoomChange change) {
   if (change == ZoomChange::ActualSize) m_zoom = 1;
   if (change == ZoomChange::In) m_zoom = std::min(m_zoom * step, 8.0);
   if (change == ZoomChange::Out) m_zoom = std::max(m_zoom / step, 0.3);
+}
+
+std::vector<String> RichTextControl::Underlined() const {
+  std::vector<String> underlined;
+  if (!m_underlinesUnsendable) return underlined;
+  const String text = Text();
+  for (const auto& span : richtext::UnsendableSpans(text)) underlined.push_back(text.substr(span.Start, span.Length));
+  return underlined;
 }
 
 bool RichTextControl::Type(StringView text) {

@@ -6,6 +6,7 @@
 #include "platform/IRichTextControl.h"
 
 #include <optional>
+#include <vector>
 
 namespace portico::memory {
 
@@ -55,11 +56,14 @@ public:
   void FindNext() override;
   void FindPrevious() override;
   void ChangeZoom(ZoomChange change) override;
+  void UnderlinesUnsendable(bool newValue) override { m_underlinesUnsendable = newValue; }
 
   bool Locked() const { return m_locked; }
   /// What is looked for; none while the field has never been open.
   const std::optional<String>& SoughtText() const { return m_sought; }
   double ZoomFactor() const { return m_zoom; }
+  /// What is seen with a line under it.
+  std::vector<String> Underlined() const;
 
   // What the user does. False if the user cannot use the box.
   /// Typing and pasting replaces the selection; the box gets the focus first. False if the box is locked, too.
@@ -79,6 +83,7 @@ private:
   bool m_isPressed = false;
   std::optional<String> m_sought;
   double m_zoom = 1;
+  bool m_underlinesUnsendable = false;
   Event<> m_change;
   Event<const MouseEvent&> m_mouseDown;
   Event<const MouseEvent&> m_mouseUp;

@@ -60,6 +60,10 @@ void RichTextBox::ChangeZoom(ZoomChange change) {
   if (m_widget) m_widget->Zoom(change);
 }
 
+void RichTextBox::UnderlinesUnsendable(bool newValue) {
+  if (m_widget) m_widget->UnderlinesUnsendable(newValue);
+}
+
 // Handlers may let the box go.
 
 void RichTextBox::OnUserChange() {

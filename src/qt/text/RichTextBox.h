@@ -29,6 +29,7 @@ public:
   void FindNext() override { FindAgain(false); }
   void FindPrevious() override { FindAgain(true); }
   void ChangeZoom(ZoomChange change) override;
+  void UnderlinesUnsendable(bool newValue) override;
 
   Event<>& GotFocus() override { return m_gotFocus; }
   Event<>& LostFocus() override { return m_lostFocus; }

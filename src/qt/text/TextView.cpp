@@ -3,6 +3,7 @@
 #include "qt/text/FindBar.h"
 #include "qt/text/TextClipboard.h"
 #include "qt/text/TextLayout.h"
+#include "qt/text/UnsendableUnderline.h"
 #include "qt/values/Mouse.h"
 
 #include <QApplication>
@@ -11,7 +12,10 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -260,6 +264,22 @@ void TextView::wheelEvent(QWheelEvent* event) {
   const double notches = static_cast<double>(event->angleDelta().y()) / WheelNotch;
   Zoom(m_zoom * std::pow(ZoomStep, notches));
   event->accept();
+}
+
+void TextView::UnderlinesUnsendable(bool newValue) {
+  m_underlinesUnsendable = newValue;
+  viewport()->update();
+}
+
+void TextView::paintEvent(QPaintEvent* event) {
+  QPlainTextEdit::paintEvent(event);
+  if (!m_underlinesUnsendable) return;
+  QPainter painter(viewport());
+  for (QTextBlock block = firstVisibleBlock(); block.isValid(); block = block.next()) {
+    const QRectF place = blockBoundingGeometry(block).translated(contentOffset());
+    if (place.top() > event->rect().bottom()) return;
+    UnderlineUnsendable(painter, block, place.topLeft());
+  }
 }
 
 void TextView::dropEvent(QDropEvent* event) {

@@ -56,6 +56,8 @@ public:
   void Zoom(double factor);
   double Zoom() const { return m_zoom; }
   void Zoom(ZoomChange change);
+  /// Draws a line under each character that the instrument's code page lacks.
+  void UnderlinesUnsendable(bool newValue);
   /// Opens the field at the lower edge in which the user says what to look for.
   void OpenFind();
   /// The next place of what stands in that field, or the one before; opens the field if nothing does.
@@ -74,6 +76,7 @@ protected:
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
@@ -99,6 +102,7 @@ private:
   TextLayout* m_layout;
   FindBar* m_find = nullptr; // made when it is first asked for
   double m_zoom = 1;
+  bool m_underlinesUnsendable = false;
   double m_pointSize = 0; // before it is zoomed
   std::optional<QPoint> m_dragFrom;
   QTextCursor m_dragged; // while the drag lasts

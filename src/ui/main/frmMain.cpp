@@ -33,6 +33,7 @@ frmMain::frmMain(const std::function<void()>& CreateObjectFactory, StringView He
   m_txtFuture = ShareControl<IRichTextControl>(m_form, u"txtFuture");
   m_txtPast = ShareControl<IRichTextControl>(m_form, u"txtPast");
   m_scratchArea = ShareControl<IRichTextControl>(m_form, u"rtfScratchArea");
+  m_txtFuture->UnderlinesUnsendable(true);
   m_txtPast->Locked(true);
   m_update.emplace(*m_form, m_txtFuture, m_txtPast,
                    MainUpdate::Circumstances{.CommandHasFocus = [this] { return m_CommandHasFocus; },

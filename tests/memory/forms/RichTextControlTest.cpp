@@ -223,6 +223,14 @@ TEST_F(RichTextControlTest, TheFieldTakesTheSelectionWithinALine) {
   EXPECT_EQ(Box.SoughtText(), u"one");
 }
 
+TEST_F(RichTextControlTest, UnderlinesWhatCannotBeSentIfItIsToldTo) {
+  Box.Text(u"5 k\u03A9 \u00B5V\r\n\u0394T");
+  EXPECT_EQ(Box.Underlined(), std::vector<String>{});
+  Box.UnderlinesUnsendable(true);
+  EXPECT_EQ(Box.Underlined(), (std::vector<String>{u"\u03A9", u"\u0394"}));
+  EXPECT_EQ(Box.Text(), u"5 k\u03A9 \u00B5V\r\n\u0394T");
+}
+
 TEST_F(RichTextControlTest, ZoomsByTenths) {
   Box.ChangeZoom(ZoomChange::In);
   EXPECT_DOUBLE_EQ(Box.ZoomFactor(), 1.1);

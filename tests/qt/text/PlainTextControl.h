@@ -47,6 +47,7 @@ public:
   void FindNext() override {}
   void FindPrevious() override {}
   void ChangeZoom(ZoomChange /*change*/) override {}
+  void UnderlinesUnsendable(bool /*newValue*/) override {}
   Event<>& GotFocus() override { return m_event; }
   Event<>& LostFocus() override { return m_event; }
   Event<const MouseEvent&>& MouseDown() override { return m_mouse; }

@@ -7,18 +7,8 @@
 #include <algorithm>
 
 namespace portico::numbers {
-namespace {
-
-StringView WithoutWhiteSpace(StringView text) {
-  while (!text.empty() && IsWhiteSpace(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsWhiteSpace(text.back())) text.remove_suffix(1);
-  return text;
-}
-
-} // namespace
-
 void AnsweredQueries::Add(StringView query, StringView answer, double seconds) {
-  query = WithoutWhiteSpace(query);
+  query = Stripped(query);
   const bool block = LooksLikeBlock(answer);
   const auto read = block ? Values() : ReadNumberList(answer);
   const auto* values = std::get_if<Values>(&read);
@@ -48,7 +38,7 @@ AnsweredQueries::Answers& AnsweredQueries::Remember(StringView query) {
 }
 
 const AnsweredQueries::Answers* AnsweredQueries::Find(StringView query) const {
-  const auto found = m_byQuery.find(WithoutWhiteSpace(query));
+  const auto found = m_byQuery.find(Stripped(query));
   return found == m_byQuery.end() ? nullptr : &*found->second;
 }
 

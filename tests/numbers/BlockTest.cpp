@@ -83,6 +83,7 @@ TEST(Block, ADigitBehindTheHashTellsABlockFromANumber) {
   for (const StringView text : {u"", u"#", u"#H1", u"1", u"15#0", u" #", u"\u0123#1"}) {
     EXPECT_FALSE(LooksLikeBlock(text)) << ToUtf8(text);
   }
+  EXPECT_FALSE(LooksLikeBlock(StringView(u"#1").substr(0, 1)));
 }
 
 } // namespace

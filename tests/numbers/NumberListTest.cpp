@@ -74,11 +74,12 @@ TEST(NumberList, TheQuoteOfAFaultIsShort) {
 }
 
 TEST(NumberList, NamesStringsAndHalvesOfNumbersAreNone) {
-  for (const StringView text :
-       {u"ON",       u"OFF",    u"\"1\"",  u"1 2",    u"1V",     u"1.5 V", u"--1",   u"+-1",  u"-+1",
-        u"-",        u"+",      u".",      u"E5",     u"1E",     u"1E+",   u"1.2.3", u"0x10", u"inf",
-        u"nan",      u"#",      u"#H",     u"#HG",    u"#Q8",    u"#B2",   u"#X1",   u"#H-1", u"#H10000000000000000",
-        u"#15hello", u"1E400V", u"\u0661", u"\uFF11", u"1\u00B5"}) {
+  for (const StringView text : {u"ON",       u"OFF",    u"\"1\"",  u"1 2",    u"1V",     u"1.5 V",
+                                u"--1",      u"+-1",    u"-+1",    u"-",      u"+",      u".",
+                                u"E5",       u"1E",     u"1E+",    u"1.2.3",  u"0x10",   u"inf",
+                                u"nan",      u"#",      u"#H",     u"#HG",    u"#HFFG",  u"#Q18",
+                                u"#B12",     u"#Q8",    u"#B2",    u"#X1",    u"#H-1",   u"#H10000000000000000",
+                                u"#15hello", u"1E400V", u"\u0661", u"\uFF11", u"1\u00B5"}) {
     EXPECT_EQ(FaultOf(text).Place, 0U) << ToUtf8(text);
   }
 }

@@ -1,25 +1,28 @@
 #include "scpi/Block.h"
 
-#include "scpi/Syntax.h"
+#include "scpi/BlockHeader.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
+#include <cstdint>
 
 namespace portico::scpi {
 
 std::optional<Block> TakeBlock(std::string_view& text) {
-  if (text.size() < 2 || text[0] != '#' || !IsDigit(text[1])) return std::nullopt;
-  const auto digits = static_cast<std::size_t>(text[1] - '0');
-  const std::string_view number = text.substr(2, digits);
-  std::size_t length = text.size() - 2; // of a block without a length
-  if (digits > 0) {
-    const auto result = std::from_chars(number.data(), number.data() + number.size(), length);
-    if (number.size() < digits || result.ptr != number.data() + digits) return std::nullopt;
+  if (!text.starts_with('#')) return std::nullopt;
+  BlockHeader header;
+  std::size_t at = 0;
+  auto state = BlockHeader::State::Open;
+  while (state == BlockHeader::State::Open) {
+    if (++at == text.size()) return std::nullopt;
+    state = header.Step(text[at]);
   }
-  const std::string_view bytes = text.substr(2 + digits, length);
-  text.remove_prefix(2 + digits + bytes.size());
-  return Block{bytes, bytes.size() == length};
+  if (state == BlockHeader::State::None) return std::nullopt;
+  const std::string_view rest = text.substr(at + 1);
+  const std::uint64_t length = state == BlockHeader::State::Definite ? header.Length() : rest.size();
+  const auto taken = static_cast<std::size_t>(std::min<std::uint64_t>(length, rest.size()));
+  text.remove_prefix(at + 1 + taken);
+  return Block{rest.substr(0, taken), taken == length};
 }
 
 } // namespace portico::scpi

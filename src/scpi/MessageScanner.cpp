@@ -53,26 +53,25 @@ bool MessageScanner::ScanByte(char byte) {
     m_state = State::Quoted;
     return false;
   }
-  if (state == State::BlockStart && byte == '0') {
+  return state == State::BlockHeader ? ScanBlockHeader(byte) : ScanPlain(byte);
+}
+
+/// The same of a byte behind the `#`.
+bool MessageScanner::ScanBlockHeader(char byte) {
+  switch (m_header.Step(byte)) {
+  case BlockHeader::State::None:
+    return ScanPlain(byte);
+  case BlockHeader::State::Open:
+    m_state = State::BlockHeader;
+    break;
+  case BlockHeader::State::Definite:
+    m_blockBytes = static_cast<std::size_t>(m_header.Length());
+    if (m_blockBytes > 0) m_state = State::Block;
+    break;
+  case BlockHeader::State::Indefinite:
     m_state = State::IndefiniteBlock;
-    return false;
   }
-  if (state == State::BlockStart && IsDigit(byte)) {
-    m_state = State::BlockLength;
-    m_lengthDigits = byte - '0';
-    m_blockBytes = 0;
-    return false;
-  }
-  if (state == State::BlockLength && IsDigit(byte)) {
-    m_blockBytes = m_blockBytes * 10 + static_cast<std::size_t>(byte - '0');
-    if (--m_lengthDigits > 0) {
-      m_state = State::BlockLength;
-    } else if (m_blockBytes > 0) {
-      m_state = State::Block;
-    }
-    return false;
-  }
-  return ScanPlain(byte);
+  return false;
 }
 
 bool MessageScanner::ScanPlain(char byte) {
@@ -80,7 +79,8 @@ bool MessageScanner::ScanPlain(char byte) {
     m_state = State::Quoted;
     m_quote = byte;
   } else if (m_elementStart && byte == '#') {
-    m_state = State::BlockStart;
+    m_state = State::BlockHeader;
+    m_header = {};
   }
   if (byte == ';' || byte == '\n') {
     m_headerSeen = m_elementStart = false;

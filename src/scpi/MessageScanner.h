@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scpi/BlockHeader.h"
+
 #include <cstddef>
 #include <string_view>
 
@@ -26,9 +28,10 @@ public:
   bool InsideData() const { return m_state != State::Plain && m_state != State::QuoteClosed; }
 
 private:
-  enum class State { Plain, Quoted, QuoteClosed, BlockStart, BlockLength, Block, IndefiniteBlock };
+  enum class State { Plain, Quoted, QuoteClosed, BlockHeader, Block, IndefiniteBlock };
 
   bool ScanByte(char byte);
+  bool ScanBlockHeader(char byte);
   bool ScanPlain(char byte);
 
   std::string_view m_wanted;
@@ -36,7 +39,7 @@ private:
   bool m_headerSeen = false;
   bool m_elementStart = false;
   char m_quote = 0;
-  int m_lengthDigits = 0;
+  BlockHeader m_header;
   std::size_t m_blockBytes = 0;
 };
 

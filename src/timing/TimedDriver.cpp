@@ -4,7 +4,7 @@
 
 namespace portico::timing {
 
-TimedDriver::TimedDriver(std::shared_ptr<IInstrumentDriver> driver, Clock now)
+TimedDriver::TimedDriver(std::shared_ptr<IExtendedDriver> driver, Clock now)
     : m_driver(std::move(driver)), m_now(std::move(now)) {}
 
 std::int32_t TimedDriver::TVSCPI_WriteInstrData(std::int32_t session, const std::string& text) {
@@ -37,6 +37,11 @@ std::int32_t TimedDriver::TVSCPI_init(const std::string& name, std::int32_t idQu
 std::int32_t TimedDriver::TVSCPI_close(std::int32_t session) {
   m_session = 0;
   return m_driver->TVSCPI_close(session);
+}
+
+std::int32_t TimedDriver::Clear(std::int32_t session) {
+  m_session = 0; // what was asked is not answered any more
+  return m_driver->Clear(session);
 }
 
 std::int32_t TimedDriver::TVSCPI_GetAttributeViInt32(std::int32_t session, std::int32_t zero, std::int32_t attribute,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/IInstrumentDriver.h"
+#include "platform/IExtendedDriver.h"
 #include "timing/QueryTimes.h"
 
 #include <chrono>
@@ -11,11 +11,11 @@ namespace portico::timing {
 
 /// A driver that hands every call on, and takes the time of each exchange: from a write's beginning to the end of the
 /// first read behind it. One that fails, in its write or its read, is none.
-class TimedDriver final : public IInstrumentDriver {
+class TimedDriver final : public IExtendedDriver {
 public:
   using Clock = std::function<std::chrono::steady_clock::time_point()>;
 
-  explicit TimedDriver(std::shared_ptr<IInstrumentDriver> driver, Clock now = std::chrono::steady_clock::now);
+  explicit TimedDriver(std::shared_ptr<IExtendedDriver> driver, Clock now = std::chrono::steady_clock::now);
 
   const QueryTimes& Times() const { return m_times; }
   void ForgetTimes() { m_times.Clear(); }
@@ -35,11 +35,14 @@ public:
   std::int32_t TVSCPI_SetAttributeViString(std::int32_t session, std::int32_t zero, std::int32_t attribute,
                                            const std::string& text) override;
   std::int32_t TVSCPI_error_message(std::int32_t session, std::int32_t status, char* buffer) override;
+  std::int32_t SetTimeout(std::chrono::milliseconds timeout) override { return m_driver->SetTimeout(timeout); }
+  std::int32_t Clear(std::int32_t session) override;
+  std::int32_t GoToLocal(std::int32_t session) override { return m_driver->GoToLocal(session); }
 
 private:
   void Await(std::int32_t session, std::string_view text, std::chrono::steady_clock::time_point start);
 
-  std::shared_ptr<IInstrumentDriver> m_driver;
+  std::shared_ptr<IExtendedDriver> m_driver;
   Clock m_now;
   QueryTimes m_times;
 

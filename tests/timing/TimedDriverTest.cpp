@@ -89,13 +89,16 @@ TEST_F(TimedDriverTest, WhatFailsIsNone) {
   EXPECT_EQ(Times(), Lines());
 }
 
-TEST_F(TimedDriverTest, AnotherSessionsReadIsNone) {
+TEST_F(TimedDriverTest, AReadOfAnotherSessionOrBehindACloseOrAClearIsNone) {
   Write("A?", 7);
   Read(8);
   Write("B?", 7);
   m_timed.TVSCPI_close(7);
   Read(7);
-  Write("C?", 0);
+  Write("C?");
+  m_timed.Clear(7);
+  Read();
+  Write("D?", 0);
   Read(0);
   EXPECT_EQ(Times(), Lines());
 }
@@ -120,7 +123,7 @@ TEST_F(TimedDriverTest, TimesCanBeForgotten) {
 TEST_F(TimedDriverTest, EveryCallReachesTheDriverAsItStandsAndItsAnswerTheCaller) {
   std::vector<std::string> calls;
   m_double->OnDetail = [&](const std::string& call) { calls.push_back(call); };
-  const auto callAll = [&](IInstrumentDriver& driver) {
+  const auto callAll = [&](IExtendedDriver& driver) {
     calls.clear();
     m_journal.clear();
     std::int32_t session = 3;
@@ -141,15 +144,23 @@ TEST_F(TimedDriverTest, EveryCallReachesTheDriverAsItStandsAndItsAnswerTheCaller
     std::array<char, 256> message{};
     told.push_back(std::to_string(driver.TVSCPI_error_message(session, -77, message.data())));
     told.emplace_back(message.data());
+    told.push_back(std::to_string(driver.SetTimeout(std::chrono::milliseconds(1234))));
+    told.push_back(std::to_string(driver.Clear(session)));
+    told.push_back(std::to_string(driver.GoToLocal(session)));
     told.push_back(std::to_string(driver.TVSCPI_close(session)));
     told.insert(told.end(), calls.begin(), calls.end());
     told.insert(told.end(), m_journal.begin(), m_journal.end());
     return told;
   };
   m_double->Number = 42;
-  m_double->Statuses = {{"GetAttributeViInt32", -3}, {"SetAttributeViString", 5}, {"close", -6}};
+  m_double->Statuses = {{"GetAttributeViInt32", -3},
+                        {"SetAttributeViString", 5},
+                        {"close", -6},
+                        {"SetTimeout", -2},
+                        {"Clear", -8},
+                        {"GoToLocal", 9}};
   const auto direct = callAll(*m_double);
-  EXPECT_EQ(calls.size(), 9U);
+  EXPECT_EQ(calls.size(), 12U);
   EXPECT_EQ(callAll(m_timed), direct);
 }
 

@@ -17,6 +17,7 @@ enum class ControlKind : std::uint8_t {
   Label,
   TextBox,
   ComboBox,
+  ListView,
   CheckBox,
   CommandButton,
   TabStrip,

@@ -3,6 +3,7 @@
 #include "memory/forms/Bars.h"
 #include "memory/forms/DialogControls.h"
 #include "memory/forms/FormScreen.h"
+#include "memory/forms/ListView.h"
 #include "memory/forms/MakeControl.h"
 #include "memory/forms/RichTextControl.h"
 #include "platform/shared/Owned.h"
@@ -157,6 +158,9 @@ bool Form::PressKey(std::int32_t code, std::int32_t shift) {
   if (auto* box = dynamic_cast<RichTextControl*>(m_focus.Active()); code == ReturnKey && box != nullptr) {
     box->Type(NewLine);
     return true;
+  }
+  if (auto* list = dynamic_cast<ListView*>(m_focus.Active()); code == ReturnKey && list != nullptr) {
+    if (list->PressReturn()) return true;
   }
   auto* button = code == ReturnKey ? dynamic_cast<CommandButton*>(m_focus.Active()) : nullptr;
   if (button == nullptr) button = Button(code == ReturnKey ? &ControlDesign::IsDefault : &ControlDesign::IsCancel);

@@ -2,6 +2,7 @@
 
 #include "memory/forms/Areas.h"
 #include "memory/forms/DialogControls.h"
+#include "memory/forms/ListView.h"
 #include "memory/forms/RichTextControl.h"
 
 #include <stdexcept>
@@ -14,6 +15,8 @@ std::unique_ptr<Control> MakeControl(ControlOwner& form, const ControlDesign& de
     return std::make_unique<TextBox>(form, design, container);
   case ControlKind::ComboBox:
     return std::make_unique<ComboBox>(form, design, container);
+  case ControlKind::ListView:
+    return std::make_unique<ListView>(form, design, container);
   case ControlKind::CheckBox:
     return std::make_unique<CheckBox>(form, design, container);
   case ControlKind::CommandButton:

@@ -3,6 +3,7 @@
 #include "qt/controls/CheckBox.h"
 #include "qt/controls/ComboBox.h"
 #include "qt/controls/CommandButton.h"
+#include "qt/controls/ListView.h"
 #include "qt/controls/PictureBox.h"
 #include "qt/controls/PlainControls.h"
 #include "qt/controls/TabStrip.h"
@@ -73,6 +74,9 @@ private:
       break;
     case ControlKind::ComboBox:
       MakeStop<ComboBox>(design, new QComboBox(&parent));
+      break;
+    case ControlKind::ListView:
+      MakeStop<ListView>(design, new ListWidget(&parent));
       break;
     case ControlKind::CheckBox:
       MakeStop<CheckBox>(design, new QCheckBox(&parent));

@@ -75,6 +75,7 @@ void Holders::Place(const ControlDesign& design, QWidget& widget) {
     break;
   case ControlKind::TextBox:
   case ControlKind::ComboBox:
+  case ControlKind::ListView:
     NameAfter(last, widget);
     break;
   case ControlKind::Frame:

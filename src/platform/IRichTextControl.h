@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/IControl.h"
+#include "platform/ILineMarks.h"
 #include "platform/IPlaced.h"
 #include "platform/IReadingAids.h"
 #include "platform/IRichTextBox.h"
@@ -24,7 +25,8 @@ class IRichTextControl : public virtual IRichTextBox,
                          public virtual IPrintable,
                          public virtual IControl,
                          public virtual IPlaced,
-                         public virtual IReadingAids {
+                         public virtual IReadingAids,
+                         public virtual ILineMarks {
 public:
   /// True to begin with. While it is false the Tab key passes over the box.
   virtual bool TabStop() const = 0;

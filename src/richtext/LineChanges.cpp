@@ -89,4 +89,12 @@ std::size_t LineChanges::InCopy(std::size_t line) const {
   return behind == m_stretches.begin() ? line : OldEndOf(behind[-1]) + (line - EndOf(behind[-1]));
 }
 
+std::optional<std::size_t> LineChanges::InText(std::size_t copied) const {
+  const auto behind = std::find_if(m_stretches.begin(), m_stretches.end(),
+                                   [&](const Stretch& stretch) { return stretch.OldFirst > copied; });
+  if (behind == m_stretches.begin()) return copied;
+  if (copied < OldEndOf(behind[-1])) return {};
+  return EndOf(behind[-1]) + (copied - OldEndOf(behind[-1]));
+}
+
 } // namespace portico::richtext

@@ -37,6 +37,8 @@ public:
   std::optional<Part> Take(std::size_t first, std::size_t end, std::size_t lineCount);
   /// Where a line that does not wait stands in the copy.
   std::size_t InCopy(std::size_t line) const;
+  /// The line that a line of the copy is, if it is up to date.
+  std::optional<std::size_t> InText(std::size_t copied) const;
   /// In order; there are lines of the copy's own between most.
   const std::vector<Stretch>& All() const { return m_stretches; }
   bool IsEmpty() const { return m_stretches.empty(); }

@@ -163,6 +163,7 @@ void RichTextModel::Delete() {
   const Place to = To();
   if (IsEmpty(from, to)) return;
   m_lines.Delete(from, to);
+  MoveMarks(from, to, 1);
   OnLines(from.Line, to.Line + 1 - from.Line, 1);
   Select(m_start, 0);
   m_change();
@@ -177,6 +178,7 @@ bool RichTextModel::Put(FormattedText text) {
   CheckLength(m_lines.Length() - removed + length);
   const std::size_t lines = text.size();
   m_lines.Replace(from, to, std::move(text));
+  MoveMarks(from, to, lines);
   OnLines(from.Line, to.Line + 1 - from.Line, lines);
   Select(m_start + length, 0);
   return true;
@@ -185,6 +187,8 @@ bool RichTextModel::Put(FormattedText text) {
 bool RichTextModel::TakeLines(std::size_t first, std::size_t count, FormattedText lines) {
   bool isChange = count != lines.size();
   for (std::size_t i = 0; i < count && !isChange; ++i) isChange = m_lines[first + i].Text != lines[i].Text;
+  const std::size_t kept = std::min(count, lines.size());
+  if (m_marks.Replace(first + kept, count - kept, lines.size() - kept)) OnMarks();
   m_lines.ReplaceLines(first, count, std::move(lines));
   return isChange;
 }
@@ -195,9 +199,37 @@ void RichTextModel::Load(FormattedText text) {
   const bool isChange = m_lines.Length() > 0 || length > 0;
   const std::size_t before = m_lines.Count();
   m_lines.Load(std::move(text));
+  ClearMarks();
   OnLines(0, before, m_lines.Count());
   Select(0, 0);
   if (isChange) m_change();
+}
+
+void RichTextModel::MarkLine(std::int32_t position) {
+  if (m_marks.Add(m_lines.PlaceOf(std::max(position, 0)).Line)) OnMarks();
+}
+
+void RichTextModel::ClearMarks() {
+  if (m_marks.Clear()) OnMarks();
+}
+
+std::vector<std::int32_t> RichTextModel::MarkedLines() const {
+  std::vector<std::int32_t> lines;
+  lines.reserve(m_marks.All().size());
+  for (const std::size_t line : m_marks.All()) lines.push_back(static_cast<std::int32_t>(line));
+  return lines;
+}
+
+void RichTextModel::GoToLine(std::int32_t line) {
+  const auto number = std::min(static_cast<std::size_t>(std::max(line, 0)), m_lines.Count() - 1);
+  Select(m_lines.PositionOf({number, 0}), static_cast<std::int64_t>(m_lines[number].Text.size()));
+}
+
+void RichTextModel::MoveMarks(Place from, Place to, std::size_t lines) {
+  const std::size_t first = from.Offset == 0 ? from.Line : from.Line + 1; // what stays of a line keeps its mark
+  const bool isMoved = m_marks.Replace(first, to.Line - from.Line, lines - 1);
+  const bool isEmptied = m_lines.Length() == 0 && m_marks.Clear();
+  if (isMoved || isEmptied) OnMarks();
 }
 
 } // namespace portico::richtext

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "platform/ILineMarks.h"
 #include "platform/IRichTextBox.h"
+#include "richtext/MarkedLines.h"
 #include "richtext/RichTextLines.h"
 
 #include <optional>
@@ -10,7 +12,7 @@ namespace portico::richtext {
 
 /// All of a rich text box but its window: text, selection and looks. What an edit or a search costs does not grow with
 /// the text that it does not touch. A box that shows its text is told what has to be shown anew.
-class RichTextModel : public virtual IRichTextBox {
+class RichTextModel : public virtual IRichTextBox, public virtual ILineMarks {
 public:
   std::int32_t SelStart() const override;
   void SelStart(std::int32_t position) override;
@@ -36,6 +38,11 @@ public:
 
   Event<>& Change() override { return m_change; }
 
+  void MarkLine(std::int32_t position) override;
+  void ClearMarks() override;
+  std::vector<std::int32_t> MarkedLines() const override;
+  void GoToLine(std::int32_t line) override;
+
 protected:
   using Place = RichTextLines::Place;
 
@@ -46,9 +53,12 @@ protected:
   virtual void OnLines(std::size_t /*first*/, std::size_t /*before*/, std::size_t /*after*/) {}
   /// The selection has been set, or what would be typed looks different.
   virtual void OnSelection() {}
+  /// A line has been marked, or a mark has moved or gone.
+  virtual void OnMarks() {}
 
   const Formatting& Standard() const { return m_standard; }
   const RichTextLines& Lines() const { return m_lines; }
+  const richtext::MarkedLines& Marks() const { return m_marks; }
   Place From() const { return m_lines.PlaceOf(m_start); }
   Place To() const { return m_lines.PlaceOf(m_start + m_length); }
   /// What would be typed looks like this.
@@ -70,9 +80,12 @@ private:
     if (Put(std::move(text))) m_change();
   }
   void Load(FormattedText text);
+  /// What stood between two places has gone, and a text of so many lines has come.
+  void MoveMarks(Place from, Place to, std::size_t lines);
 
   Formatting m_standard;
   RichTextLines m_lines;
+  richtext::MarkedLines m_marks;
   std::int64_t m_start = 0;
   std::int64_t m_length = 0;                    // as it was set
   std::optional<CharacterFormat> m_caretFormat; // if it is not that of the text

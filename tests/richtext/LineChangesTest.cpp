@@ -92,6 +92,11 @@ TEST(LineChangesTest, OfAPartThatIsTakenTheRestWaits) {
   EXPECT_EQ(changes.InCopy(4), 4U);
   EXPECT_EQ(changes.InCopy(40), 6U);
   EXPECT_EQ(changes.InCopy(105), 27U);
+  EXPECT_EQ(changes.InText(4), 4U);
+  EXPECT_EQ(changes.InText(5), std::nullopt);
+  EXPECT_EQ(changes.InText(25), 59U);
+  EXPECT_EQ(changes.InText(26), std::nullopt);
+  EXPECT_EQ(changes.InText(27), 105U);
 }
 
 TEST(LineChangesTest, APartWithoutLinesTakesInANeighbour) {
@@ -145,10 +150,15 @@ protected:
   void ExpectInCopy() const {
     std::size_t line = 0;
     for (const LineChanges::Stretch& stretch : changes.All()) {
-      for (; line < stretch.First; ++line) ASSERT_EQ(copy.at(changes.InCopy(line)), text[line]);
+      for (; line < stretch.First; ++line) ExpectInCopy(line);
+      for (std::size_t i = 0; i < stretch.OldCount; ++i) ASSERT_EQ(changes.InText(stretch.OldFirst + i), std::nullopt);
       line = stretch.First + stretch.Count;
     }
-    for (; line < text.size(); ++line) ASSERT_EQ(copy.at(changes.InCopy(line)), text[line]);
+    for (; line < text.size(); ++line) ExpectInCopy(line);
+  }
+  void ExpectInCopy(std::size_t line) const {
+    ASSERT_EQ(copy.at(changes.InCopy(line)), text[line]);
+    ASSERT_EQ(changes.InText(changes.InCopy(line)), line);
   }
 
   static constexpr int StandIn = -1;

@@ -52,6 +52,11 @@ public:
   Event<const MouseEvent&>& MouseDown() override { return m_mouseDown; }
   Event<const MouseEvent&>& MouseUp() override { return m_mouseUp; }
 
+  void MarkLine(std::int32_t position) override { m_box->MarkLine(position); }
+  void ClearMarks() override { m_box->ClearMarks(); }
+  std::vector<std::int32_t> MarkedLines() const override { return m_box->MarkedLines(); }
+  void GoToLine(std::int32_t line) override { m_box->GoToLine(line); }
+
   void OpenFind() override;
   void FindNext() override;
   void FindPrevious() override;

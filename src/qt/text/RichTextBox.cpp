@@ -14,7 +14,9 @@ RichTextBox::RichTextBox(const ControlDesign& design, QWidget& parent, StringVie
   RichTextBox::ShowToolTipText();
 }
 
-RichTextBox::~RichTextBox() = default;
+RichTextBox::~RichTextBox() {
+  if (m_margin) m_margin->LetGo();
+}
 
 void RichTextBox::SelPrint(const Ref<IDeviceContext>& hDC) {
   const Ref<IPrinterContext> context = Cast<IPrinterContext>(hDC);
@@ -62,6 +64,11 @@ void RichTextBox::ChangeZoom(ZoomChange change) {
 
 void RichTextBox::UnderlinesUnsendable(bool newValue) {
   if (m_widget) m_widget->UnderlinesUnsendable(newValue);
+}
+
+void RichTextBox::OnMarks() {
+  if (m_margin) return m_margin->Show();
+  if (m_widget) m_margin = new MarkMargin(*m_widget, *this); // which belongs to the view
 }
 
 // Handlers may let the box go.

@@ -2,6 +2,7 @@
 
 #include "platform/IRichTextControl.h"
 #include "platform/shared/ControlState.h"
+#include "qt/text/MarkMargin.h"
 #include "qt/text/RichTextEditor.h"
 #include "qt/values/Placed.h"
 
@@ -9,7 +10,11 @@ namespace portico::qt {
 
 /// The rich text box of a form. It is shown by a `TextView`, a child of `parent` that bears the design's name; that one
 /// belongs to its window, and may go before the box, which then has no place any more.
-class RichTextBox final : public RichTextEditor, public ControlState, public Placed, public virtual IRichTextControl {
+class RichTextBox final : public RichTextEditor,
+                          public ControlState,
+                          public Placed,
+                          private IMarkedText,
+                          public virtual IRichTextControl {
 public:
   /// The font is that of the standard formatting. Its size is in points.
   RichTextBox(const ControlDesign& design, QWidget& parent, StringView fontName, double fontSize);
@@ -45,12 +50,18 @@ private:
   void ShowEnabled() override;
   void ShowVisible() override;
 
+  const richtext::MarkedLines& Marks() const override { return RichTextEditor::Marks(); }
+  std::size_t LineCount() const override { return Lines().Count(); }
+  std::optional<std::size_t> LineOf(int block) const override { return ShownLine(block); }
+  void OnMarks() override;
+
   void OnUserChange() override;
   void OnFocus(bool hasFocus) override;
   void OnMouseDown(const MouseEvent& event) override;
   void OnMouseUp(const MouseEvent& event) override;
 
   QPointer<TextView> m_widget;
+  QPointer<MarkMargin> m_margin; // made with the first mark
   bool m_tabStop = true;
   Event<> m_gotFocus;
   Event<> m_lostFocus;

@@ -53,6 +53,23 @@ void RichTextEditor::SetFocus() {
   if (m_view) m_view->setFocus(Qt::OtherFocusReason);
 }
 
+/// The caret goes to the line's start, so that of a long line the start is in sight.
+void RichTextEditor::GoToLine(std::int32_t line) {
+  RichTextModel::GoToLine(line);
+  if (!m_view) return;
+  Show();
+  QTextCursor cursor = m_view->textCursor();
+  const int start = cursor.selectionStart();
+  cursor.setPosition(cursor.selectionEnd());
+  cursor.setPosition(start, QTextCursor::KeepAnchor);
+  m_view->setTextCursor(cursor);
+  m_view->ensureCursorVisible();
+}
+
+std::optional<std::size_t> RichTextEditor::ShownLine(int block) const {
+  return m_changes.InText(static_cast<std::size_t>(block));
+}
+
 // What the program changes.
 
 void RichTextEditor::OnLines(std::size_t first, std::size_t before, std::size_t after) {

@@ -21,6 +21,7 @@ public:
   /// Brings the view up to date.
   void Show() override;
   void SetFocus() override;
+  void GoToLine(std::int32_t line) override;
 
 protected:
   /// The view must be a new one; it is given the font of the standard formatting.
@@ -36,6 +37,8 @@ protected:
 
   void OnLines(std::size_t first, std::size_t before, std::size_t after) override;
   void OnSelection() override;
+  /// The line that a block of the document shows; none for one that stands for lines to come.
+  std::optional<std::size_t> ShownLine(int block) const;
 
 private:
   // Of the document, as counted by the toolkit.

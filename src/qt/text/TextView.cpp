@@ -103,6 +103,17 @@ void TextView::BringUpToDate() const {
   if (m_owner != nullptr) m_owner->Show();
 }
 
+void TextView::VisitSeen(const std::function<void(int block, double top, double height)>& see) const {
+  QTextBlock block = firstVisibleBlock();
+  double top = block.isValid() ? blockBoundingGeometry(block).translated(contentOffset()).top() : 0;
+  for (int number = block.blockNumber(); block.isValid() && top < viewport()->height(); ++number) {
+    const double height = blockBoundingRect(block).height();
+    see(number, top, height);
+    top += height;
+    block = block.next();
+  }
+}
+
 template <class Call>
 bool TextView::Around(Call&& call) {
   BringUpToDate();

@@ -9,6 +9,7 @@
 #include <QPoint>
 #include <QTextCursor>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -64,6 +65,10 @@ public:
   void FindAgain(bool backwards);
   /// Shows what the owner has not yet shown.
   void BringUpToDate() const;
+  /// Room for others beside the text, in pixels.
+  void SideMargins(int left, int right) { setViewportMargins(left, 0, right, 0); }
+  /// `see` of each line in sight: its block's number, and where it stands in the viewport.
+  void VisitSeen(const std::function<void(int block, double top, double height)>& see) const;
 
   QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 

@@ -43,6 +43,10 @@ public:
   bool TabStop() const override { return true; }
   void TabStop(bool /*newValue*/) override {}
   void Locked(bool newValue) override { Edit().setReadOnly(newValue); }
+  void MarkLine(std::int32_t /*position*/) override {}
+  void ClearMarks() override {}
+  std::vector<std::int32_t> MarkedLines() const override { return {}; }
+  void GoToLine(std::int32_t /*line*/) override {}
   void OpenFind() override {}
   void FindNext() override {}
   void FindPrevious() override {}

@@ -31,7 +31,7 @@ private:
 const auto* const theToolkit = testing::AddGlobalTestEnvironment(new Toolkit); // which gtest deletes
 
 /// Compares view and box behind each change.
-class ShownBox final : public IRichTextBox {
+class ShownBox final : public virtual IRichTextBox, public virtual ILineMarks {
 public:
   StringView ClassName() const override { return Box().ClassName(); }
   std::int32_t SelStart() const override { return Box().SelStart(); }
@@ -75,6 +75,16 @@ public:
   std::int32_t GetLineFromChar(std::int32_t position) const override { return Box().GetLineFromChar(position); }
   void SetFocus() override { Box().SetFocus(); }
   Event<>& Change() override { return Box().Change(); }
+  void MarkLine(std::int32_t position) override {
+    Do([&] { Box().MarkLine(position); });
+  }
+  void ClearMarks() override {
+    Do([&] { Box().ClearMarks(); });
+  }
+  std::vector<std::int32_t> MarkedLines() const override { return Box().MarkedLines(); }
+  void GoToLine(std::int32_t line) override {
+    Do([&] { Box().GoToLine(line); });
+  }
 
 private:
   qt::RichTextBox& Box() const { return m_window->box; }

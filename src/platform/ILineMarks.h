@@ -1,0 +1,24 @@
+#pragma once
+
+#include "framework/errors/Ref.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace portico {
+
+/// Marks at the margin of a text's lines, which count from 0. They are no part of the text, its looks, its copies or
+/// its prints. A mark moves with its line and goes with it; a text that is replaced has none.
+class ILineMarks : public virtual IObject {
+public:
+  /// Marks the line that a position is in, as `GetLineFromChar` tells it. A line has one mark at most.
+  virtual void MarkLine(std::int32_t position) = 0;
+  virtual void ClearMarks() = 0;
+  /// In order.
+  virtual std::vector<std::int32_t> MarkedLines() const = 0;
+  /// Selects a line without its line end and brings it into sight; the last one for a line behind the text, the first
+  /// for a negative one. The focus stays where it is.
+  virtual void GoToLine(std::int32_t line) = 0;
+};
+
+} // namespace portico

@@ -62,14 +62,14 @@ _portico() {
         portico-run*) options+=' --protocol --option --read-after-query --log --overwrite --timeout --stop-on-error --repeat --every --quiet --timing --list --list-time --bench --bench-csv' ;;
         portico-sim*) options+=' --device --port --vxi11 --portmap --hislip --serial --announce --bind --seed --fault' ;;
         'portico-log export '*) options='-h --help --format' ;;
-        'portico-log show '* | 'portico-log stats '*) options='-h --help' ;;
+        'portico-log show '* | 'portico-log stats '* | 'portico-log errors '*) options='-h --help' ;;
       esac
       if [[ $word == -* ]]; then
         _portico_offer "$options"
       elif [[ $program == portico-run && $positional == 0 ]]; then
         _portico_offer SIM::{dmm,psu,scope}::INSTR
       elif [[ $program == portico-log && $positional == 0 ]]; then
-        _portico_offer show export stats
+        _portico_offer show export stats errors
       elif [[ $program != portico-sim && $positional -ge 0 ]]; then
         compopt -o default
       fi

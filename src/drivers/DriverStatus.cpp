@@ -90,6 +90,15 @@ std::string StatusMessage(std::int32_t status, std::string_view detail) {
   return message;
 }
 
+bool IsStatusMessage(std::string_view text) {
+  return std::any_of(Statuses.begin(), Statuses.end(), [text](const StatusEntry& entry) {
+    if (entry.Status == DriverStatus::Success || !text.starts_with(entry.Text)) return false;
+    const std::string_view rest = text.substr(entry.Text.size());
+    const bool isWhole = text.ends_with('.') || text.size() >= MaxErrorMessage; // a longer one is cut
+    return rest == "." || (rest.starts_with(": ") && isWhole);
+  });
+}
+
 std::string ReasonFor(const DriverResult& failure) {
   const StatusEntry* entry = Find(Number(failure.Status));
   std::string reason = failure.Detail;

@@ -62,6 +62,9 @@ std::string_view StatusName(std::int32_t status);
 /// One sentence, in 8-bit characters and without control characters, cut at MaxErrorMessage bytes.
 std::string StatusMessage(std::int32_t status, std::string_view detail = {});
 
+/// Whether a text is what `StatusMessage` says of a failure.
+bool IsStatusMessage(std::string_view text);
+
 /// Writes the message, a line feed and a zero byte to the start of `buffer` (of ErrorMessageBufferSize bytes).
 void WriteErrorMessage(std::string_view message, char* buffer);
 

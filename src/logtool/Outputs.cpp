@@ -2,6 +2,7 @@
 
 #include "logtool/CommandOutput.h"
 #include "logtool/CsvOutput.h"
+#include "logtool/ErrorsOutput.h"
 #include "logtool/JsonOutput.h"
 #include "logtool/ShowOutput.h"
 #include "logtool/StatisticsOutput.h"
@@ -18,6 +19,8 @@ std::unique_ptr<ILogOutput> MakeOutput(const ToolOptions& options, std::ostream&
     return std::make_unique<CommandOutput>(out);
   case Output::Statistics:
     return std::make_unique<StatisticsOutput>(out);
+  case Output::Errors:
+    return std::make_unique<ErrorsOutput>(out);
   case Output::Show:
     break;
   }

@@ -1,7 +1,6 @@
 #include "logtool/StatisticsOutput.h"
 
 #include "document/log/LogStamps.h"
-#include "framework/shared/ErrorAnswer.h"
 #include "framework/text/Printable.h"
 
 #include <array>
@@ -51,23 +50,19 @@ void StatisticsOutput::OpenSession(const Session& session) {
   ++m_file.Sessions;
   if (!session.CloseStamp) ++m_file.NotClosed;
   m_inSession = true;
-  m_asksForError = false;
+  m_errors.Begin();
   m_first = session.OpenStamp;
   m_last = session.CloseStamp.value_or("");
 }
 
 std::string StatisticsOutput::Add(const LogEntry& entry) {
-  const bool answersErrorQuery = m_asksForError && entry.Kind == "Response";
-  m_asksForError = false;
+  if (m_errors.Add(FromUtf8(entry.Kind).Text, entry.Text) == LogErrors::Finding::ErrorAnswer) ++m_file.Errors;
   if (entry.Kind == "Instruction") {
     ++m_file.Instructions;
   } else if (entry.Kind == "AutomaticInstruction") {
     ++m_file.Automatic;
-    // The one other thing that is sent by itself is the pacing query.
-    m_asksForError = !EqualNoCase(Trim(WithoutLineEnd(entry.Text)), u"*OPC?");
   } else if (entry.Kind == "Response") {
     ++m_file.Responses;
-    if (answersErrorQuery && ReportsError(entry.Text)) ++m_file.Errors;
   } else {
     ++m_file.Others;
   }

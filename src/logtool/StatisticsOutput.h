@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/log/LogErrors.h"
 #include "logtool/ILogOutput.h"
 
 #include <cstdint>
@@ -42,7 +43,7 @@ private:
   Counts m_file;
   Counts m_all;
   bool m_inSession = false;
-  bool m_asksForError = false; // the entry before was an automatic error query
+  LogErrors m_errors;
   std::string m_first;
   std::string m_last;
 };

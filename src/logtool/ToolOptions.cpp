@@ -26,11 +26,13 @@ std::variant<ToolOptions, HelpText, UsageError> ParseToolOptions(int argc, const
       ->type_name("FORMAT")
       ->required();
   CLI::App* counting = command("stats", "Print counts, durations and error answers");
+  CLI::App* finding = command("errors", "Print the errors that the instrument reported, and those of the driver");
   if (const auto ending = commandline::Parse(app, argc, argv)) {
     return std::visit([](const auto& text) { return std::variant<ToolOptions, HelpText, UsageError>(text); }, *ending);
   }
 
   if (counting->parsed()) options.Wanted = Output::Statistics;
+  if (finding->parsed()) options.Wanted = Output::Errors;
   if (exporting->parsed()) {
     const std::map<std::string, Output> formats = {
         {"csv", Output::Csv}, {"json", Output::Json}, {"cmd", Output::Commands}};

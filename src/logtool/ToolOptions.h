@@ -11,7 +11,7 @@ namespace portico::logtool {
 using commandline::HelpText;
 using commandline::UsageError;
 
-enum class Output { Show, Csv, Json, Commands, Statistics };
+enum class Output { Show, Csv, Json, Commands, Statistics, Errors };
 
 /// What the command line of `portico-log` asks for, checked.
 struct ToolOptions {

@@ -99,6 +99,19 @@ TEST(DriverStatus, ALongMessageIsCut) {
   EXPECT_EQ(message.size(), MaxErrorMessage);
 }
 
+TEST(DriverStatus, AMessageOfAFailureIsKnownAsOne) {
+  for (const StatusRow& row : Rows) {
+    const bool isFailure = row.number != 0;
+    EXPECT_EQ(IsStatusMessage(row.message), isFailure) << row.message;
+    EXPECT_EQ(IsStatusMessage(StatusMessage(row.number, "bench")), isFailure) << row.message;
+    EXPECT_EQ(IsStatusMessage(StatusMessage(row.number, std::string(300, 'x'))), isFailure) << row.message;
+  }
+  for (const char* text : {"", ".", "The connection was lost", "The connection was lost!", "The connection was lost: x",
+                           "The connection was lost by me.", " The connection was lost.", "0,\"No error\""}) {
+    EXPECT_FALSE(IsStatusMessage(text)) << text;
+  }
+}
+
 TEST(DriverStatus, AMessageIsWrittenWithLineFeedAndZeroByteAndNothingBehind) {
   std::array<char, ErrorMessageBufferSize> buffer = {};
   buffer.fill('~');

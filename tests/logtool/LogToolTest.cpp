@@ -129,6 +129,32 @@ TEST(LogToolTest, CountsSessionsDurationsAndErrorAnswers) {
   ExpectGolden("portico-log-stats.txt", RunOn(Output::Statistics, Conversation).Out);
 }
 
+TEST(LogToolTest, ListsTheErrorsWithTheirInstructions) {
+  const std::string log =
+      Log(Session(Element("AutomaticInstruction", "01", ":SYST:ERR?") + Element("Response", "01", "-410,\"Left\"") +
+                  Element("Instruction", "02", "BAD\t1\r\n") + Element("AutomaticInstruction", "02", ":SYST:ERR?\r\n") +
+                  Element("Response", "02", "-113,\"Undefined\x7Fheader\"\r\nmore") +
+                  Element("Instruction", "03", "*TST?") +
+                  Element("Response", "03", "Timeout expired before the answer was complete: bench, port 5025.\r\n") +
+                  Element("AutomaticInstruction", "04", "*OPC?") + Element("Response", "04", "1") +
+                  Element("AutomaticInstruction", "05", ":SYST:ERR?") + Element("Response", "05", "0,\"No error\"")) +
+          Session(Element("Response", "06", "The connection was lost.")));
+  const auto result = RunOn(Output::Errors, log);
+  EXPECT_EQ(result.Out, "standard input:2: -410,\"Left\"\n"
+                        "standard input:5: BAD\t1 -> -113,\"Undefined?header\"\n"
+                        "standard input:7: *TST? -> Timeout expired before the answer was complete: bench, port 5025.\n"
+                        "standard input:12: The connection was lost.\n");
+  EXPECT_EQ(result.Err, "");
+  EXPECT_EQ(result.Status, 0);
+}
+
+TEST(LogToolTest, NamesTheFileOfEachErrorAndPrintsNothingWithoutOne) {
+  const std::string golden = GoldenPath("log-example.xml").string();
+  const auto result = RunOn(Output::Errors, Conversation, {golden, "-"});
+  EXPECT_EQ(result.Out, "standard input:6: MEAS:VOLT? -> -113,\"Undefined header\"\n");
+  EXPECT_EQ(RunOn(Output::Errors, "", {golden}).Out, "");
+}
+
 TEST(LogToolTest, AddsUpSeveralFiles) {
   const std::string golden = GoldenPath("log-example.xml").string();
   const auto result = RunOn(Output::Statistics, Conversation, {golden, "-"});

@@ -18,6 +18,7 @@ TEST(ToolOptionsTest, TakesACommandAndFiles) {
   EXPECT_EQ(options.Wanted, Output::Show);
   EXPECT_EQ(options.Files, (Files{"a.xml", "-"}));
   EXPECT_EQ(std::get<ToolOptions>(Parse({"stats", "a.xml"})).Wanted, Output::Statistics);
+  EXPECT_EQ(std::get<ToolOptions>(Parse({"errors", "a.xml"})).Wanted, Output::Errors);
 }
 
 TEST(ToolOptionsTest, TakesAFormatToExport) {

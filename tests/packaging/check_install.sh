@@ -71,7 +71,7 @@ while read -r program option; do
   page_of "$program" | grep -qE -- "$option([^a-z-]|\$)" || fault "the page of $program is silent about $option"
 done < <(
   for program in portico-run portico-sim portico-log; do options_of "$program" | sed "s/^/$program /"; done
-  for command in show export stats; do options_of portico-log "$command" | sed 's/^/portico-log /'; done
+  for command in show export stats errors; do options_of portico-log "$command" | sed 's/^/portico-log /'; done
 )
 ((seen >= 20)) || fault "only $seen options were found"
 

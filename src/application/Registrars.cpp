@@ -28,6 +28,7 @@
 #include "ui/commands/DataCommands.h"
 #include "ui/commands/DeviceCommands.h"
 #include "ui/commands/EditCommands.h"
+#include "ui/commands/ErrorCommands.h"
 #include "ui/commands/InstrumentCommands.h"
 #include "ui/commands/LogCommands.h"
 #include "ui/commands/MergeCommands.h"
@@ -183,9 +184,10 @@ Rows CSCPIInstHndlrRegistrar::Rows() const {
 }
 
 Rows ViewAndDataRegistrar::Rows() const {
-  static constexpr std::array rows = {&CtorFind,       &CtorFindNext,    &CtorFindPrevious, &CtorZoomIn,
-                                      &CtorZoomOut,    &CtorActualSize,  &CtorRunGuard,     &CtorStopAtErrors,
-                                      &CtorSetTimeout, &CtorClearDevice, &CtorGoToLocal};
+  static constexpr std::array rows = {&CtorFind,          &CtorFindNext,    &CtorFindPrevious, &CtorZoomIn,
+                                      &CtorZoomOut,       &CtorActualSize,  &CtorRunGuard,     &CtorStopAtErrors,
+                                      &CtorSetTimeout,    &CtorClearDevice, &CtorGoToLocal,    &CtorNextError,
+                                      &CtorPreviousError, &CtorListErrors};
   return rows;
 }
 

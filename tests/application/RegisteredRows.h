@@ -84,6 +84,9 @@ inline constexpr std::array RegisteredRows = {
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorSetTimeout", u"SetTimeout", 0},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorClearDevice", u"ClearDevice", 0},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorGoToLocal", u"GoToLocal", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorNextError", u"NextError", 2},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorPreviousError", u"PreviousError", 2},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorListErrors", u"ListErrors", 2},
 };
 
 } // namespace portico::test

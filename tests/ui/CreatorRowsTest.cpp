@@ -4,6 +4,7 @@
 #include "ui/commands/DataCommands.h"
 #include "ui/commands/DeviceCommands.h"
 #include "ui/commands/EditCommands.h"
+#include "ui/commands/ErrorCommands.h"
 #include "ui/commands/InstrumentCommands.h"
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/PrintCommands.h"
@@ -66,6 +67,12 @@ TEST_F(CreatorRowsTest, DeviceCommands) {
   Expect(CtorSetTimeout, u"CtorSetTimeout", u"SetTimeout", 0);
   Expect(CtorClearDevice, u"CtorClearDevice", u"ClearDevice", 0);
   Expect(CtorGoToLocal, u"CtorGoToLocal", u"GoToLocal", 0);
+}
+
+TEST_F(CreatorRowsTest, ErrorCommands) {
+  Expect(CtorNextError, u"CtorNextError", u"NextError", 2);
+  Expect(CtorPreviousError, u"CtorPreviousError", u"PreviousError", 2);
+  Expect(CtorListErrors, u"CtorListErrors", u"ListErrors", 2);
 }
 
 TEST_F(CreatorRowsTest, EachMakesItsProduct) {

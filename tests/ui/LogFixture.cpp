@@ -3,6 +3,7 @@
 #include "document/log/CXMLDataStore.h"
 #include "document/reports/ReportSubscribers.h"
 #include "ui/commands/EditCommands.h"
+#include "ui/commands/ErrorCommands.h"
 #include "ui/commands/LogCommands.h"
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/PrintCommands.h"
@@ -18,9 +19,10 @@ LogFixture::LogFixture() {
   gScratchArea = Main;
   gCommonDialog = Dialog;
   for (const CreatorRow* row :
-       {&CtorXMLDataStore, &CtorReportLogger, &CtorNewLogFile, &CtorToggleLogging, &CtorViewLogFile, &CtorSCPIView,
-        &CtorMerge, &CtorMergeFrom, &CtorCopy, &CtorPrint, &CtorPrintSetup, &CtorFind, &CtorFindNext, &CtorFindPrevious,
-        &CtorZoomIn, &CtorZoomOut, &CtorActualSize}) {
+       {&CtorXMLDataStore, &CtorReportLogger, &CtorNewLogFile, &CtorToggleLogging, &CtorViewLogFile,
+        &CtorSCPIView,     &CtorMerge,        &CtorMergeFrom,  &CtorCopy,          &CtorPrint,
+        &CtorPrintSetup,   &CtorFind,         &CtorFindNext,   &CtorFindPrevious,  &CtorZoomIn,
+        &CtorZoomOut,      &CtorActualSize,   &CtorNextError,  &CtorPreviousError, &CtorListErrors}) {
     gObjectFactory->Add(MakeCreator(*row));
   }
   Configuration->Items = {{u"LogFileName", u""}, {u"Logging", u"On"}};

@@ -55,6 +55,11 @@ Ref<IDataEntity> Report2DataEntity(const Ref<IReport>& Report) try {
   PassOn(u"modAppGlobals.Report2DataEntity(Report)", {Report});
 }
 
+bool IsShown(const IReport& Report) {
+  const String text = WhatShows(Report).Text;
+  return !text.empty() && text != NewLine;
+}
+
 String AddTerminalNewLineToString(const String& ToString) try {
   return EndsInNewLine(ToString) ? ToString : String(ToString).append(NewLine);
 } catch (...) {

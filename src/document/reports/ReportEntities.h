@@ -12,6 +12,9 @@ namespace portico::modAppGlobals {
 /// `gConfiguration` for that.
 Ref<IDataEntity> Report2DataEntity(const Ref<IReport>& Report);
 
+/// Whether the report shows any text in the conversation. Needs `gConfiguration`.
+bool IsShown(const IReport& Report);
+
 /// The text, with CR LF behind it unless it ends in CR LF.
 String AddTerminalNewLineToString(const String& ToString);
 

@@ -6,7 +6,9 @@
 
 namespace portico {
 
+class ErrorMarks;
 class ICommonDialog;
+class IForm;
 class IIteratableObject;
 class IIterator;
 class IPrintable;
@@ -53,6 +55,12 @@ inline constexpr ClassKey<ICommand> FindPrevious{u"FindPrevious"};
 inline constexpr ClassKey<ICommand> ZoomIn{u"ZoomIn"};
 inline constexpr ClassKey<ICommand> ZoomOut{u"ZoomOut"};
 inline constexpr ClassKey<ICommand> ActualSize{u"ActualSize"};
+
+// The errors of a window's conversation, and the window.
+inline constexpr ClassKey<ICommand, Ref<ErrorMarks>, Ref<IForm>> NextError{u"NextError"};
+inline constexpr ClassKey<ICommand, Ref<ErrorMarks>, Ref<IForm>> PreviousError{u"PreviousError"};
+/// Lists them in a dialog, and goes to the one that is chosen.
+inline constexpr ClassKey<ICommand, Ref<ErrorMarks>, Ref<IForm>> ListErrors{u"ListErrors"};
 
 /// Turns stopping at errors on or off.
 inline constexpr ClassKey<ICommand> StopAtErrors{u"StopAtErrors"};

@@ -17,6 +17,10 @@ inline constexpr std::array ViewMenu = {
     MenuDesign{.Name = u"mnuZoomIn", .Caption = u"10040", .Parent = u"mnuView", .Shortcut = u"Ctrl++"},
     MenuDesign{.Name = u"mnuZoomOut", .Caption = u"10050", .Parent = u"mnuView", .Shortcut = u"Ctrl+-"},
     MenuDesign{.Name = u"mnuActualSize", .Caption = u"10060", .Parent = u"mnuView", .Shortcut = u"Ctrl+0"},
+    MenuDesign{.Name = u"mnuViewBar1", .Caption = BarCaption, .Parent = u"mnuView"},
+    MenuDesign{.Name = u"mnuNextError", .Caption = u"10070", .Parent = u"mnuView", .Shortcut = u"F7"},
+    MenuDesign{.Name = u"mnuPreviousError", .Caption = u"10071", .Parent = u"mnuView", .Shortcut = u"Shift+F7"},
+    MenuDesign{.Name = u"mnuErrors", .Caption = u"10072", .Parent = u"mnuView"},
 };
 
 inline constexpr std::array ViewItems = {
@@ -26,6 +30,13 @@ inline constexpr std::array ViewItems = {
     CommandItem{u"mnuZoomIn", u"Can't change the size of the text.", Class::ZoomIn},
     CommandItem{u"mnuZoomOut", u"Can't change the size of the text.", Class::ZoomOut},
     CommandItem{u"mnuActualSize", u"Can't change the size of the text.", Class::ActualSize},
+};
+
+/// Their commands take the errors of the window's conversation, and the window. They are of use while there are errors.
+inline constexpr std::array ErrorItems = {
+    CommandItem{u"mnuNextError", u"Can't go to an error.", Class::NextError},
+    CommandItem{u"mnuPreviousError", u"Can't go to an error.", Class::PreviousError},
+    CommandItem{u"mnuErrors", u"Can't list the errors.", Class::ListErrors},
 };
 
 } // namespace portico

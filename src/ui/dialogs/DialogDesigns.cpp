@@ -103,6 +103,15 @@ constexpr std::array TimeoutControls = {
     CancellingButton(u"cmdCancel", u"Cancel", u"rowButtons"),
 };
 
+constexpr std::array ErrorsControls = {
+    Titled(Label, u"lblErrors", u"&Errors of the conversation:"),
+    Plain(ListView, u"lstErrors"),
+    Plain(Row, u"rowButtons"),
+    Plain(Space, u"spcButtons", u"rowButtons"),
+    DefaultButton(u"OKButton", u"&Go To", u"rowButtons"),
+    CancellingButton(u"CancelButton", u"Cancel", u"rowButtons"),
+};
+
 } // namespace
 
 constinit const FormDesign InstrumentDialogDesign = {.Name = u"frmInstrumentDialog",
@@ -121,5 +130,8 @@ constinit const FormDesign AboutDesign = {
 
 constinit const FormDesign TimeoutDialogDesign = {
     .Name = u"TimeoutDialog", .Caption = u"Time-out", .Style = FormStyle::Dialog, .Controls = TimeoutControls};
+
+constinit const FormDesign ErrorsDesign = {
+    .Name = u"ErrorsDialog", .Caption = u"Errors", .Style = FormStyle::Dialog, .Controls = ErrorsControls};
 
 } // namespace portico

@@ -10,5 +10,6 @@ extern const FormDesign InstrumentDialogDesign;
 extern const FormDesign OptionsDesign;
 extern const FormDesign AboutDesign;
 extern const FormDesign TimeoutDialogDesign;
+extern const FormDesign ErrorsDesign;
 
 } // namespace portico

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/IForm.h"
+#include "views/ErrorMarks.h"
 #include "views/RunGuard.h"
 
 namespace portico {
@@ -8,15 +9,21 @@ namespace portico {
 /// The menus View and Data of the main window. Needs the factory.
 class ViewAndData {
 public:
-  /// Connects the items of the main window's form, which must outlive this, and subscribes what hears of each report;
-  /// so it comes behind the displayer. The driver gets the time-out that the user has set.
-  explicit ViewAndData(IForm& form);
+  /// Connects the items of the main window's form, whose handlers must not be called once this is gone, and subscribes
+  /// what hears of each report; so it comes behind the displayer. The driver gets the time-out that the user has set.
+  explicit ViewAndData(const Ref<IForm>& form);
+  ViewAndData(const ViewAndData&) = delete;
+  ViewAndData& operator=(const ViewAndData&) = delete;
+  ~ViewAndData();
 
   /// Sets the states of the items, behind each update of the window.
   void Update() const;
 
 private:
+  Ref<IForm> m_form;
   Ref<RunGuard> m_guard;
+  Ref<ErrorMarks> m_errors;
+  Event<>::Connection m_errorsChanged;
   IMenuItem& mnuStopAtErrors;
   IMenuItem& mnuClearDevice;
   IMenuItem& mnuGoToLocal;

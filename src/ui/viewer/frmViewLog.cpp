@@ -89,6 +89,11 @@ void frmViewLog::Connect() {
   OnMenu(u"mnuFileClose", &frmViewLog::mnuFileClose_Click);
   OnMenu(u"mnuHelpAbout", &frmViewLog::mnuHelpAbout_Click);
   ConnectCommands(*m_form, ViewItems);
+  ConnectCommands(*m_form, ErrorItems, [weak = weak_from_this()] {
+    const auto self = weak.lock();
+    return self && self->m_errors ? modGlobals::VarArray(self->m_errors->Marks(), self->m_form) : Params();
+  });
+  EnableItems(*m_form, ErrorItems, false); // until there is one
   tbToolBar().ButtonClick().Connect([weak = weak_from_this()](IToolButton& button) {
     if (const auto self = weak.lock()) self->tbToolBar_ButtonClick(button);
   });
@@ -127,6 +132,7 @@ void frmViewLog::LoadLog() try {
   const auto iterator = Create(Class::SelectionIterator, u"IterateAll");
   m_view = Create(Class::SCPIView, SharedText());
   const auto queue = m_view->Instructions();
+  MarkErrors(queue);
   LogLoading loading(m_fileName);
   m_showing = std::make_unique<LogShowing>(SharedText(), queue, m_fileName, iterator);
   m_warning = loading.Warning();
@@ -135,6 +141,14 @@ void frmViewLog::LoadLog() try {
 } catch (...) {
   StopLoading();
   PassOn(u"frmViewLog.LoadLog");
+}
+
+void frmViewLog::MarkErrors(const Ref<CDataFIFO>& queue) {
+  m_errors = std::make_unique<ShownErrors>(SharedText(), queue);
+  m_errors->Marks()->Changed.Connect([weak = weak_from_this()] {
+    const auto self = weak.lock();
+    if (self && self->m_errors) EnableItems(*self->m_form, ErrorItems, !self->m_errors->Marks()->All().empty());
+  });
 }
 
 void frmViewLog::ShowMore() try { ShowPortion(); } catch (...) {
@@ -208,6 +222,7 @@ void frmViewLog::Form_Unload() {
     m_tmrLoad->Enabled(false);
     StopLoading();
     m_view = nullptr;
+    m_errors = nullptr;
   });
 }
 

@@ -5,6 +5,7 @@
 #include "platform/IRichTextControl.h"
 #include "platform/IToolBar.h"
 #include "ui/viewer/LogShowing.h"
+#include "ui/viewer/ShownErrors.h"
 #include "views/CSCPIView.h"
 
 #include <memory>
@@ -57,6 +58,7 @@ private:
   void GoOn();
   void StopLoading();
   void HideWhatIsNotOffered();
+  void MarkErrors(const Ref<CDataFIFO>& queue);
   void Form_Resize();
   void Form_Activate();
   void Form_KeyDown();
@@ -87,6 +89,7 @@ private:
   Ref<IForm> m_form;
   Ref<CSCPIView> m_view;
   std::unique_ptr<LogShowing> m_showing; // until all is shown
+  std::unique_ptr<ShownErrors> m_errors; // from the loading on
   std::unique_ptr<ITimer> m_tmrKey;
   std::unique_ptr<ITimer> m_tmrLoad;
 };

@@ -33,6 +33,7 @@ class Desktop:
 
     def __init__(self, scale=1):
         self._stack = contextlib.ExitStack()
+        self.scale = scale
         self.home = tempfile.mkdtemp(prefix="portico-desktop-")
         self._stack.callback(shutil.rmtree, self.home, ignore_errors=True)
         self.environment = dict(os.environ)

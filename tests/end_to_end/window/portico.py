@@ -220,7 +220,7 @@ class Portico:
 
     def click(self, node, button=1):
         self.wait(lambda: node.showing and node.enabled, f"{node.role} {node.name!r} to be ready")
-        x, y = node.middle()
+        x, y = (part * self.desktop.scale for part in node.middle())  # the screen's dots, of which the mouse knows
         self._awaited = None
         self.desktop.xdotool("mousemove", x, y, "click", button)
 
@@ -273,6 +273,15 @@ class Portico:
                 self.type(line)
             self.key("Return")
         self.wait(lambda: self.commands.endswith("\n".join(lines) + "\n"), "the lines to be typed")
+
+    def choose_file(self, title, path):
+        """Answers the dialog that asks for a file."""
+        dialog = self.window(title)
+        self.key("ctrl+a")
+        self.type(path)
+        self.key("Return")
+        self.wait_until_closed(title)
+        return dialog
 
     def wait_for_history(self, text):
         self.wait(lambda: text in self.history, f"{text!r} in the history")

@@ -9,14 +9,6 @@ from case import WindowCase
 
 
 class Logs(WindowCase):
-    def choose_file(self, portico, title, path):
-        dialog = portico.window(title)
-        portico.key("ctrl+a")
-        portico.type(path)
-        portico.key("Return")
-        portico.wait_until_closed(title)
-        return dialog
-
     def test_a_log_from_new_to_viewed(self):
         path = os.path.join(self.desktop.home, "talk.log")
         portico = self.open(self.simulator().name)
@@ -24,7 +16,7 @@ class Logs(WindowCase):
         self.assertFalse(portico.item("Close Log").enabled)
 
         portico.choose("File", "New Log...")
-        self.choose_file(portico, "Open a log file", path[: -len(".log")])  # the extension comes by itself
+        portico.choose_file("Open a log file", path[: -len(".log")])  # the extension comes by itself
         portico.wait(lambda: portico.main.name == f"{path} - Tolvane Portico", "the log's name in the title")
         self.assertFalse(portico.item("New Log...").enabled)
         self.assertTrue(portico.item("Pause Logging").enabled)
@@ -53,7 +45,7 @@ class Logs(WindowCase):
             self.assertEqual(log.read().count("<Session"), 2)
 
         portico.choose("File", "View Log...")
-        self.choose_file(portico, "Select a log file", path)
+        portico.choose_file("Select a log file", path)
         viewer = portico.window(f"Log Viewer - {path}")
         text = portico.find("txtPast", "text", within=viewer)
         portico.wait(lambda: "MEAS:CURR:DC?" in text.text, "the log in the viewer")
@@ -89,7 +81,7 @@ class Logs(WindowCase):
 
         portico = self.open(self.simulator().name)
         portico.choose("File", "View Log...")
-        self.choose_file(portico, "Select a log file", path)
+        portico.choose_file("Select a log file", path)
         viewer = portico.window(f"Log Viewer - {path}")
         text = portico.find("txtPast", "text", within=viewer)
         portico.wait(lambda: "*ESR?" in text.text, "the log in the viewer")
@@ -102,7 +94,7 @@ class Logs(WindowCase):
             notes.write("no log\n")
         portico = self.open(self.simulator().name)
         portico.click(portico.button("New Log File..."))
-        self.choose_file(portico, "Open a log file", path)
+        portico.choose_file("Open a log file", path)
         portico.message(f"Do you want to erase {path}?")
         portico.key("alt+n")
         self.assertIn(" is not a valid data store.", portico.message("Can't perform Logger operation."))

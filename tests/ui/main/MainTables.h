@@ -73,6 +73,10 @@ inline constexpr ExpectedMenu ExpectedMenus[] = {
     {u"mnuZoomIn", u"10040", u"Zoom &In", u"mnuView", u"Ctrl++"},
     {u"mnuZoomOut", u"10050", u"Zoom &Out", u"mnuView", u"Ctrl+-"},
     {u"mnuActualSize", u"10060", u"&Actual Size", u"mnuView", u"Ctrl+0"},
+    {u"mnuViewBar1", u"-", u"-", u"mnuView"},
+    {u"mnuNextError", u"10070", u"Next &Error", u"mnuView", u"F7"},
+    {u"mnuPreviousError", u"10071", u"&Previous Error", u"mnuView", u"Shift+F7"},
+    {u"mnuErrors", u"10072", u"Error&s...", u"mnuView"},
 
     {u"mnuData", u"10200", u"&Data"},
     {u"mnuStopAtErrors", u"10210", u"Stop at &Errors", u"mnuData"},

@@ -46,7 +46,10 @@ void MainWindowFixture::OfferSpies() {
                                u"StopAtErrors",
                                u"SetTimeout",
                                u"ClearDevice",
-                               u"GoToLocal"}) {
+                               u"GoToLocal",
+                               u"NextError",
+                               u"PreviousError",
+                               u"ListErrors"}) {
     Offer(name, [this, name](const Params& parameters) {
       Commands.push_back(ToUtf8(name));
       LastParameters = parameters;

@@ -35,6 +35,10 @@ TEST_F(ViewLogDesignTest, HasItsMenus) {
                          "mnuView/mnuZoomIn 10040 Ctrl++",
                          "mnuView/mnuZoomOut 10050 Ctrl+-",
                          "mnuView/mnuActualSize 10060 Ctrl+0",
+                         "mnuView/mnuViewBar1 -",
+                         "mnuView/mnuNextError 10070 F7",
+                         "mnuView/mnuPreviousError 10071 Shift+F7",
+                         "mnuView/mnuErrors 10072",
                          "/mnuHelp 9000",
                          "mnuHelp/mnuHelpTopics 9010 hidden",
                          "mnuHelp/mnuHelpAbout 9040"}));

@@ -13,14 +13,14 @@ struct ReadingAid {
   void (*Use)(IReadingAids& box);
 };
 
-template <const ReadingAid& Aid>
+template <const ReadingAid& aid>
 class ReadingCommand final : public PlainCommand {
 public:
-  StringView ClassName() const override { return Aid.Name; }
+  StringView ClassName() const override { return aid.Name; }
 
 private:
   void Act() override {
-    if (auto* box = dynamic_cast<IReadingAids*>(gForms->ActiveControl())) Aid.Use(*box);
+    if (auto* box = dynamic_cast<IReadingAids*>(gForms->ActiveControl())) aid.Use(*box);
   }
 };
 
@@ -31,10 +31,10 @@ constexpr ReadingAid ZoomIn{u"ZoomIn", [](IReadingAids& box) { box.ChangeZoom(Zo
 constexpr ReadingAid ZoomOut{u"ZoomOut", [](IReadingAids& box) { box.ChangeZoom(ZoomChange::Out); }};
 constexpr ReadingAid ActualSize{u"ActualSize", [](IReadingAids& box) { box.ChangeZoom(ZoomChange::ActualSize); }};
 
-template <const ReadingAid& Aid>
+template <const ReadingAid& aid>
 constexpr CreatorRow Row(StringView name, const ClassKey<ICommand>& key) {
   return {
-      .Name = name, .Specification = key, .ParamCount = key.ParamCount, .Make = MakePlainCommand<ReadingCommand<Aid>>};
+      .Name = name, .Specification = key, .ParamCount = key.ParamCount, .Make = MakePlainCommand<ReadingCommand<aid>>};
 }
 
 } // namespace

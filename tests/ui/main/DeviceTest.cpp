@@ -126,7 +126,7 @@ TEST_F(DeviceTest, ACancelledDialogChangesNothing) {
     form.PressKey(EscapeKey);
   });
   EXPECT_THAT(Wire, IsEmpty());
-  EXPECT_EQ(Setting(u"Timeout", u"Data"), "");
+  EXPECT_EQ(Setting(u"Timeout", u"Data"), "(none)");
 }
 
 TEST_F(DeviceTest, ATimeoutThatTheDriverRefusesIsToldAndKept) {

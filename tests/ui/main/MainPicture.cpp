@@ -110,6 +110,9 @@ void ExpectRunning(const UpdateInputs& in, Picture& picture) {
   expect(u"mnuRun", u"mnuPopupCMDRun", u"Run", canRun);
   expect(u"mnuRunToCursor", u"mnuPopupCMDRun2Cursor", u"Run to Cursor", canRun && cmdFocus);
   expect(u"mnuStop", u"mnuPopupCMDStop", u"Stop", in.Executing && in.Opened);
+  for (const StringView name : {u"mnuClearDevice", u"mnuGoToLocal"}) {
+    picture.Menu(name).Enabled = in.Opened && !in.Executing;
+  }
 }
 
 } // namespace

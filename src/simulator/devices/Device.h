@@ -49,7 +49,7 @@ private:
   Executor m_executor{m_tree, m_status};
   std::unique_ptr<InstrumentModel> m_model;
   CommonCommands m_common;
-  SystemCommands m_system{m_executor, m_status};
+  SystemCommands m_system{m_executor, m_status, m_tree};
   FaultCommands m_faults;
 };
 

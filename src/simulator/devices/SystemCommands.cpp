@@ -15,6 +15,7 @@ void SystemCommands::AddTo(CommandTree& tree) {
       {"SYSTem:ERRor:ALL?", &Self::AllErrors},
       {"SYSTem:ERRor:COUNt?", &Self::ErrorCount},
       {"SYSTem:VERSion?", &Self::Version},
+      {"SYSTem:HELP:HEADers?", &Self::Headers},
       {"SYSTem:BEEPer[:IMMediate]", &Self::Beep, 0, 3},
       {"SYSTem:BEEPer:STATe", &Self::SetBeeper, 1, 1},
       {"SYSTem:BEEPer:STATe?", &Self::Beeper},
@@ -38,6 +39,8 @@ void SystemCommands::AllErrors(const Call& /*call*/) { m_executor.Respond(m_stat
 void SystemCommands::ErrorCount(const Call& /*call*/) { m_executor.Respond(std::to_string(m_status.Errors().Size())); }
 
 void SystemCommands::Version(const Call& /*call*/) { m_executor.Respond("1999.0"); }
+
+void SystemCommands::Headers(const Call& /*call*/) { m_executor.Respond(FormatBlock(m_commands.Headers())); }
 
 /// Nobody hears it.
 void SystemCommands::Beep(const Call& call) {

@@ -9,7 +9,9 @@ namespace portico::simulator {
 /// The SYSTem and STATus subsystems that SCPI-99 asks of every instrument.
 class SystemCommands {
 public:
-  SystemCommands(Executor& executor, StatusModel& status) : m_executor(executor), m_status(status) {}
+  /// `commands` are all that the instrument knows, of which it tells. Everything must outlive this.
+  SystemCommands(Executor& executor, StatusModel& status, const CommandTree& commands)
+      : m_executor(executor), m_status(status), m_commands(commands) {}
 
   void AddTo(CommandTree& tree);
 
@@ -20,6 +22,7 @@ private:
   void AllErrors(const Call& call);
   void ErrorCount(const Call& call);
   void Version(const Call& call);
+  void Headers(const Call& call);
   void Beep(const Call& call);
   void SetBeeper(const Call& call);
   void Beeper(const Call& call);
@@ -36,6 +39,7 @@ private:
 
   Executor& m_executor;
   StatusModel& m_status;
+  const CommandTree& m_commands;
   bool m_beeperOn = true;
 };
 

@@ -47,6 +47,8 @@ void CommandTree::Insert(std::string_view pattern, Handler handler) {
   const auto header = scpi::HeaderPattern::Parse(pattern).value();
   std::vector<LeafNode> chosen;
   InsertVariants(header.Nodes(), m_root, chosen, 0, query);
+  Uses& uses = m_headers[header.Text()];
+  (query ? uses.Query : uses.Command) = true;
 }
 
 /// Enters the rest of a pattern below a node, once for each choice of the nodes that may be left out.
@@ -62,6 +64,17 @@ void CommandTree::InsertVariants(std::span<const scpi::PatternNode> pattern, Nod
   chosen.push_back({first.Suffixes, first.Suffixed ? std::optional(slot) : std::nullopt});
   InsertVariants(pattern.subspan(1), Child(node, first.Name), chosen, nextSlot, query);
   chosen.pop_back();
+}
+
+std::string CommandTree::Headers() const {
+  std::string text;
+  for (const auto& [header, uses] : m_headers) {
+    text += header;
+    if (!uses.Command) text += "?/qonly/";
+    if (!uses.Query) text += "/nquery/";
+    text += '\n';
+  }
+  return text;
 }
 
 CommandTree::Node& CommandTree::Child(Node& parent, std::string_view mnemonic) {

@@ -7,9 +7,11 @@
 #include <cstddef>
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -42,6 +44,10 @@ public:
   /// Throws ScpiError.
   void Invoke(const scpi::Unit& unit) const;
 
+  /// All headers as `SYSTem:HELP:HEADers?` tells them: each on a line that ends in a line feed, from the root in the
+  /// standard's notation, with `/nquery/` behind what is a command alone and `?/qonly/` behind what is a query alone.
+  std::string Headers() const;
+
 private:
   struct Handler {
     std::function<void(const Call&)> Function;
@@ -72,7 +78,14 @@ private:
   static Suffixes CheckedSuffixes(const scpi::Unit& unit, const Leaf& leaf);
   const Leaf& Find(const scpi::Unit& unit) const;
 
+  /// What a header is good for.
+  struct Uses {
+    bool Command = false;
+    bool Query = false;
+  };
+
   std::deque<Handler> m_handlers;
+  std::map<std::string, Uses> m_headers; ///< by their notation
   Node m_root{""};
 };
 

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace portico::simulator {
 namespace {
 
@@ -37,6 +41,32 @@ TEST(SystemCommands, TheQueueOverflows) {
 TEST(SystemCommands, Version) {
   Session session;
   EXPECT_EQ(session.Ask("SYST:VERS?"), "1999.0");
+}
+
+TEST(SystemCommands, EachDeviceTellsItsCommands) {
+  const std::pair<const char*, std::vector<std::string>> expected[] = {
+      {"dmm", {"[:SENSe]:VOLTage[:DC]:RANGe[:UPPer]", ":ABORt/nquery/", ":CONFigure?/qonly/", ":READ?/qonly/"}},
+      {"psu", {"[:SOURce<1-2>]:VOLTage[:LEVel][:IMMediate]", ":OUTPut<1-2>[:STATe]", ":APPLy"}},
+      {"scope", {":CHANnel<1-4>:SCALe", ":WAVeform:DATA?/qonly/", ":AUToscale/nquery/"}}};
+  for (const auto& [device, own] : expected) {
+    Session session(device);
+    const std::string answer = session.Ask("SYST:HELP:HEAD?");
+    const std::size_t first = answer.find('\n');
+    const auto digits = static_cast<std::size_t>(answer.at(1) - '0');
+    ASSERT_EQ(answer.substr(0, 1), "#") << device;
+    EXPECT_EQ(std::stoul(answer.substr(2, digits)), answer.size() - 2 - digits) << device;
+    EXPECT_EQ(answer.substr(2 + digits, first - 2 - digits), "*CLS/nquery/") << device;
+    EXPECT_TRUE(answer.ends_with('\n')) << device;
+    std::vector<std::string> headers = own;
+    for (const char* common : {"*ESE", "*IDN?/qonly/", ":SYSTem:ERRor[:NEXT]?/qonly/", ":SYSTem:HELP:HEADers?/qonly/",
+                               ":STATus:PRESet/nquery/", ":SIMulator:ECHO?/qonly/"}) {
+      headers.emplace_back(common);
+    }
+    for (const std::string& header : headers) {
+      EXPECT_NE(answer.find('\n' + header + '\n'), std::string::npos) << device << ' ' << header;
+    }
+    EXPECT_EQ(session.Ask("SYST:HELP:HEAD?;:SYST:VERS?"), answer + ";1999.0") << device;
+  }
 }
 
 TEST(SystemCommands, OperationStatusFollowsAMeasurement) {

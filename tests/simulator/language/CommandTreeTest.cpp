@@ -38,6 +38,8 @@ public:
     return m_called;
   }
 
+  std::string Headers() const { return m_tree.Headers(); }
+
 private:
   void Test(const Call& /*call*/) { m_called = "test"; }
   void Range(const Call& /*call*/) { m_called = "range"; }
@@ -110,6 +112,14 @@ TEST(CommandTree, SuffixesKeepTheirSlotsWhenANodeIsLeftOut) {
   EXPECT_EQ(recorder.Invoke("SOUR2:MARK3:LEV"), "marker 2 3");
   EXPECT_EQ(recorder.Invoke("MARK4:LEV"), "marker 1 4");
   EXPECT_EQ(recorder.Invoke("SOUR:MARK:LEV"), "marker 1 1");
+}
+
+TEST(CommandTree, TellsItsHeaders) {
+  EXPECT_EQ(Recorder().Headers(), "*TST?/qonly/\n"
+                                  ":OUTPut<1-3>[:STATe]/nquery/\n"
+                                  "[:SENSe]:VOLTage:AC:RANGe/nquery/\n"
+                                  "[:SENSe]:VOLTage[:DC]:RANGe\n"
+                                  "[:SOURce<1-2>]:MARKer<1-4>:LEVel/nquery/\n");
 }
 
 } // namespace

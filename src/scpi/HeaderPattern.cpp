@@ -147,6 +147,7 @@ std::string HeaderPattern::Text() const {
 
 std::string TextOf(const SuffixRange& suffixes) {
   if (suffixes == SuffixRange{1, SuffixRange::Any}) return "<n>";
+  if (suffixes.First == suffixes.Last) return std::to_string(suffixes.First);
   return '<' + std::to_string(suffixes.First) + '-' + std::to_string(suffixes.Last) + '>';
 }
 

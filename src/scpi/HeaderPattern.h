@@ -59,7 +59,7 @@ private:
   std::vector<PatternNode> m_nodes;
 };
 
-/// The suffix as the notation has it: `<1-4>`, `<n>` for any.
+/// The suffix as the notation has it: `<1-4>`, `<n>` for any, `2` for that alone.
 std::string TextOf(const SuffixRange& suffixes);
 
 } // namespace portico::scpi

@@ -17,7 +17,8 @@ must_exist() { [[ -s $place/$1 ]] || fault "$1 is missing or empty"; }
 
 must_be_gzip() { gzip -t "$place/$1" || fault "$1 is missing or not compressed"; }
 
-for file in README.md LICENSE copyright docs/portico-run.md docs/formats/log.md examples/first-steps.cmd; do
+for file in README.md LICENSE copyright docs/portico-run.md docs/formats/log.md docs/formats/command-lists.md \
+  examples/first-steps.cmd; do
   must_exist "share/doc/portico/$file"
 done
 
@@ -87,6 +88,7 @@ if [[ $window == 1 ]]; then
   appstreamcli validate --no-net "$place/$metadata" >&2 || fault "what software centres are told is not valid"
   must_exist "share/applications/$(sed -n 's/.*<launchable type="desktop-id">\(.*\)<.*/\1/p' "$place/$metadata")"
   while read -r program; do must_exist "bin/$program"; done < <(sed -n 's/.*<binary>\(.*\)<.*/\1/p' "$place/$metadata")
+  must_exist share/portico/commands/SCPI-99.txt
   must_exist share/portico/help/topics.txt
   must_exist share/doc/portico/docs/manual/index.md # where the README says it is
   while read -r _ page; do must_exist "share/portico/help/${page%%#*}"; done \

@@ -38,10 +38,10 @@ TEST(HeaderPattern, ReadsEveryNotationOfSuffixes) {
        {"CHANnel<1-4>:SCALe", "CHANnel{1:4}:SCALe", "CHANnel[1]|2|3|4:SCALe", "CHANnel1|2|3|4:SCALe"}) {
     EXPECT_EQ(Read(text), ":CHANnel<1-4>:SCALe") << text;
   }
-  EXPECT_EQ(Read("OUTPut<2>"), ":OUTPut<2-2>");
-  EXPECT_EQ(Read("OUTPut2"), ":OUTPut<2-2>");
-  EXPECT_EQ(Read("OUTPut[1]"), ":OUTPut<1-1>");
-  EXPECT_EQ(Read("OUTPut{1}"), ":OUTPut<1-1>");
+  EXPECT_EQ(Read("OUTPut<2>"), ":OUTPut2");
+  EXPECT_EQ(Read("OUTPut2"), ":OUTPut2");
+  EXPECT_EQ(Read("OUTPut[1]"), ":OUTPut1");
+  EXPECT_EQ(Read("OUTPut{1}"), ":OUTPut1");
   EXPECT_EQ(Read("MARKer<0-10>:X"), ":MARKer<0-10>:X");
   EXPECT_EQ(Read("CALCulate<n>:DATA"), ":CALCulate<n>:DATA");
   EXPECT_EQ(Read("CALCulate<Chn>:DATA"), ":CALCulate<n>:DATA");

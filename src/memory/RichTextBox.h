@@ -14,6 +14,10 @@ public:
   StringView ClassName() const override { return u"RichTextBox"; }
 
   void SetFocus() override { m_gotFocus(); }
+  /// `Change` fires once, behind the whole edit.
+  void EditAtOnce(const std::function<void()>& edit) {
+    RichTextModel::EditAtOnce(edit, [] {});
+  }
   /// Fires at each `SetFocus`.
   Event<>& GotFocus() { return m_gotFocus; }
 

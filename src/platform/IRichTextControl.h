@@ -7,6 +7,8 @@
 #include "platform/IRichTextBox.h"
 #include "platform/MouseEvent.h"
 
+#include <functional>
+
 namespace portico {
 
 /// Where a print dialog lets the text go.
@@ -20,7 +22,7 @@ public:
 };
 
 /// A rich text box that stands in a form. The user edits it unless it is `Locked`; what the program changes is no step
-/// of the user's undo.
+/// of the user's undo, and ends what could be undone before it, unless it does so in the user's stead.
 class IRichTextControl : public virtual IRichTextBox,
                          public virtual IPrintable,
                          public virtual IControl,
@@ -33,6 +35,10 @@ public:
   virtual void TabStop(bool newValue) = 0;
   /// The user can select and copy, and cannot change. False to begin with.
   virtual void Locked(bool newValue) = 0;
+
+  /// What `edit` changes in the box, the user can undo in one step. `Change` fires once, behind it all. It must not
+  /// give the event loop a turn.
+  virtual void AsUser(const std::function<void()>& edit) = 0;
 
   /// Also fires when the window gets the focus back.
   virtual Event<>& GotFocus() = 0;

@@ -7,6 +7,7 @@
 #include "richtext/RtfWriter.h"
 
 #include <algorithm>
+#include <exception>
 #include <limits>
 #include <utility>
 
@@ -166,7 +167,37 @@ void RichTextModel::Delete() {
   MoveMarks(from, to, 1);
   OnLines(from.Line, to.Line + 1 - from.Line, 1);
   Select(m_start, 0);
-  m_change();
+  Changed();
+}
+
+void RichTextModel::Changed() {
+  if (m_isChangeHeld) {
+    m_awaitsChange = true;
+  } else {
+    m_change();
+  }
+}
+
+void RichTextModel::EditAtOnce(const std::function<void()>& edit, const std::function<void()>& then) {
+  struct Hold {
+    explicit Hold(bool& isHeld) : IsHeld(isHeld) { IsHeld = true; }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+    ~Hold() { IsHeld = false; }
+    bool& IsHeld;
+  };
+  std::exception_ptr failure; // what has been changed by then is shown and told all the same
+  {
+    const Hold hold(m_isChangeHeld);
+    try {
+      edit();
+    } catch (...) {
+      failure = std::current_exception();
+    }
+    then();
+  }
+  if (std::exchange(m_awaitsChange, false)) m_change();
+  if (failure) std::rethrow_exception(failure);
 }
 
 bool RichTextModel::Put(FormattedText text) {
@@ -202,7 +233,7 @@ void RichTextModel::Load(FormattedText text) {
   ClearMarks();
   OnLines(0, before, m_lines.Count());
   Select(0, 0);
-  if (isChange) m_change();
+  if (isChange) Changed();
 }
 
 void RichTextModel::MarkLine(std::int32_t position) {

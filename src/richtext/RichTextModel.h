@@ -5,6 +5,7 @@
 #include "richtext/MarkedLines.h"
 #include "richtext/RichTextLines.h"
 
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -68,6 +69,9 @@ protected:
   /// selection nor `Change` follows by itself.
   bool TakeLines(std::size_t first, std::size_t count, FormattedText lines);
 
+  /// Runs an edit and `then` behind it; `Change` waits for the end of both, and fires once.
+  void EditAtOnce(const std::function<void()>& edit, const std::function<void()>& then);
+
   /// Puts text in place of the selection, as `SelRTF` does, but does not fire `Change`; returns whether it is to fire.
   bool Put(FormattedText text);
 
@@ -77,8 +81,9 @@ private:
   /// Takes the selection away.
   void Delete();
   void Replace(FormattedText text) {
-    if (Put(std::move(text))) m_change();
+    if (Put(std::move(text))) Changed();
   }
+  void Changed();
   void Load(FormattedText text);
   /// What stood between two places has gone, and a text of so many lines has come.
   void MoveMarks(Place from, Place to, std::size_t lines);
@@ -90,6 +95,8 @@ private:
   std::int64_t m_length = 0;                    // as it was set
   std::optional<CharacterFormat> m_caretFormat; // if it is not that of the text
   Event<> m_change;
+  bool m_isChangeHeld = false;
+  bool m_awaitsChange = false; // held, and to be fired
 };
 
 } // namespace portico::richtext

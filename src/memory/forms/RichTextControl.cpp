@@ -11,7 +11,10 @@ namespace portico::memory {
 RichTextControl::RichTextControl(ControlOwner& form, const ControlDesign& design, Control* container)
     : FocusControl(form, design, container), Placement({}) {
   m_box->Text(design.Caption);
-  m_box->Change().Connect([this] { Fire(m_change); });
+  m_box->Change().Connect([this] {
+    if (!std::exchange(m_isUsers, false)) m_steps.clear();
+    Fire(m_change);
+  });
 }
 
 void RichTextControl::SelPrint(const Ref<IDeviceContext>& hDC) {
@@ -75,7 +78,38 @@ bool RichTextControl::Type(StringView text) {
   const Turn turn(Life());
   if (!IsUsable() || m_locked) return false;
   TakeFocus();
-  m_box->SelText(text);
+  AsUser([&] { m_box->SelText(text); });
+  return true;
+}
+
+void RichTextControl::AsUser(const std::function<void()>& edit) {
+  struct Step {
+    explicit Step(RichTextControl& box) : Box(box) {
+      Box.m_steps.push_back({Box.TextRTF(), Box.SelStart()});
+      Box.m_isUsers = true;
+    }
+    Step(const Step&) = delete;
+    Step& operator=(const Step&) = delete;
+    ~Step() { // what has changed nothing is no step
+      if (std::exchange(Box.m_isUsers, false)) Box.m_steps.pop_back();
+    }
+    RichTextControl& Box;
+  };
+  const Turn turn(Life());
+  const Step step(*this);
+  m_box->EditAtOnce(edit);
+}
+
+bool RichTextControl::Undo() {
+  if (m_steps.empty()) return false;
+  const Before before = m_steps.back();
+  m_steps.pop_back();
+  m_isUsers = true;
+  m_box->EditAtOnce([&] {
+    m_box->TextRTF(before.Fragment);
+    m_box->SelStart(before.Caret);
+  });
+  m_isUsers = false;
   return true;
 }
 

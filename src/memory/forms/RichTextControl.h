@@ -47,6 +47,7 @@ public:
   bool TabStop() const override { return IsTabStop(); }
   void TabStop(bool newValue) override { IsTabStop(newValue); }
   void Locked(bool newValue) override { m_locked = newValue; }
+  void AsUser(const std::function<void()>& edit) override;
   Event<>& GotFocus() override { return FocusControl::GotFocus(); }
   Event<>& LostFocus() override { return FocusControl::LostFocus(); }
   Event<const MouseEvent&>& MouseDown() override { return m_mouseDown; }
@@ -73,6 +74,8 @@ public:
   // What the user does. False if the user cannot use the box.
   /// Typing and pasting replaces the selection; the box gets the focus first. False if the box is locked, too.
   bool Type(StringView text);
+  /// Takes the last step of the user's back; the caret goes where it stood. False if there is none.
+  bool Undo();
   /// The left button gives the focus to the box before the event fires.
   bool PressMouse(const MouseEvent& event);
   bool ReleaseMouse(const MouseEvent& event);
@@ -80,10 +83,17 @@ public:
   void LookFor(StringView text);
 
 private:
+  /// What stood there before a step.
+  struct Before {
+    String Fragment;
+    std::int32_t Caret;
+  };
   /// Whether it is there.
   bool SelectIfThere(std::int32_t position, StringView text);
 
   Ref<RichTextBox> m_box = New<RichTextBox>();
+  std::vector<Before> m_steps;
+  bool m_isUsers = false; // the change that is about to be told
   bool m_locked = false;
   bool m_isPressed = false;
   std::optional<String> m_sought;

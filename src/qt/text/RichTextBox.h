@@ -29,6 +29,7 @@ public:
   bool TabStop() const override { return m_tabStop; }
   void TabStop(bool newValue) override;
   void Locked(bool newValue) override;
+  void AsUser(const std::function<void()>& edit) override { EditAsUser(edit); }
 
   void OpenFind() override;
   void FindNext() override { FindAgain(false); }

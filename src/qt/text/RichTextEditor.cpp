@@ -280,6 +280,20 @@ void RichTextEditor::InsertText(StringView text) {
   Flush(Undo::Step);
 }
 
+void RichTextEditor::EditAsUser(const std::function<void()>& edit) {
+  Show();
+  ReadSelection();
+  EditAtOnce(edit, [this] {
+    if (!m_view || m_changes.IsEmpty()) return;
+    Flush(Undo::Step, [this] {
+      WriteAll();
+      // Changes nothing; without it the toolkit takes what is typed right behind an insertion for a part of the step.
+      QTextCursor cursor(m_document.findBlockByNumber(Narrow(From().Line)));
+      cursor.setBlockFormat(cursor.blockFormat());
+    });
+  });
+}
+
 void RichTextEditor::Drop(const QMimeData& data, const QTextCursor& place, const QTextCursor& moved) {
   const int at = place.position();
   if (!moved.isNull() && at >= moved.selectionStart() && at <= moved.selectionEnd()) return; // onto itself

@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -29,6 +30,9 @@ protected:
   RichTextEditor(const RichTextEditor&) = delete;
   RichTextEditor& operator=(const RichTextEditor&) = delete;
   ~RichTextEditor() override;
+
+  /// What `edit` changes the user can undo in one step.
+  void EditAsUser(const std::function<void()>& edit);
 
   /// To be asked for only while the view lives.
   TextView& View() const { return *m_view; }

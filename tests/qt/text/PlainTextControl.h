@@ -47,6 +47,7 @@ public:
   void ClearMarks() override {}
   std::vector<std::int32_t> MarkedLines() const override { return {}; }
   void GoToLine(std::int32_t /*line*/) override {}
+  void AsUser(const std::function<void()>& edit) override { edit(); }
   void OpenFind() override {}
   void FindNext() override {}
   void FindPrevious() override {}

@@ -46,7 +46,8 @@ String HostEnvironment::ProgramFileName() const { return FromPath(m_program.file
 
 String HostEnvironment::ProgramDirectory() const {
   return FromPath(
-      OwnFilesDirectory({m_program.parent_path(), EnvironmentText("XDG_STATE_HOME"), EnvironmentText("HOME"),
+      OwnFilesDirectory({m_program.parent_path(),
+                         {EnvironmentText("XDG_STATE_HOME"), EnvironmentText("HOME")},
                          [](const std::filesystem::path& path) { return access(path.c_str(), W_OK) == 0; }}));
 }
 

@@ -14,30 +14,30 @@ bool HasTextName(const fs::path& directory) { return !FromUtf8(directory.native(
 
 bool Counts(const fs::path& named) { return named.is_absolute() && HasTextName(named); }
 
-fs::path StateDirectory(const OwnFilesPlaces& places) {
-  const fs::path state = places.StateHome;
+} // namespace
+
+fs::path StateDirectory(const UserPlaces& user) {
+  const fs::path state = user.StateHome;
   if (Counts(state)) return state / "portico";
-  const fs::path home = places.Home;
+  const fs::path home = user.Home;
   if (Counts(home)) return home / ".local" / "state" / "portico";
   return {};
 }
 
-bool IsMade(const fs::path& directory) {
+bool MakeOwnDirectory(const fs::path& directory) {
   std::error_code fault;
   if (fs::is_directory(directory, fault)) return true;
   if (!fs::create_directories(directory, fault)) return false;
-  fs::permissions(directory, fs::perms::owner_all, fault); // reports tell what was sent to an instrument
+  fs::permissions(directory, fs::perms::owner_all, fault); // what lies there tells what was sent to an instrument
   return true;
 }
-
-} // namespace
 
 fs::path OwnFilesDirectory(const OwnFilesPlaces& places) {
   if (HasTextName(places.ProgramDirectory) && places.IsWritable(places.ProgramDirectory)) {
     return places.ProgramDirectory;
   }
-  const fs::path state = StateDirectory(places);
-  return !state.empty() && IsMade(state) ? state : places.ProgramDirectory;
+  const fs::path state = StateDirectory(places.User);
+  return !state.empty() && MakeOwnDirectory(state) ? state : places.ProgramDirectory;
 }
 
 } // namespace portico

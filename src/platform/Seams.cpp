@@ -5,6 +5,7 @@
 #include "platform/IForm.h"
 #include "platform/IInstrumentList.h"
 #include "platform/IInstrumentSearch.h"
+#include "platform/ILineFile.h"
 #include "platform/IProgress.h"
 #include "platform/IRegistry.h"
 #include "platform/ISettingsStore.h"
@@ -24,6 +25,7 @@ std::shared_ptr<IExtendedDriver> gInstrumentDriver;
 std::shared_ptr<IInstrumentList> gInstrumentList;
 std::shared_ptr<IInstrumentSearch> gInstrumentSearch;
 std::shared_ptr<IKeyboard> gKeyboard;
+std::shared_ptr<ILineFile> gSentLinesFile;
 std::shared_ptr<IMessageBox> gMessageBox;
 std::shared_ptr<IPrinter> gPrinter;
 std::shared_ptr<IProgress> gProgress;

@@ -1,6 +1,7 @@
 // The window. Only wires: the work is done in src/.
 
 #include "application/HostEnvironment.h"
+#include "application/LineFile.h"
 #include "application/Startup.h"
 #include "application/WindowProgram.h"
 #include "discovery/AttachedInstruments.h"
@@ -46,12 +47,14 @@ struct Wiring {
         [](const std::vector<String>& known) { return discovery::AttachedNames(known); });
     gInstrumentSearch = std::make_shared<discovery::InstrumentSearch>();
     gRegistry = std::make_shared<DriverRegistry>(ToUtf8(ApplicationVersion()));
+    gSentLinesFile = OwnSentLinesFile();
   }
   Wiring(const Wiring&) = delete;
   Wiring& operator=(const Wiring&) = delete;
   ~Wiring() {
     modAppGlobals::ReleaseObjectFactory();
     modAppGlobals::ReleaseMainForm();
+    gSentLinesFile = nullptr;
     gRegistry = nullptr;
     gInstrumentSearch = nullptr;
     gInstrumentList = nullptr;

@@ -34,11 +34,15 @@
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/PrintCommands.h"
 #include "ui/commands/ReadingCommands.h"
+#include "ui/commands/RecallCommands.h"
 #include "ui/dialogs/frmTVSCPIOptions.h"
 #include "views/CRun.h"
 #include "views/CSCPIViewHistory.h"
 #include "views/RunCommands.h"
 #include "views/RunGuard.h"
+#include "views/recall/LineRecall.h"
+#include "views/recall/SentLines.h"
+#include "views/recall/TakenLines.h"
 
 #include <array>
 
@@ -184,10 +188,12 @@ Rows CSCPIInstHndlrRegistrar::Rows() const {
 }
 
 Rows ViewAndDataRegistrar::Rows() const {
-  static constexpr std::array rows = {&CtorFind,          &CtorFindNext,    &CtorFindPrevious, &CtorZoomIn,
-                                      &CtorZoomOut,       &CtorActualSize,  &CtorRunGuard,     &CtorStopAtErrors,
-                                      &CtorSetTimeout,    &CtorClearDevice, &CtorGoToLocal,    &CtorNextError,
-                                      &CtorPreviousError, &CtorListErrors};
+  static constexpr std::array rows = {&CtorFind,          &CtorFindNext,       &CtorFindPrevious, &CtorZoomIn,
+                                      &CtorZoomOut,       &CtorActualSize,     &CtorRunGuard,     &CtorStopAtErrors,
+                                      &CtorSetTimeout,    &CtorClearDevice,    &CtorGoToLocal,    &CtorNextError,
+                                      &CtorPreviousError, &CtorListErrors,     &CtorSentLines,    &CtorLineRecall,
+                                      &CtorTakenLines,    &CtorEarlierLine,    &CtorLaterLine,    &CtorPutBackLastRun,
+                                      &CtorKeepSentLines, &CtorForgetSentLines};
   return rows;
 }
 

@@ -31,8 +31,10 @@ String CPopALine::TakeFirstLine(LineKind& LineType) {
   const String raw = m_queue->SelText();
   String line(TrimLeft(raw));
   m_queue->SelLength(end + static_cast<std::int32_t>(NewLine.size()));
+  const SelectionFormat look = m_queue->SelFormat();
+  if (m_account) m_account->Take(*m_queue, String(raw).append(NewLine), look);
   // A response that has lost its marker still has its italics.
-  if (m_queue->SelFormat().SelItalic == true) line.insert(line.begin(), ResponseMarker);
+  if (look.SelItalic == true) line.insert(line.begin(), ResponseMarker);
   m_queue->SelRTF({});
   if (line.empty()) LineType = LineKind::CmdBlank;
   return line;
@@ -44,6 +46,7 @@ String CPopALine::TakeLastLine() {
   String line(TrimLeft(text));
   m_queue->SelStart(0);
   m_queue->SelLength(static_cast<std::int32_t>(line.size()));
+  if (m_account) m_account->Take(*m_queue, StringView(text).substr(0, line.size()), m_queue->SelFormat());
   m_queue->SelRTF({});
   return line;
 }

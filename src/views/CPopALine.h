@@ -3,6 +3,7 @@
 #include "platform/IRichTextBox.h"
 #include "views/CSCPICmdPolicy.h"
 #include "views/LineKind.h"
+#include "views/recall/TakenLines.h"
 
 namespace portico {
 
@@ -11,6 +12,8 @@ namespace portico {
 class CPopALine final {
 public:
   void CmdQueue(const Ref<IRichTextBox>& newValue) { m_queue = newValue; }
+  /// Who keeps account of what is taken off; null for nobody.
+  void Account(const Ref<TakenLines>& newValue) { m_account = newValue; }
 
   /// The line without its leading blanks and line end; `EndOfText` for an empty box. Gives the event loop a turn while
   /// the line is off the box already.
@@ -23,6 +26,7 @@ private:
   String TakeLastLine();
 
   Ref<IRichTextBox> m_queue;
+  Ref<TakenLines> m_account;
   CSCPICmdPolicy m_policy; // part of the contract, and not asked: the two classifications differ
 };
 

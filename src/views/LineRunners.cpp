@@ -27,17 +27,23 @@ bool LineRunner::Act(const String& line, LineKind kind) {
   }
 }
 
+void LineRunner::SetUp(CPopALine& popper) const {
+  popper.CmdQueue(m_queue);
+  popper.Account(m_account);
+}
+
 bool LineRunner::SendLine(const String& line) {
   const Ref<CInstContainer> instruction = CInstGenerator().ConstructXMLSCPICmdString(line);
   gConfiguration->ItemValue(Item::CurrentInstruction, line);
   if (instruction->FunctionName().empty()) return false;
+  Sending(line);
   CreateCommand(Class::Step, modGlobals::VarArray(instruction), u"Cannot create a step command.")->Execute();
   return true;
 }
 
 void CCommandRunner::Execute() {
   CPopALine popper;
-  popper.CmdQueue(Queue());
+  SetUp(popper);
   LineKind kind = LineKind::None;
   String line = popper.Pop(kind);
   while (!IsOver(line)) {
@@ -49,7 +55,7 @@ void CCommandRunner::Execute() {
 
 void CCommandStepper::Execute() {
   CPopALine popper;
-  popper.CmdQueue(Queue());
+  SetUp(popper);
   LineKind kind = LineKind::None;
   String line;
   bool isSent = false;
@@ -65,7 +71,7 @@ void CCommandCursorRunner::Execute() {
   const std::int32_t target = Queue()->GetLineFromChar(Queue()->SelStart());
   std::int32_t count = 0;
   CPopALine popper;
-  popper.CmdQueue(Queue());
+  SetUp(popper);
   LineKind kind = LineKind::None;
   String line;
   do {

@@ -22,13 +22,18 @@ public:
   void Policy(const Ref<ICommandPolicy>& newValue) { m_policy = newValue; }
 
   void CommandQueue(const Ref<IRichTextBox>& newValue) { m_queue = newValue; }
+  /// Who keeps account of what is taken off; null, as at first, for nobody.
+  void Account(const Ref<TakenLines>& newValue) { m_account = newValue; }
   virtual void Execute() = 0;
 
   /// A remark or a blank line has come by.
   Event<const String&> Add2History;
+  /// An instruction is about to be sent.
+  Event<const String&> Sending;
 
 protected:
   const Ref<IRichTextBox>& Queue() const { return m_queue; }
+  void SetUp(CPopALine& popper) const;
   /// Does what the line's kind asks for; true if an instruction was sent.
   bool Act(const String& line, LineKind kind);
   /// The text has come to its end, or Stop was pressed.
@@ -40,6 +45,7 @@ private:
   String m_charComment;
   Ref<ICommandPolicy> m_policy;
   Ref<IRichTextBox> m_queue;
+  Ref<TakenLines> m_account;
 };
 
 /// Run: all lines. Stop loses the line that was taken off before it was seen.

@@ -36,8 +36,16 @@ void RunFrame::Prepare(LineRunner& runner) const {
   runner.Policy(policy);
 }
 
+void RunFrame::Account(const Ref<TakenLines>& newValue) {
+  m_account = newValue;
+  for (LineRunner* runner : Runners()) runner->Account(newValue);
+}
+
 void RunFrame::Finish(LineRunner& runner) {
-  runner.Execute();
+  {
+    const TakenLines::Run run(m_account);
+    runner.Execute();
+  }
   gMainForm->Executing(false);
   gMainForm->StopRequested(false);
   gMainForm->UpdateUI({}, {});

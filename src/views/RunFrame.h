@@ -18,6 +18,8 @@ public:
   void RunToCursor();
   /// While it lasts, the window still shows the idle state.
   void Step();
+  /// Who keeps account of what the runs take off the command window; null, as at first, for nobody.
+  void Account(const Ref<TakenLines>& newValue);
   /// Writes a remark or a blank line into the history.
   void Add2History(const String& Line);
 
@@ -33,6 +35,7 @@ private:
 
   Ref<IRichTextBox> m_txtFuture;
   Ref<IRichTextBox> m_txtPast;
+  Ref<TakenLines> m_account;
 };
 
 } // namespace portico

@@ -87,6 +87,14 @@ inline constexpr std::array RegisteredRows = {
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorNextError", u"NextError", 2},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorPreviousError", u"PreviousError", 2},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorListErrors", u"ListErrors", 2},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorSentLines", u"SentLines", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorLineRecall", u"LineRecall", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorTakenLines", u"TakenLines", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorEarlierLine", u"EarlierLine", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorLaterLine", u"LaterLine", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorPutBackLastRun", u"PutBackLastRun", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorKeepSentLines", u"KeepSentLines", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorForgetSentLines", u"ForgetSentLines", 0},
 };
 
 } // namespace portico::test

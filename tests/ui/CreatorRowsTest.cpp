@@ -9,6 +9,7 @@
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/PrintCommands.h"
 #include "ui/commands/ReadingCommands.h"
+#include "ui/commands/RecallCommands.h"
 #include "ui/dialogs/frmTVSCPIOptions.h"
 
 namespace portico::test {
@@ -73,6 +74,14 @@ TEST_F(CreatorRowsTest, ErrorCommands) {
   Expect(CtorNextError, u"CtorNextError", u"NextError", 2);
   Expect(CtorPreviousError, u"CtorPreviousError", u"PreviousError", 2);
   Expect(CtorListErrors, u"CtorListErrors", u"ListErrors", 2);
+}
+
+TEST_F(CreatorRowsTest, RecallCommands) {
+  Expect(CtorEarlierLine, u"CtorEarlierLine", u"EarlierLine", 0);
+  Expect(CtorLaterLine, u"CtorLaterLine", u"LaterLine", 0);
+  Expect(CtorPutBackLastRun, u"CtorPutBackLastRun", u"PutBackLastRun", 0);
+  Expect(CtorKeepSentLines, u"CtorKeepSentLines", u"KeepSentLines", 0);
+  Expect(CtorForgetSentLines, u"CtorForgetSentLines", u"ForgetSentLines", 0);
 }
 
 TEST_F(CreatorRowsTest, EachMakesItsProduct) {

@@ -69,5 +69,13 @@ inline constexpr ClassKey<ICommand> SetTimeout{u"SetTimeout"};
 inline constexpr ClassKey<ICommand> ClearDevice{u"ClearDevice"};
 inline constexpr ClassKey<ICommand> GoToLocal{u"GoToLocal"};
 
+// What brings lines back that were sent. They do nothing while the command window takes no text from the user.
+inline constexpr ClassKey<ICommand> EarlierLine{u"EarlierLine"};
+inline constexpr ClassKey<ICommand> LaterLine{u"LaterLine"};
+inline constexpr ClassKey<ICommand> PutBackLastRun{u"PutBackLastRun"};
+/// Turns keeping what is sent on or off.
+inline constexpr ClassKey<ICommand> KeepSentLines{u"KeepSentLines"};
+inline constexpr ClassKey<ICommand> ForgetSentLines{u"ForgetSentLines"};
+
 } // namespace Class
 } // namespace portico

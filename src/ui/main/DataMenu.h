@@ -10,6 +10,13 @@ namespace portico {
 inline constexpr std::array DataMenu = {
     MenuDesign{.Name = u"mnuData", .Caption = u"10200"},
     MenuDesign{.Name = u"mnuStopAtErrors", .Caption = u"10210", .Parent = u"mnuData"},
+    MenuDesign{.Name = u"mnuRecallBar", .Caption = BarCaption, .Parent = u"mnuData"},
+    MenuDesign{.Name = u"mnuEarlierLine", .Caption = u"10230", .Parent = u"mnuData", .Shortcut = u"Alt+Up"},
+    MenuDesign{.Name = u"mnuLaterLine", .Caption = u"10231", .Parent = u"mnuData", .Shortcut = u"Alt+Down"},
+    MenuDesign{.Name = u"mnuPutBackLastRun", .Caption = u"10233", .Parent = u"mnuData"},
+    MenuDesign{.Name = u"mnuKeepSentLines", .Caption = u"10234", .Parent = u"mnuData"},
+    MenuDesign{.Name = u"mnuForgetSentLines", .Caption = u"10235", .Parent = u"mnuData"},
+    MenuDesign{.Name = u"mnuDeviceBar", .Caption = BarCaption, .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuTimeout", .Caption = u"10260", .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuClearDevice", .Caption = u"10261", .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuGoToLocal", .Caption = u"10262", .Parent = u"mnuData"},
@@ -17,6 +24,11 @@ inline constexpr std::array DataMenu = {
 
 inline constexpr std::array DataItems = {
     CommandItem{u"mnuStopAtErrors", u"Can't change when a run stops.", Class::StopAtErrors},
+    CommandItem{u"mnuEarlierLine", u"Can't bring a line back.", Class::EarlierLine},
+    CommandItem{u"mnuLaterLine", u"Can't bring a line back.", Class::LaterLine},
+    CommandItem{u"mnuPutBackLastRun", u"Can't put the lines back.", Class::PutBackLastRun},
+    CommandItem{u"mnuKeepSentLines", u"Can't change whether sent lines are kept.", Class::KeepSentLines},
+    CommandItem{u"mnuForgetSentLines", u"Can't forget the sent lines.", Class::ForgetSentLines},
     CommandItem{u"mnuTimeout", u"Can't set the time-out.", Class::SetTimeout},
     CommandItem{u"mnuClearDevice", u"Can't clear the device.", Class::ClearDevice},
     CommandItem{u"mnuGoToLocal", u"Can't give the front panel back.", Class::GoToLocal},

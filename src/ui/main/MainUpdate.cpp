@@ -6,6 +6,7 @@
 #include "framework/shared/IConfiguration.h"
 #include "platform/IDesktop.h"
 #include "platform/IEventLoop.h"
+#include "ui/base/CommandWindow.h"
 #include "ui/base/ResourceStrings.h"
 #include "ui/main/MainDesign.h"
 

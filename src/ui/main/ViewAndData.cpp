@@ -4,6 +4,7 @@
 #include "framework/shared/IConfiguration.h"
 #include "framework/shared/IMainWindow.h"
 #include "instructions/InstrumentAccess.h"
+#include "ui/base/CommandWindow.h"
 #include "ui/base/KeptTimeout.h"
 #include "ui/base/ViewMenu.h"
 #include "ui/main/DataMenu.h"
@@ -11,12 +12,18 @@
 
 namespace portico {
 
-ViewAndData::ViewAndData(const Ref<IForm>& form)
+ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs)
     : m_form(form),
       m_guard(Create(Class::RunGuard)),
       m_errors(New<ErrorMarks>(ShareControl<IRichTextControl>(form, u"txtPast"))),
       m_errorsChanged(m_errors->Changed.Connect([this] { Update(); })),
+      m_sent(Create(Class::SentLines)),
+      m_taken(Create(Class::TakenLines)),
       mnuStopAtErrors(FindControl<IMenuItem>(*form, u"mnuStopAtErrors")),
+      mnuEarlierLine(FindControl<IMenuItem>(*form, u"mnuEarlierLine")),
+      mnuLaterLine(FindControl<IMenuItem>(*form, u"mnuLaterLine")),
+      mnuPutBackLastRun(FindControl<IMenuItem>(*form, u"mnuPutBackLastRun")),
+      mnuKeepSentLines(FindControl<IMenuItem>(*form, u"mnuKeepSentLines")),
       mnuClearDevice(FindControl<IMenuItem>(*form, u"mnuClearDevice")),
       mnuGoToLocal(FindControl<IMenuItem>(*form, u"mnuGoToLocal")) {
   ConnectCommands(*form, ViewItems);
@@ -25,6 +32,10 @@ ViewAndData::ViewAndData(const Ref<IForm>& form)
   const auto reports = Create(Class::CmdSubscriptionAgent);
   reports->Subscribe(m_guard);
   reports->Subscribe(New<FaultMarks>(m_errors));
+  runs.Account(m_taken);
+  for (LineRunner* runner : runs.Runners()) {
+    runner->Sending.Connect([sent = m_sent](const String& line) { sent->Add(line); });
+  }
   // A driver that takes none has refused it in words when it was set.
   if (const auto timeout = KeptTimeout::Read()) InstrumentAccess::SetTimeout(*timeout);
 }
@@ -33,6 +44,10 @@ ViewAndData::~ViewAndData() { m_errors->Changed.Disconnect(m_errorsChanged); }
 
 void ViewAndData::Update() const {
   mnuStopAtErrors.Checked(m_guard->IsOn());
+  mnuEarlierLine.Enabled(CommandWindow::TakesText());
+  mnuLaterLine.Enabled(CommandWindow::TakesText());
+  mnuPutBackLastRun.Enabled(CommandWindow::TakesLines() && !m_taken->IsEmpty());
+  mnuKeepSentLines.Checked(m_sent->IsKept());
   const bool isIdle = gConfiguration->IsTrue(Item::InstrumentOpened) && !gMainForm->Executing();
   mnuClearDevice.Enabled(isIdle);
   mnuGoToLocal.Enabled(isIdle);

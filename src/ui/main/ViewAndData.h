@@ -2,16 +2,19 @@
 
 #include "platform/IForm.h"
 #include "views/ErrorMarks.h"
+#include "views/RunFrame.h"
 #include "views/RunGuard.h"
+#include "views/recall/SentLines.h"
 
 namespace portico {
 
 /// The menus View and Data of the main window. Needs the factory.
 class ViewAndData {
 public:
-  /// Connects the items of the main window's form, whose handlers must not be called once this is gone, and subscribes
-  /// what hears of each report; so it comes behind the displayer. The driver gets the time-out that the user has set.
-  explicit ViewAndData(const Ref<IForm>& form);
+  /// Connects the items of the main window's form, whose handlers must not be called once this is gone, and what
+  /// hears of its runs, which must outlive this. Subscribes what hears of each report; so it comes behind the
+  /// displayer. The driver gets the time-out that the user has set.
+  ViewAndData(const Ref<IForm>& form, RunFrame& runs);
   ViewAndData(const ViewAndData&) = delete;
   ViewAndData& operator=(const ViewAndData&) = delete;
   ~ViewAndData();
@@ -24,7 +27,13 @@ private:
   Ref<RunGuard> m_guard;
   Ref<ErrorMarks> m_errors;
   Event<>::Connection m_errorsChanged;
+  Ref<SentLines> m_sent;
+  Ref<TakenLines> m_taken;
   IMenuItem& mnuStopAtErrors;
+  IMenuItem& mnuEarlierLine;
+  IMenuItem& mnuLaterLine;
+  IMenuItem& mnuPutBackLastRun;
+  IMenuItem& mnuKeepSentLines;
   IMenuItem& mnuClearDevice;
   IMenuItem& mnuGoToLocal;
 };

@@ -115,6 +115,14 @@ void ExpectRunning(const UpdateInputs& in, Picture& picture) {
   }
 }
 
+void ExpectRecall(const UpdateInputs& in, Picture& picture) {
+  const bool isPlaceholder = !in.Opened && (in.TabStop || in.CommandText == u"OPEN AN INSTRUMENT!");
+  picture.Menu(u"mnuEarlierLine").Enabled = !in.Executing && !isPlaceholder;
+  picture.Menu(u"mnuLaterLine").Enabled = !in.Executing && !isPlaceholder;
+  picture.Menu(u"mnuPutBackLastRun").Enabled = false; // there has been no run
+  picture.Menu(u"mnuKeepSentLines").Checked = true;
+}
+
 } // namespace
 
 MenuState& Picture::Menu(StringView name) { return Menus[IndexOf(name)]; }
@@ -157,6 +165,7 @@ Picture AfterUpdate(const UpdateInputs& inputs, Picture before) {
   ExpectLog(inputs, picture);
   ExpectEditing(inputs, picture);
   ExpectRunning(inputs, picture);
+  ExpectRecall(inputs, picture);
   picture.Menu(u"mnuFilePrint").Enabled = !inputs.HistoryText.empty();
   return picture;
 }

@@ -80,6 +80,13 @@ inline constexpr ExpectedMenu ExpectedMenus[] = {
 
     {u"mnuData", u"10200", u"&Data"},
     {u"mnuStopAtErrors", u"10210", u"Stop at &Errors", u"mnuData"},
+    {u"mnuRecallBar", u"-", u"-", u"mnuData"},
+    {u"mnuEarlierLine", u"10230", u"Earlier &Line", u"mnuData", u"Alt+Up"},
+    {u"mnuLaterLine", u"10231", u"Later L&ine", u"mnuData", u"Alt+Down"},
+    {u"mnuPutBackLastRun", u"10233", u"&Put Back Last Run", u"mnuData"},
+    {u"mnuKeepSentLines", u"10234", u"&Keep Sent Lines", u"mnuData"},
+    {u"mnuForgetSentLines", u"10235", u"F&orget Sent Lines", u"mnuData"},
+    {u"mnuDeviceBar", u"-", u"-", u"mnuData"},
     {u"mnuTimeout", u"10260", u"&Time-out...", u"mnuData"},
     {u"mnuClearDevice", u"10261", u"Clear &Device", u"mnuData"},
     {u"mnuGoToLocal", u"10262", u"&Go to Local", u"mnuData"},

@@ -49,7 +49,12 @@ void MainWindowFixture::OfferSpies() {
                                u"GoToLocal",
                                u"NextError",
                                u"PreviousError",
-                               u"ListErrors"}) {
+                               u"ListErrors",
+                               u"EarlierLine",
+                               u"LaterLine",
+                               u"PutBackLastRun",
+                               u"KeepSentLines",
+                               u"ForgetSentLines"}) {
     Offer(name, [this, name](const Params& parameters) {
       Commands.push_back(ToUtf8(name));
       LastParameters = parameters;

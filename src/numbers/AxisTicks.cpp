@@ -32,10 +32,8 @@ double LargestOf(const Range& range) { return std::max(std::abs(range.From), std
 int DecadeOf(double number) {
   constexpr double least = 1E-300; // of which the inverse is a double, too
   if (number <= least) return -300;
-  int decade = static_cast<int>(std::floor(std::log10(number)));
-  if (Step{1, decade + 1}.Size() <= number) ++decade;
-  if (Step{1, decade}.Size() > number) --decade;
-  return decade;
+  const int decade = static_cast<int>(std::floor(std::log10(number)));
+  return Step{1, decade}.Size() > number ? decade - 1 : decade; // the logarithm may have been rounded up
 }
 
 String Fixed(double number, int decimals) {
@@ -47,12 +45,10 @@ String Fixed(double number, int decimals) {
 
 template <class Label>
 std::optional<std::vector<Tick>> Lay(const Range& range, const AxisRoom& room, const Step& step, const Label& label) {
-  constexpr double rounding = 1E-9;            // of a step
-  constexpr double exact = 9007199254740992.0; // two to the 53rd: beyond, not all whole numbers are doubles
-  if (!std::isfinite(step.Size())) return {};
+  constexpr double rounding = 1E-9; // of a step
   const double first = std::ceil(range.From / step.Size() - rounding);
   const double last = std::floor(range.To / step.Size() + rounding);
-  if (last - first >= room.Length || std::max(std::abs(first), std::abs(last)) > exact) return {};
+  if (last - first >= room.Length) return {};
   const double gap = room.ExtentOf(u"0");
   double free = -std::numeric_limits<double>::infinity();
   std::vector<Tick> ticks;

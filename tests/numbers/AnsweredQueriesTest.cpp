@@ -78,6 +78,7 @@ TEST(AnsweredQueries, BlocksAreNotedAndAreInNoCurve) {
   EXPECT_TRUE(queries.Find(u"WAV:DATA?")->Blocks);
   EXPECT_THAT(queries.Find(u"WAV:DATA?")->Curves, IsEmpty());
   queries.Add(u"WAV:DATA?", u"1.5", 1);
+  EXPECT_TRUE(queries.Find(u"WAV:DATA?")->Blocks) << "some answers were";
   queries.Add(u"WAV:DATA?", u"#15hello", 2);
   EXPECT_EQ(PointsOf(queries.Find(u"WAV:DATA?")->Curves[0]), (Points{{1, 1.5}, {2, -99}}));
   queries.Add(u"STAT?", u"#HFF", 3);

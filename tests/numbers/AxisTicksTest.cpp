@@ -50,9 +50,17 @@ TEST(AxisTicks, PlacesAreTheDoublesOfTheirLabels) {
   EXPECT_THAT(places, ElementsAre(0.1, 0.15, 0.2, 0.25, 0.3, 0.35, 0.4, 0.45, 0.5, 0.55, 0.6, 0.65, 0.7));
 }
 
+TEST(AxisTicks, TickAtAnEndThatRoundingMovedIsThere) {
+  const Range range{std::nextafter(1, 2), 5};
+  const AxisTicks axis = ValueTicks(range, Wide(150));
+  EXPECT_THAT(LabelsOf(axis), ElementsAre(u"1", u"2", u"3", u"4", u"5"));
+  EXPECT_EQ(axis.Ticks.front().Place, range.From);
+}
+
 TEST(AxisTicks, APrefixServesTheWholeAxis) {
   EXPECT_THAT(Labels({0, 0.003}, 200), ElementsAre(u"0", u"1 m", u"2 m", u"3 m"));
   EXPECT_THAT(Labels({0, 3E-6}, 200), ElementsAre(u"0", u"1 \u00B5", u"2 \u00B5", u"3 \u00B5"));
+  EXPECT_THAT(Labels({0, std::nextafter(1000, 0)}, 200), ElementsAre(u"0", u"200", u"400", u"600", u"800", u"1000"));
   EXPECT_THAT(Labels({0, 15'000}, 200), ElementsAre(u"0", u"5 k", u"10 k", u"15 k"));
   EXPECT_THAT(Labels({0.5, 1.5}, 140), ElementsAre(u"0.5", u"1.0", u"1.5"));
   EXPECT_THAT(Labels({9.9E8, 1.01E9}, 200), ElementsAre(u"0.99 G", u"1.00 G", u"1.01 G"));
@@ -94,12 +102,15 @@ TEST(AxisTicks, MinutesAreDividedAsClocksAre) {
   EXPECT_THAT(Times({0, 120}, 220), ElementsAre(u"0:00", u"0:30", u"1:00", u"1:30", u"2:00"));
   EXPECT_THAT(Times({-60, 60}, 260), ElementsAre(u"-1:00", u"-0:30", u"0:00", u"0:30", u"1:00"));
   EXPECT_THAT(Times({0, 600}, 120), ElementsAre(u"0:00", u"5:00", u"10:00"));
+  EXPECT_THAT(Times({68, 70}, 75), ElementsAre(u"1:08", u"1:09", u"1:10"));
   EXPECT_EQ(TimeTicks({0, 600}, Wide(120)).Form, u"min:s");
 }
 
 TEST(AxisTicks, HoursLeaveOutSecondsThatAreAllNull) {
   EXPECT_THAT(Times({0, 7200}, 230), ElementsAre(u"0:00", u"0:30", u"1:00", u"1:30", u"2:00"));
   EXPECT_EQ(TimeTicks({0, 7200}, Wide(230)).Form, u"h:min");
+  EXPECT_THAT(Times({3600, 3720}, 150), ElementsAre(u"1:00", u"1:01", u"1:02"));
+  EXPECT_EQ(TimeTicks({3600, 3720}, Wide(150)).Form, u"h:min");
   EXPECT_THAT(Times({3600, 3660}, 150), ElementsAre(u"1:00:00", u"1:00:30", u"1:01:00"));
   EXPECT_EQ(TimeTicks({3600, 3660}, Wide(150)).Form, u"h:min:s");
   EXPECT_THAT(Times({0, 172'800}, 150), ElementsAre(u"0:00", u"24:00", u"48:00"));

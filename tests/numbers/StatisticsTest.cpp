@@ -56,9 +56,12 @@ TEST(Statistics, ALargeOffsetTakesNothingFromTheDeviation) {
 }
 
 TEST(Statistics, EqualValuesDoNotDeviate) {
-  const std::vector<double> values(1'000'001, 0.1);
+  const std::vector<double> values(10'001, 0.1);
   EXPECT_EQ(StatisticsOf(values).Mean, 0.1);
   EXPECT_EQ(StatisticsOf(values).StandardDeviation, 0);
+  const double three[] = {0.003, 0.003, 0.003}; // of which a third of the sum is another double
+  EXPECT_EQ(StatisticsOf(three).Mean, 0.003);
+  EXPECT_EQ(StatisticsOf(three).StandardDeviation, 0);
 }
 
 TEST(Statistics, SmallValuesCountBesideLargeOnes) {

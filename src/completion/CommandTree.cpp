@@ -46,12 +46,12 @@ void CommandTree::Enter(const scpi::HeaderPattern& header, Leaf Node::*leaf, std
   std::vector<Node*> way;
   Node* node = &m_nodes.front();
   for (const scpi::PatternNode& pattern : header.Nodes()) {
+    way.push_back(node);
     node = Child(*node, pattern);
     if (node == nullptr) return;
-    way.push_back(node);
   }
   (node->*leaf).Rank = std::min((node->*leaf).Rank, rank);
-  for (Node* each : way) each->Rank = std::min(each->Rank, rank);
+  for (Node* each : way) each->Below = std::min(each->Below, rank);
 }
 
 /// The node below that was written like this, which is made if there is none; a null pointer if there is no room for

@@ -31,7 +31,7 @@ public:
     std::size_t Number = 0; ///< in the order in which they came
     scpi::PatternNode Pattern;
     scpi::Mnemonic Keyword{""};
-    std::size_t Rank = NoRank; ///< the lowest of what ends at it or below
+    std::size_t Below = NoRank; ///< the lowest rank of what ends below it
     Leaf Command;
     Leaf Query;
     /// The nodes below, by their short and their long form.

@@ -211,7 +211,6 @@ void LineEnd::OfferNode(const Node& node, std::string_view typed) {
 void LineEnd::OfferEnds(const Node& node, const std::string& text, std::optional<std::uint32_t> suffix) {
   std::size_t command = CommandTree::NoRank;
   std::size_t query = CommandTree::NoRank;
-  std::size_t below = CommandTree::NoRank;
   std::string parameters;
   std::string queryParameters;
   const auto better = [this](std::size_t& rank, std::string& words, const CommandTree::Leaf& leaf) {
@@ -222,9 +221,6 @@ void LineEnd::OfferEnds(const Node& node, const std::string& text, std::optional
   for (const Node* place : CommandTree::Behind(node)) {
     better(command, parameters, place->Command);
     better(query, queryParameters, place->Query);
-    for (const auto& [name, nodes] : place->ByName) {
-      for (const Node* next : nodes) below = std::min(below, next->Rank);
-    }
   }
   const auto add = [&](std::size_t rank, int kind, std::string_view mark, const std::string& words) {
     if (rank == CommandTree::NoRank) return;
@@ -237,7 +233,7 @@ void LineEnd::OfferEnds(const Node& node, const std::string& text, std::optional
   };
   add(command, 0, "", parameters);
   add(query, 1, "?", queryParameters);
-  add(below, 2, ":", "");
+  add(node.Below, 2, ":", "");
 }
 
 void LineEnd::CompleteParameter(std::string_view unit) {

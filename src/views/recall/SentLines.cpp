@@ -73,8 +73,8 @@ void SentLines::IsKept(bool newValue) {
 
 void SentLines::Note(std::optional<String> fault) {
   if (fault == m_lastFault) return;
-  m_fault = fault;
-  m_lastFault = std::move(fault);
+  m_lastFault = fault;
+  if (!m_fault || !fault) m_fault = std::move(fault); // what came first is why the rest fails
 }
 
 std::optional<String> SentLines::TakeFault() { return std::exchange(m_fault, std::nullopt); }

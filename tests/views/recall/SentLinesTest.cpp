@@ -199,6 +199,16 @@ TEST_F(SentLinesTest, AFaultIsToldOnce) {
   EXPECT_EQ(sent.TakeFault(), u"It cannot be written.");
 }
 
+TEST_F(SentLinesTest, TheFirstFaultIsToldWhereSeveralWait) {
+  File->Fault = u"It cannot be read.";
+  SentLines sent;
+  File->Fault = u"It cannot be written.";
+  sent.Add(u"one");
+  Pass(1000ms);
+  EXPECT_EQ(sent.TakeFault(), u"It cannot be read.");
+  EXPECT_EQ(sent.TakeFault(), std::nullopt);
+}
+
 TEST_F(SentLinesTest, WithoutAFileTheyLastAsLongAsTheProgram) {
   gSentLinesFile.reset();
   SentLines sent;

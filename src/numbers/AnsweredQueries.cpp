@@ -20,8 +20,9 @@ void AnsweredQueries::Add(StringView query, StringView answer, double seconds) {
   const std::size_t count = values == nullptr ? 0 : values->size();
   answers.MostNumbers = std::max(answers.MostNumbers, count);
   answers.Curves.resize(std::min(answers.MostNumbers, MostCurves));
-  for (std::size_t i = 0; i < answers.Curves.size(); ++i)
+  for (std::size_t i = 0; i < answers.Curves.size(); ++i) {
     answers.Curves[i].Append(seconds, i < count ? (*values)[i] : Gap);
+  }
 }
 
 AnsweredQueries::Answers& AnsweredQueries::Remember(StringView query) {

@@ -93,7 +93,8 @@ public:
     const int thousands = decade >= 0 ? decade / 3 : -((2 - decade) / 3);
     m_prefixed = std::abs(thousands) <= Most;
     m_decade = m_prefixed ? 3 * thousands : decade;
-    if (m_prefixed && thousands != 0) m_prefix = Prefixes[static_cast<std::size_t>(thousands + Most)];
+    const int prefix = thousands + Most;
+    if (m_prefixed && thousands != 0) m_prefix = Prefixes[static_cast<std::size_t>(prefix)];
   }
 
   String operator()(double tick, const Step& step) const {

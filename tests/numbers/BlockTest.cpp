@@ -78,8 +78,9 @@ TEST(Block, BytesAreFoundWhereTheyStand) {
 }
 
 TEST(Block, ADigitBehindTheHashTellsABlockFromANumber) {
-  for (const StringView text : {u"#15hello", u"#0", u" #9", u"\r\n#1"})
+  for (const StringView text : {u"#15hello", u"#0", u" #9", u"\r\n#1"}) {
     EXPECT_TRUE(LooksLikeBlock(text)) << ToUtf8(text);
+  }
   for (const StringView text : {u"", u"#", u"#H1", u"1", u"15#0", u" #", u"\u0123#1"}) {
     EXPECT_FALSE(LooksLikeBlock(text)) << ToUtf8(text);
   }

@@ -32,6 +32,7 @@
 #include "ui/commands/InstrumentCommands.h"
 #include "ui/commands/LogCommands.h"
 #include "ui/commands/MergeCommands.h"
+#include "ui/commands/NoteCommands.h"
 #include "ui/commands/PrintCommands.h"
 #include "ui/commands/ReadingCommands.h"
 #include "ui/commands/RecallCommands.h"
@@ -188,12 +189,12 @@ Rows CSCPIInstHndlrRegistrar::Rows() const {
 }
 
 Rows ViewAndDataRegistrar::Rows() const {
-  static constexpr std::array rows = {&CtorFind,          &CtorFindNext,       &CtorFindPrevious, &CtorZoomIn,
-                                      &CtorZoomOut,       &CtorActualSize,     &CtorRunGuard,     &CtorStopAtErrors,
-                                      &CtorSetTimeout,    &CtorClearDevice,    &CtorGoToLocal,    &CtorNextError,
-                                      &CtorPreviousError, &CtorListErrors,     &CtorSentLines,    &CtorLineRecall,
-                                      &CtorTakenLines,    &CtorEarlierLine,    &CtorLaterLine,    &CtorPutBackLastRun,
-                                      &CtorKeepSentLines, &CtorForgetSentLines};
+  static constexpr std::array rows = {&CtorFind,          &CtorFindNext,        &CtorFindPrevious, &CtorZoomIn,
+                                      &CtorZoomOut,       &CtorActualSize,      &CtorRunGuard,     &CtorStopAtErrors,
+                                      &CtorSetTimeout,    &CtorClearDevice,     &CtorGoToLocal,    &CtorNextError,
+                                      &CtorPreviousError, &CtorListErrors,      &CtorSentLines,    &CtorLineRecall,
+                                      &CtorTakenLines,    &CtorEarlierLine,     &CtorLaterLine,    &CtorPutBackLastRun,
+                                      &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks, &CtorTimeStamps};
   return rows;
 }
 

@@ -256,6 +256,11 @@ void RichTextModel::GoToLine(std::int32_t line) {
   Select(m_lines.PositionOf({number, 0}), static_cast<std::int64_t>(m_lines[number].Text.size()));
 }
 
+void RichTextModel::ShowNotes(const Ref<ILineNotes>& notes) {
+  m_notes = notes;
+  OnMarks();
+}
+
 void RichTextModel::MoveMarks(Place from, Place to, std::size_t lines) {
   const std::size_t first = from.Offset == 0 ? from.Line : from.Line + 1; // what stays of a line keeps its mark
   const bool isMoved = m_marks.Replace(first, to.Line - from.Line, lines - 1);

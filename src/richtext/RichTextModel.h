@@ -43,6 +43,8 @@ public:
   void ClearMarks() override;
   std::vector<std::int32_t> MarkedLines() const override;
   void GoToLine(std::int32_t line) override;
+  void ShowNotes(const Ref<ILineNotes>& notes) override;
+  Ref<ILineNotes> Notes() const override { return m_notes; }
 
 protected:
   using Place = RichTextLines::Place;
@@ -54,7 +56,7 @@ protected:
   virtual void OnLines(std::size_t /*first*/, std::size_t /*before*/, std::size_t /*after*/) {}
   /// The selection has been set, or what would be typed looks different.
   virtual void OnSelection() {}
-  /// A line has been marked, or a mark has moved or gone.
+  /// A line has been marked, a mark has moved or gone, or the notes are others.
   virtual void OnMarks() {}
 
   const Formatting& Standard() const { return m_standard; }
@@ -91,6 +93,7 @@ private:
   Formatting m_standard;
   RichTextLines m_lines;
   richtext::MarkedLines m_marks;
+  Ref<ILineNotes> m_notes;
   std::int64_t m_start = 0;
   std::int64_t m_length = 0;                    // as it was set
   std::optional<CharacterFormat> m_caretFormat; // if it is not that of the text

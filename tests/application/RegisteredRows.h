@@ -95,6 +95,8 @@ inline constexpr std::array RegisteredRows = {
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorPutBackLastRun", u"PutBackLastRun", 0},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorKeepSentLines", u"KeepSentLines", 0},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorForgetSentLines", u"ForgetSentLines", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorSessionMarks", u"SessionMarks", 1},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorTimeStamps", u"TimeStamps", 1},
 };
 
 } // namespace portico::test

@@ -57,6 +57,37 @@ TEST_P(LineMarksContract, AreNoPartOfTextLooksAndCopies) {
   EXPECT_EQ(changes, 0);
 }
 
+class SomeNotes final : public ILineNotes {
+public:
+  StringView ClassName() const override { return u"SomeNotes"; }
+  std::vector<String> Widest() const override { return {u"note"}; }
+  LineNote NoteOf(std::int32_t /*line*/) const override {
+    return {.Columns = {u"note"}, .Begins = true, .Told = u"told"};
+  }
+};
+
+TEST_P(LineMarksContract, NotesAreNoPartOfTextLooksAndCopies) {
+  Select(5, 8);
+  const String rtf = box->SelRTF();
+  const String whole = box->TextRTF();
+  EXPECT_FALSE(Marks.Notes());
+  const Ref<ILineNotes> notes = New<SomeNotes>();
+  Marks.ShowNotes(notes);
+  EXPECT_TRUE(IsSameObject(Marks.Notes(), notes));
+  EXPECT_EQ(box->SelStart(), 5);
+  EXPECT_EQ(box->SelLength(), 8);
+  EXPECT_EQ(box->SelRTF(), rtf);
+  EXPECT_EQ(box->TextRTF(), whole);
+  EXPECT_EQ(box->Text(), u"one\r\ntwo\r\n\r\nfour\r\n");
+  EXPECT_EQ(box->Find(u"note", 0), -1);
+  EXPECT_THAT(Marked(), ElementsAre());
+  box->Text(u"other");
+  EXPECT_TRUE(Marks.Notes());
+  Marks.ShowNotes({});
+  EXPECT_FALSE(Marks.Notes());
+  EXPECT_EQ(changes, 1) << "that of the text";
+}
+
 TEST_P(LineMarksContract, StayWhereTextComesBehindThem) {
   Marks.MarkLine(5);
   Put(box->TextLength(), 0, u"five\r\nsix\r\n");

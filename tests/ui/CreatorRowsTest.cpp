@@ -7,6 +7,7 @@
 #include "ui/commands/ErrorCommands.h"
 #include "ui/commands/InstrumentCommands.h"
 #include "ui/commands/MergeCommands.h"
+#include "ui/commands/NoteCommands.h"
 #include "ui/commands/PrintCommands.h"
 #include "ui/commands/ReadingCommands.h"
 #include "ui/commands/RecallCommands.h"
@@ -74,6 +75,11 @@ TEST_F(CreatorRowsTest, ErrorCommands) {
   Expect(CtorNextError, u"CtorNextError", u"NextError", 2);
   Expect(CtorPreviousError, u"CtorPreviousError", u"PreviousError", 2);
   Expect(CtorListErrors, u"CtorListErrors", u"ListErrors", 2);
+}
+
+TEST_F(CreatorRowsTest, NoteCommands) {
+  Expect(CtorSessionMarks, u"CtorSessionMarks", u"SessionMarks", 1);
+  Expect(CtorTimeStamps, u"CtorTimeStamps", u"TimeStamps", 1);
 }
 
 TEST_F(CreatorRowsTest, RecallCommands) {

@@ -6,6 +6,7 @@
 #include "ui/commands/ErrorCommands.h"
 #include "ui/commands/LogCommands.h"
 #include "ui/commands/MergeCommands.h"
+#include "ui/commands/NoteCommands.h"
 #include "ui/commands/PrintCommands.h"
 #include "ui/commands/ReadingCommands.h"
 #include "views/CSCPIView.h"
@@ -19,10 +20,10 @@ LogFixture::LogFixture() {
   gScratchArea = Main;
   gCommonDialog = Dialog;
   for (const CreatorRow* row :
-       {&CtorXMLDataStore, &CtorReportLogger, &CtorNewLogFile, &CtorToggleLogging, &CtorViewLogFile,
-        &CtorSCPIView,     &CtorMerge,        &CtorMergeFrom,  &CtorCopy,          &CtorPrint,
-        &CtorPrintSetup,   &CtorFind,         &CtorFindNext,   &CtorFindPrevious,  &CtorZoomIn,
-        &CtorZoomOut,      &CtorActualSize,   &CtorNextError,  &CtorPreviousError, &CtorListErrors}) {
+       {&CtorXMLDataStore,  &CtorReportLogger, &CtorNewLogFile,   &CtorToggleLogging, &CtorViewLogFile, &CtorSCPIView,
+        &CtorMerge,         &CtorMergeFrom,    &CtorCopy,         &CtorPrint,         &CtorPrintSetup,  &CtorFind,
+        &CtorFindNext,      &CtorFindPrevious, &CtorZoomIn,       &CtorZoomOut,       &CtorActualSize,  &CtorNextError,
+        &CtorPreviousError, &CtorListErrors,   &CtorSessionMarks, &CtorTimeStamps}) {
     gObjectFactory->Add(MakeCreator(*row));
   }
   Configuration->Items = {{u"LogFileName", u""}, {u"Logging", u"On"}};

@@ -278,9 +278,11 @@ class CXMLDataStore::Filler final : public ILogVisitor {
 public:
   Filler(const CXMLDataStore& store, CDataFIFO& fifo) : m_store(store), m_fifo(fifo) {}
 
+  void SessionOpened(const LogElement& session) override { LogWatch::TellSession(session); }
+
   void Entity(const LogElement& entity) override {
     m_fifo.Enqueue(m_store.ElementToDataEntity(&entity, *this));
-    LogWatch::TellEntity();
+    LogWatch::TellEntity(entity);
   }
 
   /// Nearly all elements bear the same few attributes.

@@ -20,8 +20,12 @@ void LogWatch::TellBytes(std::uint64_t done, std::uint64_t total) {
   watcher->BytesRead(done, total);
 }
 
-void LogWatch::TellEntity() {
-  if (watching != nullptr) watching->EntityRead();
+void LogWatch::TellSession(const LogElement& session) {
+  if (watching != nullptr) watching->SessionRead(session);
+}
+
+void LogWatch::TellEntity(const LogElement& entity) {
+  if (watching != nullptr) watching->EntityRead(entity);
 }
 
 void LogWatch::TellMissingEnd(const LogReading& reading) {

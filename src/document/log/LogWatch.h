@@ -4,6 +4,7 @@
 
 namespace portico {
 
+struct LogElement;
 struct LogReading;
 
 /// Is told how far the reading of a log has come, and may use the program meanwhile. What it throws ends the reading
@@ -13,8 +14,10 @@ public:
   virtual ~ILogWatcher() = default;
   /// Called before each piece of a pass over the file, first with 0. A log may be read in more passes than one.
   virtual void BytesRead(std::uint64_t done, std::uint64_t total) = 0;
-  /// An entity has been put into the container that is being filled.
-  virtual void EntityRead() = 0;
+  /// A session begins in the log from which a container is being filled.
+  virtual void SessionRead(const LogElement& /*session*/) {}
+  /// An entity has been put into that container.
+  virtual void EntityRead(const LogElement& entity) = 0;
   /// Behind the filling: the log is torn, and nobody is writing it.
   virtual void EndIsMissing(const LogReading& reading) = 0;
 };
@@ -29,7 +32,8 @@ public:
   LogWatch& operator=(const LogWatch&) = delete;
 
   static void TellBytes(std::uint64_t done, std::uint64_t total);
-  static void TellEntity();
+  static void TellSession(const LogElement& session);
+  static void TellEntity(const LogElement& entity);
   static void TellMissingEnd(const LogReading& reading);
 
 private:

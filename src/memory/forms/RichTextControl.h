@@ -57,6 +57,8 @@ public:
   void ClearMarks() override { m_box->ClearMarks(); }
   std::vector<std::int32_t> MarkedLines() const override { return m_box->MarkedLines(); }
   void GoToLine(std::int32_t line) override { m_box->GoToLine(line); }
+  void ShowNotes(const Ref<ILineNotes>& notes) override { m_box->ShowNotes(notes); }
+  Ref<ILineNotes> Notes() const override { return m_box->Notes(); }
 
   void OpenFind() override;
   void FindNext() override;

@@ -54,6 +54,7 @@ private:
   const richtext::MarkedLines& Marks() const override { return RichTextEditor::Marks(); }
   std::size_t LineCount() const override { return Lines().Count(); }
   std::optional<std::size_t> LineOf(int block) const override { return ShownLine(block); }
+  Ref<ILineNotes> LineNotes() const override { return Notes(); }
   void OnMarks() override;
 
   void OnUserChange() override;
@@ -62,7 +63,7 @@ private:
   void OnMouseUp(const MouseEvent& event) override;
 
   QPointer<TextView> m_widget;
-  QPointer<MarkMargin> m_margin; // made with the first mark
+  QPointer<MarkMargin> m_margin; // made with the first mark or note
   bool m_tabStop = true;
   Event<> m_gotFocus;
   Event<> m_lostFocus;

@@ -12,6 +12,7 @@ class IForm;
 class IIteratableObject;
 class IIterator;
 class IPrintable;
+class LogNotes;
 
 // What the user can do, one command for each; `modAppGlobals::EventHandler` is the road to them. The keys stand apart
 // from the classes, since the windows that ask for a command are themselves what commands work on.
@@ -61,6 +62,10 @@ inline constexpr ClassKey<ICommand, Ref<ErrorMarks>, Ref<IForm>> NextError{u"Nex
 inline constexpr ClassKey<ICommand, Ref<ErrorMarks>, Ref<IForm>> PreviousError{u"PreviousError"};
 /// Lists them in a dialog, and goes to the one that is chosen.
 inline constexpr ClassKey<ICommand, Ref<ErrorMarks>, Ref<IForm>> ListErrors{u"ListErrors"};
+
+// Turn on or off what a log viewer shows beside its text.
+inline constexpr ClassKey<ICommand, Ref<LogNotes>> SessionMarks{u"SessionMarks"};
+inline constexpr ClassKey<ICommand, Ref<LogNotes>> TimeStamps{u"TimeStamps"};
 
 /// Turns stopping at errors on or off.
 inline constexpr ClassKey<ICommand> StopAtErrors{u"StopAtErrors"};

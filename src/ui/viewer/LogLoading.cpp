@@ -37,8 +37,8 @@ void LogProgress::Tell(double share) {
   if (!gProgress->Step(share, 1)) HuntERR::Raise(ErrorNumber::WorkGivenUp, u"LogLoading", u"The log was not opened.");
 }
 
-LogLoading::LogLoading(const String& FileName)
-    : m_progress(FileName), m_fileName(FileName), m_watch(std::in_place, this) {}
+LogLoading::LogLoading(const String& FileName, LogNotes& notes)
+    : m_progress(FileName), m_notes(notes), m_fileName(FileName), m_watch(std::in_place, this) {}
 
 LogLoading::~LogLoading() {
   if (m_container) m_container->OnAdd.Disconnect(m_added);
@@ -56,6 +56,13 @@ void LogLoading::BytesRead(std::uint64_t done, std::uint64_t total) {
   const double to = m_pass < 2 ? CheckedShare : ReadShare;
   const double part = total == 0 ? 1 : static_cast<double>(done) / static_cast<double>(total);
   LogProgress::Tell(from + (to - from) * std::min(part, 1.0));
+}
+
+void LogLoading::SessionRead(const LogElement& session) { m_notes.SessionRead(session); }
+
+void LogLoading::EntityRead(const LogElement& entity) {
+  ++m_read;
+  m_notes.EntityRead(entity);
 }
 
 void LogLoading::EndIsMissing(const LogReading& reading) {

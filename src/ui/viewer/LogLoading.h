@@ -2,6 +2,7 @@
 
 #include "document/entities/CDataFIFO.h"
 #include "document/log/LogWatch.h"
+#include "ui/viewer/LogNotes.h"
 
 #include <optional>
 
@@ -24,7 +25,8 @@ public:
 /// see whether it is a log, then its first entities are shown one by one. May raise `WorkGivenUp` at each step.
 class LogLoading final : public ILogWatcher {
 public:
-  explicit LogLoading(const String& FileName);
+  /// The notes are told of what is read; they must outlive this.
+  LogLoading(const String& FileName, LogNotes& notes);
   ~LogLoading() override;
   LogLoading(const LogLoading&) = delete;
   LogLoading& operator=(const LogLoading&) = delete;
@@ -36,13 +38,15 @@ public:
   const String& Warning() const { return m_warning; }
 
   void BytesRead(std::uint64_t done, std::uint64_t total) override;
-  void EntityRead() override { ++m_read; }
+  void SessionRead(const LogElement& session) override;
+  void EntityRead(const LogElement& entity) override;
   void EndIsMissing(const LogReading& reading) override;
 
 private:
   void EntityShown();
 
   LogProgress m_progress;
+  LogNotes& m_notes;
   String m_fileName;
   String m_warning;
   std::optional<LogWatch> m_watch; // until all is read

@@ -22,13 +22,19 @@ constexpr std::array MenusBeforeView = {
     MenuDesign{.Name = u"mnuCopyto", .Caption = u"2040", .Parent = u"mnuEdit", .Visible = false},
 };
 
+constexpr std::array NotesMenu = {
+    MenuDesign{.Name = u"mnuNotesBar", .Caption = BarCaption, .Parent = u"mnuView"},
+    MenuDesign{.Name = u"mnuSessionMarks", .Caption = u"10110", .Parent = u"mnuView"},
+    MenuDesign{.Name = u"mnuTimeStamps", .Caption = u"10111", .Parent = u"mnuView"},
+};
+
 constexpr std::array HelpMenu = {
     MenuDesign{.Name = u"mnuHelp", .Caption = u"9000"},
     MenuDesign{.Name = u"mnuHelpTopics", .Caption = u"9010", .Parent = u"mnuHelp", .Visible = false},
     MenuDesign{.Name = u"mnuHelpAbout", .Caption = u"9040", .Parent = u"mnuHelp"},
 };
 
-constexpr auto Menus = Joined(MenusBeforeView, ViewMenu, HelpMenu);
+constexpr auto Menus = Joined(MenusBeforeView, ViewMenu, NotesMenu, HelpMenu);
 
 constexpr std::array ToolButtons = {
     ToolButtonDesign{.Key = u"Print", .ToolTipText = u"8060", .Image = u"Print"},

@@ -94,6 +94,7 @@ void frmViewLog::Connect() {
     return self && self->m_errors ? modGlobals::VarArray(self->m_errors->Marks(), self->m_form) : Params();
   });
   EnableItems(*m_form, ErrorItems, false); // until there is one
+  ConnectNotes();
   tbToolBar().ButtonClick().Connect([weak = weak_from_this()](IToolButton& button) {
     if (const auto self = weak.lock()) self->tbToolBar_ButtonClick(button);
   });
@@ -103,6 +104,18 @@ void frmViewLog::Connect() {
   m_tmrLoad = gEventLoop->MakeTimer();
   m_tmrLoad->Interval(1);
   On(m_tmrLoad->Timer(), &frmViewLog::tmrLoad_Timer);
+}
+
+void frmViewLog::ConnectNotes() {
+  m_notes = New<LogNotes>();
+  On(m_notes->Changed, &frmViewLog::ShowNotes);
+  ConnectCommands(*m_form, NoteItems, [notes = m_notes] { return modGlobals::VarArray(notes); });
+}
+
+void frmViewLog::ShowNotes() {
+  Menu(u"mnuSessionMarks").Checked(m_notes->ShowsSessions());
+  Menu(u"mnuTimeStamps").Checked(m_notes->ShowsStamps());
+  txtPast().ShowNotes(m_notes);
 }
 
 bool frmViewLog::Form_Load() {
@@ -115,6 +128,7 @@ bool frmViewLog::Form_Load() {
     txtPast().Text({});
     givenUp = !RunUnlessGivenUp([this] { LoadLog(); });
     if (!givenUp) HideWhatIsNotOffered();
+    ShowNotes();
   });
   return !givenUp;
 }
@@ -133,7 +147,8 @@ void frmViewLog::LoadLog() try {
   m_view = Create(Class::SCPIView, SharedText());
   const auto queue = m_view->Instructions();
   MarkErrors(queue);
-  LogLoading loading(m_fileName);
+  m_shownNotes = std::make_unique<ShownNotes>(SharedText(), queue, m_notes);
+  LogLoading loading(m_fileName, *m_notes);
   m_showing = std::make_unique<LogShowing>(SharedText(), queue, m_fileName, iterator);
   m_warning = loading.Warning();
   loading.Follow(queue);
@@ -223,6 +238,7 @@ void frmViewLog::Form_Unload() {
     StopLoading();
     m_view = nullptr;
     m_errors = nullptr;
+    m_shownNotes = nullptr;
   });
 }
 

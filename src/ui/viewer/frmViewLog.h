@@ -6,6 +6,7 @@
 #include "platform/IToolBar.h"
 #include "ui/viewer/LogShowing.h"
 #include "ui/viewer/ShownErrors.h"
+#include "ui/viewer/ShownNotes.h"
 #include "views/CSCPIView.h"
 
 #include <memory>
@@ -59,6 +60,8 @@ private:
   void StopLoading();
   void HideWhatIsNotOffered();
   void MarkErrors(const Ref<CDataFIFO>& queue);
+  void ConnectNotes();
+  void ShowNotes();
   void Form_Resize();
   void Form_Activate();
   void Form_KeyDown();
@@ -90,6 +93,8 @@ private:
   Ref<CSCPIView> m_view;
   std::unique_ptr<LogShowing> m_showing; // until all is shown
   std::unique_ptr<ShownErrors> m_errors; // from the loading on
+  Ref<LogNotes> m_notes;
+  std::unique_ptr<ShownNotes> m_shownNotes; // from the loading on
   std::unique_ptr<ITimer> m_tmrKey;
   std::unique_ptr<ITimer> m_tmrLoad;
 };

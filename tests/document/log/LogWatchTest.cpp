@@ -21,7 +21,7 @@ public:
     if (isEdge || TellsAll) m_journal.push_back(m_name + std::to_string(done) + " of " + std::to_string(total));
     if (OnBytes) OnBytes();
   }
-  void EntityRead() override { m_journal.push_back(m_name + "entity"); }
+  void EntityRead(const LogElement& /*entity*/) override { m_journal.push_back(m_name + "entity"); }
   void EndIsMissing(const LogReading& reading) override {
     m_journal.push_back(m_name + "no end " + (reading.InSession ? "in " : "behind ") +
                         std::to_string(reading.Sessions) + ", " + reading.LastOpenStamp);

@@ -88,6 +88,52 @@ class Logs(WindowCase):
         for query in ("*IDN?", "*STB?", "*ESR?"):
             self.assertEqual(text.text.count(query), 1, query)
 
+    def test_sessions_and_stamps_are_shown_beside_the_text(self):
+        path = os.path.join(self.desktop.home, "two.log")
+        for query in ("*IDN?", "*OPT?"):
+            subprocess.run(
+                [os.environ["PORTICO_RUN"], "--quiet", "--log", path, "SIM::dmm::INSTR"],
+                input=query + "\n", text=True, check=True,
+            )
+        with open(path, encoding="utf-8") as log:
+            stamps = [stamp.replace("T", " ") for stamp in re.findall(r' Timestamp="([^".]+)', log.read())]
+        portico = self.open(self.simulator().name)
+        text = self.view(portico, path)
+        whole = text.text
+        self.assertEqual(text.description, "")
+        portico.key("ctrl+Home")
+        portico.key("alt+v")
+        portico.key("k")  # Session Marks
+        portico.wait(lambda: text.description.startswith("Session 1, opened "), "the session of the first line")
+        portico.key("alt+v")
+        portico.key("m")  # Time Stamps
+        portico.wait(lambda: text.description.endswith("; " + stamps[0]), "the stamp of the first line")
+        for _ in range(whole[: whole.index("*OPT?")].count("\n")):
+            portico.key("Down")
+        portico.wait(lambda: text.description.startswith("Session 2, opened "), "the other session")
+        self.assertEqual(text.text, whole)
+        portico.key("alt+f")
+        portico.key("c")
+        portico.wait_until_closed("Log Viewer")
+
+        text = self.view(portico, path)  # another viewer shows what this one showed
+        portico.key("ctrl+Home")
+        portico.wait(lambda: text.description.startswith("Session "), "the session of the caret's line")
+        portico.key("alt+v")
+        portico.key("k")
+        portico.wait(lambda: text.description == stamps[0], "the stamp alone")
+        portico.key("alt+v")
+        portico.key("m")
+        portico.wait(lambda: text.description == "", "nothing beside the text")
+
+    def view(self, portico, path):
+        portico.choose("File", "View Log...")
+        portico.choose_file("Select a log file", path)
+        viewer = portico.window(f"Log Viewer - {path}")
+        text = portico.find("txtPast", "text", within=viewer)
+        portico.wait(lambda: "*OPT?" in text.text, "the log in the viewer")
+        return text
+
     def test_a_file_that_is_no_log_is_refused(self):
         path = os.path.join(self.desktop.home, "notes.log")
         with open(path, "w", encoding="utf-8") as notes:
@@ -110,6 +156,10 @@ class Logs(WindowCase):
         portico.key("Escape")
         portico.wait_until_closed("Open a log file")
         self.assertTrue(portico.item("New Log...").enabled)
+
+
+class LogsAtDoubleScale(Logs):
+    scale = 2
 
 
 if __name__ == "__main__":

@@ -47,6 +47,8 @@ public:
   void ClearMarks() override {}
   std::vector<std::int32_t> MarkedLines() const override { return {}; }
   void GoToLine(std::int32_t /*line*/) override {}
+  void ShowNotes(const Ref<ILineNotes>& /*notes*/) override {}
+  Ref<ILineNotes> Notes() const override { return {}; }
   void AsUser(const std::function<void()>& edit) override { edit(); }
   void OpenFind() override {}
   void FindNext() override {}

@@ -85,6 +85,10 @@ public:
   void GoToLine(std::int32_t line) override {
     Do([&] { Box().GoToLine(line); });
   }
+  void ShowNotes(const Ref<ILineNotes>& notes) override {
+    Do([&] { Box().ShowNotes(notes); });
+  }
+  Ref<ILineNotes> Notes() const override { return Box().Notes(); }
 
 private:
   qt::RichTextBox& Box() const { return m_window->box; }

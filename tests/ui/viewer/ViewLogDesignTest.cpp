@@ -39,6 +39,9 @@ TEST_F(ViewLogDesignTest, HasItsMenus) {
                          "mnuView/mnuNextError 10070 F7",
                          "mnuView/mnuPreviousError 10071 Shift+F7",
                          "mnuView/mnuErrors 10072",
+                         "mnuView/mnuNotesBar -",
+                         "mnuView/mnuSessionMarks 10110",
+                         "mnuView/mnuTimeStamps 10111",
                          "/mnuHelp 9000",
                          "mnuHelp/mnuHelpTopics 9010 hidden",
                          "mnuHelp/mnuHelpAbout 9040"}));

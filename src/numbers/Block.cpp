@@ -24,6 +24,21 @@ bool LooksLikeBlock(StringView answer) {
   return answer.size() - start >= 2 && answer[start] == u'#' && answer[start + 1] >= u'0' && answer[start + 1] <= u'9';
 }
 
+StringView AnswerShownAs(StringView shown) {
+  if (!shown.ends_with(NewLine)) return shown;
+  const StringView answer = shown.substr(0, shown.size() - NewLine.size());
+  if (!LooksLikeBlock(shown)) return answer;
+  using State = scpi::BlockHeader::State;
+  scpi::BlockHeader header;
+  std::size_t place = SkipWhiteSpace(shown, 0);
+  auto state = State::Open;
+  while (state == State::Open && ++place < shown.size()) {
+    state = shown[place] <= u'9' ? header.Step(static_cast<char>(shown[place])) : State::None;
+  }
+  const bool endsInBlock = state == State::Definite && shown.size() - (place + 1) == header.Length();
+  return endsInBlock ? shown : answer;
+}
+
 std::variant<std::string_view, Fault> FindBlock(std::string_view answer) {
   std::size_t place = SkipWhiteSpace(answer, 0);
   if (place == answer.size() || answer[place] != '#') return Fault{place, u"The answer is no block: it has no #."};

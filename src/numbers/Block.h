@@ -11,6 +11,10 @@ namespace portico::numbers {
 /// Whether a text begins as a block does, blanks in front passed over: with `#` and a digit.
 bool LooksLikeBlock(StringView answer);
 
+/// An answer as it came, from what stands of it in a conversation: without the line end behind it, unless that is the
+/// end of a definite block's bytes.
+StringView AnswerShownAs(StringView shown);
+
 /// The bytes of the block that an answer is, as the instrument sent them: a definite one (`#<n><length><bytes>`), with
 /// nothing but white space behind it, or an indefinite one (`#0<bytes>`), which is all that follows. `answer` is
 /// without the line end that the history adds, and its characters are those that the code page has for the bytes.

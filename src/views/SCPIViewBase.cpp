@@ -125,10 +125,12 @@ void SCPIViewBase::Detach() {
 void SCPIViewBase::CaretToEnd() { m_display->SelStart(m_display->TextLength() + 1); }
 
 void SCPIViewBase::Show(const Ref<IDataEntity>& DataEntity) {
+  const std::int32_t start = m_display->SelStart();
   const String type = DataEntity->DataType();
   if (type == DataTypeName::Response) InsertHidden(ResponseMarker);
   if (type == DataTypeName::AutomaticInstruction) InsertHidden(AutomaticMarker);
   Insert(DataEntity);
+  Shown(DataEntity, start, m_display->SelStart());
 }
 
 void SCPIViewBase::InsertHidden(char16_t marker) {

@@ -19,6 +19,9 @@ public:
   /// Takes nothing off and gives nothing. Part of the contract; nothing in the program calls it.
   Ref<IDataEntity> PopNextInstruction();
 
+  /// An entity stands in the box now: from one position, its hidden mark included, to another.
+  Event<const Ref<IDataEntity>&, std::int32_t, std::int32_t> Shown;
+
 protected:
   enum class ViewState : std::int32_t { NotInitialized = 0, InStep = 1, Stale = 2 };
 

@@ -25,6 +25,25 @@ TEST(Block, IndefiniteBlockIsAllThatFollows) {
   EXPECT_EQ(Read(u"#0"), "");
 }
 
+TEST(Block, ConversationPutsALineEndBehindAnAnswerThatHasNone) {
+  EXPECT_EQ(AnswerShownAs(u"+1.5\r\n"), u"+1.5");
+  EXPECT_EQ(AnswerShownAs(u"#15hello\r\n"), u"#15hello");
+  EXPECT_EQ(AnswerShownAs(u"#0hello\r\n"), u"#0hello");
+  EXPECT_EQ(AnswerShownAs(u"one\r\ntwo\r\n"), u"one\r\ntwo");
+  EXPECT_EQ(AnswerShownAs(u"\r\n"), u"");
+  EXPECT_EQ(AnswerShownAs(u"+1.5"), u"+1.5");
+  EXPECT_EQ(AnswerShownAs(u""), u"");
+}
+
+TEST(Block, LineEndThatABlockEndsInIsItsOwn) {
+  EXPECT_EQ(AnswerShownAs(u"#15abc\r\n"), u"#15abc\r\n");
+  EXPECT_EQ(AnswerShownAs(u" #12\r\n"), u" #12\r\n");
+  EXPECT_EQ(AnswerShownAs(u"#13abc\r\n"), u"#13abc") << "which is whole without it";
+  EXPECT_EQ(AnswerShownAs(u"#16abc\r\n"), u"#16abc") << "which is torn";
+  EXPECT_EQ(AnswerShownAs(u"#1\r\n"), u"#1");
+  EXPECT_EQ(AnswerShownAs(u"#1\u0135ab\r\n"), u"#1\u0135ab");
+}
+
 TEST(Block, WhiteSpaceStandsAroundABlockAndInIt) { EXPECT_EQ(Read(u" \t#15 a\nb \r\n"), " a\nb "); }
 
 TEST(Block, AllBytesComeBackFromTheText) {

@@ -36,6 +36,7 @@
 #include "ui/commands/PrintCommands.h"
 #include "ui/commands/ReadingCommands.h"
 #include "ui/commands/RecallCommands.h"
+#include "ui/commands/RepeatCommand.h"
 #include "ui/dialogs/frmTVSCPIOptions.h"
 #include "views/CRun.h"
 #include "views/CSCPIViewHistory.h"
@@ -189,12 +190,12 @@ Rows CSCPIInstHndlrRegistrar::Rows() const {
 }
 
 Rows ViewAndDataRegistrar::Rows() const {
-  static constexpr std::array rows = {&CtorFind,          &CtorFindNext,        &CtorFindPrevious, &CtorZoomIn,
-                                      &CtorZoomOut,       &CtorActualSize,      &CtorRunGuard,     &CtorStopAtErrors,
-                                      &CtorSetTimeout,    &CtorClearDevice,     &CtorGoToLocal,    &CtorNextError,
-                                      &CtorPreviousError, &CtorListErrors,      &CtorSentLines,    &CtorLineRecall,
-                                      &CtorTakenLines,    &CtorEarlierLine,     &CtorLaterLine,    &CtorPutBackLastRun,
-                                      &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks, &CtorTimeStamps};
+  static constexpr std::array rows = {
+      &CtorFind,          &CtorFindNext,        &CtorFindPrevious,  &CtorZoomIn,     &CtorZoomOut,
+      &CtorActualSize,    &CtorRunGuard,        &CtorStopAtErrors,  &CtorSetTimeout, &CtorClearDevice,
+      &CtorGoToLocal,     &CtorNextError,       &CtorPreviousError, &CtorListErrors, &CtorSentLines,
+      &CtorLineRecall,    &CtorTakenLines,      &CtorEarlierLine,   &CtorLaterLine,  &CtorPutBackLastRun,
+      &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks,  &CtorTimeStamps, &CtorRepeat};
   return rows;
 }
 

@@ -1,8 +1,7 @@
 #include "terminal/RunTurns.h"
 
-#include "platform/IEventLoop.h"
+#include "views/TurnWait.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace portico::terminal {
@@ -27,15 +26,7 @@ bool RunTurns::WaitForNext() {
 
 bool RunTurns::WaitUntil(TimePoint moment) {
   if (m_now() < moment) Waits(moment);
-  const auto timer = gEventLoop->MakeTimer();
-  while (!m_interrupts.Requested()) {
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(moment - m_now()).count();
-    if (left <= 0) return true;
-    timer->Interval(static_cast<std::int32_t>(std::min<std::int64_t>(left, LongestInterval)));
-    timer->Enabled(true);
-    gEventLoop->WaitForEvent();
-  }
-  return false;
+  return portico::WaitUntil(moment, m_now, [this] { return m_interrupts.Requested(); });
 }
 
 std::string RunTurns::Mark() const {

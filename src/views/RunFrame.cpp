@@ -14,10 +14,21 @@ void RunFrame::RunToCursor() { RunLines(aCmdCursorRunner); }
 
 void RunFrame::RunLines(LineRunner& runner) {
   Prepare(runner);
+  Begin();
+  TakeLines(runner);
+  End();
+}
+
+void RunFrame::Surround(LineRunner& runner) {
+  Begin();
+  runner.Execute();
+  End();
+}
+
+void RunFrame::Begin() {
   gMainForm->Executing(true);
   gMainForm->StopRequested(false);
   gMainForm->UpdateUI({}, {});
-  Finish(runner);
 }
 
 // The order differs: the window is brought up to date before the run counts as one.
@@ -26,7 +37,8 @@ void RunFrame::Step() {
   gMainForm->StopRequested(false);
   gMainForm->UpdateUI({}, {});
   gMainForm->Executing(true);
-  Finish(aCmdStepper);
+  TakeLines(aCmdStepper);
+  End();
 }
 
 void RunFrame::Prepare(LineRunner& runner) const {
@@ -41,11 +53,12 @@ void RunFrame::Account(const Ref<TakenLines>& newValue) {
   for (LineRunner* runner : Runners()) runner->Account(newValue);
 }
 
-void RunFrame::Finish(LineRunner& runner) {
-  {
-    const TakenLines::Run run(m_account);
-    runner.Execute();
-  }
+void RunFrame::TakeLines(LineRunner& runner) {
+  const TakenLines::Run run(m_account);
+  runner.Execute();
+}
+
+void RunFrame::End() {
   gMainForm->Executing(false);
   gMainForm->StopRequested(false);
   gMainForm->UpdateUI({}, {});

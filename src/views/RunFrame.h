@@ -18,6 +18,8 @@ public:
   void RunToCursor();
   /// While it lasts, the window still shows the idle state.
   void Step();
+  /// The frame around a runner that takes nothing off the command window.
+  void Surround(LineRunner& runner);
   /// Who keeps account of what the runs take off the command window; null, as at first, for nobody.
   void Account(const Ref<TakenLines>& newValue);
   /// Writes a remark or a blank line into the history.
@@ -31,7 +33,9 @@ public:
 private:
   void Prepare(LineRunner& runner) const;
   void RunLines(LineRunner& runner);
-  void Finish(LineRunner& runner);
+  static void Begin();
+  void TakeLines(LineRunner& runner);
+  void End();
 
   Ref<IRichTextBox> m_txtFuture;
   Ref<IRichTextBox> m_txtPast;

@@ -97,6 +97,7 @@ inline constexpr std::array RegisteredRows = {
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorForgetSentLines", u"ForgetSentLines", 0},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorSessionMarks", u"SessionMarks", 1},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorTimeStamps", u"TimeStamps", 1},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorRepeat", u"Repeat", 1},
 };
 
 } // namespace portico::test

@@ -11,6 +11,7 @@
 #include "ui/commands/PrintCommands.h"
 #include "ui/commands/ReadingCommands.h"
 #include "ui/commands/RecallCommands.h"
+#include "ui/commands/RepeatCommand.h"
 #include "ui/dialogs/frmTVSCPIOptions.h"
 
 namespace portico::test {
@@ -89,6 +90,8 @@ TEST_F(CreatorRowsTest, RecallCommands) {
   Expect(CtorKeepSentLines, u"CtorKeepSentLines", u"KeepSentLines", 0);
   Expect(CtorForgetSentLines, u"CtorForgetSentLines", u"ForgetSentLines", 0);
 }
+
+TEST_F(CreatorRowsTest, RepeatCommand) { Expect(CtorRepeat, u"CtorRepeat", u"Repeat", 1); }
 
 TEST_F(CreatorRowsTest, EachMakesItsProduct) {
   const auto product = [](const CreatorRow& row) { return ToUtf8(MakeCreator(row)->Create({})->ClassName()); };

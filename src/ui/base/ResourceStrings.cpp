@@ -115,6 +115,7 @@ constexpr std::array Table = {
     ResourceString{10233, u"&Put Back Last Run"},
     ResourceString{10234, u"&Keep Sent Lines"},
     ResourceString{10235, u"F&orget Sent Lines"},
+    ResourceString{10240, u"&Repeat..."},
     ResourceString{10260, u"&Time-out..."},
     ResourceString{10261, u"Clear &Device"},
     ResourceString{10262, u"&Go to Local"},

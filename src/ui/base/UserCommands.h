@@ -13,6 +13,7 @@ class IIteratableObject;
 class IIterator;
 class IPrintable;
 class LogNotes;
+class RepeatedRun;
 
 // What the user can do, one command for each; `modAppGlobals::EventHandler` is the road to them. The keys stand apart
 // from the classes, since the windows that ask for a command are themselves what commands work on.
@@ -66,6 +67,8 @@ inline constexpr ClassKey<ICommand, Ref<ErrorMarks>, Ref<IForm>> ListErrors{u"Li
 // Turn on or off what a log viewer shows beside its text.
 inline constexpr ClassKey<ICommand, Ref<LogNotes>> SessionMarks{u"SessionMarks"};
 inline constexpr ClassKey<ICommand, Ref<LogNotes>> TimeStamps{u"TimeStamps"};
+/// Asks how often, and runs a copy of lines of the command window so often.
+inline constexpr ClassKey<ICommand, Ref<RepeatedRun>> Repeat{u"Repeat"};
 
 /// Turns stopping at errors on or off.
 inline constexpr ClassKey<ICommand> StopAtErrors{u"StopAtErrors"};

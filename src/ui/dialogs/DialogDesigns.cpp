@@ -103,6 +103,21 @@ constexpr std::array TimeoutControls = {
     CancellingButton(u"cmdCancel", u"Cancel", u"rowButtons"),
 };
 
+constexpr std::array RepeatControls = {
+    Plain(Label, u"lblLines"),
+    Plain(Row, u"rowTurns"),
+    Titled(Label, u"lblTurns", u"&Turns:", u"rowTurns"),
+    Plain(TextBox, u"txtTurns", u"rowTurns"),
+    Titled(CheckBox, u"chkForever", u"&Until stopped", u"rowTurns"),
+    Plain(Row, u"rowSeconds"),
+    Titled(Label, u"lblSeconds", u"&Seconds from start to start:", u"rowSeconds"),
+    Plain(TextBox, u"txtSeconds", u"rowSeconds"),
+    Plain(Row, u"rowButtons"),
+    Plain(Space, u"spcButtons", u"rowButtons"),
+    DefaultButton(u"cmdOK", u"&Repeat", u"rowButtons"),
+    CancellingButton(u"cmdCancel", u"Cancel", u"rowButtons"),
+};
+
 constexpr std::array ErrorsControls = {
     Titled(Label, u"lblErrors", u"&Errors of the conversation:"),
     Plain(ListView, u"lstErrors"),
@@ -130,6 +145,9 @@ constinit const FormDesign AboutDesign = {
 
 constinit const FormDesign TimeoutDialogDesign = {
     .Name = u"TimeoutDialog", .Caption = u"Time-out", .Style = FormStyle::Dialog, .Controls = TimeoutControls};
+
+constinit const FormDesign RepeatDialogDesign = {
+    .Name = u"RepeatDialog", .Caption = u"Repeat", .Style = FormStyle::Dialog, .Controls = RepeatControls};
 
 constinit const FormDesign ErrorsDesign = {
     .Name = u"ErrorsDialog", .Caption = u"Errors", .Style = FormStyle::Dialog, .Controls = ErrorsControls};

@@ -11,5 +11,6 @@ extern const FormDesign OptionsDesign;
 extern const FormDesign AboutDesign;
 extern const FormDesign TimeoutDialogDesign;
 extern const FormDesign ErrorsDesign;
+extern const FormDesign RepeatDialogDesign;
 
 } // namespace portico

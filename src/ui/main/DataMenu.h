@@ -16,6 +16,8 @@ inline constexpr std::array DataMenu = {
     MenuDesign{.Name = u"mnuPutBackLastRun", .Caption = u"10233", .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuKeepSentLines", .Caption = u"10234", .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuForgetSentLines", .Caption = u"10235", .Parent = u"mnuData"},
+    MenuDesign{.Name = u"mnuRepeatBar", .Caption = BarCaption, .Parent = u"mnuData"},
+    MenuDesign{.Name = u"mnuRepeat", .Caption = u"10240", .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuDeviceBar", .Caption = BarCaption, .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuTimeout", .Caption = u"10260", .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuClearDevice", .Caption = u"10261", .Parent = u"mnuData"},
@@ -32,6 +34,11 @@ inline constexpr std::array DataItems = {
     CommandItem{u"mnuTimeout", u"Can't set the time-out.", Class::SetTimeout},
     CommandItem{u"mnuClearDevice", u"Can't clear the device.", Class::ClearDevice},
     CommandItem{u"mnuGoToLocal", u"Can't give the front panel back.", Class::GoToLocal},
+};
+
+/// Their commands take what runs lines repeatedly. They are of use whenever Run is.
+inline constexpr std::array RepeatItems = {
+    CommandItem{u"mnuRepeat", u"Can't run instructions.", Class::Repeat},
 };
 
 } // namespace portico

@@ -19,23 +19,27 @@ ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs)
       m_errorsChanged(m_errors->Changed.Connect([this] { Update(); })),
       m_sent(Create(Class::SentLines)),
       m_taken(Create(Class::TakenLines)),
+      m_repeated(New<RepeatedRun>(runs)),
       mnuStopAtErrors(FindControl<IMenuItem>(*form, u"mnuStopAtErrors")),
       mnuEarlierLine(FindControl<IMenuItem>(*form, u"mnuEarlierLine")),
       mnuLaterLine(FindControl<IMenuItem>(*form, u"mnuLaterLine")),
       mnuPutBackLastRun(FindControl<IMenuItem>(*form, u"mnuPutBackLastRun")),
       mnuKeepSentLines(FindControl<IMenuItem>(*form, u"mnuKeepSentLines")),
       mnuClearDevice(FindControl<IMenuItem>(*form, u"mnuClearDevice")),
-      mnuGoToLocal(FindControl<IMenuItem>(*form, u"mnuGoToLocal")) {
+      mnuGoToLocal(FindControl<IMenuItem>(*form, u"mnuGoToLocal")),
+      mnuRepeat(FindControl<IMenuItem>(*form, u"mnuRepeat")),
+      mnuRun(FindControl<IMenuItem>(*form, u"mnuRun")) {
   ConnectCommands(*form, ViewItems);
   ConnectCommands(*form, DataItems);
   ConnectCommands(*form, ErrorItems, [this] { return modGlobals::VarArray(m_errors, m_form); });
+  ConnectCommands(*form, RepeatItems, [this] { return modGlobals::VarArray(m_repeated); });
   const auto reports = Create(Class::CmdSubscriptionAgent);
   reports->Subscribe(m_guard);
   reports->Subscribe(New<FaultMarks>(m_errors));
   runs.Account(m_taken);
-  for (LineRunner* runner : runs.Runners()) {
-    runner->Sending.Connect([sent = m_sent](const String& line) { sent->Add(line); });
-  }
+  const auto keep = [sent = m_sent](const String& line) { sent->Add(line); };
+  for (LineRunner* runner : runs.Runners()) runner->Sending.Connect(keep);
+  m_repeated->Sending.Connect(keep);
   // A driver that takes none has refused it in words when it was set.
   if (const auto timeout = KeptTimeout::Read()) InstrumentAccess::SetTimeout(*timeout);
 }
@@ -48,7 +52,10 @@ void ViewAndData::Update() const {
   mnuLaterLine.Enabled(CommandWindow::TakesText());
   mnuPutBackLastRun.Enabled(CommandWindow::TakesLines() && !m_taken->IsEmpty());
   mnuKeepSentLines.Checked(m_sent->IsKept());
-  const bool isIdle = gConfiguration->IsTrue(Item::InstrumentOpened) && !gMainForm->Executing();
+  mnuRepeat.Enabled(mnuRun.Enabled());
+  const bool isOpened = gConfiguration->IsTrue(Item::InstrumentOpened);
+  if (!isOpened && m_repeated->GoesOn()) gMainForm->StopRequested(true);
+  const bool isIdle = isOpened && !gMainForm->Executing();
   mnuClearDevice.Enabled(isIdle);
   mnuGoToLocal.Enabled(isIdle);
   EnableItems(*m_form, ErrorItems, !m_errors->All().empty());

@@ -2,6 +2,7 @@
 
 #include "platform/IForm.h"
 #include "views/ErrorMarks.h"
+#include "views/RepeatedRun.h"
 #include "views/RunFrame.h"
 #include "views/RunGuard.h"
 #include "views/recall/SentLines.h"
@@ -19,7 +20,8 @@ public:
   ViewAndData& operator=(const ViewAndData&) = delete;
   ~ViewAndData();
 
-  /// Sets the states of the items, behind each update of the window.
+  /// Sets the states of the items, behind each update of the window. An instrument that has been closed ends a repeated
+  /// run, which takes its lines from elsewhere than the command window and would not notice.
   void Update() const;
 
 private:
@@ -29,6 +31,7 @@ private:
   Event<>::Connection m_errorsChanged;
   Ref<SentLines> m_sent;
   Ref<TakenLines> m_taken;
+  Ref<RepeatedRun> m_repeated;
   IMenuItem& mnuStopAtErrors;
   IMenuItem& mnuEarlierLine;
   IMenuItem& mnuLaterLine;
@@ -36,6 +39,8 @@ private:
   IMenuItem& mnuKeepSentLines;
   IMenuItem& mnuClearDevice;
   IMenuItem& mnuGoToLocal;
+  IMenuItem& mnuRepeat;
+  IMenuItem& mnuRun;
 };
 
 } // namespace portico

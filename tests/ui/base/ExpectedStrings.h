@@ -114,6 +114,7 @@ inline constexpr std::array ExpectedStrings = {
     ExpectedString{10233, u"&Put Back Last Run"},
     ExpectedString{10234, u"&Keep Sent Lines"},
     ExpectedString{10235, u"F&orget Sent Lines"},
+    ExpectedString{10240, u"&Repeat..."},
     ExpectedString{10260, u"&Time-out..."},
     ExpectedString{10261, u"Clear &Device"},
     ExpectedString{10262, u"&Go to Local"},

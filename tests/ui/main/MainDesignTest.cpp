@@ -1,5 +1,6 @@
 #include "ui/main/MainDesign.h"
 
+#include "ui/main/MainButtons.h"
 #include "ui/main/MainTables.h"
 
 #include <gtest/gtest.h>

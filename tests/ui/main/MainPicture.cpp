@@ -3,6 +3,7 @@
 #include "platform/IRichTextControl.h"
 #include "platform/IStatusBar.h"
 #include "platform/IToolBar.h"
+#include "ui/main/MainButtons.h"
 #include "ui/main/MainTables.h"
 
 #include <initializer_list>
@@ -108,6 +109,7 @@ void ExpectRunning(const UpdateInputs& in, Picture& picture) {
   };
   expect(u"mnuStep", u"mnuPopupCMDStep", u"Step", canRun);
   expect(u"mnuRun", u"mnuPopupCMDRun", u"Run", canRun);
+  picture.Menu(u"mnuRepeat").Enabled = canRun;
   expect(u"mnuRunToCursor", u"mnuPopupCMDRun2Cursor", u"Run to Cursor", canRun && cmdFocus);
   expect(u"mnuStop", u"mnuPopupCMDStop", u"Stop", in.Executing && in.Opened);
   for (const StringView name : {u"mnuClearDevice", u"mnuGoToLocal"}) {

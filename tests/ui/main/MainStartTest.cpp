@@ -1,5 +1,6 @@
 #include "framework/objects/IPublisher.h"
 #include "ui/FormSpy.h"
+#include "ui/main/MainButtons.h"
 #include "ui/main/MainTables.h"
 #include "ui/main/MainWindowFixture.h"
 

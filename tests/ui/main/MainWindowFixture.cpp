@@ -54,7 +54,8 @@ void MainWindowFixture::OfferSpies() {
                                u"LaterLine",
                                u"PutBackLastRun",
                                u"KeepSentLines",
-                               u"ForgetSentLines"}) {
+                               u"ForgetSentLines",
+                               u"Repeat"}) {
     Offer(name, [this, name](const Params& parameters) {
       Commands.push_back(ToUtf8(name));
       LastParameters = parameters;
@@ -117,6 +118,7 @@ MainWindowFixture::MainWindowFixture() {
 MainWindowFixture::~MainWindowFixture() {
   Loop->FinishQuit();
   LetGo();
+  LastParameters = {}; // which may hold what has a timer of the loop
   gInstrumentDriver.reset();
   gCommonDialog = nullptr;
   gHelpViewer.reset();

@@ -2,6 +2,7 @@
 
 #include "platform/IControl.h"
 #include "platform/ILineMarks.h"
+#include "platform/IOfferList.h"
 #include "platform/IPlaced.h"
 #include "platform/IReadingAids.h"
 #include "platform/IRichTextBox.h"
@@ -28,7 +29,8 @@ class IRichTextControl : public virtual IRichTextBox,
                          public virtual IControl,
                          public virtual IPlaced,
                          public virtual IReadingAids,
-                         public virtual ILineMarks {
+                         public virtual ILineMarks,
+                         public virtual IOfferList {
 public:
   /// True to begin with. While it is false the Tab key passes over the box.
   virtual bool TabStop() const = 0;

@@ -1,12 +1,14 @@
 #include "contract/UserEditBench.h"
 
 #include "memory/desktop/Screen.h"
+#include "memory/forms/Form.h"
 #include "memory/forms/RichTextControl.h"
 
 namespace portico::test {
 namespace {
 
-constexpr ControlDesign Parts[] = {{.Kind = ControlKind::RichTextBox, .Name = u"text", .Caption = u""}};
+constexpr ControlDesign Parts[] = {{.Kind = ControlKind::RichTextBox, .Name = u"text", .Caption = u""},
+                                   {.Kind = ControlKind::RichTextBox, .Name = u"other", .Caption = u""}};
 constexpr FormDesign Window = {.Name = u"frmText", .Caption = u"", .Controls = Parts};
 
 class MemoryUserEditBench final : public UserEditBench {
@@ -15,6 +17,10 @@ public:
   IRichTextControl& Box() override { return m_box; }
   void Type(StringView text) override { EXPECT_TRUE(m_box.Type(text)); }
   void Undo() override { m_box.Undo(); }
+  void Press(std::int32_t code) override { EXPECT_TRUE(dynamic_cast<memory::Form&>(*m_form).PressKey(code)); }
+  void Left() override { EXPECT_TRUE(m_box.MoveCaret(m_box.SelStart() - 1)); }
+  void Leave() override { FindControl<memory::RichTextControl>(*m_form, u"other").SetFocus(); }
+  bool HasFocus() override { return m_box.HasFocus(); }
 
 private:
   memory::Screen m_screen{[] { return false; }};

@@ -19,6 +19,13 @@ public:
   /// Where the caret is, as one step.
   virtual void Type(StringView text) = 0;
   virtual void Undo() = 0;
+  /// A key alone, which has its code in KeyCodes.h: Up, Down, Page Up, Page Down, Return, Tab or Escape.
+  virtual void Press(std::int32_t code) = 0;
+  /// Moves the caret one to the left.
+  virtual void Left() = 0;
+  /// Something else in the window gets the focus.
+  virtual void Leave() = 0;
+  virtual bool HasFocus() = 0;
 };
 
 /// A platform that the suite runs with.

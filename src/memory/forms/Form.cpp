@@ -152,6 +152,8 @@ bool Form::PressKey(std::int32_t code, std::int32_t shift) {
   if (item != nullptr && item->PressShortcut()) return true;
   m_events.KeyDown(code, shift);
   if (!TakesInput()) return true;
+  auto* offering = shift == 0 ? dynamic_cast<RichTextControl*>(m_focus.Active()) : nullptr;
+  if (offering != nullptr && offering->PressOfferKey(code)) return true;
   if ((shift & (CtrlState | AltState)) != 0) return true;
   if (code == TabKey) m_focus.MoveOn((shift & ShiftState) != 0);
   if (code != ReturnKey && code != EscapeKey) return true;

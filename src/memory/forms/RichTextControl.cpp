@@ -15,6 +15,7 @@ RichTextControl::RichTextControl(ControlOwner& form, const ControlDesign& design
     if (!std::exchange(m_isUsers, false)) m_steps.clear();
     Fire(m_change);
   });
+  FocusControl::LostFocus().Connect([this] { m_offers.Close(); });
 }
 
 void RichTextControl::SelPrint(const Ref<IDeviceContext>& hDC) {
@@ -79,6 +80,36 @@ bool RichTextControl::Type(StringView text) {
   if (!IsUsable() || m_locked) return false;
   TakeFocus();
   AsUser([&] { m_box->SelText(text); });
+  if (m_offers.IsOpen()) Fire(m_caretMoved);
+  return true;
+}
+
+bool RichTextControl::MoveCaret(std::int32_t position) {
+  const Turn turn(Life());
+  if (!IsUsable()) return false;
+  TakeFocus();
+  SelStart(position);
+  if (m_offers.IsOpen()) Fire(m_caretMoved);
+  return true;
+}
+
+void RichTextControl::ShowOffers(const std::vector<String>& offers, std::int32_t /*start*/) {
+  if (!HasFocus()) return m_offers.Close();
+  m_offers.Show(offers);
+}
+
+bool RichTextControl::PressOfferKey(std::int32_t code) {
+  constexpr std::int32_t page = 10;
+  const Turn turn(Life());
+  const OfferState::Effect effect = m_offers.EffectOf(code);
+  if (effect == OfferState::Effect::None) return false;
+  const std::int32_t chosen = m_offers.Chosen();
+  if (effect == OfferState::Effect::Chooses) {
+    m_offers.Choose(m_offers.ChoiceBy(code, page));
+  } else {
+    m_offers.Close();
+  }
+  if (effect == OfferState::Effect::Takes) Fire(m_offerTaken, chosen);
   return true;
 }
 

@@ -4,6 +4,7 @@
 #include "memory/forms/FocusControl.h"
 #include "memory/forms/Placement.h"
 #include "platform/IRichTextControl.h"
+#include "platform/shared/OfferState.h"
 
 #include <optional>
 #include <vector>
@@ -66,6 +67,13 @@ public:
   void ChangeZoom(ZoomChange change) override;
   void UnderlinesUnsendable(bool newValue) override { m_underlinesUnsendable = newValue; }
 
+  void ShowOffers(const std::vector<String>& offers, std::int32_t start) override;
+  void CloseOffers() override { m_offers.Close(); }
+  const std::vector<String>& Offers() const override { return m_offers.Offers(); }
+  std::int32_t ChosenOffer() const override { return m_offers.Chosen(); }
+  Event<std::int32_t>& OfferTaken() override { return m_offerTaken; }
+  Event<>& CaretMoved() override { return m_caretMoved; }
+
   bool Locked() const { return m_locked; }
   /// What is looked for; none while the field has never been open.
   const std::optional<String>& SoughtText() const { return m_sought; }
@@ -76,6 +84,10 @@ public:
   // What the user does. False if the user cannot use the box.
   /// Typing and pasting replaces the selection; the box gets the focus first. False if the box is locked, too.
   bool Type(StringView text);
+  /// With the arrow keys, say; the box gets the focus first.
+  bool MoveCaret(std::int32_t position);
+  /// A key while offers are shown. False if it is none of those that they heed.
+  bool PressOfferKey(std::int32_t code);
   /// Takes the last step of the user's back; the caret goes where it stood. False if there is none.
   bool Undo();
   /// The left button gives the focus to the box before the event fires.
@@ -101,6 +113,9 @@ private:
   std::optional<String> m_sought;
   double m_zoom = 1;
   bool m_underlinesUnsendable = false;
+  OfferState m_offers;
+  Event<std::int32_t> m_offerTaken;
+  Event<> m_caretMoved;
   Event<> m_change;
   Event<const MouseEvent&> m_mouseDown;
   Event<const MouseEvent&> m_mouseUp;

@@ -16,6 +16,7 @@ RichTextBox::RichTextBox(const ControlDesign& design, QWidget& parent, StringVie
 
 RichTextBox::~RichTextBox() {
   if (m_margin) m_margin->LetGo();
+  if (m_offers) m_offers->LetGo();
 }
 
 void RichTextBox::SelPrint(const Ref<IDeviceContext>& hDC) {
@@ -71,7 +72,35 @@ void RichTextBox::OnMarks() {
   if (m_widget) m_margin = new MarkMargin(*m_widget, *this); // which belongs to the view
 }
 
+void RichTextBox::ShowOffers(const std::vector<String>& offers, std::int32_t start) {
+  if (!m_widget || !m_widget->hasFocus() || offers.empty()) return CloseOffers();
+  Show();
+  if (!m_offers) m_offers = new OfferList(*m_widget, *this); // which belongs to the view
+  m_offers->Show(offers, SelStart() - start);
+}
+
+void RichTextBox::CloseOffers() {
+  if (m_offers) m_offers->Close();
+}
+
+const std::vector<String>& RichTextBox::Offers() const {
+  static const std::vector<String> none;
+  return m_offers ? m_offers->State().Offers() : none;
+}
+
+std::int32_t RichTextBox::ChosenOffer() const { return m_offers ? m_offers->State().Chosen() : -1; }
+
 // Handlers may let the box go.
+
+void RichTextBox::OnOfferTaken(std::int32_t offer) {
+  const Event<std::int32_t> event = m_offerTaken;
+  Enter([&] { event(offer); });
+}
+
+void RichTextBox::OnCaretMoved() {
+  const Event<> event = m_caretMoved;
+  Enter([&] { event(); });
+}
 
 void RichTextBox::OnUserChange() {
   const Event<> event = Change();

@@ -3,6 +3,7 @@
 #include "platform/IRichTextControl.h"
 #include "platform/shared/ControlState.h"
 #include "qt/text/MarkMargin.h"
+#include "qt/text/OfferList.h"
 #include "qt/text/RichTextEditor.h"
 #include "qt/values/Placed.h"
 
@@ -14,6 +15,7 @@ class RichTextBox final : public RichTextEditor,
                           public ControlState,
                           public Placed,
                           private IMarkedText,
+                          private IOfferOwner,
                           public virtual IRichTextControl {
 public:
   /// The font is that of the standard formatting. Its size is in points.
@@ -37,6 +39,13 @@ public:
   void ChangeZoom(ZoomChange change) override;
   void UnderlinesUnsendable(bool newValue) override;
 
+  void ShowOffers(const std::vector<String>& offers, std::int32_t start) override;
+  void CloseOffers() override;
+  const std::vector<String>& Offers() const override;
+  std::int32_t ChosenOffer() const override;
+  Event<std::int32_t>& OfferTaken() override { return m_offerTaken; }
+  Event<>& CaretMoved() override { return m_caretMoved; }
+
   Event<>& GotFocus() override { return m_gotFocus; }
   Event<>& LostFocus() override { return m_lostFocus; }
   Event<const MouseEvent&>& MouseDown() override { return m_mouseDown; }
@@ -57,6 +66,8 @@ private:
   Ref<ILineNotes> LineNotes() const override { return Notes(); }
   void OnMarks() override;
 
+  void OnOfferTaken(std::int32_t offer) override;
+  void OnCaretMoved() override;
   void OnUserChange() override;
   void OnFocus(bool hasFocus) override;
   void OnMouseDown(const MouseEvent& event) override;
@@ -64,7 +75,11 @@ private:
 
   QPointer<TextView> m_widget;
   QPointer<MarkMargin> m_margin; // made with the first mark or note
+  QPointer<MarkMargin> m_margin; // made with the first mark
+  QPointer<OfferList> m_offers;  // made with the first list
   bool m_tabStop = true;
+  Event<std::int32_t> m_offerTaken;
+  Event<> m_caretMoved;
   Event<> m_gotFocus;
   Event<> m_lostFocus;
   Event<const MouseEvent&> m_mouseDown;

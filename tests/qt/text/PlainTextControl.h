@@ -50,6 +50,12 @@ public:
   void ShowNotes(const Ref<ILineNotes>& /*notes*/) override {}
   Ref<ILineNotes> Notes() const override { return {}; }
   void AsUser(const std::function<void()>& edit) override { edit(); }
+  void ShowOffers(const std::vector<String>& /*offers*/, std::int32_t /*start*/) override {}
+  void CloseOffers() override {}
+  const std::vector<String>& Offers() const override { return m_offers; }
+  std::int32_t ChosenOffer() const override { return -1; }
+  Event<std::int32_t>& OfferTaken() override { return m_offerTaken; }
+  Event<>& CaretMoved() override { return m_event; }
   void OpenFind() override {}
   void FindNext() override {}
   void FindPrevious() override {}
@@ -63,6 +69,8 @@ public:
 private:
   QPlainTextEdit& Edit() const { return static_cast<QPlainTextEdit&>(Widget()); }
 
+  const std::vector<String> m_offers;
+  Event<std::int32_t> m_offerTaken;
   Event<> m_event;
   Event<const MouseEvent&> m_mouse;
 };

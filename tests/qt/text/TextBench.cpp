@@ -122,6 +122,14 @@ TextWindow::TextWindow()
 
 TextWindow::~TextWindow() { QApplication::clipboard()->clear(); }
 
+void TextWindow::TakeFocus() {
+  window.show();
+  window.activateWindow();
+  View().setFocus();
+  QApplication::processEvents();
+  ASSERT_TRUE(View().hasFocus());
+}
+
 void TextWindow::Settle() {
   box.Show();
   QApplication::processEvents();

@@ -17,6 +17,8 @@ struct TextWindow {
   ~TextWindow();
 
   qt::TextView& View() const { return *box.Widget(); }
+  /// The window comes to the front, and the box has the focus.
+  void TakeFocus();
   /// The program's work is done, and the user sees it.
   void Settle();
   void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {});

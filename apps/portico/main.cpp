@@ -1,5 +1,6 @@
 // The window. Only wires: the work is done in src/.
 
+#include "application/CommandFiles.h"
 #include "application/HostEnvironment.h"
 #include "application/LineFile.h"
 #include "application/Startup.h"
@@ -48,12 +49,14 @@ struct Wiring {
     gInstrumentSearch = std::make_shared<discovery::InstrumentSearch>();
     gRegistry = std::make_shared<DriverRegistry>(ToUtf8(ApplicationVersion()));
     gSentLinesFile = OwnSentLinesFile();
+    gCommandFiles = OwnCommandFiles();
   }
   Wiring(const Wiring&) = delete;
   Wiring& operator=(const Wiring&) = delete;
   ~Wiring() {
     modAppGlobals::ReleaseObjectFactory();
     modAppGlobals::ReleaseMainForm();
+    gCommandFiles = nullptr;
     gSentLinesFile = nullptr;
     gRegistry = nullptr;
     gInstrumentSearch = nullptr;

@@ -14,15 +14,17 @@ bool HasTextName(const fs::path& directory) { return !FromUtf8(directory.native(
 
 bool Counts(const fs::path& named) { return named.is_absolute() && HasTextName(named); }
 
-} // namespace
-
-fs::path StateDirectory(const UserPlaces& user) {
-  const fs::path state = user.StateHome;
-  if (Counts(state)) return state / "portico";
-  const fs::path home = user.Home;
-  if (Counts(home)) return home / ".local" / "state" / "portico";
+fs::path OwnDirectory(const fs::path& named, const fs::path& home, const char* usual) {
+  if (Counts(named)) return named / "portico";
+  if (Counts(home)) return home / ".local" / usual / "portico";
   return {};
 }
+
+} // namespace
+
+fs::path StateDirectory(const UserPlaces& user) { return OwnDirectory(user.StateHome, user.Home, "state"); }
+
+fs::path DataDirectory(const UserDataPlaces& user) { return OwnDirectory(user.DataHome, user.Home, "share"); }
 
 bool MakeOwnDirectory(const fs::path& directory) {
   std::error_code fault;

@@ -13,9 +13,18 @@ struct UserPlaces {
   std::string Home;
 };
 
+struct UserDataPlaces {
+  std::string DataHome; ///< XDG_DATA_HOME
+  std::string Home;
+};
+
 /// "portico" in the user's state directory (StateHome, or .local/state in the home directory), whether it is there or
 /// not; empty if neither place counts.
 std::filesystem::path StateDirectory(const UserPlaces& user);
+
+/// The same in the user's data directory, with its variable XDG_DATA_HOME in place of the other, or .local/share in the
+/// home directory.
+std::filesystem::path DataDirectory(const UserDataPlaces& user);
 
 /// Makes a directory for its owner alone, and those that it lies in, unless it is there; true if it is then.
 bool MakeOwnDirectory(const std::filesystem::path& directory);

@@ -25,6 +25,7 @@
 #include "instructions/builders/CNullCmdBuilder.h"
 #include "instructions/builders/CSCPICmdBuilder.h"
 #include "instructions/builders/PacingBuilders.h"
+#include "ui/commands/CompletionCommands.h"
 #include "ui/commands/DataCommands.h"
 #include "ui/commands/DeviceCommands.h"
 #include "ui/commands/EditCommands.h"
@@ -42,6 +43,7 @@
 #include "views/CSCPIViewHistory.h"
 #include "views/RunCommands.h"
 #include "views/RunGuard.h"
+#include "views/completion/KnownCommands.h"
 #include "views/recall/LineRecall.h"
 #include "views/recall/SentLines.h"
 #include "views/recall/TakenLines.h"
@@ -190,12 +192,13 @@ Rows CSCPIInstHndlrRegistrar::Rows() const {
 }
 
 Rows ViewAndDataRegistrar::Rows() const {
-  static constexpr std::array rows = {
-      &CtorFind,          &CtorFindNext,        &CtorFindPrevious,  &CtorZoomIn,     &CtorZoomOut,
-      &CtorActualSize,    &CtorRunGuard,        &CtorStopAtErrors,  &CtorSetTimeout, &CtorClearDevice,
-      &CtorGoToLocal,     &CtorNextError,       &CtorPreviousError, &CtorListErrors, &CtorSentLines,
-      &CtorLineRecall,    &CtorTakenLines,      &CtorEarlierLine,   &CtorLaterLine,  &CtorPutBackLastRun,
-      &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks,  &CtorTimeStamps, &CtorRepeat};
+  static constexpr std::array rows = {&CtorFind,          &CtorFindNext,        &CtorFindPrevious, &CtorZoomIn,
+                                      &CtorZoomOut,       &CtorActualSize,      &CtorRunGuard,     &CtorStopAtErrors,
+                                      &CtorSetTimeout,    &CtorClearDevice,     &CtorGoToLocal,    &CtorNextError,
+                                      &CtorPreviousError, &CtorListErrors,      &CtorSentLines,    &CtorLineRecall,
+                                      &CtorTakenLines,    &CtorEarlierLine,     &CtorLaterLine,    &CtorPutBackLastRun,
+                                      &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks, &CtorTimeStamps,
+                                      &CtorRepeat,        &CtorKnownCommands,   &CtorComplete,     &CtorAskForCommands};
   return rows;
 }
 

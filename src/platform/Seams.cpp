@@ -1,3 +1,4 @@
+#include "platform/ICommandFiles.h"
 #include "platform/ICommonDialog.h"
 #include "platform/IDesktop.h"
 #include "platform/IEventLoop.h"
@@ -18,6 +19,7 @@ namespace portico {
 
 Ref<ICommonDialog> gCommonDialog;
 std::shared_ptr<IClipboard> gClipboard;
+std::shared_ptr<ICommandFiles> gCommandFiles;
 std::shared_ptr<IEventLoop> gEventLoop;
 std::shared_ptr<IForms> gForms;
 std::shared_ptr<IHelpViewer> gHelpViewer;

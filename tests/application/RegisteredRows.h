@@ -98,6 +98,9 @@ inline constexpr std::array RegisteredRows = {
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorSessionMarks", u"SessionMarks", 1},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorTimeStamps", u"TimeStamps", 1},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorRepeat", u"Repeat", 1},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorKnownCommands", u"KnownCommands", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorComplete", u"Complete", 1},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorAskForCommands", u"AskForCommands", 0},
 };
 
 } // namespace portico::test

@@ -1,6 +1,7 @@
 #include "framework/objects/Creator.h"
 #include "support/Labels.h"
 #include "support/fixtures/FrameworkTest.h"
+#include "ui/commands/CompletionCommands.h"
 #include "ui/commands/DataCommands.h"
 #include "ui/commands/DeviceCommands.h"
 #include "ui/commands/EditCommands.h"
@@ -89,6 +90,8 @@ TEST_F(CreatorRowsTest, RecallCommands) {
   Expect(CtorPutBackLastRun, u"CtorPutBackLastRun", u"PutBackLastRun", 0);
   Expect(CtorKeepSentLines, u"CtorKeepSentLines", u"KeepSentLines", 0);
   Expect(CtorForgetSentLines, u"CtorForgetSentLines", u"ForgetSentLines", 0);
+  Expect(CtorComplete, u"CtorComplete", u"Complete", 1);
+  Expect(CtorAskForCommands, u"CtorAskForCommands", u"AskForCommands", 0);
 }
 
 TEST_F(CreatorRowsTest, RepeatCommand) { Expect(CtorRepeat, u"CtorRepeat", u"Repeat", 1); }

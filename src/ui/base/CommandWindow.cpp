@@ -16,4 +16,6 @@ bool TakesText() {
 
 bool TakesLines() { return !gMainForm->Executing() && gConfiguration->IsTrue(Item::InstrumentOpened); }
 
+bool TakesQuestions() { return TakesLines() && gConfiguration->ItemValue(Item::ProtocolName) == ItemText::SCPI; }
+
 } // namespace portico::CommandWindow

@@ -16,6 +16,8 @@ namespace CommandWindow {
 bool TakesText();
 /// Lines may be put in front: an instrument is open, and no run takes lines.
 bool TakesLines();
+/// The program may ask the instrument in the protocol SCPI: one is open, and no run takes lines.
+bool TakesQuestions();
 
 } // namespace CommandWindow
 } // namespace portico

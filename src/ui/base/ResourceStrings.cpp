@@ -110,6 +110,8 @@ constexpr std::array Table = {
     ResourceString{10111, u"Time Sta&mps"},
     ResourceString{10200, u"&Data"},
     ResourceString{10210, u"Stop at &Errors"},
+    ResourceString{10220, u"&Complete"},
+    ResourceString{10221, u"&Ask the Instrument for Its Commands"},
     ResourceString{10230, u"Earlier &Line"},
     ResourceString{10231, u"Later L&ine"},
     ResourceString{10233, u"&Put Back Last Run"},

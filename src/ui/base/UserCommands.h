@@ -6,6 +6,7 @@
 
 namespace portico {
 
+class CommandOffers;
 class ErrorMarks;
 class ICommonDialog;
 class IForm;
@@ -76,6 +77,10 @@ inline constexpr ClassKey<ICommand> StopAtErrors{u"StopAtErrors"};
 inline constexpr ClassKey<ICommand> SetTimeout{u"SetTimeout"};
 inline constexpr ClassKey<ICommand> ClearDevice{u"ClearDevice"};
 inline constexpr ClassKey<ICommand> GoToLocal{u"GoToLocal"};
+
+/// Offers what completes the word at the caret of the command window.
+inline constexpr ClassKey<ICommand, Ref<CommandOffers>> Complete{u"Complete"};
+inline constexpr ClassKey<ICommand> AskForCommands{u"AskForCommands"};
 
 // What brings lines back that were sent. They do nothing while the command window takes no text from the user.
 inline constexpr ClassKey<ICommand> EarlierLine{u"EarlierLine"};

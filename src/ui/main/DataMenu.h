@@ -10,6 +10,9 @@ namespace portico {
 inline constexpr std::array DataMenu = {
     MenuDesign{.Name = u"mnuData", .Caption = u"10200"},
     MenuDesign{.Name = u"mnuStopAtErrors", .Caption = u"10210", .Parent = u"mnuData"},
+    MenuDesign{.Name = u"mnuCompletionBar", .Caption = BarCaption, .Parent = u"mnuData"},
+    MenuDesign{.Name = u"mnuComplete", .Caption = u"10220", .Parent = u"mnuData", .Shortcut = u"Ctrl+Space"},
+    MenuDesign{.Name = u"mnuAskForCommands", .Caption = u"10221", .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuRecallBar", .Caption = BarCaption, .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuEarlierLine", .Caption = u"10230", .Parent = u"mnuData", .Shortcut = u"Alt+Up"},
     MenuDesign{.Name = u"mnuLaterLine", .Caption = u"10231", .Parent = u"mnuData", .Shortcut = u"Alt+Down"},
@@ -26,6 +29,7 @@ inline constexpr std::array DataMenu = {
 
 inline constexpr std::array DataItems = {
     CommandItem{u"mnuStopAtErrors", u"Can't change when a run stops.", Class::StopAtErrors},
+    CommandItem{u"mnuAskForCommands", u"Can't ask for the commands.", Class::AskForCommands},
     CommandItem{u"mnuEarlierLine", u"Can't bring a line back.", Class::EarlierLine},
     CommandItem{u"mnuLaterLine", u"Can't bring a line back.", Class::LaterLine},
     CommandItem{u"mnuPutBackLastRun", u"Can't put the lines back.", Class::PutBackLastRun},
@@ -37,8 +41,10 @@ inline constexpr std::array DataItems = {
 };
 
 /// Their commands take what runs lines repeatedly. They are of use whenever Run is.
-inline constexpr std::array RepeatItems = {
-    CommandItem{u"mnuRepeat", u"Can't run instructions.", Class::Repeat},
-};
+inline constexpr std::array RepeatItems = {CommandItem{u"mnuRepeat", u"Can't run instructions.", Class::Repeat},
+                                           /// Its command takes the list of offers.
+                                           inline constexpr std::array CompletionItems = {
+                                               CommandItem{u"mnuComplete", u"Can't complete.", Class::Complete},
+                                           };
 
 } // namespace portico

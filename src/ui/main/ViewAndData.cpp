@@ -9,6 +9,7 @@
 #include "ui/base/ViewMenu.h"
 #include "ui/main/DataMenu.h"
 #include "views/FaultMarks.h"
+#include "views/completion/AcceptedLines.h"
 
 namespace portico {
 
@@ -20,7 +21,10 @@ ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs)
       m_sent(Create(Class::SentLines)),
       m_taken(Create(Class::TakenLines)),
       m_repeated(New<RepeatedRun>(runs)),
+      m_offers(New<CommandOffers>(ShareControl<IRichTextControl>(form, u"txtFuture"), Create(Class::KnownCommands))),
       mnuStopAtErrors(FindControl<IMenuItem>(*form, u"mnuStopAtErrors")),
+      mnuComplete(FindControl<IMenuItem>(*form, u"mnuComplete")),
+      mnuAskForCommands(FindControl<IMenuItem>(*form, u"mnuAskForCommands")),
       mnuEarlierLine(FindControl<IMenuItem>(*form, u"mnuEarlierLine")),
       mnuLaterLine(FindControl<IMenuItem>(*form, u"mnuLaterLine")),
       mnuPutBackLastRun(FindControl<IMenuItem>(*form, u"mnuPutBackLastRun")),
@@ -33,9 +37,11 @@ ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs)
   ConnectCommands(*form, DataItems);
   ConnectCommands(*form, ErrorItems, [this] { return modGlobals::VarArray(m_errors, m_form); });
   ConnectCommands(*form, RepeatItems, [this] { return modGlobals::VarArray(m_repeated); });
+  ConnectCommands(*form, CompletionItems, [this] { return modGlobals::VarArray(m_offers); });
   const auto reports = Create(Class::CmdSubscriptionAgent);
   reports->Subscribe(m_guard);
   reports->Subscribe(New<FaultMarks>(m_errors));
+  reports->Subscribe(New<AcceptedLines>(Create(Class::KnownCommands)));
   runs.Account(m_taken);
   const auto keep = [sent = m_sent](const String& line) { sent->Add(line); };
   for (LineRunner* runner : runs.Runners()) runner->Sending.Connect(keep);
@@ -48,6 +54,9 @@ ViewAndData::~ViewAndData() { m_errors->Changed.Disconnect(m_errorsChanged); }
 
 void ViewAndData::Update() const {
   mnuStopAtErrors.Checked(m_guard->IsOn());
+  mnuComplete.Enabled(CommandWindow::TakesText());
+  mnuAskForCommands.Enabled(CommandWindow::TakesQuestions());
+  if (gMainForm->Executing()) m_offers->Close();
   mnuEarlierLine.Enabled(CommandWindow::TakesText());
   mnuLaterLine.Enabled(CommandWindow::TakesText());
   mnuPutBackLastRun.Enabled(CommandWindow::TakesLines() && !m_taken->IsEmpty());

@@ -5,6 +5,7 @@
 #include "views/RepeatedRun.h"
 #include "views/RunFrame.h"
 #include "views/RunGuard.h"
+#include "views/completion/CommandOffers.h"
 #include "views/recall/SentLines.h"
 
 namespace portico {
@@ -32,7 +33,10 @@ private:
   Ref<SentLines> m_sent;
   Ref<TakenLines> m_taken;
   Ref<RepeatedRun> m_repeated;
+  Ref<CommandOffers> m_offers;
   IMenuItem& mnuStopAtErrors;
+  IMenuItem& mnuComplete;
+  IMenuItem& mnuAskForCommands;
   IMenuItem& mnuEarlierLine;
   IMenuItem& mnuLaterLine;
   IMenuItem& mnuPutBackLastRun;

@@ -109,6 +109,8 @@ inline constexpr std::array ExpectedStrings = {
     ExpectedString{10111, u"Time Sta&mps"},
     ExpectedString{10200, u"&Data"},
     ExpectedString{10210, u"Stop at &Errors"},
+    ExpectedString{10220, u"&Complete"},
+    ExpectedString{10221, u"&Ask the Instrument for Its Commands"},
     ExpectedString{10230, u"Earlier &Line"},
     ExpectedString{10231, u"Later L&ine"},
     ExpectedString{10233, u"&Put Back Last Run"},

@@ -47,6 +47,8 @@ constexpr CommandRow ItemCommands[] = {
     {u"mnuTimeout", u"SetTimeout", u"Can't set the time-out.", u"frmMain.mnuTimeout_Click"},
     {u"mnuClearDevice", u"ClearDevice", u"Can't clear the device.", u"frmMain.mnuClearDevice_Click"},
     {u"mnuGoToLocal", u"GoToLocal", u"Can't give the front panel back.", u"frmMain.mnuGoToLocal_Click"},
+    {u"mnuComplete", u"Complete", u"Can't complete.", u"frmMain.mnuComplete_Click", 1},
+    {u"mnuAskForCommands", u"AskForCommands", u"Can't ask for the commands.", u"frmMain.mnuAskForCommands_Click"},
     {u"mnuEarlierLine", u"EarlierLine", u"Can't bring a line back.", u"frmMain.mnuEarlierLine_Click"},
     {u"mnuLaterLine", u"LaterLine", u"Can't bring a line back.", u"frmMain.mnuLaterLine_Click"},
     {u"mnuPutBackLastRun", u"PutBackLastRun", u"Can't put the lines back.", u"frmMain.mnuPutBackLastRun_Click"},

@@ -119,6 +119,8 @@ void ExpectRunning(const UpdateInputs& in, Picture& picture) {
 
 void ExpectRecall(const UpdateInputs& in, Picture& picture) {
   const bool isPlaceholder = !in.Opened && (in.TabStop || in.CommandText == u"OPEN AN INSTRUMENT!");
+  picture.Menu(u"mnuAskForCommands").Enabled = in.Opened && !in.Executing && in.Protocol == u"SCPI";
+  picture.Menu(u"mnuComplete").Enabled = !in.Executing && !isPlaceholder;
   picture.Menu(u"mnuEarlierLine").Enabled = !in.Executing && !isPlaceholder;
   picture.Menu(u"mnuLaterLine").Enabled = !in.Executing && !isPlaceholder;
   picture.Menu(u"mnuPutBackLastRun").Enabled = false; // there has been no run

@@ -80,6 +80,9 @@ inline constexpr ExpectedMenu ExpectedMenus[] = {
 
     {u"mnuData", u"10200", u"&Data"},
     {u"mnuStopAtErrors", u"10210", u"Stop at &Errors", u"mnuData"},
+    {u"mnuCompletionBar", u"-", u"-", u"mnuData"},
+    {u"mnuComplete", u"10220", u"&Complete", u"mnuData", u"Ctrl+Space"},
+    {u"mnuAskForCommands", u"10221", u"&Ask the Instrument for Its Commands", u"mnuData"},
     {u"mnuRecallBar", u"-", u"-", u"mnuData"},
     {u"mnuEarlierLine", u"10230", u"Earlier &Line", u"mnuData", u"Alt+Up"},
     {u"mnuLaterLine", u"10231", u"Later L&ine", u"mnuData", u"Alt+Down"},

@@ -56,6 +56,8 @@ void MainWindowFixture::OfferSpies() {
                                u"KeepSentLines",
                                u"ForgetSentLines",
                                u"Repeat"}) {
+    u"Complete", u"AskForCommands"
+  }) {
     Offer(name, [this, name](const Params& parameters) {
       Commands.push_back(ToUtf8(name));
       LastParameters = parameters;

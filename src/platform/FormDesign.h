@@ -22,6 +22,7 @@ enum class ControlKind : std::uint8_t {
   CommandButton,
   TabStrip,
   PictureBox,
+  Canvas,
   RichTextBox,
   SplitPanel,
   // Hold others. A platform lays out what they hold in the order of the table.

@@ -1,6 +1,7 @@
 #include "platform/ICommandFiles.h"
 #include "platform/ICommonDialog.h"
 #include "platform/IDesktop.h"
+#include "platform/IDrawingOutput.h"
 #include "platform/IEventLoop.h"
 #include "platform/IExtendedDriver.h"
 #include "platform/IForm.h"
@@ -20,6 +21,7 @@ namespace portico {
 Ref<ICommonDialog> gCommonDialog;
 std::shared_ptr<IClipboard> gClipboard;
 std::shared_ptr<ICommandFiles> gCommandFiles;
+std::shared_ptr<IDrawingOutput> gDrawingOutput;
 std::shared_ptr<IEventLoop> gEventLoop;
 std::shared_ptr<IForms> gForms;
 std::shared_ptr<IHelpViewer> gHelpViewer;

@@ -5,6 +5,7 @@
 #include "qt/controls/Icons.h"
 #include "qt/desktop/Clipboard.h"
 #include "qt/desktop/CommonDialog.h"
+#include "qt/desktop/DrawingOutput.h"
 #include "qt/desktop/HelpViewer.h"
 #include "qt/desktop/Keyboard.h"
 #include "qt/desktop/MessageBox.h"
@@ -41,6 +42,7 @@ Toolkit::Toolkit(const QString& helpFolder, system::Cancellation& cancellation)
   const auto printer = std::make_shared<Printer>();
   gPrinter = printer;
   gCommonDialog = New<CommonDialog>(*m_loop, printer);
+  gDrawingOutput = std::make_shared<DrawingOutput>();
   gHelpViewer = std::make_shared<HelpViewer>(helpFolder);
   gProgress = std::make_shared<Progress>(*m_loop);
 }
@@ -48,6 +50,7 @@ Toolkit::Toolkit(const QString& helpFolder, system::Cancellation& cancellation)
 Toolkit::~Toolkit() {
   gProgress = nullptr;
   gHelpViewer = nullptr;
+  gDrawingOutput = nullptr;
   gCommonDialog = nullptr;
   gPrinter = nullptr;
   gKeyboard = nullptr;

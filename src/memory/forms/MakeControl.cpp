@@ -1,6 +1,7 @@
 #include "memory/forms/MakeControl.h"
 
 #include "memory/forms/Areas.h"
+#include "memory/forms/Canvas.h"
 #include "memory/forms/DialogControls.h"
 #include "memory/forms/ListView.h"
 #include "memory/forms/RichTextControl.h"
@@ -25,6 +26,8 @@ std::unique_ptr<Control> MakeControl(ControlOwner& form, const ControlDesign& de
     return std::make_unique<TabStrip>(form, design, container);
   case ControlKind::PictureBox:
     return std::make_unique<PictureBox>(form, design, container);
+  case ControlKind::Canvas:
+    return std::make_unique<Canvas>(form, design, container);
   case ControlKind::RichTextBox:
     return std::make_unique<RichTextControl>(form, design, container);
   case ControlKind::SplitPanel:

@@ -1,5 +1,6 @@
 #include "qt/forms/FormBuilder.h"
 
+#include "qt/controls/Canvas.h"
 #include "qt/controls/CheckBox.h"
 #include "qt/controls/ComboBox.h"
 #include "qt/controls/CommandButton.h"
@@ -95,6 +96,9 @@ private:
       if (&parent == m_parts.Area) m_parts.Pictures.push_back(picture);
       break;
     }
+    case ControlKind::Canvas:
+      MakeStop<Canvas>(design, new CanvasWidget(&parent));
+      break;
     case ControlKind::RichTextBox:
       AddRichText(design, parent);
       break;

@@ -34,6 +34,7 @@
 #include "ui/commands/LogCommands.h"
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/NoteCommands.h"
+#include "ui/commands/PlotCommands.h"
 #include "ui/commands/PrintCommands.h"
 #include "ui/commands/ReadingCommands.h"
 #include "ui/commands/RecallCommands.h"
@@ -192,13 +193,13 @@ Rows CSCPIInstHndlrRegistrar::Rows() const {
 }
 
 Rows ViewAndDataRegistrar::Rows() const {
-  static constexpr std::array rows = {&CtorFind,          &CtorFindNext,        &CtorFindPrevious, &CtorZoomIn,
-                                      &CtorZoomOut,       &CtorActualSize,      &CtorRunGuard,     &CtorStopAtErrors,
-                                      &CtorSetTimeout,    &CtorClearDevice,     &CtorGoToLocal,    &CtorNextError,
-                                      &CtorPreviousError, &CtorListErrors,      &CtorSentLines,    &CtorLineRecall,
-                                      &CtorTakenLines,    &CtorEarlierLine,     &CtorLaterLine,    &CtorPutBackLastRun,
-                                      &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks, &CtorTimeStamps,
-                                      &CtorRepeat,        &CtorKnownCommands,   &CtorComplete,     &CtorAskForCommands};
+  static constexpr std::array rows = {
+      &CtorFind,          &CtorFindNext,        &CtorFindPrevious,   &CtorZoomIn,     &CtorZoomOut,
+      &CtorActualSize,    &CtorRunGuard,        &CtorStopAtErrors,   &CtorSetTimeout, &CtorClearDevice,
+      &CtorGoToLocal,     &CtorNextError,       &CtorPreviousError,  &CtorListErrors, &CtorSentLines,
+      &CtorLineRecall,    &CtorTakenLines,      &CtorEarlierLine,    &CtorLaterLine,  &CtorPutBackLastRun,
+      &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks,   &CtorTimeStamps, &CtorRepeat,
+      &CtorKnownCommands, &CtorComplete,        &CtorAskForCommands, &CtorShowPlot};
   return rows;
 }
 

@@ -9,6 +9,7 @@
 #include "ui/commands/InstrumentCommands.h"
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/NoteCommands.h"
+#include "ui/commands/PlotCommands.h"
 #include "ui/commands/PrintCommands.h"
 #include "ui/commands/ReadingCommands.h"
 #include "ui/commands/RecallCommands.h"
@@ -95,6 +96,7 @@ TEST_F(CreatorRowsTest, RecallCommands) {
 }
 
 TEST_F(CreatorRowsTest, RepeatCommand) { Expect(CtorRepeat, u"CtorRepeat", u"Repeat", 1); }
+TEST_F(CreatorRowsTest, PlotCommands) { Expect(CtorShowPlot, u"CtorShowPlot", u"ShowPlot", 2); }
 
 TEST_F(CreatorRowsTest, EachMakesItsProduct) {
   const auto product = [](const CreatorRow& row) { return ToUtf8(MakeCreator(row)->Create({})->ClassName()); };

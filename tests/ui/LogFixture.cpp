@@ -7,6 +7,7 @@
 #include "ui/commands/LogCommands.h"
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/NoteCommands.h"
+#include "ui/commands/PlotCommands.h"
 #include "ui/commands/PrintCommands.h"
 #include "ui/commands/ReadingCommands.h"
 #include "views/CSCPIView.h"
@@ -23,7 +24,7 @@ LogFixture::LogFixture() {
        {&CtorXMLDataStore,  &CtorReportLogger, &CtorNewLogFile,   &CtorToggleLogging, &CtorViewLogFile, &CtorSCPIView,
         &CtorMerge,         &CtorMergeFrom,    &CtorCopy,         &CtorPrint,         &CtorPrintSetup,  &CtorFind,
         &CtorFindNext,      &CtorFindPrevious, &CtorZoomIn,       &CtorZoomOut,       &CtorActualSize,  &CtorNextError,
-        &CtorPreviousError, &CtorListErrors,   &CtorSessionMarks, &CtorTimeStamps}) {
+        &CtorPreviousError, &CtorListErrors,   &CtorSessionMarks, &CtorTimeStamps,    &CtorShowPlot}) {
     gObjectFactory->Add(MakeCreator(*row));
   }
   Configuration->Items = {{u"LogFileName", u""}, {u"Logging", u"On"}};

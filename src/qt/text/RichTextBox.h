@@ -75,7 +75,6 @@ private:
 
   QPointer<TextView> m_widget;
   QPointer<MarkMargin> m_margin; // made with the first mark or note
-  QPointer<MarkMargin> m_margin; // made with the first mark
   QPointer<OfferList> m_offers;  // made with the first list
   bool m_tabStop = true;
   Event<std::int32_t> m_offerTaken;

@@ -106,6 +106,7 @@ constexpr std::array Table = {
     ResourceString{10070, u"Next &Error"},
     ResourceString{10071, u"&Previous Error"},
     ResourceString{10072, u"Error&s..."},
+    ResourceString{10090, u"P&lot..."},
     ResourceString{10110, u"Session Mar&ks"},
     ResourceString{10111, u"Time Sta&mps"},
     ResourceString{10200, u"&Data"},

@@ -15,6 +15,7 @@ class IIterator;
 class IPrintable;
 class LogNotes;
 class RepeatedRun;
+class PlotSource;
 
 // What the user can do, one command for each; `modAppGlobals::EventHandler` is the road to them. The keys stand apart
 // from the classes, since the windows that ask for a command are themselves what commands work on.
@@ -70,6 +71,8 @@ inline constexpr ClassKey<ICommand, Ref<LogNotes>> SessionMarks{u"SessionMarks"}
 inline constexpr ClassKey<ICommand, Ref<LogNotes>> TimeStamps{u"TimeStamps"};
 /// Asks how often, and runs a copy of lines of the command window so often.
 inline constexpr ClassKey<ICommand, Ref<RepeatedRun>> Repeat{u"Repeat"};
+/// Opens a window that draws the numbers of a window's conversation, in front of that window.
+inline constexpr ClassKey<ICommand, Ref<PlotSource>, Ref<IForm>> ShowPlot{u"ShowPlot"};
 
 /// Turns stopping at errors on or off.
 inline constexpr ClassKey<ICommand> StopAtErrors{u"StopAtErrors"};

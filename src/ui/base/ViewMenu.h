@@ -21,6 +21,8 @@ inline constexpr std::array ViewMenu = {
     MenuDesign{.Name = u"mnuNextError", .Caption = u"10070", .Parent = u"mnuView", .Shortcut = u"F7"},
     MenuDesign{.Name = u"mnuPreviousError", .Caption = u"10071", .Parent = u"mnuView", .Shortcut = u"Shift+F7"},
     MenuDesign{.Name = u"mnuErrors", .Caption = u"10072", .Parent = u"mnuView"},
+    MenuDesign{.Name = u"mnuViewBar2", .Caption = BarCaption, .Parent = u"mnuView"},
+    MenuDesign{.Name = u"mnuPlot", .Caption = u"10090", .Parent = u"mnuView"},
 };
 
 inline constexpr std::array ViewItems = {
@@ -37,6 +39,11 @@ inline constexpr std::array ErrorItems = {
     CommandItem{u"mnuNextError", u"Can't go to an error.", Class::NextError},
     CommandItem{u"mnuPreviousError", u"Can't go to an error.", Class::PreviousError},
     CommandItem{u"mnuErrors", u"Can't list the errors.", Class::ListErrors},
+};
+
+/// Takes what the window's conversation holds to be drawn, and the window.
+inline constexpr std::array PlotItems = {
+    CommandItem{u"mnuPlot", u"Can't draw the numbers.", Class::ShowPlot},
 };
 
 } // namespace portico

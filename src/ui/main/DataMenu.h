@@ -41,10 +41,13 @@ inline constexpr std::array DataItems = {
 };
 
 /// Their commands take what runs lines repeatedly. They are of use whenever Run is.
-inline constexpr std::array RepeatItems = {CommandItem{u"mnuRepeat", u"Can't run instructions.", Class::Repeat},
-                                           /// Its command takes the list of offers.
-                                           inline constexpr std::array CompletionItems = {
-                                               CommandItem{u"mnuComplete", u"Can't complete.", Class::Complete},
-                                           };
+inline constexpr std::array RepeatItems = {
+    CommandItem{u"mnuRepeat", u"Can't run instructions.", Class::Repeat},
+};
+
+/// Its command takes the list of offers.
+inline constexpr std::array CompletionItems = {
+    CommandItem{u"mnuComplete", u"Can't complete.", Class::Complete},
+};
 
 } // namespace portico

@@ -11,13 +11,22 @@
 #include "views/FaultMarks.h"
 #include "views/completion/AcceptedLines.h"
 
-namespace portico {
+#include <chrono>
 
-ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs)
+namespace portico {
+namespace {
+
+/// Of the clock that no change of the date moves.
+double Seconds() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }
+
+} // namespace
+
+ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs, const Ref<CDataFIFO>& history)
     : m_form(form),
       m_guard(Create(Class::RunGuard)),
       m_errors(New<ErrorMarks>(ShareControl<IRichTextControl>(form, u"txtPast"))),
       m_errorsChanged(m_errors->Changed.Connect([this] { Update(); })),
+      m_numbers(New<PlotSource>(history, Seconds)),
       m_sent(Create(Class::SentLines)),
       m_taken(Create(Class::TakenLines)),
       m_repeated(New<RepeatedRun>(runs)),
@@ -38,6 +47,7 @@ ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs)
   ConnectCommands(*form, ErrorItems, [this] { return modGlobals::VarArray(m_errors, m_form); });
   ConnectCommands(*form, RepeatItems, [this] { return modGlobals::VarArray(m_repeated); });
   ConnectCommands(*form, CompletionItems, [this] { return modGlobals::VarArray(m_offers); });
+  ConnectCommands(*form, PlotItems, [this] { return modGlobals::VarArray(m_numbers, m_form); });
   const auto reports = Create(Class::CmdSubscriptionAgent);
   reports->Subscribe(m_guard);
   reports->Subscribe(New<FaultMarks>(m_errors));

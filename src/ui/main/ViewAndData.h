@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/IForm.h"
+#include "ui/plot/PlotSource.h"
 #include "views/ErrorMarks.h"
 #include "views/RepeatedRun.h"
 #include "views/RunFrame.h"
@@ -15,8 +16,8 @@ class ViewAndData {
 public:
   /// Connects the items of the main window's form, whose handlers must not be called once this is gone, and what
   /// hears of its runs, which must outlive this. Subscribes what hears of each report; so it comes behind the
-  /// displayer. The driver gets the time-out that the user has set.
-  ViewAndData(const Ref<IForm>& form, RunFrame& runs);
+  /// displayer, and the history's queue is at hand. The driver gets the time-out that the user has set.
+  ViewAndData(const Ref<IForm>& form, RunFrame& runs, const Ref<CDataFIFO>& history);
   ViewAndData(const ViewAndData&) = delete;
   ViewAndData& operator=(const ViewAndData&) = delete;
   ~ViewAndData();
@@ -30,6 +31,7 @@ private:
   Ref<RunGuard> m_guard;
   Ref<ErrorMarks> m_errors;
   Event<>::Connection m_errorsChanged;
+  Ref<PlotSource> m_numbers;
   Ref<SentLines> m_sent;
   Ref<TakenLines> m_taken;
   Ref<RepeatedRun> m_repeated;

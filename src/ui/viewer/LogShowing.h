@@ -16,6 +16,8 @@ public:
 
   /// What is selected stays so. A caret that still waits at the start, though, goes to the end with the last portion.
   void ShowPortion();
+  /// Of the entity that is being shown, as it stands in the log.
+  String Stamp() const { return m_portions->CurrentItem().ToObject<IDataEntity>()->TimeStamp(); }
   bool IsDone() const { return m_portions->IsLast(); }
   /// What has been shown, as a share of all, from 0 to 1.
   double Share() const { return m_portions->Share(); }

@@ -95,6 +95,11 @@ void frmViewLog::Connect() {
   });
   EnableItems(*m_form, ErrorItems, false); // until there is one
   ConnectNotes();
+  ConnectCommands(*m_form, PlotItems, [weak = weak_from_this()] {
+    const auto self = weak.lock();
+    return self ? modGlobals::VarArray(self->m_numbers, self->m_form) : Params();
+  });
+  EnableItems(*m_form, PlotItems, false); // until a log is there
   tbToolBar().ButtonClick().Connect([weak = weak_from_this()](IToolButton& button) {
     if (const auto self = weak.lock()) self->tbToolBar_ButtonClick(button);
   });
@@ -149,6 +154,7 @@ void frmViewLog::LoadLog() try {
   MarkErrors(queue);
   m_shownNotes = std::make_unique<ShownNotes>(SharedText(), queue, m_notes);
   LogLoading loading(m_fileName, *m_notes);
+  DrawNumbers(queue);
   m_showing = std::make_unique<LogShowing>(SharedText(), queue, m_fileName, iterator);
   m_warning = loading.Warning();
   loading.Follow(queue);
@@ -164,6 +170,16 @@ void frmViewLog::MarkErrors(const Ref<CDataFIFO>& queue) {
     const auto self = weak.lock();
     if (self && self->m_errors) EnableItems(*self->m_form, ErrorItems, !self->m_errors->Marks()->All().empty());
   });
+}
+
+void frmViewLog::DrawNumbers(const Ref<CDataFIFO>& queue) {
+  const auto clock = [weak = weak_from_this(), last = 0.0]() mutable {
+    const auto self = weak.lock();
+    if (self && self->m_showing) last = SecondsOfStamp(self->m_showing->Stamp()).value_or(last);
+    return last;
+  };
+  m_numbers = New<PlotSource>(queue, clock, true);
+  EnableItems(*m_form, PlotItems, true);
 }
 
 void frmViewLog::ShowMore() try { ShowPortion(); } catch (...) {
@@ -239,6 +255,7 @@ void frmViewLog::Form_Unload() {
     m_view = nullptr;
     m_errors = nullptr;
     m_shownNotes = nullptr;
+    m_numbers = nullptr;
   });
 }
 

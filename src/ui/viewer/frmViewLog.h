@@ -4,6 +4,7 @@
 #include "platform/IForm.h"
 #include "platform/IRichTextControl.h"
 #include "platform/IToolBar.h"
+#include "ui/plot/PlotSource.h"
 #include "ui/viewer/LogShowing.h"
 #include "ui/viewer/ShownErrors.h"
 #include "ui/viewer/ShownNotes.h"
@@ -62,6 +63,7 @@ private:
   void MarkErrors(const Ref<CDataFIFO>& queue);
   void ConnectNotes();
   void ShowNotes();
+  void DrawNumbers(const Ref<CDataFIFO>& queue);
   void Form_Resize();
   void Form_Activate();
   void Form_KeyDown();
@@ -95,6 +97,7 @@ private:
   std::unique_ptr<ShownErrors> m_errors; // from the loading on
   Ref<LogNotes> m_notes;
   std::unique_ptr<ShownNotes> m_shownNotes; // from the loading on
+  Ref<PlotSource> m_numbers;                // from the loading on
   std::unique_ptr<ITimer> m_tmrKey;
   std::unique_ptr<ITimer> m_tmrLoad;
 };

@@ -105,6 +105,7 @@ inline constexpr std::array ExpectedStrings = {
     ExpectedString{10070, u"Next &Error"},
     ExpectedString{10071, u"&Previous Error"},
     ExpectedString{10072, u"Error&s..."},
+    ExpectedString{10090, u"P&lot..."},
     ExpectedString{10110, u"Session Mar&ks"},
     ExpectedString{10111, u"Time Sta&mps"},
     ExpectedString{10200, u"&Data"},

@@ -77,6 +77,8 @@ inline constexpr ExpectedMenu ExpectedMenus[] = {
     {u"mnuNextError", u"10070", u"Next &Error", u"mnuView", u"F7"},
     {u"mnuPreviousError", u"10071", u"&Previous Error", u"mnuView", u"Shift+F7"},
     {u"mnuErrors", u"10072", u"Error&s...", u"mnuView"},
+    {u"mnuViewBar2", u"-", u"-", u"mnuView"},
+    {u"mnuPlot", u"10090", u"P&lot...", u"mnuView"},
 
     {u"mnuData", u"10200", u"&Data"},
     {u"mnuStopAtErrors", u"10210", u"Stop at &Errors", u"mnuData"},

@@ -50,14 +50,15 @@ void MainWindowFixture::OfferSpies() {
                                u"NextError",
                                u"PreviousError",
                                u"ListErrors",
+                               u"ShowPlot",
                                u"EarlierLine",
                                u"LaterLine",
                                u"PutBackLastRun",
                                u"KeepSentLines",
                                u"ForgetSentLines",
-                               u"Repeat"}) {
-    u"Complete", u"AskForCommands"
-  }) {
+                               u"Repeat",
+                               u"Complete",
+                               u"AskForCommands"}) {
     Offer(name, [this, name](const Params& parameters) {
       Commands.push_back(ToUtf8(name));
       LastParameters = parameters;

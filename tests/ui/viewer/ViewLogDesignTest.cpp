@@ -42,6 +42,8 @@ TEST_F(ViewLogDesignTest, HasItsMenus) {
                          "mnuView/mnuNotesBar -",
                          "mnuView/mnuSessionMarks 10110",
                          "mnuView/mnuTimeStamps 10111",
+                         "mnuView/mnuViewBar2 -",
+                         "mnuView/mnuPlot 10090",
                          "/mnuHelp 9000",
                          "mnuHelp/mnuHelpTopics 9010 hidden",
                          "mnuHelp/mnuHelpAbout 9040"}));

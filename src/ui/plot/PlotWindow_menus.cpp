@@ -1,0 +1,115 @@
+#include "framework/errors/ErrorNumbers.h"
+#include "platform/ICommonDialog.h"
+#include "platform/KeyCodes.h"
+#include "plot/CurveFile.h"
+#include "ui/plot/PlotDesign.h"
+#include "ui/plot/PlotHandlers.h"
+#include "ui/plot/SavedFile.h"
+
+#include <array>
+#include <functional>
+
+namespace portico {
+namespace {
+
+constexpr std::int32_t AskBeforeOverwriting = 2; // a flag of the dialog that saves
+
+struct FileKind {
+  StringView Extension;
+  StringView Filter;
+};
+constexpr std::array PictureKinds = {
+    FileKind{u".png", u"PNG pictures (*.png)|*.png"},
+    FileKind{u".svg", u"SVG pictures (*.svg)|*.svg"},
+    FileKind{u".pdf", u"PDF documents (*.pdf)|*.pdf"},
+};
+constexpr FileKind ValueKind{u".csv", u"Comma-separated values (*.csv)|*.csv"};
+
+/// False if the user has cancelled the dialog.
+bool IsAccepted(const std::function<void()>& dialog) {
+  try {
+    dialog();
+    return true;
+  } catch (const Error& error) {
+    if (error.Record().Number != ErrorNumber::DialogCancelled) throw;
+    return false;
+  }
+}
+
+/// Empty if the user has cancelled.
+String AskForFile(const FileKind& kind) {
+  FileDialogSettings settings{.FileName = u"plot" + String(kind.Extension),
+                              .DialogTitle = u"Save the Plot",
+                              .Filter = String(kind.Filter),
+                              .DefaultExt = String(kind.Extension),
+                              .Flags = AskBeforeOverwriting,
+                              .CancelError = true};
+  return IsAccepted([&] { gCommonDialog->ShowSave(settings); }) ? settings.FileName : String();
+}
+
+} // namespace
+
+template <class Value>
+void PlotWindow::OnChoice(std::span<const ChoiceItem<Value>> items, Value plot::Choice::*member) {
+  for (const auto& item : items) {
+    On(Find<IMenuItem>(item.Name).Click(), u"PlotWindow.Choice_Click", [items, &item, member](PlotWindow& window) {
+      for (const auto& each : items) window.Find<IMenuItem>(each.Name).Checked(&each == &item);
+      window.m_choice.*member = item.Chosen;
+      window.m_view.ShowAll(); // what was seen is nothing to the curves to come
+      window.m_cursors = {};
+      window.Draw();
+    });
+  }
+}
+
+void PlotWindow::ConnectMenus() {
+  const auto on = [this](StringView name, StringView label, auto handler) {
+    On(Find<IMenuItem>(name).Click(), label, handler);
+  };
+  on(u"mnuSavePng", u"PlotWindow.mnuSavePng_Click", [](PlotWindow& w) { w.SavePicture(PictureFormat::Png); });
+  on(u"mnuSaveSvg", u"PlotWindow.mnuSaveSvg_Click", [](PlotWindow& w) { w.SavePicture(PictureFormat::Svg); });
+  on(u"mnuSavePdf", u"PlotWindow.mnuSavePdf_Click", [](PlotWindow& w) { w.SavePicture(PictureFormat::Pdf); });
+  on(u"mnuSaveCsv", u"PlotWindow.mnuSaveCsv_Click", [](PlotWindow& w) { w.SaveValues(); });
+  on(u"mnuPrint", u"PlotWindow.mnuPrint_Click", [](PlotWindow& w) { w.Print(); });
+  on(u"mnuClose", u"PlotWindow.mnuClose_Click", [](PlotWindow& w) { w.m_form->Unload(); });
+  on(u"mnuZoomIn", u"PlotWindow.mnuZoomIn_Click", [](PlotWindow& w) { w.Key(PlusKey, 0); });
+  on(u"mnuZoomOut", u"PlotWindow.mnuZoomOut_Click", [](PlotWindow& w) { w.Key(MinusKey, 0); });
+  on(u"mnuShowAll", u"PlotWindow.mnuShowAll_Click", [](PlotWindow& w) { w.Key(HomeKey, 0); });
+  on(u"mnuCursor1", u"PlotWindow.mnuCursor1_Click", [](PlotWindow& w) { w.Key(u'1', 0); });
+  on(u"mnuCursor2", u"PlotWindow.mnuCursor2_Click", [](PlotWindow& w) { w.Key(u'2', 0); });
+  on(u"mnuNoCursors", u"PlotWindow.mnuNoCursors_Click", [](PlotWindow& w) { w.Key(EscapeKey, 0); });
+  OnChoice(KindItems(), &plot::Choice::Kind);
+  OnChoice(TypeItems(), &plot::Choice::Type);
+  OnChoice(OrderItems(), &plot::Choice::Order);
+}
+
+void PlotWindow::SavePicture(PictureFormat format) {
+  const Drawing drawing = m_drawing; // as it was when the user wanted it
+  const String name = AskForFile(PictureKinds.at(static_cast<std::size_t>(format)));
+  if (name.empty()) return;
+  SavedFile file(name);
+  file.Write(gDrawingOutput->Encode(drawing, format));
+  file.Keep();
+}
+
+void PlotWindow::SaveValues() {
+  const String name = AskForFile(ValueKind);
+  if (name.empty()) return;
+  m_curves.Update(); // answers may have come while the dialog was up
+  SavedFile file(name);
+  plot::WriteCurves(m_curves.All(), m_curves.IsTime() ? u"Seconds" : u"Index",
+                    [&file](std::string_view piece) { file.Write(piece); });
+  file.Keep();
+}
+
+void PlotWindow::Print() {
+  const Drawing drawing = m_drawing;
+  const PrinterDialogSettings settings{.DialogTitle = u"Print the Plot",
+                                       .Flags = PrintNoSelection + PrintReturnsContext + PrintNoPageNumbers,
+                                       .CancelError = true};
+  Ref<IDeviceContext> context;
+  if (!IsAccepted([&] { context = gCommonDialog->ShowPrinter(settings); })) return;
+  gDrawingOutput->Print(drawing, *context);
+}
+
+} // namespace portico

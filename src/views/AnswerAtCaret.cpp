@@ -7,14 +7,14 @@
 namespace portico {
 
 AnswerAtCaret::AnswerAtCaret(const Ref<SCPIViewBase>& view, const Ref<IRichTextBox>& box)
-    : m_view(view),
+    : m_view(view.Shared()),
       m_box(box),
       m_shown(view->Shown.Connect(
           [this](const Ref<IDataEntity>& entity, std::int32_t start, std::int32_t end) { Add(entity, start, end); })),
       m_changed(box->Change().Connect([this] { TextChanged(); })) {}
 
 AnswerAtCaret::~AnswerAtCaret() {
-  m_view->Shown.Disconnect(m_shown);
+  if (const auto view = m_view.lock()) view->Shown.Disconnect(m_shown);
   m_box->Change().Disconnect(m_changed);
 }
 

@@ -3,6 +3,7 @@
 #include "platform/IRichTextControl.h"
 #include "views/SCPIViewBase.h"
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -12,7 +13,7 @@ namespace portico {
 /// that the caret, or the start of the selection, is in. A driver's message in place of an answer counts as one.
 class AnswerAtCaret final : public IObject {
 public:
-  /// Of what the view shows from now on.
+  /// Of what the view shows from now on. The view may go before this.
   AnswerAtCaret(const Ref<SCPIViewBase>& view, const Ref<IRichTextBox>& box);
   AnswerAtCaret(const AnswerAtCaret&) = delete;
   AnswerAtCaret& operator=(const AnswerAtCaret&) = delete;
@@ -36,7 +37,7 @@ private:
   void Add(const Ref<IDataEntity>& entity, std::int32_t start, std::int32_t end);
   void TextChanged();
 
-  Ref<SCPIViewBase> m_view;
+  std::weak_ptr<SCPIViewBase> m_view;
   Ref<IRichTextBox> m_box;
   decltype(SCPIViewBase::Shown)::Connection m_shown;
   Event<>::Connection m_changed;

@@ -2,6 +2,7 @@
 
 #include "scpi/Mnemonic.h"
 #include "scpi/ScpiError.h"
+#include "simulator/devices/ScreenPicture.h"
 #include "simulator/language/ResponseFormat.h"
 
 #include <cmath>
@@ -84,6 +85,7 @@ void Oscilloscope::AddTo(CommandTree& tree) {
       {"WAVeform:FORMat?", &Self::Format},
       {"WAVeform:DATA?", &Self::Data},
       {"WAVeform:PREamble?", &Self::Preamble},
+      {"HCOPy:SDUMp:DATA?", &Self::Picture},
       {"MEASure:VPP?", &Self::PeakToPeak, 1, 1},
       {"MEASure:FREQuency?", &Self::Frequency, 1, 1},
   };
@@ -218,6 +220,16 @@ void Oscilloscope::Data(const Call& /*call*/) {
     const auto& record = m_acquisition.Record(m_settings.Source);
     if (!record) throw scpi::ScpiError(scpi::ErrorCode::DataCorruptOrStale);
     m_executor.Respond(record->Data(m_settings.Format));
+  });
+}
+
+void Oscilloscope::Picture(const Call& /*call*/) {
+  m_acquisition.WhenRecorded([this] {
+    ScreenPicture screen;
+    for (std::size_t channel = 0; channel < Settings::ChannelCount; ++channel) {
+      if (const auto& record = m_acquisition.Record(channel)) screen.Trace(channel, record->Codes);
+    }
+    m_executor.Respond(FormatBlock(screen.Bmp()));
   });
 }
 

@@ -59,6 +59,7 @@ private:
   void ForceTrigger(const Call& /*call*/) { m_acquisition.Trigger(); }
   void Data(const Call& call);
   void Preamble(const Call& call);
+  void Picture(const Call& call);
   void PeakToPeak(const Call& call);
   void Frequency(const Call& call);
 

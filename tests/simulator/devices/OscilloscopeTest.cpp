@@ -23,6 +23,29 @@ TEST(Oscilloscope, ChannelsHaveTheirOwnSettings) {
   EXPECT_EQ(session.Error(), "-114,\"Header suffix out of range\"");
 }
 
+TEST(Oscilloscope, ShowsItsScreenAsAPicture) {
+  Session session("scope");
+  session.Send("*RST;:CHAN1:DISP OFF");
+  const std::string empty = session.Ask("HCOP:SDUM:DATA?");
+  EXPECT_EQ(empty.substr(0, 9), "#532118BM") << "14 + 40 + 64 bytes in front of 160 a row";
+  EXPECT_EQ(empty.size(), 7U + 32118U);
+  EXPECT_EQ(empty.substr(7 + 2, 4), std::string("\x76\x7D\0\0", 4)) << "the size of the file";
+  EXPECT_EQ(empty.substr(7 + 10, 4), std::string("\x76\0\0\0", 4)) << "where its pixels begin";
+  EXPECT_EQ(empty.substr(7 + 14, 16), std::string("\x28\0\0\0\x40\x01\0\0\xC8\0\0\0\x01\0\x04\0", 16));
+  const auto traced = [](const std::string& answer, int color) {
+    return std::any_of(answer.begin() + 7 + 118, answer.end(), [color](char pixels) {
+      return (pixels & 0x0F) == color || (static_cast<unsigned char>(pixels) >> 4) == color;
+    });
+  };
+  EXPECT_TRUE(traced(empty, 1)) << "the graticule";
+  EXPECT_FALSE(traced(empty, 2));
+  const std::string two = session.Ask("CHAN1:DISP ON;:CHAN3:DISP ON;:SING;:HCOP:SDUM:DATA?");
+  EXPECT_TRUE(traced(two, 2));
+  EXPECT_FALSE(traced(two, 3));
+  EXPECT_TRUE(traced(two, 4));
+  EXPECT_EQ(session.Error(), "0,\"No error\"");
+}
+
 TEST(Oscilloscope, TimeBase) {
   Session session("scope");
   EXPECT_EQ(session.Ask("TIM:SCAL?"), "+1.00000000E-03");

@@ -34,6 +34,7 @@
 #include "ui/commands/LogCommands.h"
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/NoteCommands.h"
+#include "ui/commands/PictureCommands.h"
 #include "ui/commands/PlotCommands.h"
 #include "ui/commands/PrintCommands.h"
 #include "ui/commands/ReadingCommands.h"
@@ -199,7 +200,7 @@ Rows ViewAndDataRegistrar::Rows() const {
       &CtorGoToLocal,     &CtorNextError,       &CtorPreviousError,  &CtorListErrors, &CtorSentLines,
       &CtorLineRecall,    &CtorTakenLines,      &CtorEarlierLine,    &CtorLaterLine,  &CtorPutBackLastRun,
       &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks,   &CtorTimeStamps, &CtorRepeat,
-      &CtorKnownCommands, &CtorComplete,        &CtorAskForCommands, &CtorShowPlot};
+      &CtorKnownCommands, &CtorComplete,        &CtorAskForCommands, &CtorShowPlot,   &CtorShowPicture};
   return rows;
 }
 

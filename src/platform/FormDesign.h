@@ -21,6 +21,7 @@ enum class ControlKind : std::uint8_t {
   CheckBox,
   CommandButton,
   TabStrip,
+  PictureView,
   PictureBox,
   Canvas,
   RichTextBox,

@@ -102,6 +102,7 @@ inline constexpr std::array RegisteredRows = {
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorComplete", u"Complete", 1},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorAskForCommands", u"AskForCommands", 0},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorShowPlot", u"ShowPlot", 2},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorShowPicture", u"ShowPicture", 2},
 };
 
 } // namespace portico::test

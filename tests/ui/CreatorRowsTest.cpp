@@ -9,6 +9,7 @@
 #include "ui/commands/InstrumentCommands.h"
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/NoteCommands.h"
+#include "ui/commands/PictureCommands.h"
 #include "ui/commands/PlotCommands.h"
 #include "ui/commands/PrintCommands.h"
 #include "ui/commands/ReadingCommands.h"
@@ -84,6 +85,8 @@ TEST_F(CreatorRowsTest, NoteCommands) {
   Expect(CtorSessionMarks, u"CtorSessionMarks", u"SessionMarks", 1);
   Expect(CtorTimeStamps, u"CtorTimeStamps", u"TimeStamps", 1);
 }
+
+TEST_F(CreatorRowsTest, PictureCommands) { Expect(CtorShowPicture, u"CtorShowPicture", u"ShowPicture", 2); }
 
 TEST_F(CreatorRowsTest, RecallCommands) {
   Expect(CtorEarlierLine, u"CtorEarlierLine", u"EarlierLine", 0);

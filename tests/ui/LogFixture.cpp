@@ -7,6 +7,7 @@
 #include "ui/commands/LogCommands.h"
 #include "ui/commands/MergeCommands.h"
 #include "ui/commands/NoteCommands.h"
+#include "ui/commands/PictureCommands.h"
 #include "ui/commands/PlotCommands.h"
 #include "ui/commands/PrintCommands.h"
 #include "ui/commands/ReadingCommands.h"
@@ -25,6 +26,8 @@ LogFixture::LogFixture() {
         &CtorMerge,         &CtorMergeFrom,    &CtorCopy,         &CtorPrint,         &CtorPrintSetup,  &CtorFind,
         &CtorFindNext,      &CtorFindPrevious, &CtorZoomIn,       &CtorZoomOut,       &CtorActualSize,  &CtorNextError,
         &CtorPreviousError, &CtorListErrors,   &CtorSessionMarks, &CtorTimeStamps,    &CtorShowPlot}) {
+    &CtorPreviousError, &CtorListErrors, &CtorSessionMarks, &CtorTimeStamps, &CtorShowPicture
+  }) {
     gObjectFactory->Add(MakeCreator(*row));
   }
   Configuration->Items = {{u"LogFileName", u""}, {u"Logging", u"On"}};

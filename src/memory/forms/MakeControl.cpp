@@ -4,6 +4,7 @@
 #include "memory/forms/Canvas.h"
 #include "memory/forms/DialogControls.h"
 #include "memory/forms/ListView.h"
+#include "memory/forms/PictureView.h"
 #include "memory/forms/RichTextControl.h"
 
 #include <stdexcept>
@@ -24,6 +25,8 @@ std::unique_ptr<Control> MakeControl(ControlOwner& form, const ControlDesign& de
     return std::make_unique<CommandButton>(form, design, container);
   case ControlKind::TabStrip:
     return std::make_unique<TabStrip>(form, design, container);
+  case ControlKind::PictureView:
+    return std::make_unique<PictureView>(form, design, container);
   case ControlKind::PictureBox:
     return std::make_unique<PictureBox>(form, design, container);
   case ControlKind::Canvas:

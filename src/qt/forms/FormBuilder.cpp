@@ -6,6 +6,7 @@
 #include "qt/controls/CommandButton.h"
 #include "qt/controls/ListView.h"
 #include "qt/controls/PictureBox.h"
+#include "qt/controls/PictureView.h"
 #include "qt/controls/PlainControls.h"
 #include "qt/controls/TabStrip.h"
 #include "qt/controls/TextBox.h"
@@ -90,6 +91,9 @@ private:
     }
     case ControlKind::TabStrip:
       MakeStop<TabStrip>(design, new QTabBar(&parent));
+      break;
+    case ControlKind::PictureView:
+      Make<PictureView>(design, new QScrollArea(&parent));
       break;
     case ControlKind::PictureBox: {
       auto* picture = Make<PictureBox>(design, new QWidget(&parent));

@@ -107,6 +107,7 @@ constexpr std::array Table = {
     ResourceString{10071, u"&Previous Error"},
     ResourceString{10072, u"Error&s..."},
     ResourceString{10090, u"P&lot..."},
+    ResourceString{10095, u"Show Pictu&re"},
     ResourceString{10110, u"Session Mar&ks"},
     ResourceString{10111, u"Time Sta&mps"},
     ResourceString{10200, u"&Data"},
@@ -122,6 +123,10 @@ constexpr std::array Table = {
     ResourceString{10260, u"&Time-out..."},
     ResourceString{10261, u"Clear &Device"},
     ResourceString{10262, u"&Go to Local"},
+    ResourceString{10800, u"Save Picture"},
+    ResourceString{10801, u"&Save As..."},
+    ResourceString{10802, u"&Print..."},
+    ResourceString{10803, u"&Fit to Window"},
 };
 
 constexpr bool Precedes(const ResourceString& a, const ResourceString& b) { return a.Id < b.Id; }

@@ -7,6 +7,7 @@
 namespace portico {
 
 class CommandOffers;
+class AnswerAtCaret;
 class ErrorMarks;
 class ICommonDialog;
 class IForm;
@@ -65,6 +66,9 @@ inline constexpr ClassKey<ICommand, Ref<ErrorMarks>, Ref<IForm>> NextError{u"Nex
 inline constexpr ClassKey<ICommand, Ref<ErrorMarks>, Ref<IForm>> PreviousError{u"PreviousError"};
 /// Lists them in a dialog, and goes to the one that is chosen.
 inline constexpr ClassKey<ICommand, Ref<ErrorMarks>, Ref<IForm>> ListErrors{u"ListErrors"};
+
+/// Shows the picture that the answer under the caret is, in front of the window.
+inline constexpr ClassKey<ICommand, Ref<AnswerAtCaret>, Ref<IForm>> ShowPicture{u"ShowPicture"};
 
 // Turn on or off what a log viewer shows beside its text.
 inline constexpr ClassKey<ICommand, Ref<LogNotes>> SessionMarks{u"SessionMarks"};

@@ -21,12 +21,15 @@ double Seconds() { return std::chrono::duration<double>(std::chrono::steady_cloc
 
 } // namespace
 
-ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs, const Ref<CDataFIFO>& history)
+ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs,
+                         const Ref<CDataFIFO>& history) ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs,
+                                                                                 const Ref<CSCPIViewHistory>& history)
     : m_form(form),
       m_guard(Create(Class::RunGuard)),
       m_errors(New<ErrorMarks>(ShareControl<IRichTextControl>(form, u"txtPast"))),
       m_errorsChanged(m_errors->Changed.Connect([this] { Update(); })),
       m_numbers(New<PlotSource>(history, Seconds)),
+      m_answers(New<AnswerAtCaret>(history, history->InstructionDisplay())),
       m_sent(Create(Class::SentLines)),
       m_taken(Create(Class::TakenLines)),
       m_repeated(New<RepeatedRun>(runs)),
@@ -48,6 +51,7 @@ ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs, const Ref<CData
   ConnectCommands(*form, RepeatItems, [this] { return modGlobals::VarArray(m_repeated); });
   ConnectCommands(*form, CompletionItems, [this] { return modGlobals::VarArray(m_offers); });
   ConnectCommands(*form, PlotItems, [this] { return modGlobals::VarArray(m_numbers, m_form); });
+  ConnectCommands(*form, PictureItems, [this] { return modGlobals::VarArray(m_answers, m_form); });
   const auto reports = Create(Class::CmdSubscriptionAgent);
   reports->Subscribe(m_guard);
   reports->Subscribe(New<FaultMarks>(m_errors));
@@ -77,6 +81,7 @@ void ViewAndData::Update() const {
   const bool isIdle = isOpened && !gMainForm->Executing();
   mnuClearDevice.Enabled(isIdle);
   mnuGoToLocal.Enabled(isIdle);
+  EnableItems(*m_form, PictureItems, m_answers->IsThere());
   EnableItems(*m_form, ErrorItems, !m_errors->All().empty());
 }
 

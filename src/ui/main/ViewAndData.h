@@ -2,6 +2,8 @@
 
 #include "platform/IForm.h"
 #include "ui/plot/PlotSource.h"
+#include "views/AnswerAtCaret.h"
+#include "views/CSCPIViewHistory.h"
 #include "views/ErrorMarks.h"
 #include "views/RepeatedRun.h"
 #include "views/RunFrame.h"
@@ -18,6 +20,8 @@ public:
   /// hears of its runs, which must outlive this. Subscribes what hears of each report; so it comes behind the
   /// displayer, and the history's queue is at hand. The driver gets the time-out that the user has set.
   ViewAndData(const Ref<IForm>& form, RunFrame& runs, const Ref<CDataFIFO>& history);
+  /// displayer. The driver gets the time-out that the user has set.
+  ViewAndData(const Ref<IForm>& form, RunFrame& runs, const Ref<CSCPIViewHistory>& history);
   ViewAndData(const ViewAndData&) = delete;
   ViewAndData& operator=(const ViewAndData&) = delete;
   ~ViewAndData();
@@ -32,6 +36,7 @@ private:
   Ref<ErrorMarks> m_errors;
   Event<>::Connection m_errorsChanged;
   Ref<PlotSource> m_numbers;
+  Ref<AnswerAtCaret> m_answers;
   Ref<SentLines> m_sent;
   Ref<TakenLines> m_taken;
   Ref<RepeatedRun> m_repeated;

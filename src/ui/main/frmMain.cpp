@@ -74,6 +74,7 @@ void frmMain::Form_Load() {
   m_historyView = Create(Class::SCPIViewHistory, m_txtPast);
   m_displayer = Create(Class::ReportDisplayer, m_historyView);
   m_viewAndData.emplace(m_form, *m_runs, m_historyView->Instructions());
+  m_viewAndData.emplace(m_form, *m_runs, m_historyView);
   SetUpSplitter();
   UpdateUI({}, {});
 }

@@ -94,12 +94,17 @@ void frmViewLog::Connect() {
     return self && self->m_errors ? modGlobals::VarArray(self->m_errors->Marks(), self->m_form) : Params();
   });
   EnableItems(*m_form, ErrorItems, false); // until there is one
+  EnableItems(*m_form, PictureItems, false);
   ConnectNotes();
   ConnectCommands(*m_form, PlotItems, [weak = weak_from_this()] {
     const auto self = weak.lock();
     return self ? modGlobals::VarArray(self->m_numbers, self->m_form) : Params();
   });
   EnableItems(*m_form, PlotItems, false); // until a log is there
+  ConnectCommands(*m_form, PictureItems, [weak = weak_from_this()] {
+    const auto self = weak.lock();
+    return self ? modGlobals::VarArray(self->m_answers, self->m_form) : Params();
+  });
   tbToolBar().ButtonClick().Connect([weak = weak_from_this()](IToolButton& button) {
     if (const auto self = weak.lock()) self->tbToolBar_ButtonClick(button);
   });
@@ -152,6 +157,7 @@ void frmViewLog::LoadLog() try {
   m_view = Create(Class::SCPIView, SharedText());
   const auto queue = m_view->Instructions();
   MarkErrors(queue);
+  m_answers = New<AnswerAtCaret>(m_view, SharedText());
   m_shownNotes = std::make_unique<ShownNotes>(SharedText(), queue, m_notes);
   LogLoading loading(m_fileName, *m_notes);
   DrawNumbers(queue);
@@ -252,6 +258,7 @@ void frmViewLog::Form_Unload() {
     m_tmrKey->Enabled(false);
     m_tmrLoad->Enabled(false);
     StopLoading();
+    m_answers = nullptr;
     m_view = nullptr;
     m_errors = nullptr;
     m_shownNotes = nullptr;
@@ -266,6 +273,7 @@ void frmViewLog::UpdateUI(const String&, const String&) try {
   Menu(u"mnuCopyto").Enabled(selected);
   tbToolBar().Buttons(u"Copy").Enabled(selected);
   Menu(u"mnuFilePrint").Enabled(txtPast().TextLength() > 0);
+  EnableItems(*m_form, PictureItems, m_answers && m_answers->IsThere());
   gEventLoop->DoEvents();
 } catch (...) {
   PassOn(u"frmViewLog.UpdateUI()");

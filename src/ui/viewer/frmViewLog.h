@@ -8,6 +8,7 @@
 #include "ui/viewer/LogShowing.h"
 #include "ui/viewer/ShownErrors.h"
 #include "ui/viewer/ShownNotes.h"
+#include "views/AnswerAtCaret.h"
 #include "views/CSCPIView.h"
 
 #include <memory>
@@ -95,6 +96,7 @@ private:
   Ref<CSCPIView> m_view;
   std::unique_ptr<LogShowing> m_showing; // until all is shown
   std::unique_ptr<ShownErrors> m_errors; // from the loading on
+  Ref<AnswerAtCaret> m_answers;          // from the loading on
   Ref<LogNotes> m_notes;
   std::unique_ptr<ShownNotes> m_shownNotes; // from the loading on
   Ref<PlotSource> m_numbers;                // from the loading on

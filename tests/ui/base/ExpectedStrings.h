@@ -106,6 +106,7 @@ inline constexpr std::array ExpectedStrings = {
     ExpectedString{10071, u"&Previous Error"},
     ExpectedString{10072, u"Error&s..."},
     ExpectedString{10090, u"P&lot..."},
+    ExpectedString{10095, u"Show Pictu&re"},
     ExpectedString{10110, u"Session Mar&ks"},
     ExpectedString{10111, u"Time Sta&mps"},
     ExpectedString{10200, u"&Data"},
@@ -121,6 +122,10 @@ inline constexpr std::array ExpectedStrings = {
     ExpectedString{10260, u"&Time-out..."},
     ExpectedString{10261, u"Clear &Device"},
     ExpectedString{10262, u"&Go to Local"},
+    ExpectedString{10800, u"Save Picture"},
+    ExpectedString{10801, u"&Save As..."},
+    ExpectedString{10802, u"&Print..."},
+    ExpectedString{10803, u"&Fit to Window"},
 };
 
 } // namespace portico::test

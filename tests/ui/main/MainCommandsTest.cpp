@@ -44,6 +44,7 @@ constexpr CommandRow ItemCommands[] = {
     {u"mnuPreviousError", u"PreviousError", u"Can't go to an error.", u"frmMain.mnuPreviousError_Click", 2},
     {u"mnuErrors", u"ListErrors", u"Can't list the errors.", u"frmMain.mnuErrors_Click", 2},
     {u"mnuPlot", u"ShowPlot", u"Can't draw the numbers.", u"frmMain.mnuPlot_Click", 2},
+    {u"mnuShowPicture", u"ShowPicture", u"Can't show the picture.", u"frmMain.mnuShowPicture_Click", 2},
     {u"mnuStopAtErrors", u"StopAtErrors", u"Can't change when a run stops.", u"frmMain.mnuStopAtErrors_Click"},
     {u"mnuTimeout", u"SetTimeout", u"Can't set the time-out.", u"frmMain.mnuTimeout_Click"},
     {u"mnuClearDevice", u"ClearDevice", u"Can't clear the device.", u"frmMain.mnuClearDevice_Click"},

@@ -79,6 +79,8 @@ inline constexpr ExpectedMenu ExpectedMenus[] = {
     {u"mnuErrors", u"10072", u"Error&s...", u"mnuView"},
     {u"mnuViewBar2", u"-", u"-", u"mnuView"},
     {u"mnuPlot", u"10090", u"P&lot...", u"mnuView"},
+    {u"mnuPictureBar", u"-", u"-", u"mnuView"},
+    {u"mnuShowPicture", u"10095", u"Show Pictu&re", u"mnuView"},
 
     {u"mnuData", u"10200", u"&Data"},
     {u"mnuStopAtErrors", u"10210", u"Stop at &Errors", u"mnuData"},

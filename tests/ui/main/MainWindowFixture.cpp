@@ -51,6 +51,7 @@ void MainWindowFixture::OfferSpies() {
                                u"PreviousError",
                                u"ListErrors",
                                u"ShowPlot",
+                               u"ShowPicture",
                                u"EarlierLine",
                                u"LaterLine",
                                u"PutBackLastRun",

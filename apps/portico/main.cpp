@@ -16,6 +16,7 @@
 #include "qt/loop/EventLoop.h"
 #include "system/BackgroundTask.h"
 #include "system/Cancellation.h"
+#include "timing/TimedDriver.h"
 #include "ui/dialogs/KnownInstruments.h"
 
 #include <QApplication>
@@ -42,7 +43,8 @@ struct Wiring {
   explicit Wiring(const system::Cancellation& cancellation) : m_clock(&cancellation) {
     HuntERR::SetEnvironment(&m_environment);
     auto [driver, notice] = ChooseDriver({.Clock = m_clock, .Cancellation = &cancellation});
-    gInstrumentDriver = std::move(driver);
+    timing::gTimedDriver = std::make_shared<timing::TimedDriver>(std::move(driver));
+    gInstrumentDriver = timing::gTimedDriver;
     Notice = FromUtf8(notice).Text;
     gInstrumentList = std::make_shared<KnownInstruments>(
         [](const std::vector<String>& known) { return discovery::AttachedNames(known); });
@@ -62,6 +64,7 @@ struct Wiring {
     gInstrumentSearch = nullptr;
     gInstrumentList = nullptr;
     gInstrumentDriver = nullptr;
+    timing::gTimedDriver = nullptr;
     HuntERR::SetEnvironment(nullptr);
   }
 

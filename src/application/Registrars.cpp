@@ -40,6 +40,7 @@
 #include "ui/commands/ReadingCommands.h"
 #include "ui/commands/RecallCommands.h"
 #include "ui/commands/RepeatCommand.h"
+#include "ui/commands/TimingCommand.h"
 #include "ui/dialogs/frmTVSCPIOptions.h"
 #include "views/CRun.h"
 #include "views/CSCPIViewHistory.h"
@@ -194,13 +195,14 @@ Rows CSCPIInstHndlrRegistrar::Rows() const {
 }
 
 Rows ViewAndDataRegistrar::Rows() const {
-  static constexpr std::array rows = {
-      &CtorFind,          &CtorFindNext,        &CtorFindPrevious,   &CtorZoomIn,     &CtorZoomOut,
-      &CtorActualSize,    &CtorRunGuard,        &CtorStopAtErrors,   &CtorSetTimeout, &CtorClearDevice,
-      &CtorGoToLocal,     &CtorNextError,       &CtorPreviousError,  &CtorListErrors, &CtorSentLines,
-      &CtorLineRecall,    &CtorTakenLines,      &CtorEarlierLine,    &CtorLaterLine,  &CtorPutBackLastRun,
-      &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks,   &CtorTimeStamps, &CtorRepeat,
-      &CtorKnownCommands, &CtorComplete,        &CtorAskForCommands, &CtorShowPlot,   &CtorShowPicture};
+  static constexpr std::array rows = {&CtorFind,          &CtorFindNext,        &CtorFindPrevious, &CtorZoomIn,
+                                      &CtorZoomOut,       &CtorActualSize,      &CtorRunGuard,     &CtorStopAtErrors,
+                                      &CtorSetTimeout,    &CtorClearDevice,     &CtorGoToLocal,    &CtorNextError,
+                                      &CtorPreviousError, &CtorListErrors,      &CtorSentLines,    &CtorLineRecall,
+                                      &CtorTakenLines,    &CtorEarlierLine,     &CtorLaterLine,    &CtorPutBackLastRun,
+                                      &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks, &CtorTimeStamps,
+                                      &CtorRepeat,        &CtorKnownCommands,   &CtorComplete,     &CtorAskForCommands,
+                                      &CtorShowPlot,      &CtorShowPicture,     &CtorShowTimes};
   return rows;
 }
 

@@ -4,6 +4,8 @@
 
 namespace portico::timing {
 
+std::shared_ptr<TimedDriver> gTimedDriver;
+
 TimedDriver::TimedDriver(std::shared_ptr<IExtendedDriver> driver, Clock now)
     : m_driver(std::move(driver)), m_now(std::move(now)) {}
 

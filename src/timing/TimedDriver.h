@@ -52,4 +52,7 @@ private:
   std::chrono::steady_clock::time_point m_start;
 };
 
+/// The one from which the window tells times; null where nobody takes them.
+extern std::shared_ptr<TimedDriver> gTimedDriver;
+
 } // namespace portico::timing

@@ -103,6 +103,7 @@ inline constexpr std::array RegisteredRows = {
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorAskForCommands", u"AskForCommands", 0},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorShowPlot", u"ShowPlot", 2},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorShowPicture", u"ShowPicture", 2},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorShowTimes", u"ShowTimes", 0},
 };
 
 } // namespace portico::test

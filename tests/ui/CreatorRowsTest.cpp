@@ -15,6 +15,7 @@
 #include "ui/commands/ReadingCommands.h"
 #include "ui/commands/RecallCommands.h"
 #include "ui/commands/RepeatCommand.h"
+#include "ui/commands/TimingCommand.h"
 #include "ui/dialogs/frmTVSCPIOptions.h"
 
 namespace portico::test {
@@ -100,6 +101,8 @@ TEST_F(CreatorRowsTest, RecallCommands) {
 
 TEST_F(CreatorRowsTest, RepeatCommand) { Expect(CtorRepeat, u"CtorRepeat", u"Repeat", 1); }
 TEST_F(CreatorRowsTest, PlotCommands) { Expect(CtorShowPlot, u"CtorShowPlot", u"ShowPlot", 2); }
+
+TEST_F(CreatorRowsTest, TimingCommand) { Expect(CtorShowTimes, u"CtorShowTimes", u"ShowTimes", 0); }
 
 TEST_F(CreatorRowsTest, EachMakesItsProduct) {
   const auto product = [](const CreatorRow& row) { return ToUtf8(MakeCreator(row)->Create({})->ClassName()); };

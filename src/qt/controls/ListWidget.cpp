@@ -2,6 +2,8 @@
 
 #include "qt/values/QtText.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -112,7 +114,23 @@ int ListWidget::SelectedRow() const {
   return selection.isEmpty() ? -1 : selection.first().top();
 }
 
+void ListWidget::CopyAll() const {
+  const auto lineOf = [this](auto&& cell) {
+    QStringList cells;
+    for (int column = 0; column < m_model->columnCount(); ++column) {
+      cells.append(cell(column).toString().replace(u'\t', u' '));
+    }
+    return cells.join(u'\t') + u'\n';
+  };
+  QString text = lineOf([this](int column) { return m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole); });
+  for (int row = 0; row < m_model->rowCount(); ++row) {
+    text += lineOf([&](int column) { return m_model->data(m_model->index(row, column), Qt::DisplayRole); });
+  }
+  QGuiApplication::clipboard()->setText(text);
+}
+
 void ListWidget::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) return CopyAll();
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (!isReturn || SelectedRow() < 0) return QTableView::keyPressEvent(event);
   event->accept(); // or a default button would have it, too

@@ -36,7 +36,8 @@ private:
   int m_count = 0;
 };
 
-/// The widget of a list: whole rows, all of one height, moved through by the keys for rows.
+/// The widget of a list: whole rows, all of one height, moved through by the keys for rows. The key for copying copies
+/// them all, headings first, with a tab behind each cell but the last of a row.
 class ListWidget final : public QTableView {
 public:
   explicit ListWidget(QWidget* parent = nullptr);
@@ -61,6 +62,7 @@ protected:
 
 private:
   void FitRows();
+  void CopyAll() const;
 
   ListModel* m_model;
 };

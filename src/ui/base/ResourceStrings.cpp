@@ -110,6 +110,7 @@ constexpr std::array Table = {
     ResourceString{10095, u"Show Pictu&re"},
     ResourceString{10110, u"Session Mar&ks"},
     ResourceString{10111, u"Time Sta&mps"},
+    ResourceString{10080, u"&Timing..."},
     ResourceString{10200, u"&Data"},
     ResourceString{10210, u"Stop at &Errors"},
     ResourceString{10220, u"&Complete"},

@@ -73,6 +73,9 @@ inline constexpr ClassKey<ICommand, Ref<AnswerAtCaret>, Ref<IForm>> ShowPicture{
 // Turn on or off what a log viewer shows beside its text.
 inline constexpr ClassKey<ICommand, Ref<LogNotes>> SessionMarks{u"SessionMarks"};
 inline constexpr ClassKey<ICommand, Ref<LogNotes>> TimeStamps{u"TimeStamps"};
+/// Opens the window of what queries took.
+inline constexpr ClassKey<ICommand> ShowTimes{u"ShowTimes"};
+
 /// Asks how often, and runs a copy of lines of the command window so often.
 inline constexpr ClassKey<ICommand, Ref<RepeatedRun>> Repeat{u"Repeat"};
 /// Opens a window that draws the numbers of a window's conversation, in front of that window.

@@ -127,6 +127,16 @@ constexpr std::array ErrorsControls = {
     CancellingButton(u"CancelButton", u"Cancel", u"rowButtons"),
 };
 
+constexpr std::array TimingControls = {
+    Plain(Label, u"lblLast"),
+    Titled(Label, u"lblTimes", u"&Times of all queries:"),
+    Plain(ListView, u"lstTimes"),
+    Plain(Row, u"rowButtons"),
+    Titled(CommandButton, u"cmdForget", u"&Begin Anew", u"rowButtons"),
+    Plain(Space, u"spcButtons", u"rowButtons"),
+    CancellingButton(u"cmdClose", u"Close", u"rowButtons"),
+};
+
 } // namespace
 
 constinit const FormDesign InstrumentDialogDesign = {.Name = u"frmInstrumentDialog",
@@ -151,5 +161,8 @@ constinit const FormDesign RepeatDialogDesign = {
 
 constinit const FormDesign ErrorsDesign = {
     .Name = u"ErrorsDialog", .Caption = u"Errors", .Style = FormStyle::Dialog, .Controls = ErrorsControls};
+
+constinit const FormDesign TimingDesign = {
+    .Name = u"TimingWindow", .Caption = u"Timing", .Style = FormStyle::Dialog, .Controls = TimingControls};
 
 } // namespace portico

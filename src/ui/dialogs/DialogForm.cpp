@@ -24,6 +24,13 @@ void DialogForm::ShowModal(IForm* Owner) {
   m_form->ShowModal(Owner);
 }
 
+void DialogForm::Show(IForm* Owner) {
+  Form_Load();
+  m_form->Keep(Ref<IObject>(shared_from_this()));
+  m_form->Owner(Owner);
+  m_form->Show();
+}
+
 void DialogForm::Hide() {
   if (*m_loaded) m_form->Hide();
 }

@@ -10,7 +10,7 @@
 
 namespace portico {
 
-/// A modal dialog: the logic behind a form. Whoever shows it owns it; the form goes with it at the latest.
+/// A dialog: the logic behind a form. Whoever shows it modally owns it; the form goes with it at the latest.
 class DialogForm : public IObject, public std::enable_shared_from_this<DialogForm> {
 public:
   ~DialogForm() override;
@@ -19,6 +19,8 @@ public:
   virtual void Form_Initialize() = 0;
   /// Loads the dialog and shows it until it is hidden or unloaded. `Quit` passes.
   void ShowModal(IForm* Owner);
+  /// Loads the dialog and shows it in front of its owner. It is kept until its form has been unloaded.
+  void Show(IForm* Owner);
   void Hide();
 
 protected:

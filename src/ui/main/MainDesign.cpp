@@ -2,6 +2,7 @@
 
 #include "ui/base/ViewMenu.h"
 #include "ui/main/DataMenu.h"
+#include "ui/main/MainViewMenu.h"
 
 namespace portico {
 namespace {
@@ -99,7 +100,7 @@ constexpr std::array MenusBehindData = {
     Item(u"mnuPopupHistory", u"mnuPopupHistoryClearHistory", u"7060"),
 };
 
-constexpr auto Menus = Joined(MenusBeforeView, ViewMenu, DataMenu, MenusBehindData);
+constexpr auto Menus = Joined(MenusBeforeView, ViewMenu, MainViewMenu, DataMenu, MenusBehindData);
 
 constexpr ToolButtonStyle Check = ToolButtonStyle::Check;
 constexpr ToolButtonStyle Separator = ToolButtonStyle::Separator;

@@ -8,6 +8,7 @@
 #include "ui/base/KeptTimeout.h"
 #include "ui/base/ViewMenu.h"
 #include "ui/main/DataMenu.h"
+#include "ui/main/MainViewMenu.h"
 #include "views/FaultMarks.h"
 #include "views/completion/AcceptedLines.h"
 
@@ -46,6 +47,7 @@ ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs,
       mnuRepeat(FindControl<IMenuItem>(*form, u"mnuRepeat")),
       mnuRun(FindControl<IMenuItem>(*form, u"mnuRun")) {
   ConnectCommands(*form, ViewItems);
+  ConnectCommands(*form, MainViewItems);
   ConnectCommands(*form, DataItems);
   ConnectCommands(*form, ErrorItems, [this] { return modGlobals::VarArray(m_errors, m_form); });
   ConnectCommands(*form, RepeatItems, [this] { return modGlobals::VarArray(m_repeated); });

@@ -6,6 +6,7 @@
 #include "qt/controls/ListWidget.h"
 
 #include <QAccessible>
+#include <QClipboard>
 #include <QHeaderView>
 
 namespace portico::test {
@@ -59,6 +60,13 @@ TEST_F(ListViewTest, TheArrowKeysSelectAndReturnChoosesWithoutTheDefaultButton) 
 TEST_F(ListViewTest, ReturnWithNothingSelectedPressesTheDefaultButton) {
   QTest::keyClick(&widget, Qt::Key_Return);
   EXPECT_EQ(calls, (std::vector<std::string>{"ok"}));
+}
+
+TEST_F(ListViewTest, AllIsCopiedWithItsHeadingsAndTabsBetweenTheCells) {
+  list.Rows(std::make_shared<Lines>(2));
+  QTest::keyClick(&widget, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
+            "Line\tAnswer\n1\tfirst second third\n2\tfirst second third\n");
 }
 
 TEST_F(ListViewTest, ADoubleClickChooses) {

@@ -109,6 +109,7 @@ inline constexpr std::array ExpectedStrings = {
     ExpectedString{10095, u"Show Pictu&re"},
     ExpectedString{10110, u"Session Mar&ks"},
     ExpectedString{10111, u"Time Sta&mps"},
+    ExpectedString{10080, u"&Timing..."},
     ExpectedString{10200, u"&Data"},
     ExpectedString{10210, u"Stop at &Errors"},
     ExpectedString{10220, u"&Complete"},

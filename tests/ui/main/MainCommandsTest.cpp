@@ -57,6 +57,7 @@ constexpr CommandRow ItemCommands[] = {
     {u"mnuKeepSentLines", u"KeepSentLines", u"Can't change whether sent lines are kept.",
      u"frmMain.mnuKeepSentLines_Click"},
     {u"mnuForgetSentLines", u"ForgetSentLines", u"Can't forget the sent lines.", u"frmMain.mnuForgetSentLines_Click"},
+    {u"mnuTiming", u"ShowTimes", u"Can't show the times.", u"frmMain.mnuTiming_Click"},
     {u"mnuRepeat", u"Repeat", u"Can't run instructions.", u"frmMain.mnuRepeat_Click", 1},
     {u"mnuPopupCmdCut", u"Cut", u"Can't perform cut operation.", u"frmMain.mnuEditCut_Click"},
     {u"mnuPopupCmdCopy", u"Copy", u"Can't perform copy operation.", u"frmMain.mnuEditCopy_Click"},

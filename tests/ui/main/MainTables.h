@@ -81,6 +81,8 @@ inline constexpr ExpectedMenu ExpectedMenus[] = {
     {u"mnuPlot", u"10090", u"P&lot...", u"mnuView"},
     {u"mnuPictureBar", u"-", u"-", u"mnuView"},
     {u"mnuShowPicture", u"10095", u"Show Pictu&re", u"mnuView"},
+    {u"mnuTimingBar", u"-", u"-", u"mnuView"},
+    {u"mnuTiming", u"10080", u"&Timing...", u"mnuView"},
 
     {u"mnuData", u"10200", u"&Data"},
     {u"mnuStopAtErrors", u"10210", u"Stop at &Errors", u"mnuData"},

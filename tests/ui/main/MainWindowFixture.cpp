@@ -60,6 +60,8 @@ void MainWindowFixture::OfferSpies() {
                                u"Repeat",
                                u"Complete",
                                u"AskForCommands"}) {
+    u"ShowTimes"
+  }) {
     Offer(name, [this, name](const Params& parameters) {
       Commands.push_back(ToUtf8(name));
       LastParameters = parameters;

@@ -6,6 +6,7 @@
 #include "platform/Termination.h"
 
 #include <algorithm>
+#include <exception>
 
 namespace portico {
 
@@ -91,6 +92,7 @@ Ref<IResponse> CDriverSession::WriteData(const String& Data) try {
 }
 
 Ref<IResponse> CDriverSession::ReadData() try {
+  if (m_diversion != nullptr) return ReadDiverted();
   WipeBuffer();
   std::int32_t count = 0;
   m_soiled = m_buffer.size(); // until the driver has told what it filled
@@ -104,6 +106,30 @@ Ref<IResponse> CDriverSession::ReadData() try {
   return GenerateResponse(status, data);
 } catch (...) {
   PassOn(u"CDriverSession.IChannel_ReadData");
+}
+
+Ref<IResponse> CDriverSession::ReadDiverted() {
+  constexpr std::size_t longestHeld = ReadBufferSize - 2; // the driver adds a byte, and a full buffer gives no data
+  std::string held;
+  bool isHeld = true;
+  std::exception_ptr thrown; // not through the driver
+  const std::int32_t status = m_driver->ReadInPieces(m_session, [&](std::string_view piece) {
+    isHeld = isHeld && held.size() + piece.size() <= longestHeld;
+    if (isHeld) {
+      held += piece;
+    } else {
+      held = {};
+    }
+    try {
+      return m_diversion->Sink(piece);
+    } catch (...) {
+      thrown = std::current_exception();
+      return false;
+    }
+  });
+  if (thrown) std::rethrow_exception(thrown);
+  m_diversion->Response = GenerateResponse(status, FromCodePage(held));
+  return m_diversion->Response;
 }
 
 /// A driver whose count exceeds what it wrote must show zeros, never the previous answer.
@@ -171,6 +197,12 @@ Ref<IResponse> CDriverSession::GoToLocal() try {
   return GenerateResponse(m_driver->GoToLocal(m_session), {});
 } catch (...) {
   PassOn(u"CDriverSession.IChannelExtension_GoToLocal");
+}
+
+Ref<IResponse> CDriverSession::CanDivert() try {
+  return GenerateResponse(m_driver->CanReadInPieces(m_session), {});
+} catch (...) {
+  PassOn(u"CDriverSession.IChannelExtension_CanDivert");
 }
 
 const CreatorRow CtorDriverSession = {

@@ -38,14 +38,18 @@ public:
   Ref<IResponse> SetTimeout(std::int32_t Milliseconds) override;
   Ref<IResponse> ClearDevice() override;
   Ref<IResponse> GoToLocal() override;
+  Ref<IResponse> CanDivert() override;
+  void Divert(AnswerDiversion* diversion) override { m_diversion = diversion; }
 
 private:
   String GetErrorMessage(std::int32_t code);
   Ref<IResponse> GenerateResponse(std::int32_t code, const String& data);
   void WipeBuffer();
+  Ref<IResponse> ReadDiverted();
 
   std::shared_ptr<IExtendedDriver> m_driver;
   std::int32_t m_session = 0;
+  AnswerDiversion* m_diversion = nullptr;
   std::vector<char> m_buffer; // of ReadData; made at the first read
   std::size_t m_soiled = 0;   // bytes of it that the last read may have filled
 };

@@ -62,6 +62,7 @@ constexpr std::array Statuses = {
                 "The driver library could not be loaded"},
     StatusEntry{DriverStatus::InternalError, "TVSCPI_ERROR_INTERNAL", "The driver failed"},
     StatusEntry{DriverStatus::NotPossible, "TVSCPI_ERROR_NOT_POSSIBLE", "This cannot be done"},
+    StatusEntry{DriverStatus::GivenUp, "TVSCPI_ERROR_GIVEN_UP", "The answer was given up"},
 };
 
 const StatusEntry* Find(std::int32_t status) {

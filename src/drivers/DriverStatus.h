@@ -31,6 +31,7 @@ enum class DriverStatus : std::int32_t {
   LibraryNotLoaded = -1151019,
   InternalError = -1151020,
   NotPossible = -1151021,
+  GivenUp = -1151022,
 };
 
 /// As it crosses the seam of drivers.

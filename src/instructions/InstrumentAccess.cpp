@@ -15,6 +15,20 @@ namespace {
 /// The server: what is written to it tells the main window nothing.
 Ref<IConfiguration> Server() { return Create(Class::Configuration); }
 
+/// Lasts as long as this.
+class Diverting {
+public:
+  Diverting(const Ref<IChannelExtension>& channel, AnswerDiversion& diversion) : m_channel(channel) {
+    m_channel->Divert(&diversion);
+  }
+  Diverting(const Diverting&) = delete;
+  Diverting& operator=(const Diverting&) = delete;
+  ~Diverting() { m_channel->Divert(nullptr); }
+
+private:
+  Ref<IChannelExtension> m_channel;
+};
+
 Ref<IChannelExtension> Channel() { return CreateAs<IChannelExtension>(Class::DriverSession); }
 
 } // namespace
@@ -44,6 +58,17 @@ void Close() {
   configuration->ItemValue(Item::InstrumentName, u"");
   configuration->Set(Item::InstrumentOpened, false);
   configuration->Set(Item::OpenfromTree, false);
+}
+
+Ref<IResponse> Fetch(const String& Query, const AnswerSink& Sink) {
+  const auto channel = Channel();
+  if (auto refusal = channel->CanDivert(); refusal->ErrorCode() != 0) return refusal;
+  const CInstGenerator generator;
+  Send(generator.ConstructXMLWriteCmdString(Query));
+  AnswerDiversion diversion{.Sink = Sink};
+  const Diverting diverting(channel, diversion);
+  Send(generator.ConstructXMLReadCmdString());
+  return diversion.Response;
 }
 
 Ref<IResponse> SetTimeout(std::int32_t Milliseconds) { return Channel()->SetTimeout(Milliseconds); }

@@ -2,6 +2,7 @@
 
 #include "framework/shared/CInstContainer.h"
 #include "framework/shared/IResponse.h"
+#include "platform/IExtendedDriver.h"
 
 #include <optional>
 
@@ -24,6 +25,11 @@ void SetTermination(const String& Termination);
 
 /// Closes the instrument, whether or not one is open, and notes that none is.
 void Close();
+
+/// Asks one query and reads its answer, as the user's own Read would, but for an answer of any size, which goes to the
+/// sink piece by piece. Both stand in the reports; of an answer that is too long for a report, nothing does. Where
+/// answers of any size cannot be read, nothing is sent. How the read ended, or why it cannot be.
+Ref<IResponse> Fetch(const String& Query, const AnswerSink& Sink);
 
 // These are no lines of a conversation: they go to the channel itself, and no report tells of them.
 

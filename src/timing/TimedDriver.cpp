@@ -46,6 +46,11 @@ std::int32_t TimedDriver::Clear(std::int32_t session) {
   return m_driver->Clear(session);
 }
 
+std::int32_t TimedDriver::ReadInPieces(std::int32_t session, const AnswerSink& sink) {
+  m_session = 0;
+  return m_driver->ReadInPieces(session, sink);
+}
+
 std::int32_t TimedDriver::TVSCPI_GetAttributeViInt32(std::int32_t session, std::int32_t zero, std::int32_t attribute,
                                                      std::int32_t& value) {
   return m_driver->TVSCPI_GetAttributeViInt32(session, zero, attribute, value);

@@ -10,7 +10,8 @@
 namespace portico::timing {
 
 /// A driver that hands every call on, and takes the time of each exchange: from a write's beginning to the end of the
-/// first read behind it. One that fails, in its write or its read, is none.
+/// first read behind it. One that fails, in its write or its read, is none, nor is one that is read in pieces: there
+/// whoever takes the pieces takes his time, too.
 class TimedDriver final : public IExtendedDriver {
 public:
   using Clock = std::function<std::chrono::steady_clock::time_point()>;
@@ -38,6 +39,8 @@ public:
   std::int32_t SetTimeout(std::chrono::milliseconds timeout) override { return m_driver->SetTimeout(timeout); }
   std::int32_t Clear(std::int32_t session) override;
   std::int32_t GoToLocal(std::int32_t session) override { return m_driver->GoToLocal(session); }
+  std::int32_t CanReadInPieces(std::int32_t session) override { return m_driver->CanReadInPieces(session); }
+  std::int32_t ReadInPieces(std::int32_t session, const AnswerSink& sink) override;
 
 private:
   void Await(std::int32_t session, std::string_view text, std::chrono::steady_clock::time_point start);

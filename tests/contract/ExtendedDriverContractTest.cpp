@@ -6,7 +6,14 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class ExtendedDriverContract : public DriverContract {};
+class ExtendedDriverContract : public DriverContract {
+protected:
+  /// Of a long answer; a line takes no more before it is read.
+  static std::size_t Long() {
+    return GetParam().traits.recovery == TransportTraits::RecoveryKind::Listening ? 3'000 : 300'000;
+  }
+  static std::string LongHeader() { return Long() == 3'000 ? "#43000" : "#6300000"; }
+};
 
 INSTANTIATE_TEST_SUITE_P(
     Extended, ExtendedDriverContract,
@@ -59,6 +66,8 @@ TEST_P(ExtendedDriverContract, AHandleThatIsNotOpenIsRefused) {
   for (const std::int32_t none : {0, session + 1}) {
     EXPECT_EQ(Driver().Clear(none), Number(DriverStatus::InvalidSession));
     EXPECT_EQ(Driver().GoToLocal(none), Number(DriverStatus::InvalidSession));
+    EXPECT_EQ(Driver().CanReadInPieces(none), Number(DriverStatus::InvalidSession));
+    EXPECT_EQ(Driver().ReadInPieces(none, [](std::string_view) { return true; }), Number(DriverStatus::InvalidSession));
   }
 }
 
@@ -73,6 +82,41 @@ TEST_P(ExtendedDriverContract, ATimeoutHoldsFromTheNextCallOn) {
   EXPECT_EQ(Query("Q?"), "1");
 }
 
+TEST_P(ExtendedDriverContract, AnAnswerOfAnySizeIsReadInPieces) {
+  std::string block;
+  for (std::size_t i = 0; i < Long(); ++i) block += static_cast<char>(i % 251); // line feeds, too
+  Start({{"BLOCK?", Reaction::Answer(LongHeader() + block + "\n")}, {"Q?", Reaction::Answer("1\n")}});
+  EXPECT_EQ(Driver().CanReadInPieces(session), Success);
+  Ask("BLOCK?");
+  std::string data;
+  EXPECT_EQ(Driver().ReadInPieces(session,
+                                  [&](std::string_view piece) {
+                                    EXPECT_LE(piece.size(), 65536U);
+                                    data += piece;
+                                    return true;
+                                  }),
+            Success);
+  EXPECT_EQ(data, LongHeader() + block);
+  EXPECT_EQ(Query("Q?"), "1");
+}
+
+TEST_P(ExtendedDriverContract, AnAnswerThatIsGivenUpIsNotTakenForTheNext) {
+  Start({{"LONG?", Reaction::Part(LongHeader() + std::string(Long() / 3, 'x'))}, {"Q?", Reaction::Answer("1\n")}});
+  Ask("LONG?");
+  const std::int32_t status = Driver().ReadInPieces(session, [](std::string_view) { return false; });
+  EXPECT_EQ(status, Number(DriverStatus::GivenUp));
+  EXPECT_EQ(Message(status, session), "The answer was given up: " + bench->CanonicalName() + ".\n");
+  EXPECT_EQ(Query("Q?"), "1");
+}
+
+TEST_P(ExtendedDriverContract, ATornAnswerIsNotTakenForTheNext) {
+  Start({{"TORN?", Reaction::Part("#41000abc")}, {"Q?", Reaction::Answer("1\n")}}, Brief);
+  Ask("TORN?");
+  bench->Hurry();
+  EXPECT_EQ(Driver().ReadInPieces(session, [](std::string_view) { return true; }), Number(DriverStatus::ReadTimeout));
+  EXPECT_EQ(Query("Q?"), "1");
+}
+
 class PlainDriverContract : public DriverContract {};
 
 INSTANTIATE_TEST_SUITE_P(
@@ -82,7 +126,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_P(PlainDriverContract, WhatTheDriverCannotIsRefusedInWords) {
   Start({{"Q?", Reaction::Answer("1\n")}});
   const std::string refusal = "This cannot be done: the driver library has no function for it.\n";
-  for (const std::int32_t status : {Driver().Clear(session), Driver().GoToLocal(session), Driver().SetTimeout(Brief)}) {
+  for (const std::int32_t status :
+       {Driver().Clear(session), Driver().GoToLocal(session), Driver().SetTimeout(Brief),
+        Driver().CanReadInPieces(session), Driver().ReadInPieces(session, [](std::string_view) { return true; })}) {
     EXPECT_EQ(status, Number(DriverStatus::NotPossible));
     EXPECT_EQ(Message(status, session), refusal);
   }

@@ -37,6 +37,7 @@ constexpr std::array Rows = {
     StatusRow{-1151019, "TVSCPI_ERROR_LIBRARY_NOT_LOADED", "The driver library could not be loaded."},
     StatusRow{-1151020, "TVSCPI_ERROR_INTERNAL", "The driver failed."},
     StatusRow{-1151021, "TVSCPI_ERROR_NOT_POSSIBLE", "This cannot be done."},
+    StatusRow{-1151022, "TVSCPI_ERROR_GIVEN_UP", "The answer was given up."},
 };
 
 TEST(DriverStatus, EveryStatusHasItsNumberNameAndMessage) {

@@ -109,6 +109,14 @@ std::int32_t InstrumentDriver::GoToLocal(std::int32_t session) {
   return OnSession(session, [](InstrumentSession& open) { return open.GoToLocal(); });
 }
 
+std::int32_t InstrumentDriver::CanReadInPieces(std::int32_t session) {
+  return OnSession(session, [](InstrumentSession&) { return DriverResult(); });
+}
+
+std::int32_t InstrumentDriver::ReadInPieces(std::int32_t session, const AnswerSink& sink) {
+  return OnSession(session, [&sink](InstrumentSession& open) { return open.ReadInPieces(sink); });
+}
+
 InstrumentDriver::SessionRef InstrumentDriver::Find(std::int32_t session) const {
   const auto found = m_sessions.find(session);
   return found == m_sessions.end() ? nullptr : found->second;

@@ -42,6 +42,8 @@ public:
   std::int32_t SetTimeout(std::chrono::milliseconds timeout) override;
   std::int32_t Clear(std::int32_t session) override;
   std::int32_t GoToLocal(std::int32_t session) override;
+  std::int32_t CanReadInPieces(std::int32_t session) override;
+  std::int32_t ReadInPieces(std::int32_t session, const AnswerSink& sink) override;
 
 private:
   using SessionRef = std::shared_ptr<InstrumentSession>;

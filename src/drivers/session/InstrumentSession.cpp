@@ -1,5 +1,7 @@
 #include "drivers/session/InstrumentSession.h"
 
+#include "drivers/session/StreamedAnswer.h"
+
 namespace portico::drivers {
 
 InstrumentSession::InstrumentSession(const ResourceName& name, std::unique_ptr<ITransport> transport,
@@ -57,7 +59,7 @@ DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count
   if (buffer.empty()) return {DriverStatus::InvalidBuffer};
   if (!m_connection.Succeeded()) return {DriverStatus::NotConnected, ReasonFor(m_connection)};
   const TimePoint deadline = Deadline();
-  const MessageReader reader(m_attributes.Termination(), m_transport->MarksEnd() ? Marks::Ends : Marks::None);
+  const MessageReader reader = Reader();
   Answer answer = m_unfinished.Start(reader, buffer);
   while (!answer.Complete()) {
     if (!m_unfinished.Unread().empty()) {
@@ -79,14 +81,53 @@ DriverResult InstrumentSession::Read(std::span<char> buffer, std::int32_t& count
     m_input.Drop(answer.Take(m_input.Unread()));
     if (m_input.AtEndOfMessage()) answer.End();
   }
-  m_outOfStep = false;
-  m_markMayFollow =
-      answer.Terminated() && m_unfinished.Unread().empty() && m_input.Empty() && !m_input.AtEndOfMessage();
+  NoteComplete(answer.Terminated());
   count = answer.Finish();
   if (answer.FillsBuffer()) {
     Tell([&](IDriverObserver& observer) { observer.AnswerFilledBuffer(m_name, answer.Length()); });
   }
   return {};
+}
+
+DriverResult InstrumentSession::ReadInPieces(const AnswerSink& sink) {
+  if (!m_connection.Succeeded()) return {DriverStatus::NotConnected, ReasonFor(m_connection)};
+  if (m_outOfStep) return {DriverStatus::NotPossible, m_name + " still owes the answer to an earlier command"};
+  StreamedAnswer answer(Reader(), sink);
+  while (!answer.Complete() && !answer.Refused()) {
+    if (m_input.Empty()) {
+      bool anew = false;
+      DriverResult result = Fill(Deadline(), anew);
+      if (anew && answer.Begun()) result = {DriverStatus::ConnectionLost, m_name + " broke its answer off"};
+      if (!result.Succeeded()) {
+        if (answer.Begun()) DropRest();
+        return result;
+      }
+    }
+    m_input.Drop(answer.Take(m_input.Unread()));
+    if (m_input.AtEndOfMessage()) answer.End();
+  }
+  if (answer.Complete()) {
+    answer.Finish();
+    NoteComplete(answer.Terminated());
+  } else {
+    DropRest();
+  }
+  return answer.Refused() ? DriverResult{DriverStatus::GivenUp, m_name} : DriverResult{};
+}
+
+MessageReader InstrumentSession::Reader() const {
+  return MessageReader{m_attributes.Termination(), m_transport->MarksEnd() ? Marks::Ends : Marks::None};
+}
+
+void InstrumentSession::NoteComplete(bool terminated) {
+  m_outOfStep = false;
+  m_markMayFollow = terminated && m_unfinished.Unread().empty() && m_input.Empty() && !m_input.AtEndOfMessage();
+}
+
+void InstrumentSession::DropRest() {
+  if (!m_connection.Succeeded() || Cancelled()) return;
+  TimePoint deadline = Deadline();
+  GetInStep(deadline);
 }
 
 DriverResult InstrumentSession::Connect(TimePoint deadline) {

@@ -54,6 +54,10 @@ public:
   /// for the next read, as far as it fitted.
   DriverResult Read(std::span<char> buffer, std::int32_t& count);
 
+  /// Hands one message to `sink` in pieces, each within the time-out. One that breaks off once it has begun, or that
+  /// the sink gives up, is dropped at once. An answer that a Read() has waited for in vain is not for this.
+  DriverResult ReadInPieces(const AnswerSink& sink);
+
   /// Clears the instrument, or gives the connection up and makes a fresh one.
   DriverResult Clear();
 
@@ -88,6 +92,11 @@ private:
   void Drop(DriverResult reason);
   /// Drops all that has come.
   void Forget();
+  MessageReader Reader() const;
+  /// A whole answer has been read.
+  void NoteComplete(bool terminated);
+  /// Drops the rest of an answer, on its way as it is.
+  void DropRest();
   /// Waits for the next bytes; `anew` if the answer that was being read begins again with them.
   DriverResult Fill(TimePoint deadline, bool& anew);
   template <typename News>

@@ -114,6 +114,14 @@ std::int32_t DriverRouter::GoToLocal(std::int32_t session) {
   return OnOwnSession(session, [this](std::int32_t handle) { return m_own->GoToLocal(handle); });
 }
 
+std::int32_t DriverRouter::CanReadInPieces(std::int32_t session) {
+  return OnOwnSession(session, [this](std::int32_t handle) { return m_own->CanReadInPieces(handle); });
+}
+
+std::int32_t DriverRouter::ReadInPieces(std::int32_t session, const AnswerSink& sink) {
+  return OnOwnSession(session, [this, &sink](std::int32_t handle) { return m_own->ReadInPieces(handle, sink); });
+}
+
 std::int32_t DriverRouter::RefuseExtension() {
   m_isExtensionRefused = true;
   return Number(DriverStatus::NotPossible);

@@ -91,6 +91,20 @@ std::int32_t DriverDouble::GoToLocal(std::int32_t session) {
   return Call("local", "GoToLocal");
 }
 
+std::int32_t DriverDouble::CanReadInPieces(std::int32_t session) {
+  Detail("CanReadInPieces", {to_string(session)});
+  const auto status = Statuses.find("CanReadInPieces");
+  return status == Statuses.end() ? 0 : status->second;
+}
+
+std::int32_t DriverDouble::ReadInPieces(std::int32_t session, const AnswerSink& sink) {
+  Detail("ReadInPieces", {to_string(session)});
+  for (const std::string& piece : Pieces) {
+    if (!sink(piece)) return -1;
+  }
+  return Call("stream", "ReadInPieces");
+}
+
 void DriverDouble::Detail(const std::string& function, std::initializer_list<std::string> arguments) const {
   if (!OnDetail) return;
   std::string list;

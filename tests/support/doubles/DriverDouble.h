@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace portico::test {
 
@@ -23,7 +24,7 @@ public:
   };
 
   /// The journal gets a line for each call that reaches the instrument: "init NAME", "close", "write TEXT", "read",
-  /// "get NUMBER", "set NUMBER VALUE", "clear", "local", "timeout MILLISECONDS". It must outlive the driver.
+  /// "get NUMBER", "set NUMBER VALUE", "clear", "local", "stream", "timeout MILLISECONDS". It must outlive the driver.
   explicit DriverDouble(Journal& journal);
 
   /// Status of a call, by its line in the journal or by its function without the prefix; 0 for all others.
@@ -40,6 +41,8 @@ public:
   /// What a read brings unless `OnRead` says so: this text, and the byte behind it.
   std::string Answer = "answer";
   std::function<Reading()> OnRead;
+  /// What a read in pieces brings.
+  std::vector<std::string> Pieces;
   /// Takes what is written, without the carriage return, and gives the status.
   std::function<std::int32_t(const std::string&)> OnWrite;
 
@@ -71,6 +74,9 @@ public:
   std::int32_t SetTimeout(std::chrono::milliseconds timeout) override;
   std::int32_t Clear(std::int32_t session) override;
   std::int32_t GoToLocal(std::int32_t session) override;
+  std::int32_t CanReadInPieces(std::int32_t session) override;
+  /// Hands on `Pieces`; the status is that of the call, or -1 where the sink gives up.
+  std::int32_t ReadInPieces(std::int32_t session, const AnswerSink& sink) override;
 
 private:
   void Detail(const std::string& function, std::initializer_list<std::string> arguments) const;

@@ -15,6 +15,7 @@ constexpr Limits DelaySeconds{0, 3600, 0, Quantity::Time};
 constexpr Limits Chance{0, 1, 0};
 constexpr std::int64_t DefaultGarbageBytes = 256;
 constexpr std::int64_t MostNumber = 4294967295;
+constexpr std::int64_t LongestBlock = 999'999'999; // as many as nine digits tell
 constexpr std::int64_t MostBytes = MessageExchange::LongestResponse - 1;
 
 /// The faults of answers, in the order of their names.
@@ -37,6 +38,7 @@ void FaultCommands::AddTo(CommandTree& tree) {
       {"SIMulator:ENDLess?", &FaultCommands::Endless},
       {"SIMulator:GARBage?", &FaultCommands::Garbage, 0, 1},
       {"SIMulator:LENGth?", &FaultCommands::Length, 1, 1},
+      {"SIMulator:BLOCk?", &FaultCommands::Block, 1, 1},
       {"SIMulator:ERRor", &FaultCommands::Error, 1, 1},
       {"SIMulator:ECHO?", &FaultCommands::Echo, 1, 1},
       {"SIMulator:NEXT", &FaultCommands::Next, 1, 1},
@@ -70,6 +72,10 @@ void FaultCommands::Garbage(const Call& call) {
 
 void FaultCommands::Length(const Call& call) {
   m_executor.Respond(std::string(static_cast<std::size_t>(call.Integer(0, 0, MostBytes)), '5'));
+}
+
+void FaultCommands::Block(const Call& call) {
+  m_executor.Current().RespondBlock(static_cast<std::uint64_t>(call.Integer(0, 0, LongestBlock)));
 }
 
 void FaultCommands::Error(const Call& call) {

@@ -24,6 +24,7 @@ private:
   void Endless(const Call& call);
   void Garbage(const Call& call);
   void Length(const Call& call);
+  void Block(const Call& call);
   void Error(const Call& call);
   void Echo(const Call& call);
   void Next(const Call& call);

@@ -5,6 +5,7 @@
 #include "simulator/status/ResponseQueue.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <optional>
 #include <string>
@@ -47,6 +48,8 @@ public:
   void Finish(TimePoint at, Misbehaviour& faults);
   /// Adds the data of one query to the response message. Throws ScpiError.
   void Respond(std::string_view data);
+  /// The same with a block of so many bytes, which are made as they are read. Nothing can be added behind it.
+  void RespondBlock(std::uint64_t length);
   /// Lets the response message never end.
   void MakeEndless() { m_endless = true; }
   /// Whether a response is unread or being made: bit 4 of the status byte.
@@ -66,6 +69,7 @@ private:
   std::string m_response;
   bool m_responding = false;
   bool m_endless = false;
+  std::uint64_t m_more = 0; ///< bytes behind the response, of its last block
   ResponseQueue m_responses;
 };
 

@@ -4,6 +4,7 @@
 #include "simulator/status/SimulatedConnection.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <optional>
 #include <string>
@@ -24,7 +25,12 @@ public:
   /// kept for whoever takes the message.
   void Push(std::string message, TimePoint readyAt, bool endless = false, AnswerFault fault = AnswerFault::None);
 
-  /// The next message that is ready at `now`, or the next piece of an answer without end.
+  /// The same with so many bytes behind the message, from 0 to 250 over and over. They go out in pieces that do not end
+  /// in a line feed, but for the last: none of them stands in memory before. With `AnswerFault::Half` half of them do,
+  /// and nothing is left of the fault for others.
+  void PushLong(std::string message, std::uint64_t more, TimePoint readyAt, AnswerFault fault = AnswerFault::None);
+
+  /// The next message that is ready at `now`, or the next piece of a long answer or one without end.
   std::optional<std::string> Pop(TimePoint now);
 
   /// The fault of the message that was taken last.
@@ -43,7 +49,13 @@ private:
     std::string Text;
     TimePoint ReadyAt;
     AnswerFault Fault;
+    std::uint64_t Position = 0; ///< of the bytes behind the text, how many have gone out
+    std::uint64_t More = 0;     ///< how many there are
+    bool Ends = true;           ///< in a line feed
   };
+
+  void Add(Message message);
+  static std::string NextPiece(Message& message);
 
   std::deque<Message> m_messages;
   std::size_t m_bytes = 0;

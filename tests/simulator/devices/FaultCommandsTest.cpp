@@ -103,6 +103,43 @@ TEST(FaultCommands, AnAnswerHasTheLengthAskedFor) {
   EXPECT_EQ(session.Error(), "-222,\"Data out of range\"");
 }
 
+TEST(FaultCommands, ABlockHasTheLengthAskedForAndComesInPieces) {
+  Session session;
+  session.Send("SIM:BLOC? 300000");
+  std::string answer;
+  std::size_t longest = 0;
+  while (const auto piece = session.Connection().Read(session.Now())) {
+    EXPECT_EQ(piece->ends_with('\n'), answer.size() + piece->size() == 300'009) << "only the last";
+    longest = std::max(longest, piece->size());
+    answer += *piece;
+  }
+  ASSERT_EQ(answer.size(), 300'009U);
+  EXPECT_EQ(answer.substr(0, 8), "#6300000");
+  for (std::size_t i = 0; i < 300'000; ++i) ASSERT_EQ(answer[8 + i], static_cast<char>(i % 251)) << i;
+  EXPECT_LE(longest, 65'537U);
+  EXPECT_EQ(session.Ask("*ESE?"), "0") << "what comes behind it";
+}
+
+TEST(FaultCommands, BlocksHaveTheirBounds) {
+  Session session;
+  EXPECT_EQ(session.Ask("SIM:BLOC? 0"), "#10");
+  session.Send("SIM:BLOC? 1E9");
+  EXPECT_EQ(session.Error(), "-222,\"Data out of range\"");
+  session.Send("SIM:BLOC? 3;*ESE?");
+  EXPECT_EQ(session.Error(), "-430,\"Query DEADLOCKED\"");
+  session.Send("*ESE?;:SIM:BLOC? 2");
+  EXPECT_EQ(*session.Read(), "0;#12");
+  EXPECT_EQ(*session.Read(), std::string("\0\1", 2));
+}
+
+TEST(FaultCommands, OfABlockThatIsHalvedTheEndIsMissing) {
+  Session session;
+  session.Send("SIM:NEXT HALF;BLOC? 100");
+  EXPECT_EQ(*session.Connection().Read(session.Now()), "#3100");
+  EXPECT_EQ(session.Connection().Read(session.Now())->size(), 50U);
+  EXPECT_FALSE(session.Connection().Read(session.Now()));
+}
+
 TEST(FaultCommands, ErrorsCanBeAskedFor) {
   Session session;
   session.Send("*CLS;SIM:ERR -410;ERR 17");

@@ -38,9 +38,10 @@ _portico() {
   local word=${words[-1]} previous=${words[-2]}
   COMPREPLY=()
 
-  local with_value='--protocol|--option|--log|--timeout|--list-time|--device|--port|--vxi11|--hislip|--bind|--seed|--fault|--format|--bench|--bench-csv|--repeat|--every'
+  local with_value='--protocol|--option|--log|--timeout|--list-time|--device|--port|--vxi11|--hislip|--bind|--seed|--fault|--format|--bench|--bench-csv|--get|--repeat|--every'
   for ((index = 1; index < ${#words[@]} - 1; ++index)); do
-    if [[ ${words[index]} == --bench ]]; then positional=$((positional - 1)); fi # its query comes behind the number
+    # Each has two values: the query behind the number, the file behind the query.
+    if [[ ${words[index]} == --bench || ${words[index]} == --get ]]; then positional=$((positional - 1)); fi
     if [[ ${words[index]} != -?* && ! ${words[index - 1]} =~ ^($with_value)$ ]]; then positional=$((positional + 1)); fi
   done
   if [[ $word =~ ^($with_value)= ]]; then
@@ -48,18 +49,22 @@ _portico() {
     word=${word#*=}
   fi
 
+  if ((${#words[@]} > 3)) && [[ ${words[-3]} == --get ]]; then
+    compopt -o default
+    return
+  fi
   case $previous in
     --protocol) _portico_offer SCPI Other ;;
     --option) _portico_option ;;
     --log | --bench-csv) compopt -o default ;;
     --device) _portico_offer dmm psu scope ;;
     --format) _portico_offer csv json cmd ;;
-    --timeout | --list-time | --port | --vxi11 | --hislip | --bind | --seed | --fault | --bench | --every) ;;
+    --timeout | --list-time | --port | --vxi11 | --hislip | --bind | --seed | --fault | --bench | --get | --every) ;;
     --repeat) _portico_offer forever ;;
     *)
       options='-h --help --version'
       case "$program ${words[*]:1}" in
-        portico-run*) options+=' --protocol --option --read-after-query --log --overwrite --timeout --stop-on-error --repeat --every --quiet --timing --list --list-time --bench --bench-csv' ;;
+        portico-run*) options+=' --protocol --option --read-after-query --log --overwrite --timeout --stop-on-error --repeat --every --quiet --timing --get --list --list-time --bench --bench-csv' ;;
         portico-sim*) options+=' --device --port --vxi11 --portmap --hislip --serial --announce --bind --seed --fault' ;;
         'portico-log export '*) options='-h --help --format' ;;
         'portico-log show '* | 'portico-log stats '* | 'portico-log errors '*) options='-h --help' ;;

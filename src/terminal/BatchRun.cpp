@@ -94,11 +94,12 @@ void BatchRun::Tell(const std::string& line) {
 ExitStatus BatchRun::Run(const Sources& sources) {
   try {
     ApplyOptions();
-    if (!m_interrupts.Requested() && OpenLog()) {
+    if (!m_interrupts.Requested() && OpenAnswer() && OpenLog()) {
       // Behind the logger: when an instruction is judged, everybody has heard of it.
       Create(Class::CmdSubscriptionAgent)->Subscribe(m_faults);
       if (Open()) {
         RunSources(sources);
+        GetAnswer();
         Close();
       }
     }
@@ -129,6 +130,16 @@ void BatchRun::ApplyOptions() {
   // An item of the builders' that no option of the protocol stands behind.
   if (m_options.ReadAfterQuery) gConfiguration->ItemValue(Item::AutoReadAfterQueryMode, ItemText::On);
   gConfiguration->ItemValue(Item::CurrentInstruction, {});
+}
+
+/// Before anything is sent: where it cannot be, the run would be in vain.
+bool BatchRun::OpenAnswer() {
+  if (!m_options.Get) return true;
+  m_answer.emplace(m_options.Get->File);
+  if (m_answer->Open()) return true;
+  Diagnose(ToUtf8(m_answer->Fault()));
+  m_status.Note(ExitStatus::Usage);
+  return false;
 }
 
 bool BatchRun::OpenLog() try {
@@ -213,6 +224,42 @@ void BatchRun::RunSource(LineSource& source) {
     if (batch.Lines.empty()) break;
   }
   m_linesBefore += m_linesRead;
+}
+
+void BatchRun::GetAnswer() {
+  if (!m_answer || m_stop || m_interrupts.Requested()) return;
+  m_progress.reset(); // that of the lines
+  m_faults->Begin();
+  const auto response =
+      InstrumentAccess::Fetch(m_options.Get->Query, [this](std::string_view piece) { return TakePiece(piece); });
+  m_window->ForgetHistory();
+  if (m_progress) m_progress->Erase();
+  if (m_interrupts.Requested()) return;
+  const bool hasCome = response->ErrorCode() == 0;
+  if (hasCome) m_answer->Finish();
+  if (const String& fault = m_answer->Fault(); !fault.empty()) {
+    Diagnose(ToUtf8(fault));
+    m_status.Note(m_answer->IsTorn() ? ExitStatus::DriverFailure : ExitStatus::Internal);
+    return;
+  }
+  JudgeDriver();
+  if (hasCome || !m_faults->DriverFailures().empty()) return;
+  Diagnose(ToUtf8(m_options.Get->Query) + ": " + ToUtf8(response->ErrorMessage())); // it was not even asked
+  m_status.Note(ExitStatus::DriverFailure);
+}
+
+/// Counts in thousands of bytes.
+bool BatchRun::TakePiece(std::string_view piece) {
+  constexpr std::uint64_t thousand = 1000;
+  if (m_interrupts.Requested() || !m_answer->Add(piece)) return false;
+  if (!m_options.ShowProgress) return true;
+  if (!m_progress) {
+    const std::uint64_t total = m_answer->Total() / thousand;
+    m_progress.emplace(m_err, m_now, total == 0 ? std::nullopt : std::optional<std::size_t>(total),
+                       Progress::Unit{"kB", "kB"});
+  }
+  m_progress->Show(m_answer->Done() / thousand);
+  return true;
 }
 
 /// All complete lines that are at hand; waits for the first.

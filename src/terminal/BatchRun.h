@@ -1,5 +1,6 @@
 #pragma once
 
+#include "answers/AnswerFile.h"
 #include "document/reports/FaultCollector.h"
 #include "terminal/ConversationPrinter.h"
 #include "terminal/DriverNews.h"
@@ -31,8 +32,8 @@ public:
   BatchRun(const BatchRun&) = delete;
   BatchRun& operator=(const BatchRun&) = delete;
 
-  /// Opens the log and the instrument, runs all sources in order, closes both. A run that is repeated needs sources
-  /// that can begin anew.
+  /// Opens the log and the instrument, runs all sources in order, gets the answer that is wanted, closes both. A run
+  /// that is repeated needs sources that can begin anew.
   ExitStatus Run(const Sources& sources);
 
   /// Shows a message with the line that is being run.
@@ -45,6 +46,9 @@ private:
   };
 
   void ApplyOptions();
+  bool OpenAnswer();
+  void GetAnswer();
+  bool TakePiece(std::string_view piece);
   bool OpenLog();
   bool Open();
   void RunSources(const Sources& sources);
@@ -80,6 +84,7 @@ private:
   std::optional<RunLog> m_log;
   std::optional<RunTurns> m_turns; // from the first one on
   std::optional<Progress> m_progress;
+  std::optional<answers::AnswerFile> m_answer;
   RunStatus m_status;
   const LineSource* m_source = nullptr; // whose lines are being run
   std::size_t m_linesRead = 0;          // of that source, the batch that is being run included

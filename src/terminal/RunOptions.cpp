@@ -103,6 +103,17 @@ std::optional<UsageError> AddBench(RunOptions& options, const std::pair<std::str
   return {};
 }
 
+/// Sets which answer is wanted, or says what is wrong with it.
+std::optional<UsageError> AddGet(RunOptions& options, const std::pair<std::string, std::string>& queryAndFile) {
+  const auto& [query, file] = queryAndFile;
+  if (const std::string complaint = Complaint(ItemType::Command, query); !complaint.empty()) {
+    return UsageError{"--get: '" + query + "' cannot be sent; " + complaint};
+  }
+  if (file.empty() || file == "-") return UsageError{"--get: '" + file + "' is no file; name one, or /dev/stdout"};
+  options.Get = {FromUtf8(query).Text, file};
+  return {};
+}
+
 /// Sets how the run is repeated, or says what is wrong with that.
 std::optional<UsageError> AddRepeat(RunOptions& options, const std::string& turns,
                                     const std::optional<std::string>& every) {
@@ -141,6 +152,7 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   std::string benchCsv;
   std::string turns;
   std::string every;
+  std::pair<std::string, std::string> get;
 
   CLI::App app("Runs SCPI command files, or standard input, on an instrument and prints the conversation.",
                "portico-run");
@@ -169,6 +181,10 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   repeatOption->type_name("N");
   auto* everyOption = app.add_option("--every", every, "With --repeat: the time from one start to the next");
   everyOption->type_name("SECONDS")->needs(repeatOption);
+  auto* getOption = app.add_option("--get", get,
+                                   "Behind the command files, if there are any: ask a query, and write its answer, of "
+                                   "any size, to a file; of a block its bytes");
+  getOption->type_name("QUERY FILE")->excludes(repeatOption);
   auto* quietOption = app.add_flag("--quiet", options.Quiet, "No conversation on standard output");
   auto* timingOption = app.add_flag("--timing", options.Timing,
                                     "Print on standard error, at the end, what each query took in the driver");
@@ -185,7 +201,11 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
         instrumentOption->required(false);
       },
       "Print the instruments that can be found, a name a line, and what they say of themselves behind a tab");
-  list->trigger_on_parse()->excludes(instrumentOption)->excludes(timingOption)->excludes(repeatOption);
+  list->trigger_on_parse()
+      ->excludes(instrumentOption)
+      ->excludes(timingOption)
+      ->excludes(repeatOption)
+      ->excludes(getOption);
   app.add_option("--list-time", listTime, "How long --list waits for answers")
       ->type_name("MS")
       ->capture_default_str()
@@ -225,7 +245,7 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
   }
   if (benchOption->count() > 0) {
     for (const CLI::Option* other : {files, protocolOption, settingOption, readOption, logOption, stopOption,
-                                     repeatOption, quietOption, timingOption}) {
+                                     repeatOption, getOption, quietOption, timingOption}) {
       if (other->count() > 0) return UsageError{"--bench runs no commands; leave out " + other->get_name()};
     }
     if (auto error = AddBench(options, bench, benchCsv)) return *error;
@@ -239,7 +259,10 @@ std::variant<RunOptions, HelpText, UsageError> ParseRunOptions(int argc, const c
     return UsageError{"--read-after-query: the protocol SCPI reads after queries by its option "
                       "SCPIProtocolAutoReadAfterQuery; use --protocol Other"};
   }
-  if (options.Files.empty()) options.Files.emplace_back("-");
+  if (getOption->count() > 0) {
+    if (auto error = AddGet(options, get)) return *error;
+  }
+  if (options.Files.empty() && !options.Get) options.Files.emplace_back("-");
   return options;
 }
 

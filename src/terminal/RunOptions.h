@@ -24,6 +24,12 @@ struct BenchOptions {
   std::string CsvFile; ///< the path for the samples; empty for none
 };
 
+/// An answer of any size that goes to a file at the end of the run.
+struct GetOptions {
+  String Query;
+  std::string File; ///< its path
+};
+
 /// A run that is repeated.
 struct RepeatOptions {
   /// Without a number for ever.
@@ -35,7 +41,7 @@ struct RepeatOptions {
 /// What the command line of `portico-run` asks for, checked.
 struct RunOptions {
   String Instrument;
-  /// Paths; "-" is standard input. Never empty.
+  /// Paths; "-" is standard input. Empty only where an answer is all that is wanted.
   std::vector<std::string> Files;
   String Protocol = u"SCPI";
   /// Persisted options of that protocol with the values to write.
@@ -56,6 +62,7 @@ struct RunOptions {
   bool Overwrite = false;
   std::optional<BenchOptions> Bench;
   std::optional<RepeatOptions> Repeat;
+  std::optional<GetOptions> Get;
   /// Not an option of the command line: it follows from what the standard streams are.
   bool ShowProgress = false;
   /// Likewise: the conversation is shown on a terminal.

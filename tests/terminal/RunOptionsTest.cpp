@@ -67,6 +67,33 @@ TEST(RunOptions, ABenchIsANumberAndAQueryWhereverItStands) {
   EXPECT_TRUE(OptionsOf({SimulatedMeter, "--bench", "50", "*IDN?"}).Bench);
 }
 
+TEST(RunOptions, AnAnswerIsGotByAQueryForAFile) {
+  EXPECT_FALSE(OptionsOf({SimulatedMeter}).Get);
+  const RunOptions options = OptionsOf({"--get", "*IDN?", "a.bin", SimulatedMeter});
+  ASSERT_TRUE(options.Get);
+  EXPECT_EQ(options.Instrument, u"SIM::dmm::INSTR");
+  EXPECT_EQ(options.Get->Query, u"*IDN?");
+  EXPECT_EQ(options.Get->File, "a.bin");
+  EXPECT_TRUE(options.Files.empty()) << "standard input is not waited for";
+  EXPECT_EQ(OptionsOf({SimulatedMeter, "--get", "*IDN?", "a.bin"}).Files, std::vector<std::string>());
+  EXPECT_EQ(OptionsOf({SimulatedMeter, "a.cmd", "-", "--get", "*IDN?", "a.bin"}).Files,
+            (std::vector<std::string>{"a.cmd", "-"}));
+}
+
+TEST(RunOptions, WhatCannotBeGotIsToldWhatWouldBeRight) {
+  EXPECT_EQ(ErrorOf({SimulatedMeter, "--get", "\xCE\x94?", "a.bin"}),
+            "--get: '\xCE\x94?' cannot be sent; use characters of the instrument's code page on one line");
+  for (const std::string file : {"", "-"}) {
+    EXPECT_EQ(ErrorOf({SimulatedMeter, "--get", "Q?", file}),
+              "--get: '" + file + "' is no file; name one, or /dev/stdout");
+  }
+  EXPECT_EQ(ErrorOf({SimulatedMeter, "--get", "Q?", "a.bin", "--bench", "3", "*IDN?"}),
+            "--bench runs no commands; leave out --get");
+  EXPECT_EQ(ErrorOf({SimulatedMeter, "--get", "Q?", "a.bin", "--repeat", "3"}),
+            "--get excludes --repeat; see portico-run --help");
+  EXPECT_EQ(ErrorOf({"--list", "--get", "Q?", "a.bin"}), "--get excludes --list; see portico-run --help");
+}
+
 TEST(RunOptions, LogIsOffUnlessAskedFor) {
   EXPECT_EQ(OptionsOf({"SIM::dmm::INSTR"}).LogFile, u"");
   const RunOptions options = OptionsOf({"--log", "\xC3\xA9tude.xml", "SIM::dmm::INSTR"});

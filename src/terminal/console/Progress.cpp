@@ -22,8 +22,8 @@ std::string Clock(double seconds) {
 
 } // namespace
 
-Progress::Progress(std::ostream& out, std::function<TimePoint()> now, std::optional<std::size_t> total)
-    : m_out(out), m_now(std::move(now)), m_total(total), m_start(m_now()) {}
+Progress::Progress(std::ostream& out, std::function<TimePoint()> now, std::optional<std::size_t> total, Unit unit)
+    : m_out(out), m_now(std::move(now)), m_total(total), m_unit(std::move(unit)), m_start(m_now()) {}
 
 void Progress::Begin(std::string heading) {
   m_heading = std::move(heading);
@@ -57,7 +57,7 @@ void Progress::Erase() {
 std::string Progress::Line(std::size_t done, TimePoint now) const {
   std::string line = std::to_string(done);
   if (m_total) line += " of " + std::to_string(*m_total);
-  line += done == 1 && !m_total ? " line" : " lines";
+  line += " " + (done == 1 && !m_total ? m_unit.One : m_unit.Several);
   const double seconds = std::chrono::duration<double>(now - m_start).count();
   if (seconds <= 0) return line;
   const double rate = static_cast<double>(done) / seconds;

@@ -6,22 +6,31 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <utility>
 
 namespace portico::terminal {
 
-/// One line that tells how far a run has come: lines done, their rate, and the time left where the total is known. It
-/// stands on a terminal and is written anew over itself, ten times a second at most.
+/// One line that tells how far a run has come: lines, or whatever else is counted, their rate, and the time left where
+/// the total is known. It stands on a terminal and is written anew over itself, ten times a second at most.
 class Progress final {
 public:
   using TimePoint = std::chrono::steady_clock::time_point;
 
+  /// What is counted, of one and of several.
+  struct Unit {
+    std::string One = "line";
+    std::string Several = "lines";
+  };
+
   /// The stream must outlive it. `now` is asked once for each `Show`.
-  Progress(std::ostream& out, std::function<TimePoint()> now, std::optional<std::size_t> total);
+  Progress(std::ostream& out, std::function<TimePoint()> now, std::optional<std::size_t> total)
+      : Progress(out, std::move(now), total, Unit()) {}
+  Progress(std::ostream& out, std::function<TimePoint()> now, std::optional<std::size_t> total, Unit unit);
 
   /// What stands in front of the line from now on, such as the turn of a repeated run. Counts, rate and time begin
   /// anew.
   void Begin(std::string heading);
-  /// `done` lines of the total.
+  /// So many are done of the total.
   void Show(std::size_t done);
   /// That it is waited for what the heading names; nothing if that is a matter of less than a tenth of a second.
   void ShowWait(const std::string& heading, TimePoint until);
@@ -35,6 +44,7 @@ private:
   std::ostream& m_out;
   std::function<TimePoint()> m_now;
   std::optional<std::size_t> m_total;
+  Unit m_unit;
   std::string m_heading;
   TimePoint m_start;
   std::optional<TimePoint> m_shown;

@@ -25,6 +25,7 @@
 #include "instructions/builders/CNullCmdBuilder.h"
 #include "instructions/builders/CSCPICmdBuilder.h"
 #include "instructions/builders/PacingBuilders.h"
+#include "ui/commands/AnswerCommands.h"
 #include "ui/commands/CompletionCommands.h"
 #include "ui/commands/DataCommands.h"
 #include "ui/commands/DeviceCommands.h"
@@ -195,14 +196,14 @@ Rows CSCPIInstHndlrRegistrar::Rows() const {
 }
 
 Rows ViewAndDataRegistrar::Rows() const {
-  static constexpr std::array rows = {&CtorFind,          &CtorFindNext,        &CtorFindPrevious, &CtorZoomIn,
-                                      &CtorZoomOut,       &CtorActualSize,      &CtorRunGuard,     &CtorStopAtErrors,
-                                      &CtorSetTimeout,    &CtorClearDevice,     &CtorGoToLocal,    &CtorNextError,
-                                      &CtorPreviousError, &CtorListErrors,      &CtorSentLines,    &CtorLineRecall,
-                                      &CtorTakenLines,    &CtorEarlierLine,     &CtorLaterLine,    &CtorPutBackLastRun,
-                                      &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks, &CtorTimeStamps,
-                                      &CtorRepeat,        &CtorKnownCommands,   &CtorComplete,     &CtorAskForCommands,
-                                      &CtorShowPlot,      &CtorShowPicture,     &CtorShowTimes};
+  static constexpr std::array rows = {
+      &CtorFind,          &CtorFindNext,        &CtorFindPrevious,   &CtorZoomIn,     &CtorZoomOut,
+      &CtorActualSize,    &CtorRunGuard,        &CtorStopAtErrors,   &CtorSetTimeout, &CtorClearDevice,
+      &CtorGoToLocal,     &CtorNextError,       &CtorPreviousError,  &CtorListErrors, &CtorSentLines,
+      &CtorLineRecall,    &CtorTakenLines,      &CtorEarlierLine,    &CtorLaterLine,  &CtorPutBackLastRun,
+      &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks,   &CtorTimeStamps, &CtorRepeat,
+      &CtorKnownCommands, &CtorComplete,        &CtorAskForCommands, &CtorShowPlot,   &CtorShowPicture,
+      &CtorShowTimes,     &CtorSaveAnswer,      &CtorFetchAnswer};
   return rows;
 }
 

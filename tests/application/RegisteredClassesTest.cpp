@@ -76,9 +76,9 @@ TEST_F(RegisteredClasses, RefuseAnyOtherNumberOfParameters) {
 }
 
 TEST_F(RegisteredClasses, TheseAreSingletonsAndTheRestAreMadeAnew) {
-  const std::set<StringView> singletons = {u"Configuration", u"DriverSession",        u"InstructionProcessor",
-                                           u"IntervalTimer", u"CmdSubscriptionAgent", u"RunGuard",
-                                           u"SentLines",     u"LineRecall",           u"TakenLines"};
+  const std::set<StringView> singletons = {
+      u"Configuration", u"DriverSession", u"InstructionProcessor", u"IntervalTimer", u"CmdSubscriptionAgent",
+      u"RunGuard",      u"SentLines",     u"LineRecall",           u"TakenLines",    u"KnownCommands"};
   SetAllOff();
   for (const auto& row : RegisteredRows) {
     if (row.ParamCount != 0) continue;

@@ -104,6 +104,8 @@ inline constexpr std::array RegisteredRows = {
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorShowPlot", u"ShowPlot", 2},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorShowPicture", u"ShowPicture", 2},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorShowTimes", u"ShowTimes", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorSaveAnswer", u"SaveAnswer", 1},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorFetchAnswer", u"FetchAnswer", 0},
 };
 
 } // namespace portico::test

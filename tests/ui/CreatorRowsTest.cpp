@@ -1,6 +1,7 @@
 #include "framework/objects/Creator.h"
 #include "support/Labels.h"
 #include "support/fixtures/FrameworkTest.h"
+#include "ui/commands/AnswerCommands.h"
 #include "ui/commands/CompletionCommands.h"
 #include "ui/commands/DataCommands.h"
 #include "ui/commands/DeviceCommands.h"
@@ -103,6 +104,10 @@ TEST_F(CreatorRowsTest, RepeatCommand) { Expect(CtorRepeat, u"CtorRepeat", u"Rep
 TEST_F(CreatorRowsTest, PlotCommands) { Expect(CtorShowPlot, u"CtorShowPlot", u"ShowPlot", 2); }
 
 TEST_F(CreatorRowsTest, TimingCommand) { Expect(CtorShowTimes, u"CtorShowTimes", u"ShowTimes", 0); }
+TEST_F(CreatorRowsTest, AnswerCommands) {
+  Expect(CtorSaveAnswer, u"CtorSaveAnswer", u"SaveAnswer", 1);
+  Expect(CtorFetchAnswer, u"CtorFetchAnswer", u"FetchAnswer", 0);
+}
 
 TEST_F(CreatorRowsTest, EachMakesItsProduct) {
   const auto product = [](const CreatorRow& row) { return ToUtf8(MakeCreator(row)->Create({})->ClassName()); };

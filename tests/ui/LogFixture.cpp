@@ -22,12 +22,11 @@ LogFixture::LogFixture() {
   gScratchArea = Main;
   gCommonDialog = Dialog;
   for (const CreatorRow* row :
-       {&CtorXMLDataStore,  &CtorReportLogger, &CtorNewLogFile,   &CtorToggleLogging, &CtorViewLogFile, &CtorSCPIView,
-        &CtorMerge,         &CtorMergeFrom,    &CtorCopy,         &CtorPrint,         &CtorPrintSetup,  &CtorFind,
-        &CtorFindNext,      &CtorFindPrevious, &CtorZoomIn,       &CtorZoomOut,       &CtorActualSize,  &CtorNextError,
-        &CtorPreviousError, &CtorListErrors,   &CtorSessionMarks, &CtorTimeStamps,    &CtorShowPlot}) {
-    &CtorPreviousError, &CtorListErrors, &CtorSessionMarks, &CtorTimeStamps, &CtorShowPicture
-  }) {
+       {&CtorXMLDataStore, &CtorReportLogger, &CtorNewLogFile, &CtorToggleLogging, &CtorViewLogFile,
+        &CtorSCPIView,     &CtorMerge,        &CtorMergeFrom,  &CtorCopy,          &CtorPrint,
+        &CtorPrintSetup,   &CtorFind,         &CtorFindNext,   &CtorFindPrevious,  &CtorZoomIn,
+        &CtorZoomOut,      &CtorActualSize,   &CtorNextError,  &CtorPreviousError, &CtorListErrors,
+        &CtorSessionMarks, &CtorTimeStamps,   &CtorShowPlot,   &CtorShowPicture}) {
     gObjectFactory->Add(MakeCreator(*row));
   }
   Configuration->Items = {{u"LogFileName", u""}, {u"Logging", u"On"}};

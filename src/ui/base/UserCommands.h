@@ -100,5 +100,11 @@ inline constexpr ClassKey<ICommand> PutBackLastRun{u"PutBackLastRun"};
 inline constexpr ClassKey<ICommand> KeepSentLines{u"KeepSentLines"};
 inline constexpr ClassKey<ICommand> ForgetSentLines{u"ForgetSentLines"};
 
+/// Puts the answer under a history's caret into a file that the user names.
+inline constexpr ClassKey<ICommand, Ref<AnswerAtCaret>> SaveAnswer{u"SaveAnswer"};
+/// Asks for a query and a file, and puts the answer there, of any size. Does nothing without an instrument, or in a
+/// run.
+inline constexpr ClassKey<ICommand> FetchAnswer{u"FetchAnswer"};
+
 } // namespace Class
 } // namespace portico

@@ -23,7 +23,6 @@ inline constexpr std::array ViewMenu = {
     MenuDesign{.Name = u"mnuErrors", .Caption = u"10072", .Parent = u"mnuView"},
     MenuDesign{.Name = u"mnuViewBar2", .Caption = BarCaption, .Parent = u"mnuView"},
     MenuDesign{.Name = u"mnuPlot", .Caption = u"10090", .Parent = u"mnuView"},
-    MenuDesign{.Name = u"mnuPictureBar", .Caption = BarCaption, .Parent = u"mnuView"},
     MenuDesign{.Name = u"mnuShowPicture", .Caption = u"10095", .Parent = u"mnuView"},
 };
 
@@ -46,9 +45,11 @@ inline constexpr std::array ErrorItems = {
 /// Takes what the window's conversation holds to be drawn, and the window.
 inline constexpr std::array PlotItems = {
     CommandItem{u"mnuPlot", u"Can't draw the numbers.", Class::ShowPlot},
-    /// Its command takes what knows the answer under the caret, and the window. It is of use while there is one.
-    inline constexpr std::array PictureItems = {
-        CommandItem{u"mnuShowPicture", u"Can't show the picture.", Class::ShowPicture},
-    };
+};
+
+/// Its command takes what knows the answer under the caret, and the window. It is of use while there is one.
+inline constexpr std::array PictureItems = {
+    CommandItem{u"mnuShowPicture", u"Can't show the picture.", Class::ShowPicture},
+};
 
 } // namespace portico

@@ -118,6 +118,16 @@ constexpr std::array RepeatControls = {
     CancellingButton(u"cmdCancel", u"Cancel", u"rowButtons"),
 };
 
+constexpr std::array QueryControls = {
+    Plain(Row, u"rowQuery"),
+    Titled(Label, u"lblQuery", u"Query:", u"rowQuery"),
+    Plain(TextBox, u"txtQuery", u"rowQuery"),
+    Plain(Row, u"rowButtons"),
+    Plain(Space, u"spcButtons", u"rowButtons"),
+    DefaultButton(u"cmdOK", u"&OK", u"rowButtons"),
+    CancellingButton(u"cmdCancel", u"Cancel", u"rowButtons"),
+};
+
 constexpr std::array ErrorsControls = {
     Titled(Label, u"lblErrors", u"&Errors of the conversation:"),
     Plain(ListView, u"lstErrors"),
@@ -158,6 +168,8 @@ constinit const FormDesign TimeoutDialogDesign = {
 
 constinit const FormDesign RepeatDialogDesign = {
     .Name = u"RepeatDialog", .Caption = u"Repeat", .Style = FormStyle::Dialog, .Controls = RepeatControls};
+constinit const FormDesign QueryDialogDesign = {
+    .Name = u"QueryDialog", .Caption = u"Fetch Answer", .Style = FormStyle::Dialog, .Controls = QueryControls};
 
 constinit const FormDesign ErrorsDesign = {
     .Name = u"ErrorsDialog", .Caption = u"Errors", .Style = FormStyle::Dialog, .Controls = ErrorsControls};

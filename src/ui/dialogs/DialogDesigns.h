@@ -13,5 +13,6 @@ extern const FormDesign TimeoutDialogDesign;
 extern const FormDesign ErrorsDesign;
 extern const FormDesign TimingDesign;
 extern const FormDesign RepeatDialogDesign;
+extern const FormDesign QueryDialogDesign;
 
 } // namespace portico

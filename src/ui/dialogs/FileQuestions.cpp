@@ -18,6 +18,15 @@ String AskForFile(const String& title, std::int32_t filters) {
   return MakeSelectDialog()->SelectedFileName(SelectToOpen, title, filters);
 }
 
+String AskWhereToSave(const String& title) {
+  constexpr std::int32_t askBeforeOverwriting = 2;
+  FileDialogSettings settings{
+      .DialogTitle = title, .Filter = u"All (*.*)|*.*", .Flags = askBeforeOverwriting, .CancelError = false};
+  HuntERR::Check(bool(gCommonDialog), ErrorNumber::CannotCreate, u"Cannot create a dialog that saves.");
+  gCommonDialog->ShowSave(settings);
+  return settings.FileName;
+}
+
 bool AskToErase(const String& name) {
   return Wired(gMessageBox).Show(u"Do you want to erase " + name + u"?", ApplicationTitle, MessageBoxButtons::YesNo) ==
          MessageBoxAnswer::Yes;

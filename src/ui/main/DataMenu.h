@@ -21,6 +21,9 @@ inline constexpr std::array DataMenu = {
     MenuDesign{.Name = u"mnuForgetSentLines", .Caption = u"10235", .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuRepeatBar", .Caption = BarCaption, .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuRepeat", .Caption = u"10240", .Parent = u"mnuData"},
+    MenuDesign{.Name = u"mnuAnswerBar", .Caption = BarCaption, .Parent = u"mnuData"},
+    MenuDesign{.Name = u"mnuSaveAnswer", .Caption = u"10250", .Parent = u"mnuData"},
+    MenuDesign{.Name = u"mnuFetchAnswer", .Caption = u"10251", .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuDeviceBar", .Caption = BarCaption, .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuTimeout", .Caption = u"10260", .Parent = u"mnuData"},
     MenuDesign{.Name = u"mnuClearDevice", .Caption = u"10261", .Parent = u"mnuData"},
@@ -35,6 +38,7 @@ inline constexpr std::array DataItems = {
     CommandItem{u"mnuPutBackLastRun", u"Can't put the lines back.", Class::PutBackLastRun},
     CommandItem{u"mnuKeepSentLines", u"Can't change whether sent lines are kept.", Class::KeepSentLines},
     CommandItem{u"mnuForgetSentLines", u"Can't forget the sent lines.", Class::ForgetSentLines},
+    CommandItem{u"mnuFetchAnswer", u"Can't fetch an answer.", Class::FetchAnswer},
     CommandItem{u"mnuTimeout", u"Can't set the time-out.", Class::SetTimeout},
     CommandItem{u"mnuClearDevice", u"Can't clear the device.", Class::ClearDevice},
     CommandItem{u"mnuGoToLocal", u"Can't give the front panel back.", Class::GoToLocal},
@@ -48,6 +52,11 @@ inline constexpr std::array RepeatItems = {
 /// Its command takes the list of offers.
 inline constexpr std::array CompletionItems = {
     CommandItem{u"mnuComplete", u"Can't complete.", Class::Complete},
+};
+
+/// Their commands take what knows the answer under the history's caret. They are of use while there is one.
+inline constexpr std::array AnswerItems = {
+    CommandItem{u"mnuSaveAnswer", u"Can't save the answer.", Class::SaveAnswer},
 };
 
 } // namespace portico

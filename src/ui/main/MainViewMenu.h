@@ -9,7 +9,6 @@ namespace portico {
 
 /// What the main window has in its View menu behind what every window with a conversation has there.
 inline constexpr std::array MainViewMenu = {
-    MenuDesign{.Name = u"mnuTimingBar", .Caption = BarCaption, .Parent = u"mnuView"},
     MenuDesign{.Name = u"mnuTiming", .Caption = u"10080", .Parent = u"mnuView"},
 };
 

@@ -22,14 +22,12 @@ double Seconds() { return std::chrono::duration<double>(std::chrono::steady_cloc
 
 } // namespace
 
-ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs,
-                         const Ref<CDataFIFO>& history) ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs,
-                                                                                 const Ref<CSCPIViewHistory>& history)
+ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs, const Ref<CSCPIViewHistory>& history)
     : m_form(form),
       m_guard(Create(Class::RunGuard)),
       m_errors(New<ErrorMarks>(ShareControl<IRichTextControl>(form, u"txtPast"))),
       m_errorsChanged(m_errors->Changed.Connect([this] { Update(); })),
-      m_numbers(New<PlotSource>(history, Seconds)),
+      m_numbers(New<PlotSource>(history->Instructions(), Seconds)),
       m_answers(New<AnswerAtCaret>(history, history->InstructionDisplay())),
       m_sent(Create(Class::SentLines)),
       m_taken(Create(Class::TakenLines)),
@@ -42,6 +40,7 @@ ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs,
       mnuLaterLine(FindControl<IMenuItem>(*form, u"mnuLaterLine")),
       mnuPutBackLastRun(FindControl<IMenuItem>(*form, u"mnuPutBackLastRun")),
       mnuKeepSentLines(FindControl<IMenuItem>(*form, u"mnuKeepSentLines")),
+      mnuFetchAnswer(FindControl<IMenuItem>(*form, u"mnuFetchAnswer")),
       mnuClearDevice(FindControl<IMenuItem>(*form, u"mnuClearDevice")),
       mnuGoToLocal(FindControl<IMenuItem>(*form, u"mnuGoToLocal")),
       mnuRepeat(FindControl<IMenuItem>(*form, u"mnuRepeat")),
@@ -54,6 +53,7 @@ ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs,
   ConnectCommands(*form, CompletionItems, [this] { return modGlobals::VarArray(m_offers); });
   ConnectCommands(*form, PlotItems, [this] { return modGlobals::VarArray(m_numbers, m_form); });
   ConnectCommands(*form, PictureItems, [this] { return modGlobals::VarArray(m_answers, m_form); });
+  ConnectCommands(*form, AnswerItems, [this] { return modGlobals::VarArray(m_answers); });
   const auto reports = Create(Class::CmdSubscriptionAgent);
   reports->Subscribe(m_guard);
   reports->Subscribe(New<FaultMarks>(m_errors));
@@ -81,6 +81,8 @@ void ViewAndData::Update() const {
   const bool isOpened = gConfiguration->IsTrue(Item::InstrumentOpened);
   if (!isOpened && m_repeated->GoesOn()) gMainForm->StopRequested(true);
   const bool isIdle = isOpened && !gMainForm->Executing();
+  EnableItems(*m_form, AnswerItems, m_answers->IsThere());
+  mnuFetchAnswer.Enabled(isIdle);
   mnuClearDevice.Enabled(isIdle);
   mnuGoToLocal.Enabled(isIdle);
   EnableItems(*m_form, PictureItems, m_answers->IsThere());

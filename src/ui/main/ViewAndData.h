@@ -18,8 +18,6 @@ class ViewAndData {
 public:
   /// Connects the items of the main window's form, whose handlers must not be called once this is gone, and what
   /// hears of its runs, which must outlive this. Subscribes what hears of each report; so it comes behind the
-  /// displayer, and the history's queue is at hand. The driver gets the time-out that the user has set.
-  ViewAndData(const Ref<IForm>& form, RunFrame& runs, const Ref<CDataFIFO>& history);
   /// displayer. The driver gets the time-out that the user has set.
   ViewAndData(const Ref<IForm>& form, RunFrame& runs, const Ref<CSCPIViewHistory>& history);
   ViewAndData(const ViewAndData&) = delete;
@@ -48,6 +46,7 @@ private:
   IMenuItem& mnuLaterLine;
   IMenuItem& mnuPutBackLastRun;
   IMenuItem& mnuKeepSentLines;
+  IMenuItem& mnuFetchAnswer;
   IMenuItem& mnuClearDevice;
   IMenuItem& mnuGoToLocal;
   IMenuItem& mnuRepeat;

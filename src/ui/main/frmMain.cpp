@@ -73,7 +73,6 @@ void frmMain::Form_Load() {
   HideWhatIsNotOffered();
   m_historyView = Create(Class::SCPIViewHistory, m_txtPast);
   m_displayer = Create(Class::ReportDisplayer, m_historyView);
-  m_viewAndData.emplace(m_form, *m_runs, m_historyView->Instructions());
   m_viewAndData.emplace(m_form, *m_runs, m_historyView);
   SetUpSplitter();
   UpdateUI({}, {});

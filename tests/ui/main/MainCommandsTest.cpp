@@ -46,6 +46,8 @@ constexpr CommandRow ItemCommands[] = {
     {u"mnuPlot", u"ShowPlot", u"Can't draw the numbers.", u"frmMain.mnuPlot_Click", 2},
     {u"mnuShowPicture", u"ShowPicture", u"Can't show the picture.", u"frmMain.mnuShowPicture_Click", 2},
     {u"mnuStopAtErrors", u"StopAtErrors", u"Can't change when a run stops.", u"frmMain.mnuStopAtErrors_Click"},
+    {u"mnuSaveAnswer", u"SaveAnswer", u"Can't save the answer.", u"frmMain.mnuSaveAnswer_Click", 1},
+    {u"mnuFetchAnswer", u"FetchAnswer", u"Can't fetch an answer.", u"frmMain.mnuFetchAnswer_Click"},
     {u"mnuTimeout", u"SetTimeout", u"Can't set the time-out.", u"frmMain.mnuTimeout_Click"},
     {u"mnuClearDevice", u"ClearDevice", u"Can't clear the device.", u"frmMain.mnuClearDevice_Click"},
     {u"mnuGoToLocal", u"GoToLocal", u"Can't give the front panel back.", u"frmMain.mnuGoToLocal_Click"},

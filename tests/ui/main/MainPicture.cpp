@@ -112,7 +112,7 @@ void ExpectRunning(const UpdateInputs& in, Picture& picture) {
   picture.Menu(u"mnuRepeat").Enabled = canRun;
   expect(u"mnuRunToCursor", u"mnuPopupCMDRun2Cursor", u"Run to Cursor", canRun && cmdFocus);
   expect(u"mnuStop", u"mnuPopupCMDStop", u"Stop", in.Executing && in.Opened);
-  for (const StringView name : {u"mnuClearDevice", u"mnuGoToLocal"}) {
+  for (const StringView name : {u"mnuFetchAnswer", u"mnuClearDevice", u"mnuGoToLocal"}) {
     picture.Menu(name).Enabled = in.Opened && !in.Executing;
   }
 }
@@ -125,6 +125,7 @@ void ExpectRecall(const UpdateInputs& in, Picture& picture) {
   picture.Menu(u"mnuLaterLine").Enabled = !in.Executing && !isPlaceholder;
   picture.Menu(u"mnuPutBackLastRun").Enabled = false; // there has been no run
   picture.Menu(u"mnuKeepSentLines").Checked = true;
+  picture.Menu(u"mnuSaveAnswer").Enabled = false; // nor an answer
 }
 
 } // namespace

@@ -47,6 +47,8 @@ void MainWindowFixture::OfferSpies() {
                                u"SetTimeout",
                                u"ClearDevice",
                                u"GoToLocal",
+                               u"SaveAnswer",
+                               u"FetchAnswer",
                                u"NextError",
                                u"PreviousError",
                                u"ListErrors",

@@ -39,7 +39,6 @@ TEST_F(ViewLogDesignTest, HasItsMenus) {
                          "mnuView/mnuNextError 10070 F7",
                          "mnuView/mnuPreviousError 10071 Shift+F7",
                          "mnuView/mnuErrors 10072",
-                         "mnuView/mnuPictureBar -",
                          "mnuView/mnuShowPicture 10095",
                          "mnuView/mnuNotesBar -",
                          "mnuView/mnuSessionMarks 10110",

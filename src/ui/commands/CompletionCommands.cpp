@@ -99,6 +99,7 @@ private:
     if (!questions.Ask(u"*IDN?")) return Tell(u"The instrument does not say what it is.");
     const std::string told = ReadHeaders(questions);
     const std::optional<String> error = ReadErrors(questions);
+    gMainFormParts->txtFuture()->SetFocus(); // what comes to the history takes it
     completion::HelpHeaders headers = completion::ReadHelpHeaders(told);
     if (!headers.Commands.empty()) {
       if (const auto fault = Create(Class::KnownCommands)->Tell(std::move(headers.Commands))) Tell(*fault);

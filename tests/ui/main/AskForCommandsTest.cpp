@@ -54,6 +54,12 @@ TEST_F(AskForCommandsTest, EachExchangeStandsInTheHistory) {
   }
 }
 
+TEST_F(AskForCommandsTest, TheCommandWindowHasTheFocusThen) {
+  Answers[Help] = {Block(":ROUTe:CLOSe\n")};
+  Ask();
+  EXPECT_TRUE(Future().HasFocus());
+}
+
 TEST_F(AskForCommandsTest, ComesBeforeTheLists) {
   List(u"mine.txt", "ROUTe:OPEN\nROUTe:ALL\n");
   Answers[Help] = {Block(":ROUTe:OPEN\n")};

@@ -30,6 +30,8 @@ public:
   void Sent(StringView message);
   /// Answers that come now are to nothing that the user asked.
   void SentByItself() { m_message.clear(); }
+  /// The user has asked something, so far as it is known.
+  bool AwaitsAnswer() const { return !m_message.empty(); }
   /// At so many seconds from whatever beginning, with the line end that the history adds.
   void Answered(StringView answer, double seconds);
 

@@ -79,6 +79,7 @@ inline constexpr ClassKey<ICommand> ShowTimes{u"ShowTimes"};
 /// Asks how often, and runs a copy of lines of the command window so often.
 inline constexpr ClassKey<ICommand, Ref<RepeatedRun>> Repeat{u"Repeat"};
 /// Opens a window that draws the numbers of a window's conversation, in front of that window.
+/// Opens a window that draws the numbers of a window's conversation, beside that window.
 inline constexpr ClassKey<ICommand, Ref<PlotSource>, Ref<IForm>> ShowPlot{u"ShowPlot"};
 
 /// Turns stopping at errors on or off.

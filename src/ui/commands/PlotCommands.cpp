@@ -17,7 +17,7 @@ public:
   }
 
 private:
-  void Act() override { New<PlotWindow>(m_source)->Show(m_window.Get()); }
+  void Act() override { New<PlotWindow>(m_source)->Show(*m_window); }
 
   Ref<PlotSource> m_source;
   Ref<IForm> m_window;

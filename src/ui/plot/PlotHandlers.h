@@ -8,11 +8,11 @@
 namespace portico {
 
 template <class... Args, class Handler>
-void PlotWindow::On(Event<Args...>& event, StringView label, Handler handler) {
-  event.Connect([weak = weak_from_this(), label, handler](Args... args) {
+void PlotWindow::On(Event<Args...>& event, StringView label, Handler handler, StringView sentence) {
+  event.Connect([weak = weak_from_this(), label, handler, sentence](Args... args) {
     const auto self = weak.lock();
     if (!self) return;
-    RunHandler(label, u"An error occured in the plot.", [&] { handler(*self, std::forward<Args>(args)...); });
+    RunHandler(label, sentence, [&] { handler(*self, std::forward<Args>(args)...); });
   });
 }
 

@@ -74,6 +74,7 @@ bool PlotSource::Tell(FollowedConversation& followed, const IDataEntity& entity,
     followed.m_conversation.SentByItself();
     return false;
   }
+  if (!followed.m_conversation.AwaitsAnswer()) return true;
   if (!followed.m_first) followed.m_first = seconds;
   followed.m_conversation.Answered(entity.ReadText(), seconds - *followed.m_first);
   return true;

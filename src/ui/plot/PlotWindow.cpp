@@ -11,8 +11,9 @@
 namespace portico {
 namespace {
 
-constexpr std::int32_t RedrawInterval =
-    50; // milliseconds from an answer to its being drawn, with all that came meanwhile
+/// Milliseconds from an answer to its being drawn, with all that came meanwhile. A drawing takes some, so that a run
+/// is slowed by a few percent.
+constexpr std::int32_t RedrawInterval = 80;
 
 // In form units.
 constexpr double FirstWidth = 900 * FormUnitsPerPixel;
@@ -20,14 +21,13 @@ constexpr double FirstHeight = 600 * FormUnitsPerPixel;
 constexpr double QueryWidth = 250 * FormUnitsPerPixel;
 constexpr double ValueHeight = 130 * FormUnitsPerPixel;
 constexpr double LeastShare = 0.4; // of the window that the picture has at least
-constexpr double Offset = 600;     // from the owner's corner
 
 } // namespace
 
 PlotWindow::PlotWindow(const Ref<PlotSource>& source)
     : m_source(source), m_followed(source->Follow()), m_curves(m_followed->Conversation()) {}
 
-void PlotWindow::Show(IForm* Owner) {
+void PlotWindow::Show(const IForm& Beside) {
   m_form = gForms->Load(PlotDesign);
   m_form->Keep(Ref<IObject>(shared_from_this()));
   m_timer = gEventLoop->MakeTimer();
@@ -37,12 +37,7 @@ void PlotWindow::Show(IForm* Owner) {
   Find<IListView>(u"lstQueries").Rows(m_queries);
   Find<IListView>(u"lstValues").Columns(ValueRows::Columns());
   Find<IListView>(u"lstValues").Rows(m_values);
-  if (Owner != nullptr) {
-    m_form->Move(Owner->Left() + Offset, Owner->Top() + Offset, FirstWidth, FirstHeight);
-    m_form->Owner(Owner);
-  } else {
-    m_form->Move(Offset, Offset, FirstWidth, FirstHeight);
-  }
+  m_form->Move(Beside.Left() + Beside.Width(), Beside.Top(), FirstWidth, FirstHeight);
   Place();
   Update();
   m_form->Show();

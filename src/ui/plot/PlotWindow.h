@@ -24,8 +24,9 @@ public:
   explicit PlotWindow(const Ref<PlotSource>& source);
   StringView ClassName() const override { return u"PlotWindow"; }
 
-  /// In front of the owner, without blocking; what was answered last is drawn.
-  void Show(IForm* Owner);
+  /// At the right of the other window, as far as the screen goes, and without blocking; what was answered last is
+  /// drawn.
+  void Show(const IForm& Beside);
 
 private:
   void Connect();
@@ -33,7 +34,8 @@ private:
   void ConnectMenus();
   /// A handler of an event, which keeps the window alive while it runs. A failure is shown.
   template <class... Args, class Handler>
-  void On(Event<Args...>& event, StringView label, Handler handler);
+  void On(Event<Args...>& event, StringView label, Handler handler,
+          StringView sentence = u"An error occured in the plot.");
   template <class Value>
   void OnChoice(std::span<const ChoiceItem<Value>> items, Value plot::Choice::*member);
 

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <functional>
+#include <utility>
 
 namespace portico {
 namespace {
@@ -63,21 +64,33 @@ void PlotWindow::OnChoice(std::span<const ChoiceItem<Value>> items, Value plot::
 }
 
 void PlotWindow::ConnectMenus() {
-  const auto on = [this](StringView name, StringView label, auto handler) {
-    On(Find<IMenuItem>(name).Click(), label, handler);
+  const auto on = [this](StringView name, StringView label, auto handler, StringView sentence) {
+    On(Find<IMenuItem>(name).Click(), label, handler, sentence);
   };
-  on(u"mnuSavePng", u"PlotWindow.mnuSavePng_Click", [](PlotWindow& w) { w.SavePicture(PictureFormat::Png); });
-  on(u"mnuSaveSvg", u"PlotWindow.mnuSaveSvg_Click", [](PlotWindow& w) { w.SavePicture(PictureFormat::Svg); });
-  on(u"mnuSavePdf", u"PlotWindow.mnuSavePdf_Click", [](PlotWindow& w) { w.SavePicture(PictureFormat::Pdf); });
-  on(u"mnuSaveCsv", u"PlotWindow.mnuSaveCsv_Click", [](PlotWindow& w) { w.SaveValues(); });
-  on(u"mnuPrint", u"PlotWindow.mnuPrint_Click", [](PlotWindow& w) { w.Print(); });
-  on(u"mnuClose", u"PlotWindow.mnuClose_Click", [](PlotWindow& w) { w.m_form->Unload(); });
-  on(u"mnuZoomIn", u"PlotWindow.mnuZoomIn_Click", [](PlotWindow& w) { w.Key(PlusKey, 0); });
-  on(u"mnuZoomOut", u"PlotWindow.mnuZoomOut_Click", [](PlotWindow& w) { w.Key(MinusKey, 0); });
-  on(u"mnuShowAll", u"PlotWindow.mnuShowAll_Click", [](PlotWindow& w) { w.Key(HomeKey, 0); });
-  on(u"mnuCursor1", u"PlotWindow.mnuCursor1_Click", [](PlotWindow& w) { w.Key(u'1', 0); });
-  on(u"mnuCursor2", u"PlotWindow.mnuCursor2_Click", [](PlotWindow& w) { w.Key(u'2', 0); });
-  on(u"mnuNoCursors", u"PlotWindow.mnuNoCursors_Click", [](PlotWindow& w) { w.Key(EscapeKey, 0); });
+  constexpr StringView saving = u"Can't save the plot.";
+  on(
+      u"mnuSavePng", u"PlotWindow.mnuSavePng_Click", [](PlotWindow& w) { w.SavePicture(PictureFormat::Png); }, saving);
+  on(
+      u"mnuSaveSvg", u"PlotWindow.mnuSaveSvg_Click", [](PlotWindow& w) { w.SavePicture(PictureFormat::Svg); }, saving);
+  on(
+      u"mnuSavePdf", u"PlotWindow.mnuSavePdf_Click", [](PlotWindow& w) { w.SavePicture(PictureFormat::Pdf); }, saving);
+  on(
+      u"mnuSaveCsv", u"PlotWindow.mnuSaveCsv_Click", [](PlotWindow& w) { w.SaveValues(); }, saving);
+  on(
+      u"mnuPrint", u"PlotWindow.mnuPrint_Click", [](PlotWindow& w) { w.Print(); }, u"Can't print the plot.");
+  on(
+      u"mnuClose", u"PlotWindow.mnuClose_Click", [](PlotWindow& w) { w.m_form->Unload(); }, u"Can't close the plot.");
+  constexpr std::array keys = {std::pair(u"mnuZoomIn", PlusKey),
+                               std::pair(u"mnuZoomOut", MinusKey),
+                               std::pair(u"mnuShowAll", HomeKey),
+                               std::pair(u"mnuCursor1", std::int32_t{u'1'}),
+                               std::pair(u"mnuCursor2", std::int32_t{u'2'}),
+                               std::pair(u"mnuNoCursors", EscapeKey)};
+  for (const auto& [name, key] : keys) {
+    on(
+        name, u"PlotWindow.View_Click", [code = key](PlotWindow& w) { w.Key(code, 0); },
+        u"Can't change what is seen of the plot.");
+  }
   OnChoice(KindItems(), &plot::Choice::Kind);
   OnChoice(TypeItems(), &plot::Choice::Type);
   OnChoice(OrderItems(), &plot::Choice::Order);

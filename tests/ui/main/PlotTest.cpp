@@ -96,7 +96,7 @@ TEST_F(PlotTest, FollowsWhatComesWithoutRedrawingAtEachAnswer) {
   const int drawn = CanvasOf(plot).TimesShown();
   Run(u"VOLT?\r\nVOLT?\r\nVOLT?\r\n");
   EXPECT_LE(CanvasOf(plot).TimesShown(), drawn + 1);
-  Wait(60);
+  Wait(90);
   EXPECT_EQ(Described(plot), "VOLT?: 4 values, minimum 1, maximum 4.");
   EXPECT_LE(CanvasOf(plot).TimesShown(), drawn + 2);
 }
@@ -194,7 +194,7 @@ TEST_F(PlotTest, APlotChangesNothingThatIsSentOrShown) {
   const std::vector<std::string> wire(Wire.begin(), Wire.end());
   const String history = Past().Text();
   Plot();
-  Wait(60);
+  Wait(90);
   EXPECT_EQ(std::vector<std::string>(Wire.begin(), Wire.end()), wire);
   EXPECT_EQ(Past().Text(), history);
 }
@@ -204,7 +204,7 @@ TEST_F(PlotTest, AClosedPlotHearsNothingMore) {
   IForm& plot = Plot();
   plot.Close();
   Run(u"VOLT?\r\n");
-  Wait(60);
+  Wait(90);
   ExpectNoBox();
 }
 

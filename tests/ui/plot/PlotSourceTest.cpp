@@ -56,6 +56,13 @@ TEST_F(PlotSourceTest, WhatTheProgramAsksByItselfIsLeftOut) {
   EXPECT_EQ(followed->Conversation().Queries().All().size(), 1U);
 }
 
+TEST_F(PlotSourceTest, TimeBeginsWithTheFirstAnswerToTheUser) {
+  Add(u"*OPC?\r\n", DataTypeName::AutomaticInstruction);
+  Add(u"1\r\n", DataTypeName::Response);
+  Ask(u"VOLT?", u"3");
+  EXPECT_EQ(Curve(*Source->Follow()).Place(0), 0);
+}
+
 TEST_F(PlotSourceTest, AllWhoFollowShareOneAndALaterOneReadsAnew) {
   Ask(u"VOLT?", u"1");
   auto followed = Source->Follow();

@@ -1,6 +1,6 @@
 // The window, mapped on a display: runs of queries on the simulated instrument against portico-run, start-up against a
-// plain window, a long log in the viewer, and what the program costs while nothing happens. Ratios within one run;
-// medians.
+// plain window, a plot that follows, a long log in the viewer, and what the program costs while nothing happens. Ratios
+// within one run; medians.
 
 #include "application/HostEnvironment.h"
 #include "application/Startup.h"
@@ -97,6 +97,43 @@ double RunInWindow(frmMain& window, const String& lines) {
   const auto start = Clock::now();
   window.mnuRun_Click();
   return Seconds(start);
+}
+
+/// An open plot, which follows the run.
+class OpenPlot {
+public:
+  explicit OpenPlot(frmMain& window) {
+    FindControl<IMenuItem>(window.Form(), u"mnuPlot").Click()();
+    m_form = gForms->Forms().back();
+    gEventLoop->DoEvents();
+  }
+  OpenPlot(const OpenPlot&) = delete;
+  OpenPlot& operator=(const OpenPlot&) = delete;
+  ~OpenPlot() { m_form->Unload(); }
+
+private:
+  Ref<IForm> m_form;
+};
+
+/// Runs of a query that is answered with a number, with a plot open and without; and how long it takes a plot to open
+/// on what they have left.
+void ComparePlot(frmMain& window) {
+  String lines;
+  for (int i = 0; i < Queries; ++i) lines += u"*ESR?\r\n";
+  SetOptions(false);
+  RunInWindow(window, lines);
+  std::vector<double> without;
+  std::vector<double> with;
+  for (int round = 0; round < Rounds; ++round) {
+    without.push_back(RunInWindow(window, lines));
+    const OpenPlot plot(window);
+    with.push_back(RunInWindow(window, lines));
+  }
+  std::printf("%d queries, a plot open: %.1f us, without %.1f us a query: %.2f times\n", Queries,
+              Median(with) / Queries * 1e6, Median(without) / Queries * 1e6, Median(with) / Median(without));
+  const auto start = Clock::now();
+  const OpenPlot plot(window);
+  std::printf("a plot opens on %d answers: %.0f ms\n", Queries * (2 * Rounds + 1), Seconds(start) * 1e3);
 }
 
 double RunInTerminal(const std::string& file, bool on) {
@@ -327,6 +364,7 @@ int main(int argc, char** argv) {
     Soak(*window, folder.path(), soak);
   } else {
     CompareRuns(*window, file);
+    ComparePlot(*window);
     MeasureCatchingUp(*window, toolkit.Loop());
     MeasureIdle(*window, toolkit.Loop());
     MeasureIntervalWait(*window);

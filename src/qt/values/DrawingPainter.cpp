@@ -2,6 +2,7 @@
 
 #include "qt/values/QtText.h"
 
+#include <QPaintEngine>
 #include <QPainterPath>
 
 #include <array>
@@ -26,6 +27,10 @@ const std::array<std::array<QColor, CurveInks>, 2> CurveColors{{
       {0xC8, 0xC8, 0xC8}}},
 }};
 const std::array<QColor, 2> CursorColors{{{0xB0, 0x00, 0x40}, {0xFF, 0x80, 0xA8}}};
+
+// The toolkit fills the outline of a line that is wider than a pixel, which takes seconds for thousands of points that
+// go up and down.
+constexpr qsizetype MostWidePoints = 100;
 
 /// So much of the first, the rest of the second.
 QColor Mixed(const QColor& first, const QColor& second, double share) {
@@ -87,8 +92,12 @@ public:
   void operator()(const Polyline& line) const {
     QPen pen(m_inks.ColorOf(line.Colour), line.Width, StyleOf(line.Pattern));
     pen.setJoinStyle(Qt::BevelJoin);
-    m_painter.setPen(pen);
     const QList<QPointF> points = ToQt(line.Points);
+    if (points.size() > MostWidePoints && m_painter.paintEngine()->type() == QPaintEngine::Raster) {
+      pen.setCosmetic(true); // a pixel of the screen at any scale
+      pen.setWidthF(1);
+    }
+    m_painter.setPen(pen);
     m_painter.drawPolyline(points.constData(), static_cast<int>(points.size()));
   }
   void operator()(const Segments& segments) const {

@@ -1,0 +1,115 @@
+// What it takes to draw an answer of a thousand numbers, and one of a million: the first picture, from the answer's
+// text to pixels, and a zoom, with the table of statistics. Milliseconds of the processor, medians; what counts is the
+// ratio within one run.
+
+#include "benchmarks/Part.h"
+#include "plot/CurveTable.h"
+#include "plot/PlotView.h"
+#include "qt/values/DrawingPainter.h"
+#include "qt/values/QtText.h"
+
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QImage>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+
+namespace portico::plot {
+namespace {
+
+constexpr int Rounds = Part(15);
+constexpr int Few = 1000;
+constexpr int Many = std::max(Few, Part(1'000'000));
+
+template <class Work>
+double Milliseconds(Work&& work) {
+  std::vector<double> taken;
+  for (int round = 0; round < Rounds; ++round) {
+    const std::clock_t start = std::clock();
+    work();
+    taken.push_back(static_cast<double>(std::clock() - start) * 1E3 / CLOCKS_PER_SEC);
+  }
+  std::nth_element(taken.begin(), taken.begin() + static_cast<std::ptrdiff_t>(taken.size() / 2), taken.end());
+  return taken[taken.size() / 2];
+}
+
+/// A sine with noise.
+String AnswerOf(int count) {
+  String text;
+  for (int i = 0; i < count; ++i) {
+    if (i > 0) text += u',';
+    text += ToText(std::sin(i / 5000.0) + 0.1 * std::sin(i * 1.7 * i));
+  }
+  return text;
+}
+
+/// A picture of the size of a window.
+class Plotter {
+public:
+  explicit Plotter(int count) : m_answer(AnswerOf(count)) {}
+
+  void ShowFirst() {
+    Conversation conversation;
+    conversation.Sent(u"CURV?");
+    conversation.Answered(m_answer, 0);
+    Curves curves(conversation);
+    curves.Choose({.Queries = {u"CURV?"}, .Kind = CurveKind::OverIndex});
+    PlotView view;
+    Paint(curves, view);
+  }
+  double Zoom() {
+    Conversation conversation;
+    conversation.Sent(u"CURV?");
+    conversation.Answered(m_answer, 0);
+    Curves curves(conversation);
+    curves.Choose({.Queries = {u"CURV?"}, .Kind = CurveKind::OverIndex});
+    PlotView view;
+    Paint(curves, view);
+    return Milliseconds([&] {
+      view.ZoomX(1.02, 0.3);
+      Paint(curves, view);
+    });
+  }
+
+private:
+  void Paint(const Curves& curves, PlotView& view) {
+    view.Follow(curves.All());
+    const QFontMetricsF metrics(QGuiApplication::font());
+    const Picture picture =
+        Draw({.Curves = curves.All(), .X = view.X(), .Y = view.Y(), .IsTime = false, .PlaceTitle = u"Index"},
+             m_image.width(), m_image.height(),
+             {[&](StringView text) { return metrics.horizontalAdvance(qt::ToQt(text)); }, metrics.height()});
+    if (TableOf(curves.All(), view.X(), {}).empty()) std::abort();
+    QPainter painter(&m_image);
+    qt::Paint(picture.Drawn, qt::Inks(), painter);
+  }
+
+  String m_answer;
+  QImage m_image{1000, 600, QImage::Format_RGB32};
+};
+
+void Print(const char* what, double few, double many) {
+  std::printf("%-14s %8.2f ms %8.2f ms   ratio %.1f\n", what, few, many, many / few);
+}
+
+void Measure() {
+  Plotter few(Few);
+  Plotter many(Many);
+  std::printf("%-14s %8d    %8d numbers\n", "", Few, Many);
+  Print("first picture", Milliseconds([&] { few.ShowFirst(); }), Milliseconds([&] { many.ShowFirst(); }));
+  Print("a zoom", few.Zoom(), many.Zoom());
+}
+
+} // namespace
+} // namespace portico::plot
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  portico::plot::Measure();
+  return 0;
+}

@@ -65,7 +65,7 @@ std::optional<Size> SizeOfJpeg(std::string_view bytes) {
       return Size{BigEndian(bytes, place + 7, 2), BigEndian(bytes, place + 5, 2)};
     const std::uint32_t length = BigEndian(bytes, place + 2, 2);
     const bool isScan = marker == 0xDA || marker == 0xD9;
-    if (isFrame || isScan || length < 2) return {};
+    if (isFrame || isScan) return {};
     place += 2 + length;
   }
   return {};

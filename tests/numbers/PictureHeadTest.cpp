@@ -72,6 +72,8 @@ TEST(PictureHead, OneThatIsTooLargeIsRefusedWithItsSize) {
   EXPECT_EQ(Told(Png + "\xFF\xFF\xFF\xFF\0\0\0\x01"s), "8: The picture is too large: it has 4294967295 by 1 pixels.");
   EXPECT_EQ(Told(Bmp + "\x28\0\0\0\x01\0\0\0\0\0\0\x80"s),
             "2: The picture is too large: it has 1 by 2147483648 pixels.");
+  EXPECT_EQ(Told(Bmp + "\x28\0\0\0\x01\0\0\0\xFF\xFF\xFF\x7F"s),
+            "2: The picture is too large: it has 1 by 2147483647 pixels.");
 }
 
 TEST(PictureHead, TheLargestIsStillShown) {

@@ -136,5 +136,24 @@ TEST_F(FindBarTest, StaysInItsCorner) {
   EXPECT_EQ(bar.width(), area.width());
 }
 
+TEST_F(FindBarTest, CanBeReadInADarkTheme) {
+  const QPalette before = QApplication::palette();
+  QPalette dark;
+  for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+    dark.setColor(role, QColor(0x20, 0x20, 0x20));
+  }
+  for (const QPalette::ColorRole role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::PlaceholderText}) {
+    dark.setColor(role, Qt::white);
+  }
+  QApplication::setPalette(dark);
+  QLineEdit& bar = Open();
+  const auto ground = [&] { return qGray(bar.palette().color(QPalette::Base).rgb()); };
+  EXPECT_GT(ground() - qGray(bar.palette().color(QPalette::PlaceholderText).rgb()), 100) << "what an empty field says";
+  TypeInto(bar, "none");
+  EXPECT_GT(ground() - qGray(bar.palette().color(QPalette::Text).rgb()), 150);
+  QApplication::setPalette(before);
+}
+
 } // namespace
 } // namespace portico::test

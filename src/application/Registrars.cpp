@@ -197,13 +197,13 @@ Rows CSCPIInstHndlrRegistrar::Rows() const {
 
 Rows ViewAndDataRegistrar::Rows() const {
   static constexpr std::array rows = {
-      &CtorFind,          &CtorFindNext,        &CtorFindPrevious,   &CtorZoomIn,     &CtorZoomOut,
-      &CtorActualSize,    &CtorRunGuard,        &CtorStopAtErrors,   &CtorSetTimeout, &CtorClearDevice,
-      &CtorGoToLocal,     &CtorNextError,       &CtorPreviousError,  &CtorListErrors, &CtorSentLines,
-      &CtorLineRecall,    &CtorTakenLines,      &CtorEarlierLine,    &CtorLaterLine,  &CtorPutBackLastRun,
-      &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks,   &CtorTimeStamps, &CtorRepeat,
-      &CtorKnownCommands, &CtorComplete,        &CtorAskForCommands, &CtorShowPlot,   &CtorShowPicture,
-      &CtorShowTimes,     &CtorSaveAnswer,      &CtorFetchAnswer};
+      &CtorFind,          &CtorFindNext,        &CtorFindPrevious,   &CtorZoomIn,         &CtorZoomOut,
+      &CtorActualSize,    &CtorRunGuard,        &CtorStopAtErrors,   &CtorSetTimeout,     &CtorClearDevice,
+      &CtorGoToLocal,     &CtorNextError,       &CtorPreviousError,  &CtorListErrors,     &CtorSentLines,
+      &CtorLineRecall,    &CtorTakenLines,      &CtorEarlierLine,    &CtorLaterLine,      &CtorPutBackLastRun,
+      &CtorKeepSentLines, &CtorForgetSentLines, &CtorSessionMarks,   &CtorTimeStamps,     &CtorRepeat,
+      &CtorKnownCommands, &CtorComplete,        &CtorAskForCommands, &CtorShowPlot,       &CtorShowPicture,
+      &CtorShowTimes,     &CtorSaveAnswer,      &CtorFetchAnswer,    &CtorSearchSentLines};
   return rows;
 }
 

@@ -106,6 +106,7 @@ inline constexpr std::array RegisteredRows = {
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorShowTimes", u"ShowTimes", 0},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorSaveAnswer", u"SaveAnswer", 1},
     RegisteredRow{u"ViewAndDataRegistrar", u"CtorFetchAnswer", u"FetchAnswer", 0},
+    RegisteredRow{u"ViewAndDataRegistrar", u"CtorSearchSentLines", u"SearchSentLines", 0},
 };
 
 } // namespace portico::test

@@ -38,10 +38,11 @@ TEST_F(GetTest, SoItDoesOverTheNetwork) {
   SimulatorProgram simulator({"--vxi11", "0", "--hislip", "0"});
   const auto port = [&simulator] {
     const std::string address = simulator.NextAddress();
-    return address.substr(address.rfind(':') + 1);
+    const std::size_t begin = address.rfind(':') + 1;
+    return address.substr(begin, address.find(' ') - begin); // the protocol stands behind it
   };
-  const std::string vxi11 = "TCPIP::127.0.0.1," + port() + "::inst0::INSTR";
   const std::string hislip = "TCPIP::127.0.0.1::hislip0," + port() + "::INSTR";
+  const std::string vxi11 = "TCPIP::127.0.0.1," + port() + "::inst0::INSTR";
   for (const std::string& name : {simulator.ResourceName(), vxi11, hislip}) {
     const Outcome outcome = Get(name, "SIM:BLOC? 3000000");
     EXPECT_EQ(outcome.status, 0) << name << ": " << outcome.err;

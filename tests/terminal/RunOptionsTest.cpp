@@ -90,7 +90,7 @@ TEST(RunOptions, WhatCannotBeGotIsToldWhatWouldBeRight) {
   EXPECT_EQ(ErrorOf({SimulatedMeter, "--get", "Q?", "a.bin", "--bench", "3", "*IDN?"}),
             "--bench runs no commands; leave out --get");
   EXPECT_EQ(ErrorOf({SimulatedMeter, "--get", "Q?", "a.bin", "--repeat", "3"}),
-            "--get excludes --repeat; see portico-run --help");
+            "--repeat excludes --get; see portico-run --help");
   EXPECT_EQ(ErrorOf({"--list", "--get", "Q?", "a.bin"}), "--get excludes --list; see portico-run --help");
 }
 

@@ -93,6 +93,7 @@ TEST_F(CreatorRowsTest, PictureCommands) { Expect(CtorShowPicture, u"CtorShowPic
 TEST_F(CreatorRowsTest, RecallCommands) {
   Expect(CtorEarlierLine, u"CtorEarlierLine", u"EarlierLine", 0);
   Expect(CtorLaterLine, u"CtorLaterLine", u"LaterLine", 0);
+  Expect(CtorSearchSentLines, u"CtorSearchSentLines", u"SearchSentLines", 0);
   Expect(CtorPutBackLastRun, u"CtorPutBackLastRun", u"PutBackLastRun", 0);
   Expect(CtorKeepSentLines, u"CtorKeepSentLines", u"KeepSentLines", 0);
   Expect(CtorForgetSentLines, u"CtorForgetSentLines", u"ForgetSentLines", 0);

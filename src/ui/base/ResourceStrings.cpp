@@ -117,6 +117,7 @@ constexpr std::array Table = {
     ResourceString{10221, u"&Ask the Instrument for Its Commands"},
     ResourceString{10230, u"Earlier &Line"},
     ResourceString{10231, u"Later L&ine"},
+    ResourceString{10232, u"&Search Sent Lines..."},
     ResourceString{10233, u"&Put Back Last Run"},
     ResourceString{10234, u"&Keep Sent Lines"},
     ResourceString{10235, u"F&orget Sent Lines"},

@@ -96,6 +96,8 @@ inline constexpr ClassKey<ICommand> AskForCommands{u"AskForCommands"};
 // What brings lines back that were sent. They do nothing while the command window takes no text from the user.
 inline constexpr ClassKey<ICommand> EarlierLine{u"EarlierLine"};
 inline constexpr ClassKey<ICommand> LaterLine{u"LaterLine"};
+/// Asks for one in a dialog that searches.
+inline constexpr ClassKey<ICommand> SearchSentLines{u"SearchSentLines"};
 inline constexpr ClassKey<ICommand> PutBackLastRun{u"PutBackLastRun"};
 /// Turns keeping what is sent on or off.
 inline constexpr ClassKey<ICommand> KeepSentLines{u"KeepSentLines"};

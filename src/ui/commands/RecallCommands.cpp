@@ -7,6 +7,7 @@
 #include "ui/base/CommandWindow.h"
 #include "ui/base/IMainFormParts.h"
 #include "ui/base/UserCommands.h"
+#include "ui/dialogs/SearchDialog.h"
 #include "views/recall/LineRecall.h"
 #include "views/recall/SentLines.h"
 #include "views/recall/TakenLines.h"
@@ -35,6 +36,26 @@ private:
     const Ref<IRichTextControl> box = gMainFormParts->txtFuture();
     box->SetFocus();
     ((*Create(Class::LineRecall)).*Which.Bring)(*box, sent->Lines());
+    TellFault(*sent);
+  }
+};
+
+class SearchSentLines final : public PlainCommand {
+public:
+  StringView ClassName() const override { return u"SearchSentLines"; }
+
+private:
+  void Act() override {
+    if (!CommandWindow::TakesText()) return;
+    const auto sent = Create(Class::SentLines);
+    const auto dialog = MakeDialog<SearchDialog>(u"Failed to create the dialog box that searches.");
+    dialog->Lines(sent->Lines());
+    dialog->ShowModal(&gMainFormParts->Form());
+    if (const auto chosen = dialog->Chosen(); chosen && CommandWindow::TakesText()) {
+      const Ref<IRichTextControl> box = gMainFormParts->txtFuture();
+      box->SetFocus();
+      Create(Class::LineRecall)->Bring(*box, sent->Lines(), *chosen);
+    }
     TellFault(*sent);
   }
 };
@@ -91,6 +112,7 @@ constexpr CreatorRow Row(StringView name, const ClassKey<ICommand>& key) {
 
 const CreatorRow CtorEarlierLine = Row<RecallCommand<Earlier>>(u"CtorEarlierLine", Class::EarlierLine);
 const CreatorRow CtorLaterLine = Row<RecallCommand<Later>>(u"CtorLaterLine", Class::LaterLine);
+const CreatorRow CtorSearchSentLines = Row<SearchSentLines>(u"CtorSearchSentLines", Class::SearchSentLines);
 const CreatorRow CtorPutBackLastRun = Row<PutBackLastRun>(u"CtorPutBackLastRun", Class::PutBackLastRun);
 const CreatorRow CtorKeepSentLines = Row<KeepSentLines>(u"CtorKeepSentLines", Class::KeepSentLines);
 const CreatorRow CtorForgetSentLines = Row<ForgetSentLines>(u"CtorForgetSentLines", Class::ForgetSentLines);

@@ -8,6 +8,7 @@ namespace portico {
 // in one sentence.
 extern const CreatorRow CtorEarlierLine;
 extern const CreatorRow CtorLaterLine;
+extern const CreatorRow CtorSearchSentLines;
 extern const CreatorRow CtorPutBackLastRun;
 extern const CreatorRow CtorKeepSentLines;
 extern const CreatorRow CtorForgetSentLines;

@@ -137,6 +137,18 @@ constexpr std::array ErrorsControls = {
     CancellingButton(u"CancelButton", u"Cancel", u"rowButtons"),
 };
 
+constexpr std::array SearchControls = {
+    Plain(Row, u"rowText"),
+    Titled(Label, u"lblText", u"&Text:", u"rowText"),
+    Plain(TextBox, u"txtText", u"rowText"),
+    Titled(Label, u"lblLines", u"&Lines that were sent, the newest first:"),
+    Plain(ListView, u"lstLines"),
+    Plain(Row, u"rowButtons"),
+    Plain(Space, u"spcButtons", u"rowButtons"),
+    DefaultButton(u"cmdOK", u"&Bring", u"rowButtons"),
+    CancellingButton(u"cmdCancel", u"Cancel", u"rowButtons"),
+};
+
 constexpr std::array TimingControls = {
     Plain(Label, u"lblLast"),
     Titled(Label, u"lblTimes", u"&Times of all queries:"),
@@ -173,6 +185,9 @@ constinit const FormDesign QueryDialogDesign = {
 
 constinit const FormDesign ErrorsDesign = {
     .Name = u"ErrorsDialog", .Caption = u"Errors", .Style = FormStyle::Dialog, .Controls = ErrorsControls};
+
+constinit const FormDesign SearchDesign = {
+    .Name = u"SearchDialog", .Caption = u"Search Sent Lines", .Style = FormStyle::Dialog, .Controls = SearchControls};
 
 constinit const FormDesign TimingDesign = {
     .Name = u"TimingWindow", .Caption = u"Timing", .Style = FormStyle::Dialog, .Controls = TimingControls};

@@ -11,6 +11,7 @@ extern const FormDesign OptionsDesign;
 extern const FormDesign AboutDesign;
 extern const FormDesign TimeoutDialogDesign;
 extern const FormDesign ErrorsDesign;
+extern const FormDesign SearchDesign;
 extern const FormDesign TimingDesign;
 extern const FormDesign RepeatDialogDesign;
 extern const FormDesign QueryDialogDesign;

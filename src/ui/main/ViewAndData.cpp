@@ -38,6 +38,7 @@ ViewAndData::ViewAndData(const Ref<IForm>& form, RunFrame& runs, const Ref<CSCPI
       mnuAskForCommands(FindControl<IMenuItem>(*form, u"mnuAskForCommands")),
       mnuEarlierLine(FindControl<IMenuItem>(*form, u"mnuEarlierLine")),
       mnuLaterLine(FindControl<IMenuItem>(*form, u"mnuLaterLine")),
+      mnuSearchSentLines(FindControl<IMenuItem>(*form, u"mnuSearchSentLines")),
       mnuPutBackLastRun(FindControl<IMenuItem>(*form, u"mnuPutBackLastRun")),
       mnuKeepSentLines(FindControl<IMenuItem>(*form, u"mnuKeepSentLines")),
       mnuFetchAnswer(FindControl<IMenuItem>(*form, u"mnuFetchAnswer")),
@@ -75,6 +76,7 @@ void ViewAndData::Update() const {
   if (gMainForm->Executing()) m_offers->Close();
   mnuEarlierLine.Enabled(CommandWindow::TakesText());
   mnuLaterLine.Enabled(CommandWindow::TakesText());
+  mnuSearchSentLines.Enabled(CommandWindow::TakesText());
   mnuPutBackLastRun.Enabled(CommandWindow::TakesLines() && !m_taken->IsEmpty());
   mnuKeepSentLines.Checked(m_sent->IsKept());
   mnuRepeat.Enabled(mnuRun.Enabled());

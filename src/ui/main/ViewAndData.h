@@ -44,6 +44,7 @@ private:
   IMenuItem& mnuAskForCommands;
   IMenuItem& mnuEarlierLine;
   IMenuItem& mnuLaterLine;
+  IMenuItem& mnuSearchSentLines;
   IMenuItem& mnuPutBackLastRun;
   IMenuItem& mnuKeepSentLines;
   IMenuItem& mnuFetchAnswer;

@@ -3,7 +3,6 @@
 #include "ui/base/ShowFailure.h"
 #include "ui/base/Tolerate.h"
 #include "ui/plot/PlotDesign.h"
-#include "ui/plot/PlotHandlers.h"
 
 #include <algorithm>
 #include <utility>

@@ -5,12 +5,14 @@
 #include "platform/IEventLoop.h"
 #include "platform/IForm.h"
 #include "platform/IListView.h"
+#include "ui/base/ShowFailure.h"
 #include "ui/plot/PlotGestures.h"
 #include "ui/plot/PlotSource.h"
 #include "ui/plot/PlotTables.h"
 
 #include <memory>
 #include <span>
+#include <utility>
 
 namespace portico {
 
@@ -75,5 +77,14 @@ private:
   Ref<IForm> m_form;
   std::unique_ptr<ITimer> m_timer;
 };
+
+template <class... Args, class Handler>
+void PlotWindow::On(Event<Args...>& event, StringView label, Handler handler, StringView sentence) {
+  event.Connect([weak = weak_from_this(), label, handler, sentence](Args... args) {
+    const auto self = weak.lock();
+    if (!self) return;
+    RunHandler(label, sentence, [&] { handler(*self, std::forward<Args>(args)...); });
+  });
+}
 
 } // namespace portico

@@ -1,9 +1,10 @@
+#include "ui/plot/PlotWindow.h"
+
 #include "framework/errors/ErrorNumbers.h"
 #include "platform/ICommonDialog.h"
 #include "platform/KeyCodes.h"
 #include "plot/CurveFile.h"
 #include "ui/plot/PlotDesign.h"
-#include "ui/plot/PlotHandlers.h"
 #include "ui/plot/SavedFile.h"
 
 #include <array>

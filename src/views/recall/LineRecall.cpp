@@ -29,6 +29,12 @@ void LineRecall::Later(IRichTextControl& box, const std::deque<String>& lines) {
   Restore(box, line);
 }
 
+void LineRecall::Bring(IRichTextControl& box, const std::deque<String>& lines, std::size_t index) {
+  const CaretLine line = CaretLineOf(box);
+  if (!IsShown(line, lines)) Begin(box, line);
+  Show(box, line, lines, index);
+}
+
 bool LineRecall::IsShown(const CaretLine& line, const std::deque<String>& lines) const {
   return !m_shown.empty() && line.Text == m_shown && line.Start == m_start &&
          line.Caret == line.Start + line.Length() && m_index < lines.size() && lines[m_index] == m_shown;

@@ -22,6 +22,8 @@ public:
   void Earlier(IRichTextControl& box, const std::deque<String>& lines);
   /// The next one that was sent after it; behind the newest, what the user had typed, in its own looks.
   void Later(IRichTextControl& box, const std::deque<String>& lines);
+  /// That line, whatever stands in front of the caret.
+  void Bring(IRichTextControl& box, const std::deque<String>& lines, std::size_t index);
 
 private:
   bool IsShown(const CaretLine& line, const std::deque<String>& lines) const;

@@ -50,6 +50,8 @@ class Plot(WindowCase):
         portico.type_lines(*[self.QUERY] * 4)
         _, picture = self.plot(portico)
         portico.wait(lambda: self.seen(picture), "the first number")
+        # On a small screen the plot lies over the command window.
+        self.desktop.xdotool("search", "--name", "^Tolvane Portico$", "windowactivate", "--sync")
         portico.click(portico.find("txtFuture", "text"))
         portico.key("F5")
         counts = set()

@@ -25,6 +25,8 @@ class Repeat(WindowCase):
         portico.type(turns or "1")
         if not turns:
             portico.key("alt+u")
+            forever = portico.find("Until stopped", "check box", within=dialog)
+            portico.wait(lambda: forever.checked, "the check mark, which a key sets a moment later")
         portico.key("alt+s", "ctrl+a")
         portico.type(seconds)
         portico.key("Return")

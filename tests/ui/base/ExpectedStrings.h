@@ -116,6 +116,7 @@ inline constexpr std::array ExpectedStrings = {
     ExpectedString{10221, u"&Ask the Instrument for Its Commands"},
     ExpectedString{10230, u"Earlier &Line"},
     ExpectedString{10231, u"Later L&ine"},
+    ExpectedString{10232, u"&Search Sent Lines..."},
     ExpectedString{10233, u"&Put Back Last Run"},
     ExpectedString{10234, u"&Keep Sent Lines"},
     ExpectedString{10235, u"F&orget Sent Lines"},

@@ -55,6 +55,7 @@ constexpr CommandRow ItemCommands[] = {
     {u"mnuAskForCommands", u"AskForCommands", u"Can't ask for the commands.", u"frmMain.mnuAskForCommands_Click"},
     {u"mnuEarlierLine", u"EarlierLine", u"Can't bring a line back.", u"frmMain.mnuEarlierLine_Click"},
     {u"mnuLaterLine", u"LaterLine", u"Can't bring a line back.", u"frmMain.mnuLaterLine_Click"},
+    {u"mnuSearchSentLines", u"SearchSentLines", u"Can't bring a line back.", u"frmMain.mnuSearchSentLines_Click"},
     {u"mnuPutBackLastRun", u"PutBackLastRun", u"Can't put the lines back.", u"frmMain.mnuPutBackLastRun_Click"},
     {u"mnuKeepSentLines", u"KeepSentLines", u"Can't change whether sent lines are kept.",
      u"frmMain.mnuKeepSentLines_Click"},

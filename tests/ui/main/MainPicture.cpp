@@ -123,6 +123,7 @@ void ExpectRecall(const UpdateInputs& in, Picture& picture) {
   picture.Menu(u"mnuComplete").Enabled = !in.Executing && !isPlaceholder;
   picture.Menu(u"mnuEarlierLine").Enabled = !in.Executing && !isPlaceholder;
   picture.Menu(u"mnuLaterLine").Enabled = !in.Executing && !isPlaceholder;
+  picture.Menu(u"mnuSearchSentLines").Enabled = !in.Executing && !isPlaceholder;
   picture.Menu(u"mnuPutBackLastRun").Enabled = false; // there has been no run
   picture.Menu(u"mnuKeepSentLines").Checked = true;
   picture.Menu(u"mnuSaveAnswer").Enabled = false; // nor an answer

@@ -90,6 +90,7 @@ inline constexpr ExpectedMenu ExpectedMenus[] = {
     {u"mnuRecallBar", u"-", u"-", u"mnuData"},
     {u"mnuEarlierLine", u"10230", u"Earlier &Line", u"mnuData", u"Alt+Up"},
     {u"mnuLaterLine", u"10231", u"Later L&ine", u"mnuData", u"Alt+Down"},
+    {u"mnuSearchSentLines", u"10232", u"&Search Sent Lines...", u"mnuData", u"Ctrl+R"},
     {u"mnuPutBackLastRun", u"10233", u"&Put Back Last Run", u"mnuData"},
     {u"mnuKeepSentLines", u"10234", u"&Keep Sent Lines", u"mnuData"},
     {u"mnuForgetSentLines", u"10235", u"F&orget Sent Lines", u"mnuData"},

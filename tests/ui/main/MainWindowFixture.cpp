@@ -61,9 +61,9 @@ void MainWindowFixture::OfferSpies() {
                                u"ForgetSentLines",
                                u"Repeat",
                                u"Complete",
-                               u"AskForCommands"}) {
-    u"ShowTimes"
-  }) {
+                               u"AskForCommands",
+                               u"ShowTimes",
+                               u"SearchSentLines"}) {
     Offer(name, [this, name](const Params& parameters) {
       Commands.push_back(ToUtf8(name));
       LastParameters = parameters;

@@ -59,7 +59,7 @@ _portico() {
     --log | --bench-csv) compopt -o default ;;
     --device) _portico_offer dmm psu scope ;;
     --format) _portico_offer csv json cmd ;;
-    --timeout | --list-time | --port | --vxi11 | --hislip | --bind | --seed | --fault | --bench | --get | --every) ;;
+    --timeout | --list-time | --port | --vxi11 | --hislip | --bind | --seed | --fault | --bench | --get | --every | --tolerance) ;;
     --repeat) _portico_offer forever ;;
     *)
       options='-h --help --version'
@@ -67,14 +67,15 @@ _portico() {
         portico-run*) options+=' --protocol --option --read-after-query --log --overwrite --timeout --stop-on-error --repeat --every --quiet --timing --get --list --list-time --bench --bench-csv' ;;
         portico-sim*) options+=' --device --port --vxi11 --portmap --hislip --serial --announce --bind --seed --fault' ;;
         'portico-log export '*) options='-h --help --format' ;;
-        'portico-log show '* | 'portico-log stats '* | 'portico-log errors '*) options='-h --help' ;;
+        'portico-log diff '*) options='-h --help --tolerance' ;;
+        'portico-log '[a-z]*' '*) options='-h --help' ;;
       esac
       if [[ $word == -* ]]; then
         _portico_offer "$options"
       elif [[ $program == portico-run && $positional == 0 ]]; then
         _portico_offer SIM::{dmm,psu,scope}::INSTR
       elif [[ $program == portico-log && $positional == 0 ]]; then
-        _portico_offer show export stats errors
+        _portico_offer show export stats errors table diff
       elif [[ $program != portico-sim && $positional -ge 0 ]]; then
         compopt -o default
       fi

@@ -6,6 +6,7 @@
 #include "logtool/JsonOutput.h"
 #include "logtool/ShowOutput.h"
 #include "logtool/StatisticsOutput.h"
+#include "logtool/TableOutput.h"
 
 namespace portico::logtool {
 
@@ -21,7 +22,10 @@ std::unique_ptr<ILogOutput> MakeOutput(const ToolOptions& options, std::ostream&
     return std::make_unique<StatisticsOutput>(out);
   case Output::Errors:
     return std::make_unique<ErrorsOutput>(out);
+  case Output::Table:
+    return std::make_unique<TableOutput>(out, options.Query);
   case Output::Show:
+  case Output::Differences: // has no output of its own
     break;
   }
   return std::make_unique<ShowOutput>(out, options.Files.size() > 1);

@@ -11,6 +11,8 @@ namespace portico::logtool {
 std::variant<ToolOptions, HelpText, UsageError> ParseToolOptions(int argc, const char* const* argv) {
   ToolOptions options;
   std::string format;
+  std::string file;
+  std::string query;
 
   CLI::App app("Reads logs of conversations with instruments.", "portico-log");
   app.set_version_flag("--version", "portico-log " + ToUtf8(ApplicationVersion()), "Print the version and end");
@@ -27,12 +29,26 @@ std::variant<ToolOptions, HelpText, UsageError> ParseToolOptions(int argc, const
       ->required();
   CLI::App* counting = command("stats", "Print counts, durations and error answers");
   CLI::App* finding = command("errors", "Print the errors that the instrument reported, and those of the driver");
+  CLI::App* tabling = app.add_subcommand("table", "Print the answers to a query as a table of numbers");
+  tabling->add_option("FILE", file, "The log; - is standard input")->required();
+  tabling->add_option("QUERY", query, "The query, as it was sent")->required();
+  CLI::App* comparing = app.add_subcommand("diff", "Print what two conversations asked and answered differently");
+  comparing->add_option("FILE", options.Files, "The two logs; - is standard input")->required()->expected(2);
+  comparing->add_option("--tolerance", options.Tolerance, "By what part of the larger numbers may differ")
+      ->type_name("RATIO")
+      ->check(CLI::NonNegativeNumber);
   if (const auto ending = commandline::Parse(app, argc, argv)) {
     return std::visit([](const auto& text) { return std::variant<ToolOptions, HelpText, UsageError>(text); }, *ending);
   }
 
   if (counting->parsed()) options.Wanted = Output::Statistics;
   if (finding->parsed()) options.Wanted = Output::Errors;
+  if (comparing->parsed()) options.Wanted = Output::Differences;
+  if (tabling->parsed()) {
+    options.Wanted = Output::Table;
+    options.Files = {file};
+    options.Query = FromUtf8(query).Text;
+  }
   if (exporting->parsed()) {
     const std::map<std::string, Output> formats = {
         {"csv", Output::Csv}, {"json", Output::Json}, {"cmd", Output::Commands}};

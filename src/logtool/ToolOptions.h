@@ -1,7 +1,9 @@
 #pragma once
 
 #include "commandline/CommandLine.h"
+#include "framework/text/text.h"
 
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -11,13 +13,17 @@ namespace portico::logtool {
 using commandline::HelpText;
 using commandline::UsageError;
 
-enum class Output { Show, Csv, Json, Commands, Statistics, Errors };
+enum class Output { Show, Csv, Json, Commands, Statistics, Errors, Table, Differences };
 
 /// What the command line of `portico-log` asks for, checked.
 struct ToolOptions {
   Output Wanted = Output::Show;
-  /// Paths; "-" is standard input. Never empty.
+  /// Paths; "-" is standard input. Never empty; two of Differences, one of Table.
   std::vector<std::string> Files;
+  /// Of Table: the query whose answers are wanted.
+  String Query = {};
+  /// Of Differences: by what part of the larger two numbers may differ, from 0.
+  std::optional<double> Tolerance = {};
 };
 
 std::variant<ToolOptions, HelpText, UsageError> ParseToolOptions(int argc, const char* const* argv);

@@ -50,6 +50,40 @@ TEST(LogProgramTest, ALogThatIsNoneFailsAndTheOthersAreRead) {
   EXPECT_NE(outcome.out.find(Example), std::string::npos);
 }
 
+TEST(LogProgramTest, ARegressionOfAnInstrumentIsToldInOneLine) {
+  const CommandFiles files;
+  const auto talk = [&](const std::string& name, const std::string& commands) {
+    const std::string log = files.Add(name, "");
+    std::filesystem::remove(log);
+    EXPECT_EQ(RunPortico(Arguments{"--log", log, SimulatedMeter, files.Add(name + ".cmd", commands)}).status, 0);
+    return log;
+  };
+  const std::string a = talk("a.log", "*RST\nVOLT:RANG 10\nVOLT:RANG?\n");
+  const std::string b = talk("b.log", "*RST\nVOLT:RANG 10\nVOLT:RANG?\n");
+  const std::string c = talk("c.log", "*RST\nVOLT:RANG 1\nVOLT:RANG?\n");
+  EXPECT_EQ(RunLog({"diff", a, b}).out, "");
+  EXPECT_EQ(RunLog({"diff", a, b}).status, 0);
+  const auto outcome = RunLog({"diff", a, c});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out, "< " + a + ":8: VOLT:RANG 10\n> " + c + ":8: VOLT:RANG 1\n< " + a +
+                             ":13: VOLT:RANG? -> +1.00000000E+01\n> " + c + ":13: VOLT:RANG? -> +1.00000000E+00\n");
+  EXPECT_EQ(RunLog({"diff", a, "missing"}).status, 2);
+}
+
+TEST(LogProgramTest, ATableOfAQueryIsPrinted) {
+  const CommandFiles files;
+  const std::string log = files.Add("talk.log", "");
+  std::filesystem::remove(log);
+  EXPECT_EQ(RunPortico(Arguments{"--log", log, SimulatedMeter, files.Add("talk.cmd", "VOLT:RANG 10;RANG?\n")}).status,
+            0);
+  const auto outcome = RunLog({"table", log, "volt:rang 10;rang?"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out.substr(0, 18), "Timestamp,Value1\r\n");
+  EXPECT_EQ(outcome.out.substr(outcome.out.rfind(',')), ",+1.00000000E+01\r\n");
+  EXPECT_EQ(RunLog({"table", Example, "*IDN?"}).err,
+            "portico-log: " + Example + ": the answer of 2004-11-01T16:42:11.000000001-5:00 is no list of numbers\n");
+}
+
 TEST(LogProgramTest, WrongUsageIsTold) {
   EXPECT_EQ(RunLog({}).status, 2);
   EXPECT_EQ(RunLog({"show"}).status, 2);

@@ -1,4 +1,6 @@
 #include "logtool/LogTool.h"
+
+#include "logtool/Logs.h"
 #include "support/Golden.h"
 
 #include <gtest/gtest.h>
@@ -14,19 +16,6 @@ namespace {
 using test::ExpectGolden;
 using test::GoldenPath;
 
-const std::string Head = "<SCPICommLog><Header ApplicationName=\"Tolvane Portico\" ApplicationVersion=\"1.0.5\"/>";
-
-/// An element of a log with a text for its payload.
-std::string Element(const std::string& kind, const std::string& second, const std::string& text) {
-  return "<" + kind + " DataType=\"" + kind + "\" Timestamp=\"2004-11-01T16:42:" + second +
-         ".000000000-5:00\" DataFormat=\"String\"><![CDATA[" + text + "]]></" + kind + ">";
-}
-
-std::string Log(const std::string& sessions) { return Head + sessions + "</SCPICommLog>"; }
-std::string Session(const std::string& entities) {
-  return "<Session SessionOpenTimeStamp=\"s\">" + entities + "</Session>";
-}
-
 const std::string Conversation =
     Log("<Session SessionOpenTimeStamp=\"2004-11-01T16:42:09.000000001-5:00\" "
         "SessionCloseTimeStamp=\"2004-11-01T17:43:10.000000000-5:00\">" +
@@ -36,20 +25,6 @@ const std::string Conversation =
         Element("Configuration", "14", "<Parameters/>") +
         "</Session><Session SessionOpenTimeStamp=\"2004-11-02T00:00:00.0\">" + Element("Instruction", "15", "*RST") +
         "</Session>");
-
-struct Result {
-  int Status = 0;
-  std::string Out;
-  std::string Err;
-};
-
-Result RunOn(Output wanted, const std::string& input, std::vector<std::string> files = {"-"}) {
-  std::istringstream in(input);
-  std::ostringstream out;
-  std::ostringstream err;
-  const auto status = Run({wanted, std::move(files)}, {in, out, err});
-  return {static_cast<int>(status), out.str(), err.str()};
-}
 
 TEST(LogToolTest, ShowsTheConversation) {
   const auto result = RunOn(Output::Show, Conversation);
@@ -78,10 +53,10 @@ TEST(LogToolTest, ShowsHexadecimalPayloadsOfTheGoldenLog) {
 TEST(LogToolTest, ShowLeavesTheTerminalAlone) {
   const auto result =
       RunOn(Output::Show,
-            Log(Session(Element("Response", "01", "a\tb&#7;\x7F\xC2\x9B") + "<X Timestamp=\"&#27;\">07005B00</X>")));
+            Log(SessionOf(Element("Response", "01", "a\tb&#7;\x7F\xC2\x9B") + "<X Timestamp=\"&#27;\">07005B00</X>")));
   EXPECT_NE(result.Out.find("< a\tb&#7;??\n"), std::string::npos);
   EXPECT_EQ(result.Status, 1); // an escape character is no XML
-  const auto bell = RunOn(Output::Show, Log(Session("<X Timestamp=\"t\">07005B00</X>")));
+  const auto bell = RunOn(Output::Show, Log(SessionOf("<X Timestamp=\"t\">07005B00</X>")));
   EXPECT_EQ(bell.Out, "# session from s, not closed\nt ! ?[\n");
 }
 
@@ -99,8 +74,8 @@ TEST(LogToolTest, CsvIsQuotedWhereItMust) {
 TEST(LogToolTest, ExportsJson) { ExpectGolden("portico-log-export.json", RunOn(Output::Json, Conversation).Out); }
 
 TEST(LogToolTest, JsonIsEscaped) {
-  const auto result = RunOn(Output::Json, Log(Session("<X Timestamp=\"t\">220"
-                                                      "05C000A000D0009000100E90000D8</X>")));
+  const auto result = RunOn(Output::Json, Log(SessionOf("<X Timestamp=\"t\">220"
+                                                        "05C000A000D0009000100E90000D8</X>")));
   EXPECT_EQ(result.Out, "[\n{\"file\":\"-\",\"session\":1,\"sessionOpen\":\"s\",\"sessionClose\":null,\"kind\":\"X\","
                         "\"timestamp\":\"t\",\"text\":\"\\\"\\\\\\n\\r\\t\\u0001\xC3\xA9\xEF\xBF\xBD\"}\n]\n");
 }
@@ -116,8 +91,8 @@ TEST(LogToolTest, ExportsTheTypedInstructionsAsACommandFile) {
 
 TEST(LogToolTest, AnInstructionThatNoCommandFileHoldsIsLeftOutAndNamed) {
   for (const char* text : {"", "  ", "\n", "A\n\nB", "\xC2\xAE x", "  \xC2\xA9 x", "REM x", "\xE4\xB8\x80"}) {
-    const auto result =
-        RunOn(Output::Commands, Log(Session(Element("Instruction", "01", text) + Element("Instruction", "02", "OK"))));
+    const auto result = RunOn(Output::Commands,
+                              Log(SessionOf(Element("Instruction", "01", text) + Element("Instruction", "02", "OK"))));
     EXPECT_EQ(result.Out, "OK\n");
     EXPECT_EQ(result.Err, "portico-log: standard input: the instruction of 2004-11-01T16:42:01.000000000-5:00 cannot "
                           "stand in a command file\n");
@@ -130,15 +105,15 @@ TEST(LogToolTest, CountsSessionsDurationsAndErrorAnswers) {
 }
 
 TEST(LogToolTest, ListsTheErrorsWithTheirInstructions) {
-  const std::string log =
-      Log(Session(Element("AutomaticInstruction", "01", ":SYST:ERR?") + Element("Response", "01", "-410,\"Left\"") +
-                  Element("Instruction", "02", "BAD\t1\r\n") + Element("AutomaticInstruction", "02", ":SYST:ERR?\r\n") +
-                  Element("Response", "02", "-113,\"Undefined\x7Fheader\"\r\nmore") +
-                  Element("Instruction", "03", "*TST?") +
-                  Element("Response", "03", "Timeout expired before the answer was complete: bench, port 5025.\r\n") +
-                  Element("AutomaticInstruction", "04", "*OPC?") + Element("Response", "04", "1") +
-                  Element("AutomaticInstruction", "05", ":SYST:ERR?") + Element("Response", "05", "0,\"No error\"")) +
-          Session(Element("Response", "06", "The connection was lost.")));
+  const std::string log = Log(
+      SessionOf(Element("AutomaticInstruction", "01", ":SYST:ERR?") + Element("Response", "01", "-410,\"Left\"") +
+                Element("Instruction", "02", "BAD\t1\r\n") + Element("AutomaticInstruction", "02", ":SYST:ERR?\r\n") +
+                Element("Response", "02", "-113,\"Undefined\x7Fheader\"\r\nmore") +
+                Element("Instruction", "03", "*TST?") +
+                Element("Response", "03", "Timeout expired before the answer was complete: bench, port 5025.\r\n") +
+                Element("AutomaticInstruction", "04", "*OPC?") + Element("Response", "04", "1") +
+                Element("AutomaticInstruction", "05", ":SYST:ERR?") + Element("Response", "05", "0,\"No error\"")) +
+      SessionOf(Element("Response", "06", "The connection was lost.")));
   const auto result = RunOn(Output::Errors, log);
   EXPECT_EQ(result.Out, "standard input:2: -410,\"Left\"\n"
                         "standard input:5: BAD\t1 -> -113,\"Undefined?header\"\n"
@@ -166,7 +141,7 @@ TEST(LogToolTest, AddsUpSeveralFiles) {
 
 TEST(LogToolTest, OnlyAnswersToAutomaticErrorQueriesCount) {
   const auto errors = [](const std::string& entities) {
-    const std::string out = RunOn(Output::Statistics, Log(Session(entities))).Out;
+    const std::string out = RunOn(Output::Statistics, Log(SessionOf(entities))).Out;
     return out.substr(out.find("error answers          ") + 23, 1);
   };
   const auto query = Element("AutomaticInstruction", "01", ":SYST:ERR?");
@@ -181,7 +156,7 @@ TEST(LogToolTest, OnlyAnswersToAutomaticErrorQueriesCount) {
 }
 
 TEST(LogToolTest, ADamagedLogIsShownAsFarAsItGoes) {
-  const std::string torn = Head + Session(Element("Instruction", "01", "A")) + "<Session><X>41";
+  const std::string torn = Head + SessionOf(Element("Instruction", "01", "A")) + "<Session><X>41";
   const auto result = RunOn(Output::Show, torn);
   EXPECT_EQ(result.Out, "# session from s, not closed\n2004-11-01T16:42:01.000000000-5:00 > A\n"
                         "# session from , not closed\n");
@@ -190,8 +165,9 @@ TEST(LogToolTest, ADamagedLogIsShownAsFarAsItGoes) {
 }
 
 TEST(LogToolTest, ABadPayloadIsPassedOverAndNamed) {
-  const auto result = RunOn(
-      Output::Show, Log(Session("<X Timestamp=\"1\">414</X><Y Timestamp=\"2\"/>" + Element("Instruction", "03", "A"))));
+  const auto result =
+      RunOn(Output::Show,
+            Log(SessionOf("<X Timestamp=\"1\">414</X><Y Timestamp=\"2\"/>" + Element("Instruction", "03", "A"))));
   EXPECT_EQ(result.Out, "# session from s, not closed\n2004-11-01T16:42:03.000000000-5:00 > A\n");
   EXPECT_EQ(result.Err, "portico-log: standard input: the entity X of 1 has a payload that is not hexadecimal (and 1 "
                         "more like it)\n");
@@ -217,10 +193,10 @@ TEST(LogToolTest, SaysWhatIsNoLog) {
 }
 
 TEST(LogToolTest, TheHeaderMayStandBehindTheSessions) {
-  const auto result = RunOn(Output::Show, "<SCPICommLog>" + Session("") + Head.substr(13) + "</SCPICommLog>");
+  const auto result = RunOn(Output::Show, "<SCPICommLog>" + SessionOf("") + Head.substr(13) + "</SCPICommLog>");
   EXPECT_EQ(result.Out, "# session from s, not closed\n");
   EXPECT_EQ(result.Err, "");
-  const auto none = RunOn(Output::Show, "<SCPICommLog>" + Session("") + "</SCPICommLog>");
+  const auto none = RunOn(Output::Show, "<SCPICommLog>" + SessionOf("") + "</SCPICommLog>");
   EXPECT_EQ(none.Err, "portico-log: standard input: it is no log\n");
   EXPECT_EQ(none.Status, 1);
 }

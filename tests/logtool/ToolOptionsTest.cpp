@@ -28,6 +28,29 @@ TEST(ToolOptionsTest, TakesAFormatToExport) {
   EXPECT_EQ(std::get<UsageError>(Parse({"export", "--format", "xml", "a"})).Text, "--format xml: use csv, json or cmd");
 }
 
+TEST(ToolOptionsTest, TakesALogAndAQueryForATable) {
+  const auto options = std::get<ToolOptions>(Parse({"table", "a.log", "MEAS? \xC2\xB5"}));
+  EXPECT_EQ(options.Wanted, Output::Table);
+  EXPECT_EQ(options.Files, Files{"a.log"});
+  EXPECT_EQ(options.Query, u"MEAS? \u00B5");
+  EXPECT_TRUE(std::holds_alternative<UsageError>(Parse({"table", "a.log"})));
+  EXPECT_TRUE(std::holds_alternative<UsageError>(Parse({"table", "a.log", "A?", "B?"})));
+}
+
+TEST(ToolOptionsTest, TakesTwoLogsToCompare) {
+  const auto options = std::get<ToolOptions>(Parse({"diff", "a", "-"}));
+  EXPECT_EQ(options.Wanted, Output::Differences);
+  EXPECT_EQ(options.Files, (Files{"a", "-"}));
+  EXPECT_EQ(options.Tolerance, std::nullopt);
+  EXPECT_EQ(std::get<ToolOptions>(Parse({"diff", "a", "b", "--tolerance", "1e-6"})).Tolerance, 1e-6);
+  EXPECT_EQ(std::get<ToolOptions>(Parse({"diff", "--tolerance=0", "a", "b"})).Tolerance, 0);
+  for (const Arguments& arguments :
+       {Arguments{"diff", "a"}, Arguments{"diff", "a", "b", "c"}, Arguments{"diff", "a", "b", "--tolerance", "-1"},
+        Arguments{"diff", "a", "b", "--tolerance", "x"}}) {
+    EXPECT_TRUE(std::holds_alternative<UsageError>(Parse(arguments)));
+  }
+}
+
 TEST(ToolOptionsTest, RefusesEverythingElse) {
   for (const Arguments& arguments : {Arguments{}, Arguments{"show"}, Arguments{"print", "a"}, Arguments{"export", "a"},
                                      Arguments{"stats", "--format", "csv", "a"}, Arguments{"show", "stats"}}) {

@@ -13,8 +13,10 @@ public:
 
   virtual void BeginFile(const std::string& /*name*/) {}
   virtual void OpenSession(const Session&) {}
-  /// Answers what cannot be printed about the entity; empty if all is well.
-  virtual std::string Add(const LogEntry&) = 0;
+  /// An entity, as it stands in the log: reads it and adds it. Answers what is wrong with it; empty if all is well.
+  virtual std::string Take(const LogElement& element);
+  /// An entity. Answers what cannot be printed about it; empty if all is well.
+  virtual std::string Add(const LogEntry& /*entry*/) { return {}; }
   virtual void CloseSession() {}
   virtual void EndFile() {}
   /// Behind the last file.

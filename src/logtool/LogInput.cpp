@@ -40,12 +40,7 @@ public:
   }
   void SessionOpened(const LogElement& session) override { m_output.OpenSession(ReadSession(session)); }
   void Entity(const LogElement& element) override {
-    const auto entry = ReadEntry(element);
-    if (const auto* complaint = std::get_if<std::string>(&entry)) {
-      Complain(*complaint);
-    } else {
-      Complain(m_output.Add(std::get<LogEntry>(entry)));
-    }
+    Complain(m_output.Take(element));
     if (!m_out) throw OutputEnded{errno};
   }
   void SessionClosed() override { m_output.CloseSession(); }

@@ -4,6 +4,7 @@
 #include "logtool/CsvOutput.h"
 #include "logtool/ErrorsOutput.h"
 #include "logtool/JsonOutput.h"
+#include "logtool/LogCopy.h"
 #include "logtool/ShowOutput.h"
 #include "logtool/StatisticsOutput.h"
 #include "logtool/TableOutput.h"
@@ -24,6 +25,9 @@ std::unique_ptr<ILogOutput> MakeOutput(const ToolOptions& options, std::ostream&
     return std::make_unique<ErrorsOutput>(out);
   case Output::Table:
     return std::make_unique<TableOutput>(out, options.Query);
+  case Output::Part:
+  case Output::Merged:
+    return std::make_unique<LogCopy>(out, options.Selection);
   case Output::Show:
   case Output::Differences: // has no output of its own
     break;

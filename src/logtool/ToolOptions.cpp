@@ -37,6 +37,15 @@ std::variant<ToolOptions, HelpText, UsageError> ParseToolOptions(int argc, const
   comparing->add_option("--tolerance", options.Tolerance, "By what part of the larger numbers may differ")
       ->type_name("RATIO")
       ->check(CLI::NonNegativeNumber);
+  CLI::App* cutting = app.add_subcommand("cut", "Print a part of a log, as a log");
+  cutting->add_option("FILE", file, "The log; - is standard input")->required();
+  cutting->add_option("--session", options.Selection.Session, "The number of the session that is wanted, from 1")
+      ->type_name("N")
+      ->check(CLI::PositiveNumber);
+  cutting->add_option("--from", options.Selection.From, "The first time that is wanted, as in 2004-11-01T16:42")
+      ->type_name("TIME");
+  cutting->add_option("--to", options.Selection.To, "The last time that is wanted")->type_name("TIME");
+  CLI::App* merging = command("merge", "Print several logs as one");
   if (const auto ending = commandline::Parse(app, argc, argv)) {
     return std::visit([](const auto& text) { return std::variant<ToolOptions, HelpText, UsageError>(text); }, *ending);
   }
@@ -49,6 +58,14 @@ std::variant<ToolOptions, HelpText, UsageError> ParseToolOptions(int argc, const
     options.Files = {file};
     options.Query = FromUtf8(query).Text;
   }
+  if (cutting->parsed()) {
+    options.Wanted = Output::Part;
+    options.Files = {file};
+    for (const std::string& time : {options.Selection.From, options.Selection.To}) {
+      if (!time.empty() && !IsTime(time)) return UsageError{time + ": use a time as in 2004-11-01T16:42:09"};
+    }
+  }
+  if (merging->parsed()) options.Wanted = Output::Merged;
   if (exporting->parsed()) {
     const std::map<std::string, Output> formats = {
         {"csv", Output::Csv}, {"json", Output::Json}, {"cmd", Output::Commands}};

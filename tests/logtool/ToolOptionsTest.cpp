@@ -51,6 +51,29 @@ TEST(ToolOptionsTest, TakesTwoLogsToCompare) {
   }
 }
 
+TEST(ToolOptionsTest, TakesAPartOfALog) {
+  const auto options =
+      std::get<ToolOptions>(Parse({"cut", "--session", "2", "--from", "2004-11-01", "--to=2004-11-01T16:42", "a.log"}));
+  EXPECT_EQ(options.Wanted, Output::Part);
+  EXPECT_EQ(options.Files, Files{"a.log"});
+  EXPECT_EQ(options.Selection.Session, 2U);
+  EXPECT_EQ(options.Selection.From, "2004-11-01");
+  EXPECT_EQ(options.Selection.To, "2004-11-01T16:42");
+  EXPECT_EQ(std::get<UsageError>(Parse({"cut", "--from", "today", "a"})).Text,
+            "today: use a time as in 2004-11-01T16:42:09");
+  EXPECT_EQ(std::get<UsageError>(Parse({"cut", "--to", "2004", "a"})).Text,
+            "2004: use a time as in 2004-11-01T16:42:09");
+  EXPECT_TRUE(std::holds_alternative<UsageError>(Parse({"cut", "--session", "0", "a"})));
+  EXPECT_TRUE(std::holds_alternative<UsageError>(Parse({"cut", "a", "b"})));
+}
+
+TEST(ToolOptionsTest, TakesLogsToMerge) {
+  const auto options = std::get<ToolOptions>(Parse({"merge", "a", "b", "-"}));
+  EXPECT_EQ(options.Wanted, Output::Merged);
+  EXPECT_EQ(options.Files, (Files{"a", "b", "-"}));
+  EXPECT_EQ(options.Selection.Session, std::nullopt);
+}
+
 TEST(ToolOptionsTest, RefusesEverythingElse) {
   for (const Arguments& arguments : {Arguments{}, Arguments{"show"}, Arguments{"print", "a"}, Arguments{"export", "a"},
                                      Arguments{"stats", "--format", "csv", "a"}, Arguments{"show", "stats"}}) {

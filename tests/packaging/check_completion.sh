@@ -32,7 +32,7 @@ for program in portico-run portico-sim portico-log; do
   [[ $(complete -p "$program") == "complete -F _portico $program" ]] || fault "$program is not completed"
 done
 seen=0
-for command in portico-{run,sim,log} "portico-log "{show,export,stats,errors,table,diff}; do
+for command in portico-{run,sim,log} "portico-log "{show,export,stats,errors,table,diff,cut,merge}; do
   read -ra words <<< "$command"
   listed=$(options_of "${words[@]}")
   seen=$((seen + $(wc -w <<< "$listed")))
@@ -43,7 +43,7 @@ done
 
 commands=$("$programs/portico-log" --help | sed -n '/^Subcommands:/,$s/^  \([a-z]*\) .*/\1/p' | xargs)
 at "portico-log " "$commands"
-expect "commands" "$commands" "show export stats errors table diff"
+expect "commands" "$commands" "show export stats errors table diff cut merge"
 
 # Names of options, and values that the programs take.
 for protocol in SCPI Other; do

@@ -1,0 +1,11 @@
+#include "logtool/ILogOutput.h"
+
+namespace portico::logtool {
+
+std::string ILogOutput::Take(const LogElement& element) {
+  const auto entry = ReadEntry(element);
+  if (const auto* complaint = std::get_if<std::string>(&entry)) return *complaint;
+  return Add(std::get<LogEntry>(entry));
+}
+
+} // namespace portico::logtool

@@ -33,6 +33,7 @@ enum class ErrorCode : int {
   BlockDataNotAllowed = -168,
   ExpressionError = -170,
   ExpressionDataNotAllowed = -178,
+  ExecutionError = -200,
   TriggerIgnored = -211,
   InitIgnored = -213,
   TriggerDeadlock = -214,

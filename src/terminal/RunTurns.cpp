@@ -1,6 +1,6 @@
 #include "terminal/RunTurns.h"
 
-#include "views/TurnWait.h"
+#include "views/repeat/TurnWait.h"
 
 #include <utility>
 

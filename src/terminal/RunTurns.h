@@ -3,7 +3,7 @@
 #include "framework/objects/Event.h"
 #include "terminal/RunOptions.h"
 #include "terminal/console/Interrupts.h"
-#include "views/TurnSchedule.h"
+#include "views/repeat/TurnSchedule.h"
 
 #include <functional>
 #include <string>

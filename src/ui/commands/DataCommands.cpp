@@ -3,7 +3,7 @@
 #include "framework/shared/IMainWindow.h"
 #include "framework/shared/UserCommand.h"
 #include "ui/base/UserCommands.h"
-#include "views/RunGuard.h"
+#include "views/faults/RunGuard.h"
 
 namespace portico {
 namespace {

@@ -3,7 +3,7 @@
 #include "framework/shared/UserCommand.h"
 #include "ui/base/UserCommands.h"
 #include "ui/dialogs/ErrorsDialog.h"
-#include "views/ErrorMarks.h"
+#include "views/faults/ErrorMarks.h"
 
 namespace portico {
 namespace {

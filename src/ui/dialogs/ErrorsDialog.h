@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/dialogs/DialogForm.h"
-#include "views/ErrorMarks.h"
+#include "views/faults/ErrorMarks.h"
 
 #include <optional>
 

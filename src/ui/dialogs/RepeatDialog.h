@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/dialogs/DialogForm.h"
-#include "views/RepeatedRun.h"
+#include "views/repeat/RepeatedRun.h"
 
 #include <optional>
 

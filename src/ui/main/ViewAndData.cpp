@@ -9,8 +9,8 @@
 #include "ui/base/ViewMenu.h"
 #include "ui/main/DataMenu.h"
 #include "ui/main/MainViewMenu.h"
-#include "views/FaultMarks.h"
 #include "views/completion/AcceptedLines.h"
+#include "views/faults/FaultMarks.h"
 
 #include <chrono>
 

@@ -4,12 +4,12 @@
 #include "ui/plot/PlotSource.h"
 #include "views/AnswerAtCaret.h"
 #include "views/CSCPIViewHistory.h"
-#include "views/ErrorMarks.h"
-#include "views/RepeatedRun.h"
 #include "views/RunFrame.h"
-#include "views/RunGuard.h"
 #include "views/completion/CommandOffers.h"
+#include "views/faults/ErrorMarks.h"
+#include "views/faults/RunGuard.h"
 #include "views/recall/SentLines.h"
+#include "views/repeat/RepeatedRun.h"
 
 namespace portico {
 

@@ -2,7 +2,7 @@
 
 #include "document/entities/CDataFIFO.h"
 #include "document/log/LogErrors.h"
-#include "views/ErrorMarks.h"
+#include "views/faults/ErrorMarks.h"
 
 namespace portico {
 

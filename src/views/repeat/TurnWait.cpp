@@ -1,4 +1,4 @@
-#include "views/TurnWait.h"
+#include "views/repeat/TurnWait.h"
 
 #include "platform/IEventLoop.h"
 

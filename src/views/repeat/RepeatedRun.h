@@ -1,8 +1,8 @@
 #pragma once
 
-#include "views/RepeatedLines.h"
 #include "views/RunFrame.h"
-#include "views/TurnSchedule.h"
+#include "views/repeat/RepeatedLines.h"
+#include "views/repeat/TurnSchedule.h"
 
 #include <chrono>
 #include <functional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "document/reports/FaultCollector.h"
-#include "views/ErrorMarks.h"
+#include "views/faults/ErrorMarks.h"
 
 namespace portico {
 

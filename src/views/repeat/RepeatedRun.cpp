@@ -1,7 +1,7 @@
-#include "views/RepeatedRun.h"
+#include "views/repeat/RepeatedRun.h"
 
 #include "framework/shared/IMainWindow.h"
-#include "views/TurnWait.h"
+#include "views/repeat/TurnWait.h"
 
 #include <utility>
 

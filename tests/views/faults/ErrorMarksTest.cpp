@@ -1,4 +1,4 @@
-#include "views/ErrorMarks.h"
+#include "views/faults/ErrorMarks.h"
 
 #include "memory/forms/RichTextControl.h"
 #include "support/fixtures/WindowPlatform.h"

@@ -1,4 +1,4 @@
-#include "views/TurnSchedule.h"
+#include "views/repeat/TurnSchedule.h"
 
 namespace portico {
 

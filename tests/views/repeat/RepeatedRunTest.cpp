@@ -1,4 +1,4 @@
-#include "views/RepeatedRun.h"
+#include "views/repeat/RepeatedRun.h"
 
 #include "memory/EventLoop.h"
 #include "memory/RichTextBox.h"

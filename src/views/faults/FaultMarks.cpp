@@ -1,4 +1,4 @@
-#include "views/FaultMarks.h"
+#include "views/faults/FaultMarks.h"
 
 #include "document/reports/ReportEntities.h"
 #include "framework/shared/IConfiguration.h"

@@ -1,4 +1,4 @@
-#include "views/RunGuard.h"
+#include "views/faults/RunGuard.h"
 
 #include "memory/SettingsStore.h"
 #include "support/doubles/HandMadeReport.h"

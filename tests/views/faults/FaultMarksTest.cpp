@@ -1,4 +1,4 @@
-#include "views/FaultMarks.h"
+#include "views/faults/FaultMarks.h"
 
 #include "framework/errors/ErrorNumbers.h"
 #include "memory/forms/RichTextControl.h"

@@ -1,4 +1,4 @@
-#include "views/ErrorMarks.h"
+#include "views/faults/ErrorMarks.h"
 
 #include <algorithm>
 #include <utility>

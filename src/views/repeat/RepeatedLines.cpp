@@ -1,4 +1,4 @@
-#include "views/RepeatedLines.h"
+#include "views/repeat/RepeatedLines.h"
 
 #include "platform/StandardFont.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/TurnSchedule.h"
+#include "views/repeat/TurnSchedule.h"
 
 #include <functional>
 

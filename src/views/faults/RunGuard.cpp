@@ -1,4 +1,4 @@
-#include "views/RunGuard.h"
+#include "views/faults/RunGuard.h"
 
 #include "framework/shared/Application.h"
 #include "framework/shared/ConfigurationItems.h"

@@ -29,10 +29,15 @@ std::vector<String> FaultCollector::DriverFailures() const {
   return failures;
 }
 
+bool FaultCollector::HasAskedForErrors() const {
+  return EqualNoCase(Trim(m_written), Trim(gConfiguration->ItemValue(Item::ErrorCheckingCommand)));
+}
+
+/// With error checking on the answer of other queries comes last, too, where the user sends one from the menu.
 std::optional<String> FaultCollector::ReportedError() const {
   const bool isAsked =
       gConfiguration->IsOn(Item::AutoErrorCheckingMode) && gConfiguration->IsOn(Item::AutoReadAfterQueryMode);
-  if (!isAsked || !m_lastAnswer || !ReportsError(*m_lastAnswer)) return {};
+  if (!isAsked || !m_lastAnswer || !ReportsError(*m_lastAnswer) || !HasAskedForErrors()) return {};
   return m_lastAnswer;
 }
 
@@ -45,6 +50,7 @@ void FaultCollector::Update(const Ref<IObject>& Subject) {
   String command = report->GetCommand();
   if (command == WriteCommand) {
     m_lastAnswer.reset();
+    m_written = report->GetSCPIInstruction();
     m_writeFailed = code != 0;
   }
   if (command == ReadCommand) {

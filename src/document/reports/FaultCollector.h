@@ -34,6 +34,10 @@ public:
   std::vector<String> DriverFailures() const;
   /// What followed the last write: with error checking on, the answer of the error query; none without a read.
   const std::optional<String>& LastAnswer() const { return m_lastAnswer; }
+  /// What was written last, also by an instruction before: a query and its read may be one each.
+  const String& LastWritten() const { return m_written; }
+  /// Whether that is the error query, whoever has sent it. Needs `gConfiguration`.
+  bool HasAskedForErrors() const;
   /// The error that the instrument has reported: the answer of the error query, where one is sent and read, if it
   /// reports an error. Needs `gConfiguration`.
   std::optional<String> ReportedError() const;
@@ -41,6 +45,7 @@ public:
 private:
   std::vector<Outcome> m_outcomes;
   std::optional<String> m_lastAnswer;
+  String m_written;
   bool m_writeFailed = false; // what the last write did
 };
 

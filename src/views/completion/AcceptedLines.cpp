@@ -30,19 +30,18 @@ void AcceptedLines::Update(const Ref<IObject>& Subject) {
   const StringView kind = report->ClassName();
   if (kind == u"COpenCmd") m_known->Opened();
   if (kind == u"CWriteCmd") {
-    m_written = report->GetSCPIInstruction();
     String line = gConfiguration->ItemValue(Item::CurrentInstruction);
     if (!Trim(line).empty()) m_line = std::move(line);
   }
-  if (kind == u"CReadCmd" && report->GetErrorCode() == 0 && EqualNoCase(Trim(m_written), u"*IDN?")) {
+  m_faults.Update(Subject);
+  if (kind == u"CReadCmd" && report->GetErrorCode() == 0 && EqualNoCase(Trim(m_faults.LastWritten()), u"*IDN?")) {
     m_known->Identify(report->GetData());
   }
-  m_faults.Update(Subject);
 }
 
 void AcceptedLines::Judge() {
-  const bool isChecked = EqualNoCase(Trim(m_written), Trim(gConfiguration->ItemValue(Item::ErrorCheckingCommand)));
-  if (Trim(m_line).empty() || !isChecked || !m_faults.LastAnswer() || !m_faults.DriverFailures().empty()) return;
+  const bool isChecked = m_faults.HasAskedForErrors() && m_faults.LastAnswer();
+  if (Trim(m_line).empty() || !isChecked || !m_faults.DriverFailures().empty()) return;
   if (IsZero(*m_faults.LastAnswer())) m_known->Accept(m_line);
 }
 

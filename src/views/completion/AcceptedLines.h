@@ -19,7 +19,6 @@ private:
   Ref<KnownCommands> m_known;
   FaultCollector m_faults;
   String m_line; // the line that is being run
-  String m_written;
 };
 
 } // namespace portico

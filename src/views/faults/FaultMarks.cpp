@@ -4,14 +4,13 @@
 #include "framework/shared/IConfiguration.h"
 #include "framework/shared/IReport.h"
 
-#include <optional>
 #include <utility>
 
 namespace portico {
 
 FaultMarks::FaultMarks(const Ref<ErrorMarks>& marks) : m_marks(marks) {
   m_faults.Completed.Connect([this] {
-    JudgeAnswer();
+    if (const auto error = m_faults.ReportedError()) m_marks->MarkNewest(m_instruction, *error);
     m_faults.Begin();
   });
 }
@@ -21,7 +20,6 @@ void FaultMarks::Update(const Ref<IObject>& Subject) {
   const StringView kind = report->ClassName();
   if (kind == u"COpenCmd") m_instruction.clear();
   if (kind == u"CWriteCmd") {
-    m_written = report->GetSCPIInstruction();
     String line = gConfiguration->ItemValue(Item::CurrentInstruction);
     if (!Trim(line).empty()) m_instruction = std::move(line);
   }
@@ -30,14 +28,6 @@ void FaultMarks::Update(const Ref<IObject>& Subject) {
   const auto& outcomes = m_faults.Outcomes();
   if (outcomes.size() <= before || !outcomes.back().Failure) return;
   if (modAppGlobals::IsShown(*report)) m_marks->MarkNewest(m_instruction, *outcomes.back().Failure);
-}
-
-/// With error checking on the answer of other queries comes last, too, where the user sends one from the menu.
-void FaultMarks::JudgeAnswer() {
-  const auto error = m_faults.ReportedError();
-  const bool isErrorQuery =
-      error && EqualNoCase(Trim(m_written), Trim(gConfiguration->ItemValue(Item::ErrorCheckingCommand)));
-  if (isErrorQuery) m_marks->MarkNewest(m_instruction, *error);
 }
 
 } // namespace portico

@@ -15,12 +15,9 @@ public:
   void Update(const Ref<IObject>& Subject) override;
 
 private:
-  void JudgeAnswer();
-
   Ref<ErrorMarks> m_marks;
   FaultCollector m_faults;
   String m_instruction; // the line that was run last
-  String m_written;
 };
 
 } // namespace portico

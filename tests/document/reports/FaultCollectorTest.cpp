@@ -122,6 +122,7 @@ protected:
   ReportedErrorTest() {
     Switch(Item::AutoErrorCheckingMode, true);
     Switch(Item::AutoReadAfterQueryMode, true);
+    gConfiguration->ItemValue(Item::ErrorCheckingCommand, u":SYST:ERR?");
     Collector.Update(WriteReport(u":SYST:ERR?"));
   }
   static void Switch(const ItemKey<ItemType::Switch>& item, bool isOn) { gConfiguration->Set(item, isOn); }
@@ -133,6 +134,24 @@ TEST_F(ReportedErrorTest, IsAnAnswerThatIsNotZero) {
   EXPECT_EQ(Collector.ReportedError(), std::nullopt);
   Collector.Update(ReadReport(u"0,\"No error\""));
   EXPECT_EQ(Collector.ReportedError(), std::nullopt);
+  Collector.Update(ReadReport(u"-113,\"Undefined header\""));
+  EXPECT_EQ(Collector.ReportedError(), u"-113,\"Undefined header\"");
+}
+
+TEST_F(ReportedErrorTest, IsNoAnswerOfAnotherQuery) {
+  Collector.Update(WriteReport(u"*STB?"));
+  Collector.Update(ReadReport(u"5"));
+  EXPECT_EQ(Collector.ReportedError(), std::nullopt);
+}
+
+TEST_F(ReportedErrorTest, KnowsTheErrorQueryInWhateverCaseItIsSent) {
+  Collector.Update(WriteReport(u" :syst:err? "));
+  Collector.Update(ReadReport(u"5"));
+  EXPECT_EQ(Collector.ReportedError(), u"5");
+}
+
+TEST_F(ReportedErrorTest, IsFoundWhereQueryAndReadAreInstructionsOfTheirOwn) {
+  Collector.Begin();
   Collector.Update(ReadReport(u"-113,\"Undefined header\""));
   EXPECT_EQ(Collector.ReportedError(), u"-113,\"Undefined header\"");
 }

@@ -14,6 +14,7 @@ protected:
   RunGuardTest() {
     gConfiguration->ItemValue(Item::AutoErrorCheckingMode, u"On");
     gConfiguration->ItemValue(Item::AutoReadAfterQueryMode, u"On");
+    gConfiguration->ItemValue(Item::ErrorCheckingCommand, u":SYST:ERR?");
     gMainForm->Executing(true);
     gMainForm->StopRequested(false);
   }
@@ -50,6 +51,15 @@ TEST_F(RunGuardTest, StopsARunAtTheFirstFailureOfTheDriver) {
   EXPECT_FALSE(gMainForm->StopRequested()) << "the instruction goes on to its end";
   guard.Update(End());
   EXPECT_TRUE(gMainForm->StopRequested());
+}
+
+TEST_F(RunGuardTest, AnAnswerToTheUserStopsNothingWhereItComesLast) {
+  RunGuard guard;
+  guard.IsOn(true);
+  guard.Update(WriteReport(u"*STB?"));
+  guard.Update(ReadReport(u"5"));
+  guard.Update(End());
+  EXPECT_FALSE(gMainForm->StopRequested());
 }
 
 TEST_F(RunGuardTest, ForgetsWhatAnInstructionBeforeHasDone) {

@@ -1,5 +1,6 @@
 #include "completion/Completion.h"
 
+#include "completion/BestOffers.h"
 #include "completion/LineText.h"
 #include "completion/WordForm.h"
 #include "scpi/MessageScanner.h"
@@ -9,10 +10,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <utility>
 
 namespace portico::completion {
@@ -54,36 +53,7 @@ std::string_view BehindLastComma(std::string_view text, std::size_t& count) {
   return last;
 }
 
-/// The candidates in the order in which they are shown.
-class Offers {
-public:
-  /// What comes first, and among the same what comes next.
-  using Order = std::tuple<std::size_t, bool, std::string, std::uint64_t, int>;
-
-  void Add(Order order, std::string text, std::string shown) {
-    m_offers.push_back({std::move(order), std::move(text), std::move(shown)});
-  }
-
-  std::vector<Candidate> Take() {
-    std::stable_sort(m_offers.begin(), m_offers.end(),
-                     [](const Offer& a, const Offer& b) { return a.Place < b.Place; });
-    std::vector<Candidate> candidates;
-    std::set<std::string_view> texts;
-    for (const Offer& offer : m_offers) {
-      if (candidates.size() == Completion::Most) break;
-      if (texts.insert(offer.Text).second) candidates.push_back({Text(offer.Text), Text(offer.Shown)});
-    }
-    return candidates;
-  }
-
-private:
-  struct Offer {
-    Order Place;
-    std::string Text;
-    std::string Shown;
-  };
-  std::vector<Offer> m_offers;
-};
+bool IsCommon(const Node& node) { return node.Pattern.Name.starts_with('*'); }
 
 /// The end of a line, and what the line up to there says of it.
 class LineEnd {
@@ -105,7 +75,7 @@ private:
   const CommandTree& m_tree;
   std::vector<scpi::HeaderNode> m_path;
   WordForm m_form;
-  Offers m_offers;
+  BestOffers m_offers{Completion::Most};
   Completion m_completion;
 };
 
@@ -127,7 +97,9 @@ Completion LineEnd::Complete() {
   } else {
     CompleteParameter(unit);
   }
-  m_completion.Candidates = m_offers.Take();
+  for (const BestOffers::Offer& offer : m_offers.InOrder()) {
+    m_completion.Candidates.push_back({Text(offer.Text), Text(offer.Shown)});
+  }
   return m_completion;
 }
 
@@ -180,7 +152,7 @@ void LineEnd::CompleteHeader(std::string_view header) {
     for (auto next = place->ByName.lower_bound(beginning); next != place->ByName.end(); ++next) {
       if (!next->first.starts_with(beginning)) break;
       for (const Node* node : next->second) {
-        if (!behindColon || !node->Pattern.Name.starts_with('*')) OfferNode(*node, typed);
+        if (!behindColon || !IsCommon(*node)) OfferNode(*node, typed);
       }
     }
   }
@@ -188,6 +160,8 @@ void LineEnd::CompleteHeader(std::string_view header) {
 
 /// Offers a node whose name begins as it was typed, with each suffix that may follow.
 void LineEnd::OfferNode(const Node& node, std::string_view typed) {
+  const std::size_t first = std::min({node.Command.Rank, node.Query.Rank, node.Below});
+  if (!m_offers.HasPlaceFor(first, IsCommon(node), node.Keyword.Long())) return;
   const std::string_view name = typed.substr(0, typed.find_last_not_of("0123456789") + 1);
   const std::string_view digits = typed.substr(name.size());
   const scpi::SuffixRange& range = node.Pattern.Suffixes;
@@ -224,12 +198,11 @@ void LineEnd::OfferEnds(const Node& node, const std::string& text, std::optional
   }
   const auto add = [&](std::size_t rank, int kind, std::string_view mark, const std::string& words) {
     if (rank == CommandTree::NoRank) return;
-    const bool common = node.Pattern.Name.starts_with('*');
     std::string shown = node.Pattern.Name + (suffix ? std::to_string(*suffix) : "");
     shown.append(mark);
     if (!words.empty()) shown.append(1, ' ').append(words);
     const std::uint64_t place = suffix ? std::uint64_t{*suffix} + 1 : 0;
-    m_offers.Add({rank, common, node.Keyword.Long(), place, kind}, text + std::string(mark), std::move(shown));
+    m_offers.Add({rank, IsCommon(node), node.Keyword.Long(), place, kind}, text + std::string(mark), std::move(shown));
   };
   add(command, 0, "", parameters);
   add(query, 1, "?", queryParameters);

@@ -1,6 +1,7 @@
 #include "completion/Completion.h"
 
 #include "completion/Offered.h"
+#include "support/Allocation.h"
 
 #include <gtest/gtest.h>
 
@@ -107,6 +108,21 @@ TEST(Completion, IsBounded) {
   EXPECT_EQ(completion.Candidates.front().Text, u"AA");
   EXPECT_EQ(completion.Candidates.back().Text, u"HR"); // the two hundredth
   EXPECT_EQ(Complete(u"Z", tree).Candidates.size(), 26U);
+}
+
+TEST(Completion, MemoryDoesNotGrowWithWhatFits) {
+  CommandTree tree;
+  std::vector<KnownCommand> commands;
+  for (int i = 0; i < 26 * 26 * 26; ++i) {
+    const std::string name = {static_cast<char>('A' + i / 676), static_cast<char>('A' + i / 26 % 26),
+                              static_cast<char>('A' + i % 26)};
+    commands.push_back(ReadCommand(name + "<1-8>").value());
+  }
+  tree.Add(commands);
+  Completion completion;
+  const std::size_t largest = test::LargestAllocation([&] { completion = Complete(u"", tree); });
+  EXPECT_EQ(completion.Candidates.size(), 200U);
+  EXPECT_LE(largest, 2 * Completion::Most * sizeof(Candidate));
 }
 
 TEST(Completion, OffersNothingForWhatIsNoScpi) {

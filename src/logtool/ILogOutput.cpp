@@ -3,7 +3,7 @@
 namespace portico::logtool {
 
 std::string ILogOutput::Take(const LogElement& element) {
-  const auto entry = ReadEntry(element);
+  const auto entry = ReadLogEntry(element);
   if (const auto* complaint = std::get_if<std::string>(&entry)) return *complaint;
   return Add(std::get<LogEntry>(entry));
 }

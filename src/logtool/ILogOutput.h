@@ -1,10 +1,13 @@
 #pragma once
 
-#include "logtool/LogEntry.h"
+#include "document/log/LogEntry.h"
+#include "logtool/Lines.h"
 
 #include <string>
 
 namespace portico::logtool {
+
+using Session = LogSession;
 
 /// Is told what stands in several logs, one after the other, and prints it.
 class ILogOutput {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "logtool/LogTool.h"
+#include "support/LogTexts.h"
 
 #include <sstream>
 #include <string>
@@ -9,19 +10,13 @@
 
 namespace portico::logtool {
 
-inline const std::string Head =
-    "<SCPICommLog><Header ApplicationName=\"Tolvane Portico\" ApplicationVersion=\"1.0.5\"/>";
+inline const std::string& Head = test::LogHead;
 
-/// An element of a log with a text for its payload.
 inline std::string Element(const std::string& kind, const std::string& second, const std::string& text) {
-  return "<" + kind + " DataType=\"" + kind + "\" Timestamp=\"2004-11-01T16:42:" + second +
-         ".000000000-5:00\" DataFormat=\"String\"><![CDATA[" + text + "]]></" + kind + ">";
+  return test::LogElementOf(kind, second, text);
 }
-
-inline std::string Log(const std::string& sessions) { return Head + sessions + "</SCPICommLog>"; }
-inline std::string SessionOf(const std::string& entities) {
-  return "<Session SessionOpenTimeStamp=\"s\">" + entities + "</Session>";
-}
+inline std::string Log(const std::string& sessions) { return test::LogOf(sessions); }
+inline std::string SessionOf(const std::string& entities) { return test::LogSessionOf(entities); }
 
 struct Result {
   int Status = 0;

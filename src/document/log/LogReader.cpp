@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <streambuf>
 
 namespace portico {
 namespace {
@@ -186,6 +187,15 @@ LogReader::Source LogReader::SourceOf(const ILogFile& file) {
   FileEnd end = EndOf(file);
   const std::uint64_t start = end.Size - end.Tail.size();
   return SourceOf(file, start, std::move(end.Tail));
+}
+
+LogReader::Source LogReader::SourceOf(std::istream& in) {
+  return [&in](char* buffer, std::size_t size) -> std::size_t {
+    std::streambuf& stream = *in.rdbuf();
+    if (std::streambuf::traits_type::eq_int_type(stream.sgetc(), std::streambuf::traits_type::eof())) return 0;
+    const auto count = std::clamp<std::streamsize>(stream.in_avail(), 1, static_cast<std::streamsize>(size));
+    return static_cast<std::size_t>(stream.sgetn(buffer, count));
+  };
 }
 
 LogReader::Source LogReader::SourceOf(const ILogFile& file, std::uint64_t end, std::string tail) {

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <istream>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,8 @@ LogReading Read(std::string_view bytes, ILogVisitor& visitor);
 LogReading Read(const ILogFile& file, ILogVisitor& visitor);
 /// The file as it is now: what a writer adds meanwhile is not read.
 Source SourceOf(const ILogFile& file);
+/// A stream, of which it waits for what comes next, and no longer.
+Source SourceOf(std::istream& in);
 /// The file up to that position, and that text behind it.
 Source SourceOf(const ILogFile& file, std::uint64_t end, std::string tail);
 /// The same, with blanks in the room of each torn close stamp.

@@ -6,12 +6,11 @@
 #include <optional>
 #include <string>
 #include <variant>
-#include <vector>
 
-namespace portico::logtool {
+namespace portico {
 
 /// A session's opening tag. Texts are UTF-8.
-struct Session {
+struct LogSession {
   std::string OpenStamp;
   /// None for a session that was never closed.
   std::optional<std::string> CloseStamp;
@@ -25,15 +24,9 @@ struct LogEntry {
   String Text;
 };
 
-Session ReadSession(const LogElement& element);
+LogSession ReadLogSession(const LogElement& element);
 
 /// The entity, or what is wrong with its payload.
-std::variant<LogEntry, std::string> ReadEntry(const LogElement& element);
+std::variant<LogEntry, std::string> ReadLogEntry(const LogElement& element);
 
-/// The lines of a text, without their line ends; a line end behind the last makes no further line.
-std::vector<StringView> Lines(StringView text);
-
-/// The text without the line end behind it.
-StringView WithoutLineEnd(StringView text);
-
-} // namespace portico::logtool
+} // namespace portico

@@ -59,7 +59,8 @@ _portico() {
     --log | --bench-csv) compopt -o default ;;
     --device) _portico_offer dmm psu scope ;;
     --format) _portico_offer csv json cmd ;;
-    --timeout | --list-time | --port | --vxi11 | --hislip | --bind | --seed | --fault | --bench | --get | --every | --tolerance | --session | --from | --to) ;;
+    --timeout | --list-time | --port | --vxi11 | --hislip | --bind | --seed | --fault | --bench | --get | --every | --tolerance | --session | --from) ;;
+    --to) if [[ ${words[1]} == blocks ]]; then compopt -o dirnames; fi ;;
     --repeat) _portico_offer forever ;;
     *)
       options='-h --help --version'
@@ -67,6 +68,7 @@ _portico() {
         portico-run*) options+=' --protocol --option --read-after-query --log --overwrite --timeout --stop-on-error --repeat --every --quiet --timing --get --list --list-time --bench --bench-csv' ;;
         portico-sim*) options+=' --device --port --vxi11 --portmap --hislip --serial --announce --bind --seed --fault' ;;
         'portico-log export '*) options='-h --help --format' ;;
+        'portico-log blocks '*) options='-h --help --to --session' ;;
         'portico-log cut '*) options='-h --help --session --from --to' ;;
         'portico-log diff '*) options='-h --help --tolerance' ;;
         'portico-log '[a-z]*' '*) options='-h --help' ;;
@@ -76,7 +78,7 @@ _portico() {
       elif [[ $program == portico-run && $positional == 0 ]]; then
         _portico_offer SIM::{dmm,psu,scope}::INSTR
       elif [[ $program == portico-log && $positional == 0 ]]; then
-        _portico_offer show export stats errors table diff cut merge
+        _portico_offer show export stats errors table diff cut merge blocks
       elif [[ $program != portico-sim && $positional -ge 0 ]]; then
         compopt -o default
       fi

@@ -1,5 +1,6 @@
 #include "logtool/Outputs.h"
 
+#include "logtool/BlocksOutput.h"
 #include "logtool/CommandOutput.h"
 #include "logtool/CsvOutput.h"
 #include "logtool/ErrorsOutput.h"
@@ -28,6 +29,8 @@ std::unique_ptr<ILogOutput> MakeOutput(const ToolOptions& options, std::ostream&
   case Output::Part:
   case Output::Merged:
     return std::make_unique<LogCopy>(out, options.Selection);
+  case Output::Blocks:
+    return std::make_unique<BlocksOutput>(out, options.Folder, options.Selection.Session);
   case Output::Show:
   case Output::Differences: // has no output of its own
     break;

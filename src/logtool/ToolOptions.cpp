@@ -39,13 +39,22 @@ std::variant<ToolOptions, HelpText, UsageError> ParseToolOptions(int argc, const
       ->check(CLI::NonNegativeNumber);
   CLI::App* cutting = app.add_subcommand("cut", "Print a part of a log, as a log");
   cutting->add_option("FILE", file, "The log; - is standard input")->required();
-  cutting->add_option("--session", options.Selection.Session, "The number of the session that is wanted, from 1")
-      ->type_name("N")
-      ->check(CLI::PositiveNumber);
+  const auto takesSession = [&options](CLI::App* sub) {
+    sub->add_option("--session", options.Selection.Session, "The number of the session that is wanted, from 1")
+        ->type_name("N")
+        ->check(CLI::PositiveNumber);
+  };
+  takesSession(cutting);
   cutting->add_option("--from", options.Selection.From, "The first time that is wanted, as in 2004-11-01T16:42")
       ->type_name("TIME");
   cutting->add_option("--to", options.Selection.To, "The last time that is wanted")->type_name("TIME");
   CLI::App* merging = command("merge", "Print several logs as one");
+  CLI::App* writing = app.add_subcommand("blocks", "Write the binary blocks of the answers to files");
+  writing->add_option("FILE", file, "The log; - is standard input")->required();
+  writing->add_option("--to", options.Folder, "The folder of the files, which is made if there is none")
+      ->type_name("DIR")
+      ->required();
+  takesSession(writing);
   if (const auto ending = commandline::Parse(app, argc, argv)) {
     return std::visit([](const auto& text) { return std::variant<ToolOptions, HelpText, UsageError>(text); }, *ending);
   }
@@ -64,6 +73,10 @@ std::variant<ToolOptions, HelpText, UsageError> ParseToolOptions(int argc, const
     for (const std::string& time : {options.Selection.From, options.Selection.To}) {
       if (!time.empty() && !IsTime(time)) return UsageError{time + ": use a time as in 2004-11-01T16:42:09"};
     }
+  }
+  if (writing->parsed()) {
+    options.Wanted = Output::Blocks;
+    options.Files = {file};
   }
   if (merging->parsed()) options.Wanted = Output::Merged;
   if (exporting->parsed()) {

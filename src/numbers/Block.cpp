@@ -81,4 +81,28 @@ std::variant<std::string, Fault> ReadBlock(StringView answer) {
   return bytes;
 }
 
+std::vector<scpi::Block> FindBlocks(std::string_view answer) {
+  std::vector<scpi::Block> blocks;
+  bool isElementStart = true;
+  while (!answer.empty()) {
+    const char byte = answer.front();
+    if (isElementStart && byte == '#') {
+      if (const auto block = scpi::TakeBlock(answer)) {
+        blocks.push_back(*block);
+        isElementStart = false;
+        continue;
+      }
+    }
+    answer.remove_prefix(1);
+    if (isElementStart && (byte == '"' || byte == '\'')) { // a doubled quote is a string that follows at once
+      const std::size_t end = answer.find(byte);
+      answer.remove_prefix(end == std::string_view::npos ? answer.size() : end + 1);
+      isElementStart = answer.starts_with(byte);
+      continue;
+    }
+    isElementStart = byte == ',' || byte == ';' || IsWhiteSpace(byte);
+  }
+  return blocks;
+}
+
 } // namespace portico::numbers

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "numbers/Fault.h"
+#include "scpi/Block.h"
 
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 namespace portico::numbers {
 
@@ -23,5 +25,9 @@ std::variant<std::string, Fault> ReadBlock(StringView answer);
 
 /// The same where bytes are at hand; the view is into them.
 std::variant<std::string_view, Fault> FindBlock(std::string_view answer);
+
+/// All blocks of an answer, in order, also those that stand among numbers and texts; the views are into it. One begins
+/// where an element of the answer does, outside quotes.
+std::vector<scpi::Block> FindBlocks(std::string_view answer);
 
 } // namespace portico::numbers

@@ -1,7 +1,7 @@
 #include "numbers/PictureHead.h"
 
+#include <algorithm>
 #include <array>
-#include <optional>
 
 namespace portico::numbers {
 namespace {
@@ -38,10 +38,11 @@ std::uint64_t Magnitude(std::uint32_t side) {
 
 std::optional<Size> SizeOfBmp(std::string_view bytes) {
   constexpr std::size_t oldHead = 12; // which has sides of two bytes
+  constexpr std::size_t longestHead = 124;
   if (bytes.size() < 26) return {};
   const std::uint32_t head = LittleEndian(bytes, 14, 4);
   if (head == oldHead) return Size{LittleEndian(bytes, 18, 2), LittleEndian(bytes, 20, 2)};
-  if (head < 40) return {};
+  if (head < 40 || head > longestHead) return {};
   return Size{LittleEndian(bytes, 18, 4), Magnitude(LittleEndian(bytes, 22, 4))};
 }
 
@@ -85,6 +86,14 @@ constexpr std::array Kinds = {
     Kind{"GIF89a", PictureFormat::Gif, SizeOfGif},
 };
 
+const Kind* KindOf(std::string_view bytes) {
+  const auto* found =
+      std::find_if(Kinds.begin(), Kinds.end(), [bytes](const Kind& kind) { return bytes.starts_with(kind.Start); });
+  return found == Kinds.end() ? nullptr : found;
+}
+
+bool HasArea(const std::optional<Size>& size) { return size && size->Width > 0 && size->Height > 0; }
+
 } // namespace
 
 std::string_view SuffixOf(PictureFormat format) {
@@ -92,22 +101,28 @@ std::string_view SuffixOf(PictureFormat format) {
   return suffixes[static_cast<std::size_t>(format)];
 }
 
+std::optional<PictureFormat> FindPictureFormat(std::string_view bytes) {
+  const Kind* const kind = KindOf(bytes);
+  if (kind == nullptr || !HasArea(kind->SizeOf(bytes))) return {};
+  return kind->Format;
+}
+
 std::variant<PictureHead, Fault> ReadPictureHead(std::string_view bytes) {
-  for (const Kind& kind : Kinds) {
-    if (!bytes.starts_with(kind.Start)) continue;
-    const auto size = kind.SizeOf(bytes);
-    if (!size || size->Width == 0 || size->Height == 0) {
-      return Fault{kind.Start.size(), u"The picture is broken: it does not tell how large it is."};
-    }
-    if (size->Width > LargestPictureSide || size->Height > LargestPictureSide ||
-        size->Width * size->Height > MostPicturePixels) {
-      return Fault{kind.Start.size(), u"The picture is too large: it has " +
-                                          ToText(static_cast<std::int64_t>(size->Width)) + u" by " +
-                                          ToText(static_cast<std::int64_t>(size->Height)) + u" pixels."};
-    }
-    return PictureHead{kind.Format, static_cast<std::uint32_t>(size->Width), static_cast<std::uint32_t>(size->Height)};
+  const Kind* const kind = KindOf(bytes);
+  if (kind == nullptr) {
+    return Fault{0, u"The answer is no picture: it begins neither as PNG nor as BMP, JPEG or GIF."};
   }
-  return Fault{0, u"The answer is no picture: it begins neither as PNG nor as BMP, JPEG or GIF."};
+  const auto size = kind->SizeOf(bytes);
+  if (!HasArea(size)) {
+    return Fault{kind->Start.size(), u"The picture is broken: it does not tell how large it is."};
+  }
+  if (size->Width > LargestPictureSide || size->Height > LargestPictureSide ||
+      size->Width * size->Height > MostPicturePixels) {
+    return Fault{kind->Start.size(), u"The picture is too large: it has " +
+                                         ToText(static_cast<std::int64_t>(size->Width)) + u" by " +
+                                         ToText(static_cast<std::int64_t>(size->Height)) + u" pixels."};
+  }
+  return PictureHead{kind->Format, static_cast<std::uint32_t>(size->Width), static_cast<std::uint32_t>(size->Height)};
 }
 
 } // namespace portico::numbers

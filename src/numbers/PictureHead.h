@@ -3,6 +3,7 @@
 #include "numbers/Fault.h"
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <variant>
 
@@ -12,6 +13,9 @@ enum class PictureFormat : std::uint8_t { Png, Bmp, Jpeg, Gif };
 
 /// What the files of a format end in, without the dot.
 std::string_view SuffixOf(PictureFormat format);
+
+/// The format of a picture whose head tells how large it is, whatever that is; none of other bytes.
+std::optional<PictureFormat> FindPictureFormat(std::string_view bytes);
 
 /// What the first bytes of a picture tell.
 struct PictureHead {

@@ -74,6 +74,17 @@ TEST(ToolOptionsTest, TakesLogsToMerge) {
   EXPECT_EQ(options.Selection.Session, std::nullopt);
 }
 
+TEST(ToolOptionsTest, TakesALogAndAFolderForItsBlocks) {
+  const auto options = std::get<ToolOptions>(Parse({"blocks", "a.log", "--to", "pictures", "--session=3"}));
+  EXPECT_EQ(options.Wanted, Output::Blocks);
+  EXPECT_EQ(options.Files, Files{"a.log"});
+  EXPECT_EQ(options.Folder, "pictures");
+  EXPECT_EQ(options.Selection.Session, 3U);
+  EXPECT_TRUE(std::holds_alternative<UsageError>(Parse({"blocks", "a.log"})));
+  EXPECT_TRUE(std::holds_alternative<UsageError>(Parse({"blocks", "--to", "pictures"})));
+  EXPECT_TRUE(std::holds_alternative<UsageError>(Parse({"blocks", "a", "--to", "b", "--session", "0"})));
+}
+
 TEST(ToolOptionsTest, RefusesEverythingElse) {
   for (const Arguments& arguments : {Arguments{}, Arguments{"show"}, Arguments{"print", "a"}, Arguments{"export", "a"},
                                      Arguments{"stats", "--format", "csv", "a"}, Arguments{"show", "stats"}}) {

@@ -96,6 +96,30 @@ TEST(Block, BytesAreFoundWhereTheyStand) {
   EXPECT_EQ(found.data(), bytes.data() + 3);
 }
 
+std::string AllOf(const std::string& answer) {
+  std::string all;
+  for (const scpi::Block& block : FindBlocks(answer)) {
+    all.append("[").append(block.Bytes).append(block.Whole ? "]" : "...");
+  }
+  return all;
+}
+
+TEST(Block, SeveralAreFoundWhereElementsBegin) {
+  EXPECT_EQ(AllOf("#15hello"), "[hello]");
+  EXPECT_EQ(AllOf("CURV #15a,#1b,1.5;#11c, #10"), "[a,#1b][c][]");
+  EXPECT_EQ(AllOf("#11a#11b"), "[a]") << "nothing begins there";
+  EXPECT_EQ(AllOf("#H15,#Q7,#,x#11a"), "");
+  EXPECT_EQ(AllOf("#11a,#0b,#11c"), "[a][b,#11c]");
+}
+
+TEST(Block, NoneIsFoundInQuotes) {
+  EXPECT_EQ(AllOf("\"a,#11b\",#11c"), "[c]");
+  EXPECT_EQ(AllOf("'it''s,#11a',#11b"), "[b]");
+  EXPECT_EQ(AllOf("\"open,#11a"), "");
+}
+
+TEST(Block, OneThatTheAnswerEndsInIsNotWhole) { EXPECT_EQ(AllOf("#11a,#15b"), "[a][b..."); }
+
 TEST(Block, ADigitBehindTheHashTellsABlockFromANumber) {
   for (const StringView text : {u"#15hello", u"#0", u" #9", u"\r\n#1"}) {
     EXPECT_TRUE(LooksLikeBlock(text)) << ToUtf8(text);

@@ -32,18 +32,18 @@ for program in portico-run portico-sim portico-log; do
   [[ $(complete -p "$program") == "complete -F _portico $program" ]] || fault "$program is not completed"
 done
 seen=0
-for command in portico-{run,sim,log} "portico-log "{show,export,stats,errors,table,diff,cut,merge}; do
+for command in portico-{run,sim,log} "portico-log "{show,export,stats,errors,table,diff,cut,merge,blocks}; do
   read -ra words <<< "$command"
   listed=$(options_of "${words[@]}")
   seen=$((seen + $(wc -w <<< "$listed")))
   offered "$command -"
   expect "$command" "$(sorted <<< "$offered")" "$listed"
 done
-((seen >= 31)) || fault "only $seen options were found"
+((seen >= 35)) || fault "only $seen options were found"
 
 commands=$("$programs/portico-log" --help | sed -n '/^Subcommands:/,$s/^  \([a-z]*\) .*/\1/p' | xargs)
 at "portico-log " "$commands"
-expect "commands" "$commands" "show export stats errors table diff cut merge"
+expect "commands" "$commands" "show export stats errors table diff cut merge blocks"
 
 # Names of options, and values that the programs take.
 for protocol in SCPI Other; do
@@ -97,4 +97,6 @@ files_at "portico-run --log="
 files_at "portico-log show conv"
 files_at "portico-log export --format csv "
 at "portico-log export --fo" "--format"
+offered "portico-log blocks conversation.log --to " && expect "blocks --to" "$offered, $asked" ", -o dirnames"
+at "portico-log cut conversation.log --to " ""
 exit $((faults > 0))

@@ -9,6 +9,7 @@
 #include "drivers/standard/StandardDriver.h"
 #include "simulator/connection/ServedLine.h"
 #include "simulator/connection/ServedStream.h"
+#include "simulator/devices/Device.h"
 #include "simulator/hislip/HislipConnection.h"
 #include "simulator/server/PseudoTerminal.h"
 #include "simulator/server/SocketServer.h"

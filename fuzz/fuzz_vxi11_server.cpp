@@ -1,5 +1,6 @@
 // Feeds a VXI-11 server any bytes, as two clients, in pieces of any size and at any times. What it sends is replies.
 
+#include "simulator/devices/Device.h"
 #include "simulator/vxi11/ServedVxi11.h"
 
 #include <algorithm>

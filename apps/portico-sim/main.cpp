@@ -46,7 +46,7 @@ struct Protocol {
   const char* Option;
   const char* Help;
   std::optional<std::uint16_t> DefaultPort; ///< without one it is off unless asked for
-  ConnectionFactory (*Factory)(Device&);
+  ConnectionFactory (*Factory)(Instrument&);
 };
 
 constexpr std::array Protocols = {
@@ -117,10 +117,10 @@ std::string ServiceType(const std::string& protocol) {
 }
 
 /// What is known of the instrument before it is asked.
-Announcement::Content Introduction(const Device& device) {
+Announcement::Content Introduction(const Instrument& instrument) {
   constexpr std::array keys = {"Manufacturer", "Model", "SerialNumber", "FirmwareVersion"};
   Announcement::Content content{{}, {}, {"txtvers=1"}};
-  std::istringstream identification{std::string(device.Identification())};
+  std::istringstream identification{std::string(instrument.Identification())};
   std::string field;
   for (std::size_t i = 0; i < keys.size() && std::getline(identification, field, ','); ++i) {
     content.Text.push_back(std::string(keys[i]) + "=" + field);
@@ -132,9 +132,9 @@ Announcement::Content Introduction(const Device& device) {
 
 /// Tells the local network what the server listens on; `names` are those of its listeners' protocols. Who finds VXI-11
 /// there asks the portmapper for its port, if that knows it.
-std::unique_ptr<Announcement> Announce(const Device& device, const SocketServer& server,
+std::unique_ptr<Announcement> Announce(const Instrument& instrument, const SocketServer& server,
                                        const std::vector<std::string>& names, const Options& options) {
-  Announcement::Content content = Introduction(device);
+  Announcement::Content content = Introduction(instrument);
   for (std::size_t i = 0; i < names.size(); ++i) {
     const bool mapped = options.PortMap && names[i] == "vxi11";
     const std::uint16_t port = mapped ? portico::wire::PortMapper::Port : server.Port(i);
@@ -199,7 +199,7 @@ private:
 };
 
 /// Tells where it listens once it does, and serves until SIGINT or SIGTERM.
-void Serve(Device& device, const Options& options) {
+void Serve(Instrument& instrument, const Options& options) {
   std::optional<PortMap> portMap;
   if (options.PortMap) portMap.emplace();
   SocketServer server;
@@ -208,7 +208,7 @@ void Serve(Device& device, const Options& options) {
   for (std::size_t i = 0; i < Protocols.size(); ++i) {
     if (!options.Ports[i]) continue;
     OrElse("give another " + std::string(Protocols[i].Option) + ", 0 for a free one, or another --bind", [&] {
-      auto factory = FaultyConnection::Factory(Protocols[i].Factory(device), device);
+      auto factory = FaultyConnection::Factory(Protocols[i].Factory(instrument), instrument);
       server.Listen({options.Address, *options.Ports[i], std::move(factory)});
     });
     names.emplace_back(Protocols[i].Name);
@@ -219,7 +219,7 @@ void Serve(Device& device, const Options& options) {
   if (options.Serial) {
     OrElse("leave out --serial", [&line] { line.emplace(); });
     server.Add(line->TakeFarEnd(),
-               std::make_unique<ServedLine>(FaultyConnection::Factory(ServedStream::Factory(device), device)));
+               std::make_unique<ServedLine>(FaultyConnection::Factory(ServedStream::Factory(instrument), instrument)));
   }
   running = &server;
   std::signal(SIGINT, StopServer);
@@ -230,7 +230,7 @@ void Serve(Device& device, const Options& options) {
   if (isPortMapper) std::cout << "listening on " << server.Endpoint(names.size()) << " portmap" << std::endl;
   if (line) std::cout << "listening on " << line->Name() << " serial" << std::endl;
   const auto announcement =
-      options.Announce ? Announce(device, server, names, options) : std::unique_ptr<Announcement>();
+      options.Announce ? Announce(instrument, server, names, options) : std::unique_ptr<Announcement>();
   server.Run();
   std::signal(SIGINT, SIG_IGN); // the handlers must not outlive the server
   std::signal(SIGTERM, SIG_IGN);

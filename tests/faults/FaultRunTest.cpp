@@ -2,6 +2,7 @@
 #include "drivers/standard/StandardDriver.h"
 #include "simulator/connection/FaultyConnection.h"
 #include "simulator/connection/ServedStream.h"
+#include "simulator/devices/Device.h"
 #include "simulator/hislip/HislipConnection.h"
 #include "simulator/server/SocketServer.h"
 #include "simulator/vxi11/ServedVxi11.h"
@@ -42,7 +43,7 @@ Extent Wanted() {
 struct Transport {
   const char* Name;
   const char* Faults;
-  ConnectionFactory (*Factory)(Device&);
+  ConnectionFactory (*Factory)(Instrument&);
   std::string (*ResourceName)(const std::string& port);
 };
 
@@ -51,7 +52,7 @@ void PrintTo(const Transport& transport, std::ostream* out) { *out << transport.
 /// A device that is served in a thread of its own.
 class ServedDevice {
 public:
-  explicit ServedDevice(ConnectionFactory (*factory)(Device&))
+  explicit ServedDevice(ConnectionFactory (*factory)(Instrument&))
       : m_server({{"127.0.0.1", 0, FaultyConnection::Factory(factory(*m_device), *m_device)},
                   {"127.0.0.1", 0, ServedStream::Factory(*m_device)}}) {}
   ~ServedDevice() {

@@ -11,16 +11,18 @@
 
 namespace portico::test {
 
-/// A client of a device in a time of its own, which only moves when a test says so.
+/// A client of an instrument in a time of its own, which only moves when a test says so.
 class Session {
 public:
   explicit Session(std::string_view kind = "dmm", std::uint64_t seed = 1)
-      : Session(std::make_shared<World>(simulator::Device::Make(kind, seed))) {}
+      : Session(simulator::Device::Make(kind, seed)) {}
+  explicit Session(std::unique_ptr<simulator::Instrument> instrument)
+      : Session(std::make_shared<World>(std::move(instrument))) {}
 
-  /// A further client of the same device, in the same time.
+  /// A further client of the same instrument, in the same time.
   Session Another() const { return Session(m_world); }
 
-  simulator::Device& TheDevice() { return *m_world->device; }
+  simulator::Instrument& TheDevice() { return *m_world->instrument; }
   simulator::StreamConnection& Connection() { return *m_connection; }
   simulator::TimePoint Now() const { return m_world->now; }
   void Advance(simulator::TimePoint::duration time) { m_world->now += time; }
@@ -56,14 +58,14 @@ public:
 
 private:
   struct World {
-    explicit World(std::unique_ptr<simulator::Device> made) : device(std::move(made)) {}
+    explicit World(std::unique_ptr<simulator::Instrument> made) : instrument(std::move(made)) {}
 
-    const std::unique_ptr<simulator::Device> device;
+    const std::unique_ptr<simulator::Instrument> instrument;
     simulator::TimePoint now{std::chrono::hours(1)};
   };
 
   explicit Session(std::shared_ptr<World> world)
-      : m_world(std::move(world)), m_connection(std::make_unique<simulator::StreamConnection>(*m_world->device)) {}
+      : m_world(std::move(world)), m_connection(std::make_unique<simulator::StreamConnection>(*m_world->instrument)) {}
 
   std::shared_ptr<World> m_world;
   std::unique_ptr<simulator::StreamConnection> m_connection;

@@ -6,8 +6,11 @@
 
 namespace portico::simulator {
 
-Connection::Connection(Device& device)
-    : m_status(device.m_status), m_executor(device.m_executor), m_exchange(m_executor.Join()) {}
+Connection::Connection(Instrument& instrument)
+    : m_instrument(instrument),
+      m_status(instrument.m_status),
+      m_executor(instrument.m_executor),
+      m_exchange(instrument.Join()) {}
 
 Connection::~Connection() { m_exchange->Abandon(); }
 
@@ -41,7 +44,7 @@ void Connection::ReportUnterminated() { m_status.Raise(scpi::ErrorCode::QueryUnt
 void Connection::Clear(TimePoint now) {
   m_exchange->Halt();
   m_exchange->Abandon();
-  m_exchange = m_executor.Join();
+  m_exchange = m_instrument.Join();
   AnswerTaken();
   Advance(now);
 }

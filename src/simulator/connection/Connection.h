@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/devices/Device.h"
+#include "simulator/devices/Instrument.h"
 #include "simulator/status/MessageExchange.h"
 
 #include <cstddef>
@@ -11,8 +11,8 @@
 
 namespace portico::simulator {
 
-/// One connection to a device, in whole messages: what every protocol stands on. Its input, its answers and the end
-/// that `SIMulator:CLOSe` asks for are its own; all else is the device's.
+/// One connection to an instrument, in whole messages: what every protocol stands on. Its input, its answers and the
+/// end that `SIMulator:CLOSe` asks for are its own; all else is the instrument's.
 ///
 /// It behaves like an instrument behind a socket, where an answer waits until it is read: new input never interrupts an
 /// unread answer, so that there is no -410, and a Read() with nothing asked is polling, so that there is no -420. When
@@ -23,14 +23,14 @@ public:
   static constexpr std::size_t LongestMessage = 1U << 20U; ///< beyond it -363, and the message is discarded
   static constexpr std::size_t MostInputBytes = 8U << 20U; ///< of messages that wait for their turn
 
-  /// `device` must outlive the connection.
-  explicit Connection(Device& device);
+  /// `instrument` must outlive the connection.
+  explicit Connection(Instrument& instrument);
   /// What was sent goes on; its answers go nowhere.
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
 
-  /// Does all that the device has to do up to `now`, whoever asked for it.
+  /// Does all that the instrument has to do up to `now`, whoever asked for it.
   void Advance(TimePoint now);
   /// Takes a complete program message, without its terminator.
   void Submit(std::string message, TimePoint now);
@@ -45,7 +45,7 @@ public:
   void ReportUnterminated();
 
   /// The next whole response message that is ready at `now`, its line feed included, or a piece without one of an
-  /// answer without end. What is wrong with it is then asked of the device's Faults().
+  /// answer without end. What is wrong with it is then asked of the instrument's Faults().
   std::optional<std::string> Read(TimePoint now);
   /// As in SimulatedConnection.
   std::optional<TimePoint> NextEvent() const;
@@ -69,6 +69,7 @@ private:
   void Seen(TimePoint now);
   std::uint8_t ReasonsForService(bool messageAvailable) const;
 
+  Instrument& m_instrument;
   StatusModel& m_status;
   Executor& m_executor;
   std::shared_ptr<MessageExchange> m_exchange;

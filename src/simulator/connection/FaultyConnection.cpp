@@ -11,12 +11,12 @@ constexpr std::string_view StrayBytes = "?~\x7f";
 
 } // namespace
 
-FaultyConnection::FaultyConnection(std::unique_ptr<IServedConnection> connection, Device& device)
-    : m_connection(std::move(connection)), m_faults(device.Faults()), m_acceptDelay(m_faults.AcceptDelay) {}
+FaultyConnection::FaultyConnection(std::unique_ptr<IServedConnection> connection, Instrument& instrument)
+    : m_connection(std::move(connection)), m_faults(instrument.Faults()), m_acceptDelay(m_faults.AcceptDelay) {}
 
-ConnectionFactory FaultyConnection::Factory(ConnectionFactory factory, Device& device) {
-  return [factory = std::move(factory), &device](std::uint16_t port) {
-    return std::make_unique<FaultyConnection>(factory(port), device);
+ConnectionFactory FaultyConnection::Factory(ConnectionFactory factory, Instrument& instrument) {
+  return [factory = std::move(factory), &instrument](std::uint16_t port) {
+    return std::make_unique<FaultyConnection>(factory(port), instrument);
   };
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/connection/IServedConnection.h"
-#include "simulator/devices/Device.h"
+#include "simulator/devices/Instrument.h"
 
 namespace portico::simulator {
 
@@ -10,10 +10,10 @@ namespace portico::simulator {
 /// other connection.
 class FaultyConnection final : public IServedConnection {
 public:
-  /// `device`, the one behind the connection, must outlive this.
-  FaultyConnection(std::unique_ptr<IServedConnection> connection, Device& device);
-  /// Makes those of another factory faulty. `device` must outlive all connections.
-  static ConnectionFactory Factory(ConnectionFactory factory, Device& device);
+  /// `instrument`, the one behind the connection, must outlive this.
+  FaultyConnection(std::unique_ptr<IServedConnection> connection, Instrument& instrument);
+  /// Makes those of another factory faulty. `instrument` must outlive all connections.
+  static ConnectionFactory Factory(ConnectionFactory factory, Instrument& instrument);
 
   void Receive(std::string_view bytes, TimePoint now) override;
   void Collect(std::string& output, TimePoint now) override;

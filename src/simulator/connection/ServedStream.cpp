@@ -4,8 +4,8 @@
 
 namespace portico::simulator {
 
-ConnectionFactory ServedStream::Factory(Device& device) {
-  return [&device](std::uint16_t /*port*/) { return std::make_unique<ServedStream>(device); };
+ConnectionFactory ServedStream::Factory(Instrument& instrument) {
+  return [&instrument](std::uint16_t /*port*/) { return std::make_unique<ServedStream>(instrument); };
 }
 
 void ServedStream::Collect(std::string& output, TimePoint now) {

@@ -8,10 +8,10 @@ namespace portico::simulator {
 /// A raw socket or a serial line: the wire carries the program messages and the answers, and nothing else.
 class ServedStream final : public IServedConnection {
 public:
-  /// `device` must outlive the connection.
-  explicit ServedStream(Device& device) : m_connection(device) {}
-  /// `device` must outlive all connections.
-  static ConnectionFactory Factory(Device& device);
+  /// `instrument` must outlive the connection.
+  explicit ServedStream(Instrument& instrument) : m_connection(instrument) {}
+  /// `instrument` must outlive all connections.
+  static ConnectionFactory Factory(Instrument& instrument);
 
   void Receive(std::string_view bytes, TimePoint now) override { m_connection.Write(bytes, now); }
   void Collect(std::string& output, TimePoint now) override;

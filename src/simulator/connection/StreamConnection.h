@@ -12,8 +12,8 @@ namespace portico::simulator {
 /// too.
 class StreamConnection final : public SimulatedConnection {
 public:
-  /// `device` must outlive the connection.
-  explicit StreamConnection(Device& device) : m_connection(device) {}
+  /// `instrument` must outlive the connection.
+  explicit StreamConnection(Instrument& instrument) : m_connection(instrument) {}
 
   void Write(std::string_view bytes, TimePoint now) override;
   std::optional<std::string> Read(TimePoint now) override { return m_connection.Read(now); }

@@ -39,22 +39,10 @@ std::unique_ptr<Device> Device::Make(Kind kind, std::uint64_t seed) {
 }
 
 Device::Device(const ModelMaker& makeModel, std::uint64_t seed)
-    : m_model(makeModel(m_executor, m_status)),
-      m_common(*m_model, m_executor, m_status),
-      m_faults(m_executor, m_status, seed) {
+    : Instrument(seed), m_model(makeModel(m_executor, m_status)), m_common(*m_model, m_executor, m_status) {
   m_common.AddTo(m_tree);
   m_system.AddTo(m_tree);
-  m_faults.AddTo(m_tree);
   m_model->AddTo(m_tree);
-  Faults().Seed(seed);
-}
-
-std::string Device::CarryOut(std::string_view message) {
-  const auto exchange = m_executor.Join();
-  exchange->Abandon();
-  exchange->Submit(std::string(message));
-  m_executor.Run(m_executor.Now());
-  return m_status.Errors().Pop();
 }
 
 } // namespace portico::simulator

@@ -15,8 +15,8 @@ bool IsData(HislipType type) { return type == HislipType::Data || type == Hislip
 
 } // namespace
 
-ConnectionFactory HislipConnection::Factory(Device& device) {
-  return [server = std::make_shared<HislipServer>(device)](std::uint16_t /*port*/) {
+ConnectionFactory HislipConnection::Factory(Instrument& instrument) {
+  return [server = std::make_shared<HislipServer>(instrument)](std::uint16_t /*port*/) {
     return std::make_unique<HislipConnection>(server);
   };
 }

@@ -12,8 +12,8 @@ public:
   /// The longest message, its header included, that is taken.
   static constexpr std::uint64_t LongestMessage = std::uint64_t{1} << 20U;
 
-  /// Connections that share one server for `device`, which must outlive them. Version 1.0, synchronized mode.
-  static ConnectionFactory Factory(Device& device);
+  /// Connections that share one server for `instrument`, which must outlive them. Version 1.0, synchronized mode.
+  static ConnectionFactory Factory(Instrument& instrument);
 
   explicit HislipConnection(std::shared_ptr<HislipServer> server);
   ~HislipConnection() override;

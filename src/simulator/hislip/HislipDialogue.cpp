@@ -18,7 +18,7 @@ constexpr std::string_view TriggerCommand = "*TRG\n";
 
 } // namespace
 
-HislipDialogue::HislipDialogue(Device& device) : m_stream(device), m_faults(device.Faults()) {
+HislipDialogue::HislipDialogue(Instrument& instrument) : m_stream(instrument), m_faults(instrument.Faults()) {
   SetLongestMessage(HislipHeaderSize + HislipLongestText);
   Forget();
 }

@@ -16,8 +16,8 @@ namespace portico::simulator {
 /// dropped, and both sides are told so: -410.
 class HislipDialogue {
 public:
-  /// `device` must outlive the dialogue.
-  explicit HislipDialogue(Device& device);
+  /// `instrument` must outlive the dialogue.
+  explicit HislipDialogue(Instrument& instrument);
 
   /// The longest message, its header included, that the client takes.
   void SetLongestMessage(std::uint64_t size);

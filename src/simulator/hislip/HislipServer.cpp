@@ -7,7 +7,7 @@ std::shared_ptr<HislipSession> HislipServer::Begin() {
   do {
     ++m_lastNumber;
   } while (m_sessions.contains(m_lastNumber));
-  return m_sessions[m_lastNumber] = std::make_shared<HislipSession>(m_device, m_locks, m_lastNumber);
+  return m_sessions[m_lastNumber] = std::make_shared<HislipSession>(m_instrument, m_locks, m_lastNumber);
 }
 
 std::shared_ptr<HislipSession> HislipServer::Join(std::uint32_t number) {

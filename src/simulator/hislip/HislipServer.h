@@ -13,8 +13,8 @@ namespace portico::simulator {
 
 /// What the two connections of one client share. It is over as soon as one of them is.
 struct HislipSession {
-  HislipSession(Device& device, HislipLocks& locks, std::uint16_t number)
-      : Number(number), Dialogue(device), Requests(Dialogue, locks, device.Faults(), number) {}
+  HislipSession(Instrument& instrument, HislipLocks& locks, std::uint16_t number)
+      : Number(number), Dialogue(instrument), Requests(Dialogue, locks, instrument.Faults(), number) {}
 
   const std::uint16_t Number;
   HislipDialogue Dialogue;
@@ -30,8 +30,8 @@ public:
   static constexpr std::string_view SubAddress = "hislip0";
   static constexpr std::size_t MostSessions = 64;
 
-  /// `device` must outlive the server.
-  explicit HislipServer(Device& device) : m_device(device) {}
+  /// `instrument` must outlive the server.
+  explicit HislipServer(Instrument& instrument) : m_instrument(instrument) {}
 
   /// A session for a client that has just come; a null pointer if there are too many.
   std::shared_ptr<HislipSession> Begin();
@@ -43,7 +43,7 @@ public:
   bool Admits(const HislipSession& session) const { return m_locks.Admits(session.Number); }
 
 private:
-  Device& m_device;
+  Instrument& m_instrument;
   HislipLocks m_locks;
   std::map<std::uint16_t, std::shared_ptr<HislipSession>> m_sessions;
   std::uint16_t m_lastNumber = 0;

@@ -19,8 +19,8 @@ bool AbandonsMessage(scpi::ErrorCode code) {
 
 Executor::Executor(const CommandTree& commands, StatusModel& status) : m_commands(commands), m_status(status) {}
 
-std::shared_ptr<MessageExchange> Executor::Join() {
-  return m_exchanges.emplace_back(std::make_shared<MessageExchange>());
+std::shared_ptr<MessageExchange> Executor::Join(MessageExchange::Handler handler) {
+  return m_exchanges.emplace_back(std::make_shared<MessageExchange>(std::move(handler)));
 }
 
 void Executor::Run(TimePoint now) {
@@ -82,6 +82,7 @@ void Executor::CarryOn(const std::shared_ptr<MessageExchange>& exchange, std::fu
 bool Executor::ExecuteUnit() {
   bool more = false;
   Guard([this, &more] {
+    if (m_current->HandOver()) return;
     more = m_current->Next(m_unit);
     if (more) m_commands.Invoke(m_unit);
   });

@@ -30,8 +30,9 @@ public:
   /// Both must outlive the executor.
   Executor(const CommandTree& commands, StatusModel& status);
 
-  /// A new connection's exchange. It is worked off until it has been abandoned and is done.
-  std::shared_ptr<MessageExchange> Join();
+  /// A new connection's exchange. It is worked off until it has been abandoned and is done. With a handler, that
+  /// carries out its messages as a whole, in place of the commands.
+  std::shared_ptr<MessageExchange> Join(MessageExchange::Handler handler = {});
 
   /// Does all that is to be done up to `now`. What an operation's end releases happens at the time of that end, however
   /// late the call comes.
@@ -48,6 +49,8 @@ public:
   TimePoint Now() const { return m_clock; }
   /// Adds the data of one query to the response message.
   void Respond(std::string_view data) { m_current->Respond(data); }
+  /// Ends the response message, so that what is added next is another one.
+  void EndResponse() { m_current->EndResponse(m_clock, m_faults); }
   MessageExchange& Current() { return *m_current; }
   /// Begins an operation, in place of a pending one. While it is pending the bit of the operation status register is
   /// set; at its end `atEnd` is called, which may begin another that goes on with it.

@@ -31,8 +31,17 @@ bool MessageExchange::Begin() {
   return true;
 }
 
+bool MessageExchange::HandOver() {
+  if (m_handler) m_handler(*m_message);
+  return static_cast<bool>(m_handler);
+}
+
 void MessageExchange::Finish(TimePoint at, Misbehaviour& faults) {
   m_message.reset();
+  EndResponse(at, faults);
+}
+
+void MessageExchange::EndResponse(TimePoint at, Misbehaviour& faults) {
   const bool endless = std::exchange(m_endless, false);
   if (!std::exchange(m_responding, false)) return;
   std::string response = std::exchange(m_response, {});

@@ -7,9 +7,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace portico::simulator {
 
@@ -19,6 +21,11 @@ class MessageExchange {
 public:
   /// The longest response message; a query that would make it longer is deadlocked.
   static constexpr std::size_t LongestResponse = 64U << 20U;
+
+  /// Carries out a message as a whole. May throw ScpiError.
+  using Handler = std::function<void(std::string_view message)>;
+
+  explicit MessageExchange(Handler handler = {}) : m_handler(std::move(handler)) {}
 
   // For the connection.
 
@@ -40,12 +47,16 @@ public:
 
   /// Takes up the next message; false if there is none, or no room for its answer.
   bool Begin();
+  /// Hands the whole message to the handler; false if there is none.
+  bool HandOver();
   /// Parses the next unit of the message; false at its end. Throws ScpiError.
   bool Next(scpi::Unit& unit) { return !m_halted && m_parser.Next(unit); }
   /// Whether a message is being carried out.
   bool Begun() const { return m_message.has_value(); }
   /// Ends the message, and with it the response message, if there is one.
   void Finish(TimePoint at, Misbehaviour& faults);
+  /// Ends the response message, if there is one, and not the message.
+  void EndResponse(TimePoint at, Misbehaviour& faults);
   /// Adds the data of one query to the response message. Throws ScpiError.
   void Respond(std::string_view data);
   /// The same with a block of so many bytes, which are made as they are read. Nothing can be added behind it.
@@ -59,6 +70,7 @@ public:
   bool Halted() const { return m_halted; }
 
 private:
+  Handler m_handler;
   std::deque<std::string> m_input;
   std::size_t m_inputBytes = 0;
   bool m_halted = false;

@@ -36,8 +36,8 @@ RpcStatus StatusOf(CallOutcome outcome) {
 
 } // namespace
 
-ConnectionFactory ServedVxi11::Factory(Device& device) {
-  return [links = std::make_shared<Vxi11Links>(device)](std::uint16_t port) {
+ConnectionFactory ServedVxi11::Factory(Instrument& instrument) {
+  return [links = std::make_shared<Vxi11Links>(instrument)](std::uint16_t port) {
     return std::make_unique<ServedVxi11>(links, port);
   };
 }

@@ -16,8 +16,8 @@ namespace portico::simulator {
 /// One call is carried out at a time; those that are sent before its reply wait.
 class ServedVxi11 final : public IServedConnection {
 public:
-  /// All connections that this makes share their links and the lock. `device` must outlive them.
-  static ConnectionFactory Factory(Device& device);
+  /// All connections that this makes share their links and the lock. `instrument` must outlive them.
+  static ConnectionFactory Factory(Instrument& instrument);
   /// Of a portmapper, for a port where clients look for one. `corePort` answers where the server is.
   static ConnectionFactory PortMapperFactory(std::function<std::uint16_t()> corePort);
 

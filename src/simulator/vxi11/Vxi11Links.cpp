@@ -31,7 +31,7 @@ std::optional<std::int32_t> Vxi11Links::Make() {
   if (m_links.size() >= Most) return std::nullopt;
   do {
     m_last = m_last == std::numeric_limits<std::int32_t>::max() ? 1 : m_last + 1;
-  } while (!m_links.try_emplace(m_last, m_device).second);
+  } while (!m_links.try_emplace(m_last, m_instrument).second);
   return m_last;
 }
 
@@ -46,7 +46,7 @@ void Vxi11Links::Remove(std::int32_t number) {
 }
 
 bool Vxi11Links::Lock(std::int32_t number) {
-  if (m_device.Faults().LocksRefused) return false;
+  if (m_instrument.Faults().LocksRefused) return false;
   m_holder = number;
   return true;
 }

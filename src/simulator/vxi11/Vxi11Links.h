@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/connection/StreamConnection.h"
-#include "simulator/devices/Device.h"
+#include "simulator/devices/Instrument.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -15,7 +15,7 @@ namespace portico::simulator {
 /// A client's link to the device: its connection, and the answer that is being read.
 class Vxi11Link {
 public:
-  explicit Vxi11Link(Device& device) : Connection(device) {}
+  explicit Vxi11Link(Instrument& instrument) : Connection(instrument) {}
 
   /// What is left of the answer that is being read, or the next one that is ready at `now`; empty if there is none.
   std::string_view Answer(TimePoint now);
@@ -38,13 +38,13 @@ private:
   std::size_t m_read = 0; ///< of m_answer
 };
 
-/// The links that all clients of one server have to its device, and the lock of one of them.
+/// The links that all clients of one server have to its instrument, and the lock of one of them.
 class Vxi11Links {
 public:
   static constexpr std::size_t Most = 256;
 
-  /// `device` must outlive the links.
-  explicit Vxi11Links(Device& device) : m_device(device) {}
+  /// `instrument` must outlive the links.
+  explicit Vxi11Links(Instrument& instrument) : m_instrument(instrument) {}
 
   /// A new link's number; none if there are too many.
   std::optional<std::int32_t> Make();
@@ -61,10 +61,10 @@ public:
   bool Unlock(std::int32_t number);
 
   /// Whether the answer that a link gave last is to bear another call's number, because the device misbehaves.
-  bool TakesWrongNumber() { return m_device.Faults().Take(AnswerFault::Number); }
+  bool TakesWrongNumber() { return m_instrument.Faults().Take(AnswerFault::Number); }
 
 private:
-  Device& m_device;
+  Instrument& m_instrument;
   std::map<std::int32_t, Vxi11Link> m_links;
   std::int32_t m_last = 0;
   std::optional<std::int32_t> m_holder;

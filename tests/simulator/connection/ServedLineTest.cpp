@@ -1,6 +1,7 @@
 #include "simulator/connection/ServedLine.h"
 
 #include "simulator/connection/ServedStream.h"
+#include "simulator/devices/Device.h"
 
 #include <gtest/gtest.h>
 

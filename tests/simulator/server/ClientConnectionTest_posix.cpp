@@ -1,6 +1,7 @@
 #include "simulator/server/ClientConnection.h"
 
 #include "simulator/connection/ServedStream.h"
+#include "simulator/devices/Device.h"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,7 @@
 
 #include "simulator/connection/ServedLine.h"
 #include "simulator/connection/ServedStream.h"
+#include "simulator/devices/Device.h"
 #include "simulator/server/SocketServer.h"
 #include "simulator/server/TestClient.h"
 

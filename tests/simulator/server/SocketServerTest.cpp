@@ -1,6 +1,7 @@
 #include "simulator/server/SocketServer.h"
 
 #include "simulator/connection/ServedStream.h"
+#include "simulator/devices/Device.h"
 #include "simulator/server/TestClient.h"
 
 #include <gtest/gtest.h>

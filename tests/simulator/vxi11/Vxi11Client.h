@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/devices/Device.h"
 #include "simulator/vxi11/ServedVxi11.h"
 
 #include <chrono>

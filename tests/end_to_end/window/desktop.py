@@ -13,6 +13,15 @@ import time
 PATIENCE = 60.0  # seconds; long, because a loaded machine is slow and a test that waits in vain has failed anyway
 POLL = 0.02
 
+# A dark palette, as a desktop keeps it among its settings.
+DARK = {
+    "Window": {"BackgroundNormal": "49,54,59", "ForegroundNormal": "239,240,241"},
+    "View": {"BackgroundNormal": "35,38,41", "BackgroundAlternate": "49,54,59", "ForegroundNormal": "239,240,241"},
+    "Button": {"BackgroundNormal": "49,54,59", "ForegroundNormal": "239,240,241"},
+    "Selection": {"BackgroundNormal": "61,174,233", "ForegroundNormal": "239,240,241"},
+    "Tooltip": {"BackgroundNormal": "49,54,59", "ForegroundNormal": "239,240,241"},
+}
+
 
 def wait_for(question, what, patience=PATIENCE):
     """Asks until the answer is true, and returns it."""
@@ -31,10 +40,12 @@ class Desktop:
 
     SIZE = (1280, 1024)
 
-    def __init__(self, scale=1):
+    def __init__(self, scale=1, size=SIZE, dark=False, name="portico-desktop"):
+        """The size is the screen's, in its dots; the name begins that of the home."""
         self._stack = contextlib.ExitStack()
         self.scale = scale
-        self.home = tempfile.mkdtemp(prefix="portico-desktop-")
+        self.size = size
+        self.home = tempfile.mkdtemp(prefix=f"{name}-")
         self._stack.callback(shutil.rmtree, self.home, ignore_errors=True)
         self.environment = dict(os.environ)
         self.environment.update(
@@ -49,6 +60,8 @@ class Desktop:
             QT_SCALE_FACTOR=str(scale),
             NO_AT_BRIDGE="0",
         )
+        if dark:
+            self._darken()
         try:
             self._start_display()
             self._start_window_manager()
@@ -63,6 +76,12 @@ class Desktop:
         path = f"{self.home}/{name}"
         os.makedirs(path, mode=0o700, exist_ok=True)
         return path
+
+    def _darken(self):
+        with open(f"{self._folder('config')}/kdeglobals", "w", encoding="utf-8") as file:
+            for part, colors in DARK.items():
+                file.write(f"[Colors:{part}]\n" + "".join(f"{name}={color}\n" for name, color in colors.items()))
+        self.environment.update(XDG_CURRENT_DESKTOP="KDE", KDE_SESSION_VERSION="5")
 
     def start(self, *command, **options):
         """A program on this desktop, ended with it."""
@@ -85,7 +104,7 @@ class Desktop:
 
     def _start_display(self):
         read, write = os.pipe()
-        width, height = self.SIZE
+        width, height = self.size
         self.start("Xvfb", "-displayfd", str(write), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
                    pass_fds=(write,), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(write)

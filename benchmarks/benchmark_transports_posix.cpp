@@ -7,12 +7,12 @@
 #include "benchmarks/Part.h"
 #include "drivers/SteadyClock.h"
 #include "drivers/standard/StandardDriver.h"
+#include "server/PseudoTerminal.h"
+#include "server/SocketServer.h"
 #include "simulator/connection/ServedLine.h"
 #include "simulator/connection/ServedStream.h"
 #include "simulator/devices/Device.h"
 #include "simulator/hislip/HislipConnection.h"
-#include "simulator/server/PseudoTerminal.h"
-#include "simulator/server/SocketServer.h"
 #include "simulator/vxi11/ServedVxi11.h"
 
 #include <algorithm>
@@ -38,6 +38,8 @@ namespace {
 
 using namespace portico;
 using namespace portico::simulator;
+using portico::server::PseudoTerminal;
+using portico::server::SocketServer;
 
 const std::string Host = "127.0.0.1";
 const std::string Query = "*IDN?";

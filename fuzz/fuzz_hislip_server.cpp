@@ -10,6 +10,7 @@
 #include <vector>
 
 using namespace portico::simulator;
+namespace server = portico::server;
 using namespace portico::wire;
 
 namespace {
@@ -20,7 +21,7 @@ constexpr std::size_t MostOutput = std::size_t{1} << 20U; // of one turn; then i
 /// One of a client's connections. What comes on it has to be HiSLIP, and no more at once than the client takes.
 class Wire {
 public:
-  explicit Wire(const ConnectionFactory& factory) : m_connection(factory(0)) {}
+  explicit Wire(const server::ConnectionFactory& factory) : m_connection(factory(0)) {}
 
   void Send(std::string_view bytes, TimePoint now) {
     if (!m_ended && m_connection->AcceptsInput()) m_connection->Receive(bytes, now);
@@ -52,7 +53,7 @@ private:
     if (m_reader.Broken()) std::abort();
   }
 
-  std::unique_ptr<IServedConnection> m_connection;
+  std::unique_ptr<server::IServedConnection> m_connection;
   HislipReader m_reader{HislipLongestText};
   bool m_fatal = false;
   bool m_ended = false;
@@ -94,7 +95,7 @@ private:
   }
 
   const std::unique_ptr<Device> m_device = Device::Make("dmm", 1);
-  const ConnectionFactory m_factory = HislipConnection::Factory(*m_device);
+  const server::ConnectionFactory m_factory = HislipConnection::Factory(*m_device);
   TimePoint m_now{std::chrono::hours(1)};
   std::vector<Wire> m_wires;
 };

@@ -22,7 +22,7 @@ constexpr std::size_t LongestReply = std::size_t{2} << 20U;
 
 /// A client that looks at what it gets.
 struct Client {
-  std::unique_ptr<simulator::IServedConnection> Connection;
+  std::unique_ptr<server::IServedConnection> Connection;
   wire::RpcRecordReader Replies{LongestReply};
 
   /// False if nothing came.

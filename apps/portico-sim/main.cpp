@@ -1,13 +1,13 @@
 #include "drivers/sockets/TcpTransport.h"
 #include "drivers/vxi11/PortMapping.h"
 #include "mdns/Announcement.h"
+#include "server/PseudoTerminal.h"
+#include "server/SocketServer.h"
 #include "simulator/connection/FaultyConnection.h"
 #include "simulator/connection/ServedLine.h"
 #include "simulator/connection/ServedStream.h"
 #include "simulator/devices/Device.h"
 #include "simulator/hislip/HislipConnection.h"
-#include "simulator/server/PseudoTerminal.h"
-#include "simulator/server/SocketServer.h"
 #include "simulator/vxi11/ServedVxi11.h"
 #include "wire/PortMapper.h"
 #include "wire/Vxi11.h"
@@ -32,11 +32,14 @@
 namespace {
 
 using namespace portico::simulator;
+namespace server = portico::server;
 using portico::drivers::DriverResult;
 using portico::drivers::ITransport;
 using portico::drivers::PortMapping;
 using portico::drivers::TcpTransport;
 using portico::mdns::Announcement;
+using portico::server::PseudoTerminal;
+using portico::server::SocketServer;
 
 constexpr int UsageError = 2;
 
@@ -47,6 +50,7 @@ struct Protocol {
   const char* Help;
   std::optional<std::uint16_t> DefaultPort; ///< without one it is off unless asked for
   ConnectionFactory (*Factory)(Instrument&);
+  server::ConnectionFactory (*Factory)(Device&);
 };
 
 constexpr std::array Protocols = {

@@ -1,10 +1,10 @@
 #include "drivers/SteadyClock.h"
 #include "drivers/standard/StandardDriver.h"
+#include "server/SocketServer.h"
 #include "simulator/connection/FaultyConnection.h"
 #include "simulator/connection/ServedStream.h"
 #include "simulator/devices/Device.h"
 #include "simulator/hislip/HislipConnection.h"
-#include "simulator/server/SocketServer.h"
 #include "simulator/vxi11/ServedVxi11.h"
 
 #include <gtest/gtest.h>
@@ -24,6 +24,7 @@ namespace {
 
 using std::chrono::milliseconds;
 using namespace simulator;
+using server::SocketServer;
 
 /// How much of it there is. The environment's PORTICO_FAULT_RUN, a number of queries, asks for the real one; the test
 /// has patience with a machine that has other work.
@@ -43,7 +44,7 @@ Extent Wanted() {
 struct Transport {
   const char* Name;
   const char* Faults;
-  ConnectionFactory (*Factory)(Instrument&);
+  server::ConnectionFactory (*Factory)(Instrument&);
   std::string (*ResourceName)(const std::string& port);
 };
 
@@ -52,7 +53,7 @@ void PrintTo(const Transport& transport, std::ostream* out) { *out << transport.
 /// A device that is served in a thread of its own.
 class ServedDevice {
 public:
-  explicit ServedDevice(ConnectionFactory (*factory)(Instrument&))
+  explicit ServedDevice(server::ConnectionFactory (*factory)(Instrument&))
       : m_server({{"127.0.0.1", 0, FaultyConnection::Factory(factory(*m_device), *m_device)},
                   {"127.0.0.1", 0, ServedStream::Factory(*m_device)}}) {}
   ~ServedDevice() {

@@ -11,10 +11,10 @@ constexpr std::string_view StrayBytes = "?~\x7f";
 
 } // namespace
 
-FaultyConnection::FaultyConnection(std::unique_ptr<IServedConnection> connection, Instrument& instrument)
+FaultyConnection::FaultyConnection(std::unique_ptr<server::IServedConnection> connection, Instrument& instrument)
     : m_connection(std::move(connection)), m_faults(instrument.Faults()), m_acceptDelay(m_faults.AcceptDelay) {}
 
-ConnectionFactory FaultyConnection::Factory(ConnectionFactory factory, Instrument& instrument) {
+server::ConnectionFactory FaultyConnection::Factory(server::ConnectionFactory factory, Instrument& instrument) {
   return [factory = std::move(factory), &instrument](std::uint16_t port) {
     return std::make_unique<FaultyConnection>(factory(port), instrument);
   };

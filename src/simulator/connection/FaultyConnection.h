@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/connection/IServedConnection.h"
+#include "server/IServedConnection.h"
 #include "simulator/devices/Instrument.h"
 
 namespace portico::simulator {
@@ -8,12 +8,12 @@ namespace portico::simulator {
 /// A connection in any protocol, with the device's faults that show on the wire: it may be slow to begin, put bytes
 /// that belong to nothing before an answer, break one off in its middle, or end in place of one. Without them it is the
 /// other connection.
-class FaultyConnection final : public IServedConnection {
+class FaultyConnection final : public server::IServedConnection {
 public:
   /// `instrument`, the one behind the connection, must outlive this.
-  FaultyConnection(std::unique_ptr<IServedConnection> connection, Instrument& instrument);
+  FaultyConnection(std::unique_ptr<server::IServedConnection> connection, Instrument& instrument);
   /// Makes those of another factory faulty. `instrument` must outlive all connections.
-  static ConnectionFactory Factory(ConnectionFactory factory, Instrument& instrument);
+  static server::ConnectionFactory Factory(server::ConnectionFactory factory, Instrument& instrument);
 
   void Receive(std::string_view bytes, TimePoint now) override;
   void Collect(std::string& output, TimePoint now) override;
@@ -22,7 +22,7 @@ public:
   bool Finished(bool inputEnded) const override;
 
 private:
-  const std::unique_ptr<IServedConnection> m_connection;
+  const std::unique_ptr<server::IServedConnection> m_connection;
   Misbehaviour& m_faults;
   TimePoint::duration m_acceptDelay;   ///< until the first input is taken; then none
   std::string m_held;                  ///< that first input

@@ -4,7 +4,7 @@
 
 namespace portico::simulator {
 
-ServedLine::ServedLine(ConnectionFactory factory) : m_factory(std::move(factory)), m_connection(m_factory(0)) {}
+ServedLine::ServedLine(server::ConnectionFactory factory) : m_factory(std::move(factory)), m_connection(m_factory(0)) {}
 
 void ServedLine::Receive(std::string_view bytes, TimePoint now) {
   if (m_connection->Finished(false)) m_connection = m_factory(0);

@@ -4,7 +4,7 @@
 
 namespace portico::simulator {
 
-ConnectionFactory ServedStream::Factory(Instrument& instrument) {
+server::ConnectionFactory ServedStream::Factory(Instrument& instrument) {
   return [&instrument](std::uint16_t /*port*/) { return std::make_unique<ServedStream>(instrument); };
 }
 

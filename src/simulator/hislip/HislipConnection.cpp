@@ -15,7 +15,7 @@ bool IsData(HislipType type) { return type == HislipType::Data || type == Hislip
 
 } // namespace
 
-ConnectionFactory HislipConnection::Factory(Instrument& instrument) {
+server::ConnectionFactory HislipConnection::Factory(Instrument& instrument) {
   return [server = std::make_shared<HislipServer>(instrument)](std::uint16_t /*port*/) {
     return std::make_unique<HislipConnection>(server);
   };

@@ -1,19 +1,19 @@
 #pragma once
 
-#include "simulator/connection/IServedConnection.h"
+#include "server/IServedConnection.h"
 #include "simulator/hislip/HislipServer.h"
 #include "wire/HislipReader.h"
 
 namespace portico::simulator {
 
 /// One of a HiSLIP client's two connections; its first message tells which.
-class HislipConnection final : public IServedConnection {
+class HislipConnection final : public server::IServedConnection {
 public:
   /// The longest message, its header included, that is taken.
   static constexpr std::uint64_t LongestMessage = std::uint64_t{1} << 20U;
 
   /// Connections that share one server for `instrument`, which must outlive them. Version 1.0, synchronized mode.
-  static ConnectionFactory Factory(Instrument& instrument);
+  static server::ConnectionFactory Factory(Instrument& instrument);
 
   explicit HislipConnection(std::shared_ptr<HislipServer> server);
   ~HislipConnection() override;

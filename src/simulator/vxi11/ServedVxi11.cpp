@@ -36,13 +36,13 @@ RpcStatus StatusOf(CallOutcome outcome) {
 
 } // namespace
 
-ConnectionFactory ServedVxi11::Factory(Instrument& instrument) {
+server::ConnectionFactory ServedVxi11::Factory(Instrument& instrument) {
   return [links = std::make_shared<Vxi11Links>(instrument)](std::uint16_t port) {
     return std::make_unique<ServedVxi11>(links, port);
   };
 }
 
-ConnectionFactory ServedVxi11::PortMapperFactory(std::function<std::uint16_t()> corePort) {
+server::ConnectionFactory ServedVxi11::PortMapperFactory(std::function<std::uint16_t()> corePort) {
   return [corePort = std::move(corePort)](std::uint16_t /*port*/) {
     return std::make_unique<ServedVxi11>(nullptr, corePort());
   };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/connection/IServedConnection.h"
+#include "server/IServedConnection.h"
 #include "simulator/vxi11/Vxi11Calls.h"
 #include "wire/RpcMessage.h"
 #include "wire/RpcRecord.h"
@@ -14,12 +14,12 @@ namespace portico::simulator {
 /// programs of one server, so that they share its port; which of them a connection is for, its calls tell.
 ///
 /// One call is carried out at a time; those that are sent before its reply wait.
-class ServedVxi11 final : public IServedConnection {
+class ServedVxi11 final : public server::IServedConnection {
 public:
   /// All connections that this makes share their links and the lock. `instrument` must outlive them.
-  static ConnectionFactory Factory(Instrument& instrument);
+  static server::ConnectionFactory Factory(Instrument& instrument);
   /// Of a portmapper, for a port where clients look for one. `corePort` answers where the server is.
-  static ConnectionFactory PortMapperFactory(std::function<std::uint16_t()> corePort);
+  static server::ConnectionFactory PortMapperFactory(std::function<std::uint16_t()> corePort);
 
   /// `port` is that of the server; `links` may be null where there is a portmapper only.
   ServedVxi11(std::shared_ptr<Vxi11Links> links, std::uint16_t port);

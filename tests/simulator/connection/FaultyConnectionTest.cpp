@@ -33,7 +33,7 @@ protected:
   }
 
   const std::unique_ptr<Device> m_device = Device::Make("dmm", 1);
-  std::unique_ptr<IServedConnection> m_connection;
+  std::unique_ptr<server::IServedConnection> m_connection;
   TimePoint m_now{std::chrono::hours(1)};
 };
 

@@ -19,7 +19,7 @@ using wire::Bytes;
 /// One of a client's connections, as strings.
 class HislipWire {
 public:
-  HislipWire(std::unique_ptr<IServedConnection> connection, const TimePoint& now)
+  HislipWire(std::unique_ptr<server::IServedConnection> connection, const TimePoint& now)
       : m_connection(std::move(connection)), m_now(&now) {}
 
   void Send(std::string_view bytes) { m_connection->Receive(bytes, *m_now); }
@@ -49,7 +49,7 @@ public:
   void Close() { m_connection.reset(); }
 
 private:
-  std::unique_ptr<IServedConnection> m_connection;
+  std::unique_ptr<server::IServedConnection> m_connection;
   const TimePoint* m_now;
 };
 
@@ -91,7 +91,7 @@ protected:
   }
 
   const std::unique_ptr<Device> m_device = Device::Make("dmm", 1);
-  const ConnectionFactory m_factory = HislipConnection::Factory(*m_device);
+  const server::ConnectionFactory m_factory = HislipConnection::Factory(*m_device);
   TimePoint m_now{std::chrono::hours(1)};
 };
 

@@ -42,7 +42,7 @@ inline const std::string AbortProgram = "\x00\x06\x07\xB0"s;
 /// A server of a multimeter at port 771, in a time of its own.
 struct Vxi11World {
   std::unique_ptr<simulator::Device> device = simulator::Device::Make("dmm", 1);
-  simulator::ConnectionFactory factory = simulator::ServedVxi11::Factory(*device);
+  server::ConnectionFactory factory = simulator::ServedVxi11::Factory(*device);
   simulator::TimePoint now{std::chrono::hours(1)};
 };
 
@@ -51,7 +51,7 @@ class Vxi11Client {
 public:
   explicit Vxi11Client(Vxi11World& world) : m_world(world), m_connection(world.factory(771)) {}
 
-  simulator::IServedConnection& Connection() { return *m_connection; }
+  server::IServedConnection& Connection() { return *m_connection; }
 
   void Send(const std::string& bytes) { m_connection->Receive(bytes, m_world.now); }
   /// What the server sends now.
@@ -104,7 +104,7 @@ public:
 
 private:
   Vxi11World& m_world;
-  std::unique_ptr<simulator::IServedConnection> m_connection;
+  std::unique_ptr<server::IServedConnection> m_connection;
   char m_xid = 0;
 };
 

@@ -15,8 +15,8 @@
 namespace portico::test {
 namespace {
 
-using simulator::IServedConnection;
-using simulator::TimePoint;
+using server::IServedConnection;
+using server::TimePoint;
 using wire::XdrReader;
 namespace Vxi11 = wire::Vxi11;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/server/SocketServer.h"
+#include "server/SocketServer.h"
 #include "support/doubles/InstrumentScript.h"
 
 #include <cstdint>
@@ -40,7 +40,7 @@ private:
   class BackDoor;
 
   const std::shared_ptr<Instrument> m_instrument;
-  simulator::SocketServer m_server;
+  server::SocketServer m_server;
   std::thread m_thread;
 };
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "simulator/connection/IServedConnection.h"
-#include "simulator/server/ClientConnection.h"
+#include "server/ClientConnection.h"
+#include "server/IServedConnection.h"
 #include "system/FileDescriptor.h"
 #include "system/WakePipe.h"
 
@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace portico::simulator {
+namespace portico::server {
 
 /// Serves clients over TCP, in one thread, on any number of ports with a protocol each. What they meet behind it is the
 /// business of the connections that the listeners' factories make.
@@ -65,4 +65,4 @@ private:
   TimePoint m_acceptAgain{}; ///< after the system ran out of descriptors
 };
 
-} // namespace portico::simulator
+} // namespace portico::server

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-namespace portico::simulator {
+namespace portico::server {
 
 /// A serial line without hardware, raw from the start. Like an instrument's, its far end does not see whether a client
 /// has it open: clients come and go.
@@ -25,4 +25,4 @@ private:
   std::string m_name;
 };
 
-} // namespace portico::simulator
+} // namespace portico::server

@@ -1,4 +1,4 @@
-#include "simulator/server/TestClient.h"
+#include "server/TestClient.h"
 
 #include <array>
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "simulator/status/SimulatedConnection.h"
-
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -9,7 +8,9 @@
 #include <string>
 #include <string_view>
 
-namespace portico::simulator {
+namespace portico::server {
+
+using TimePoint = std::chrono::steady_clock::time_point;
 
 /// One client's connection in some protocol, as the bytes that go over its wire: no I/O, no thread and no clock.
 ///
@@ -43,4 +44,4 @@ public:
 /// a protocol may have to name to its client.
 using ConnectionFactory = std::function<std::unique_ptr<IServedConnection>(std::uint16_t port)>;
 
-} // namespace portico::simulator
+} // namespace portico::server

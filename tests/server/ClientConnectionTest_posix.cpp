@@ -1,4 +1,4 @@
-#include "simulator/server/ClientConnection.h"
+#include "server/ClientConnection.h"
 
 #include "simulator/connection/ServedStream.h"
 #include "simulator/devices/Device.h"
@@ -13,9 +13,10 @@
 
 #include <sys/socket.h>
 
-namespace portico::simulator {
+namespace portico::server {
 namespace {
 
+using namespace simulator;
 using std::chrono::milliseconds;
 using system::FileDescriptor;
 
@@ -141,4 +142,4 @@ TEST_F(ClientConnectionTest, CanBeAbandoned) {
 }
 
 } // namespace
-} // namespace portico::simulator
+} // namespace portico::server

@@ -1,10 +1,10 @@
-#include "simulator/server/PseudoTerminal.h"
+#include "server/PseudoTerminal.h"
 
+#include "server/SocketServer.h"
+#include "server/TestClient.h"
 #include "simulator/connection/ServedLine.h"
 #include "simulator/connection/ServedStream.h"
 #include "simulator/devices/Device.h"
-#include "simulator/server/SocketServer.h"
-#include "simulator/server/TestClient.h"
 
 #include <gtest/gtest.h>
 
@@ -17,8 +17,10 @@
 #include <poll.h>
 #include <unistd.h>
 
-namespace portico::simulator {
+namespace portico::server {
 namespace {
+
+using namespace simulator;
 
 /// A client that leaves the line's settings as it finds them.
 class LineClient {
@@ -79,4 +81,4 @@ TEST_F(PseudoTerminalTest, LongAnswersArriveWhole) {
 }
 
 } // namespace
-} // namespace portico::simulator
+} // namespace portico::server

@@ -1,8 +1,8 @@
-#include "simulator/server/SocketServer.h"
+#include "server/SocketServer.h"
 
+#include "server/TestClient.h"
 #include "simulator/connection/ServedStream.h"
 #include "simulator/devices/Device.h"
-#include "simulator/server/TestClient.h"
 
 #include <gtest/gtest.h>
 
@@ -16,9 +16,10 @@
 #include <utility>
 #include <vector>
 
-namespace portico::simulator {
+namespace portico::server {
 namespace {
 
+using namespace simulator;
 using test::TestClient;
 
 std::vector<SocketServer::Listener> AnyPort(Device& device, std::string address = "127.0.0.1") {
@@ -270,4 +271,4 @@ TEST(SocketServer, ServesEachListenerWithItsOwnProtocol) {
 }
 
 } // namespace
-} // namespace portico::simulator
+} // namespace portico::server

@@ -1,4 +1,4 @@
-#include "simulator/server/PseudoTerminal.h"
+#include "server/PseudoTerminal.h"
 
 #include <array>
 #include <cerrno>
@@ -9,7 +9,7 @@
 #include <termios.h>
 #include <unistd.h>
 
-namespace portico::simulator {
+namespace portico::server {
 
 using system::FileDescriptor;
 
@@ -29,4 +29,4 @@ PseudoTerminal::PseudoTerminal() : m_farEnd(posix_openpt(O_RDWR | O_NOCTTY | O_N
   tcsetattr(m_nearEnd.Get(), TCSANOW, &settings);
 }
 
-} // namespace portico::simulator
+} // namespace portico::server

@@ -1,4 +1,4 @@
-#include "simulator/server/ClientConnection.h"
+#include "server/ClientConnection.h"
 
 #include <array>
 #include <cerrno>
@@ -8,7 +8,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-namespace portico::simulator {
+namespace portico::server {
 namespace {
 
 // What IServedConnection::AcceptsInput() promises room for.
@@ -78,4 +78,4 @@ void ClientConnection::Collect(TimePoint now) {
   } while (m_output.size() > before && m_output.size() < SendBytes);
 }
 
-} // namespace portico::simulator
+} // namespace portico::server

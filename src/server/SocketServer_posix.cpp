@@ -1,4 +1,4 @@
-#include "simulator/server/SocketServer.h"
+#include "server/SocketServer.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -15,7 +15,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-namespace portico::simulator {
+namespace portico::server {
 namespace {
 
 using system::FileDescriptor;
@@ -160,4 +160,4 @@ void SocketServer::Accept(const Opened& listener, TimePoint now) {
 
 void SocketServer::Stop() noexcept { m_wakeUp.Wake(); }
 
-} // namespace portico::simulator
+} // namespace portico::server

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/connection/IServedConnection.h"
+#include "server/IServedConnection.h"
 #include "system/FileDescriptor.h"
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 #include <optional>
 #include <string>
 
-namespace portico::simulator {
+namespace portico::server {
 
 /// One client of the server: its wire, and the connection that is served over it.
 ///
@@ -44,4 +44,4 @@ private:
   bool m_finished = false;
 };
 
-} // namespace portico::simulator
+} // namespace portico::server

@@ -15,13 +15,6 @@ namespace {
 
 constexpr std::size_t LongestBatch = 1000; // lines that stand in the command window at once
 
-/// Of the error that was stopped last: what a report begins with, its description.
-std::string WhatFailed() {
-  const String report = HuntERR::ErrDescription();
-  const StringView description = Trim(StringView(report).substr(0, report.find(NewLine)));
-  return description.empty() ? "error " + std::to_string(HuntERR::ErrNumber()) : ToUtf8(description);
-}
-
 std::optional<std::size_t> TotalOf(const BatchRun::Sources& sources) {
   std::size_t total = 0;
   for (const auto& source : sources) {

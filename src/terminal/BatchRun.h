@@ -1,8 +1,8 @@
 #pragma once
 
 #include "answers/AnswerFile.h"
+#include "document/entities/ConversationPrinter.h"
 #include "document/reports/FaultCollector.h"
-#include "terminal/ConversationPrinter.h"
 #include "terminal/DriverNews.h"
 #include "terminal/RepeatedFaults.h"
 #include "terminal/RunLog.h"

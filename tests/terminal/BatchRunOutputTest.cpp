@@ -1,7 +1,7 @@
 #include "document/log/LogFile.h"
 #include "support/Files.h"
+#include "support/doubles/FlushRecorder.h"
 #include "terminal/BatchRunBench.h"
-#include "terminal/FlushRecorder.h"
 
 namespace portico::terminal {
 namespace {

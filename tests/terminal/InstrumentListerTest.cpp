@@ -3,8 +3,8 @@
 #include "memory/EventLoop.h"
 #include "memory/desktop/InstrumentList.h"
 #include "memory/desktop/InstrumentSearch.h"
+#include "support/doubles/FlushRecorder.h"
 #include "support/doubles/ManualClock.h"
-#include "terminal/FlushRecorder.h"
 
 #include <gtest/gtest.h>
 

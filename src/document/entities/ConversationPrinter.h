@@ -5,7 +5,7 @@
 #include <ostream>
 #include <string>
 
-namespace portico::terminal {
+namespace portico {
 
 /// Prints what the history shows, a line for each, and leaves it to others to flush the stream: `> ` and an
 /// instruction, `* ` and an automatic instruction, `< ` and each line of a response, `# ` and a remark or blank line,
@@ -28,4 +28,4 @@ private:
   std::string m_line; // a member so that its storage is used again
 };
 
-} // namespace portico::terminal
+} // namespace portico

@@ -1,9 +1,9 @@
-#include "terminal/ConversationPrinter.h"
+#include "document/entities/ConversationPrinter.h"
 
 #include "document/entities/ConversationMark.h"
 #include "framework/text/Printable.h"
 
-namespace portico::terminal {
+namespace portico {
 
 void ConversationPrinter::Show(const IDataEntity& entity) {
   const String data = entity.ReadText();
@@ -32,4 +32,4 @@ void ConversationPrinter::Print(std::string_view mark, StringView text) {
   m_out.write(m_line.data(), static_cast<std::streamsize>(m_line.size()));
 }
 
-} // namespace portico::terminal
+} // namespace portico

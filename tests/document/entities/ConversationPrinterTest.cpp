@@ -1,13 +1,13 @@
-#include "terminal/ConversationPrinter.h"
+#include "document/entities/ConversationPrinter.h"
 
 #include "document/entities/CDataEntity.h"
 #include "document/log/CMockTimeStampServer.h"
+#include "support/doubles/FlushRecorder.h"
 #include "support/fixtures/FrameworkTest.h"
-#include "terminal/FlushRecorder.h"
 
 #include <sstream>
 
-namespace portico::terminal {
+namespace portico {
 namespace {
 
 class ConversationPrinterTest : public test::FrameworkTest {
@@ -75,4 +75,4 @@ TEST_F(ConversationPrinterTest, FlushingIsLeftToOthers) {
 }
 
 } // namespace
-} // namespace portico::terminal
+} // namespace portico

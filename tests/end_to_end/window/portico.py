@@ -286,6 +286,17 @@ class Portico:
     def wait_for_history(self, text):
         self.wait(lambda: text in self.history, f"{text!r} in the history")
 
+    def wait_for_marks(self, count):
+        """Until so many lines of the history are marked, as a screen reader is told."""
+        told = "1 line is marked" if count == 1 else f"{count} lines are marked"
+        self.wait(lambda: self.find("txtPast", "text").description == told, told)
+
+    def times(self, dialog):
+        """The rows of the table of times."""
+        cells = [node.name for node in self.find("Times of all queries:", "table", within=dialog).descendants()
+                 if node.role == "table cell"]
+        return [cells[i:i + 5] for i in range(0, len(cells), 5)]
+
     def wait_until_idle(self):
         """A run is over when Stop is no longer offered."""
         self.wait(lambda: not self.button("Stop").enabled, "the end of the run")

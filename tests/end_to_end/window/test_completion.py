@@ -1,65 +1,13 @@
 """What the window offers to complete a command with."""
 
 import os
-import socket
 import stat
-import threading
 import unittest
 
-from case import WindowCase
+from conversation import ConversationCase, Listener
 
 
-class Listener:
-    """An instrument that writes down what it is sent; queries are answered with 0."""
-
-    def __init__(self, answer=lambda line: '0,"No error"'):
-        self.lines = []
-        self.answer = answer
-        self.server = socket.create_server(("127.0.0.1", 0))
-        self.name = f"TCPIP::127.0.0.1::{self.server.getsockname()[1]}::SOCKET"
-        threading.Thread(target=self.serve, daemon=True).start()
-
-    def serve(self):
-        while True:
-            try:
-                connection, _ = self.server.accept()
-            except OSError:
-                return
-            with connection, connection.makefile("rw", newline="\n") as stream:
-                for line in stream:
-                    self.lines.append(line)
-                    answer = self.answer(line.strip()) if "?" in line else None
-                    if answer is not None:
-                        stream.write(answer + "\n")
-                        stream.flush()
-
-
-class Completion(WindowCase):
-    def connect(self, name):
-        portico = self.open(name)
-        portico.wait(lambda: "REM" in portico.commands, "the instrument to be open")
-        portico.click(portico.find("txtFuture", "text"))
-        portico.key("ctrl+a", "Delete")
-        portico.wait(lambda: portico.commands == "", "the command window to be empty")
-        return portico
-
-    def type(self, portico, text):
-        portico.type(text)
-        portico.wait(lambda: portico.commands.endswith(text), f"{text!r} to be typed")
-
-    def offered(self, portico):
-        shown = [node for node in portico.main.descendants() if node.name == "Completions" and node.showing]
-        return [item.name for item in shown[0].children() if item.role == "list item"] if shown else []
-
-    def wait_for_list(self, portico):
-        return portico.wait(lambda: self.offered(portico), "the list")
-
-    def wait_until_closed(self, portico):
-        portico.wait(lambda: not self.offered(portico), "the list to close")
-
-    def expect(self, portico, commands):
-        portico.wait(lambda: portico.commands == commands, f"{commands!r} in the command window")
-
+class Completion(ConversationCase):
     def lists(self, **files):
         folder = f"{self.desktop.environment['XDG_DATA_HOME']}/portico/commands"
         os.makedirs(folder)
@@ -182,45 +130,24 @@ class Completion(WindowCase):
         self.assertEqual(self.wait_for_list(portico), ["ONE?", "TWO?"])
 
     def run_lines(self, list_is_open):
-        """What goes over the wire, and what stands in history and log."""
-        instrument = Listener()
-        path = f"{self.desktop.home}/{'open' if list_is_open else 'closed'}.log"
-        portico = self.connect(instrument.name)
-        portico.choose("File", "New Log...")
-        portico.choose_file("Open a log file", path)
-        portico.wait(lambda: portico.main.name.startswith(path), "the log")
-        portico.click(portico.find("txtFuture", "text"))
-        self.type(portico, "*CLS")
-        portico.key("Return")
-        self.type(portico, "stat:oper:")
-        if list_is_open:
-            portico.key("ctrl+space")
-            self.wait_for_list(portico)
-        portico.key("F5")
-        portico.wait_for_history("stat:oper:\n")
-        portico.wait_until_idle()
-        self.wait_until_closed(portico)
-        self.expect(portico, "")
-        history = portico.history
-        portico.choose("File", "Exit")
-        self.assertEqual(portico.wait_until_ended(), 0)
-        with open(path, encoding="utf-8") as file:
-            entries = [line for line in file.read().replace(instrument.name, "NAME").splitlines()]
-        return instrument.lines, history.replace(instrument.name, "NAME"), self.without_stamps(entries)
+        def talk(portico):
+            self.type(portico, "*CLS")
+            portico.key("Return")
+            self.type(portico, "stat:oper:")
+            if list_is_open:
+                portico.key("ctrl+space")
+                self.wait_for_list(portico)
+            portico.key("F5")
+            portico.wait_for_history("stat:oper:\n")
+            portico.wait_until_idle()
+            self.wait_until_closed(portico)
 
-    @staticmethod
-    def without_stamps(lines):
-        import re
-
-        return [re.sub(r'(?i)(time|stamp|session|id)[^=<>]*="[^"]*"', "", re.sub(r"\d{2,}[\d:./ ]*", "#", line))
-                for line in lines]
+        return self.record("open" if list_is_open else "closed", talk, Listener())
 
     def test_a_run_with_the_list_open_is_the_same_as_without(self):
         closed = self.run_lines(False)
-        opened = self.run_lines(True)
-        for what, with_list, without in zip(("wire", "history", "log"), opened, closed):
-            self.assertEqual(with_list, without, what)
-        self.assertIn("stat:oper:\r\n", closed[0])
+        self.assert_same(self.run_lines(True), closed)
+        self.assertIn("stat:oper:\r\n", closed["wire"])
 
 
 if __name__ == "__main__":

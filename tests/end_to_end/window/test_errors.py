@@ -15,18 +15,13 @@ class Errors(WindowCase):
         portico.wait_until_idle()
         return portico
 
-    def marks(self, portico, count):
-        """Waits until so many lines are marked, as a screen reader is told."""
-        told = "1 line is marked" if count == 1 else f"{count} lines are marked"
-        portico.wait(lambda: portico.find("txtPast", "text").description == told, told)
-
     def selected(self, portico, text):
         portico.wait(lambda: portico.find("txtPast", "text").selection[1].endswith(text), f"{text!r} to be selected")
         return portico.find("txtPast", "text").selection[0]
 
     def test_the_keys_lead_from_error_to_error(self):
         portico = self.talk("*CLS", "NONSENSE", "*IDN?", "VOLT:NONSENSE 5", "*RST")
-        self.marks(portico, 2)
+        portico.wait_for_marks(2)
         undefined = '-113,"Undefined header"'
         portico.key("F7")
         first = self.selected(portico, undefined)
@@ -40,7 +35,7 @@ class Errors(WindowCase):
 
     def test_the_list_leads_to_the_chosen_one(self):
         portico = self.talk("NONSENSE", "*IDN?", "MORE:NONSENSE 5", "*RST")
-        self.marks(portico, 2)
+        portico.wait_for_marks(2)
         portico.choose("View", "Errors...")
         dialog = portico.window("Errors")
         cells = [node.name for node in portico.find("Errors of the conversation:", "table", within=dialog).descendants()]
@@ -53,7 +48,7 @@ class Errors(WindowCase):
 
     def test_clearing_the_history_takes_the_marks_away(self):
         portico = self.talk("NONSENSE", "*RST")
-        self.marks(portico, 1)
+        portico.wait_for_marks(1)
         self.assertTrue(portico.item("Next Error").enabled)
         portico.choose("Edit", "Clear History Window")
         portico.wait(lambda: "marked" not in portico.find("txtPast", "text").description, "the marks to go")
@@ -70,7 +65,7 @@ class Errors(WindowCase):
         portico.key("F5")
         portico.wait_for_history("*RST\n")
         portico.wait_until_idle()
-        self.marks(portico, 1)
+        portico.wait_for_marks(1)
         portico.choose("File", "Close Log")
         portico.wait(lambda: portico.main.name == "Tolvane Portico", "the title alone")
         portico.choose("File", "View Log...")

@@ -6,10 +6,6 @@ from case import WindowCase
 
 
 class Timing(WindowCase):
-    def table(self, dialog, portico):
-        return [node.name for node in portico.find("Times of all queries:", "table", within=dialog).descendants()
-                if node.role == "table cell"]
-
     def label(self, portico, dialog, beginning):
         return portico.wait(lambda: next((node.name for node in dialog.descendants()
                                           if node.role == "label" and node.name.startswith(beginning)), None),
@@ -25,10 +21,11 @@ class Timing(WindowCase):
         portico.choose("Execution", "Run")
         portico.wait(lambda: portico.commands == "", "the lines to be taken")
         portico.wait_until_idle()
-        portico.wait(lambda: "SIM:DEL 0.2;ECHO? 4711" in self.table(dialog, portico), "the query in the table")
+        portico.wait(lambda: "SIM:DEL 0.2;ECHO? 4711" in (row[0] for row in portico.times(dialog)),
+                     "the query in the table")
         self.label(portico, dialog, "The last exchange took ")
-        portico.wait(lambda: ":SYST:ERR?" in self.table(dialog, portico), "what Portico asks by itself")
-        cells = portico.wait(lambda: next((row for row in self.rows(dialog, portico)
+        portico.wait(lambda: ":SYST:ERR?" in (row[0] for row in portico.times(dialog)), "what Portico asks by itself")
+        cells = portico.wait(lambda: next((row for row in portico.times(dialog)
                                            if row[:2] == ["SIM:DEL 0.2;ECHO? 4711", "2"]), None), "two of them")
         self.assertGreaterEqual(float(cells[4]), 200, "milliseconds")
         self.assertNotIn("200.", portico.history)
@@ -41,10 +38,6 @@ class Timing(WindowCase):
         portico.key("ctrl+v")
         portico.wait(lambda: "SIM:DEL 0.2;ECHO? 4711\t2\t" in portico.commands, "the copied table")
         self.assertIn("Query\tCount\tMedian ms\t99 % ms\tMaximum ms\n", portico.commands)
-
-    def rows(self, dialog, portico):
-        cells = self.table(dialog, portico)
-        return [cells[i:i + 5] for i in range(0, len(cells), 5)]
 
     def test_the_program_ends_with_the_window_open(self):
         portico = self.open(self.simulator().name)

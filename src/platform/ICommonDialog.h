@@ -15,6 +15,9 @@ struct FileDialogSettings {
   bool CancelError = false; ///< a dialog that is cancelled raises `DialogCancelled`
 };
 
+/// A flag of the dialog that saves.
+inline constexpr std::int32_t AskBeforeOverwriting = 2;
+
 // Flags of the print dialog.
 inline constexpr std::int32_t PrintSelectionPreset = 1;
 inline constexpr std::int32_t PrintNoSelection = 4;

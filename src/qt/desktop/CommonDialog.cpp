@@ -17,8 +17,6 @@
 namespace portico::qt {
 namespace {
 
-constexpr std::int32_t AskBeforeOverwriting = 2; // a flag of the dialog that saves
-
 /// To the toolkit, a pattern with a dot would leave out names without one.
 QString AnyName(QString text) { return text.replace(QStringLiteral("*.*"), QStringLiteral("*")); }
 

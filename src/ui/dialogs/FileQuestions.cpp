@@ -19,9 +19,8 @@ String AskForFile(const String& title, std::int32_t filters) {
 }
 
 String AskWhereToSave(const String& title) {
-  constexpr std::int32_t askBeforeOverwriting = 2;
   FileDialogSettings settings{
-      .DialogTitle = title, .Filter = u"All (*.*)|*.*", .Flags = askBeforeOverwriting, .CancelError = false};
+      .DialogTitle = title, .Filter = u"All (*.*)|*.*", .Flags = AskBeforeOverwriting, .CancelError = false};
   HuntERR::Check(bool(gCommonDialog), ErrorNumber::CannotCreate, u"Cannot create a dialog that saves.");
   gCommonDialog->ShowSave(settings);
   return settings.FileName;

@@ -41,8 +41,6 @@ constexpr std::int32_t LeastSide = 320;
 constexpr std::int32_t MostSide = 1000;
 constexpr std::int32_t Around = 60; // the picture
 
-constexpr std::int32_t AskBeforeOverwriting = 2;
-
 double Side(std::int32_t pixels) { return std::clamp(pixels + Around, LeastSide, MostSide) * FormUnitsPerPixel; }
 
 } // namespace

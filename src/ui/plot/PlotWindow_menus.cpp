@@ -14,8 +14,6 @@
 namespace portico {
 namespace {
 
-constexpr std::int32_t AskBeforeOverwriting = 2; // a flag of the dialog that saves
-
 struct FileKind {
   StringView Extension;
   StringView Filter;

@@ -10,7 +10,11 @@ SimulatedTransport::SimulatedTransport(std::string device, SimulatorConnector co
 
 DriverResult SimulatedTransport::Open(TimePoint /*deadline*/) {
   Close();
-  m_connection = m_connect(m_device);
+  try {
+    m_connection = m_connect(m_device);
+  } catch (const simulator::NoInstrument& refusal) {
+    return {DriverStatus::ConnectFailed, refusal.what()};
+  }
   if (m_connection == nullptr) return {DriverStatus::UnknownSimulatedDevice, m_device};
   return {};
 }

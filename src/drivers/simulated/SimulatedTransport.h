@@ -10,8 +10,9 @@
 
 namespace portico::drivers {
 
-/// Connects to the simulated instrument of a device name; a null pointer if there is none of that name. The instruments
-/// live as long as the function.
+/// Connects to the simulated instrument of a device name; a null pointer if there is none of that name. Raises
+/// `simulator::NoInstrument` if there could be one. The instruments live as long as the function, of which each
+/// transport has a copy.
 using SimulatorConnector = std::function<std::unique_ptr<simulator::SimulatedConnection>(const std::string& device)>;
 
 /// A simulated instrument in this process. It carries a plain stream of bytes, so that an instrument behaves here just

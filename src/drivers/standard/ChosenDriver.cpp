@@ -10,8 +10,8 @@
 
 namespace portico::drivers {
 
-ChosenDriver ChooseDriver(const SessionOptions& options) {
-  auto own = StandardDriver(options);
+ChosenDriver ChooseDriver(const SessionOptions& options, simulator::ReplayMaker makeReplay) {
+  auto own = StandardDriver(options, std::move(makeReplay));
   const char* const name = std::getenv("PORTICO_DRIVER");
   if (name == nullptr || *name == '\0') return {std::move(own)};
   auto library = LoadDriverLibrary(name);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "drivers/session/InstrumentDriver.h"
+#include "simulator/connection/DeviceRack.h"
 
 #include <memory>
 #include <string>
@@ -16,7 +17,8 @@ struct ChosenDriver {
 
 /// The driver as the user chose it: the library that the environment variable `PORTICO_DRIVER` names, with simulated
 /// instruments beside it, or without that variable StandardDriver(). If the library cannot be used, simulated
-/// instruments open still, and all others are refused with the reason.
-ChosenDriver ChooseDriver(const SessionOptions& options);
+/// instruments open still, and all others are refused with the reason. With a maker the instruments of logs are among
+/// the simulated ones.
+ChosenDriver ChooseDriver(const SessionOptions& options, simulator::ReplayMaker makeReplay = {});
 
 } // namespace portico::drivers

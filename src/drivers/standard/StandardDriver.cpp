@@ -1,7 +1,9 @@
 #include "drivers/standard/StandardDriver.h"
 
 #include "drivers/standard/StandardTransports.h"
-#include "simulator/connection/DeviceRack.h"
+#include "simulator/connection/RackClient.h"
+
+#include <utility>
 
 namespace portico::drivers {
 namespace {
@@ -10,11 +12,10 @@ constexpr std::uint64_t SimulatorSeed = 1;
 
 } // namespace
 
-std::shared_ptr<IExtendedDriver> StandardDriver(const SessionOptions& options) {
-  const auto connect = [rack = std::make_shared<simulator::DeviceRack>(SimulatorSeed)](const std::string& device) {
-    return rack->Connect(device);
-  };
-  return std::make_shared<InstrumentDriver>(StandardTransports(connect, options.Clock, options.Cancellation), options);
+std::shared_ptr<IExtendedDriver> StandardDriver(const SessionOptions& options, simulator::ReplayMaker makeReplay) {
+  auto rack = std::make_shared<simulator::DeviceRack>(SimulatorSeed, std::move(makeReplay));
+  const simulator::RackClient client(std::move(rack)); // of which each transport has a copy
+  return std::make_shared<InstrumentDriver>(StandardTransports(client, options.Clock, options.Cancellation), options);
 }
 
 } // namespace portico::drivers

@@ -2,12 +2,19 @@
 
 #include <chrono>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
 namespace portico::simulator {
 
 using TimePoint = std::chrono::steady_clock::time_point;
+
+/// Raised in place of a connection: why there is none, as a clause.
+class NoInstrument : public std::runtime_error {
+public:
+  using std::runtime_error::runtime_error;
+};
 
 /// One client's connection to a simulated instrument: bytes in, response messages out.
 ///

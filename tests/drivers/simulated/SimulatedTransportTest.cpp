@@ -136,5 +136,18 @@ TEST(SimulatedTransport, ADeviceThatDoesNotExistCannotBeOpened) {
   EXPECT_EQ(result.Detail, "toaster");
 }
 
+TEST(SimulatedTransport, TellsWhyThereIsNoInstrument) {
+  ManualClock clock;
+  SimulatedTransport transport(
+      "replay:a.log",
+      [](const std::string&) -> std::unique_ptr<simulator::SimulatedConnection> {
+        throw simulator::NoInstrument("a.log: it is no log");
+      },
+      clock);
+  const DriverResult result = transport.Open(clock.Now());
+  EXPECT_EQ(result.Status, DriverStatus::ConnectFailed);
+  EXPECT_EQ(result.Detail, "a.log: it is no log");
+}
+
 } // namespace
 } // namespace portico::test

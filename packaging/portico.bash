@@ -38,7 +38,7 @@ _portico() {
   local word=${words[-1]} previous=${words[-2]}
   COMPREPLY=()
 
-  local with_value='--protocol|--option|--log|--timeout|--list-time|--device|--port|--vxi11|--hislip|--bind|--seed|--fault|--format|--bench|--bench-csv|--get|--repeat|--every'
+  local with_value='--protocol|--option|--log|--replay|--session|--timeout|--list-time|--device|--port|--vxi11|--hislip|--bind|--seed|--fault|--format|--bench|--bench-csv|--get|--repeat|--every'
   for ((index = 1; index < ${#words[@]} - 1; ++index)); do
     # Each has two values: the query behind the number, the file behind the query.
     if [[ ${words[index]} == --bench || ${words[index]} == --get ]]; then positional=$((positional - 1)); fi
@@ -56,7 +56,7 @@ _portico() {
   case $previous in
     --protocol) _portico_offer SCPI Other ;;
     --option) _portico_option ;;
-    --log | --bench-csv) compopt -o default ;;
+    --log | --bench-csv | --replay) compopt -o default ;;
     --device) _portico_offer dmm psu scope ;;
     --format) _portico_offer csv json cmd ;;
     --timeout | --list-time | --port | --vxi11 | --hislip | --bind | --seed | --fault | --bench | --get | --every | --tolerance | --session | --from) ;;
@@ -66,7 +66,7 @@ _portico() {
       options='-h --help --version'
       case "$program ${words[*]:1}" in
         portico-run*) options+=' --protocol --option --read-after-query --log --overwrite --timeout --stop-on-error --repeat --every --quiet --timing --get --list --list-time --bench --bench-csv' ;;
-        portico-sim*) options+=' --device --port --vxi11 --portmap --hislip --serial --announce --bind --seed --fault' ;;
+        portico-sim*) options+=' --device --replay --session --strict --port --vxi11 --portmap --hislip --serial --announce --bind --seed --fault' ;;
         'portico-log export '*) options='-h --help --format' ;;
         'portico-log blocks '*) options='-h --help --to --session' ;;
         'portico-log cut '*) options='-h --help --session --from --to' ;;

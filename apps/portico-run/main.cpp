@@ -13,6 +13,7 @@
 #include "memory/SettingsStore.h"
 #include "memory/SystemClock.h"
 #include "memory/UnseenBox.h"
+#include "recordings/Recording.h"
 #include "system/Cancellation.h"
 #include "terminal/BatchRun.h"
 #include "terminal/InstrumentLister.h"
@@ -89,7 +90,8 @@ int Measure(const RunOptions& options) {
   const Interrupts interrupts([&cancellation] { cancellation.Request(); });
   SteadyClock clock(&cancellation);
   const auto [driver, notice] =
-      ChooseDriver({clock, std::chrono::milliseconds(options.TimeoutMilliseconds), nullptr, &cancellation});
+      ChooseDriver({clock, std::chrono::milliseconds(options.TimeoutMilliseconds), nullptr, &cancellation},
+                   recordings::Recordings());
   if (!notice.empty()) std::cerr << Diagnostic(notice) << std::endl;
   QueryBench bench(
       options, *driver, [&interrupts] { return interrupts.Requested(); }, std::cout, std::cerr);
@@ -119,7 +121,8 @@ int Run(const RunOptions& options) {
   gEventLoop = loop;
   gSettingsStore = std::make_shared<memory::SettingsStore>();
   auto [driver, notice] =
-      ChooseDriver({driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &news, &cancellation});
+      ChooseDriver({driverClock, std::chrono::milliseconds(options.TimeoutMilliseconds), &news, &cancellation},
+                   recordings::Recordings());
   std::shared_ptr<timing::TimedDriver> timed;
   if (options.Timing) driver = timed = std::make_shared<timing::TimedDriver>(std::move(driver));
   gInstrumentDriver = std::move(driver);

@@ -1,6 +1,7 @@
 #include "drivers/sockets/TcpTransport.h"
 #include "drivers/vxi11/PortMapping.h"
 #include "mdns/Announcement.h"
+#include "recordings/Recording.h"
 #include "server/PseudoTerminal.h"
 #include "server/SocketServer.h"
 #include "simulator/connection/FaultyConnection.h"
@@ -49,8 +50,7 @@ struct Protocol {
   const char* Option;
   const char* Help;
   std::optional<std::uint16_t> DefaultPort; ///< without one it is off unless asked for
-  ConnectionFactory (*Factory)(Instrument&);
-  server::ConnectionFactory (*Factory)(Device&);
+  server::ConnectionFactory (*Factory)(Instrument&);
 };
 
 constexpr std::array Protocols = {
@@ -63,6 +63,8 @@ constexpr std::array Protocols = {
 
 struct Options {
   std::string Kind = "dmm";
+  std::optional<std::string> Log; ///< to be replayed in place of a device of that kind
+  portico::recordings::RecordingOptions Recording;
   std::string Address = "127.0.0.1";
   std::uint64_t Seed = 1;
   std::array<std::optional<std::uint16_t>, Protocols.size()> Ports; ///< of the protocols
@@ -91,7 +93,19 @@ std::string WholeNumber(const std::string& text) {
 
 void AddTo(CLI::App& app, Options& options) {
   app.set_version_flag("--version", "portico-sim " PORTICO_VERSION);
-  app.add_option("--device", options.Kind, "The kind of instrument: dmm, psu or scope")->capture_default_str();
+  auto* device =
+      app.add_option("--device", options.Kind, "The kind of instrument: dmm, psu or scope")->capture_default_str();
+  auto* replay = app.add_option("--replay", options.Log, "Answer as the instrument of this log did")
+                     ->type_name("LOG")
+                     ->excludes(device);
+  app.add_option("--session", options.Recording.Session, "Replay that session of the log alone, from 1")
+      ->type_name("N")
+      ->check(CLI::PositiveNumber)
+      ->needs(replay);
+  app.add_flag_callback(
+         "--strict", [&options] { options.Recording.Order = ReplayedInstrument::Order::Demanded; },
+         "Demand the log's order: -200 where it is left")
+      ->needs(replay);
   for (std::size_t i = 0; i < Protocols.size(); ++i) {
     const Protocol& protocol = Protocols[i];
     options.Ports[i] = protocol.DefaultPort;
@@ -131,6 +145,7 @@ Announcement::Content Introduction(const Instrument& instrument) {
     const bool isName = i == 1 || i == 2;
     if (isName) content.Name += (content.Name.empty() ? "" : " ") + field;
   }
+  if (content.Name.empty()) content.Name = "Recorded instrument"; // which nobody had asked for its own
   return content;
 }
 
@@ -240,6 +255,28 @@ void Serve(Instrument& instrument, const Options& options) {
   std::signal(SIGTERM, SIG_IGN);
 }
 
+/// A null pointer, and told, if there is no such kind.
+std::unique_ptr<Instrument> MakeDevice(const Options& options) {
+  std::unique_ptr<Instrument> device = Device::Make(options.Kind, options.Seed);
+  if (!device) {
+    Complain("'" + options.Kind + "' is not a device; there are dmm, psu and scope", "try portico-sim --help");
+  }
+  return device;
+}
+
+/// A null pointer, and told, if the log cannot be replayed.
+std::unique_ptr<Instrument> MakeReplay(const Options& options) {
+  auto wanted = options.Recording;
+  wanted.Seed = options.Seed;
+  auto [instrument, fault] = portico::recordings::ReadRecording(*options.Log, wanted);
+  if (!instrument) {
+    Complain("'" + *options.Log + "' cannot be replayed: " + fault, "see what portico-log show says of it");
+  } else if (!fault.empty()) {
+    std::cerr << "portico-sim: '" << *options.Log << "': " << fault << "; the rest is replayed" << std::endl;
+  }
+  return std::move(instrument);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -253,18 +290,16 @@ int main(int argc, char** argv) {
     return Complain(error.what(), "try portico-sim --help");
   }
 
-  const std::unique_ptr<Device> device = Device::Make(options.Kind, options.Seed);
-  if (!device) {
-    return Complain("'" + options.Kind + "' is not a device; there are dmm, psu and scope", "try portico-sim --help");
-  }
+  const std::unique_ptr<Instrument> instrument = options.Log ? MakeReplay(options) : MakeDevice(options);
+  if (!instrument) return UsageError;
   for (const std::string& fault : options.Faults) {
-    const std::string error = device->CarryOut("SIMulator:" + fault);
+    const std::string error = instrument->CarryOut("SIMulator:" + fault);
     if (error.front() == '0') continue;
     const std::string complaint = "'" + fault + "' is no fault: ";
     return Complain(complaint + error, "give a command of the SIMulator subsystem");
   }
   try {
-    Serve(*device, options);
+    Serve(*instrument, options);
   } catch (const std::invalid_argument& error) {
     return Complain(error.what(), "try portico-sim --help");
   } catch (const Obstacle& obstacle) {

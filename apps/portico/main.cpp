@@ -14,6 +14,7 @@
 #include "framework/shared/Application.h"
 #include "qt/Toolkit.h"
 #include "qt/loop/EventLoop.h"
+#include "recordings/Recording.h"
 #include "system/BackgroundTask.h"
 #include "system/Cancellation.h"
 #include "timing/TimedDriver.h"
@@ -42,7 +43,7 @@ String CommandLine(int argc, char** argv) {
 struct Wiring {
   explicit Wiring(const system::Cancellation& cancellation) : m_clock(&cancellation) {
     HuntERR::SetEnvironment(&m_environment);
-    auto [driver, notice] = ChooseDriver({.Clock = m_clock, .Cancellation = &cancellation});
+    auto [driver, notice] = ChooseDriver({.Clock = m_clock, .Cancellation = &cancellation}, recordings::Recordings());
     timing::gTimedDriver = std::make_shared<timing::TimedDriver>(std::move(driver));
     gInstrumentDriver = timing::gTimedDriver;
     Notice = FromUtf8(notice).Text;

@@ -39,7 +39,7 @@ for command in portico-{run,sim,log} "portico-log "{show,export,stats,errors,tab
   offered "$command -"
   expect "$command" "$(sorted <<< "$offered")" "$listed"
 done
-((seen >= 35)) || fault "only $seen options were found"
+((seen >= 38)) || fault "only $seen options were found"
 
 commands=$("$programs/portico-log" --help | sed -n '/^Subcommands:/,$s/^  \([a-z]*\) .*/\1/p' | xargs)
 at "portico-log " "$commands"
@@ -73,6 +73,7 @@ for device in dmm psu scope; do
   [[ $("$programs/portico-sim" --help) == *[\ ,]$device[\ ,$'\n']* ]] || fault "portico-sim's help tells no $device"
 done
 at "portico-sim --port " ""
+files_at "portico-sim --replay "
 at "portico-sim " ""
 at "portico-log export --format " "csv json cmd"
 for format in csv json cmd; do

@@ -9,6 +9,23 @@ from case import WindowCase
 
 
 class Logs(WindowCase):
+    def test_a_log_answers_as_its_instrument_did(self):
+        path = os.path.join(self.desktop.home, "talk of Tuesday.log")
+        lines = "MEAS:VOLT:DC?\n*IDN?\nMEAS:VOLT:DC?\n"
+        said = subprocess.run([os.environ["PORTICO_RUN"], "--log", path, "SIM::dmm::INSTR"], input=lines, text=True,
+                              capture_output=True, check=True).stdout
+        readings = re.findall(r"> MEAS:VOLT:DC\?\n< (.*)", said)
+        self.assertEqual(len(set(readings)), 2, said)
+        portico = self.open(f"SIM::replay:{path}::INSTR")
+        portico.type_lines(*lines.split())
+        portico.key("F5")
+        portico.wait_for_history("MEAS:VOLT:DC?\n" + readings[1] + "\n")
+        portico.wait_until_idle()
+        shown = portico.history
+        told = [line for line in shown[shown.index("MEAS"):].splitlines() if line not in ("", "1", "*OPC?")]
+        recorded = [line[2:] for line in said.splitlines() if line not in ("* *OPC?", "< 1")]
+        self.assertEqual(told, recorded)
+
     def test_a_log_from_new_to_viewed(self):
         path = os.path.join(self.desktop.home, "talk.log")
         portico = self.open(self.simulator().name)

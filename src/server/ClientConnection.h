@@ -19,7 +19,9 @@ public:
   ClientConnection(system::FileDescriptor wire, std::unique_ptr<IServedConnection> connection);
 
   int Descriptor() const { return m_wire.Get(); }
-  bool WantsInput() const { return !m_inputEnded && m_output.empty() && m_connection->AcceptsInput(); }
+  bool WantsInput() const {
+    return !m_inputEnded && (m_output.empty() || m_connection->IsDuplex()) && m_connection->AcceptsInput();
+  }
   bool WantsOutput() const { return !m_output.empty(); }
   /// When Exchange() is next due though nothing arrives.
   std::optional<TimePoint> NextEvent() const;
@@ -28,11 +30,13 @@ public:
 
   /// Takes what has arrived, if `readable`, and sends what is ready, as far as the client takes it.
   void Exchange(bool readable, TimePoint now);
-  /// The connection broke.
-  void Abandon() { m_finished = true; }
+  /// The connection broke. What had come before is still taken if that does not depend on what is sent.
+  void Break(TimePoint now);
 
 private:
-  void Receive(TimePoint now);
+  /// Whether there was anything.
+  bool Receive(TimePoint now);
+  void EndOutput();
   void Send(TimePoint now);
   void Collect(TimePoint now);
 
@@ -41,6 +45,7 @@ private:
   std::string m_output;
   std::size_t m_sent = 0; ///< of m_output
   bool m_inputEnded = false;
+  bool m_outputEnded = false;
   bool m_finished = false;
 };
 

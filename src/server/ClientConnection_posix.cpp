@@ -38,19 +38,33 @@ std::optional<TimePoint> ClientConnection::NextEvent() const {
 void ClientConnection::Exchange(bool readable, TimePoint now) {
   if (readable) Receive(now);
   Send(now);
-  if (m_output.empty() && m_connection->Finished(m_inputEnded)) m_finished = true;
+  if (!m_output.empty()) return;
+  if (m_connection->Finished(m_inputEnded)) m_finished = true;
+  if (m_connection->OutputEnded()) EndOutput();
 }
 
-void ClientConnection::Receive(TimePoint now) {
+void ClientConnection::EndOutput() {
+  if (!std::exchange(m_outputEnded, true)) shutdown(m_wire.Get(), SHUT_WR);
+}
+
+void ClientConnection::Break(TimePoint now) {
+  while (m_connection->IsDuplex() && Receive(now)) {
+  }
+  m_finished = true;
+}
+
+bool ClientConnection::Receive(TimePoint now) {
   std::array<char, ReceiveBytes> buffer; // not cleared: that would cost more than a short message does
   const ssize_t count = read(m_wire.Get(), buffer.data(), buffer.size());
   if (count > 0) {
     m_connection->Receive(std::string_view(buffer.data(), static_cast<std::size_t>(count)), now);
   } else if (count == 0) {
     m_inputEnded = true;
+    m_connection->EndInput(now);
   } else if (!WouldBlock(errno)) {
     m_finished = true;
   }
+  return count > 0;
 }
 
 void ClientConnection::Send(TimePoint now) {

@@ -16,7 +16,7 @@ using TimePoint = std::chrono::steady_clock::time_point;
 ///
 /// Whoever owns it says what time it is at each call. After each Receive(), and whenever NextEvent() is due, it calls
 /// Collect() until nothing more comes, sends what that gave, and closes once Finished(). While the client does not take
-/// what was collected, nothing is received or collected.
+/// what was collected, nothing is collected, nor received unless the connection is duplex.
 ///
 /// Connections that belong together, as the two of one HiSLIP session do, share an object that their factory captures:
 /// what one of them causes at another, output or its end, is an event of that other's, due at once.
@@ -35,6 +35,12 @@ public:
   /// When Collect() is next due though nothing arrives; in the past, or now, if another connection has caused output
   /// here or this connection's end. None if nothing is under way.
   virtual std::optional<TimePoint> NextEvent() const = 0;
+  /// Whether input is taken though the client does not take its output: one has nothing to do with the other.
+  virtual bool IsDuplex() const { return false; }
+  /// The client has ended its side.
+  virtual void EndInput(TimePoint /*now*/) {}
+  /// Whether nothing more will be collected, so that the client is to be told once it has all; input is still taken.
+  virtual bool OutputEnded() const { return false; }
   /// Whether to close once all that was collected is sent. `inputEnded`: the client has ended its side, and may still
   /// take answers.
   virtual bool Finished(bool inputEnded) const = 0;

@@ -128,7 +128,7 @@ void SocketServer::Serve(TimePoint now, const std::vector<short>& events) {
     if ((events[i] & POLLIN) != 0 || (events[i] & POLLOUT) != 0 || (next && *next <= now)) {
       client.Exchange((events[i] & POLLIN) != 0, now);
     } else if (events[i] != 0) {
-      client.Abandon();
+      client.Break(now);
     }
   }
   std::erase_if(m_clients, [](const auto& client) { return client->Finished(); });

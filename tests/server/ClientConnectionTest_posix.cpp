@@ -136,8 +136,8 @@ TEST_F(ClientConnectionTest, EndsWhenTheInstrumentAsksForIt) {
   EXPECT_TRUE(m_connection->Finished());
 }
 
-TEST_F(ClientConnectionTest, CanBeAbandoned) {
-  m_connection->Abandon();
+TEST_F(ClientConnectionTest, EndsWhereItBreaks) {
+  m_connection->Break(m_now);
   EXPECT_TRUE(m_connection->Finished());
 }
 

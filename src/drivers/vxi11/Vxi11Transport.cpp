@@ -1,7 +1,7 @@
 #include "drivers/vxi11/Vxi11Transport.h"
 
+#include "drivers/vxi11/CorePort.h"
 #include "drivers/vxi11/Vxi11Errors.h"
-#include "wire/PortMapper.h"
 
 #include <algorithm>
 #include <limits>
@@ -9,7 +9,6 @@
 namespace portico::drivers {
 namespace {
 
-namespace PortMapper = wire::PortMapper;
 namespace Vxi11 = wire::Vxi11;
 using Vxi11::CoreProcedure;
 
@@ -28,32 +27,23 @@ Vxi11Transport::Vxi11Transport(LanDeviceAddress address, StreamConnector connect
 DriverResult Vxi11Transport::Open(TimePoint deadline) {
   Close();
   std::uint16_t port = m_address.Port.value_or(0);
-  DriverResult result = m_address.Port ? DriverResult() : FindCorePort(port, deadline);
+  const auto connect = [this](const std::string& host, std::uint16_t at) { return MakeStream(host, at); };
+  DriverResult result = m_address.Port ? DriverResult() : FindCorePort(connect, m_address.Host, port, deadline);
   if (result.Succeeded()) result = CreateLink(port, deadline);
   if (!result.Succeeded()) Close();
   return result;
 }
 
-std::unique_ptr<RpcChannel> Vxi11Transport::MakeChannel(std::uint16_t port, std::uint32_t program,
-                                                        std::uint32_t version, std::size_t resultLimit) {
-  auto stream = m_connect(m_address.Host, port);
+std::unique_ptr<ITransport> Vxi11Transport::MakeStream(const std::string& host, std::uint16_t port) {
+  auto stream = m_connect(host, port);
   stream->OnWait([this] { AboutToWait(); });
-  return std::make_unique<RpcChannel>(std::move(stream), m_address.Host + ", port " + std::to_string(port), program,
-                                      version, resultLimit);
+  return stream;
 }
 
-DriverResult Vxi11Transport::FindCorePort(std::uint16_t& port, TimePoint deadline) {
-  constexpr std::size_t resultLimit = 4;
-  const auto channel = MakeChannel(PortMapper::Port, PortMapper::Program, PortMapper::Version, resultLimit);
-  if (DriverResult result = channel->Stream().Open(deadline); !result.Succeeded()) return result;
-  const PortMapper::Mapping question = {Vxi11::CoreProgram, Vxi11::Version, PortMapper::Protocol::Tcp, 0};
-  PortMapper::PortResult answer;
-  DriverResult result = channel->Client().Call(PortMapper::GetPort, question, answer, deadline);
-  if (!result.Succeeded()) return OpeningFailure(std::move(result));
-  port = answer.Port;
-  if (port != 0) return {};
-  return {DriverStatus::ConnectFailed,
-          m_address.Host + " offers no VXI-11; try its raw socket, as in TCPIP::HOST::5025::SOCKET"};
+std::unique_ptr<RpcChannel> Vxi11Transport::MakeChannel(std::uint16_t port, std::uint32_t program,
+                                                        std::uint32_t version, std::size_t resultLimit) {
+  return std::make_unique<RpcChannel>(MakeStream(m_address.Host, port),
+                                      m_address.Host + ", port " + std::to_string(port), program, version, resultLimit);
 }
 
 DriverResult Vxi11Transport::CreateLink(std::uint16_t port, TimePoint deadline) {

@@ -36,9 +36,9 @@ public:
   void ReturnToLocal(TimePoint deadline) noexcept override;
 
 private:
+  std::unique_ptr<ITransport> MakeStream(const std::string& host, std::uint16_t port);
   std::unique_ptr<RpcChannel> MakeChannel(std::uint16_t port, std::uint32_t program, std::uint32_t version,
                                           std::size_t resultLimit);
-  DriverResult FindCorePort(std::uint16_t& port, TimePoint deadline);
   DriverResult CreateLink(std::uint16_t port, TimePoint deadline);
   /// Makes the next bytes of the answer, of which `size` are wanted, or its end, those that are unread.
   DriverResult Fetch(std::size_t size, TimePoint deadline);

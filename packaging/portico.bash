@@ -1,4 +1,4 @@
-# Completion in bash for portico-run, portico-sim and portico-log. A test holds it against what --help lists.
+# Completion in bash for portico-run, portico-sim, portico-log and portico-tap. A test holds it against what --help lists.
 
 # _portico_offer WORD...: those that begin with $word. Readline completes no more than what stands behind the last
 # character that breaks words.
@@ -38,7 +38,7 @@ _portico() {
   local word=${words[-1]} previous=${words[-2]}
   COMPREPLY=()
 
-  local with_value='--protocol|--option|--log|--replay|--session|--timeout|--list-time|--device|--port|--vxi11|--hislip|--bind|--seed|--fault|--format|--bench|--bench-csv|--get|--repeat|--every'
+  local with_value='--protocol|--option|--log|--replay|--session|--timeout|--list-time|--device|--listen|--port|--vxi11|--hislip|--bind|--seed|--fault|--format|--bench|--bench-csv|--get|--repeat|--every'
   for ((index = 1; index < ${#words[@]} - 1; ++index)); do
     # Each has two values: the query behind the number, the file behind the query.
     if [[ ${words[index]} == --bench || ${words[index]} == --get ]]; then positional=$((positional - 1)); fi
@@ -59,7 +59,7 @@ _portico() {
     --log | --bench-csv | --replay) compopt -o default ;;
     --device) _portico_offer dmm psu scope ;;
     --format) _portico_offer csv json cmd ;;
-    --timeout | --list-time | --port | --vxi11 | --hislip | --bind | --seed | --fault | --bench | --get | --every | --tolerance | --session | --from) ;;
+    --timeout | --list-time | --listen | --port | --vxi11 | --hislip | --bind | --seed | --fault | --bench | --get | --every | --tolerance | --session | --from) ;;
     --to) if [[ ${words[1]} == blocks ]]; then compopt -o dirnames; fi ;;
     --repeat) _portico_offer forever ;;
     *)
@@ -67,6 +67,7 @@ _portico() {
       case "$program ${words[*]:1}" in
         portico-run*) options+=' --protocol --option --read-after-query --log --overwrite --timeout --stop-on-error --repeat --every --quiet --timing --get --list --list-time --bench --bench-csv' ;;
         portico-sim*) options+=' --device --replay --session --strict --port --vxi11 --portmap --hislip --serial --announce --bind --seed --fault' ;;
+        portico-tap*) options+=' --listen --vxi11 --hislip --bind --log --overwrite --show --timeout' ;;
         'portico-log export '*) options='-h --help --format' ;;
         'portico-log blocks '*) options='-h --help --to --session' ;;
         'portico-log cut '*) options='-h --help --session --from --to' ;;
@@ -79,11 +80,11 @@ _portico() {
         _portico_offer SIM::{dmm,psu,scope}::INSTR
       elif [[ $program == portico-log && $positional == 0 ]]; then
         _portico_offer show export stats errors table diff cut merge blocks
-      elif [[ $program != portico-sim && $positional -ge 0 ]]; then
+      elif [[ ! $program =~ ^portico-(sim|tap)$ && $positional -ge 0 ]]; then
         compopt -o default
       fi
       ;;
   esac
 }
 
-complete -F _portico portico-run portico-sim portico-log
+complete -F _portico portico-run portico-sim portico-log portico-tap

@@ -28,11 +28,11 @@ files_at() { offered "$1" && expect "$1" "$offered, $asked" ", -o default"; }
 sorted() { tr -s ' ,' '\n' | sort | xargs; }
 options_of() { "$programs/$1" "${@:2}" --help | sed -nE 's/^  (-[^ ]*) .*/\1/p' | sorted; }
 
-for program in portico-run portico-sim portico-log; do
+for program in portico-run portico-sim portico-log portico-tap; do
   [[ $(complete -p "$program") == "complete -F _portico $program" ]] || fault "$program is not completed"
 done
 seen=0
-for command in portico-{run,sim,log} "portico-log "{show,export,stats,errors,table,diff,cut,merge,blocks}; do
+for command in portico-{run,sim,log,tap} "portico-log "{show,export,stats,errors,table,diff,cut,merge,blocks}; do
   read -ra words <<< "$command"
   listed=$(options_of "${words[@]}")
   seen=$((seen + $(wc -w <<< "$listed")))
@@ -75,6 +75,9 @@ done
 at "portico-sim --port " ""
 files_at "portico-sim --replay "
 at "portico-sim " ""
+at "portico-tap --listen " ""
+at "portico-tap " ""
+files_at "portico-tap --log "
 at "portico-log export --format " "csv json cmd"
 for format in csv json cmd; do
   "$programs/portico-log" export --format $format / > /dev/null 2>&1

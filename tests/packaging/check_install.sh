@@ -22,7 +22,7 @@ for file in README.md LICENSE copyright docs/portico-run.md docs/formats/log.md 
   must_exist "share/doc/portico/$file"
 done
 
-for program in portico-run portico-log portico-sim; do
+for program in portico-run portico-log portico-sim portico-tap; do
   must_exist "bin/$program"
   must_be_gzip "share/man/man1/$program.1.gz"
   must_exist "share/bash-completion/completions/$program"
@@ -71,7 +71,7 @@ while read -r program option; do
   seen=$((seen + 1))
   page_of "$program" | grep -qE -- "$option([^a-z-]|\$)" || fault "the page of $program is silent about $option"
 done < <(
-  for program in portico-run portico-sim portico-log; do options_of "$program" | sed "s/^/$program /"; done
+  for program in portico-run portico-sim portico-log portico-tap; do options_of "$program" | sed "s/^/$program /"; done
   for command in show export stats errors; do options_of portico-log "$command" | sed 's/^/portico-log /'; done
 )
 ((seen >= 20)) || fault "only $seen options were found"

@@ -62,8 +62,9 @@ std::optional<Size> SizeOfJpeg(std::string_view bytes) {
       continue;
     }
     const bool isFrame = marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
-    if (isFrame && place + 9 <= bytes.size())
+    if (isFrame && place + 9 <= bytes.size()) {
       return Size{BigEndian(bytes, place + 7, 2), BigEndian(bytes, place + 5, 2)};
+    }
     const std::uint32_t length = BigEndian(bytes, place + 2, 2);
     const bool isScan = marker == 0xDA || marker == 0xD9;
     if (isFrame || isScan) return {};

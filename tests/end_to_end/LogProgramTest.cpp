@@ -1,6 +1,7 @@
 #include "end_to_end/Programs.h"
 
 #include "support/Golden.h"
+#include "support/LogTexts.h"
 
 #include <csignal>
 #include <filesystem>
@@ -91,6 +92,37 @@ TEST(LogProgramTest, WrongUsageIsTold) {
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err, "portico-log: --format pdf: use csv, json or cmd\n");
   EXPECT_EQ(RunLog({"--version"}).out, "portico-log 1.0.5\n");
+}
+
+TEST(LogProgramTest, ThePictureThatAnInstrumentSentIsAFile) {
+  const CommandFiles files;
+  const std::string log = files.Folder() + "/talk.log";
+  const std::string picture = files.Folder() + "/picture.bmp";
+  const Arguments talk = {"--get", "HCOP:SDUM:DATA?", picture, "SIM::scope::INSTR"};
+  EXPECT_EQ(RunPortico(talk).status, 0);
+  EXPECT_EQ(RunPortico({"--log", log, "SIM::scope::INSTR"}, "HCOP:SDUM:DATA?\n").status, 0);
+  const std::string block = files.Folder() + "/blocks/block-1.bmp";
+  const auto outcome = RunLog({"blocks", log, "--to", files.Folder() + "/blocks"});
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out, block + ": 32118 bytes, HCOP:SDUM:DATA?\n");
+  EXPECT_EQ(ReadFile(block), ReadFile(picture));
+  EXPECT_EQ(ReadFile(block).size(), 32118U);
+}
+
+TEST(LogProgramTest, ABlockThatDoesNotFitLeavesNoHalfFileAndIsTheLast) {
+  const CommandFiles files;
+  const std::string answer = "#11a,#520000" + std::string(20000, 'x') + ",#11b";
+  const std::string log = files.Add(
+      "a.log", LogOf(LogSessionOf(LogElementOf("Response", "01", answer) + LogElementOf("Response", "02", "#11c"))));
+  const std::string folder = files.Folder() + "/blocks";
+  Process process(
+      {"/bin/sh", "-c", "trap '' XFSZ; ulimit -f 16; exec \"$0\" blocks \"$1\" --to \"$2\"", PORTICO_LOG, log, folder});
+  const auto outcome = process.Wait();
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out, folder + "/block-1.bin: 1 bytes\n");
+  EXPECT_EQ(outcome.err, "portico-log: " + log + ": " + folder + "/block-2.bin cannot be written: File too large\n");
+  const std::filesystem::directory_iterator left(folder);
+  EXPECT_EQ(std::distance(begin(left), end(left)), 1);
 }
 
 TEST(LogProgramTest, AFullDiskIsTold) {

@@ -6,6 +6,7 @@ the superuser of that network can be refused what only the system refuses.
 import os
 import socket
 import subprocess
+import tempfile
 import threading
 import unittest
 
@@ -23,6 +24,7 @@ def waveform(points):
 
 class Interoperation(unittest.TestCase):
     portmapper = ["listening on 127.0.0.1:111 portmap"]  # portico-sim is it
+    options = []  # of the simulator, and more
 
     def setUp(self):
         self.core_port = self.start_simulator()
@@ -30,7 +32,8 @@ class Interoperation(unittest.TestCase):
     def start_simulator(self, raw_port=RAW_PORT):
         """The port of VXI-11's core channel."""
         self.simulator = subprocess.Popen(
-            [PORTICO_SIM, "--port", str(raw_port), "--vxi11", "0", "--portmap"], text=True, stdout=subprocess.PIPE)
+            [PORTICO_SIM, "--port", str(raw_port), "--vxi11", "0", "--portmap", *self.options],
+            text=True, stdout=subprocess.PIPE)
         self.addCleanup(self.end_simulator, self.simulator)
         raw, vxi11, *portmapper = [self.simulator.stdout.readline().rstrip("\n") for _ in range(2 + len(self.portmapper))]
         self.assertEqual(raw, f"listening on 127.0.0.1:{raw_port}")
@@ -92,7 +95,7 @@ class Lxi(Interoperation):
         self.assertEqual(self.lxi("*ESE?").decode().rstrip("\n"), "5")
 
 
-class PyVisa(Interoperation):
+class ByPyVisa:
     def open(self, name, **options):
         import pyvisa
         manager = pyvisa.ResourceManager("@py")
@@ -115,6 +118,8 @@ class PyVisa(Interoperation):
     def test_vxi11(self):
         self.check(self.open("TCPIP::127.0.0.1::inst0::INSTR"))
 
+
+class PyVisa(ByPyVisa, Interoperation):
     def test_vxi11_calls(self):
         instrument = self.open("TCPIP::127.0.0.1::INSTR")
         instrument.write("*SRE 16;*ESE?")
@@ -146,6 +151,26 @@ class PyVisa(Interoperation):
         first.unlock()
         second.write("*ESE 5")
         self.assertEqual(first.query("*ESE?").rstrip("\n"), "5")
+
+
+class Replayed(ByPyVisa, Interoperation):
+    """The same conversation with what portico-run has logged of it."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        log = f"{folder.name}/talk.log"
+        done = subprocess.run([PORTICO_RUN, "--quiet", "--log", log, "SIM::dmm::INSTR"], text=True, capture_output=True,
+                              timeout=PATIENCE, input="*IDN?\nTRAC:POIN 200000\nTRAC:DATA?\nSYST:ERR?\n")
+        self.assertEqual(done.stderr, "")
+        self.assertEqual(done.returncode, 0)
+        self.options = ["--replay", log]
+        super().setUp()
+
+    def test_what_nobody_asked_is_undefined(self):
+        instrument = self.open("TCPIP::127.0.0.1::INSTR")
+        instrument.write("*ESE 5")
+        self.assertEqual(instrument.query("SYST:ERR?").rstrip("\n"), '-113,"Undefined header"')
 
 
 class Rpcbind(Interoperation):

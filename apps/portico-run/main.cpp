@@ -15,12 +15,12 @@
 #include "memory/UnseenBox.h"
 #include "recordings/Recording.h"
 #include "system/Cancellation.h"
+#include "system/FileSizeLimit.h"
 #include "terminal/BatchRun.h"
 #include "terminal/InstrumentLister.h"
 #include "terminal/QueryBench.h"
 #include "terminal/TimingTable.h"
 #include "terminal/console/Diagnostic.h"
-#include "terminal/console/FileSizeLimit.h"
 #include "terminal/console/StandardStreams.h"
 #include "timing/TimedDriver.h"
 #include "ui/dialogs/KnownInstruments.h"
@@ -145,7 +145,7 @@ int Run(const RunOptions& options) {
 
 int main(int argc, char** argv) try {
   HoldClosedStandardStreams();
-  SurviveFileSizeLimit();
+  system::SurviveFileSizeLimit();
   std::ios::sync_with_stdio(false);
   const auto request = ParseRunOptions(argc, argv);
   if (const auto* help = std::get_if<HelpText>(&request)) {

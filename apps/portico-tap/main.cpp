@@ -6,10 +6,10 @@
 #include "framework/text/Printable.h"
 #include "server/SocketServer.h"
 #include "system/Cancellation.h"
+#include "system/FileSizeLimit.h"
 #include "tap/TapOptions.h"
 #include "tap/TapProtocols.h"
 #include "terminal/console/Diagnostic.h"
-#include "terminal/console/FileSizeLimit.h"
 #include "terminal/console/Interrupts.h"
 #include "terminal/console/StandardStreams.h"
 
@@ -82,7 +82,7 @@ int Serve(const TapOptions& options) {
 
 int main(int argc, char** argv) try {
   terminal::HoldClosedStandardStreams();
-  terminal::SurviveFileSizeLimit();
+  portico::system::SurviveFileSizeLimit();
   const auto request = ParseTapOptions(argc, argv);
   if (const auto* help = std::get_if<HelpText>(&request)) {
     std::cout << help->Text << std::flush;

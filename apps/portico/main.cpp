@@ -17,6 +17,7 @@
 #include "recordings/Recording.h"
 #include "system/BackgroundTask.h"
 #include "system/Cancellation.h"
+#include "system/FileSizeLimit.h"
 #include "timing/TimedDriver.h"
 #include "ui/dialogs/KnownInstruments.h"
 
@@ -92,6 +93,7 @@ int Run(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
+  system::SurviveFileSizeLimit();
   const int status = Run(argc, argv);
   // Whoever is held up by the message bus holds a lock that the toolkit's library waits for at the end.
   if (system::BackgroundTask::AnyGoesOn()) std::_Exit(status);

@@ -1,17 +1,16 @@
 #include "application/LineFile.h"
 
 #include "support/Files.h"
+#include "support/ProcessRights.h"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <thread>
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -200,14 +199,10 @@ TEST_F(LineFileTest, WhereNoFolderCanBeMadeItSaysSo) {
 TEST_F(LineFileTest, AFullDiskLeavesWhatIsThere) {
   File.Append({u"one"});
   const std::string before = Bytes();
-  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit old{};
-  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
-  const rlimit tight{before.size() + 5, old.rlim_max};
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
-  const auto fault = File.Append({u"a line for which there is no room"});
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &old), 0);
-  std::signal(SIGXFSZ, handler);
+  const auto fault = [&] {
+    const test::FileSizeLimit limit(before.size() + 5);
+    return File.Append({u"a line for which there is no room"});
+  }();
   EXPECT_EQ(Text(fault), About("The lines that are sent cannot be kept in", "File too large"));
   EXPECT_EQ(Bytes(), before);
 }

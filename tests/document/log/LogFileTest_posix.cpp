@@ -1,13 +1,12 @@
 #include "document/log/LogBench.h"
 #include "document/log/LogFile.h"
 #include "support/Files.h"
+#include "support/ProcessRights.h"
 
 #include <cerrno>
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -132,33 +131,13 @@ TEST_F(LogFileTest, ANameMayHaveAnyCharacters) {
   EXPECT_EQ(Tell(Get(longest)).size(), 3U);
 }
 
-/// No file of this process may grow beyond a size, as on a full disk.
-class SizeLimit {
-public:
-  explicit SizeLimit(rlim_t size) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &m_old);
-    const rlimit limit{size, m_old.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~SizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &m_old);
-    std::signal(SIGXFSZ, m_handler);
-  }
-  SizeLimit(const SizeLimit&) = delete;
-  SizeLimit& operator=(const SizeLimit&) = delete;
-
-private:
-  void (*m_handler)(int);
-  rlimit m_old{};
-};
-
 TEST_F(LogFileTest, ADiskThatIsFullForAWhileCostsNothing) {
   const auto store = Store(Path());
   store->OpenSession();
   store->AppendDataEntityToStore(Entity(u"1"));
   const std::string before = Get(Path());
   {
-    const SizeLimit limit(before.size() + 50);
+    const FileSizeLimit limit(before.size() + 50);
     for (const char16_t* text : {u"2", u"3"}) {
       const auto error = Raised([&] { store->AppendDataEntityToStore(Entity(text)); });
       EXPECT_EQ(error.Number, 75);
@@ -173,7 +152,7 @@ TEST_F(LogFileTest, ADiskThatIsFullForAWhileCostsNothing) {
 }
 
 TEST_F(LogFileTest, AStoreIsMadeWholeOrNotAtAll) {
-  const SizeLimit limit(50);
+  const FileSizeLimit limit(50);
   EXPECT_EQ(Raised([&] { Store(Path()); }).Number, 75);
   EXPECT_EQ(FilesInFolder(), 0U);
 }

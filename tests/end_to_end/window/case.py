@@ -1,6 +1,7 @@
 """What the tests of the window share."""
 
 import os
+import resource
 import unittest
 
 from desktop import Desktop
@@ -24,6 +25,12 @@ class WindowCase(unittest.TestCase):
         from portico import Simulator
 
         return Simulator(self.desktop, device, interface)
+
+    def limit_files(self, size):
+        """What is started from now on cannot write files of more bytes, as `ulimit -f` has it."""
+        limits = resource.getrlimit(resource.RLIMIT_FSIZE)
+        self.addCleanup(resource.setrlimit, resource.RLIMIT_FSIZE, limits)
+        resource.setrlimit(resource.RLIMIT_FSIZE, (size, limits[1]))
 
     def remember(self, section, **settings):
         """What the window finds in its settings, before it is opened."""

@@ -45,6 +45,20 @@ class Picture(WindowCase):
         portico.key("c")  # Close
         portico.wait_until_closed("Picture - 320 by 200")
 
+    def test_a_file_that_may_not_grow_is_told_and_the_window_goes_on(self):
+        self.limit_files(16384)
+        portico = self.ask("HCOP:SDUM:DATA?")
+        portico.key("alt+v", "r")
+        portico.window("Picture - 320 by 200")
+        path = os.path.join(self.desktop.home, "screen.bmp")
+        portico.key("ctrl+s")
+        portico.choose_file("Save Picture", path)
+        self.assertEqual(portico.message(path), f"{path} cannot be written: File too large.")
+        portico.key("Return")
+        portico.wait_until_message_closed()
+        self.assertEqual([name for name in os.listdir(self.desktop.home) if name.startswith("screen")], [])
+        self.assertIsNone(portico.process.poll())
+
     def test_what_is_no_picture_is_told_in_a_sentence(self):
         portico = self.ask("SYST:HELP:HEAD?")
         portico.choose("View", "Show Picture")

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "answers/AnswerData.h"
-#include "answers/PendingFile.h"
 #include "framework/text/text.h"
+#include "system/PendingFile.h"
 
 namespace portico::answers {
 
@@ -32,7 +32,7 @@ private:
   bool Write(std::string_view bytes);
 
   const std::string m_path;
-  PendingFile m_file;
+  system::PendingFile m_file;
   AnswerData m_data;
   bool m_prefixed = false;
   bool m_isTorn = false;

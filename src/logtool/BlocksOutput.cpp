@@ -1,10 +1,10 @@
 #include "logtool/BlocksOutput.h"
 
-#include "answers/PendingFile.h"
 #include "document/entities/IDataEntity.h"
 #include "framework/text/Printable.h"
 #include "numbers/Block.h"
 #include "numbers/FileSuffix.h"
+#include "system/PendingFile.h"
 
 #include <filesystem>
 #include <system_error>
@@ -17,7 +17,7 @@ std::string CannotWrite(const std::string& path, std::error_code error) {
 }
 
 std::error_code WriteFile(const std::string& path, std::string_view bytes) {
-  answers::PendingFile file(path);
+  system::PendingFile file(path);
   int error = file.Open();
   if (error == 0) error = file.Write(bytes);
   if (error == 0) error = file.Commit();

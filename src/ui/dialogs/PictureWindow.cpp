@@ -1,10 +1,10 @@
 #include "ui/dialogs/PictureWindow.h"
 
-#include "answers/PendingFile.h"
 #include "framework/shared/Application.h"
 #include "framework/shared/modAppGlobals.h"
 #include "platform/ICommonDialog.h"
 #include "platform/IDesktop.h"
+#include "system/PendingFile.h"
 #include "ui/base/ResourceStrings.h"
 #include "ui/base/ShowFailure.h"
 #include "ui/base/UserCommands.h"
@@ -103,7 +103,7 @@ void PictureWindow::Save() {
                               .Flags = AskBeforeOverwriting};
   gCommonDialog->ShowSave(settings);
   if (settings.FileName.empty()) return;
-  answers::PendingFile file(ToUtf8(settings.FileName));
+  system::PendingFile file(ToUtf8(settings.FileName));
   int error = file.Open();
   if (error == 0) error = file.Write(m_picture.Bytes);
   if (error == 0) error = file.Commit();

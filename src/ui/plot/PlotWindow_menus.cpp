@@ -1,14 +1,17 @@
 #include "ui/plot/PlotWindow.h"
 
 #include "framework/errors/ErrorNumbers.h"
+#include "framework/errors/HuntERR.h"
 #include "platform/ICommonDialog.h"
 #include "platform/KeyCodes.h"
 #include "plot/CurveFile.h"
+#include "system/PendingFile.h"
 #include "ui/plot/PlotDesign.h"
-#include "ui/plot/SavedFile.h"
 
 #include <array>
 #include <functional>
+#include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace portico {
@@ -45,6 +48,21 @@ String AskForFile(const FileKind& kind) {
                               .Flags = AskBeforeOverwriting,
                               .CancelError = true};
   return IsAccepted([&] { gCommonDialog->ShowSave(settings); }) ? settings.FileName : String();
+}
+
+using Write = std::function<void(std::string_view)>;
+
+/// All that is written, or nothing. A disk that refuses is told in a sentence.
+void SaveTo(const String& name, const std::function<void(const Write&)>& writeAll) {
+  const auto check = [&name](int error) {
+    if (error == 0) return;
+    const String reason = FromUtf8(std::generic_category().message(error)).Text;
+    HuntERR::Raise(ErrorNumber::CannotCarryOut, u"PlotWindow", name + u" was not saved: " + reason + u".");
+  };
+  system::PendingFile file(ToUtf8(name));
+  check(file.Open());
+  writeAll([&](std::string_view piece) { check(file.Write(piece)); });
+  check(file.Commit());
 }
 
 } // namespace
@@ -99,19 +117,16 @@ void PlotWindow::SavePicture(PictureFormat format) {
   const Drawing drawing = m_drawing; // as it was when the user wanted it
   const String name = AskForFile(PictureKinds.at(static_cast<std::size_t>(format)));
   if (name.empty()) return;
-  SavedFile file(name);
-  file.Write(gDrawingOutput->Encode(drawing, format));
-  file.Keep();
+  SaveTo(name, [&](const Write& write) { write(gDrawingOutput->Encode(drawing, format)); });
 }
 
 void PlotWindow::SaveValues() {
   const String name = AskForFile(ValueKind);
   if (name.empty()) return;
   m_curves.Update(); // answers may have come while the dialog was up
-  SavedFile file(name);
-  plot::WriteCurves(m_curves.All(), m_curves.IsTime() ? u"Seconds" : u"Index",
-                    [&file](std::string_view piece) { file.Write(piece); });
-  file.Keep();
+  SaveTo(name, [this](const Write& write) {
+    plot::WriteCurves(m_curves.All(), m_curves.IsTime() ? u"Seconds" : u"Index", write);
+  });
 }
 
 void PlotWindow::Print() {

@@ -1,4 +1,4 @@
-#include "answers/PendingFile.h"
+#include "system/PendingFile.h"
 
 #include <array>
 #include <cerrno>
@@ -9,10 +9,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace portico::answers {
+namespace portico::system {
 namespace {
-
-using system::FileDescriptor;
 
 constexpr int MostNames = 100;
 constexpr std::size_t CopyBytes = 65536;
@@ -107,4 +105,4 @@ int PendingFile::Commit() {
   return 0;
 }
 
-} // namespace portico::answers
+} // namespace portico::system

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace portico::answers {
+namespace portico::system {
 
 /// A file that is written beside its place and comes there when it is whole, so that nobody ever finds a part of it;
 /// what stood there stays until then. What stands there and is no plain file, such as a pipe, is written as it is.
@@ -31,7 +31,7 @@ private:
 
   std::string m_path;
   std::string m_pendingPath; // empty for what is written as it is
-  system::FileDescriptor m_file;
+  FileDescriptor m_file;
 };
 
-} // namespace portico::answers
+} // namespace portico::system

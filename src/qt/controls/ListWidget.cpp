@@ -94,8 +94,8 @@ void ListWidget::Columns(const std::vector<ListColumn>& columns) {
   m_model->Columns(columns);
   for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
     const ListColumn& column = columns[static_cast<std::size_t>(i)];
-    const int characters = std::max(column.Characters, static_cast<int>(column.Heading.size()));
-    setColumnWidth(i, characters * fontMetrics().averageCharWidth() + CellMargin);
+    const int width = column.IsNumber ? fontMetrics().horizontalAdvance(u'0') : fontMetrics().averageCharWidth();
+    setColumnWidth(i, std::max(column.Characters * width + CellMargin, horizontalHeader()->sectionSizeHint(i)));
   }
   updateGeometry();
 }

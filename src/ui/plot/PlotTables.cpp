@@ -6,7 +6,8 @@
 namespace portico {
 namespace {
 
-constexpr int Digits = 7; // that a cell has room for
+constexpr int Digits = 7;
+constexpr std::int32_t MostCharacters = 13; // of a number with so many digits, as -1.234567e-05
 
 String Counted(std::size_t number) { return ToText(static_cast<std::int64_t>(number)); }
 String Shown(double number) { return plot::NumberText(number, Digits); }
@@ -53,7 +54,7 @@ std::vector<ListColumn> ValueRows::Columns() {
   }
   for (const StringView heading :
        {u"Minimum", u"Maximum", u"Mean", u"Std. Dev.", u"At Cursor 1", u"At Cursor 2", u"Difference"}) {
-    columns.push_back({.Heading = String(heading), .Characters = 12, .IsNumber = true});
+    columns.push_back({.Heading = String(heading), .Characters = MostCharacters, .IsNumber = true});
   }
   return columns;
 }

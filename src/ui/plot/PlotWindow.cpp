@@ -15,7 +15,7 @@ namespace {
 constexpr std::int32_t RedrawInterval = 80;
 
 // In form units.
-constexpr double FirstWidth = 900 * FormUnitsPerPixel;
+constexpr double FirstWidth = 1120 * FormUnitsPerPixel;
 constexpr double FirstHeight = 600 * FormUnitsPerPixel;
 constexpr double QueryWidth = 250 * FormUnitsPerPixel;
 constexpr double ValueHeight = 130 * FormUnitsPerPixel;

@@ -97,6 +97,23 @@ TEST_F(ListViewTest, ShowsItsCellsInOneLineUnderTheirHeadings) {
   EXPECT_GE(widget.width(), widget.columnWidth(0) + widget.columnWidth(1));
 }
 
+TEST_F(ListViewTest, AColumnHasRoomForItsHeading) {
+  list.Columns({{.Heading = u"Overloads", .Characters = 7, .IsNumber = true}, {.Heading = u"Curve"}});
+  EXPECT_GE(widget.columnWidth(0), widget.horizontalHeader()->sectionSizeHint(0));
+}
+
+TEST_F(ListViewTest, AColumnOfNumbersHasRoomForItsDigits) {
+  class Numbers final : public IListRows {
+  public:
+    std::int32_t Count() const override { return 1; }
+    String Cell(std::int32_t /*row*/, std::int32_t /*column*/) const override { return u"-1.23457e-05"; }
+  };
+  list.Columns({{.Heading = u"Mean", .Characters = 12, .IsNumber = true}, {.Heading = u"Curve"}});
+  list.Rows(std::make_shared<Numbers>());
+  const QAbstractItemView& view = widget;
+  EXPECT_GE(widget.columnWidth(0), view.sizeHintForIndex(widget.model()->index(0, 0)).width());
+}
+
 TEST_F(ListViewTest, IsReadToWhoeverCannotSeeIt) {
   EXPECT_EQ(widget.accessibleName(), "Errors:");
   QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&widget);

@@ -45,7 +45,7 @@ TEST_F(ViewLogPlotTest, TimesAreThoseOfTheLogAndTheAxisSaysHowExact) {
   auto& canvas = Plot(viewer);
   EXPECT_EQ(ToUtf8(canvas.Description()), "VOLT?: 2 values, minimum 1.5, maximum 2.5.");
   EXPECT_TRUE(Shows(canvas, u"Time since the first answer, in whole seconds as the log has them"));
-  EXPECT_TRUE(Shows(canvas, u"7 s")) << "from the first answer to the second";
+  EXPECT_TRUE(Shows(canvas, u"7.0 s")) << "from the first answer to the second";
 }
 
 TEST_F(ViewLogPlotTest, ALogThatGrowsMeanwhileIsNoFault) {

@@ -28,6 +28,7 @@ void CommonDialogDouble::ShowHelp(const HelpSettings& settings) {
 void CommonDialogDouble::ShowFile(const std::string& which, FileDialogSettings& settings) {
   Shown = settings;
   Note(which + " '" + ToUtf8(settings.DialogTitle) + "'");
+  if (!FileName && settings.CancelError) HuntERR::RaiseStandard(ErrorNumber::DialogCancelled);
   if (FileName) settings.FileName = *FileName;
 }
 

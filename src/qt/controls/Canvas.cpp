@@ -4,7 +4,6 @@
 #include "qt/loop/EventFilter.h"
 #include "qt/values/DrawingPainter.h"
 #include "qt/values/Keys.h"
-#include "qt/values/Mouse.h"
 #include "qt/values/QtText.h"
 
 #include <QFontMetricsF>
@@ -87,21 +86,6 @@ void Canvas::Paint(QPainter& painter) const {
 
 bool Canvas::Handle(QEvent& event) {
   switch (event.type()) {
-  case QEvent::MouseButtonPress: {
-    const auto& mouse = static_cast<QMouseEvent&>(event);
-    EnterAndFire(m_mouseDown, ToMouseEvent(mouse, mouse.button(), mouse.position()));
-    return true;
-  }
-  case QEvent::MouseMove: {
-    const auto& mouse = static_cast<QMouseEvent&>(event);
-    EnterAndFire(m_mouseMove, ToMouseEvent(mouse, mouse.buttons(), mouse.position()));
-    return true;
-  }
-  case QEvent::MouseButtonRelease: {
-    const auto& mouse = static_cast<QMouseEvent&>(event);
-    EnterAndFire(m_mouseUp, ToMouseEvent(mouse, mouse.button(), mouse.position()));
-    return true;
-  }
   case QEvent::Wheel:
     HandleWheel(static_cast<QWheelEvent&>(event));
     return true;
@@ -113,7 +97,7 @@ bool Canvas::Handle(QEvent& event) {
     m_canvas.update();
     return false;
   default:
-    return false;
+    return EnterAndFire(m_mouse, event);
   }
 }
 

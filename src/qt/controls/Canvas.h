@@ -30,9 +30,9 @@ public:
   void Describe(const String& name, const String& description) override;
   double ExtentOf(StringView text) const override;
   double LineHeight() const override;
-  Event<const MouseEvent&>& MouseDown() override { return m_mouseDown; }
-  Event<const MouseEvent&>& MouseMove() override { return m_mouseMove; }
-  Event<const MouseEvent&>& MouseUp() override { return m_mouseUp; }
+  Event<const MouseEvent&>& MouseDown() override { return m_mouse.Down; }
+  Event<const MouseEvent&>& MouseMove() override { return m_mouse.Move; }
+  Event<const MouseEvent&>& MouseUp() override { return m_mouse.Up; }
   Event<const MouseEvent&, double>& Wheel() override { return m_wheel; }
   Event<std::int32_t, std::int32_t>& KeyDown() override { return m_keyDown; }
 
@@ -47,9 +47,7 @@ private:
   CanvasWidget& m_canvas;
   Drawing m_drawing;
   std::unique_ptr<QObject> m_filter;
-  Event<const MouseEvent&> m_mouseDown;
-  Event<const MouseEvent&> m_mouseMove;
-  Event<const MouseEvent&> m_mouseUp;
+  MouseEvents m_mouse;
   Event<const MouseEvent&, double> m_wheel;
   Event<std::int32_t, std::int32_t> m_keyDown;
 };

@@ -19,6 +19,15 @@ void WidgetControl::ShowToolTipText() {
   if (Caption().empty()) m_widget.setAccessibleName(ToQt(ToolTipText()));
 }
 
+bool WidgetControl::EnterAndFire(const MouseEvents& events, const QEvent& event) const {
+  const bool isMove = event.type() == QEvent::MouseMove;
+  if (!isMove && event.type() != QEvent::MouseButtonPress && event.type() != QEvent::MouseButtonRelease) return false;
+  const auto& mouse = static_cast<const QMouseEvent&>(event);
+  const auto& fired = isMove ? events.Move : event.type() == QEvent::MouseButtonPress ? events.Down : events.Up;
+  EnterAndFire(fired, ToMouseEvent(mouse, isMove ? mouse.buttons() : mouse.button(), mouse.position()));
+  return true;
+}
+
 TabStopControl::TabStopControl(const ControlDesign& design, std::shared_ptr<FormLife> life, QWidget& widget)
     : WidgetControl(design, std::move(life), widget) {
   Life().Order.Add(widget);

@@ -4,6 +4,7 @@
 #include "platform/shared/ControlState.h"
 #include "qt/controls/TabOrder.h"
 #include "qt/loop/HandlerTurn.h"
+#include "qt/values/Mouse.h"
 #include "qt/values/Placed.h"
 
 #include <QWidget>
@@ -54,6 +55,10 @@ public:
   QWidget& Widget() const { return m_widget; }
 
 protected:
+  /// Called by the toolkit: fires what a press, a move or a release of the mouse is to the control. False for any other
+  /// event.
+  bool EnterAndFire(const MouseEvents& events, const QEvent& event) const;
+  using Control::EnterAndFire;
   void ShowToolTipText() override;
   void ShowEnabled() override { m_widget.setEnabled(Enabled()); }
   void ShowVisible() override { m_widget.setVisible(Visible()); }

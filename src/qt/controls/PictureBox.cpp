@@ -2,10 +2,8 @@
 
 #include "qt/controls/Icons.h"
 #include "qt/values/Colors.h"
-#include "qt/values/Mouse.h"
 #include "qt/values/Pointers.h"
 
-#include <QMouseEvent>
 #include <QPainter>
 
 #include <memory>
@@ -51,23 +49,8 @@ bool PictureBox::Handle(QEvent& event) {
   case QEvent::Paint:
     Paint();
     return true;
-  case QEvent::MouseButtonPress: {
-    const auto& mouse = static_cast<QMouseEvent&>(event);
-    EnterAndFire(m_mouseDown, ToMouseEvent(mouse, mouse.button(), mouse.position()));
-    return true;
-  }
-  case QEvent::MouseMove: {
-    const auto& mouse = static_cast<QMouseEvent&>(event);
-    EnterAndFire(m_mouseMove, ToMouseEvent(mouse, mouse.buttons(), mouse.position()));
-    return true;
-  }
-  case QEvent::MouseButtonRelease: {
-    const auto& mouse = static_cast<QMouseEvent&>(event);
-    EnterAndFire(m_mouseUp, ToMouseEvent(mouse, mouse.button(), mouse.position()));
-    return true;
-  }
   default:
-    return false;
+    return EnterAndFire(m_mouse, event);
   }
 }
 

@@ -19,9 +19,9 @@ public:
   void BackColor(std::int32_t newValue) override;
   void MousePointer(std::int32_t shape) override;
   void BringToFront() override { Widget().raise(); }
-  Event<const MouseEvent&>& MouseDown() override { return m_mouseDown; }
-  Event<const MouseEvent&>& MouseMove() override { return m_mouseMove; }
-  Event<const MouseEvent&>& MouseUp() override { return m_mouseUp; }
+  Event<const MouseEvent&>& MouseDown() override { return m_mouse.Down; }
+  Event<const MouseEvent&>& MouseMove() override { return m_mouse.Move; }
+  Event<const MouseEvent&>& MouseUp() override { return m_mouse.Up; }
 
 private:
   bool Handle(QEvent& event);
@@ -30,9 +30,7 @@ private:
   EventFilter m_filter;
   QIcon m_image;
   std::int32_t m_backColor = SystemButtonFace;
-  Event<const MouseEvent&> m_mouseDown;
-  Event<const MouseEvent&> m_mouseMove;
-  Event<const MouseEvent&> m_mouseUp;
+  MouseEvents m_mouse;
 };
 
 } // namespace portico::qt

@@ -20,6 +20,11 @@ constexpr ControlDesign CancellingButton(StringView name, StringView caption, St
   return {.Kind = CommandButton, .Name = name, .Caption = caption, .Parent = parent, .IsCancel = true};
 }
 
+constexpr ControlDesign ClosingButton(StringView name, StringView caption, StringView parent) {
+  return {
+      .Kind = CommandButton, .Name = name, .Caption = caption, .Parent = parent, .IsDefault = true, .IsCancel = true};
+}
+
 constexpr std::array InstrumentControls = {
     Plain(Row, u"rowInstrument"),
     Titled(Label, u"lblInstrument", u"Instrument:", u"rowInstrument"),
@@ -84,12 +89,7 @@ constexpr std::array AboutControls = {
     Plain(Line, u"Line1(1)"),
     Plain(Row, u"rowButtons"),
     Plain(Space, u"spcButtons", u"rowButtons"),
-    ControlDesign{.Kind = CommandButton,
-                  .Name = u"cmdOK",
-                  .Caption = u"OK",
-                  .Parent = u"rowButtons",
-                  .IsDefault = true,
-                  .IsCancel = true},
+    ClosingButton(u"cmdOK", u"OK", u"rowButtons"),
 };
 
 constexpr std::array TimeoutControls = {
@@ -156,7 +156,7 @@ constexpr std::array TimingControls = {
     Plain(Row, u"rowButtons"),
     Titled(CommandButton, u"cmdForget", u"&Begin Anew", u"rowButtons"),
     Plain(Space, u"spcButtons", u"rowButtons"),
-    CancellingButton(u"cmdClose", u"Close", u"rowButtons"),
+    ClosingButton(u"cmdClose", u"Close", u"rowButtons"),
 };
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "framework/shared/modAppGlobals.h"
 #include "platform/ICommonDialog.h"
 #include "platform/IDesktop.h"
+#include "platform/KeyCodes.h"
 #include "system/PendingFile.h"
 #include "ui/base/ResourceStrings.h"
 #include "ui/base/ShowFailure.h"
@@ -69,6 +70,12 @@ bool PictureWindow::Show(PictureFile picture, IForm* Owner) {
 void PictureWindow::Connect() {
   m_form->Events().Resize.Connect([weak = weak_from_this()] {
     if (const auto self = weak.lock()) self->PlaceView();
+  });
+  m_form->Events().KeyDown.Connect([weak = weak_from_this()](std::int32_t code, std::int32_t /*shift*/) {
+    const auto self = weak.lock();
+    if (!self || code != EscapeKey) return;
+    RunHandler(String(self->ClassName()) + u".Form_KeyDown", u"An error occured while closing.",
+               [&] { self->m_form->Unload(); });
   });
   OnMenu(u"mnuSavePicture", u"Can't save the picture.", &PictureWindow::mnuSavePicture_Click);
   OnMenu(u"mnuPrintPicture", u"Can't print the picture.", &PictureWindow::mnuPrintPicture_Click);

@@ -108,7 +108,6 @@ bool PlotGestures::Key(std::int32_t code, std::int32_t shift, const std::vector<
     SetCursor(static_cast<std::size_t>(code - u'1'), PlaceAt(0.5));
     return true;
   case DeleteKey:
-  case EscapeKey:
     m_cursors = {};
     return true;
   default:

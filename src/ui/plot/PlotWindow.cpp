@@ -1,5 +1,6 @@
 #include "ui/plot/PlotWindow.h"
 
+#include "platform/KeyCodes.h"
 #include "ui/base/ShowFailure.h"
 #include "ui/base/Tolerate.h"
 #include "ui/plot/PlotDesign.h"
@@ -47,6 +48,10 @@ void PlotWindow::Connect() {
     window.Place();
     window.Draw();
   });
+  On(m_form->Events().KeyDown, u"PlotWindow.Form_KeyDown",
+     [](PlotWindow& window, std::int32_t code, std::int32_t /*shift*/) {
+       if (code == EscapeKey) window.Escape();
+     });
   On(m_form->Events().Unload, u"PlotWindow.Form_Unload", [](PlotWindow& window) { window.Unloaded(); });
   On(Find<IListView>(u"lstQueries").Click(), u"PlotWindow.lstQueries_Click",
      [](PlotWindow& window) { window.QuerySelected(); });
@@ -85,6 +90,12 @@ void PlotWindow::ConnectCanvas() {
 void PlotWindow::Key(std::int32_t code, std::int32_t shift) {
   m_curves.Update(); // an answer may have come since the last drawing
   if (m_gestures.Key(code, shift, m_curves.All())) Draw();
+}
+
+void PlotWindow::Escape() {
+  if (m_cursors == plot::Cursors()) return m_form->Unload();
+  m_cursors = {};
+  Draw();
 }
 
 /// The queries at the left, what is told of the curves below, the picture in what is left. A window that is too small

@@ -49,6 +49,8 @@ private:
   void QuerySelected();
   void QueryChosen();
   void Key(std::int32_t code, std::int32_t shift);
+  /// Takes the cursors away; without one, closes.
+  void Escape();
 
   plot::Scene Scene() const;
   String PlaceTitle() const;

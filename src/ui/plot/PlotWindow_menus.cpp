@@ -102,7 +102,7 @@ void PlotWindow::ConnectMenus() {
                                std::pair(u"mnuShowAll", HomeKey),
                                std::pair(u"mnuCursor1", std::int32_t{u'1'}),
                                std::pair(u"mnuCursor2", std::int32_t{u'2'}),
-                               std::pair(u"mnuNoCursors", EscapeKey)};
+                               std::pair(u"mnuNoCursors", DeleteKey)};
   for (const auto& [name, key] : keys) {
     on(
         name, u"PlotWindow.View_Click", [code = key](PlotWindow& w) { w.Key(code, 0); },

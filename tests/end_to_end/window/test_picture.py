@@ -41,8 +41,7 @@ class Picture(WindowCase):
         portico.key("ctrl+c")
         portico.key("alt+v")
         portico.key("a")  # Actual Size
-        portico.key("alt+f")
-        portico.key("c")  # Close
+        portico.key("Escape")
         portico.wait_until_closed("Picture - 320 by 200")
 
     def test_a_file_that_may_not_grow_is_told_and_the_window_goes_on(self):

@@ -39,6 +39,26 @@ class Timing(WindowCase):
         portico.wait(lambda: "SIM:DEL 0.2;ECHO? 4711\t2\t" in portico.commands, "the copied table")
         self.assertIn("Query\tCount\tMedian ms\t99 % ms\tMaximum ms\n", portico.commands)
 
+    def test_return_closes_and_forgets_nothing(self):
+        portico = self.open(self.simulator().name)
+        portico.wait(lambda: "REM" in portico.commands, "the instrument to be open")
+        portico.type_lines("*IDN?")
+        portico.choose("Execution", "Run")
+        portico.wait(lambda: portico.commands == "", "the lines to be taken")
+        portico.wait_until_idle()
+        portico.choose("View", "Timing...")
+        dialog = portico.window("Timing")
+        portico.wait(lambda: "*IDN?" in self.table(dialog, portico), "the query in the table")
+        portico.key("Return")
+        portico.wait_until_closed("Timing")
+        portico.choose("View", "Timing...")
+        dialog = portico.window("Timing")
+        portico.wait(lambda: "*IDN?" in self.table(dialog, portico), "the query in the table")
+
+    def rows(self, dialog, portico):
+        cells = self.table(dialog, portico)
+        return [cells[i:i + 5] for i in range(0, len(cells), 5)]
+
     def test_the_program_ends_with_the_window_open(self):
         portico = self.open(self.simulator().name)
         portico.choose("View", "Timing...")

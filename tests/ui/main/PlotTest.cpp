@@ -147,6 +147,21 @@ TEST_F(PlotTest, CursorsTellTheirValuesAndDifference) {
   EXPECT_THAT(Rows(plot, u"lstValues")[1], HasSubstr(" | 2 | 4 | 2"));
 }
 
+TEST_F(PlotTest, EscapeTakesTheCursorsAwayAndThenCloses) {
+  Start(u"DMM");
+  Run(u"LIST?\r\n");
+  IForm& plot = Plot();
+  EXPECT_TRUE(Choose(plot, u"mnuOverIndex"));
+  EXPECT_TRUE(Choose(plot, u"mnuCursor1"));
+  const std::size_t open = Screen->Forms().size();
+  const auto escape = [&plot] { EXPECT_TRUE(dynamic_cast<memory::Form&>(plot).PressKey(EscapeKey)); };
+  escape();
+  EXPECT_EQ(Rows(plot, u"lstValues")[0], "(place) |  |  |  |  |  |  |  |  |  | ");
+  EXPECT_EQ(Screen->Forms().size(), open);
+  escape();
+  EXPECT_EQ(Screen->Forms().size(), open - 1);
+}
+
 TEST_F(PlotTest, SavesPicturesAndValues) {
   Start(u"DMM");
   Run(u"LIST?\r\n");

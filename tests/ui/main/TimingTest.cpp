@@ -114,6 +114,17 @@ TEST_F(TimingTest, ThereIsOneWindowAndAfterItsEndNothingIsLeftOfIt) {
   EXPECT_EQ(Screen->Forms().size(), before);
 }
 
+TEST_F(TimingTest, ReturnClosesAndForgetsNothing) {
+  Open();
+  Run(u"*IDN?\r\n");
+  Click(u"mnuTiming");
+  const std::size_t shown = Screen->Forms().size();
+  EXPECT_TRUE(Times().PressKey(ReturnKey));
+  EXPECT_EQ(Screen->Forms().size(), shown - 1);
+  Click(u"mnuTiming");
+  EXPECT_EQ(Rows().size(), 1U);
+}
+
 TEST_F(TimingTest, TimesStandNeitherInTheHistoryNorOnTheWire) {
   Open();
   Click(u"mnuTiming");

@@ -95,7 +95,7 @@ TEST_F(PlotGesturesTest, KeysSetAndMoveCursors) {
   EXPECT_TRUE(Key(LeftKey, CtrlState));
   EXPECT_EQ(Cursors[0], 50);
   EXPECT_EQ(Cursors[1], 51);
-  EXPECT_TRUE(Key(EscapeKey));
+  EXPECT_TRUE(Key(DeleteKey));
   EXPECT_FALSE(Cursors[0].has_value());
   EXPECT_FALSE(Key(RightKey, CtrlState));
 }

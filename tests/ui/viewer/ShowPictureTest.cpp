@@ -1,5 +1,6 @@
 #include "memory/forms/DeviceContext.h"
 #include "memory/forms/PictureView.h"
+#include "platform/KeyCodes.h"
 #include "ui/viewer/ViewLogFixture.h"
 
 namespace portico::test {
@@ -71,6 +72,13 @@ TEST_F(ShowPictureTest, IsOfferedWhileTheCaretIsInAnAnswer) {
   EXPECT_TRUE(Menu(viewer, u"mnuShowPicture").Enabled());
   PutCaret(viewer, 3);
   EXPECT_FALSE(Menu(viewer, u"mnuShowPicture").Enabled());
+}
+
+TEST_F(ShowPictureTest, EscapeClosesIt) {
+  const auto viewer = ViewAnswer(Block(Png()));
+  Choose(viewer);
+  EXPECT_TRUE(Window()->PressKey(EscapeKey));
+  EXPECT_FALSE(Window());
 }
 
 TEST_F(ShowPictureTest, IsSavedAsItCame) {

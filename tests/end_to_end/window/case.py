@@ -21,6 +21,13 @@ class WindowCase(unittest.TestCase):
 
         return Portico(self.desktop, *arguments)
 
+    def connect(self, name):
+        """The window with that instrument, and with nothing in the command window."""
+        portico = self.open(name)
+        portico.wait(lambda: "REM" in portico.commands, "the instrument to be open")
+        portico.clear()
+        return portico
+
     def simulator(self, device="dmm", interface=None):
         from portico import Simulator
 

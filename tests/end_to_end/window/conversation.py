@@ -35,14 +35,6 @@ class Listener:
 
 
 class ConversationCase(WindowCase):
-    def connect(self, name):
-        portico = self.open(name)
-        portico.wait(lambda: "REM" in portico.commands, "the instrument to be open")
-        portico.click(portico.find("txtFuture", "text"))
-        portico.key("ctrl+a", "Delete")
-        portico.wait(lambda: portico.commands == "", "the command window to be empty")
-        return portico
-
     def type(self, portico, text):
         portico.type(text)
         portico.wait(lambda: portico.commands.endswith(text), f"{text!r} to be typed")

@@ -274,6 +274,20 @@ class Portico:
             self.key("Return")
         self.wait(lambda: self.commands.endswith("\n".join(lines) + "\n"), "the lines to be typed")
 
+    def clear(self):
+        """The command window, which then has the focus."""
+        self.click(self.find("txtFuture", "text"))
+        self.key("ctrl+a", "Delete")
+        self.wait(lambda: self.commands == "", "the command window to be empty")
+
+    def run(self, *lines):
+        """These, and nothing else that stands in the command window."""
+        self.clear()
+        self.type_lines(*lines)
+        self.key("F5")
+        self.wait(lambda: self.commands == "", "the lines to be taken")
+        self.wait_until_idle()
+
     def choose_file(self, title, path):
         """Answers the dialog that asks for a file."""
         dialog = self.window(title)

@@ -10,15 +10,9 @@ from case import WindowCase
 class Access(WindowCase):
     UNNAMED = {"scroll bar", "menu bar", "panel", "filler", "separator", "table cell", "column header", "split pane"}
 
-    def talk(self, *lines, device="dmm"):
-        portico = self.open(self.simulator(device).name)
-        portico.wait(lambda: "REM" in portico.commands, "the instrument to be open")
-        portico.click(portico.find("txtFuture", "text"))
-        portico.key("ctrl+a", "Delete")
-        portico.type_lines(*lines)
-        portico.key("F5")
-        portico.wait(lambda: portico.commands == "", "the lines to be taken")
-        portico.wait_until_idle()
+    def talk(self, *lines):
+        portico = self.connect(self.simulator().name)
+        portico.run(*lines)
         return portico
 
     def stops(self, portico, window):

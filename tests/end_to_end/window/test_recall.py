@@ -15,13 +15,8 @@ class Recall(WindowCase):
         return portico
 
     def send(self, portico, *lines):
-        portico.click(portico.find("txtFuture", "text"))
-        portico.key("ctrl+a", "Delete")
-        portico.type_lines(*lines)
-        portico.key("F5")
+        portico.run(*lines)
         portico.wait_for_history(lines[-1] + "\n")
-        portico.wait_until_idle()
-        portico.wait(lambda: portico.commands == "", "all lines to be taken")
 
     def bring(self, portico, key, expected):
         portico.key(key)

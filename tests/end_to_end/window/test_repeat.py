@@ -9,10 +9,7 @@ LINES = ("REM a turn", "SIM:ECHO? 4711", "*CLS")
 
 class Repeat(WindowCase):
     def prepare(self, *lines):
-        portico = self.open(self.simulator().name)
-        portico.wait(lambda: "REM" in portico.commands, "the instrument to be open")
-        portico.click(portico.find("txtFuture", "text"))
-        portico.key("ctrl+a", "Delete")
+        portico = self.connect(self.simulator().name)
         portico.type_lines(*lines)
         return portico
 

@@ -7,14 +7,8 @@ from case import WindowCase
 
 class Search(WindowCase):
     def talk(self, *lines):
-        portico = self.open(self.simulator().name)
-        portico.wait(lambda: "REM" in portico.commands, "the instrument to be open")
-        portico.click(portico.find("txtFuture", "text"))
-        portico.key("ctrl+a", "Delete")
-        portico.type_lines(*lines)
-        portico.key("F5")
-        portico.wait(lambda: portico.commands == "", "all lines to be taken")
-        portico.wait_until_idle()
+        portico = self.connect(self.simulator().name)
+        portico.run(*lines)
         return portico
 
     def open_search(self, portico, text, rows):

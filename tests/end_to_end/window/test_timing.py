@@ -48,16 +48,12 @@ class Timing(WindowCase):
         portico.wait_until_idle()
         portico.choose("View", "Timing...")
         dialog = portico.window("Timing")
-        portico.wait(lambda: "*IDN?" in self.table(dialog, portico), "the query in the table")
+        portico.wait(lambda: "*IDN?" in (row[0] for row in portico.times(dialog)), "the query in the table")
         portico.key("Return")
         portico.wait_until_closed("Timing")
         portico.choose("View", "Timing...")
         dialog = portico.window("Timing")
-        portico.wait(lambda: "*IDN?" in self.table(dialog, portico), "the query in the table")
-
-    def rows(self, dialog, portico):
-        cells = self.table(dialog, portico)
-        return [cells[i:i + 5] for i in range(0, len(cells), 5)]
+        portico.wait(lambda: "*IDN?" in (row[0] for row in portico.times(dialog)), "the query in the table")
 
     def test_the_program_ends_with_the_window_open(self):
         portico = self.open(self.simulator().name)

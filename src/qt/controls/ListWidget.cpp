@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QStyle>
 
 #include <algorithm>
@@ -17,6 +18,10 @@ namespace {
 constexpr int RowsToSee = 14;
 constexpr int CellMargin = 8; // pixels, of both sides together
 constexpr int RowMargin = 4;
+
+// Of the screen, whose rest is for what else a dialog has.
+constexpr double MostWidth = 0.9;
+constexpr double MostHeight = 0.5;
 
 } // namespace
 
@@ -106,7 +111,9 @@ QSize ListWidget::sizeHint() const {
   int width = 2 * frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
   for (int i = 0; i < m_model->columnCount(); ++i) width += columnWidth(i);
   const int height = RowsToSee * verticalHeader()->defaultSectionSize() + horizontalHeader()->sizeHint().height();
-  return {width, height + 2 * frameWidth()};
+  const QSize room = screen()->availableSize();
+  return QSize(width, height + 2 * frameWidth())
+      .boundedTo({static_cast<int>(room.width() * MostWidth), static_cast<int>(room.height() * MostHeight)});
 }
 
 int ListWidget::SelectedRow() const {

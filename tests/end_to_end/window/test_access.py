@@ -38,6 +38,9 @@ class Access(WindowCase):
     def visit(self, portico, keys, title, stops):
         portico.key(*keys)
         window = portico.window(title)
+        place = window.extents()
+        for end, side in zip((place.x + place.width, place.y + place.height), self.desktop.size):
+            self.assertLessEqual(end * self.scale, side, f"{title} goes beyond the screen")
         for node in window.descendants():
             if node.showing and node.role not in self.UNNAMED:
                 self.assertTrue(node.name, f"a {node.role} of {title} has no name")

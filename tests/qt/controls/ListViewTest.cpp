@@ -8,6 +8,8 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QScreen>
+#include <QScrollBar>
 
 namespace portico::test {
 namespace {
@@ -112,6 +114,19 @@ TEST_F(ListViewTest, AColumnOfNumbersHasRoomForItsDigits) {
   list.Rows(std::make_shared<Numbers>());
   const QAbstractItemView& view = widget;
   EXPECT_GE(widget.columnWidth(0), view.sizeHintForIndex(widget.model()->index(0, 0)).width());
+}
+
+TEST_F(ListViewTest, ItsDialogFitsTheScreenHoweverMuchThereIsToSee) {
+  list.Columns({{.Heading = u"Line", .Characters = 1000}, {.Heading = u"Answer", .Characters = 1000}});
+  QFont large = widget.font();
+  large.setPointSize(100);
+  widget.setFont(large);
+  loop.DoEvents();
+  const QSize room = widget.screen()->availableSize();
+  const QSize dialog = widget.window()->frameSize();
+  EXPECT_LE(dialog.width(), room.width());
+  EXPECT_LE(dialog.height(), room.height());
+  EXPECT_GT(widget.horizontalScrollBar()->maximum(), 0) << "the rest can be reached";
 }
 
 TEST_F(ListViewTest, IsReadToWhoeverCannotSeeIt) {

@@ -28,8 +28,9 @@ public:
   /// Whether the connection is to be closed.
   bool Finished() const { return m_finished; }
 
-  /// Takes what has arrived, if `readable`, and sends what is ready, as far as the client takes it.
-  void Exchange(bool readable, TimePoint now);
+  /// Takes what has arrived, if `readable`, and sends what is ready, as far as the client takes it. Of a client that
+  /// has `ended` its side all is taken at once, so that its place is free for who comes next.
+  void Exchange(bool readable, TimePoint now, bool ended = false);
   /// The connection broke. What had come before is still taken if that does not depend on what is sent.
   void Break(TimePoint now);
 

@@ -35,8 +35,10 @@ std::optional<TimePoint> ClientConnection::NextEvent() const {
   return m_connection->NextEvent();
 }
 
-void ClientConnection::Exchange(bool readable, TimePoint now) {
-  if (readable) Receive(now);
+void ClientConnection::Exchange(bool readable, TimePoint now, bool ended) {
+  if (readable) {
+    while (Receive(now) && ended && WantsInput()) continue;
+  }
   Send(now);
   if (!m_output.empty()) return;
   if (m_connection->Finished(m_inputEnded)) m_finished = true;

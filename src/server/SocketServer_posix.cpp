@@ -102,7 +102,7 @@ void SocketServer::Run() {
     }
     const std::size_t firstClient = polled.size();
     for (const auto& client : m_clients) {
-      const int wanted = (client->WantsInput() ? POLLIN : 0) | (client->WantsOutput() ? POLLOUT : 0);
+      const int wanted = (client->WantsInput() ? POLLIN | POLLRDHUP : 0) | (client->WantsOutput() ? POLLOUT : 0);
       polled.push_back({client->Descriptor(), static_cast<short>(wanted), 0});
     }
     const auto timeout = Timeout(NextEvent(), now);
@@ -126,7 +126,8 @@ void SocketServer::Serve(TimePoint now, const std::vector<short>& events) {
     ClientConnection& client = *m_clients[i];
     const auto next = client.NextEvent();
     if ((events[i] & POLLIN) != 0 || (events[i] & POLLOUT) != 0 || (next && *next <= now)) {
-      client.Exchange((events[i] & POLLIN) != 0, now);
+      const bool ended = (events[i] & (POLLRDHUP | POLLHUP | POLLERR)) != 0;
+      client.Exchange((events[i] & POLLIN) != 0, now, ended);
     } else if (events[i] != 0) {
       client.Break(now);
     }
@@ -144,17 +145,16 @@ std::optional<TimePoint> SocketServer::NextEvent() const {
   return next;
 }
 
+/// One at a time: whoever came before is looked at first, and may have gone already.
 void SocketServer::Accept(const Opened& listener, TimePoint now) {
   m_acceptAgain = {};
-  while (m_clients.size() < MostClients) {
-    FileDescriptor accepted(accept4(listener.Socket.Get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-    if (!accepted.IsOpen()) {
-      const bool exhausted = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
-      if (exhausted) m_acceptAgain = now + AcceptPause;
-      return;
-    }
+  if (m_clients.size() >= MostClients) return;
+  FileDescriptor accepted(accept4(listener.Socket.Get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+  if (accepted.IsOpen()) {
     SetOption(accepted.Get(), IPPROTO_TCP, TCP_NODELAY);
     Add(std::move(accepted), listener.Factory(listener.Port));
+  } else if (errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM) {
+    m_acceptAgain = now + AcceptPause;
   }
 }
 

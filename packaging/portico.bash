@@ -76,7 +76,7 @@ _portico() {
       esac
       if [[ $word == -* ]]; then
         _portico_offer "$options"
-      elif [[ $program == portico-run && $positional == 0 ]]; then
+      elif [[ $program =~ ^portico-(run|tap)$ && $positional == 0 ]]; then
         _portico_offer SIM::{dmm,psu,scope}::INSTR
       elif [[ $program == portico-log && $positional == 0 ]]; then
         _portico_offer show export stats errors table diff cut merge blocks

@@ -13,6 +13,7 @@
 #include "terminal/console/Interrupts.h"
 #include "terminal/console/StandardStreams.h"
 
+#include <csignal>
 #include <exception>
 #include <iostream>
 #include <stdexcept>
@@ -26,7 +27,8 @@ using namespace portico::tap;
 constexpr int UsageStatus = 2;
 constexpr int InternalStatus = 5;
 
-void Tell(const std::string& text) { std::cerr << Diagnostic("portico-tap", text) << std::endl; }
+/// In one piece, since conversations with instruments have threads of their own.
+void Tell(const std::string& text) { std::cerr << Diagnostic("portico-tap", text) + "\n" << std::flush; }
 
 int Fail(const std::string& text) {
   Tell(text);
@@ -59,23 +61,23 @@ int Serve(const TapOptions& options) {
   if (const auto* reason = std::get_if<std::string>(&log)) return Fail(*reason);
   Recorder recorder(
       {std::get<Ref<CXMLDataStore>>(log), options.Show ? &std::cout : nullptr, terminal::IsOutputShown(), Tell});
-  const auto line = MakeLine(options.Instrument, {server, options.Timeout, &cancellation, Tell});
+  const auto line = MakeLine(options.Instrument, options.Client, {server, options.Timeout, &cancellation, Tell});
   Place place(*line, recorder);
-  const auto protocol = static_cast<std::size_t>(*ProtocolOf(options.Instrument));
-  const auto [name, option, help] = Protocols[protocol];
+  const auto [name, option, help] = Protocols[static_cast<std::size_t>(options.Client)];
   try {
-    server.Listen({options.Address, *options.Ports[protocol], MakeFactory(options.Instrument, place)});
+    server.Listen({options.Address, options.Port, MakeFactory(options.Instrument, options.Client, place)});
   } catch (const std::invalid_argument& error) {
     return Fail(error.what());
   } catch (const std::system_error& error) {
     return Fail(std::string(error.what()) + "; give another " + option + ", 0 for a free one, or another --bind");
   }
   std::cout << "listening on " << server.Endpoint() << (*name == 0 ? "" : " ") << name << std::endl;
+  std::signal(SIGPIPE, SIG_IGN); // who watches may go, and the conversation goes on
   server.Run();
   recorder.Finish();
-  if (!recorder.IsIncomplete()) return 0;
-  Tell("the log is incomplete");
-  return InternalStatus;
+  if (!std::cout.flush()) Tell("standard output cannot be written");
+  if (recorder.IsIncomplete()) Tell("the log is incomplete");
+  return std::cout && !recorder.IsIncomplete() ? 0 : InternalStatus;
 }
 
 } // namespace

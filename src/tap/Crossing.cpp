@@ -79,11 +79,6 @@ std::unique_ptr<server::IServedConnection> Crossing::InstrumentEnd() {
 
 bool Crossing::Ending() const { return m_client.Ended || m_instrument.Ended; }
 
-void Crossing::GiveWay() {
-  for (Side* side : {&m_client, &m_instrument}) {
-    side->Output.clear();
-    side->Dismissed = true;
-  }
-}
+void Crossing::GiveWay() { m_client.Dismissed = m_instrument.Dismissed = true; }
 
 } // namespace portico::tap

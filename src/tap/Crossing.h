@@ -29,7 +29,7 @@ public:
 
   /// Whether one of the sides has ended what it has to say.
   bool Ending() const;
-  /// Both connections are to end at once.
+  /// Both connections are to end once what has come over the other one is sent.
   virtual void GiveWay();
 
 protected:

@@ -4,6 +4,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+
 namespace portico::tap {
 namespace {
 
@@ -13,20 +15,20 @@ constexpr int UsualTimeout = 5000;      // milliseconds
 
 using Request = std::variant<TapOptions, HelpText, UsageError>;
 
-/// The client is to speak as the instrument does.
-std::optional<UsageError> CheckPorts(const TapOptions& options) {
-  const auto protocol = ProtocolOf(options.Instrument);
-  if (!protocol) {
-    return UsageError{"'" + options.Instrument.Canonical() +
-                      "' is reached by no raw socket, VXI-11 or HiSLIP; use a name such as TCPIP::HOST::5025::SOCKET"};
+using Ports = std::array<std::optional<std::uint16_t>, Protocols.size()>;
+
+/// One of the protocols: the raw socket, or that of the instrument.
+std::optional<UsageError> ChoosePort(TapOptions& options, const Ports& ports) {
+  const auto isGiven = [](const auto& port) { return port.has_value(); };
+  if (std::count_if(ports.begin(), ports.end(), isGiven) != 1) {
+    return UsageError{"use one of --listen, --vxi11 and --hislip, with the port to listen on"};
   }
-  const auto wanted = static_cast<std::size_t>(*protocol);
-  for (std::size_t i = 0; i < Protocols.size(); ++i) {
-    if (options.Ports[i].has_value() == (i == wanted)) continue;
-    return UsageError{"'" + options.Instrument.Canonical() + "' is spoken to in the protocol of " +
-                      Protocols[wanted].Option + "; use that and no other"};
-  }
-  return {};
+  const auto chosen = std::find_if(ports.begin(), ports.end(), isGiven);
+  options.Client = static_cast<Protocol>(chosen - ports.begin());
+  options.Port = **chosen;
+  if (options.Client == Protocol::Raw || options.Client == ProtocolOf(options.Instrument)) return {};
+  return UsageError{"'" + options.Instrument.Canonical() + "' is not spoken to in the protocol of " +
+                    Protocols[static_cast<std::size_t>(options.Client)].Option + "; use --listen"};
 }
 
 } // namespace
@@ -42,6 +44,7 @@ Request ParseTapOptions(int argc, const char* const* argv) {
   TapOptions options;
   std::string instrument;
   std::string log;
+  Ports ports;
   int timeout = UsualTimeout;
 
   CLI::App app("Stands between a program and an instrument, and keeps what they say.", "portico-tap");
@@ -49,9 +52,7 @@ Request ParseTapOptions(int argc, const char* const* argv) {
   app.add_option("INSTRUMENT", instrument, "The instrument's name, such as TCPIP::192.168.1.5::5025::SOCKET")
       ->required();
   for (std::size_t i = 0; i < Protocols.size(); ++i) {
-    app.add_option(Protocols[i].Option, options.Ports[i], Protocols[i].Help)
-        ->type_name("PORT")
-        ->check(CLI::Range(0, 65535));
+    app.add_option(Protocols[i].Option, ports[i], Protocols[i].Help)->type_name("PORT")->check(CLI::Range(0, 65535));
   }
   app.add_option("--bind", options.Address, "The IPv4 or IPv6 address to listen on")
       ->type_name("ADDRESS")
@@ -59,7 +60,7 @@ Request ParseTapOptions(int argc, const char* const* argv) {
   auto* logOption = app.add_option("--log", log, "Keep the conversation in this log")->type_name("FILE");
   app.add_flag("--overwrite", options.Overwrite, "Begin the log anew instead of extending it")->needs(logOption);
   app.add_flag("--show", options.Show, "Print the conversation, as portico-run does");
-  app.add_option("--timeout", timeout, "How long a connection to the instrument may take to make")
+  app.add_option("--timeout", timeout, "How long the instrument may take to be reached and, where it speaks otherwise, to answer")
       ->type_name("MS")
       ->check(CLI::Range(ShortestTimeout, LongestTimeout))
       ->capture_default_str();
@@ -78,7 +79,7 @@ Request ParseTapOptions(int argc, const char* const* argv) {
     if (file.BadByte || file.Text.empty()) return UsageError{"--log '" + log + "': name a file in UTF-8"};
     options.LogFile = file.Text;
   }
-  if (auto error = CheckPorts(options)) return *error;
+  if (auto error = ChoosePort(options, ports)) return *error;
   return options;
 }
 

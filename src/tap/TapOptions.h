@@ -35,13 +35,13 @@ inline constexpr std::array Protocols = {
 /// In which of them the instrument is spoken to; none for one that is spoken to in another way.
 std::optional<Protocol> ProtocolOf(const drivers::ResourceName& instrument);
 
-/// What is asked of the program.
+/// What is asked of the program. Clients speak as a raw socket has it, or as the instrument does.
 struct TapOptions {
   drivers::ResourceName Instrument{drivers::SimulatedAddress{}};
   std::string Address = "127.0.0.1"; ///< to listen on
-  std::array<std::optional<std::uint16_t>, Protocols.size()> Ports =
-      {};              ///< of the protocols, where there are to be any
-  String LogFile = {}; ///< empty for none
+  Protocol Client = Protocol::Raw;   ///< what the clients speak
+  std::uint16_t Port = 0;            ///< to listen on; 0 picks a free one
+  String LogFile = {};               ///< empty for none
   bool Overwrite = false;
   bool Show = false;
   std::chrono::milliseconds Timeout{};

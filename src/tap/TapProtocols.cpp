@@ -2,7 +2,10 @@
 
 #include "drivers/hislip/HislipTransport.h"
 #include "drivers/sockets/TcpTransport.h"
+#include "drivers/standard/StandardTransports.h"
 #include "drivers/vxi11/CorePort.h"
+#include "simulator/connection/DeviceRack.h"
+#include "tap/BridgeLine.h"
 #include "tap/HislipCrossing.h"
 #include "tap/RawCrossing.h"
 #include "tap/Vxi11Crossing.h"
@@ -34,9 +37,25 @@ TcpLine::PortFinder AskedPort(const std::string& host, const system::Cancellatio
   };
 }
 
+/// Makes the transport of any instrument; simulated ones live as long as the function.
+InstrumentBridge::TransportMaker AnyTransport() {
+  constexpr std::uint64_t simulatorSeed = 1;
+  const auto connect = [rack = std::make_shared<simulator::DeviceRack>(simulatorSeed)](const std::string& device) {
+    return rack->Connect(device);
+  };
+  return
+      [connect](const drivers::ResourceName& name, drivers::IClock& clock, const system::Cancellation* cancellation) {
+        return drivers::StandardTransports(connect, clock, cancellation).at(name.Kind())(name);
+      };
+}
+
 } // namespace
 
-std::unique_ptr<IInstrumentLine> MakeLine(const drivers::ResourceName& instrument, TcpLine::Needs needs) {
+std::unique_ptr<IInstrumentLine> MakeLine(const drivers::ResourceName& instrument, Protocol client,
+                                          TcpLine::Needs needs) {
+  if (client != ProtocolOf(instrument)) {
+    return std::make_unique<BridgeLine>(instrument, AnyTransport(), needs.Server, needs.Timeout, needs.Tell);
+  }
   if (const auto* socket = std::get_if<SocketAddress>(&instrument.GetAddress())) {
     return std::make_unique<TcpLine>(socket->Host, KnownPort(socket->Port), std::move(needs));
   }
@@ -49,10 +68,10 @@ std::unique_ptr<IInstrumentLine> MakeLine(const drivers::ResourceName& instrumen
   return std::make_unique<TcpLine>(device.Host, std::move(findPort), std::move(needs));
 }
 
-server::ConnectionFactory MakeFactory(const drivers::ResourceName& instrument, Place& place) {
-  if (instrument.Kind() == drivers::InterfaceKind::Socket) return RawCrossing::Factory(place);
+server::ConnectionFactory MakeFactory(const drivers::ResourceName& instrument, Protocol client, Place& place) {
+  if (client == Protocol::Raw) return RawCrossing::Factory(place);
   const auto& device = std::get<LanDeviceAddress>(instrument.GetAddress());
-  if (device.Protocol() == LanProtocol::Hislip) return HislipCrossing::Factory(place, device.Device);
+  if (client == Protocol::Hislip) return HislipCrossing::Factory(place, device.Device);
   return Vxi11Crossing::Factory(place, device.Device);
 }
 

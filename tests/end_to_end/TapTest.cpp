@@ -1,39 +1,8 @@
 #include "end_to_end/RunLogs.h"
-
-#include <csignal>
-#include <tuple>
+#include "end_to_end/TapPrograms.h"
 
 namespace portico::test {
 namespace {
-
-/// portico-tap on a free port of this machine, for as long as the object lives.
-class TapProgram {
-public:
-  TapProgram(const std::string& option, const std::string& instrument, const Arguments& arguments = {})
-      : Program(Arguments{PORTICO_TAP, option, "0"} + arguments + Arguments{instrument}) {
-    Program.WaitForOutput("listening on 127.0.0.1:");
-    Port = Program.ReadLine();
-    Port = Port.substr(0, Port.find(' '));
-  }
-
-  Outcome End() {
-    Program.Signal(SIGINT);
-    return Program.Wait();
-  }
-
-  Process Program;
-  std::string Port;
-};
-
-std::string RawName(const std::string& port) { return "TCPIP::127.0.0.1::" + port + "::SOCKET"; }
-std::string Vxi11Name(const std::string& port) { return "TCPIP::127.0.0.1," + port + "::inst0::INSTR"; }
-std::string HislipName(const std::string& port) { return "TCPIP::127.0.0.1::hislip0," + port + "::INSTR"; }
-
-/// The port of a listener, from "127.0.0.1:PORT" or "127.0.0.1:PORT PROTOCOL".
-std::string PortOf(const std::string& address) {
-  const std::string port = address.substr(address.rfind(':') + 1);
-  return port.substr(0, port.find(' '));
-}
 
 struct ProtocolCase {
   std::string Name;
@@ -158,10 +127,13 @@ protected:
 TEST_F(TapUsageTest, SaysWhatWasWrongAndWhatWouldBeRight) {
   ExpectRefusal({"--listen", "0", "nonsense"}, "'nonsense' is no instrument name: \"nonsense\" is no interface; write "
                                                "TCPIP::HOST::PORT::SOCKET or SIM::DEVICE::INSTR");
-  ExpectRefusal({RawName("5025")},
-                "'TCPIP0::127.0.0.1::5025::SOCKET' is spoken to in the protocol of --listen; use that and no other");
-  ExpectRefusal({"--listen", "0", "TCPIP::127.0.0.1::inst0::INSTR"},
-                "'TCPIP0::127.0.0.1::inst0::INSTR' is spoken to in the protocol of --vxi11; use that and no other");
+  const std::string ports = "use one of --listen, --vxi11 and --hislip, with the port to listen on";
+  ExpectRefusal({RawName("5025")}, ports);
+  ExpectRefusal({"--listen", "0", "--vxi11", "0", RawName("5025")}, ports);
+  ExpectRefusal({"--vxi11", "0", RawName("5025")},
+                "'TCPIP0::127.0.0.1::5025::SOCKET' is not spoken to in the protocol of --vxi11; use --listen");
+  ExpectRefusal({"--hislip", "0", SimulatedMeter},
+                "'SIM::dmm::INSTR' is not spoken to in the protocol of --hislip; use --listen");
   ExpectRefusal({"--listen", "0", "--log", "/dev/full", RawName("5025")},
                 "cannot log to /dev/full: The file, /dev/full, is not a valid data store.");
   ExpectRefusal({"--listen", "0", "--bind", "nowhere", RawName("5025")},

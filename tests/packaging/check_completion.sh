@@ -76,7 +76,7 @@ at "portico-sim --port " ""
 files_at "portico-sim --replay "
 at "portico-sim " ""
 at "portico-tap --listen " ""
-at "portico-tap " ""
+at "portico-tap " "SIM::dmm::INSTR SIM::psu::INSTR SIM::scope::INSTR"
 files_at "portico-tap --log "
 at "portico-log export --format " "csv json cmd"
 for format in csv json cmd; do

@@ -86,6 +86,16 @@ TEST_F(RawCrossingTest, ClientThatHasEndedItsSideGivesWayToTheNext) {
   EXPECT_THAT(Logged(), ElementsAre("-", "> *RST", "unclosed", "> *CLS"));
 }
 
+TEST_F(RawCrossingTest, WhatWasSaidBeforeGivingWayStillCrosses) {
+  Wire& client = Come();
+  Wire& first = Instrument();
+  client.Send("*RST\n", Now); // and nobody is served in between
+  client.EndInput(Now);
+  Come();
+  EXPECT_EQ(first.Got, "*RST\n");
+  EXPECT_FALSE(first.Open());
+}
+
 TEST_F(RawCrossingTest, ClientOfAnInstrumentThatIsNotThereIsClosed) {
   Reachable = false;
   EXPECT_FALSE(Come().Open());

@@ -1,0 +1,173 @@
+#include "server/SocketServer.h"
+#include "support/Files.h"
+#include "support/doubles/ScriptedServer.h"
+#include "support/fixtures/FrameworkTest.h"
+#include "tap/TapProtocols.h"
+
+#include "document/log/CMockTimeStampServer.h"
+#include "document/log/LogReader.h"
+
+#include <array>
+#include <chrono>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <variant>
+#include <vector>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace portico::tap {
+namespace {
+
+using test::Reaction;
+
+/// A client on a socket, which waits no longer than ten seconds.
+class Client {
+public:
+  explicit Client(std::uint16_t port) : m_socket(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    const timeval patience{10, 0};
+    setsockopt(m_socket.Get(), SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(port);
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    EXPECT_EQ(connect(m_socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+  }
+
+  void Send(std::string_view bytes) const {
+    EXPECT_EQ(send(m_socket.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL), static_cast<ssize_t>(bytes.size()));
+  }
+  /// What comes until the other side ends; "!" stands behind what a break or an impatience ends.
+  std::string ReadToEnd() const {
+    std::string got;
+    std::array<char, 1000> buffer{};
+    for (;;) {
+      const ssize_t count = recv(m_socket.Get(), buffer.data(), buffer.size(), 0);
+      if (count <= 0) return count == 0 ? got : got + "!";
+      got.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+  }
+  /// From here on closing breaks the connection.
+  void WillBreak() const {
+    const linger none{1, 0};
+    setsockopt(m_socket.Get(), SOL_SOCKET, SO_LINGER, &none, sizeof none);
+  }
+
+private:
+  const system::FileDescriptor m_socket;
+};
+
+/// A tap between sockets, in a thread of its own for as long as Conversing() has not ended.
+class TapFaultTest : public test::FrameworkTest {
+protected:
+  TapFaultTest() {
+    gTimeStamper = New<CMockTimeStampServer>();
+    auto log = New<CXMLDataStore>();
+    log->Initialize(FromUtf8(m_folder.At("talk.log")).Text, false);
+    const auto tell = [this](const std::string& text) { m_told.push_back(text); };
+    m_recorder.emplace(Recorder::Outputs{log, nullptr, false, tell});
+    const auto name = std::get<drivers::ResourceName>(drivers::ResourceName::Parse(Instrument.ResourceName()));
+    m_line = MakeLine(name, Protocol::Raw, {m_server, std::chrono::seconds(10), nullptr, tell});
+    m_place.emplace(*m_line, *m_recorder);
+    m_server.Listen({"127.0.0.1", 0, MakeFactory(name, Protocol::Raw, *m_place)});
+    m_thread = std::thread([this] { m_server.Run(); });
+  }
+  ~TapFaultTest() override {
+    End();
+    m_recorder.reset();
+    gTimeStamper = nullptr;
+  }
+
+  void End() {
+    if (!m_thread.joinable()) return;
+    m_server.Stop();
+    m_thread.join();
+    m_recorder->Finish();
+  }
+  std::uint16_t Port() const { return m_server.Port(); }
+
+  /// How many sessions of a whole log are closed.
+  std::size_t ClosedSessions() {
+    struct Counter final : ILogVisitor {
+      void SessionOpened(const LogElement& session) override {
+        Count += session.Attribute("SessionCloseTimeStamp") ? 1 : 0;
+      }
+      std::size_t Count = 0;
+    } counter;
+    End();
+    EXPECT_EQ(LogReader::Read(m_folder.Read("talk.log"), counter).Ending, LogReading::End::Complete);
+    EXPECT_TRUE(m_told.empty());
+    return counter.Count;
+  }
+
+  test::ScriptedServer Instrument{test::InstrumentScript{}};
+
+private:
+  const test::TemporaryFolder m_folder;
+  server::SocketServer m_server;
+  std::vector<std::string> m_told;
+  std::optional<Recorder> m_recorder;
+  std::unique_ptr<IInstrumentLine> m_line;
+  std::optional<Place> m_place;
+  std::thread m_thread;
+};
+
+const std::string Answer = "A,1\n#13\n\n\n\n";
+
+TEST_F(TapFaultTest, ClientGetsAllThatAnInstrumentSaidBeforeItDied) {
+  for (std::size_t cut = 0; cut <= Answer.size(); ++cut) {
+    Instrument.On("A?", Reaction::Close(Answer.substr(0, cut)));
+    const Client client(Port());
+    client.Send("A?\n");
+    EXPECT_EQ(client.ReadToEnd(), Answer.substr(0, cut)) << cut;
+  }
+  EXPECT_EQ(ClosedSessions(), Answer.size() + 1);
+}
+
+TEST_F(TapFaultTest, InstrumentGetsAllThatAClientSaidBeforeItHungUp) {
+  const std::string said = "*RST\nDATA #13\n\n\n\nA?\n";
+  std::string expected;
+  for (std::size_t cut = 1; cut <= said.size(); ++cut) {
+    {
+      const Client client(Port());
+      client.Send(said.substr(0, cut));
+    }
+    expected += said.substr(0, cut);
+    Instrument.WaitForReceived(expected);
+    EXPECT_EQ(Instrument.Received(), expected);
+  }
+  Instrument.WaitForNoClient();
+  EXPECT_EQ(ClosedSessions(), said.size());
+}
+
+TEST_F(TapFaultTest, ClientThatHangsUpLeavesItsPlaceToWhoComesAtOnce) {
+  Instrument.On("A?", Reaction::Answer("1\n"));
+  Instrument.On("END", Reaction::Close());
+  for (int i = 0; i < 20; ++i) {
+    {
+      const Client before(Port());
+      before.Send("A?\nA?\n");
+      if (i % 2 == 0) before.WillBreak();
+    }
+    const Client client(Port());
+    client.Send("A?\nEND\n");
+    EXPECT_EQ(client.ReadToEnd(), "1\n");
+  }
+}
+
+TEST_F(TapFaultTest, LongAnswerCrossesWholeThoughItIsTakenSlowly) {
+  const std::string answer(std::size_t{20} << 20U, 'x');
+  Instrument.On("A?", Reaction::Close(answer + '\n'));
+  const Client client(Port());
+  client.Send("A?\n");
+  Instrument.WaitForReceived("A?\n");
+  const std::string got = client.ReadToEnd();
+  EXPECT_EQ(got.size(), answer.size() + 1);
+}
+
+} // namespace
+} // namespace portico::tap

@@ -60,7 +60,8 @@ Request ParseTapOptions(int argc, const char* const* argv) {
   auto* logOption = app.add_option("--log", log, "Keep the conversation in this log")->type_name("FILE");
   app.add_flag("--overwrite", options.Overwrite, "Begin the log anew instead of extending it")->needs(logOption);
   app.add_flag("--show", options.Show, "Print the conversation, as portico-run does");
-  app.add_option("--timeout", timeout, "How long the instrument may take to be reached and, where it speaks otherwise, to answer")
+  app.add_option("--timeout", timeout,
+                 "How long the instrument may take to be reached and, where it speaks otherwise, to answer")
       ->type_name("MS")
       ->check(CLI::Range(ShortestTimeout, LongestTimeout))
       ->capture_default_str();

@@ -3,6 +3,7 @@
 #include "qt/loop/HandlerTurn.h"
 
 #include <QApplication>
+#include <QMenuBar>
 
 #include <algorithm>
 #include <utility>
@@ -53,7 +54,7 @@ Form* Screen::FormOf(const QWidget& widget) const {
 
 void Screen::HandleKey(QObject& watched, const QKeyEvent& event) const {
   const auto* widget = qobject_cast<QWidget*>(&watched);
-  if (widget == nullptr) return;
+  if (widget == nullptr || qobject_cast<const QMenuBar*>(widget) != nullptr) return; // which takes its keys itself
   // A key goes from the widget with the focus to those that hold it, until one takes it; it counts once.
   const QWidget* focus = widget->window()->focusWidget();
   if (widget != (focus != nullptr ? focus : widget->window())) return;

@@ -66,6 +66,21 @@ class Access(WindowCase):
         portico = self.talk("MEAS:VOLT:DC?", "MEAS:VOLT:DC?")
         self.visit(portico, ("alt+v", "l"), "Plot", ["Queries", "Plot", "What is seen of the curves"])
 
+    def test_escape_leaves_the_menu_bar_before_it_closes_the_plot(self):
+        portico = self.talk("MEAS:VOLT:DC?")
+        portico.key("alt+v", "l")
+        window = portico.window("Plot")
+        file = portico.find("File", "menu item", within=window)
+        portico.key("alt+f")
+        portico.wait(lambda: portico.find("Print...", "menu item", within=window).showing, "the menu")
+        self.desktop.xdotool("key", "Escape")
+        portico.wait(lambda: not portico.find("Print...", "menu item", within=window).showing, "the menu to close")
+        self.desktop.xdotool("key", "Escape")
+        portico.wait(lambda: not file.focused and portico.find("Queries", "table", within=window).focused,
+                     "the focus to be back")
+        portico.key("Escape")
+        portico.wait_until_closed("Plot")
+
 
 class AccessAtDoubleScale(Access):
     scale = 2

@@ -218,6 +218,17 @@ TEST_F(FormTest, EscapeClosesADialog) {
   EXPECT_TRUE(AsForm(form).Window().isVisible());
 }
 
+TEST_F(FormTest, AKeyThatLeavesTheMenuBarIsNotSeen) {
+  const Ref<IForm> form = Shown(SampleWindow);
+  int keys = 0;
+  form->Events().KeyDown.Connect([&](std::int32_t, std::int32_t) { ++keys; });
+  auto* bar = Find<QMenuBar>(form, "");
+  bar->setFocus();
+  ASSERT_TRUE(bar->hasFocus());
+  QTest::keyClick(bar, Qt::Key_Escape);
+  EXPECT_EQ(keys, 0);
+}
+
 TEST_F(FormTest, KeysAreSeenOnceBeforeTheControlWithTheFocus) {
   const Ref<IForm> form = Shown(SampleWindow);
   auto* edit = Find<QPlainTextEdit>(form, "txtUpper");

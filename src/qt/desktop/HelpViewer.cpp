@@ -18,11 +18,29 @@
 #include <QWindow>
 
 #include <utility>
+#include <vector>
 
 namespace portico::qt {
 namespace {
 
 constexpr double PageMargin = 12; // pixels
+constexpr int LeastContrast = 60; // in grey, of 255, between a text that can be read and its ground
+const QColor LinkOnDark(0x6C, 0xB4, 0xFF);
+
+/// That of the theme, unless it cannot be read: a dark theme may leave links as they are on white.
+QColor LinkColor(const QPalette& palette) {
+  const QColor link = palette.color(QPalette::Link);
+  const int ground = qGray(palette.color(QPalette::Base).rgb());
+  return qGray(link.rgb()) - ground < LeastContrast && ground < 128 ? LinkOnDark : link;
+}
+
+/// So it is with what an empty field says.
+QPalette WithFaintText(QPalette palette) {
+  QColor faint = palette.color(QPalette::Text);
+  faint.setAlpha(0x80);
+  palette.setColor(QPalette::PlaceholderText, faint);
+  return palette;
+}
 
 } // namespace
 
@@ -45,6 +63,23 @@ void HelpBrowser::Dress() {
     format.setBottomMargin(8);
     table->setFormat(format);
   }
+  DressLinks();
+}
+
+void HelpBrowser::DressLinks() {
+  std::vector<QTextCursor> links;
+  for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+    for (auto part = block.begin(); !part.atEnd(); ++part) {
+      const QTextFragment text = part.fragment();
+      if (!text.charFormat().isAnchor()) continue;
+      QTextCursor& link = links.emplace_back(document());
+      link.setPosition(text.position());
+      link.setPosition(text.position() + text.length(), QTextCursor::KeepAnchor);
+    }
+  }
+  QTextCharFormat format;
+  format.setForeground(LinkColor(palette()));
+  for (QTextCursor& link : links) link.mergeCharFormat(format);
 }
 
 void HelpBrowser::GoToHeading(const QString& name) {
@@ -93,6 +128,7 @@ void HelpViewer::Build() {
   m_search->setObjectName(QStringLiteral("helpSearch"));
   m_search->setAccessibleName(QStringLiteral("Find in page"));
   m_search->setPlaceholderText(QStringLiteral("Find in page"));
+  m_search->setPalette(WithFaintText(m_search->palette()));
   m_search->setClearButtonEnabled(true);
   bar->addSeparator();
   bar->addWidget(m_search);

@@ -22,6 +22,7 @@ protected:
 private:
   /// A manual page comes without any margins.
   void Dress();
+  void DressLinks();
   void GoToHeading(const QString& name);
 };
 

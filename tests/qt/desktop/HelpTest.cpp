@@ -138,6 +138,26 @@ TEST_F(HelpTest, AFolderThatIsNotThereRaises53) {
   EXPECT_EQ(Raised([&] { lost.WinHelp(u"TVPort.hlp", HelpFinder, u""); }).Number, 53);
 }
 
+TEST_F(HelpTest, LinksCanBeReadInADarkThemeThatHasTheColorOfALightOne) {
+  const QPalette before = QApplication::palette();
+  QPalette dark = before;
+  dark.setColor(QPalette::Base, QColor(0x20, 0x20, 0x20));
+  dark.setColor(QPalette::Text, Qt::white);
+  dark.setColor(QPalette::Link, Qt::blue);
+  dark.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 0x80));
+  QApplication::setPalette(dark);
+  viewer.WinHelp(u"TVPort.hlp", HelpFinder, u"");
+  QTextCursor link(Browser().document());
+  while (!link.charFormat().isAnchor() && link.movePosition(QTextCursor::NextCharacter)) {
+  }
+  ASSERT_TRUE(link.charFormat().isAnchor());
+  EXPECT_EQ(link.charFormat().anchorHref(), "options.md");
+  EXPECT_GT(qGray(link.charFormat().foreground().color().rgb()), 0x20 + 100);
+  const QColor empty = Window()->findChild<QLineEdit*>("helpSearch")->palette().color(QPalette::PlaceholderText);
+  EXPECT_GT(qGray(empty.rgb()), 0x20 + 100) << "what an empty field says";
+  QApplication::setPalette(before);
+}
+
 TEST_F(HelpTest, StaysUsableBesideAModalForm) {
   const Ref<IForm> form = screen.Load({.Name = u"frmDialog", .Caption = u"Dialog", .Style = FormStyle::Dialog});
   bool wasOwned = false;

@@ -5,6 +5,7 @@
 
 #include "application/HostEnvironment.h"
 #include "benchmarks/BareProtocols.h"
+#include "benchmarks/OneCore.h"
 #include "benchmarks/Part.h"
 #include "document/log/CMockTimeStampServer.h"
 #include "framework/errors/HuntERR.h"
@@ -15,14 +16,12 @@
 #include "simulator/vxi11/ServedVxi11.h"
 #include "tap/TapProtocols.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <functional>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -30,9 +29,6 @@
 #include <variant>
 #include <vector>
 
-#include <sched.h>
-#include <signal.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -44,12 +40,6 @@ const std::string Host = "127.0.0.1";
 const std::string Query = "*IDN?";
 
 using Samples = std::vector<double>; // microseconds
-
-double Median(Samples samples) {
-  const auto middle = samples.begin() + static_cast<std::ptrdiff_t>(samples.size() / 2);
-  std::nth_element(samples.begin(), middle, samples.end());
-  return *middle;
-}
 
 struct Wire {
   const char* Name;
@@ -65,26 +55,6 @@ const std::array Wires = {
          [](const std::string& port) { return "TCPIP::127.0.0.1," + port + "::inst0::INSTR"; }},
     Wire{"HiSLIP", BareHislipQuery, simulator::HislipConnection::Factory,
          [](const std::string& port) { return "TCPIP::127.0.0.1::hislip0," + port + "::INSTR"; }},
-};
-
-/// Serves in a process of its own, for as long as the object lives.
-class Process {
-public:
-  explicit Process(const std::function<void()>& serve) : m_process(fork()) {
-    if (m_process < 0) throw std::system_error(errno, std::generic_category(), "fork");
-    if (m_process > 0) return;
-    serve();
-    _exit(0);
-  }
-  ~Process() {
-    kill(m_process, SIGTERM);
-    waitpid(m_process, nullptr, 0);
-  }
-  Process(const Process&) = delete;
-  Process& operator=(const Process&) = delete;
-
-private:
-  const pid_t m_process;
 };
 
 /// A tap for one wire, as the program has it.
@@ -130,7 +100,7 @@ double Measure(const Wire& wire, std::uint16_t port, int queries) {
 
 void Compare(const Wire& wire, std::uint16_t port, const std::string& log, int queries, int rounds) {
   TapServer tap(wire, port, log);
-  const Process process([&tap] { tap.Serve(); });
+  const ServingProcess process([&tap] { tap.Serve(); });
   Samples bare;
   Samples tapped;
   for (int round = 0; round < rounds; ++round) {
@@ -143,28 +113,19 @@ void Compare(const Wire& wire, std::uint16_t port, const std::string& log, int q
               through, through / direct);
 }
 
-int Argument(int argc, char** argv, int index, int otherwise) {
-  return index < argc ? std::max(1, std::atoi(argv[index])) : otherwise;
-}
-
 } // namespace
 
 int main(int argc, char** argv) try {
   const int queries = Argument(argc, argv, 1, Part(5'000));
   const int rounds = Argument(argc, argv, 2, Part(9));
-  cpu_set_t one;
-  CPU_ZERO(&one);
-  CPU_SET(0, &one);
-  if (sched_setaffinity(0, sizeof one, &one) != 0) { // children inherit it
-    throw std::system_error(errno, std::generic_category(), "sched_setaffinity");
-  }
+  KeepToOneCore();
   HostEnvironment environment;
   HuntERR::SetEnvironment(&environment);
   gTimeStamper = New<CMockTimeStampServer>();
   const auto device = simulator::Device::Make("dmm", 1);
   SocketServer instrument;
   for (const Wire& wire : Wires) instrument.Listen({Host, 0, wire.Serve(*device)});
-  const Process serving([&instrument] { instrument.Run(); });
+  const ServingProcess serving([&instrument] { instrument.Run(); });
   std::string folder = (std::filesystem::temp_directory_path() / "portico-tap-XXXXXX").string();
   if (mkdtemp(folder.data()) == nullptr) throw std::system_error(errno, std::generic_category(), folder);
   for (std::size_t i = 0; i < Wires.size(); ++i) {

@@ -4,6 +4,7 @@
 //   benchmark_transports [QUERIES [ROUNDS]]
 
 #include "benchmarks/BareProtocols.h"
+#include "benchmarks/OneCore.h"
 #include "benchmarks/Part.h"
 #include "drivers/SteadyClock.h"
 #include "drivers/standard/StandardDriver.h"
@@ -15,8 +16,6 @@
 #include "simulator/hislip/HislipConnection.h"
 #include "simulator/vxi11/ServedVxi11.h"
 
-#include <algorithm>
-#include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -28,11 +27,6 @@
 #include <string>
 #include <system_error>
 #include <vector>
-
-#include <sched.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -46,12 +40,6 @@ const std::string Query = "*IDN?";
 const std::string Answer = "TOLVANE INSTRUMENTS,SIM-DMM,SIM0001,1.0";
 
 using Samples = std::vector<double>; // microseconds
-
-double Median(Samples samples) {
-  const auto middle = samples.begin() + static_cast<std::ptrdiff_t>(samples.size() / 2);
-  std::nth_element(samples.begin(), middle, samples.end());
-  return *middle;
-}
 
 /// Asks one query, or throws.
 using Asker = std::function<void()>;
@@ -145,10 +133,6 @@ void PrintOther(const std::string& name, const std::string& command, double bare
   Print(name, Median(medians), bare);
 }
 
-int Argument(int argc, char** argv, int index, int otherwise) {
-  return index < argc ? std::max(1, std::atoi(argv[index])) : otherwise;
-}
-
 /// One device over all wires, and the contestants on each.
 class Contest {
 public:
@@ -224,39 +208,14 @@ private:
   bool m_hasPortMapper = false; ///< at the one port where others look for it, if that is to be had
 };
 
-/// Serves the contest in a process of its own, for as long as the object lives.
-class Server {
-public:
-  explicit Server(Contest& contest) : m_process(fork()) {
-    if (m_process < 0) throw std::system_error(errno, std::generic_category(), "fork");
-    if (m_process > 0) return;
-    contest.Serve();
-    _exit(0);
-  }
-  ~Server() {
-    kill(m_process, SIGTERM);
-    waitpid(m_process, nullptr, 0);
-  }
-  Server(const Server&) = delete;
-  Server& operator=(const Server&) = delete;
-
-private:
-  const pid_t m_process;
-};
-
 } // namespace
 
 int main(int argc, char** argv) try {
   const int queries = Argument(argc, argv, 1, Part(20'000));
   const int rounds = Argument(argc, argv, 2, Part(9));
-  cpu_set_t one;
-  CPU_ZERO(&one);
-  CPU_SET(0, &one);
-  if (sched_setaffinity(0, sizeof one, &one) != 0) { // children inherit it
-    throw std::system_error(errno, std::generic_category(), "sched_setaffinity");
-  }
+  KeepToOneCore();
   Contest contest;
-  const Server server(contest);
+  const ServingProcess server([&contest] { contest.Serve(); });
   std::vector<Contestant> all = contest.Contestants();
   TakeTurns(all, queries, rounds);
   for (const Contestant& contestant : all) {

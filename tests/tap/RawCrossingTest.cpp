@@ -32,7 +32,9 @@ TEST_F(RawCrossingTest, BytesGoOnAsTheyComeAndUnchanged) {
 
 TEST_F(RawCrossingTest, EachMessageIsLoggedBehindTheForwarding) {
   Wire& client = Come();
-  Say(client, "*IDN?\r\n*RST\n*OP");
+  client.Send("*IDN?\r\n*RST\n*OP", Now);
+  EXPECT_THAT(Logged(), ElementsAre()); // the instrument has nothing of it yet
+  Settle();
   EXPECT_THAT(Logged(), ElementsAre("unclosed", "> *IDN?", "> *RST"));
   Say(Instrument(), "TOLVANE,1\n#12");
   EXPECT_THAT(Logged(), ElementsAre("unclosed", "> *IDN?", "> *RST", "< TOLVANE,1"));

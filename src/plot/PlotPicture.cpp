@@ -18,6 +18,7 @@ constexpr double SampleLength = 28;  // of a line in the legend
 constexpr double LeastArea = 20;     // a smaller one has no curves
 constexpr double SparseColumns = 12; // pixels a value at least, where each has its mark
 constexpr double OverloadSize = 9;
+constexpr double Farthest = 1e300; // pixels, of which a double still holds the differences
 constexpr int MostLegendRows = 3;
 constexpr std::size_t DashCount = 4;
 constexpr std::size_t ShapeCount = 4;
@@ -110,11 +111,13 @@ private:
 
   double ToX(double place) const {
     const Range& range = m_scene.X;
-    return m_picture.Area.Left + (place - range.From) / (range.To - range.From) * m_picture.Area.Width;
+    const double share = (place - range.From) / (range.To - range.From);
+    return m_picture.Area.Left + std::clamp(share * m_picture.Area.Width, -Farthest, Farthest);
   }
   double ToY(double value) const {
     const Range& range = m_scene.Y;
-    return m_picture.Area.Bottom() - (value - range.From) / (range.To - range.From) * m_picture.Area.Height;
+    const double share = (value - range.From) / (range.To - range.From);
+    return m_picture.Area.Bottom() - std::clamp(share * m_picture.Area.Height, -Farthest, Farthest);
   }
 
   void PaintAxes() {

@@ -70,7 +70,7 @@ TEST_F(PlotPictureTest, AxesAndLegendAreLabelled) {
 }
 
 TEST_F(PlotPictureTest, CurvesDifferInMoreThanTheirColour) {
-  Data.resize(12);
+  Data.resize(24);
   for (auto& data : Data) {
     data.Append(1, 1);
     data.Append(2, 2);
@@ -83,7 +83,7 @@ TEST_F(PlotPictureTest, CurvesDifferInMoreThanTheirColour) {
     looks.insert({line.Colour, line.Pattern});
     dashes.insert(line.Pattern);
   }
-  EXPECT_EQ(looks.size(), 12U);
+  EXPECT_EQ(looks.size(), 24U);
   EXPECT_EQ(dashes.size(), 4U);
 }
 
@@ -98,6 +98,25 @@ TEST_F(PlotPictureTest, AGapBreaksTheLineAndALonelyValueHasItsMark) {
   EXPECT_EQ(marks, 5U + 1U) << "and the legend's";
 }
 
+TEST_F(PlotPictureTest, AmongManyOnlyALonelyValueHasAMark) {
+  for (int i = 0; i < 100; ++i) Data[0].Append(i / 10.0, i == 49 || i == 51 ? numbers::Gap : 5);
+  const Picture picture = Drawn();
+  std::vector<DrawnPoint> marks;
+  for (const Marks& each : PartsOf<Marks>(picture)) marks.insert(marks.end(), each.Places.begin(), each.Places.end());
+  ASSERT_EQ(marks.size(), 1U + 1U) << "and the legend's";
+  EXPECT_NEAR(marks[1].X, picture.Area.Left + 0.5 * picture.Area.Width, 1e-6);
+}
+
+TEST_F(PlotPictureTest, LinesToValuesBesideThePictureLeadOutOfIt) {
+  for (const double place : {-5.0, 5.0, 15.0}) Data[0].Append(place, place);
+  Y = {-20, 20};
+  const Picture picture = Drawn();
+  const auto lines = LinesOf(picture, Ink::Curve1);
+  ASSERT_EQ(lines.size(), 1U);
+  EXPECT_LT(lines[0].Points.front().X, picture.Area.Left);
+  EXPECT_GT(lines[0].Points.back().X, picture.Area.Right());
+}
+
 TEST_F(PlotPictureTest, OverloadsAreTrianglesAtTheirEdge) {
   for (const double value : {1.0, numbers::Overload, -numbers::Overload}) {
     Data[0].Append(static_cast<double>(Data[0].Size()), value);
@@ -110,6 +129,10 @@ TEST_F(PlotPictureTest, OverloadsAreTrianglesAtTheirEdge) {
   EXPECT_LT(triangles[0].Places.at(0).Y, picture.Area.Top + 20);
   EXPECT_EQ(triangles[1].Shape, MarkShape::TriangleDown);
   EXPECT_GT(triangles[1].Places.at(0).Y, picture.Area.Bottom() - 20);
+  ASSERT_EQ(triangles[0].Places.size(), 1U) << "one for each";
+  ASSERT_EQ(triangles[1].Places.size(), 1U);
+  EXPECT_NEAR(triangles[0].Places[0].X, picture.Area.Left + 0.1 * picture.Area.Width, 1);
+  EXPECT_NEAR(triangles[1].Places[0].X, picture.Area.Left + 0.2 * picture.Area.Width, 1);
 }
 
 TEST_F(PlotPictureTest, OfAMillionValuesTheExtremesOfEachColumnAreDrawn) {
@@ -139,12 +162,39 @@ TEST_F(PlotPictureTest, WhatLeavesThePictureIsCutOffNearItsEdge) {
   }
 }
 
+TEST_F(PlotPictureTest, AValueAtTheEndOfADoubleHasItsPlaceOutsideToo) {
+  Data[0].Append(0, 5);
+  Data[0].Append(1, 1.7e308);
+  Data[0].Append(2, 5);
+  Data[0].Append(3, -1.7e308);
+  Data[0].Append(4, 5);
+  Data[0].Append(1.7e308, 5);
+  const Picture picture = Drawn();
+  const auto lines = LinesOf(picture, Ink::Curve1);
+  ASSERT_EQ(lines.size(), 3U);
+  for (const Polyline& line : lines) {
+    for (const DrawnPoint& point : line.Points) {
+      EXPECT_LE(std::abs(point.X), 1000);
+      EXPECT_LE(std::abs(point.Y), 1000);
+    }
+  }
+}
+
 TEST_F(PlotPictureTest, CursorsStandWhereTheyWereSetUnlessOutOfSight) {
   Set = {2.5, 11};
   const Picture picture = Drawn();
   const auto lines = LinesOf(picture, Ink::Cursor);
   ASSERT_EQ(lines.size(), 1U);
   EXPECT_EQ(lines[0].Points[0].X, picture.Area.Left + picture.Area.Width / 4);
+}
+
+TEST_F(PlotPictureTest, CursorsAreToldApart) {
+  Set = {2.5, 7.5};
+  const Picture picture = Drawn();
+  const auto lines = LinesOf(picture, Ink::Cursor);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0].Pattern, Dash::Solid);
+  EXPECT_EQ(lines[1].Pattern, Dash::Dashed);
 }
 
 TEST_F(PlotPictureTest, NothingToSeeIsTold) {
@@ -155,14 +205,18 @@ TEST_F(PlotPictureTest, NothingToSeeIsTold) {
 
 TEST_F(PlotPictureTest, ATinyPictureHasNoCurves) {
   Data[0].Append(1, 1);
-  const Picture picture = Drawn(10, 10);
-  EXPECT_TRUE(PartsOf<Segments>(picture).empty());
+  EXPECT_TRUE(PartsOf<Segments>(Drawn(10, 10)).empty());
+  EXPECT_TRUE(PartsOf<Segments>(Drawn(10, 400)).empty());
+  EXPECT_TRUE(PartsOf<Segments>(Drawn(600, 10)).empty());
 }
 
 TEST_F(PlotPictureTest, ManyCurvesLeaveRoomForThePicture) {
   Data.resize(64);
   const Picture picture = Drawn();
   EXPECT_GT(picture.Area.Height, 200);
+  std::set<double> rows;
+  for (const Marks& mark : PartsOf<Marks>(picture)) rows.insert(mark.Places.at(0).Y);
+  EXPECT_EQ(rows.size(), 3U);
   const auto texts = Texts(picture);
   EXPECT_TRUE(std::any_of(texts.begin(), texts.end(), [](const String& text) { return text.starts_with(u"+"); }));
 }
@@ -183,6 +237,29 @@ TEST(ClippedPathTest, ALineThatComesBackIsTwo) {
     path.LineTo(point);
   }
   EXPECT_EQ(path.Take().size(), 2U);
+}
+
+TEST(ClippedPathTest, ALineThatLeavesAndComesBackElsewhereLeadsThroughNoCorner) {
+  ClippedPath path({0, 0, 100, 100});
+  for (const DrawnPoint& point : {DrawnPoint{50, 50}, DrawnPoint{200, 50}, DrawnPoint{50, -200}, DrawnPoint{50, 20}}) {
+    path.LineTo(point);
+  }
+  const auto lines = path.Take();
+  ASSERT_EQ(lines.size(), 2U);
+  ASSERT_EQ(lines[0].size(), 2U);
+  EXPECT_NEAR(lines[0][1].X, 110, 1e-9);
+  ASSERT_EQ(lines[1].size(), 2U);
+  EXPECT_NEAR(lines[1][0].Y, -10, 1e-9);
+}
+
+TEST(ClippedPathTest, ALineFromFarAwayComesFromItsSide) {
+  ClippedPath path({0, 0, 100, 100});
+  path.LineTo({50, 1e25});
+  path.LineTo({60, 50});
+  path.LineTo({70, -1e25});
+  const auto lines = path.Take();
+  ASSERT_EQ(lines.size(), 1U);
+  EXPECT_EQ(lines[0], (std::vector<DrawnPoint>{{60, 110}, {60, 50}, {60, -10}}));
 }
 
 } // namespace

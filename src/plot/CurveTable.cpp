@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t MostDescribed = 20;
 
 double ValueAt(const numbers::Series& data, const std::optional<double>& place) {
-  if (!place || data.Empty() || *place < data.Place(0)) return numbers::Gap;
+  if (!place || data.Empty()) return numbers::Gap;
   const auto [first, last] = data.Within({data.Place(0), *place});
   return last > first ? data.Value(last - 1) : numbers::Gap;
 }

@@ -20,7 +20,8 @@ std::vector<CurveRow> TableOf(const std::vector<Curve>& curves, const numbers::R
 /// With up to so many significant digits; a gap is empty, an overload "overload".
 String NumberText(double number, int digits = 9);
 
-/// What a screen reader says: of each curve its name, how many values are seen, the smallest and the largest.
+/// What a screen reader says: of each of the first twenty curves its name, how many values are seen, the smallest and
+/// the largest.
 String Description(const std::vector<CurveRow>& rows, const String& fault);
 
 } // namespace portico::plot

@@ -68,6 +68,29 @@ TEST(ConversationTest, MemoryForLastAnswersIsBounded) {
   EXPECT_NE(conversation.Last(u"C?"), nullptr);
 }
 
+TEST(ConversationTest, AnAnswerThatTookTheLastOnesPlaceTakesNoFurtherRoom) {
+  Conversation conversation;
+  conversation.Sent(u"A?");
+  conversation.Answered(u"1,2\r\n", 0);
+  String answer = u"1,2";
+  answer.resize(Conversation::LongestKept / 2, u' ');
+  conversation.Sent(u"B?");
+  for (int i = 0; i < 2; ++i) conversation.Answered(answer, 1);
+  ASSERT_NE(conversation.Last(u"A?"), nullptr);
+  EXPECT_EQ(conversation.Last(u"A?")->Text, u"1,2");
+}
+
+TEST(ConversationTest, OfMoreQueriesThanAreRememberedNoLastAnswersAreKept) {
+  Conversation conversation;
+  for (std::int64_t i = 0; i <= 256; ++i) {
+    conversation.Sent(u"Q" + ToText(i) + u"?");
+    conversation.Answered(u"1,2\r\n", 0);
+  }
+  EXPECT_EQ(conversation.Last(u"Q0?"), nullptr);
+  EXPECT_NE(conversation.Last(u"Q1?"), nullptr);
+  EXPECT_NE(conversation.Last(u"Q256?"), nullptr);
+}
+
 TEST(ConversationTest, WhatIsNoNumberMakesNoQuery) {
   Conversation conversation;
   conversation.Sent(u"*IDN?");

@@ -44,6 +44,20 @@ TEST_F(CurveTableTest, IsDescribedForAScreenReader) {
   EXPECT_EQ(Description({}, u"Nothing is chosen."), u"Nothing is chosen.");
 }
 
+TEST_F(CurveTableTest, WhatIsNotThereIsNotDescribed) {
+  EXPECT_EQ(Description(TableOf(All, {0, 0.5}, {}), u""), u"VOLT?: 2 values, minimum 1, maximum 2.");
+  EXPECT_EQ(Description(TableOf(All, {1.5, 1.5}, {}), u""), u"VOLT?: 0 values, gaps 1.");
+}
+
+TEST_F(CurveTableTest, NoMoreThanTwentyCurvesAreDescribed) {
+  All.assign(21, {u"A?", &Data});
+  All[19].Name = u"TWENTIETH?";
+  All[20].Name = u"LAST?";
+  const String text = Description(TableOf(All, {0, 0}, {}), u"");
+  EXPECT_TRUE(text.ends_with(u"A?: 1 value, minimum 1, maximum 1. TWENTIETH?: 1 value, minimum 1, maximum 1."))
+      << ToUtf8(text);
+}
+
 TEST_F(CurveTableTest, NumbersAreShort) {
   EXPECT_EQ(NumberText(0.1), u"0.1");
   EXPECT_EQ(NumberText(1.00021948), u"1.00021948");

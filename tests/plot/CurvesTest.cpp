@@ -71,6 +71,18 @@ TEST_F(CurvesTest, WhatCannotBeSeenIsToldInOneSentence) {
   EXPECT_EQ(Seen.Fault(), u"VOLT? has no answer of several numbers.");
 }
 
+TEST_F(CurvesTest, OfSeveralFaultsTheFirstIsTold) {
+  Ask(u"READ?", u"1,2");
+  Seen.Choose({.Queries = {u"VOLT?", u"READ?", u"CURR?"}});
+  EXPECT_EQ(Names(), (std::vector<String>{u"READ? [1]", u"READ? [2]"}));
+  EXPECT_EQ(Seen.Fault(), u"VOLT? was not answered with numbers.");
+}
+
+TEST_F(CurvesTest, PlacesOfALastAnswerThatIsNotThereAreNoSeconds) {
+  Seen.Choose({.Queries = {u"VOLT?"}, .Kind = CurveKind::OverIndex});
+  EXPECT_FALSE(Seen.IsTime());
+}
+
 TEST_F(CurvesTest, ATornBlockIsAFaultAndNoCurve) {
   Ask(u"CURV?", u"1,2");
   Ask(u"CURV?", u"#3100ab");

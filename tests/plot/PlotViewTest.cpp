@@ -118,5 +118,22 @@ TEST_F(PlotViewTest, OneValueOrNoneOrOneFromEndToEndOfADoubleIsSeen) {
   EXPECT_TRUE(View.Y().IsWide());
 }
 
+TEST_F(PlotViewTest, ACurveWithoutValuesLeavesTheOthersTheirPlace) {
+  const numbers::Series none;
+  numbers::Series late;
+  for (int i = 0; i <= 10; ++i) late.Append(1000 + i, 1);
+  View.Follow({{u"A?", &none}, {u"B?", &late}});
+  ExpectX(1000, 1010);
+}
+
+TEST_F(PlotViewTest, ValuesFurtherApartThanADoubleHoldsAreSeenOnBothSidesOfZero) {
+  numbers::Series wide;
+  wide.Append(0, -1.7e308);
+  wide.Append(1, 1.7e308);
+  View.Follow({{u"A?", &wide}});
+  EXPECT_LT(View.Y().From, -1e299);
+  EXPECT_GT(View.Y().To, 1e299);
+}
+
 } // namespace
 } // namespace portico::plot

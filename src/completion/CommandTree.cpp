@@ -50,7 +50,7 @@ void CommandTree::Enter(const scpi::HeaderPattern& header, Leaf Node::*leaf, std
     node = Child(*node, pattern);
     if (node == nullptr) return;
   }
-  (node->*leaf).Rank = std::min((node->*leaf).Rank, rank);
+  (node->*leaf).Rank = rank; // none has told of it before
   for (Node* each : way) each->Below = std::min(each->Below, rank);
 }
 

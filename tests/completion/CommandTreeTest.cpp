@@ -38,6 +38,15 @@ TEST(CommandTree, AMergedHeaderHasItsParametersFromWhoeverToldThemFirst) {
   EXPECT_EQ(Offered(u"VOLT ", tree), "VOLT AUTO");
 }
 
+TEST(CommandTree, WhatWasToldOfAHeaderIsNotToldOfALongerOneThatComesLater) {
+  CommandTree tree;
+  tree.Add(Commands({"VOLTage[:LEVel]?/qonly/"}));
+  tree.Add(Commands({"VOLTage/nquery/ MIN|MAX"}));
+  tree.Add(Commands({"VOLTage[:LEVel]/nquery/ UP|DOWN"}));
+  EXPECT_EQ(Offered(u"VOLT ", tree), "VOLT MIN VOLT MAX");
+  EXPECT_EQ(Offered(u"VOLT:LEV ", tree), "VOLT:LEV UP VOLT:LEV DOWN");
+}
+
 TEST(CommandTree, AShorterNameIsAnother) {
   CommandTree tree;
   tree.Add(Commands({"VOLTage?", "VOLume?"}));

@@ -50,6 +50,21 @@ TEST(ParameterCompletion, BehindASemicolon) {
   EXPECT_EQ(Offered(u"VOLT:RANG 5;:OUTP ON;*CLS;OUTP OF", Known), "VOLT:RANG 5;:OUTP ON;*CLS;OUTP OFF");
 }
 
+TEST(ParameterCompletion, IsThatOfTheFirstSourceThatToldOfAFittingHeader) {
+  CommandTree tree;
+  tree.Add(test::Commands({"OUTPut/nquery/ ON|OFF"}));
+  tree.Add(test::Commands({"OUTPut<0-4>/nquery/ LOW|HIGH"}));
+  EXPECT_EQ(Offered(u"OUTP ", tree), "OUTP ON OUTP OFF");
+  EXPECT_EQ(Offered(u"OUTP2 ", tree), "OUTP2 LOW OUTP2 HIGH");
+}
+
+TEST(ParameterCompletion, NothingIsOfferedInStringsAndBlocks) {
+  for (const StringView line :
+       {u"OUTP \"O", u"OUTP \"a,O", u"OUTP 'a;O", u"OUTP 'a O", u"OUTP #15a,O", u"OUTP #0a;O"}) {
+    EXPECT_EQ(Offered(line, Known), "") << ToUtf8(line);
+  }
+}
+
 TEST(ParameterCompletion, TellsWhatItReplaces) {
   CommandTree tree;
   tree.Add(test::Commands(Known));

@@ -115,5 +115,16 @@ TEST_F(RepeatedRunTest, AStoppedTurnCountsAsBegun) {
   EXPECT_TRUE(outcome.IsStopped);
 }
 
+TEST_F(RepeatedRunTest, BehindAStoppedTurnNoneIsSkipped) {
+  Processor->OnSend = [this](const std::string&) {
+    Clock.Advance(2500ms);
+    Window->StopRequested(true);
+  };
+  const auto outcome = Run({}, 1s);
+  EXPECT_EQ(outcome.Begun, 1U);
+  EXPECT_EQ(outcome.Skipped, 0U);
+  EXPECT_TRUE(outcome.IsStopped);
+}
+
 } // namespace
 } // namespace portico::test

@@ -65,6 +65,12 @@ TEST_F(CompletionTest, ClosesWhenAWordStandsThereWhole) {
   EXPECT_THAT(Offered(), IsEmpty()) << "or Return would not end the line";
 }
 
+TEST_F(CompletionTest, ClosesWhenAParameterStandsThereWhole) {
+  EXPECT_THAT(Complete(u"outp of"), ElementsAre("OFF"));
+  ASSERT_TRUE(Future().Type(u"f"));
+  EXPECT_THAT(Offered(), IsEmpty());
+}
+
 TEST_F(CompletionTest, ClosesWhenTheCaretLeavesTheWord) {
   Complete(u"meas:volt:d");
   Future().MoveCaret(10);

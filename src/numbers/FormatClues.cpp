@@ -6,6 +6,7 @@
 #include "scpi/ScpiError.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 namespace portico::numbers {
@@ -14,6 +15,19 @@ namespace {
 using scpi::Mnemonic;
 
 bool Is(std::string_view word, std::string_view keyword) { return Mnemonic(keyword).Matches(word); }
+
+/// Whether a message may speak of any topic: there is a word in it that stands in each of their headers. Most messages
+/// have none, and are not taken apart.
+bool MayTell(StringView message) {
+  constexpr std::array<StringView, 3> words = {u"FORM", u"WAV", u"RST"};
+  for (; !message.empty(); message.remove_prefix(1)) {
+    const auto begins = [message](StringView word) { return EqualNoCase(message.substr(0, word.size()), word); };
+    const auto first = static_cast<char16_t>(message.front() & ~0x20U); // in upper case, if it is a letter
+    if ((first == u'F' || first == u'W' || first == u'R') && std::any_of(words.begin(), words.end(), begins))
+      return true;
+  }
+  return false;
+}
 
 /// All units up to the first that is no SCPI.
 std::vector<scpi::Unit> UnitsOf(std::string_view message) {
@@ -99,6 +113,7 @@ std::optional<FormatClues::Topic> FormatClues::TopicOf(const scpi::Unit& unit) {
 }
 
 void FormatClues::Sent(StringView message) {
+  if (!MayTell(message)) return;
   const std::string text = ToCodePage(Stripped(message));
   for (const scpi::Unit& unit : UnitsOf(text)) {
     const auto topic = TopicOf(unit);
@@ -110,6 +125,7 @@ void FormatClues::Sent(StringView message) {
 }
 
 void FormatClues::Answered(StringView message, StringView answer) {
+  if (!MayTell(message)) return;
   const std::string question = ToCodePage(Stripped(message));
   auto units = UnitsOf(question);
   std::erase_if(units, [](const scpi::Unit& unit) { return !unit.Query; });

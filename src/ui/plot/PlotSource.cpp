@@ -59,13 +59,13 @@ std::optional<double> SecondsOfStamp(StringView stamp) {
 }
 
 void PlotSource::EntityAdded(const IDataEntity& entity) {
-  if (entity.DataType() == DataTypeName::Response) m_times.push_back(m_clock());
+  const String type = entity.DataType();
+  if (type == DataTypeName::Response) m_times.push_back(m_clock());
   const auto followed = m_followed.lock();
-  if (followed && Tell(*followed, entity, m_times.empty() ? 0 : m_times.back())) followed->Changed();
+  if (followed && Tell(*followed, entity, type, m_times.empty() ? 0 : m_times.back())) followed->Changed();
 }
 
-bool PlotSource::Tell(FollowedConversation& followed, const IDataEntity& entity, double seconds) {
-  const String type = entity.DataType();
+bool PlotSource::Tell(FollowedConversation& followed, const IDataEntity& entity, StringView type, double seconds) {
   if (type == DataTypeName::Instruction) {
     followed.m_conversation.Sent(entity.ReadText());
     return false;
@@ -88,7 +88,8 @@ std::shared_ptr<FollowedConversation> PlotSource::Follow() {
   iterator->Attach(m_queue);
   for (Value item = iterator->FirstItem(); !iterator->IsDone(); item = iterator->NextItem()) {
     const double seconds = responses < m_times.size() ? m_times[responses] : 0;
-    if (Tell(*followed, *item.ToObject<IDataEntity>(), seconds)) ++responses;
+    const auto entity = item.ToObject<IDataEntity>();
+    if (Tell(*followed, *entity, entity->DataType(), seconds)) ++responses;
   }
   m_followed = followed;
   return followed;

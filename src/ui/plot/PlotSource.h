@@ -50,7 +50,7 @@ public:
 private:
   void EntityAdded(const IDataEntity& entity);
   /// True if it was a response, which came at that time.
-  static bool Tell(FollowedConversation& followed, const IDataEntity& entity, double seconds);
+  static bool Tell(FollowedConversation& followed, const IDataEntity& entity, StringView type, double seconds);
 
   Ref<CDataFIFO> m_queue;
   Clock m_clock;

@@ -67,6 +67,22 @@ void Compare(const char* what, const CommandTree& few, const CommandTree& many, 
               Median(manyTimes) / Median(fewTimes));
 }
 
+/// As many nodes as a tree takes, all of which fit, each with suffixes.
+void TimeFull() {
+  constexpr int nodes = portico::Part(int{CommandTree::MostNodes});
+  std::vector<KnownCommand> commands;
+  for (int i = 0; i < nodes; ++i) {
+    commands.push_back(portico::completion::ReadCommand(Name(i % 676) + Name(i / 676) + "<1-8>").value());
+  }
+  CommandTree tree;
+  tree.Add(commands);
+  std::vector<double> times;
+  for (int round = 0; round < Rounds; ++round) {
+    times.push_back(Time([&] { Complete({}, tree); }, 1));
+  }
+  std::printf("%d commands side by side, an empty line: %.1f ms\n", nodes, Median(times) / 1000);
+}
+
 } // namespace
 
 int main() {
@@ -81,5 +97,6 @@ int main() {
   Compare("last node", few, many, u"AA2:DC:AA:C");
   Compare("semicolon", few, many, u"AA2:AA:AA 1;:AA2:AA:BA 2;C");
   Compare("parameter", few, many, u"aabcd2:aabcd:babcd m");
+  TimeFull();
   return EXIT_SUCCESS;
 }

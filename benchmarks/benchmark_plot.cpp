@@ -1,5 +1,6 @@
 // What it takes to draw an answer of a thousand numbers, and one of a million: the first picture, from the answer's
-// text to pixels, and a zoom, with the table of statistics. Milliseconds of the processor, medians; what counts is the
+// text to pixels, and a zoom, with the table of statistics; and what an answer costs a plot that
+// follows. Milliseconds of the processor, medians; what counts is the
 // ratio within one run.
 
 #include "benchmarks/Part.h"
@@ -47,7 +48,29 @@ String AnswerOf(int count) {
   return text;
 }
 
-/// A picture of the size of a window.
+/// A picture of the size of a window, with what is told of it.
+class Paper {
+public:
+  void Paint(const Curves& curves, PlotView& view) {
+    view.Follow(curves.All());
+    const QFontMetricsF metrics(QGuiApplication::font());
+    const Picture picture =
+        Draw({.Curves = curves.All(),
+              .X = view.X(),
+              .Y = view.Y(),
+              .IsTime = curves.IsTime(),
+              .PlaceTitle = curves.IsTime() ? u"Time" : u"Index"},
+             m_image.width(), m_image.height(),
+             {[&](StringView text) { return metrics.horizontalAdvance(qt::ToQt(text)); }, metrics.height()});
+    if (TableOf(curves.All(), view.X(), {}).empty()) std::abort();
+    QPainter painter(&m_image);
+    qt::Paint(picture.Drawn, qt::Inks(), painter);
+  }
+
+private:
+  QImage m_image{1000, 600, QImage::Format_RGB32};
+};
+
 class Plotter {
 public:
   explicit Plotter(int count) : m_answer(AnswerOf(count)) {}
@@ -59,7 +82,7 @@ public:
     Curves curves(conversation);
     curves.Choose({.Queries = {u"CURV?"}, .Kind = CurveKind::OverIndex});
     PlotView view;
-    Paint(curves, view);
+    m_paper.Paint(curves, view);
   }
   double Zoom() {
     Conversation conversation;
@@ -68,40 +91,71 @@ public:
     Curves curves(conversation);
     curves.Choose({.Queries = {u"CURV?"}, .Kind = CurveKind::OverIndex});
     PlotView view;
-    Paint(curves, view);
+    m_paper.Paint(curves, view);
     return Milliseconds([&] {
       view.ZoomX(1.02, 0.3);
-      Paint(curves, view);
+      m_paper.Paint(curves, view);
     });
   }
 
 private:
-  void Paint(const Curves& curves, PlotView& view) {
-    view.Follow(curves.All());
-    const QFontMetricsF metrics(QGuiApplication::font());
-    const Picture picture =
-        Draw({.Curves = curves.All(), .X = view.X(), .Y = view.Y(), .IsTime = false, .PlaceTitle = u"Index"},
-             m_image.width(), m_image.height(),
-             {[&](StringView text) { return metrics.horizontalAdvance(qt::ToQt(text)); }, metrics.height()});
-    if (TableOf(curves.All(), view.X(), {}).empty()) std::abort();
-    QPainter painter(&m_image);
-    qt::Paint(picture.Drawn, qt::Inks(), painter);
+  String m_answer;
+  Paper m_paper;
+};
+
+/// A query that was answered so often, each time with a number.
+class LivePlotter {
+public:
+  explicit LivePlotter(int count) {
+    Ask(count);
+    m_curves.Choose({.Queries = {String(Query)}, .Kind = CurveKind::OverTime});
   }
 
-  String m_answer;
-  QImage m_image{1000, 600, QImage::Format_RGB32};
+  double Answer() {
+    return Milliseconds([&] { Ask(AnswersARound); }) / AnswersARound;
+  }
+  double Redraw() {
+    return Milliseconds([&] {
+      Ask(1);
+      m_curves.Update();
+      m_paper.Paint(m_curves, m_view);
+    });
+  }
+
+private:
+  static constexpr StringView Query = u"MEAS:VOLT:DC?";
+  static constexpr int AnswersARound = 1000;
+
+  void Ask(int count) {
+    for (int i = 0; i < count; ++i) {
+      m_conversation.Sent(u"MEAS:VOLT:DC?\r\n");
+      m_conversation.Answered(m_seconds % 2 == 0 ? u"+1.00021948E+00\r\n" : u"+1.00021951E+00\r\n", m_seconds);
+      ++m_seconds;
+    }
+  }
+
+  Conversation m_conversation;
+  Curves m_curves{m_conversation};
+  PlotView m_view;
+  Paper m_paper;
+  int m_seconds = 0;
 };
 
 void Print(const char* what, double few, double many) {
-  std::printf("%-14s %8.2f ms %8.2f ms   ratio %.1f\n", what, few, many, many / few);
+  std::printf("%-34s %8.2f ms %8.2f ms   ratio %.1f\n", what, few, many, many / few);
 }
 
 void Measure() {
   Plotter few(Few);
   Plotter many(Many);
-  std::printf("%-14s %8d    %8d numbers\n", "", Few, Many);
+  std::printf("%-34s %8d    %8d numbers\n", "", Few, Many);
   Print("first picture", Milliseconds([&] { few.ShowFirst(); }), Milliseconds([&] { many.ShowFirst(); }));
   Print("a zoom", few.Zoom(), many.Zoom());
+  LivePlotter fewAnswers(Few);
+  LivePlotter manyAnswers(Many);
+  Print("drawn again with an answer more", fewAnswers.Redraw(), manyAnswers.Redraw());
+  std::printf("%-34s %8.2f us %8.2f us\n", "an answer is taken up", fewAnswers.Answer() * 1e3,
+              manyAnswers.Answer() * 1e3);
 }
 
 } // namespace

@@ -22,17 +22,21 @@ class Tap(unittest.TestCase):
         self.folder = folder.name
         self.start_simulator()
 
-    def start_simulator(self):
-        self.raw, self.vxi11 = self.start(2, PORTICO_SIM, "--port", "0", "--vxi11", "0")
+    def start_simulator(self, *options):
+        self.raw, self.vxi11 = self.start(2, PORTICO_SIM, "--port", "0", "--vxi11", "0", *options)
 
     def start(self, listeners, *command):
         """The ports that it listens on."""
+        return self.run_program(listeners, *command)[0]
+
+    def run_program(self, listeners, *command):
+        """Those ports, and the program."""
         program = subprocess.Popen(command, text=True, stdout=subprocess.PIPE)
         self.addCleanup(self.end, program)
         lines = [program.stdout.readline() for _ in range(listeners)]
         for line in lines:
             self.assertRegex(line, r"^listening on 127\.0\.0\.1:\d+( vxi11)?\n$")
-        return [line.split()[2].rsplit(":", 1)[1] for line in lines]
+        return [line.split()[2].rsplit(":", 1)[1] for line in lines], program
 
     def end(self, program):
         if program.poll() is None:
@@ -73,23 +77,45 @@ class Tap(unittest.TestCase):
         for text in ("*IDN?", IDENTITY, f"TRAC:POIN {POINTS}", "TRAC:DATA?", "SYST:ERR?"):
             self.assertIn(text, shown)
 
-    def test_raw(self):
-        port, = self.start(1, PORTICO_TAP, "--listen", "0", "--log", self.log("a.log"), f"TCPIP::127.0.0.1::{self.raw}::SOCKET")
+    def converse_raw(self, log):
+        instrument = f"TCPIP::127.0.0.1::{self.raw}::SOCKET"
+        (port,), tap = self.run_program(1, PORTICO_TAP, "--listen", "0", "--log", self.log(log), instrument)
         self.converse(f"TCPIP::127.0.0.1::{port}::SOCKET", read_termination="\n")
+        self.end(tap)
+
+    def converse_vxi11(self, log):
+        # Where no portmapper runs, the tap is it.
+        instrument = f"TCPIP::127.0.0.1,{self.vxi11}::inst0::INSTR"
+        _, tap = self.run_program(1, PORTICO_TAP, "--vxi11", "111", "--log", self.log(log), instrument)
+        self.converse("TCPIP::127.0.0.1::inst0::INSTR")
+        self.end(tap)
+
+    def test_raw(self):
+        self.converse_raw("a.log")
         self.check("a.log")
 
     def test_vxi11(self):
-        # Where no portmapper runs, the tap is it.
-        self.start(1, PORTICO_TAP, "--vxi11", "111", "--log", self.log("a.log"), f"TCPIP::127.0.0.1,{self.vxi11}::inst0::INSTR")
-        self.converse("TCPIP::127.0.0.1::inst0::INSTR")
+        self.converse_vxi11("a.log")
         self.check("a.log")
 
     def test_same_conversation_over_both(self):
-        raw, = self.start(1, PORTICO_TAP, "--listen", "0", "--log", self.log("a.log"), f"TCPIP::127.0.0.1::{self.raw}::SOCKET")
-        self.converse(f"TCPIP::127.0.0.1::{raw}::SOCKET", read_termination="\n")
+        self.converse_raw("a.log")
         self.start_simulator()  # whose noise begins anew
-        self.start(1, PORTICO_TAP, "--vxi11", "111", "--log", self.log("b.log"), f"TCPIP::127.0.0.1,{self.vxi11}::inst0::INSTR")
-        self.converse("TCPIP::127.0.0.1::inst0::INSTR")
+        self.converse_vxi11("b.log")
+        self.diff("a.log", "b.log")
+
+    def test_raw_replayed(self):
+        self.converse_raw("a.log")
+        self.start_simulator("--replay", self.log("a.log"))
+        self.converse_raw("b.log")
+        self.check("b.log")
+        self.diff("a.log", "b.log")
+
+    def test_vxi11_replayed(self):
+        self.converse_vxi11("a.log")
+        self.start_simulator("--replay", self.log("a.log"))
+        self.converse_vxi11("b.log")
+        self.check("b.log")
         self.diff("a.log", "b.log")
 
     def test_vxi11_calls(self):

@@ -1,5 +1,7 @@
 #include "simulator/connection/StreamConnection.h"
 
+#include <utility>
+
 namespace portico::simulator {
 
 void StreamConnection::Write(std::string_view bytes, TimePoint now) {
@@ -20,6 +22,18 @@ void StreamConnection::Write(std::string_view bytes, TimePoint now) {
 
 void StreamConnection::End(TimePoint now) {
   if (m_framer.End() == MessageFramer::Outcome::Complete) m_connection.Submit(m_framer.TakeMessage(), now);
+}
+
+std::optional<StreamConnection::Piece> StreamConnection::ReadPiece(TimePoint now) {
+  auto answer = Read(now);
+  if (!answer) return std::nullopt;
+  const bool end = answer->ends_with('\n'); // an answer without end comes in pieces without a line feed
+  return Piece{std::move(*answer), end};
+}
+
+void StreamConnection::Interrupt(TimePoint now) {
+  Clear(now);
+  ReportInterrupted();
 }
 
 void StreamConnection::Clear(TimePoint now) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "simulator/connection/Connection.h"
+#include "simulator/connection/IMessageConnection.h"
 #include "simulator/language/MessageFramer.h"
 #include "simulator/status/SimulatedConnection.h"
 
@@ -10,7 +11,7 @@ namespace portico::simulator {
 
 /// A connection that carries a stream of bytes, in which line feeds end the messages. A protocol may mark their ends,
 /// too.
-class StreamConnection final : public SimulatedConnection {
+class StreamConnection final : public SimulatedConnection, public IMessageConnection {
 public:
   /// `instrument` must outlive the connection.
   explicit StreamConnection(Instrument& instrument) : m_connection(instrument) {}
@@ -19,23 +20,26 @@ public:
   std::optional<std::string> Read(TimePoint now) override { return m_connection.Read(now); }
   std::optional<TimePoint> NextEvent() const override { return m_connection.NextEvent(); }
 
-  /// The message that was written ends here, with or without a line feed.
-  void End(TimePoint now);
-  /// Device clear: what was written and not carried out is dropped, and so is what was not read.
-  void Clear(TimePoint now);
+  void End(TimePoint now) override;
+  /// A whole answer, or a piece of one without end.
+  std::optional<Piece> ReadPiece(TimePoint now) override;
+  void Clear(TimePoint now) override;
+  /// What waits to be carried out is dropped, too.
+  void Interrupt(TimePoint now) override;
 
   // For a server; as in Connection.
 
-  bool CloseRequested() const { return m_connection.CloseRequested(); }
+  bool CloseRequested() const override { return m_connection.CloseRequested(); }
   bool AcceptsInput() const { return m_connection.AcceptsInput(); }
-  bool Busy() const { return m_connection.Busy(); }
-  bool MessageAvailable() const { return m_connection.MessageAvailable(); }
-  std::uint8_t SerialPoll(bool messageAvailable, TimePoint now) {
+  bool HasRoom() override { return AcceptsInput(); }
+  bool Busy() const override { return m_connection.Busy(); }
+  bool MessageAvailable() const override { return m_connection.MessageAvailable(); }
+  std::uint8_t SerialPoll(bool messageAvailable, TimePoint now) override {
     return m_connection.SerialPoll(messageAvailable, now);
   }
-  void AnswerTaken() { m_connection.AnswerTaken(); }
-  void ReportInterrupted() { m_connection.ReportInterrupted(); }
-  void ReportUnterminated() { m_connection.ReportUnterminated(); }
+  void AnswerTaken() override { m_connection.AnswerTaken(); }
+  void ReportInterrupted() override { m_connection.ReportInterrupted(); }
+  void ReportUnterminated() override { m_connection.ReportUnterminated(); }
 
 private:
   Connection m_connection;

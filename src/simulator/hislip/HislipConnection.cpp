@@ -16,7 +16,11 @@ bool IsData(HislipType type) { return type == HislipType::Data || type == Hislip
 } // namespace
 
 server::ConnectionFactory HislipConnection::Factory(Instrument& instrument) {
-  return [server = std::make_shared<HislipServer>(instrument)](std::uint16_t /*port*/) {
+  return Factory(std::make_shared<StreamInstrument>(instrument));
+}
+
+server::ConnectionFactory HislipConnection::Factory(std::shared_ptr<IMessageInstrument> instrument) {
+  return [server = std::make_shared<HislipServer>(std::move(instrument))](std::uint16_t /*port*/) {
     return std::make_unique<HislipConnection>(server);
   };
 }
@@ -79,6 +83,17 @@ void HislipConnection::TakeInitialize(const HislipPiece& piece) {
   }
   m_session = m_server->Begin();
   if (!m_session) return Fail(HislipFatal::TooManyClients, "");
+  m_opening = true;
+  Begin();
+}
+
+void HislipConnection::Begin() {
+  const auto standing = m_session->Dialogue.Standing();
+  if (!m_opening || standing == IMessageConnection::State::Opening) return;
+  m_opening = false;
+  if (standing == IMessageConnection::State::Lost) {
+    return Fail(HislipFatal::Unidentified, "the instrument cannot be reached");
+  }
   m_output += HislipMessage(HislipType::InitializeResponse, 0, HislipVersionAnd(HislipVersion1, m_session->Number));
 }
 
@@ -139,6 +154,7 @@ void HislipConnection::Fail(HislipFatal code, std::string_view why) {
 }
 
 void HislipConnection::Collect(std::string& output, TimePoint now) {
+  if (m_opening && !m_over) Begin();
   if (!m_output.empty()) {
     output += std::exchange(m_output, {});
   } else if (m_session && !m_session->Over && m_asynchronous) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "server/IServedConnection.h"
+#include "simulator/connection/StreamInstrument.h"
 #include "simulator/hislip/HislipServer.h"
 #include "wire/HislipReader.h"
 
@@ -14,6 +15,7 @@ public:
 
   /// Connections that share one server for `instrument`, which must outlive them. Version 1.0, synchronized mode.
   static server::ConnectionFactory Factory(Instrument& instrument);
+  static server::ConnectionFactory Factory(std::shared_ptr<IMessageInstrument> instrument);
 
   explicit HislipConnection(std::shared_ptr<HislipServer> server);
   ~HislipConnection() override;
@@ -32,6 +34,8 @@ private:
   bool TakeAnywhere(const wire::HislipPiece& piece);
   void TakeFirst(const wire::HislipPiece& piece);
   void TakeInitialize(const wire::HislipPiece& piece);
+  /// Answers the first message once it is known whether there is an instrument.
+  void Begin();
   void TakeAsyncInitialize(const wire::HislipPiece& piece);
   void TakeSynchronous(const wire::HislipPiece& piece);
   void TakeAsynchronous(const wire::HislipPiece& piece, TimePoint now);
@@ -46,6 +50,7 @@ private:
   wire::HislipReader m_reader{LongestMessage};
   std::shared_ptr<HislipSession> m_session; ///< none before the first message
   bool m_asynchronous = false;
+  bool m_opening = false; ///< the first message is not answered yet
   /// Of a message that was refused pieces are still to come.
   bool m_refusing = false;
   bool m_over = false;

@@ -18,7 +18,8 @@ constexpr std::string_view TriggerCommand = "*TRG\n";
 
 } // namespace
 
-HislipDialogue::HislipDialogue(Instrument& instrument) : m_stream(instrument), m_faults(instrument.Faults()) {
+HislipDialogue::HislipDialogue(std::unique_ptr<IMessageConnection> connection, Misbehaviour& faults)
+    : m_stream(std::move(connection)), m_faults(faults) {
   SetLongestMessage(HislipHeaderSize + HislipLongestText);
   Forget();
 }
@@ -31,7 +32,7 @@ void HislipDialogue::Take(const HislipPiece& piece) {
   if (m_clearing) return;
   if (!std::exchange(m_amidMessage, !piece.Last)) {
     const bool delivered = (piece.Header.Control & HislipControl::ResponseDelivered) != 0;
-    if (delivered != m_deliveryExpected) m_stream.ReportInterrupted();
+    if (delivered != m_deliveryExpected) m_stream->ReportInterrupted();
     Delivered();
   }
   Enter(piece);
@@ -57,10 +58,10 @@ bool HislipDialogue::AcceptsInput() const {
 void HislipDialogue::Collect(std::string& output, bool admitted, TimePoint now) {
   for (;;) {
     if (m_whole) {
-      const auto answer = m_stream.Read(now);
-      if (answer && m_input.empty()) return Send(output, *answer);
-      if (answer) return Interrupt(output, now);
-      if (m_stream.Busy()) return;
+      const auto piece = m_stream->ReadPiece(now);
+      if (piece && m_input.empty()) return Send(output, *piece);
+      if (piece) return Interrupt(output, now);
+      if (m_stream->Busy()) return;
     }
     if (m_input.empty() || !admitted) return;
     const Input input = std::move(m_input.front());
@@ -68,25 +69,24 @@ void HislipDialogue::Collect(std::string& output, bool admitted, TimePoint now) 
     m_inputBytes -= input.Bytes.size();
     m_currentId = input.Id;
     m_whole = input.End;
-    m_stream.Write(input.Bytes, now);
-    if (m_whole) m_stream.End(now);
+    m_stream->Write(input.Bytes, now);
+    if (m_whole) m_stream->End(now);
   }
 }
 
-void HislipDialogue::Send(std::string& output, std::string_view answer) {
+void HislipDialogue::Send(std::string& output, const IMessageConnection::Piece& piece) {
+  std::string_view answer = piece.Bytes;
   const std::uint32_t id = m_currentId - (m_faults.Take(AnswerFault::Number) ? HislipMessageIdStep : 0);
-  const bool end = answer.ends_with('\n'); // that of a piece of an answer without end is another byte
   for (; answer.size() > m_longestPayload; answer.remove_prefix(m_longestPayload)) {
     output += HislipMessage(HislipType::Data, 0, id, answer.substr(0, m_longestPayload));
   }
-  output += HislipMessage(end ? HislipType::DataEnd : HislipType::Data, 0, id, answer);
+  output += HislipMessage(piece.End ? HislipType::DataEnd : HislipType::Data, 0, id, answer);
   m_available = true;
-  m_deliveryExpected = end;
+  m_deliveryExpected = piece.End;
 }
 
 void HislipDialogue::Interrupt(std::string& output, TimePoint now) {
-  m_stream.Clear(now);
-  m_stream.ReportInterrupted();
+  m_stream->Interrupt(now);
   m_available = false;
   m_interruption = m_input.front().Id;
   output += HislipMessage(HislipType::Interrupted, 0, *m_interruption);
@@ -95,20 +95,21 @@ void HislipDialogue::Interrupt(std::string& output, TimePoint now) {
 std::optional<std::uint32_t> HislipDialogue::TakeInterruption() { return std::exchange(m_interruption, std::nullopt); }
 
 std::optional<TimePoint> HislipDialogue::NextEvent(bool admitted) const {
+  if (Standing() == IMessageConnection::State::Lost) return TimePoint{};
   // Half a message waits for its rest, whatever the device does meanwhile.
-  const bool free = !m_whole || !m_stream.Busy();
+  const bool free = !m_whole || !m_stream->Busy();
   if (!m_input.empty() && admitted && free) return TimePoint{};
-  return m_whole ? m_stream.NextEvent() : std::nullopt;
+  return m_whole ? m_stream->NextEvent() : std::nullopt;
 }
 
 void HislipDialogue::Delivered() {
   m_deliveryExpected = m_available = false;
-  m_stream.AnswerTaken();
+  m_stream->AnswerTaken();
 }
 
 void HislipDialogue::BeginClear(TimePoint now) {
   m_clearing = true;
-  m_stream.Clear(now);
+  m_stream->Clear(now);
   Forget();
 }
 

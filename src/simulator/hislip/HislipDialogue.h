@@ -1,11 +1,12 @@
 #pragma once
 
-#include "simulator/connection/StreamConnection.h"
+#include "simulator/connection/IMessageConnection.h"
 #include "wire/HislipReader.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -16,8 +17,10 @@ namespace portico::simulator {
 /// dropped, and both sides are told so: -410.
 class HislipDialogue {
 public:
-  /// `instrument` must outlive the dialogue.
-  explicit HislipDialogue(Instrument& instrument);
+  /// `faults` are those of the instrument, and must outlive the dialogue.
+  HislipDialogue(std::unique_ptr<IMessageConnection> connection, Misbehaviour& faults);
+
+  IMessageConnection::State Standing() const { return m_stream->Standing(); }
 
   /// The longest message, its header included, that the client takes.
   void SetLongestMessage(std::uint64_t size);
@@ -30,8 +33,9 @@ public:
   std::optional<TimePoint> NextEvent(bool admitted) const;
   bool AcceptsInput() const;
   /// Whether something is still to be carried out or to be sent.
-  bool Busy() const { return !m_input.empty() || m_stream.Busy(); }
-  bool CloseRequested() const { return m_stream.CloseRequested(); }
+  bool Busy() const { return !m_input.empty() || m_stream->Busy(); }
+  /// Whether the session is to end once it is not busy.
+  bool CloseRequested() const { return m_stream->CloseRequested() || Standing() == IMessageConnection::State::Lost; }
 
   /// The id of the message that an answer was dropped for, if one was since the last call: the asynchronous connection
   /// tells of it, too.
@@ -42,7 +46,7 @@ public:
   bool HasReceived(std::uint32_t id) const { return static_cast<std::int32_t>(id - m_lastId) <= 0; }
   /// The client has taken the last answer whole.
   void Delivered();
-  std::uint8_t StatusByte(TimePoint now) { return m_stream.SerialPoll(m_available, now); }
+  std::uint8_t StatusByte(TimePoint now) { return m_stream->SerialPoll(m_available, now); }
 
   /// Drops all that was said and is to be said; what comes is dropped, too, until the clear ends.
   void BeginClear(TimePoint now);
@@ -58,10 +62,10 @@ private:
 
   void Forget();
   void Enter(const wire::HislipPiece& piece);
-  void Send(std::string& output, std::string_view answer);
+  void Send(std::string& output, const IMessageConnection::Piece& piece);
   void Interrupt(std::string& output, TimePoint now);
 
-  StreamConnection m_stream;
+  const std::unique_ptr<IMessageConnection> m_stream;
   Misbehaviour& m_faults;
   std::size_t m_longestPayload = 0;
   /// What waits for the answers to the message before.

@@ -4,10 +4,13 @@ namespace portico::simulator {
 
 std::shared_ptr<HislipSession> HislipServer::Begin() {
   if (m_sessions.size() >= MostSessions) return nullptr;
+  auto connection = m_instrument->Connect();
+  if (!connection) return nullptr;
   do {
     ++m_lastNumber;
   } while (m_sessions.contains(m_lastNumber));
-  return m_sessions[m_lastNumber] = std::make_shared<HislipSession>(m_instrument, m_locks, m_lastNumber);
+  return m_sessions[m_lastNumber] =
+             std::make_shared<HislipSession>(std::move(connection), m_instrument->Faults(), m_locks, m_lastNumber);
 }
 
 std::shared_ptr<HislipSession> HislipServer::Join(std::uint32_t number) {

@@ -8,13 +8,15 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <utility>
 
 namespace portico::simulator {
 
 /// What the two connections of one client share. It is over as soon as one of them is.
 struct HislipSession {
-  HislipSession(Instrument& instrument, HislipLocks& locks, std::uint16_t number)
-      : Number(number), Dialogue(instrument), Requests(Dialogue, locks, instrument.Faults(), number) {}
+  HislipSession(std::unique_ptr<IMessageConnection> connection, Misbehaviour& faults, HislipLocks& locks,
+                std::uint16_t number)
+      : Number(number), Dialogue(std::move(connection), faults), Requests(Dialogue, locks, faults, number) {}
 
   const std::uint16_t Number;
   HislipDialogue Dialogue;
@@ -30,8 +32,7 @@ public:
   static constexpr std::string_view SubAddress = "hislip0";
   static constexpr std::size_t MostSessions = 64;
 
-  /// `instrument` must outlive the server.
-  explicit HislipServer(Instrument& instrument) : m_instrument(instrument) {}
+  explicit HislipServer(std::shared_ptr<IMessageInstrument> instrument) : m_instrument(std::move(instrument)) {}
 
   /// A session for a client that has just come; a null pointer if there are too many.
   std::shared_ptr<HislipSession> Begin();
@@ -43,7 +44,7 @@ public:
   bool Admits(const HislipSession& session) const { return m_locks.Admits(session.Number); }
 
 private:
-  Instrument& m_instrument;
+  const std::shared_ptr<IMessageInstrument> m_instrument;
   HislipLocks m_locks;
   std::map<std::uint16_t, std::shared_ptr<HislipSession>> m_sessions;
   std::uint16_t m_lastNumber = 0;

@@ -37,7 +37,11 @@ RpcStatus StatusOf(CallOutcome outcome) {
 } // namespace
 
 server::ConnectionFactory ServedVxi11::Factory(Instrument& instrument) {
-  return [links = std::make_shared<Vxi11Links>(instrument)](std::uint16_t port) {
+  return Factory(std::make_shared<StreamInstrument>(instrument));
+}
+
+server::ConnectionFactory ServedVxi11::Factory(std::shared_ptr<IMessageInstrument> instrument) {
+  return [links = std::make_shared<Vxi11Links>(std::move(instrument))](std::uint16_t port) {
     return std::make_unique<ServedVxi11>(links, port);
   };
 }

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "server/IServedConnection.h"
+#include "simulator/connection/StreamInstrument.h"
 #include "simulator/vxi11/Vxi11Calls.h"
 #include "wire/RpcMessage.h"
 #include "wire/RpcRecord.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace portico::simulator {
@@ -18,6 +20,7 @@ class ServedVxi11 final : public server::IServedConnection {
 public:
   /// All connections that this makes share their links and the lock. `instrument` must outlive them.
   static server::ConnectionFactory Factory(Instrument& instrument);
+  static server::ConnectionFactory Factory(std::shared_ptr<IMessageInstrument> instrument);
   /// Of a portmapper, for a port where clients look for one. `corePort` answers where the server is.
   static server::ConnectionFactory PortMapperFactory(std::function<std::uint16_t()> corePort);
 

@@ -35,16 +35,23 @@ struct Context {
   TimePoint Now;
 };
 
+/// Nothing more can be said or heard on its link.
+bool IsLost(const Context& call) { return call.Link.Connection().Standing() == IMessageConnection::State::Lost; }
+
 // The procedures. Each answers when it has waited long enough, for one that has to wait on, or nothing once it is done.
 using Pause = std::optional<TimePoint>;
 
 Pause Write(const Context& call, const DeviceWriteArguments& arguments, DeviceWriteResult& result) {
-  StreamConnection& connection = call.Link.Connection;
+  IMessageConnection& connection = call.Link.Connection();
   if (arguments.Data.size() > Vxi11Calls::LongestWrite) {
     result.Error = Error::Parameter;
     return {};
   }
-  if (!connection.AcceptsInput()) {
+  if (IsLost(call)) {
+    result.Error = Error::Io;
+    return {};
+  }
+  if (!connection.HasRoom()) {
     const TimePoint deadline = After(call.Begun, arguments.IoTimeout);
     if (call.Now < deadline) return deadline;
     result.Error = Error::IoTimeout;
@@ -58,10 +65,14 @@ Pause Write(const Context& call, const DeviceWriteArguments& arguments, DeviceWr
 
 Pause Read(const Context& call, const DeviceReadArguments& arguments, DeviceReadResult& result) {
   const std::string_view answer = call.Link.Answer(call.Now);
+  if (answer.empty() && IsLost(call)) {
+    result.Error = Error::Io;
+    return {};
+  }
   if (answer.empty()) {
     const TimePoint deadline = After(call.Begun, arguments.IoTimeout);
     if (call.Now < deadline) return deadline;
-    if (!call.Link.Busy()) call.Link.Connection.ReportUnterminated();
+    if (!call.Link.Busy()) call.Link.Connection().ReportUnterminated();
     result.Error = Error::IoTimeout;
     return {};
   }
@@ -79,13 +90,13 @@ Pause Read(const Context& call, const DeviceReadArguments& arguments, DeviceRead
 }
 
 Pause ReadStb(const Context& call, const GenericArguments& /*arguments*/, DeviceReadStbResult& result) {
-  result.StatusByte = call.Link.Connection.SerialPoll(call.Link.MessageAvailable(), call.Now);
+  result.StatusByte = call.Link.Connection().SerialPoll(call.Link.MessageAvailable(), call.Now);
   return {};
 }
 
 Pause Trigger(const Context& call, const GenericArguments& /*arguments*/, ErrorResult& /*result*/) {
-  call.Link.Connection.End(call.Now);
-  call.Link.Connection.Write("*TRG\n", call.Now);
+  call.Link.Connection().End(call.Now);
+  call.Link.Connection().Write("*TRG\n", call.Now);
   return {};
 }
 
@@ -176,24 +187,50 @@ CallOutcome Vxi11Calls::CreateLink(XdrReader& reader, XdrWriter& results) {
   if (!reader.Get(arguments)) return CallOutcome::BadArguments;
   CreateLinkResult result;
   const TimePoint deadline = After(m_calledAt, arguments.LockTimeout);
-  const bool locked = arguments.LockDevice && m_links->LockedFor(std::nullopt);
+  const bool locked = arguments.LockDevice && !m_opening && m_links->LockedFor(std::nullopt);
   if (!IsDeviceName(arguments.Device)) {
     result.Error = Error::DeviceNotAccessible;
   } else if (locked && m_now < deadline) {
     return WaitFor(nullptr, std::nullopt, deadline);
   } else if (locked) {
     result.Error = Error::LockedByAnotherLink;
-  } else if (const auto number = m_links->Make(); !number) {
-    result.Error = Error::OutOfResources;
-  } else if (arguments.LockDevice && !m_links->Lock(*number)) {
-    m_links->Remove(*number);
-    result.Error = Error::LockedByAnotherLink;
-  } else {
-    m_own.insert(*number);
-    result = {Error::None, *number, m_port, LongestWrite};
+  } else if (!m_opening) {
+    result.Error = MakeLink(arguments.LockDevice);
   }
+  if (m_opening && !Opened(result)) return CallOutcome::Waits;
   results.Put(result);
   return CallOutcome::Done;
+}
+
+Error Vxi11Calls::MakeLink(bool lock) {
+  const auto number = m_links->Make();
+  if (!number) return Error::OutOfResources;
+  if (lock && !m_links->Lock(*number)) {
+    m_links->Remove(*number);
+    return Error::LockedByAnotherLink;
+  }
+  m_own.insert(*number);
+  m_opening = number;
+  return Error::None;
+}
+
+bool Vxi11Calls::Opened(CreateLinkResult& result) {
+  Vxi11Link* link = m_links->Find(*m_opening);
+  const auto standing = link->Connection().Standing();
+  if (standing == IMessageConnection::State::Opening) {
+    m_begun = m_now; // no lock is in its way
+    m_wait = {link, m_opening, TimePoint::max()};
+    return false;
+  }
+  const std::int32_t number = *std::exchange(m_opening, std::nullopt);
+  if (standing == IMessageConnection::State::Open) {
+    result = {Error::None, number, m_port, LongestWrite};
+  } else {
+    m_own.erase(number);
+    m_links->Remove(number);
+    result.Error = Error::DeviceNotAccessible;
+  }
+  return true;
 }
 
 template <typename Arguments, typename Result, typename Procedure>
@@ -234,13 +271,13 @@ std::optional<TimePoint> Vxi11Calls::NextEvent() const {
   const auto& [link, number, deadline] = *m_wait;
   if (link != nullptr && link->Aborted) return m_now;
   if (!m_begun) return m_links->LockedFor(number) ? deadline : m_now;
-  return std::min(deadline, link->Connection.NextEvent().value_or(deadline));
+  return std::min(deadline, link->Connection().NextEvent().value_or(deadline));
 }
 
 bool Vxi11Calls::CloseRequested() const {
   return std::any_of(m_own.begin(), m_own.end(), [this](std::int32_t number) {
     const Vxi11Link* link = m_links->Find(number);
-    return link->Connection.CloseRequested() && !link->Busy();
+    return link->Connection().CloseRequested() && !link->Busy();
   });
 }
 

@@ -48,11 +48,17 @@ private:
   template <typename Arguments, typename Result, typename Procedure>
   CallOutcome OnLink(wire::XdrReader& arguments, wire::XdrWriter& results, Procedure procedure);
   CallOutcome CreateLink(wire::XdrReader& reader, wire::XdrWriter& results);
+  /// Begins a new link, for a client that may have one.
+  wire::Vxi11::Error MakeLink(bool lock);
+  /// Whether it is known what has come of that.
+  bool Opened(wire::Vxi11::CreateLinkResult& result);
   CallOutcome WaitFor(Vxi11Link* link, std::optional<std::int32_t> number, TimePoint deadline);
 
   const std::shared_ptr<Vxi11Links> m_links;
   const std::uint16_t m_port;
   std::set<std::int32_t> m_own;
+
+  std::optional<std::int32_t> m_opening; ///< the link that has no connection yet
 
   // Of the call that is being made.
   TimePoint m_calledAt{};

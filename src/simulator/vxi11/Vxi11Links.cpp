@@ -7,7 +7,9 @@ namespace portico::simulator {
 
 std::string_view Vxi11Link::Answer(TimePoint now) {
   if (m_read == m_answer.size()) {
-    m_answer = Connection.Read(now).value_or(std::string());
+    auto piece = m_connection->ReadPiece(now).value_or(IMessageConnection::Piece());
+    m_answer = std::move(piece.Bytes);
+    m_ends = piece.End;
     m_read = 0;
   }
   return std::string_view(m_answer).substr(m_read);
@@ -15,23 +17,25 @@ std::string_view Vxi11Link::Answer(TimePoint now) {
 
 bool Vxi11Link::Drop(std::size_t count) {
   m_read += count;
-  // An answer without end comes in pieces without a line feed.
-  const bool whole = m_read == m_answer.size() && m_answer.ends_with('\n');
-  if (whole) Connection.AnswerTaken();
+  const bool whole = m_read == m_answer.size() && m_ends;
+  if (whole) m_connection->AnswerTaken();
   return whole;
 }
 
 void Vxi11Link::Clear(TimePoint now) {
   m_answer.clear();
   m_read = 0;
-  Connection.Clear(now);
+  m_connection->Clear(now);
 }
 
 std::optional<std::int32_t> Vxi11Links::Make() {
   if (m_links.size() >= Most) return std::nullopt;
+  auto connection = m_instrument->Connect();
+  if (!connection) return std::nullopt;
   do {
     m_last = m_last == std::numeric_limits<std::int32_t>::max() ? 1 : m_last + 1;
-  } while (!m_links.try_emplace(m_last, m_instrument).second);
+  } while (m_links.contains(m_last));
+  m_links.try_emplace(m_last, std::move(connection));
   return m_last;
 }
 
@@ -46,7 +50,7 @@ void Vxi11Links::Remove(std::int32_t number) {
 }
 
 bool Vxi11Links::Lock(std::int32_t number) {
-  if (m_instrument.Faults().LocksRefused) return false;
+  if (m_instrument->Faults().LocksRefused) return false;
   m_holder = number;
   return true;
 }

@@ -1,21 +1,24 @@
 #pragma once
 
-#include "simulator/connection/StreamConnection.h"
-#include "simulator/devices/Instrument.h"
+#include "simulator/connection/IMessageConnection.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace portico::simulator {
 
 /// A client's link to the device: its connection, and the answer that is being read.
 class Vxi11Link {
 public:
-  explicit Vxi11Link(Instrument& instrument) : Connection(instrument) {}
+  explicit Vxi11Link(std::unique_ptr<IMessageConnection> connection) : m_connection(std::move(connection)) {}
+
+  IMessageConnection& Connection() const { return *m_connection; }
 
   /// What is left of the answer that is being read, or the next one that is ready at `now`; empty if there is none.
   std::string_view Answer(TimePoint now);
@@ -24,17 +27,18 @@ public:
   /// Drops what was written and not carried out, and what was not read.
   void Clear(TimePoint now);
 
-  bool MessageAvailable() const { return m_read < m_answer.size() || Connection.MessageAvailable(); }
+  bool MessageAvailable() const { return m_read < m_answer.size() || m_connection->MessageAvailable(); }
   /// Whether something is still to be carried out or to be read.
-  bool Busy() const { return m_read < m_answer.size() || Connection.Busy(); }
+  bool Busy() const { return m_read < m_answer.size() || m_connection->Busy(); }
 
-  StreamConnection Connection;
   /// A call on it waits, and is to give up.
   bool Waits = false;
   bool Aborted = false;
 
 private:
+  const std::unique_ptr<IMessageConnection> m_connection;
   std::string m_answer;
+  bool m_ends = false;    ///< the answer ends with these bytes
   std::size_t m_read = 0; ///< of m_answer
 };
 
@@ -43,8 +47,7 @@ class Vxi11Links {
 public:
   static constexpr std::size_t Most = 256;
 
-  /// `instrument` must outlive the links.
-  explicit Vxi11Links(Instrument& instrument) : m_instrument(instrument) {}
+  explicit Vxi11Links(std::shared_ptr<IMessageInstrument> instrument) : m_instrument(std::move(instrument)) {}
 
   /// A new link's number; none if there are too many.
   std::optional<std::int32_t> Make();
@@ -61,10 +64,10 @@ public:
   bool Unlock(std::int32_t number);
 
   /// Whether the answer that a link gave last is to bear another call's number, because the device misbehaves.
-  bool TakesWrongNumber() { return m_instrument.Faults().Take(AnswerFault::Number); }
+  bool TakesWrongNumber() { return m_instrument->Faults().Take(AnswerFault::Number); }
 
 private:
-  Instrument& m_instrument;
+  const std::shared_ptr<IMessageInstrument> m_instrument;
   std::map<std::int32_t, Vxi11Link> m_links;
   std::int32_t m_last = 0;
   std::optional<std::int32_t> m_holder;

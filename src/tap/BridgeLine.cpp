@@ -4,9 +4,14 @@
 
 namespace portico::tap {
 
-BridgeLine::BridgeLine(const drivers::ResourceName& name, InstrumentBridge::TransportMaker make,
+BridgeLine::BridgeLine(const drivers::ResourceName& name, InstrumentBridge::TransportMaker make, drivers::Marks marks,
                        server::SocketServer& server, std::chrono::milliseconds timeout, InstrumentBridge::Teller tell)
-    : m_name(name), m_make(std::move(make)), m_server(server), m_timeout(timeout), m_tell(std::move(tell)) {}
+    : m_name(name),
+      m_make(std::move(make)),
+      m_marks(marks),
+      m_server(server),
+      m_timeout(timeout),
+      m_tell(std::move(tell)) {}
 
 BridgeLine::~BridgeLine() {
   for (const auto& bridge : m_bridges) {
@@ -17,7 +22,7 @@ BridgeLine::~BridgeLine() {
 
 bool BridgeLine::Connect(std::unique_ptr<server::IServedConnection> end) {
   auto [wire, served] = LocalWire::Make();
-  const auto bridge = std::make_shared<InstrumentBridge>(m_name, m_make, m_timeout, m_tell);
+  const auto bridge = std::make_shared<InstrumentBridge>(m_name, m_make, m_marks, m_timeout, m_tell);
   std::erase_if(m_bridges, [](const auto& before) { return before.expired(); });
   m_bridges.push_back(bridge);
   m_server.Add(std::move(served), std::move(end));
@@ -28,7 +33,7 @@ bool BridgeLine::Connect(std::unique_ptr<server::IServedConnection> end) {
   return true;
 }
 
-/// An instrument behind a raw socket has one connection.
+/// One connection carries all that there is to say.
 bool BridgeLine::ConnectFurther(std::unique_ptr<server::IServedConnection> /*end*/, std::uint16_t /*port*/) {
   return false;
 }

@@ -12,14 +12,14 @@
 
 namespace portico::tap {
 
-/// The way to an instrument of any kind, which is as if it stood behind a raw socket. Conversing with it blocks, so
-/// that each connection has a thread.
+/// The way to an instrument of any kind, for clients that speak otherwise. Conversing with it blocks, so that each
+/// connection has a thread.
 class BridgeLine final : public IInstrumentLine {
 public:
   /// `server` serves the connections and must outlive it; the rest is as in InstrumentBridge, and `tell` is called from
   /// other threads.
-  BridgeLine(const drivers::ResourceName& name, InstrumentBridge::TransportMaker make, server::SocketServer& server,
-             std::chrono::milliseconds timeout, InstrumentBridge::Teller tell);
+  BridgeLine(const drivers::ResourceName& name, InstrumentBridge::TransportMaker make, drivers::Marks marks,
+             server::SocketServer& server, std::chrono::milliseconds timeout, InstrumentBridge::Teller tell);
   ~BridgeLine() override;
   BridgeLine(const BridgeLine&) = delete;
   BridgeLine& operator=(const BridgeLine&) = delete;
@@ -31,6 +31,7 @@ public:
 private:
   const drivers::ResourceName m_name;
   const InstrumentBridge::TransportMaker m_make;
+  const drivers::Marks m_marks;
   server::SocketServer& m_server;
   const std::chrono::milliseconds m_timeout;
   const InstrumentBridge::Teller m_tell;

@@ -17,7 +17,7 @@ using Request = std::variant<TapOptions, HelpText, UsageError>;
 
 using Ports = std::array<std::optional<std::uint16_t>, Protocols.size()>;
 
-/// One of the protocols: the raw socket, or that of the instrument.
+/// One of the protocols.
 std::optional<UsageError> ChoosePort(TapOptions& options, const Ports& ports) {
   const auto isGiven = [](const auto& port) { return port.has_value(); };
   if (std::count_if(ports.begin(), ports.end(), isGiven) != 1) {
@@ -26,9 +26,7 @@ std::optional<UsageError> ChoosePort(TapOptions& options, const Ports& ports) {
   const auto chosen = std::find_if(ports.begin(), ports.end(), isGiven);
   options.Client = static_cast<Protocol>(chosen - ports.begin());
   options.Port = **chosen;
-  if (options.Client == Protocol::Raw || options.Client == ProtocolOf(options.Instrument)) return {};
-  return UsageError{"'" + options.Instrument.Canonical() + "' is not spoken to in the protocol of " +
-                    Protocols[static_cast<std::size_t>(options.Client)].Option + "; use --listen"};
+  return {};
 }
 
 } // namespace

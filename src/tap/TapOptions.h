@@ -35,7 +35,7 @@ inline constexpr std::array Protocols = {
 /// In which of them the instrument is spoken to; none for one that is spoken to in another way.
 std::optional<Protocol> ProtocolOf(const drivers::ResourceName& instrument);
 
-/// What is asked of the program. Clients speak as a raw socket has it, or as the instrument does.
+/// What is asked of the program.
 struct TapOptions {
   drivers::ResourceName Instrument{drivers::SimulatedAddress{}};
   std::string Address = "127.0.0.1"; ///< to listen on

@@ -5,9 +5,12 @@
 #include "drivers/standard/StandardTransports.h"
 #include "drivers/vxi11/CorePort.h"
 #include "simulator/connection/DeviceRack.h"
+#include "simulator/hislip/HislipConnection.h"
+#include "simulator/vxi11/ServedVxi11.h"
 #include "tap/BridgeLine.h"
 #include "tap/HislipCrossing.h"
 #include "tap/RawCrossing.h"
+#include "tap/RelayedInstrument.h"
 #include "tap/Vxi11Crossing.h"
 
 #include <utility>
@@ -54,7 +57,8 @@ InstrumentBridge::TransportMaker AnyTransport() {
 std::unique_ptr<IInstrumentLine> MakeLine(const drivers::ResourceName& instrument, Protocol client,
                                           TcpLine::Needs needs) {
   if (client != ProtocolOf(instrument)) {
-    return std::make_unique<BridgeLine>(instrument, AnyTransport(), needs.Server, needs.Timeout, needs.Tell);
+    const auto marks = client == Protocol::Raw ? drivers::Marks::None : drivers::Marks::Ends;
+    return std::make_unique<BridgeLine>(instrument, AnyTransport(), marks, needs.Server, needs.Timeout, needs.Tell);
   }
   if (const auto* socket = std::get_if<SocketAddress>(&instrument.GetAddress())) {
     return std::make_unique<TcpLine>(socket->Host, KnownPort(socket->Port), std::move(needs));
@@ -70,6 +74,11 @@ std::unique_ptr<IInstrumentLine> MakeLine(const drivers::ResourceName& instrumen
 
 server::ConnectionFactory MakeFactory(const drivers::ResourceName& instrument, Protocol client, Place& place) {
   if (client == Protocol::Raw) return RawCrossing::Factory(place);
+  if (client != ProtocolOf(instrument)) {
+    auto relayed = std::make_shared<RelayedInstrument>(place);
+    return client == Protocol::Hislip ? simulator::HislipConnection::Factory(std::move(relayed))
+                                      : simulator::ServedVxi11::Factory(std::move(relayed));
+  }
   const auto& device = std::get<LanDeviceAddress>(instrument.GetAddress());
   if (client == Protocol::Hislip) return HislipCrossing::Factory(place, device.Device);
   return Vxi11Crossing::Factory(place, device.Device);

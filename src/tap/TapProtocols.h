@@ -9,8 +9,7 @@
 
 namespace portico::tap {
 
-/// The way to an instrument for clients that speak this protocol: its own, or that of a raw socket, behind which any
-/// instrument may stand.
+/// The way to an instrument for clients that speak this protocol, its own or another.
 std::unique_ptr<IInstrumentLine> MakeLine(const drivers::ResourceName& instrument, Protocol client,
                                           TcpLine::Needs needs);
 

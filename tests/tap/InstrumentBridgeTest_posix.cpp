@@ -1,6 +1,7 @@
 #include "tap/InstrumentBridge.h"
 
 #include "support/doubles/ScriptedTransport.h"
+#include "tap/BridgeWire.h"
 
 #include <gmock/gmock.h>
 
@@ -16,6 +17,7 @@
 namespace portico::tap {
 namespace {
 
+using namespace BridgeWire;
 using drivers::DriverStatus;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -23,7 +25,7 @@ using testing::IsEmpty;
 /// A client says all that it has to say, ends its side, and hears what comes until the other side ends.
 class InstrumentBridgeTest : public testing::Test {
 protected:
-  std::string Converse(const std::string& said) {
+  std::string Converse(const std::string& said, drivers::Marks marks = drivers::Marks::None) {
     auto [wire, client] = LocalWire::Make();
     EXPECT_EQ(send(client.Get(), said.data(), said.size(), 0), static_cast<ssize_t>(said.size()));
     shutdown(client.Get(), SHUT_WR);
@@ -32,7 +34,7 @@ protected:
       return std::make_unique<test::ScriptedTransport>(Instrument);
     };
     const drivers::ResourceName name(drivers::SimulatedAddress{"dmm"});
-    InstrumentBridge bridge(name, make, std::chrono::seconds(1),
+    InstrumentBridge bridge(name, make, marks, std::chrono::seconds(1),
                             [this](const std::string& text) { Told.push_back(text); });
     std::thread thread([&bridge, here = std::move(wire)]() mutable { bridge.Converse(std::move(here)); });
     std::string heard;
@@ -88,6 +90,30 @@ TEST_F(InstrumentBridgeTest, InstrumentThatDoesNotOpenIsToldAndHearsNothing) {
   Instrument.openResult = {DriverStatus::ConnectionRefused, "there"};
   EXPECT_EQ(Converse("*RST\n"), "");
   EXPECT_THAT(Instrument.written, IsEmpty());
+  EXPECT_EQ(Told.size(), 1U);
+}
+
+// A client whose protocol marks the ends of messages.
+
+TEST_F(InstrumentBridgeTest, MarkEndsAMessageAndABlockThatIsTooShort) {
+  Instrument.Piece("1\n");
+  EXPECT_EQ(Converse(Piece("A") + Last("B") + Last("C #15ab") + Last("D\nE?"), drivers::Marks::Ends),
+            Opened + Done + Done + Done + Piece("1") + Last("\n") + Done);
+  EXPECT_THAT(Instrument.written, ElementsAre("AB\n", "C #15ab\n", "D\n", "E?\n"));
+}
+
+TEST_F(InstrumentBridgeTest, ClearReachesTheInstrumentAndDropsWhatHasBegun) {
+  Instrument.clears = true;
+  EXPECT_EQ(Converse(Piece("A") + Clear + Last("B"), drivers::Marks::Ends), Opened + Done + Done + Done);
+  EXPECT_THAT(Instrument.written, ElementsAre("B\n"));
+  EXPECT_EQ(Instrument.clearings.size(), 1U);
+  EXPECT_THAT(Told, IsEmpty());
+}
+
+TEST_F(InstrumentBridgeTest, QueryWithoutAnswerIsDoneAndToldHere) {
+  Instrument.clears = true;
+  Instrument.Fails(DriverStatus::ReadTimeout);
+  EXPECT_EQ(Converse(Last("A?"), drivers::Marks::Ends), Opened + Done);
   EXPECT_EQ(Told.size(), 1U);
 }
 

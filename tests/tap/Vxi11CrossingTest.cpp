@@ -1,7 +1,7 @@
 #include "tap/Vxi11Crossing.h"
 
 #include "tap/TapBench.h"
-#include "wire/PortMapper.h"
+#include "tap/Vxi11Records.h"
 
 #include <gmock/gmock.h>
 
@@ -11,32 +11,6 @@ namespace {
 using namespace wire;
 namespace V = wire::Vxi11;
 using testing::ElementsAre;
-
-template <typename Arguments>
-std::string Call(std::uint32_t xid, std::uint32_t program, std::uint32_t procedure, const Arguments& arguments) {
-  std::string record;
-  const std::size_t begin = BeginRpcRecord(record);
-  XdrWriter writer(record);
-  WriteRpcCall(writer, {xid, program, program == PortMapper::Program ? 2U : 1U, procedure});
-  writer.Put(arguments);
-  EndRpcRecord(record, begin);
-  return record;
-}
-
-template <typename Result>
-std::string Reply(std::uint32_t xid, const Result& result) {
-  std::string record;
-  const std::size_t begin = BeginRpcRecord(record);
-  XdrWriter writer(record);
-  WriteRpcReply(writer, {xid, RpcStatus::Success});
-  writer.Put(result);
-  EndRpcRecord(record, begin);
-  return record;
-}
-
-std::string Link(std::uint32_t xid, std::string_view device) {
-  return Call(xid, V::CoreProgram, 10, V::CreateLinkArguments{1, false, 2, device});
-}
 
 class Vxi11CrossingTest : public TapBench {
 protected:

@@ -83,9 +83,9 @@ class Tap(unittest.TestCase):
         self.converse(f"TCPIP::127.0.0.1::{port}::SOCKET", read_termination="\n")
         self.end(tap)
 
-    def converse_vxi11(self, log):
+    def converse_vxi11(self, log, instrument=None):
         # Where no portmapper runs, the tap is it.
-        instrument = f"TCPIP::127.0.0.1,{self.vxi11}::inst0::INSTR"
+        instrument = instrument or f"TCPIP::127.0.0.1,{self.vxi11}::inst0::INSTR"
         _, tap = self.run_program(1, PORTICO_TAP, "--vxi11", "111", "--log", self.log(log), instrument)
         self.converse("TCPIP::127.0.0.1::inst0::INSTR")
         self.end(tap)
@@ -104,6 +104,12 @@ class Tap(unittest.TestCase):
         self.converse_vxi11("b.log")
         self.diff("a.log", "b.log")
 
+    def test_vxi11_before_a_raw_socket(self):
+        self.converse_raw("a.log")
+        self.start_simulator()
+        self.converse_vxi11("b.log", f"TCPIP::127.0.0.1::{self.raw}::SOCKET")
+        self.diff("a.log", "b.log")
+
     def test_raw_replayed(self):
         self.converse_raw("a.log")
         self.start_simulator("--replay", self.log("a.log"))
@@ -117,6 +123,24 @@ class Tap(unittest.TestCase):
         self.converse_vxi11("b.log")
         self.check("b.log")
         self.diff("a.log", "b.log")
+
+    def test_vxi11_calls_before_a_raw_socket(self):
+        import pyvisa
+        self.start(1, PORTICO_TAP, "--vxi11", "111", f"TCPIP::127.0.0.1::{self.raw}::SOCKET")
+        manager = pyvisa.ResourceManager("@py")
+        self.addCleanup(manager.close)
+        instrument = manager.open_resource("TCPIP::127.0.0.1::INSTR", timeout=PATIENCE * 1000, write_termination="\r\n")
+        instrument.write("INIT;*OPC?")
+        instrument.clear()
+        self.assertEqual(instrument.query("*ESE 5;*ESE?").rstrip("\n"), "5")
+        with self.assertRaises(Exception):
+            manager.open_resource("TCPIP::127.0.0.1::INSTR")
+        instrument.write("SIM:SIL ON")
+        instrument.timeout = 200
+        with self.assertRaises(pyvisa.errors.VisaIOError) as raised:
+            instrument.query("*ESE?")
+        self.assertEqual(raised.exception.error_code, pyvisa.constants.StatusCode.error_timeout)
+        instrument.close()
 
     def test_vxi11_calls(self):
         import pyvisa

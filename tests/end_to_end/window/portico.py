@@ -250,6 +250,21 @@ class Portico:
         wait_for(self._has_keyboard, "a window to have the keyboard")
         self.desktop.xdotool("key", *keys)
 
+    def press_close_box(self):
+        """By the window manager's key for it, which is lost while that still takes hold of the keyboard."""
+
+        def closes():
+            if self.process.poll() is not None:
+                return True
+            try:
+                self.key("alt+F4")
+                self.process.wait(10)
+            except (subprocess.CalledProcessError, subprocess.TimeoutExpired):
+                return False
+            return True
+
+        wait_for(closes, "the close box to end the program")
+
     def _has_keyboard(self):
         """A window is on the screen before keys reach it: the window manager and the program have yet to agree on it."""
         try:

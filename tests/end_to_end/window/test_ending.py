@@ -62,7 +62,7 @@ class Ending(WindowCase):
 
     def test_the_close_box_ends_an_idle_program(self):
         portico = self.open()
-        portico.key("alt+F4")  # what the window manager makes of it is what its close box does
+        portico.press_close_box()
         self.assertEqual(portico.wait_until_ended(), 0)
 
     def test_the_close_box_ends_a_wait_at_once(self):

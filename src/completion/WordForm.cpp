@@ -19,10 +19,10 @@ bool Begins(std::string_view word, std::string_view text) {
   return text.size() <= word.size() && std::equal(text.begin(), text.end(), word.begin(), equal);
 }
 
-template <char (*Change)(char)>
+template <char (*change)(char)>
 std::string Changed(std::string_view text) {
   std::string changed(text);
-  std::transform(changed.begin(), changed.end(), changed.begin(), Change);
+  std::transform(changed.begin(), changed.end(), changed.begin(), change);
   return changed;
 }
 

@@ -52,7 +52,8 @@ void LogDiff::Begin(StringView instruction) {
 }
 
 bool LogDiff::Print(std::ostream& out) const {
-  const auto& [first, second] = m_sides;
+  const auto& first = std::get<0>(m_sides);
+  const auto& second = std::get<1>(m_sides);
   const auto found = Align(first.Numbers, second.Numbers);
   bool differs = false;
   std::size_t next = 0; // of the second

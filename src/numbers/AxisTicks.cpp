@@ -52,7 +52,9 @@ std::optional<std::vector<Tick>> Lay(const Range& range, const AxisRoom& room, c
   const double gap = room.ExtentOf(u"0");
   double free = -std::numeric_limits<double>::infinity();
   std::vector<Tick> ticks;
-  for (double i = first; i <= last; ++i) {
+  const auto count = static_cast<std::size_t>(std::max(0.0, last - first + 1));
+  for (std::size_t n = 0; n < count; ++n) {
+    const double i = first + static_cast<double>(n);
     const double place = std::clamp(step.Place(i), range.From, range.To);
     if (!ticks.empty() && place <= ticks.back().Place) return {};
     ticks.push_back({place, label(i, step)});

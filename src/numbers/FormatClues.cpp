@@ -23,8 +23,9 @@ bool MayTell(StringView message) {
   for (; !message.empty(); message.remove_prefix(1)) {
     const auto begins = [message](StringView word) { return EqualNoCase(message.substr(0, word.size()), word); };
     const auto first = static_cast<char16_t>(message.front() & ~0x20U); // in upper case, if it is a letter
-    if ((first == u'F' || first == u'W' || first == u'R') && std::any_of(words.begin(), words.end(), begins))
+    if ((first == u'F' || first == u'W' || first == u'R') && std::any_of(words.begin(), words.end(), begins)) {
       return true;
+    }
   }
   return false;
 }

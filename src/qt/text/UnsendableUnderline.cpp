@@ -20,7 +20,12 @@ constexpr double WaveStep = 2;
 QPolygonF Wave(double left, double right, double base) {
   QPolygonF wave;
   bool isLow = false;
-  for (double x = left; x < right; x += WaveStep, isLow = !isLow) wave << QPointF(x, isLow ? base + WaveStep : base);
+  double x = left;
+  while (x < right) {
+    wave << QPointF(x, isLow ? base + WaveStep : base);
+    x += WaveStep;
+    isLow = !isLow;
+  }
   return wave << QPointF(right, isLow ? base + WaveStep : base);
 }
 

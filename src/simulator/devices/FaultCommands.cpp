@@ -80,8 +80,9 @@ void FaultCommands::Block(const Call& call) {
 
 void FaultCommands::Error(const Call& call) {
   const auto code = static_cast<scpi::ErrorCode>(call.Integer(0, -32768, 32767));
-  if (code == scpi::ErrorCode::NoError || scpi::ErrorText(code).empty())
+  if (code == scpi::ErrorCode::NoError || scpi::ErrorText(code).empty()) {
     throw scpi::ScpiError(scpi::ErrorCode::IllegalParameterValue);
+  }
   m_status.Raise(code);
 }
 

@@ -201,8 +201,9 @@ void Multimeter::Fetch(const Call& /*call*/) {
 
 /// The trigger that it would wait for could only come behind it.
 void Multimeter::Read(const Call& /*call*/) {
-  if (m_settings.Trigger.Source == Settings::TriggerSource::Bus)
+  if (m_settings.Trigger.Source == Settings::TriggerSource::Bus) {
     throw scpi::ScpiError(scpi::ErrorCode::TriggerDeadlock);
+  }
   m_executor.WhenIdle([this] { MeasureAndRespond(); });
 }
 

@@ -44,9 +44,10 @@ double DecimalValue(const scpi::Parameter& parameter, Quantity quantity) {
   }
   if (parameter.Unit.empty()) return value;
   const auto factor = UnitFactor(quantity, parameter.Unit);
-  if (!factor)
+  if (!factor) {
     throw scpi::ScpiError(quantity == Quantity::None ? scpi::ErrorCode::SuffixNotAllowed
                                                      : scpi::ErrorCode::InvalidSuffix);
+  }
   return value * *factor;
 }
 

@@ -11,8 +11,9 @@ void CommandTree::Invoke(const scpi::Unit& unit) const {
   const Leaf& leaf = Find(unit);
   const Suffixes suffixes = CheckedSuffixes(unit, leaf);
   if (unit.Parameters.size() < leaf.Target->MinimumParameters) throw scpi::ScpiError(scpi::ErrorCode::MissingParameter);
-  if (unit.Parameters.size() > leaf.Target->MaximumParameters)
+  if (unit.Parameters.size() > leaf.Target->MaximumParameters) {
     throw scpi::ScpiError(scpi::ErrorCode::ParameterNotAllowed);
+  }
   leaf.Target->Function(Call(unit, suffixes));
 }
 

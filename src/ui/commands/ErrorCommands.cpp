@@ -13,10 +13,10 @@ struct ErrorWay {
   void (*Go)(const Ref<ErrorMarks>& errors, const Ref<IForm>& window);
 };
 
-template <const ErrorWay& Way>
+template <const ErrorWay& way>
 class ErrorCommand final : public UserCommand {
 public:
-  StringView ClassName() const override { return Way.Name; }
+  StringView ClassName() const override { return way.Name; }
   void Initialize(const Ref<ErrorMarks>& errors, const Ref<IForm>& window) {
     m_errors = errors;
     m_window = window;
@@ -24,7 +24,7 @@ public:
   }
 
 private:
-  void Act() override { Way.Go(m_errors, m_window); }
+  void Act() override { way.Go(m_errors, m_window); }
 
   Ref<ErrorMarks> m_errors;
   Ref<IForm> m_window;
@@ -43,13 +43,13 @@ constexpr ErrorWay PreviousError{u"PreviousError",
                                  [](const Ref<ErrorMarks>& errors, const Ref<IForm>&) { errors->GoToPrevious(); }};
 constexpr ErrorWay ListErrors{u"ListErrors", List};
 
-template <const ErrorWay& Way>
+template <const ErrorWay& way>
 constexpr CreatorRow Row(StringView name, const ClassKey<ICommand, Ref<ErrorMarks>, Ref<IForm>>& key) {
   return {.Name = name,
           .Specification = key,
           .ParamCount = key.ParamCount,
           .Make = [](const Params& Parameters) -> Ref<IObject> {
-            auto command = New<ErrorCommand<Way>>();
+            auto command = New<ErrorCommand<way>>();
             command->Initialize(Parameters[0].ToObject<ErrorMarks>(), Parameters[1].ToObject<IForm>());
             return command;
           }};

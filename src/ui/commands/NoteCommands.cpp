@@ -12,17 +12,17 @@ struct NoteKind {
   void (*Turn)(LogNotes& notes);
 };
 
-template <const NoteKind& Kind>
+template <const NoteKind& kind>
 class NoteCommand final : public UserCommand {
 public:
-  StringView ClassName() const override { return Kind.Name; }
+  StringView ClassName() const override { return kind.Name; }
   void Initialize(const Ref<LogNotes>& notes) {
     m_notes = notes;
     SetInitialized();
   }
 
 private:
-  void Act() override { Kind.Turn(*m_notes); }
+  void Act() override { kind.Turn(*m_notes); }
 
   Ref<LogNotes> m_notes;
 };
@@ -30,13 +30,13 @@ private:
 constexpr NoteKind SessionMarks{u"SessionMarks", [](LogNotes& notes) { notes.ShowsSessions(!notes.ShowsSessions()); }};
 constexpr NoteKind TimeStamps{u"TimeStamps", [](LogNotes& notes) { notes.ShowsStamps(!notes.ShowsStamps()); }};
 
-template <const NoteKind& Kind>
+template <const NoteKind& kind>
 constexpr CreatorRow Row(StringView name, const ClassKey<ICommand, Ref<LogNotes>>& key) {
   return {.Name = name,
           .Specification = key,
           .ParamCount = key.ParamCount,
           .Make = [](const Params& Parameters) -> Ref<IObject> {
-            auto command = New<NoteCommand<Kind>>();
+            auto command = New<NoteCommand<kind>>();
             command->Initialize(Parameters[0].ToObject<LogNotes>());
             return command;
           }};

@@ -24,10 +24,10 @@ struct Recall {
   void (LineRecall::*Bring)(IRichTextControl& box, const std::deque<String>& lines);
 };
 
-template <const Recall& Which>
+template <const Recall& which>
 class RecallCommand final : public PlainCommand {
 public:
-  StringView ClassName() const override { return Which.Name; }
+  StringView ClassName() const override { return which.Name; }
 
 private:
   void Act() override {
@@ -35,7 +35,7 @@ private:
     const auto sent = Create(Class::SentLines);
     const Ref<IRichTextControl> box = gMainFormParts->txtFuture();
     box->SetFocus();
-    ((*Create(Class::LineRecall)).*Which.Bring)(*box, sent->Lines());
+    ((*Create(Class::LineRecall)).*which.Bring)(*box, sent->Lines());
     TellFault(*sent);
   }
 };

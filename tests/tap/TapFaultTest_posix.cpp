@@ -1,3 +1,6 @@
+#include "drivers/SteadyClock.h"
+#include "drivers/session/InstrumentSession.h"
+#include "drivers/standard/StandardTransports.h"
 #include "server/SocketServer.h"
 #include "support/Files.h"
 #include "support/doubles/ScriptedServer.h"
@@ -64,16 +67,18 @@ private:
 /// A tap between sockets, in a thread of its own for as long as Conversing() has not ended.
 class TapFaultTest : public test::FrameworkTest {
 protected:
-  TapFaultTest() {
+  explicit TapFaultTest(Protocol client = Protocol::Raw) {
     gTimeStamper = New<CMockTimeStampServer>();
     auto log = New<CXMLDataStore>();
     log->Initialize(FromUtf8(m_folder.At("talk.log")).Text, false);
-    const auto tell = [this](const std::string& text) { m_told.push_back(text); };
+    const auto tell = [this, client](const std::string& text) {
+      if (client == Protocol::Raw) m_told.push_back(text); // from one thread only
+    };
     m_recorder.emplace(Recorder::Outputs{log, nullptr, false, tell});
     const auto name = std::get<drivers::ResourceName>(drivers::ResourceName::Parse(Instrument.ResourceName()));
-    m_line = MakeLine(name, Protocol::Raw, {m_server, std::chrono::seconds(10), nullptr, tell});
+    m_line = MakeLine(name, client, {m_server, std::chrono::seconds(10), nullptr, tell});
     m_place.emplace(*m_line, *m_recorder);
-    m_server.Listen({"127.0.0.1", 0, MakeFactory(name, Protocol::Raw, *m_place)});
+    m_server.Listen({"127.0.0.1", 0, MakeFactory(name, client, *m_place)});
     m_thread = std::thread([this] { m_server.Run(); });
   }
   ~TapFaultTest() override {
@@ -167,6 +172,54 @@ TEST_F(TapFaultTest, LongAnswerCrossesWhole) {
   Instrument.WaitForReceived("A?\n");
   const std::string got = client.ReadToEnd();
   EXPECT_EQ(got.size(), answer.size() + 1);
+}
+
+/// Clients of another kind than the instrument behind its raw socket.
+class RelayFaultTest : public TapFaultTest, public testing::WithParamInterface<Protocol> {
+protected:
+  RelayFaultTest() : TapFaultTest(GetParam()) {}
+
+  /// What a client hears that asks "A?", or why it hears nothing.
+  drivers::DriverResult Ask(std::string& answer) {
+    const std::string port = std::to_string(Port());
+    const std::string text = GetParam() == Protocol::Vxi11 ? "TCPIP::127.0.0.1," + port + "::inst0::INSTR"
+                                                           : "TCPIP::127.0.0.1::hislip0," + port + "::INSTR";
+    const auto name = std::get<drivers::ResourceName>(drivers::ResourceName::Parse(text));
+    drivers::SteadyClock clock;
+    drivers::InstrumentSession client(name, drivers::StandardTransports({}, clock, nullptr).at(name.Kind())(name),
+                                      {clock, std::chrono::seconds(60)});
+    auto result = client.Open();
+    if (result.Succeeded()) result = client.Write("A?");
+    if (result.Succeeded())
+      result = client.ReadInPieces([&answer](std::string_view piece) {
+        answer += piece;
+        return true;
+      });
+    client.Close();
+    return result;
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Protocols, RelayFaultTest, testing::Values(Protocol::Vxi11, Protocol::Hislip),
+                         [](const auto& protocol) { return protocol.param == Protocol::Vxi11 ? "Vxi11" : "Hislip"; });
+
+TEST_P(RelayFaultTest, InstrumentThatDiesAtAnyByteIsToldAndFoundByTheNextClient) {
+  const std::string answer = "#13\n\n\n\n";
+  for (std::size_t cut = 0; cut <= answer.size(); ++cut) {
+    Instrument.On("A?", Reaction::Close(answer.substr(0, cut)));
+    std::string heard;
+    const auto result = Ask(heard);
+    EXPECT_EQ(result.Succeeded(), cut == answer.size()) << cut;
+    EXPECT_NE(result.Status, drivers::DriverStatus::ReadTimeout) << cut;
+  }
+  EXPECT_EQ(ClosedSessions(), answer.size() + 1);
+}
+
+TEST_P(RelayFaultTest, LongAnswerCrossesWhole) {
+  Instrument.On("A?", Reaction::Answer(std::string(std::size_t{4} << 20U, 'x') + '\n'));
+  std::string heard;
+  EXPECT_TRUE(Ask(heard).Succeeded());
+  EXPECT_EQ(heard.size(), std::size_t{4} << 20U);
 }
 
 } // namespace

@@ -181,6 +181,7 @@ private:
 
 QWidget& Canvas() {
   for (const QWidget* window : QApplication::topLevelWidgets()) {
+    if (!window->isVisible()) continue; // that of a plot before, which is yet to go
     if (auto* canvas = window->findChild<QWidget*>(QStringLiteral("cnvPlot"))) return *canvas;
   }
   std::abort();

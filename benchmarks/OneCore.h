@@ -21,9 +21,6 @@ private:
   const pid_t m_process;
 };
 
-/// The middle of what was measured, which is not empty.
-double Median(std::vector<double> samples);
-
 /// A number of the command line, at least 1.
 int Argument(int argc, char** argv, int index, int otherwise);
 

@@ -34,12 +34,6 @@ ServingProcess::~ServingProcess() {
   waitpid(m_process, nullptr, 0);
 }
 
-double Median(std::vector<double> samples) {
-  const auto middle = samples.begin() + static_cast<std::ptrdiff_t>(samples.size() / 2);
-  std::nth_element(samples.begin(), middle, samples.end());
-  return *middle;
-}
-
 int Argument(int argc, char** argv, int index, int otherwise) {
   return index < argc ? std::max(1, std::atoi(argv[index])) : otherwise;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "application/HostEnvironment.h"
+#include "benchmarks/Samples.h"
 #include "drivers/SteadyClock.h"
 #include "qt/Toolkit.h"
 #include "qt/loop/EventLoop.h"
@@ -21,7 +22,6 @@ namespace portico {
 using BenchClock = std::chrono::steady_clock;
 
 double SecondsSince(BenchClock::time_point start);
-double Median(std::vector<double> values);
 /// What the program has taken of the processor so far.
 double ProcessorSeconds();
 /// From `show` until the window that it shows is exposed.

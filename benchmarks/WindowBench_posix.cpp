@@ -36,11 +36,6 @@ double SecondsSince(BenchClock::time_point start) {
   return std::chrono::duration<double>(BenchClock::now() - start).count();
 }
 
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
-
 double ProcessorSeconds() {
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);

@@ -2,6 +2,7 @@
 // compared.
 
 #include "benchmarks/Part.h"
+#include "benchmarks/Samples.h"
 #include "completion/Completion.h"
 
 #include <algorithm>
@@ -14,6 +15,7 @@
 
 namespace {
 
+using portico::Median;
 using portico::StringView;
 using portico::completion::CommandTree;
 using portico::completion::Complete;
@@ -44,11 +46,6 @@ double Time(const std::function<void()>& step, int steps) {
   const auto start = std::chrono::steady_clock::now();
   for (int i = 0; i < steps; ++i) step();
   return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count() / steps;
-}
-
-double Median(std::vector<double> times) {
-  std::sort(times.begin(), times.end());
-  return times[times.size() / 2];
 }
 
 void Compare(const char* what, const CommandTree& few, const CommandTree& many, StringView line) {

@@ -2,6 +2,7 @@
 // a bare parse of the same file.
 
 #include "benchmarks/Part.h"
+#include "benchmarks/Samples.h"
 #include "document/entities/CDataEntity.h"
 #include "document/log/CMockTimeStampServer.h"
 #include "document/log/CXMLDataStore.h"
@@ -41,17 +42,6 @@ private:
 };
 
 /// Of the processor, which others may use too.
-double Milliseconds(const std::function<void()>& work) {
-  const std::clock_t start = std::clock();
-  work();
-  return static_cast<double>(std::clock() - start) * 1000 / CLOCKS_PER_SEC;
-}
-
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
-
 /// Resident memory in KiB.
 long Resident() {
   std::ifstream status("/proc/self/status");

@@ -3,6 +3,7 @@
 // Processor time; both windows take turns, and medians are compared.
 
 #include "benchmarks/Part.h"
+#include "benchmarks/Samples.h"
 #include "qt/text/RichTextBox.h"
 #include "views/faults/ErrorMarks.h"
 
@@ -85,20 +86,6 @@ private:
   Ref<ErrorMarks> m_marks = New<ErrorMarks>(m_box);
   bool m_isAtEnd = false;
 };
-
-/// Of processor time, which other programs do not disturb.
-template <class Work>
-double Milliseconds(Work&& work) {
-  const std::clock_t start = std::clock();
-  work();
-  return static_cast<double>(std::clock() - start) * 1000 / CLOCKS_PER_SEC;
-}
-
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
 
 /// Each step with the turn of the event loop that shows it.
 template <class Step>

@@ -75,30 +75,30 @@ class Plotter {
 public:
   explicit Plotter(int count) : m_answer(AnswerOf(count)) {}
 
-  void ShowFirst() {
-    Conversation conversation;
-    conversation.Sent(u"CURV?");
-    conversation.Answered(m_answer, 0);
-    Curves curves(conversation);
-    curves.Choose({.Queries = {u"CURV?"}, .Kind = CurveKind::OverIndex});
-    PlotView view;
-    m_paper.Paint(curves, view);
-  }
+  void ShowFirst() { const Opened opened(m_answer, m_paper); }
   double Zoom() {
-    Conversation conversation;
-    conversation.Sent(u"CURV?");
-    conversation.Answered(m_answer, 0);
-    Curves curves(conversation);
-    curves.Choose({.Queries = {u"CURV?"}, .Kind = CurveKind::OverIndex});
-    PlotView view;
-    m_paper.Paint(curves, view);
+    Opened opened(m_answer, m_paper);
     return Milliseconds([&] {
-      view.ZoomX(1.02, 0.3);
-      m_paper.Paint(curves, view);
+      opened.View.ZoomX(1.02, 0.3);
+      m_paper.Paint(opened.Shown, opened.View);
     });
   }
 
 private:
+  /// A query that was answered once, and its first picture.
+  struct Opened {
+    Opened(const String& answer, Paper& paper) {
+      Talk.Sent(u"CURV?");
+      Talk.Answered(answer, 0);
+      Shown.Choose({.Queries = {u"CURV?"}, .Kind = CurveKind::OverIndex});
+      paper.Paint(Shown, View);
+    }
+
+    Conversation Talk;
+    Curves Shown{Talk};
+    PlotView View;
+  };
+
   String m_answer;
   Paper m_paper;
 };

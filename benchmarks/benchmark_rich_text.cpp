@@ -2,6 +2,7 @@
 // medians are compared.
 
 #include "benchmarks/Part.h"
+#include "benchmarks/Samples.h"
 #include "memory/RichTextBox.h"
 #include "richtext/RtfReader.h"
 
@@ -15,6 +16,7 @@
 
 namespace {
 
+using portico::Median;
 using portico::SelectionFormat;
 using portico::String;
 using portico::memory::RichTextBox;
@@ -80,12 +82,6 @@ double Time(const std::function<void()>& step) {
   for (int i = 0; i < StepsPerRound; ++i) step();
   const std::chrono::duration<double, std::nano> taken = std::chrono::steady_clock::now() - start;
   return taken.count() / StepsPerRound;
-}
-
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
 }
 
 /// `restore` brings the box back to its count of lines, untimed.

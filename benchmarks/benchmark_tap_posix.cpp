@@ -7,6 +7,7 @@
 #include "benchmarks/BareProtocols.h"
 #include "benchmarks/OneCore.h"
 #include "benchmarks/Part.h"
+#include "benchmarks/Samples.h"
 #include "document/log/CMockTimeStampServer.h"
 #include "framework/errors/HuntERR.h"
 #include "server/SocketServer.h"

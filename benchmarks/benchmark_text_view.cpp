@@ -2,6 +2,7 @@
 // takes. Both windows take turns, and medians are compared.
 
 #include "benchmarks/Part.h"
+#include "benchmarks/Samples.h"
 #include "qt/text/RichTextBox.h"
 
 #include <QApplication>
@@ -96,20 +97,6 @@ struct Window {
   qt::RichTextBox past{{.Kind = ControlKind::RichTextBox, .Name = u"txtPast"}, window, u"Sans", 10};
   qt::RichTextBox future{{.Kind = ControlKind::RichTextBox, .Name = u"txtFuture"}, window, u"Sans", 10};
 };
-
-/// Of processor time, which other programs do not disturb.
-template <class Work>
-double Milliseconds(Work&& work) {
-  const std::clock_t start = std::clock();
-  work();
-  return static_cast<double>(std::clock() - start) * 1000 / CLOCKS_PER_SEC;
-}
-
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
 
 void CompareSteps() {
   Window few(Few);

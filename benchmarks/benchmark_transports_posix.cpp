@@ -6,6 +6,7 @@
 #include "benchmarks/BareProtocols.h"
 #include "benchmarks/OneCore.h"
 #include "benchmarks/Part.h"
+#include "benchmarks/Samples.h"
 #include "drivers/SteadyClock.h"
 #include "drivers/standard/StandardDriver.h"
 #include "server/PseudoTerminal.h"

@@ -5,6 +5,7 @@
 
 #include "benchmarks/BareWire.h"
 #include "benchmarks/Part.h"
+#include "benchmarks/Samples.h"
 
 #include <algorithm>
 #include <array>
@@ -34,6 +35,8 @@
 #include <unistd.h>
 
 namespace {
+
+using portico::Median;
 
 constexpr std::string_view Query = "MEAS:VOLT:DC?";
 
@@ -141,12 +144,6 @@ std::optional<double> Time(const std::function<void()>& work) {
   dup2(null, STDOUT_FILENO);
   execvp(argv.front(), argv.data());
   _exit(127);
-}
-
-double Median(std::vector<double> seconds) {
-  const auto middle = seconds.begin() + static_cast<std::ptrdiff_t>(seconds.size() / 2);
-  std::nth_element(seconds.begin(), middle, seconds.end());
-  return *middle;
 }
 
 /// The cases, each with a bare loop of the same exchanges, and the other programs.

@@ -22,11 +22,9 @@ using Places = CommandTree::Places;
 
 String Text(std::string_view bytes) { return {bytes.begin(), bytes.end()}; }
 
-bool IsWordByte(char byte) { return scpi::IsLetter(byte) || scpi::IsDigit(byte) || byte == '_'; }
-
 /// Whether a text is the beginning of a word.
 bool BeginsWord(std::string_view text) {
-  return text.empty() || (scpi::IsLetter(text.front()) && std::all_of(text.begin(), text.end(), IsWordByte));
+  return text.empty() || (scpi::IsLetter(text.front()) && std::all_of(text.begin(), text.end(), scpi::IsMnemonicByte));
 }
 
 std::string_view WithoutWhiteSpace(std::string_view text) {

@@ -8,8 +8,6 @@
 namespace portico::completion {
 namespace {
 
-bool IsWordByte(char byte) { return scpi::IsLetter(byte) || scpi::IsDigit(byte) || byte == '_'; }
-
 std::string_view Trimmed(std::string_view text) {
   while (!text.empty() && scpi::IsWhiteSpace(text.front())) text.remove_prefix(1);
   while (!text.empty() && scpi::IsWhiteSpace(text.back())) text.remove_suffix(1);
@@ -18,7 +16,7 @@ std::string_view Trimmed(std::string_view text) {
 
 bool IsWord(std::string_view text) {
   return !text.empty() && text.size() <= scpi::HeaderPattern::LongestName && scpi::IsLetter(text.front()) &&
-         std::all_of(text.begin(), text.end(), IsWordByte);
+         std::all_of(text.begin(), text.end(), scpi::IsMnemonicByte);
 }
 
 /// Whether a text ends in a mark, in any case, which is cut off.

@@ -8,8 +8,6 @@
 namespace portico::scpi {
 namespace {
 
-bool IsNameByte(char byte) { return IsLetter(byte) || IsDigit(byte) || byte == '_'; }
-
 /// The number that a text is, from 0 to the largest suffix.
 std::optional<std::uint32_t> NumberIn(std::string_view text) {
   std::uint32_t number = 0;
@@ -54,7 +52,7 @@ public:
 private:
   bool ReadNode(std::vector<PatternNode>& nodes) {
     std::size_t size = 1;
-    while (size < m_rest.size() && IsNameByte(m_rest[size])) ++size;
+    while (size < m_rest.size() && IsMnemonicByte(m_rest[size])) ++size;
     std::string_view name = m_rest.substr(0, size);
     m_rest.remove_prefix(size);
     PatternNode node;
@@ -107,7 +105,7 @@ private:
     node.Suffixed = true;
     if (!IsDigit(range.front())) {
       node.Suffixes = {1, SuffixRange::Any};
-      return std::all_of(range.begin(), range.end(), IsNameByte);
+      return std::all_of(range.begin(), range.end(), IsMnemonicByte);
     }
     const std::size_t middle = std::min(range.find(between), range.size());
     const auto first = NumberIn(range.substr(0, middle));

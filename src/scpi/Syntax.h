@@ -8,6 +8,9 @@ constexpr bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
 constexpr bool IsLetter(char byte) { return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z'); }
 
+/// What a word of a header may be made of.
+constexpr bool IsMnemonicByte(char byte) { return IsLetter(byte) || IsDigit(byte) || byte == '_'; }
+
 /// Every control character but the line feed is white space, the carriage return among them.
 constexpr bool IsWhiteSpace(char byte) { return byte >= 0 && byte <= ' ' && byte != '\n'; }
 

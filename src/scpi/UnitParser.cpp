@@ -17,7 +17,6 @@ constexpr std::size_t LongestMnemonic = 12;
 constexpr std::size_t MostDigits = 255;
 constexpr int LargestExponent = 32000;
 
-bool IsMnemonicByte(char byte) { return IsLetter(byte) || IsDigit(byte) || byte == '_'; }
 bool IsUnitByte(char byte) { return IsLetter(byte) || IsDigit(byte) || byte == '/' || byte == '.'; }
 
 /// What a byte that fits nowhere is called: a stray one of the syntax's own, or one that is never allowed.

@@ -1,6 +1,7 @@
 #include "channel/ChannelCommands.h"
 
 #include "channel/IChannel.h"
+#include "channel/Link.h"
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
@@ -75,18 +76,6 @@ void CSetAttribCmd::Initialize(const Ref<ICommand>& InnerCommand, const String& 
 }
 
 Ref<IResponse> CSetAttribCmd::Operate() { return gChannel->SetChannelAttribute(m_attributeName, m_attributeValue); }
-
-namespace {
-
-/// A new command, initialized with the inner command, `arguments`, and the publisher.
-template <class Command, class... Arguments>
-Ref<IObject> Link(const Params& Parameters, const Arguments&... arguments) {
-  auto command = New<Command>();
-  command->Initialize(Parameters[0].ToObject<ICommand>(), arguments..., Create(Class::CmdSubscriptionAgent));
-  return command;
-}
-
-} // namespace
 
 const CreatorRow CtorOpenCmd = {
     .Name = u"CtorOpenCmd",

@@ -1,5 +1,6 @@
 #include "channel/ConfigurationCommands.h"
 
+#include "channel/Link.h"
 #include "framework/errors/ErrorNumbers.h"
 #include "framework/errors/HuntERR.h"
 #include "framework/objects/IObjectFactory.h"
@@ -12,14 +13,6 @@ Ref<IConfigurationServer> Server() {
   HuntERR::Check(bool(gObjectFactory), ErrorNumber::MissingObject,
                  u"This command requires an object factory. There is none.");
   return CreateAs<IConfigurationServer>(Class::Configuration);
-}
-
-template <class Command>
-Ref<IObject> Link(const Params& Parameters) {
-  auto command = New<Command>();
-  command->Initialize(Parameters[0].ToObject<ICommand>(), Parameters[1].ToString(),
-                      Create(Class::CmdSubscriptionAgent));
-  return command;
 }
 
 } // namespace
@@ -48,14 +41,14 @@ const CreatorRow CtorGetConfigCmd = {
     .Name = u"CtorGetConfigCmd",
     .Specification = Class::GetConfigurationCommand,
     .ParamCount = Class::GetConfigurationCommand.ParamCount,
-    .Make = Link<CGetConfigCmd>,
+    .Make = [](const Params& Parameters) { return Link<CGetConfigCmd>(Parameters, Parameters[1].ToString()); },
 };
 
 const CreatorRow CtorSetConfigCmd = {
     .Name = u"CtorSetConfigCmd",
     .Specification = Class::SetConfigurationCommand,
     .ParamCount = Class::SetConfigurationCommand.ParamCount,
-    .Make = Link<CSetConfigCmd>,
+    .Make = [](const Params& Parameters) { return Link<CSetConfigCmd>(Parameters, Parameters[1].ToString()); },
 };
 
 } // namespace portico

@@ -277,6 +277,7 @@ class Portico:
         return any(name in title for name in active)
 
     def type(self, text):
+        wait_for(self._has_keyboard, "a window to have the keyboard")
         self.desktop.xdotool("type", "--delay", 1, text)
 
     def type_lines(self, *lines):
@@ -305,11 +306,18 @@ class Portico:
 
     def choose_file(self, title, path):
         """Answers the dialog that asks for a file."""
-        dialog = self.window(title)
-        self.key("ctrl+a")
-        self.type(path)
-        self.key("Return")
+        dialog = self.name_file(title, path)
         self.wait_until_closed(title)
+        return dialog
+
+    def name_file(self, title, path):
+        """The name comes in at once: while one is typed, the list of what is there already may open and take the
+        Return."""
+        dialog = self.window(title)
+        field = self.find_text_field(dialog)
+        Atspi.EditableText.set_text_contents(field.accessible, path)
+        self.wait(lambda: field.text == path, "the name of the file")
+        self.key("Return")
         return dialog
 
     def wait_for_history(self, text):

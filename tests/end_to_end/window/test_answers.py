@@ -121,10 +121,7 @@ class Answers(WindowCase):
     def test_a_full_disk_is_one_sentence(self):
         portico = self.open(self.simulator().name)
         self.fetch(portico, "SIM:BLOC? 3000000", None)
-        portico.window("Fetch Answer to File")
-        portico.key("ctrl+a")
-        portico.type("/dev/full")
-        portico.key("Return")
+        portico.name_file("Fetch Answer to File", "/dev/full")
         portico.message("full already exists")
         portico.key("alt+y")
         told = portico.message("/dev/full")

@@ -131,7 +131,7 @@ void MeasureCurve() {
     seen += series.Reduce({end / 4, end * 3 / 4}, Columns).back().Values.Maximum;
   });
   both("statistics of the whole", 1,
-       [&](const Series& series) { seen += StatisticsOf(series.ValuesWithin(series.Whole())).StandardDeviation; });
+       [&](const Series& series) { seen += series.StatisticsOver(series.Whole()).StandardDeviation; });
   const double first = Median(Many / Few, [&] { CurveOf(values, Few); }) / static_cast<double>(Few);
   const double last = Median(1, [&] { CurveOf(values, Many); }) / static_cast<double>(Many);
   Print("a thousand appends", first * 1000, last * 1000);

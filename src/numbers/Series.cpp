@@ -9,6 +9,7 @@ void Series::Append(double place, double value) {
   if (!m_places.empty() && !(place >= m_places.back())) place = m_places.back();
   m_places.push_back(place);
   m_values.Append(value);
+  if (Size() % StretchSize == 0) m_stretches.push_back(MomentsOf(m_values.Values().last(StretchSize)));
 }
 
 Range Series::Whole() const {
@@ -22,9 +23,17 @@ std::pair<std::size_t, std::size_t> Series::Within(const Range& range) const {
   return {static_cast<std::size_t>(first - m_places.begin()), static_cast<std::size_t>(last - m_places.begin())};
 }
 
-std::span<const double> Series::ValuesWithin(const Range& range) const {
+Statistics Series::StatisticsOver(const Range& range) const {
   const auto [first, last] = Within(range);
-  return m_values.Values().subspan(first, last - first);
+  const auto values = m_values.Values();
+  const std::size_t firstWhole = (first + StretchSize - 1) / StretchSize;
+  const std::size_t endOfWhole = last / StretchSize;
+  if (firstWhole >= endOfWhole) return StatisticsOf(values.subspan(first, last - first));
+  std::vector<Moments> parts(m_stretches.begin() + static_cast<std::ptrdiff_t>(firstWhole),
+                             m_stretches.begin() + static_cast<std::ptrdiff_t>(endOfWhole));
+  parts.push_back(MomentsOf(values.subspan(first, firstWhole * StretchSize - first)));
+  parts.push_back(MomentsOf(values.subspan(endOfWhole * StretchSize, last - endOfWhole * StretchSize)));
+  return StatisticsOf(parts);
 }
 
 Extremes Series::Over(const Range& range) const {
@@ -48,6 +57,10 @@ std::vector<Series::Column> Series::Reduce(const Range& range, std::size_t colum
     first = last;
   }
   return reduced;
+}
+
+std::size_t Series::Bytes() const {
+  return m_places.capacity() * sizeof(double) + m_values.Bytes() + m_stretches.capacity() * sizeof(Moments);
 }
 
 } // namespace portico::numbers

@@ -14,6 +14,8 @@ public:
     m_lost += std::abs(m_sum) >= std::abs(term) ? (m_sum - sum) + term : (term - sum) + m_sum;
     m_sum = sum;
   }
+  double Rounded() const { return m_sum; }
+  double Lost() const { return m_lost; }
   double Total() const { return m_sum + m_lost; }
 
 private:
@@ -21,53 +23,116 @@ private:
   double m_lost = 0;
 };
 
-void CountAndBound(Statistics& statistics, std::span<const double> values) {
+/// What the mean lost in rounding is in the differences from it, which add up to this instead of 0.
+double SquaresAboutTheMean(const Sum& squares, const Sum& differences, double count) {
+  return squares.Total() - differences.Total() * differences.Total() / count;
+}
+
+/// Rounding must not take the mean of equal values to the side of them.
+double MeanOf(const Sum& sum, double count, double minimum, double maximum) {
+  return std::clamp(sum.Total() / count, minimum, maximum);
+}
+
+/// Of a power of two about as large as half of what lies between; of equal values, as large as they are.
+int ExponentOf(double minimum, double maximum) {
+  const double half = maximum / 2 - minimum / 2;
+  const double size = half > 0 ? half : maximum;
+  return std::clamp(std::ilogb(size) + 1, -1000, 1000);
+}
+
+void CountAndBound(Moments& moments, std::span<const double> values) {
   double minimum = Overload;
   double maximum = -Overload;
   for (const double value : values) {
     if (std::isfinite(value)) {
-      ++statistics.Count;
+      ++moments.Count;
       minimum = std::min(minimum, value);
       maximum = std::max(maximum, value);
     } else {
-      ++(IsGap(value) ? statistics.Gaps : statistics.Overloads);
+      ++(IsGap(value) ? moments.Gaps : moments.Overloads);
     }
   }
-  if (statistics.Count == 0) return;
-  statistics.Minimum = minimum;
-  statistics.Maximum = maximum;
+  moments.Minimum = minimum;
+  moments.Maximum = maximum;
+}
+
+/// All but sums and squares.
+Moments Joined(std::span<const Moments> parts) {
+  Moments whole;
+  for (const Moments& part : parts) {
+    whole.Count += part.Count;
+    whole.Gaps += part.Gaps;
+    whole.Overloads += part.Overloads;
+    whole.Minimum = std::min(whole.Minimum, part.Minimum);
+    whole.Maximum = std::max(whole.Maximum, part.Maximum);
+  }
+  return whole;
 }
 
 } // namespace
 
-Statistics StatisticsOf(std::span<const double> values) {
-  Statistics statistics;
-  CountAndBound(statistics, values);
-  if (statistics.Count == 0) return statistics;
-  // In units of a power of two about as large as half of what lies between, so that no square leaves a double's range.
-  const double half = statistics.Maximum / 2 - statistics.Minimum / 2;
-  const int exponent = std::clamp(half > 0 ? std::ilogb(half) + 1 : 0, -1000, 1000);
-  const double unit = std::ldexp(1.0, exponent);
-  const auto count = static_cast<double>(statistics.Count);
+Moments MomentsOf(std::span<const double> values) {
+  Moments moments;
+  CountAndBound(moments, values);
+  if (moments.Count == 0) return moments;
+  moments.Exponent = ExponentOf(moments.Minimum, moments.Maximum);
+  const double unit = std::ldexp(1.0, moments.Exponent);
+  const auto count = static_cast<double>(moments.Count);
   Sum sum;
   for (const double value : values) {
     if (std::isfinite(value)) sum.Add(value / unit);
   }
-  // Rounding must not take the mean of equal values to the side of them.
-  const double mean = std::clamp(sum.Total() / count, statistics.Minimum / unit, statistics.Maximum / unit);
-  statistics.Mean = mean * unit;
-  if (statistics.Count == 1) return statistics;
+  moments.Sum = sum.Rounded();
+  moments.Lost = sum.Lost();
+  const double mean = MeanOf(sum, count, moments.Minimum / unit, moments.Maximum / unit);
   Sum squares;
-  Sum rest; // 0 but for what the mean lost in rounding
+  Sum differences;
   for (const double value : values) {
     if (!std::isfinite(value)) continue;
     const double difference = value / unit - mean;
     squares.Add(difference * difference);
-    rest.Add(difference);
+    differences.Add(difference);
   }
-  const double variance = (squares.Total() - rest.Total() * rest.Total() / count) / (count - 1);
-  statistics.StandardDeviation = std::sqrt(variance) * unit;
+  moments.Squares = SquaresAboutTheMean(squares, differences, count);
+  return moments;
+}
+
+Statistics StatisticsOf(std::span<const Moments> parts) {
+  const Moments whole = Joined(parts);
+  Statistics statistics{.Count = whole.Count, .Gaps = whole.Gaps, .Overloads = whole.Overloads};
+  if (whole.Count == 0) return statistics;
+  statistics.Minimum = whole.Minimum;
+  statistics.Maximum = whole.Maximum;
+  const int exponent = ExponentOf(whole.Minimum, whole.Maximum);
+  const double unit = std::ldexp(1.0, exponent);
+  const auto count = static_cast<double>(whole.Count);
+  Sum sum;
+  for (const Moments& part : parts) {
+    sum.Add(std::ldexp(part.Sum, part.Exponent - exponent));
+    sum.Add(std::ldexp(part.Lost, part.Exponent - exponent));
+  }
+  const double mean = MeanOf(sum, count, whole.Minimum / unit, whole.Maximum / unit);
+  statistics.Mean = mean * unit;
+  if (whole.Count == 1) return statistics;
+  Sum squares;
+  Sum differences;
+  for (const Moments& part : parts) {
+    if (part.Count == 0) continue;
+    const auto partCount = static_cast<double>(part.Count);
+    // Of a part's mean from that of all, times the count; nothing of the product is rounded.
+    const double difference = std::fma(-partCount, mean, std::ldexp(part.Sum, part.Exponent - exponent)) +
+                              std::ldexp(part.Lost, part.Exponent - exponent);
+    squares.Add(std::ldexp(part.Squares, 2 * (part.Exponent - exponent)));
+    squares.Add(difference * difference / partCount);
+    differences.Add(difference);
+  }
+  statistics.StandardDeviation = std::sqrt(SquaresAboutTheMean(squares, differences, count) / (count - 1)) * unit;
   return statistics;
+}
+
+Statistics StatisticsOf(std::span<const double> values) {
+  const Moments moments = MomentsOf(values);
+  return StatisticsOf(std::span(&moments, 1));
 }
 
 } // namespace portico::numbers

@@ -22,7 +22,7 @@ std::vector<CurveRow> TableOf(const std::vector<Curve>& curves, const numbers::R
   rows.reserve(curves.size());
   for (const Curve& curve : curves) {
     rows.push_back({curve.Name,
-                    numbers::StatisticsOf(curve.Data->ValuesWithin(seen)),
+                    curve.Data->StatisticsOver(seen),
                     {ValueAt(*curve.Data, cursors[0]), ValueAt(*curve.Data, cursors[1])}});
   }
   return rows;

@@ -3,12 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <random>
 
 namespace portico::numbers {
 namespace {
 
-using testing::ElementsAre;
 using testing::Pair;
 
 Extremes Between(double minimum, double maximum) { return {.Minimum = minimum, .Maximum = maximum}; }
@@ -52,8 +53,6 @@ TEST(Series, BothEndsOfARangeAreWithinIt) {
   EXPECT_THAT(series.Within({-3, 100}), Pair(0, 10));
   EXPECT_THAT(series.Within({11, 12}), Pair(10, 10));
   EXPECT_EQ(series.Over({2, 5}), Between(4, 25));
-  EXPECT_THAT(std::vector(series.ValuesWithin({2, 4}).begin(), series.ValuesWithin({2, 4}).end()),
-              ElementsAre(4, 9, 16));
 }
 
 TEST(Series, ColumnsTellTheirValuesAndTheirExtremes) {
@@ -160,6 +159,70 @@ TEST(Series, ReductionIsWhatLookingAtEachValueGives) {
       ASSERT_EQ(reduced[i].Values, expected[i]) << "round " << round << ", column " << i;
       ASSERT_EQ(reduced[i].Last - reduced[i].First, counts[i]) << "round " << round << ", column " << i;
     }
+  }
+}
+
+/// In the toolchain's longest numbers, one value after the other.
+Statistics CountedAgain(const std::vector<double>& values) {
+  Statistics expected{.Minimum = Overload, .Maximum = -Overload};
+  long double sum = 0;
+  for (const double value : values) {
+    if (std::isnan(value)) ++expected.Gaps;
+    if (std::isinf(value)) ++expected.Overloads;
+    if (!std::isfinite(value)) continue;
+    ++expected.Count;
+    sum += value;
+    expected.Minimum = std::min(expected.Minimum, value);
+    expected.Maximum = std::max(expected.Maximum, value);
+  }
+  const long double mean = sum / static_cast<long double>(expected.Count);
+  long double squares = 0;
+  for (const double value : values) {
+    if (std::isfinite(value)) squares += (value - mean) * (value - mean);
+  }
+  expected.Mean = static_cast<double>(mean);
+  expected.StandardDeviation = static_cast<double>(std::sqrt(squares / static_cast<long double>(expected.Count - 1)));
+  return expected;
+}
+
+TEST(Series, StatisticsOfAnyStretchAreThoseOfItsValues) {
+  std::mt19937 random(2);
+  Series series;
+  std::vector<double> values;
+  for (int i = 0; i < 10'000; ++i) {
+    const std::size_t kind = random() % 500;
+    const double noise = static_cast<double>(random() % 1000) / 1000;
+    const double value = kind == 0 ? Gap : kind == 1 ? Overload : kind == 2 ? -Overload : 1E6 + i / 1000 + noise;
+    series.Append(i, value);
+    values.push_back(value);
+  }
+  std::vector<std::pair<std::size_t, std::size_t>> stretches = {{0, 10'000},  {0, 1024},    {1, 1024},     {0, 1023},
+                                                                {1023, 2049}, {1024, 2048}, {1024, 3072},  {1024, 4000},
+                                                                {500, 3072},  {700, 1300},  {8192, 10'000}};
+  for (int round = 0; round < 200; ++round) {
+    const std::size_t first = random() % 9'000;
+    stretches.emplace_back(first, first + 100 + random() % (9'900 - first));
+  }
+  for (const auto& [first, last] : stretches) {
+    const auto expected = CountedAgain(
+        {values.begin() + static_cast<std::ptrdiff_t>(first), values.begin() + static_cast<std::ptrdiff_t>(last)});
+    const Statistics seen = series.StatisticsOver({static_cast<double>(first), static_cast<double>(last - 1)});
+    const auto where = testing::Message() << first << " to " << last;
+    ASSERT_EQ(seen.Count, expected.Count) << where;
+    ASSERT_EQ(seen.Gaps, expected.Gaps) << where;
+    ASSERT_EQ(seen.Overloads, expected.Overloads) << where;
+    ASSERT_EQ(seen.Minimum, expected.Minimum) << where;
+    ASSERT_EQ(seen.Maximum, expected.Maximum) << where;
+    ASSERT_DOUBLE_EQ(seen.Mean, expected.Mean) << where;
+    ASSERT_NEAR(seen.StandardDeviation, expected.StandardDeviation, expected.StandardDeviation * 1E-12) << where;
+  }
+}
+
+TEST(Series, BesideItsPlacesThereAreNoStatistics) {
+  const Series series = Squares(3000);
+  for (const Range& range : {Range{-5, -1}, Range{1500.25, 1500.75}, Range{4000, 5000}, Range{2000, 1000}}) {
+    EXPECT_EQ(series.StatisticsOver(range).Count, 0U) << range.From;
+    EXPECT_TRUE(IsGap(series.StatisticsOver(range).Mean)) << range.From;
   }
 }
 

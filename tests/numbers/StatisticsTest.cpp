@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <span>
+#include <vector>
+
 namespace portico::numbers {
 namespace {
 
@@ -29,7 +32,7 @@ TEST(Statistics, GapsAndOverloadsAreLeftOutAndCounted) {
 
 TEST(Statistics, OfNothingNothingIsTold) {
   const double marks[] = {Gap, Overload};
-  for (const Statistics& statistics : {StatisticsOf({}), StatisticsOf(marks)}) {
+  for (const Statistics& statistics : {StatisticsOf(std::span<const double>()), StatisticsOf(marks)}) {
     EXPECT_EQ(statistics.Count, 0U);
     EXPECT_TRUE(IsGap(statistics.Minimum));
     EXPECT_TRUE(IsGap(statistics.Maximum));
@@ -91,6 +94,54 @@ TEST(Statistics, HugeAndTinyValuesStayWithinTheRange) {
 TEST(Statistics, DeviationThatNoDoubleHoldsIsAnOverload) {
   const double values[] = {-1.7E308, 1.7E308};
   EXPECT_EQ(StatisticsOf(values).StandardDeviation, Overload);
+}
+
+TEST(Statistics, ArePutTogetherOfPartsCutAnywhere) {
+  const std::vector<std::vector<double>> samples = {
+      {2, 4, 4, 4, 5, 5, 7, 9},
+      {Gap, 1, Overload, 3, -Overload, Gap, Gap},
+      {Gap, Overload},
+      {-7.5},
+      {1E9 + 4, 1E9 + 7, 1E9 + 13, 1E9 + 16},
+      {1E16, 1E16 + 2},
+      {0.003, 0.003, 0.003},
+      {0, 0, -0.003, 0},
+      {1E16, 1, 2, -1E16},
+      {1.5E308, 1.5E308, 1.5E308, 1.4E308},
+      {-1E308, 1E308, 0},
+      {1E-200, 3E-200},
+      {1E-200, 3E-200, 1E200, 1E200},
+      {-1.7E308, 1.7E308},
+  };
+  for (const auto& values : samples) {
+    const Statistics whole = StatisticsOf(values);
+    for (std::size_t a = 0; a <= values.size(); ++a) {
+      for (std::size_t b = a; b <= values.size(); ++b) {
+        const std::span all(values);
+        const Moments parts[] = {MomentsOf(all.first(a)), MomentsOf(all.subspan(a, b - a)), MomentsOf(all.subspan(b))};
+        const Statistics joined = StatisticsOf(parts);
+        const auto where = testing::Message() << values.front() << " and on, cut at " << a << " and " << b;
+        EXPECT_EQ(joined.Count, whole.Count) << where;
+        EXPECT_EQ(joined.Gaps, whole.Gaps) << where;
+        EXPECT_EQ(joined.Overloads, whole.Overloads) << where;
+        const auto same = [&where](double joinedNumber, double wholeNumber) {
+          EXPECT_EQ(IsGap(joinedNumber), IsGap(wholeNumber)) << where;
+          if (!IsGap(wholeNumber)) {
+            EXPECT_DOUBLE_EQ(joinedNumber, wholeNumber) << where;
+          }
+        };
+        same(joined.Minimum, whole.Minimum);
+        same(joined.Maximum, whole.Maximum);
+        same(joined.Mean, whole.Mean);
+        same(joined.StandardDeviation, whole.StandardDeviation);
+      }
+    }
+  }
+}
+
+TEST(Statistics, NoPartsAreNoValues) {
+  EXPECT_EQ(StatisticsOf(std::span<const Moments>()).Count, 0U);
+  EXPECT_TRUE(IsGap(StatisticsOf(std::span<const Moments>()).Minimum));
 }
 
 } // namespace

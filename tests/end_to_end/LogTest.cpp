@@ -7,8 +7,6 @@
 namespace portico::test {
 namespace {
 
-const std::string FirstSteps = std::string(PORTICO_EXAMPLES) + "/first-steps.cmd";
-
 class Log : public testing::Test {
 protected:
   std::string Content() const { return BytesOf(Path); }

@@ -14,6 +14,8 @@ namespace portico::test {
 using Arguments = std::vector<std::string>;
 
 inline const std::string SimulatedMeter = "SIM::dmm::INSTR";
+/// The command file that shows what Portico does.
+inline const std::string FirstSteps = std::string(PORTICO_EXAMPLES) + "/first-steps.cmd";
 
 /// Lines go out alone, without pacing and error checks.
 inline const Arguments BareOptions = {"--option", "SCPIProtocolOPCPacing=Off", "--option",

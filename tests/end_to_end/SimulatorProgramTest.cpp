@@ -5,8 +5,6 @@
 namespace portico::test {
 namespace {
 
-const std::string FirstSteps = std::string(PORTICO_EXAMPLES) + "/first-steps.cmd";
-
 TEST(SimulatorProgram, FirstStepsOverTcpGiveTheTranscriptOfTheBuiltInInstrument) {
   const SimulatorProgram simulator;
   const Outcome outcome = RunPortico({simulator.ResourceName(), FirstSteps});

@@ -8,8 +8,6 @@
 namespace portico::test {
 namespace {
 
-const std::string FirstSteps = std::string(PORTICO_EXAMPLES) + "/first-steps.cmd";
-
 std::string Bytes(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};

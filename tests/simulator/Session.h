@@ -71,4 +71,7 @@ private:
   std::unique_ptr<simulator::StreamConnection> m_connection;
 };
 
+/// The number that an answer is.
+inline double NumberIn(const std::string& answer) { return std::stod(answer); }
+
 } // namespace portico::test

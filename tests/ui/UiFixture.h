@@ -51,4 +51,13 @@ protected:
   Ref<MainFormDouble> MainForm;
 };
 
+/// What a menu command raises that was not initialized.
+template <class Command>
+void ExpectGuard(StringView label) {
+  const auto error = Raised([] { Command().Execute(); });
+  ExpectError(error, Hex(0x80041460), u"Method cannot be called before Initialize().");
+  ExpectTrail(error, {label});
+  HuntERR::Reset();
+}
+
 } // namespace portico::test

@@ -12,7 +12,7 @@ namespace portico::test {
 
 /// The header as this program writes it, and a log around the given sessions.
 inline const std::string LogHeader = "<Header ApplicationName=\"Tolvane Portico\" ApplicationVersion=\"1.0.5\"/>";
-inline std::string LogOf(const std::string& sessions) {
+inline std::string PlainLogOf(const std::string& sessions) {
   return "<SCPICommLog>" + LogHeader + sessions + "</SCPICommLog>";
 }
 

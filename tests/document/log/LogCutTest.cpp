@@ -102,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Course{"TwoSessions", "", {"make", "open", "1", "close", "open", "2", "close"}},
                     Course{"OnAClosedLog", Closed, {"make", "open", "1", "close"}},
                     Course{"OnALogInOneLine",
-                           LogOf("<Session><X Timestamp=\"x\">7800</X></Session>"),
+                           PlainLogOf("<Session><X Timestamp=\"x\">7800</X></Session>"),
                            {"make", "open", "1", "close"}},
                     Course{"OnALogWithAnEpilogue", Closed + "<!-- behind -->", {"make", "open", "1", "close"}},
                     Course{"OnATornLog", Closed.substr(0, Closed.find("7800")) + "78", {"make", "open", "1", "close"}},

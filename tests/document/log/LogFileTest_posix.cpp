@@ -49,14 +49,14 @@ TEST_F(LogFileTest, AStoreLeavesOneFileWithTheUsualPermissions) {
 }
 
 TEST_F(LogFileTest, AnInterruptionThatIsPastDoesNotDelayTheOpening) {
-  Put(Path(), LogOf(""));
+  Put(Path(), PlainLogOf(""));
   LogDisk disk;
   errno = EINTR; // of an earlier call; one that succeeds leaves it alone
   EXPECT_NE(disk.Open(Path(), ILogDisk::Access::Read), nullptr);
 }
 
 TEST_F(LogFileTest, ARewrittenLogKeepsItsPermissions) {
-  Put(Path(), LogOf("") + "<!-- behind -->");
+  Put(Path(), PlainLogOf("") + "<!-- behind -->");
   fs::permissions(Path(), fs::perms(0640));
   Store(Path())->OpenSession();
   EXPECT_EQ(fs::status(Path()).permissions(), fs::perms(0640));
@@ -64,7 +64,7 @@ TEST_F(LogFileTest, ARewrittenLogKeepsItsPermissions) {
 }
 
 TEST_F(LogFileTest, ASymbolicLinkStaysOne) {
-  Put(Path("real.xml"), LogOf("") + "<!-- behind -->");
+  Put(Path("real.xml"), PlainLogOf("") + "<!-- behind -->");
   fs::create_symlink("real.xml", Path());
   Store(Path())->OpenSession();
   EXPECT_TRUE(fs::is_symlink(Path()));
@@ -82,11 +82,11 @@ TEST_F(LogFileTest, ALinkToNothingAndAnOverwrittenOneStayLinks) {
 }
 
 TEST_F(LogFileTest, AnOverwrittenLogIsANewFile) {
-  Put(Path(), LogOf("<Session/>"));
+  Put(Path(), PlainLogOf("<Session/>"));
   fs::create_hard_link(Path(), Path("kept"));
   Store(Path(), true);
   EXPECT_FALSE(fs::equivalent(Path(), Path("kept")));
-  EXPECT_EQ(Get(Path("kept")), LogOf("<Session/>"));
+  EXPECT_EQ(Get(Path("kept")), PlainLogOf("<Session/>"));
 }
 
 TEST_F(LogFileTest, AFileInTheOldOnesPlaceIsAnotherFile) {

@@ -18,62 +18,63 @@ LogReading ReadingOf(const std::string& bytes) {
 End EndOf(const std::string& bytes) { return ReadingOf(bytes).Ending; }
 
 TEST(LogReaderTest, TellsOfHeaderSessionsAndEntities) {
-  EXPECT_EQ(Tell(LogOf("<Session a=\"1\"><X b=\"2\" c=\"3\"><![CDATA[41]]></X></Session><Session/>")),
+  EXPECT_EQ(Tell(PlainLogOf("<Session a=\"1\"><X b=\"2\" c=\"3\"><![CDATA[41]]></X></Session><Session/>")),
             (Lines{HeaderLine, "session a=1", "X b=2 c=3 41", "end", "session", "end"}));
 }
 
 TEST(LogReaderTest, NamesAreCaseSensitive) {
-  EXPECT_EQ(Tell(LogOf("<session><X>41</X></session>")), Lines{HeaderLine});
+  EXPECT_EQ(Tell(PlainLogOf("<session><X>41</X></session>")), Lines{HeaderLine});
   EXPECT_EQ(ReadingOf("<scpicommlog>" + LogHeader + "</scpicommlog>").Headers, 0U);
 }
 
 TEST(LogReaderTest, WhatIsNoLogsIsPassedOver) {
-  EXPECT_EQ(Tell(LogOf("<!-- a --><?b c?><Other><Session><X>41</X></Session></Other>stray<Session>stray<!-- d -->"
-                       "<X>4<!-- e -->1<Y>42</Y></X></Session>")),
+  EXPECT_EQ(Tell(PlainLogOf("<!-- a --><?b c?><Other><Session><X>41</X></Session></Other>stray<Session>stray<!-- d -->"
+                            "<X>4<!-- e -->1<Y>42</Y></X></Session>")),
             (Lines{HeaderLine, "session", "X 4142", "end"}));
   EXPECT_TRUE(Tell("<Other>" + LogHeader + "<Session/></Other>").empty());
 }
 
 TEST(LogReaderTest, WhiteSpaceAroundACDataSectionIsNoText) {
-  EXPECT_EQ(TextsOf(LogOf("<Session><X>\n  <![CDATA[ 41\n]]>\t</X><Y> \n </Y><Z> a </Z></Session>")),
+  EXPECT_EQ(TextsOf(PlainLogOf("<Session><X>\n  <![CDATA[ 41\n]]>\t</X><Y> \n </Y><Z> a </Z></Session>")),
             (Lines{" 41\n", "", " a "}));
 }
 
 TEST(LogReaderTest, ACarriageReturnIsTextWhenItIsMeant) {
-  EXPECT_EQ(TextsOf(LogOf("<Session><X><![CDATA[a]]>&#13;<![CDATA[\n]]></X></Session>")), Lines{"a\r\n"});
+  EXPECT_EQ(TextsOf(PlainLogOf("<Session><X><![CDATA[a]]>&#13;<![CDATA[\n]]></X></Session>")), Lines{"a\r\n"});
 }
 
 TEST(LogReaderTest, AnEntityMayBeCalledAsASessionIs) {
-  EXPECT_EQ(Tell(LogOf("<Session><Session>41</Session><Header>42</Header></Session>")),
+  EXPECT_EQ(Tell(PlainLogOf("<Session><Session>41</Session><Header>42</Header></Session>")),
             (Lines{HeaderLine, "session", "Session 41", "Header 42", "end"}));
 }
 
 TEST(LogReaderTest, ReadsOtherEncodings) {
-  const std::string latin = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + LogOf("<Session><X>\xE9</X></Session>");
+  const std::string latin =
+      "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + PlainLogOf("<Session><X>\xE9</X></Session>");
   EXPECT_EQ(TextsOf(latin), Lines{"\xC3\xA9"});
   EXPECT_FALSE(ReadingOf(latin).IsUtf8);
 
   std::string wide = "\xFF\xFE";
-  for (const char byte : LogOf("<Session><X>41</X></Session>")) wide.append({byte, '\0'});
+  for (const char byte : PlainLogOf("<Session><X>41</X></Session>")) wide.append({byte, '\0'});
   EXPECT_EQ(TextsOf(wide), Lines{"41"});
   EXPECT_FALSE(ReadingOf(wide).IsUtf8);
   EXPECT_FALSE(ReadingOf(wide.substr(2)).IsUtf8);
 
-  EXPECT_TRUE(ReadingOf("\xEF\xBB\xBF" + LogOf("")).IsUtf8);
-  EXPECT_TRUE(ReadingOf("<?xml version=\"1.0\" encoding=\"utf-8\"?>" + LogOf("")).IsUtf8);
-  EXPECT_FALSE(ReadingOf("<?xml version=\"1.0\" encoding=\"us-ascii\"?>" + LogOf("")).IsUtf8);
+  EXPECT_TRUE(ReadingOf("\xEF\xBB\xBF" + PlainLogOf("")).IsUtf8);
+  EXPECT_TRUE(ReadingOf("<?xml version=\"1.0\" encoding=\"utf-8\"?>" + PlainLogOf("")).IsUtf8);
+  EXPECT_FALSE(ReadingOf("<?xml version=\"1.0\" encoding=\"us-ascii\"?>" + PlainLogOf("")).IsUtf8);
 }
 
 TEST(LogReaderTest, BytesThatAreNotOfTheEncodingBreakIt) {
-  EXPECT_EQ(EndOf(LogOf("<Session><X>\xE9</X></Session>")), End::Broken);
+  EXPECT_EQ(EndOf(PlainLogOf("<Session><X>\xE9</X></Session>")), End::Broken);
 }
 
 TEST(LogReaderTest, WhatIsNotXmlIsBroken) {
   for (const std::string& text :
        {std::string(), std::string("no"), std::string("<a></b>"), std::string("<a/><b/>"), std::string("<a>"),
-        std::string(1000, '\0'), LogOf("<Session><X a=\"1\" a=\"2\"/></Session>"),
-        LogOf("<Session>&unknown;</Session>"), LogOf("</Session>"), LogOf("") + "x", LogOf("") + "<!-- open",
-        LogOf("<X></Y>")}) {
+        std::string(1000, '\0'), PlainLogOf("<Session><X a=\"1\" a=\"2\"/></Session>"),
+        PlainLogOf("<Session>&unknown;</Session>"), PlainLogOf("</Session>"), PlainLogOf("") + "x",
+        PlainLogOf("") + "<!-- open", PlainLogOf("<X></Y>")}) {
     EXPECT_EQ(EndOf(text), End::Broken) << text;
   }
 }
@@ -90,7 +91,7 @@ TEST(LogReaderTest, AnExpansionOfEntitiesIsRefusedBeforeItBegins) {
     const std::string before = "&a" + std::to_string(i - 1) + ";";
     laughs += "<!ENTITY a" + std::to_string(i) + " \"" + before + before + "\">";
   }
-  const auto reading = ReadingOf(laughs + "]>" + LogOf("<Session><X>&a29;</X></Session>"));
+  const auto reading = ReadingOf(laughs + "]>" + PlainLogOf("<Session><X>&a29;</X></Session>"));
   EXPECT_EQ(reading.Ending, End::Broken);
   EXPECT_EQ(reading.Reason, "a document type is not allowed");
 }
@@ -103,7 +104,7 @@ TEST(LogReaderTest, NestingHasAnEnd) {
       open += "<a>";
       close += "</a>";
     }
-    return LogOf("<Session>" + open + "41" + close + "</Session>");
+    return PlainLogOf("<Session>" + open + "41" + close + "</Session>");
   };
   EXPECT_EQ(TextsOf(nested(200)), Lines{"41"});
   EXPECT_EQ(ReadingOf(nested(100000)).Ending, End::Broken);
@@ -111,12 +112,12 @@ TEST(LogReaderTest, NestingHasAnEnd) {
 
 TEST(LogReaderTest, ALargePayloadComesWhole) {
   const std::string payload(3'000'000, 'A');
-  EXPECT_EQ(TextsOf(LogOf("<Session><X><![CDATA[" + payload + "]]></X></Session>")), Lines{payload});
+  EXPECT_EQ(TextsOf(PlainLogOf("<Session><X><![CDATA[" + payload + "]]></X></Session>")), Lines{payload});
 }
 
 TEST(LogReaderTest, ALongTagCostsNoMoreThanItsLength) {
   const std::string value(20'000'000, 'A');
-  EXPECT_EQ(Tell(LogOf("<Session><X a=\"" + value + "\"/></Session>"))[2].size(), value.size() + 5);
+  EXPECT_EQ(Tell(PlainLogOf("<Session><X a=\"" + value + "\"/></Session>"))[2].size(), value.size() + 5);
 }
 
 TEST(LogReaderTest, ReadsInPiecesOfAnySize) {
@@ -143,7 +144,7 @@ TEST(LogReaderTest, WhatAVisitorThrowsReachesTheCaller) {
   struct Thrower final : ILogVisitor {
     void Entity(const LogElement&) override { throw 17; }
   } thrower;
-  EXPECT_THROW(LogReader::Read(LogOf("<Session><X/><Y/></Session>"), thrower), int);
+  EXPECT_THROW(LogReader::Read(PlainLogOf("<Session><X/><Y/></Session>"), thrower), int);
 }
 
 TEST(LogReaderTest, AnyStartOfALogBehindItsHeaderIsTorn) {
@@ -241,10 +242,10 @@ TEST(LogReaderTest, SeveralTornCloseStampsAreAllPassed) {
 
 TEST(LogReaderTest, ASessionTagThatIsBrokenOtherwiseStaysBroken) {
   const std::string blanks(LogText::CloseStampRoom - 2, ' ');
-  EXPECT_EQ(EndOf(LogOf("<Session SessionOpenTimeStamp=\"t\" x " + blanks + "></Session>")),
+  EXPECT_EQ(EndOf(PlainLogOf("<Session SessionOpenTimeStamp=\"t\" x " + blanks + "></Session>")),
             End::Broken); // one too many
-  EXPECT_EQ(EndOf(LogOf("<Session SessionOpenTimeStamp=\"t\" x" + blanks.substr(2) + "></Session>")), End::Broken);
-  EXPECT_EQ(EndOf(LogOf("<Session><Session SessionOpenTimeStamp=\"t\" x" + blanks + "></Session></Session>")),
+  EXPECT_EQ(EndOf(PlainLogOf("<Session SessionOpenTimeStamp=\"t\" x" + blanks.substr(2) + "></Session>")), End::Broken);
+  EXPECT_EQ(EndOf(PlainLogOf("<Session><Session SessionOpenTimeStamp=\"t\" x" + blanks + "></Session></Session>")),
             End::Broken);
 }
 

@@ -10,7 +10,7 @@ protected:
   static std::string LogWith(std::initializer_list<const char*> stamps) {
     std::string entities;
     for (const char* stamp : stamps) entities += std::string("<X Timestamp=\"") + stamp + "\">7800</X>";
-    return LogOf("<Session>" + entities + "</Session>");
+    return PlainLogOf("<Session>" + entities + "</Session>");
   }
   /// The stamp of the session that is opened in that log.
   std::string Extend(const std::string& log) {
@@ -38,10 +38,10 @@ TEST_F(LogStampsTest, ASessionInALogOfTheSameSecondGoesOnBehindItsHighest) {
 }
 
 TEST_F(LogStampsTest, TheStampsOfItsSessionsCountAsWell) {
-  EXPECT_EQ(Extend(LogOf("<Session SessionOpenTimeStamp=\"2004-02-09T08:05:03.000000007-5:00\"/>")),
+  EXPECT_EQ(Extend(PlainLogOf("<Session SessionOpenTimeStamp=\"2004-02-09T08:05:03.000000007-5:00\"/>")),
             "2004-02-09T08:05:03.000000008-5:00");
-  EXPECT_EQ(Extend(LogOf("<Session SessionOpenTimeStamp=\"2004-02-09T08:05:02.000000007-5:00\" "
-                         "SessionCloseTimeStamp=\"2004-02-09T08:05:03.000000050-5:00\"/>")),
+  EXPECT_EQ(Extend(PlainLogOf("<Session SessionOpenTimeStamp=\"2004-02-09T08:05:02.000000007-5:00\" "
+                              "SessionCloseTimeStamp=\"2004-02-09T08:05:03.000000050-5:00\"/>")),
             "2004-02-09T08:05:03.000000051-5:00");
 }
 

@@ -16,7 +16,7 @@ protected:
   }
   /// What reading an entity raises, the file being a good log.
   ErrorRecord Reading(const std::string& entities) {
-    Disk->Put(Path, LogOf("<Session>" + entities + "</Session>"));
+    Disk->Put(Path, PlainLogOf("<Session>" + entities + "</Session>"));
     const std::string before = Bytes();
     const auto store = Store();
     const auto error = Raised([&] { store->FillDataContainerFromStore(); });
@@ -26,8 +26,8 @@ protected:
 };
 
 TEST_F(XMLDataStoreBadInputTest, AFileThatIsNotXml) {
-  for (const std::string& text : {std::string("no XML"), std::string(), std::string("\0\0", 2), LogOf("</Session>"),
-                                  std::string("<!DOCTYPE SCPICommLog>") + LogOf("")}) {
+  for (const std::string& text : {std::string("no XML"), std::string(), std::string("\0\0", 2),
+                                  PlainLogOf("</Session>"), std::string("<!DOCTYPE SCPICommLog>") + PlainLogOf("")}) {
     const auto error = Opening(text);
     ExpectError(error, 31037, u"The file, conversation.xml, is not a valid data store.");
     ExpectTrail(error, {u"CXMLDataStore.InititalizeDataStore(FileName, OverWrite)", u"CXMLDataStore.Initialize"});
@@ -49,7 +49,7 @@ TEST_F(XMLDataStoreBadInputTest, ElementsNestedTooDeeply) {
       open += "<X>";
       close += "</X>";
     }
-    return LogOf(open + close);
+    return PlainLogOf(open + close);
   };
   Disk->Put(Path, nested(255));
   EXPECT_TRUE(Read(Store()).empty());
@@ -76,7 +76,7 @@ TEST_F(XMLDataStoreBadInputTest, NoHeader) {
 }
 
 TEST_F(XMLDataStoreBadInputTest, TwoHeaders) {
-  ExpectError(Opening(LogOf(LogHeader)), 321, u"This data store contains more than one header.");
+  ExpectError(Opening(PlainLogOf(LogHeader)), 321, u"This data store contains more than one header.");
 }
 
 TEST_F(XMLDataStoreBadInputTest, AnotherApplicationsLogFailsWithoutAWord) {
@@ -115,14 +115,15 @@ TEST_F(XMLDataStoreBadInputTest, AnEmptyPayloadFailsTheWholeReading) {
 }
 
 TEST_F(XMLDataStoreBadInputTest, AnEmptyStringPayloadIsNoData) {
-  Disk->Put(Path, LogOf("<Session><X Timestamp=\"t\" DataFormat=\"String\"/></Session>"));
+  Disk->Put(Path, PlainLogOf("<Session><X Timestamp=\"t\" DataFormat=\"String\"/></Session>"));
   EXPECT_EQ(FirstRead(Store())->DataLength(), 0);
 }
 
 TEST_F(XMLDataStoreBadInputTest, ElementsOfAnyTypeAreEntities) {
-  Disk->Put(Path,
-            LogOf("<Session><Unknown DataType=\"Other\" Timestamp=\"t\" DataFormat=\"Binary\" _p=\"q\">7800</Unknown>"
-                  "</Session>"));
+  Disk->Put(
+      Path,
+      PlainLogOf("<Session><Unknown DataType=\"Other\" Timestamp=\"t\" DataFormat=\"Binary\" _p=\"q\">7800</Unknown>"
+                 "</Session>"));
   const auto entity = FirstRead(Store());
   EXPECT_EQ(entity->DataType(), u"Other");
   EXPECT_EQ(entity->DataAttribute(u"DataFormat"), u"Binary");
@@ -131,7 +132,7 @@ TEST_F(XMLDataStoreBadInputTest, ElementsOfAnyTypeAreEntities) {
 }
 
 TEST_F(XMLDataStoreBadInputTest, AnElementWithoutAttributesKeepsTheNewEntitysOwn) {
-  Disk->Put(Path, LogOf("<Session><X>7800</X></Session>"));
+  Disk->Put(Path, PlainLogOf("<Session><X>7800</X></Session>"));
   const auto entity = FirstRead(Store());
   EXPECT_EQ(entity->DataType(), u"");
   EXPECT_EQ(entity->TimeStamp(), u"2004-02-09T08:05:03.000000001-5:00");

@@ -159,7 +159,7 @@ TEST_F(XMLDataStoreFileTest, ALogThatCannotBeBegunAnewYetKeepsItsEntities) {
 
 TEST_F(XMLDataStoreFileTest, ALogThatIsStillALogIsExtendedByASessionOfItsOwn) {
   const auto store = Logging();
-  Disk->Put(Path, LogOf("<Session SessionOpenTimeStamp=\"other\"><X Timestamp=\"x\">7800</X></Session>"));
+  Disk->Put(Path, PlainLogOf("<Session SessionOpenTimeStamp=\"other\"><X Timestamp=\"x\">7800</X></Session>"));
   Append(store, u"2");
   store->CloseSession();
   EXPECT_EQ(Tell(Bytes()),
@@ -221,8 +221,8 @@ TEST_F(XMLDataStoreFileTest, AChangedSessionTagIsNotStamped) {
 
 TEST_F(XMLDataStoreFileTest, OpeningAndReadingWriteNothing) {
   for (const std::string& log :
-       {LogOf(""), LogOf("<Session/>"), LogOf("<Session><X>7800</X></Session>") + "<!-- behind -->",
-        LogText::Head() + "\n<Session>\n<X>7800</X>\n<Y>78", "\xEF\xBB\xBF" + LogOf("")}) {
+       {PlainLogOf(""), PlainLogOf("<Session/>"), PlainLogOf("<Session><X>7800</X></Session>") + "<!-- behind -->",
+        LogText::Head() + "\n<Session>\n<X>7800</X>\n<Y>78", "\xEF\xBB\xBF" + PlainLogOf("")}) {
     Disk->Put(Path, log);
     {
       const auto store = Store();
@@ -235,13 +235,13 @@ TEST_F(XMLDataStoreFileTest, OpeningAndReadingWriteNothing) {
 TEST_F(XMLDataStoreFileTest, AnyFormOfALogIsExtended) {
   const std::string header = "header ApplicationName=Tolvane Portico ApplicationVersion=1.0.5";
   const std::string latin =
-      "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + LogOf("<Session n=\"\xE9\"><X>7800</X></Session>");
+      "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + PlainLogOf("<Session n=\"\xE9\"><X>7800</X></Session>");
   for (const std::string& log :
-       {LogOf(""), LogOf("<Session/>"), LogOf("<Session></Session>\n\n") + "\n\n", LogOf("<!-- last -->"),
-        LogOf("stray"), LogOf("<![CDATA[stray]]>"),
-        LogOf("<Session><X>7800</X></Session>") + "<!-- behind --><?and this?>", latin,
-        "\xEF\xBB\xBF" + LogOf("<Session/>"), "<?xml version=\"1.0\"?>\r\n" + LogOf("<Session a='1'/>\r\n"),
-        LogOf("<Other>&lt;<!-- x --></Other>")}) {
+       {PlainLogOf(""), PlainLogOf("<Session/>"), PlainLogOf("<Session></Session>\n\n") + "\n\n",
+        PlainLogOf("<!-- last -->"), PlainLogOf("stray"), PlainLogOf("<![CDATA[stray]]>"),
+        PlainLogOf("<Session><X>7800</X></Session>") + "<!-- behind --><?and this?>", latin,
+        "\xEF\xBB\xBF" + PlainLogOf("<Session/>"), "<?xml version=\"1.0\"?>\r\n" + PlainLogOf("<Session a='1'/>\r\n"),
+        PlainLogOf("<Other>&lt;<!-- x --></Other>")}) {
     Disk->Put(Path, log);
     auto expected = Tell(log);
     const auto store = Store();
@@ -261,8 +261,8 @@ TEST_F(XMLDataStoreFileTest, AnyFormOfALogIsExtended) {
 
 TEST_F(XMLDataStoreFileTest, AnotherEncodingIsRewrittenFaithfully) {
   std::string log =
-      LogOf("<!-- c --><?p q?><Session a=\"&lt;&quot;&#9;&#13;\"><X b=\"\xC3\xA9\"><![CDATA[<&]]>&amp;&#13;"
-            "<Y/><Z></Z></X></Session>");
+      PlainLogOf("<!-- c --><?p q?><Session a=\"&lt;&quot;&#9;&#13;\"><X b=\"\xC3\xA9\"><![CDATA[<&]]>&amp;&#13;"
+                 "<Y/><Z></Z></X></Session>");
   std::string wide = "\xFE\xFF";
   for (const char16_t unit : FromUtf8(log).Text) {
     wide.push_back(static_cast<char>(unit >> 8));
@@ -308,13 +308,13 @@ TEST_F(XMLDataStoreFileTest, ASkeletonThatCannotBeWrittenIsAnError) {
 }
 
 TEST_F(XMLDataStoreFileTest, AFileThatAppearsMeanwhileIsNotReplaced) {
-  Disk->BeforeCreation = [this] { Disk->Put(Path, LogOf("<Session><X>7800</X></Session>")); };
+  Disk->BeforeCreation = [this] { Disk->Put(Path, PlainLogOf("<Session><X>7800</X></Session>")); };
   const auto store = Store();
   store->OpenSession();
   Append(store, u"1");
   EXPECT_EQ(TextsOf(Bytes()), (Texts{"7800", "3100"}));
   Disk->Remove(Path);
-  Disk->BeforeCreation = [this] { Disk->Put(Path, LogOf("<Session><X>7900</X></Session>")); };
+  Disk->BeforeCreation = [this] { Disk->Put(Path, PlainLogOf("<Session><X>7900</X></Session>")); };
   Append(store, u"2");
   EXPECT_EQ(TextsOf(Bytes()), (Texts{"7900", "3200"}));
 }

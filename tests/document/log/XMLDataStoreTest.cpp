@@ -99,7 +99,7 @@ TEST_F(XMLDataStoreTest, WithOverwriteTheOldContentsAreGone) {
 }
 
 TEST_F(XMLDataStoreTest, AnOverwrittenLogIsANewFile) {
-  Disk->Put(Path, LogOf("<Session/>"));
+  Disk->Put(Path, PlainLogOf("<Session/>"));
   const auto old = Disk->Open(Path, ILogDisk::Access::Read);
   const auto identity = old->Identity();
   Store(true);
@@ -224,8 +224,8 @@ TEST_F(XMLDataStoreTest, CharactersThatXmlCannotHoldAreReplaced) {
 }
 
 TEST_F(XMLDataStoreTest, AStringPayloadIsReadAndWrittenAsPlainText) {
-  Disk->Put(Path, LogOf("<Session><Response DataType=\"Response\" Timestamp=\"t\" DataFormat=\"String\">"
-                        "<![CDATA[plain <text>]]></Response></Session>"));
+  Disk->Put(Path, PlainLogOf("<Session><Response DataType=\"Response\" Timestamp=\"t\" DataFormat=\"String\">"
+                             "<![CDATA[plain <text>]]></Response></Session>"));
   const auto entity = FirstRead(Store());
   EXPECT_EQ(FromBytes(entity->ReadData()), u"plain <text>");
   const auto store = Store(true);

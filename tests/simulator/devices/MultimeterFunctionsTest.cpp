@@ -8,13 +8,12 @@ namespace portico::simulator {
 namespace {
 
 using std::chrono::milliseconds;
+using test::NumberIn;
 using test::Session;
-
-double Value(const std::string& answer) { return std::stod(answer); }
 
 TEST(MultimeterFunctions, FourWiresMeasureWithoutTheirLeads) {
   Session session;
-  EXPECT_NEAR(Value(session.Ask("MEAS:FRES?")), 4701.95, 0.1);
+  EXPECT_NEAR(NumberIn(session.Ask("MEAS:FRES?")), 4701.95, 0.1);
   EXPECT_EQ(session.Ask("CONF:FRES 10 KOHM;:CONF?"), "\"FRES +1.00000000E+04,+3.00000000E-02\"");
   EXPECT_EQ(session.Ask("FRES:NPLC 10;NPLC?;RANG?;RANG:AUTO?"), "+1.00000000E+01;+1.00000000E+04;0");
   EXPECT_EQ(session.Ask("MEAS:FRES? 100"), "+9.90000000E+37");
@@ -23,7 +22,7 @@ TEST(MultimeterFunctions, FourWiresMeasureWithoutTheirLeads) {
 TEST(MultimeterFunctions, FrequencyTakesItsAperture) {
   Session session;
   TimePoint start = session.Now();
-  EXPECT_NEAR(Value(session.Ask("MEAS:FREQ?")), 1000.25, 0.02);
+  EXPECT_NEAR(NumberIn(session.Ask("MEAS:FREQ?")), 1000.25, 0.02);
   EXPECT_EQ(session.Now() - start, milliseconds(100));
   EXPECT_EQ(session.Ask("FREQ:APER?;APER? MIN;APER? MAX"), "+1.00000000E-01;+1.00000000E-02;+1.00000000E+00");
   start = session.Now();
@@ -37,10 +36,10 @@ TEST(MultimeterFunctions, FrequencyTakesItsAperture) {
 
 TEST(MultimeterFunctions, TemperatureIsInTheUnitAskedFor) {
   Session session;
-  EXPECT_NEAR(Value(session.Ask("MEAS:TEMP?")), 23.45, 0.01);
+  EXPECT_NEAR(NumberIn(session.Ask("MEAS:TEMP?")), 23.45, 0.01);
   EXPECT_EQ(session.Ask("UNIT?"), "C");
-  EXPECT_NEAR(Value(session.Ask("UNIT:TEMP F;:READ?")), 74.21, 0.02);
-  EXPECT_NEAR(Value(session.Ask("UNIT K;:READ?")), 296.6, 0.01);
+  EXPECT_NEAR(NumberIn(session.Ask("UNIT:TEMP F;:READ?")), 74.21, 0.02);
+  EXPECT_NEAR(NumberIn(session.Ask("UNIT K;:READ?")), 296.6, 0.01);
   EXPECT_EQ(session.Ask("UNIT:TEMP?;*RST;:UNIT?"), "K;C");
 }
 

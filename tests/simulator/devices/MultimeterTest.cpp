@@ -10,18 +10,17 @@ namespace {
 
 using std::chrono::microseconds;
 using std::chrono::milliseconds;
+using test::NumberIn;
 using test::Session;
-
-double Value(const std::string& answer) { return std::stod(answer); }
 
 TEST(Multimeter, MeasuresEachFunctionsSource) {
   Session session;
-  EXPECT_NEAR(Value(session.Ask("MEAS:VOLT:DC?")), 1.000234, 1E-4);
-  EXPECT_NEAR(Value(session.Ask("MEAS?")), 1.000234, 1E-4);
-  EXPECT_NEAR(Value(session.Ask("MEAS:VOLT:AC?")), 0.707107, 1E-4);
-  EXPECT_NEAR(Value(session.Ask("MEAS:CURR?")), 0.0123456, 1E-5);
-  EXPECT_NEAR(Value(session.Ask("MEAS:CURR:AC?")), 0.00812345, 1E-5);
-  EXPECT_NEAR(Value(session.Ask("MEAS:RES? AUTO")), 4702.15, 0.1);
+  EXPECT_NEAR(NumberIn(session.Ask("MEAS:VOLT:DC?")), 1.000234, 1E-4);
+  EXPECT_NEAR(NumberIn(session.Ask("MEAS?")), 1.000234, 1E-4);
+  EXPECT_NEAR(NumberIn(session.Ask("MEAS:VOLT:AC?")), 0.707107, 1E-4);
+  EXPECT_NEAR(NumberIn(session.Ask("MEAS:CURR?")), 0.0123456, 1E-5);
+  EXPECT_NEAR(NumberIn(session.Ask("MEAS:CURR:AC?")), 0.00812345, 1E-5);
+  EXPECT_NEAR(NumberIn(session.Ask("MEAS:RES? AUTO")), 4702.15, 0.1);
 }
 
 TEST(Multimeter, AnswersInTheUsualFormat) {

@@ -158,14 +158,6 @@ TEST_F(EditCommandsTest, ClearHistoryRefusesAtOnce) {
   ExpectTrail(error, {u"CClearHistory.ICommand_Execute"});
 }
 
-template <class Command>
-void ExpectGuard(StringView label) {
-  const auto error = Raised([] { Command().Execute(); });
-  ExpectError(error, Hex(0x80041460), u"Method cannot be called before Initialize().");
-  ExpectTrail(error, {label});
-  HuntERR::Reset();
-}
-
 TEST_F(EditCommandsTest, NoneCanBeExecutedBeforeInitialize) {
   ExpectGuard<CCut>(u"CCut.ICommand_Execute");
   ExpectGuard<CCopy>(u"CCopy.ICommand_Execute");

@@ -231,14 +231,6 @@ TEST_F(InstrumentCommandsTest, ProcessorThatDeclinesFailsEachCommand) {
   EXPECT_EQ(Writes(Deeds).size(), 5U); // one instruction each, and nothing behind it
 }
 
-template <class Command>
-void ExpectGuard(StringView label) {
-  const auto error = Raised([] { Command().Execute(); });
-  ExpectError(error, Hex(0x80041460), u"Method cannot be called before Initialize().");
-  ExpectTrail(error, {label});
-  HuntERR::Reset();
-}
-
 TEST_F(InstrumentCommandsTest, NoneCanBeExecutedBeforeInitialize) {
   ExpectGuard<COpenInstrument>(u"COpenInstrument.ICommand_Execute");
   ExpectGuard<CCloseInstrument>(u"CCloseInstrument.ICommand_Execute");

@@ -10,7 +10,7 @@ namespace portico::completion {
 namespace {
 
 /// The commands, a blank between, and behind a bar the complaint.
-std::string Read(std::string_view bytes) {
+std::string ListIn(std::string_view bytes) {
   const CommandList list = ReadCommandList(bytes);
   std::string text;
   for (const KnownCommand& command : list.Commands) text += TextOf(command) + ' ';
@@ -18,38 +18,38 @@ std::string Read(std::string_view bytes) {
 }
 
 TEST(CommandList, HasACommandALine) {
-  EXPECT_EQ(Read("*IDN?\nOUTPut[:STATe] ON|OFF\n"), "*IDN?/qonly/ :OUTPut[:STATe] ON|OFF | ");
-  EXPECT_EQ(Read("*IDN?\r\nABORt/nquery/"), "*IDN?/qonly/ :ABORt/nquery/ | ");
-  EXPECT_EQ(Read(""), "| ");
+  EXPECT_EQ(ListIn("*IDN?\nOUTPut[:STATe] ON|OFF\n"), "*IDN?/qonly/ :OUTPut[:STATe] ON|OFF | ");
+  EXPECT_EQ(ListIn("*IDN?\r\nABORt/nquery/"), "*IDN?/qonly/ :ABORt/nquery/ | ");
+  EXPECT_EQ(ListIn(""), "| ");
 }
 
 TEST(CommandList, RemarksAndEmptyLinesArePassedOver) {
-  EXPECT_EQ(Read("# *IDN?\n\n \t# none!\n\t\n*CLS/nquery/\n"), "*CLS/nquery/ | ");
-  EXPECT_EQ(Read("# \xC3\xA4, \xE4\nREAD?\n"), ":READ?/qonly/ | ");
+  EXPECT_EQ(ListIn("# *IDN?\n\n \t# none!\n\t\n*CLS/nquery/\n"), "*CLS/nquery/ | ");
+  EXPECT_EQ(ListIn("# \xC3\xA4, \xE4\nREAD?\n"), ":READ?/qonly/ | ");
 }
 
-TEST(CommandList, AByteOrderMarkIsNothing) { EXPECT_EQ(Read("\xEF\xBB\xBF*IDN?\n"), "*IDN?/qonly/ | "); }
+TEST(CommandList, AByteOrderMarkIsNothing) { EXPECT_EQ(ListIn("\xEF\xBB\xBF*IDN?\n"), "*IDN?/qonly/ | "); }
 
 TEST(CommandList, TellsTheLineThatIsNoCommand) {
-  EXPECT_EQ(Read("*IDN?\n\nVOLT[:DC\nREAD?\n"), "*IDN?/qonly/ :READ?/qonly/ | Line 3 is no command.");
-  EXPECT_EQ(Read("# x\n$\nREAD?\n:\n"), ":READ?/qonly/ | Line 2 is no command, and 1 other is none.");
-  EXPECT_EQ(Read("$\n$\n$"), "| Line 1 is no command, and 2 others are none.");
+  EXPECT_EQ(ListIn("*IDN?\n\nVOLT[:DC\nREAD?\n"), "*IDN?/qonly/ :READ?/qonly/ | Line 3 is no command.");
+  EXPECT_EQ(ListIn("# x\n$\nREAD?\n:\n"), ":READ?/qonly/ | Line 2 is no command, and 1 other is none.");
+  EXPECT_EQ(ListIn("$\n$\n$"), "| Line 1 is no command, and 2 others are none.");
 }
 
 TEST(CommandList, WhatIsNoTextIsRefused) {
-  EXPECT_EQ(Read(std::string_view("*IDN?\nREAD\0?\n", 13)), "| Line 2 is no text.");
-  EXPECT_EQ(Read("\x7F"
-                 "ELF\x02\x01"),
+  EXPECT_EQ(ListIn(std::string_view("*IDN?\nREAD\0?\n", 13)), "| Line 2 is no text.");
+  EXPECT_EQ(ListIn("\x7F"
+                   "ELF\x02\x01"),
             "| Line 1 is no text.");
-  EXPECT_EQ(Read(std::string_view("\xFF\xFE*\0I\0", 6)), "| Line 1 is no text.");
+  EXPECT_EQ(ListIn(std::string_view("\xFF\xFE*\0I\0", 6)), "| Line 1 is no text.");
 }
 
 TEST(CommandList, WhatIsTooLongIsRefused) {
   std::string bytes = "*IDN?\n";
   bytes.resize(CommandList::MostBytes, ' ');
-  EXPECT_EQ(Read(bytes), "*IDN?/qonly/ | ");
+  EXPECT_EQ(ListIn(bytes), "*IDN?/qonly/ | ");
   bytes += ' ';
-  EXPECT_EQ(Read(bytes), "| The list is longer than 4 MB.");
+  EXPECT_EQ(ListIn(bytes), "| The list is longer than 4 MB.");
 }
 
 TEST(CommandList, TellsTheFirstLineThatIsOneTooMany) {
@@ -62,7 +62,7 @@ TEST(CommandList, TellsTheFirstLineThatIsOneTooMany) {
 
 TEST(CommandList, TheStandardsListIsOne) {
   std::ifstream file(std::string(COMMAND_LISTS) + "/SCPI-99.txt", std::ios::binary);
-  const std::string text = Read(std::string(std::istreambuf_iterator<char>(file), {}));
+  const std::string text = ListIn(std::string(std::istreambuf_iterator<char>(file), {}));
   EXPECT_TRUE(text.ends_with("| ")) << text;
   for (const char* command :
        {"*CLS/nquery/", "*ESE", "*ESR?/qonly/", "*IDN?/qonly/", "*OPC", "*RST/nquery/", "*SRE", "*STB?/qonly/",

@@ -6,7 +6,7 @@ namespace portico::completion {
 namespace {
 
 /// A line as it is understood; "none" for one that is no command.
-std::string Read(std::string_view line) {
+std::string CommandIn(std::string_view line) {
   const auto command = ReadCommand(line);
   return command ? TextOf(*command) : "none";
 }
@@ -21,8 +21,8 @@ TEST(KnownCommand, AHeaderIsACommandAndAQuery) {
 
 TEST(KnownCommand, MarksMakeItOneAlone) {
   for (const char* line : {":READ?", ":READ?/qonly/", ":READ/qonly/", "READ?/QONLY/"})
-    EXPECT_EQ(Read(line), ":READ?/qonly/");
-  EXPECT_EQ(Read(":ABORt/nquery/"), ":ABORt/nquery/");
+    EXPECT_EQ(CommandIn(line), ":READ?/qonly/");
+  EXPECT_EQ(CommandIn(":ABORt/nquery/"), ":ABORt/nquery/");
   const auto query = ReadCommand("READ?");
   ASSERT_TRUE(query);
   EXPECT_FALSE(query->Command);
@@ -33,41 +33,41 @@ TEST(KnownCommand, MarksMakeItOneAlone) {
   EXPECT_FALSE(command->Query);
 }
 
-TEST(KnownCommand, BlanksAroundItAreNothing) { EXPECT_EQ(Read(" \t*IDN? \r"), "*IDN?/qonly/"); }
+TEST(KnownCommand, BlanksAroundItAreNothing) { EXPECT_EQ(CommandIn(" \t*IDN? \r"), "*IDN?/qonly/"); }
 
 TEST(KnownCommand, HasParameters) {
-  EXPECT_EQ(Read("OUTPut ON|OFF"), ":OUTPut ON|OFF");
-  EXPECT_EQ(Read("OUTPut\tON | OFF"), ":OUTPut ON|OFF");
-  EXPECT_EQ(Read("VOLT <volts>|MINimum|MAXimum"), ":VOLT MINimum|MAXimum");
-  EXPECT_EQ(Read("VOLT {<volts>|MINimum},{CH1|CH2}"), ":VOLT MINimum,CH1|CH2");
-  EXPECT_EQ(Read("CONF [<range>[,<resolution>|DEFault]]"), ":CONF <value>,DEFault");
-  EXPECT_EQ(Read("APPL <a|b,c>,ON"), ":APPL <value>,ON");
-  EXPECT_EQ(Read("APPL ON|ON|OFF"), ":APPL ON|OFF");
-  EXPECT_EQ(Read("SAMP 1|2|MAX"), ":SAMP MAX");
-  EXPECT_EQ(Read("FUNC \"VOLT\"|\"CURR\""), ":FUNC");
-  EXPECT_EQ(Read("SAMP <n>"), ":SAMP");
-  EXPECT_EQ(Read("SAMP ,,"), ":SAMP");
+  EXPECT_EQ(CommandIn("OUTPut ON|OFF"), ":OUTPut ON|OFF");
+  EXPECT_EQ(CommandIn("OUTPut\tON | OFF"), ":OUTPut ON|OFF");
+  EXPECT_EQ(CommandIn("VOLT <volts>|MINimum|MAXimum"), ":VOLT MINimum|MAXimum");
+  EXPECT_EQ(CommandIn("VOLT {<volts>|MINimum},{CH1|CH2}"), ":VOLT MINimum,CH1|CH2");
+  EXPECT_EQ(CommandIn("CONF [<range>[,<resolution>|DEFault]]"), ":CONF <value>,DEFault");
+  EXPECT_EQ(CommandIn("APPL <a|b,c>,ON"), ":APPL <value>,ON");
+  EXPECT_EQ(CommandIn("APPL ON|ON|OFF"), ":APPL ON|OFF");
+  EXPECT_EQ(CommandIn("SAMP 1|2|MAX"), ":SAMP MAX");
+  EXPECT_EQ(CommandIn("FUNC \"VOLT\"|\"CURR\""), ":FUNC");
+  EXPECT_EQ(CommandIn("SAMP <n>"), ":SAMP");
+  EXPECT_EQ(CommandIn("SAMP ,,"), ":SAMP");
 }
 
 TEST(KnownCommand, IsNothingElse) {
   for (const char* line :
        {"", " ", "?", "/nquery/", "READ??", "READ?/nquery/", "ABORt/nquery//qonly/", "READ/other/", "1", "A:", "<"}) {
-    EXPECT_EQ(Read(line), "none") << line;
+    EXPECT_EQ(CommandIn(line), "none") << line;
   }
 }
 
 TEST(KnownCommand, IsBounded) {
   const std::string header = "A ";
-  EXPECT_EQ(Read(header + std::string(KnownCommand::LongestLine - 2, '1')), ":A");
-  EXPECT_EQ(Read(header + std::string(KnownCommand::LongestLine - 1, '1')), "none");
+  EXPECT_EQ(CommandIn(header + std::string(KnownCommand::LongestLine - 2, '1')), ":A");
+  EXPECT_EQ(CommandIn(header + std::string(KnownCommand::LongestLine - 1, '1')), "none");
   std::string many = "A B";
   for (int i = 0; i < 30; ++i) many += ",B";
   EXPECT_EQ(ReadCommand(many).value().Parameters.size(), 16U);
   many = "A B0";
   for (int i = 1; i < 100; ++i) many += "|B" + std::to_string(i);
   EXPECT_EQ(ReadCommand(many).value().Parameters.at(0).size(), 64U);
-  EXPECT_EQ(Read("A " + std::string(64, 'B')), ":A " + std::string(64, 'B'));
-  EXPECT_EQ(Read("A " + std::string(65, 'B')), ":A");
+  EXPECT_EQ(CommandIn("A " + std::string(64, 'B')), ":A " + std::string(64, 'B'));
+  EXPECT_EQ(CommandIn("A " + std::string(65, 'B')), ":A");
 }
 
 } // namespace

@@ -10,12 +10,12 @@
 namespace portico::test {
 namespace {
 
-constexpr std::array Controls{ControlDesign{.Kind = ControlKind::Canvas, .Name = u"canvas"}};
-constexpr FormDesign Window{.Name = u"frmWindow", .Caption = u"A Window", .Controls = Controls};
+constexpr std::array CanvasControls{ControlDesign{.Kind = ControlKind::Canvas, .Name = u"canvas"}};
+constexpr FormDesign CanvasWindow{.Name = u"frmWindow", .Caption = u"A Window", .Controls = CanvasControls};
 
 class CanvasContract : public FormsContract {
 protected:
-  Ref<IForm> Loaded = Forms().Load(Window);
+  Ref<IForm> Loaded = Forms().Load(CanvasWindow);
   ICanvas& Canvas = FindControl<ICanvas>(*Loaded, u"canvas");
 };
 

@@ -13,7 +13,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-constexpr std::array Controls{
+constexpr std::array InputsControls{
     ControlDesign{.Kind = ControlKind::TabStrip, .Name = u"tabs"},
     ControlDesign{.Kind = ControlKind::Page, .Name = u"page"},
     ControlDesign{.Kind = ControlKind::Frame, .Name = u"frame", .Caption = u"A Frame", .Parent = u"page"},
@@ -29,8 +29,8 @@ constexpr std::array Controls{
     ControlDesign{.Kind = ControlKind::CommandButton, .Name = u"ok", .Caption = u"OK", .Parent = u"row"},
     ControlDesign{.Kind = ControlKind::CommandButton, .Name = u"cancel", .Caption = u"Cancel", .Parent = u"row"},
 };
-constexpr FormDesign Dialog{
-    .Name = u"frmDialog", .Caption = u"A Dialog", .Style = FormStyle::Dialog, .Controls = Controls};
+constexpr FormDesign InputsDialog{
+    .Name = u"frmDialog", .Caption = u"A Dialog", .Style = FormStyle::Dialog, .Controls = InputsControls};
 
 class DialogControlsContract : public FormsContract {
 protected:
@@ -44,7 +44,7 @@ protected:
     return [this, name, read] { Calls.push_back(name + std::to_string(read())); };
   }
 
-  Ref<IForm> Loaded = Forms().Load(Dialog);
+  Ref<IForm> Loaded = Forms().Load(InputsDialog);
   std::vector<std::string> Calls;
 };
 

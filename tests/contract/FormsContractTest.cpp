@@ -32,18 +32,19 @@ constexpr std::array Areas{
     ControlDesign{.Kind = ControlKind::SplitPanel, .Name = u"splitter"},
     ControlDesign{.Kind = ControlKind::PictureBox, .Name = u"picLogo", .ToolTipText = u"Logo"},
 };
-constexpr FormDesign Window{.Name = u"frmWindow",
-                            .Caption = u"Window",
-                            .Menus = Menus,
-                            .ToolButtons = Buttons,
-                            .StatusPanels = Panels,
-                            .Controls = Areas,
-                            .Tag = u"12"};
+constexpr FormDesign PlainWindow{.Name = u"frmWindow",
+                                 .Caption = u"Window",
+                                 .Menus = Menus,
+                                 .ToolButtons = Buttons,
+                                 .StatusPanels = Panels,
+                                 .Controls = Areas,
+                                 .Tag = u"12"};
 
 constexpr std::array Fields{
     ControlDesign{.Kind = ControlKind::CheckBox, .Name = u"check", .Caption = u"&Wait"},
 };
-constexpr FormDesign Dialog{.Name = u"frmDialog", .Caption = u"Dialog", .Style = FormStyle::Dialog, .Controls = Fields};
+constexpr FormDesign PlainDialog{
+    .Name = u"frmDialog", .Caption = u"Dialog", .Style = FormStyle::Dialog, .Controls = Fields};
 
 class Kept final : public IObject {
 public:
@@ -56,7 +57,7 @@ private:
 };
 
 TEST_P(FormsContract, AFormIsAsItsTablesHaveIt) {
-  const Ref<IForm> form = Forms().Load(Window);
+  const Ref<IForm> form = Forms().Load(PlainWindow);
   EXPECT_EQ(form->Name(), u"frmWindow");
   EXPECT_EQ(form->Caption(), u"Window");
   EXPECT_EQ(form->Tag(), u"12");
@@ -72,15 +73,15 @@ TEST_P(FormsContract, AFormIsAsItsTablesHaveIt) {
 }
 
 TEST_P(FormsContract, AControlIsFoundByItsNameAndKindElse730IsRaised) {
-  const Ref<IForm> form = Forms().Load(Window);
+  const Ref<IForm> form = Forms().Load(PlainWindow);
   EXPECT_EQ(FindControl<ISplitArea>(*form, u"splitter").Name(), u"splitter");
   EXPECT_EQ(Raised([&] { FindControl<IMenuItem>(*form, u"splitter"); }).Number, 730);
   EXPECT_EQ(Raised([&] { FindControl<IControl>(*form, u"none"); }).Number, 730);
 }
 
 TEST_P(FormsContract, FormsAreListedInTheOrderOfTheirLoadingUntilTheyAreUnloaded) {
-  const Ref<IForm> first = Forms().Load(Window);
-  const Ref<IForm> second = Forms().Load(Dialog);
+  const Ref<IForm> first = Forms().Load(PlainWindow);
+  const Ref<IForm> second = Forms().Load(PlainDialog);
   ASSERT_EQ(Forms().Forms().size(), 2);
   EXPECT_TRUE(IsSameObject(Forms().Forms()[0], first));
   EXPECT_TRUE(IsSameObject(Forms().Forms()[1], second));
@@ -90,7 +91,7 @@ TEST_P(FormsContract, FormsAreListedInTheOrderOfTheirLoadingUntilTheyAreUnloaded
 }
 
 TEST_P(FormsContract, UnloadFiresOnceAndLetsGoOfWhatTheFormKeeps) {
-  const Ref<IForm> form = Forms().Load(Window);
+  const Ref<IForm> form = Forms().Load(PlainWindow);
   bool isGone = false;
   int unloaded = 0;
   form->Keep(New<Kept>(isGone));
@@ -105,7 +106,7 @@ TEST_P(FormsContract, UnloadFiresOnceAndLetsGoOfWhatTheFormKeeps) {
 }
 
 TEST_P(FormsContract, WhatAFormKeepsStaysWhileItsHandlerRuns) {
-  const Ref<IForm> form = Forms().Load(Dialog);
+  const Ref<IForm> form = Forms().Load(PlainDialog);
   bool isGone = false;
   bool wasGone = true;
   form->Keep(New<Kept>(isGone));
@@ -120,20 +121,20 @@ TEST_P(FormsContract, WhatAFormKeepsStaysWhileItsHandlerRuns) {
 }
 
 TEST_P(FormsContract, CloseAsksTheHandlerAndUnloadsAFormWithoutOne) {
-  const Ref<IForm> asked = Forms().Load(Window);
+  const Ref<IForm> asked = Forms().Load(PlainWindow);
   int questions = 0;
   asked->Events().QueryUnload.Connect([&] { ++questions; });
   asked->Close();
   asked->Close();
   EXPECT_EQ(questions, 2);
   EXPECT_EQ(Forms().Forms().size(), 1);
-  const Ref<IForm> other = Forms().Load(Window);
+  const Ref<IForm> other = Forms().Load(PlainWindow);
   other->Close();
   EXPECT_EQ(Forms().Forms().size(), 1);
 }
 
 TEST_P(FormsContract, PlacesAreInFormUnitsAndASizeBelowZeroRaises380) {
-  const Ref<IForm> form = Forms().Load(Window);
+  const Ref<IForm> form = Forms().Load(PlainWindow);
   form->Move(150, 300, 7500, 6000);
   EXPECT_EQ(form->Left(), 150);
   EXPECT_EQ(form->Top(), 300);
@@ -150,7 +151,7 @@ TEST_P(FormsContract, PlacesAreInFormUnitsAndASizeBelowZeroRaises380) {
 }
 
 TEST_P(FormsContract, AFormStaysWhereItWasPutUntilItIsShown) {
-  const Ref<IForm> form = Forms().Load(Window);
+  const Ref<IForm> form = Forms().Load(PlainWindow);
   form->Move(-150, -300, 750000, 600000);
   EXPECT_EQ(form->Left(), -150);
   EXPECT_EQ(form->Top(), -300);
@@ -177,7 +178,7 @@ TEST_P(FormsContract, AFormThatIsShownIsWithinTheScreen) {
         Case{"over the right edge", width - 1500, 150, 3000, 3000},
         Case{"over the lower edge", 150, height - 1500, 3000, 3000}, Case{"far away", 900000, -900000, 3000, 3000}}) {
     SCOPED_TRACE(each.name);
-    const Ref<IForm> form = Forms().Load(Window);
+    const Ref<IForm> form = Forms().Load(PlainWindow);
     form->Move(each.left, each.top, each.width, each.height);
     form->Show();
     Loop().DoEvents();
@@ -193,7 +194,7 @@ TEST_P(FormsContract, AFormThatIsShownIsWithinTheScreen) {
 }
 
 TEST_P(FormsContract, AFormThatFitsIsShownWhereItWasPut) {
-  const Ref<IForm> form = Forms().Load(Window);
+  const Ref<IForm> form = Forms().Load(PlainWindow);
   form->Move(150, 300, 6000, 4500);
   form->Show();
   Loop().DoEvents();
@@ -204,7 +205,7 @@ TEST_P(FormsContract, AFormThatFitsIsShownWhereItWasPut) {
 }
 
 TEST_P(FormsContract, AMaximizedFormIsWithinTheScreenWhenItIsNormalAgain) {
-  const Ref<IForm> form = Forms().Load(Window);
+  const Ref<IForm> form = Forms().Load(PlainWindow);
   form->Move(150, 300, 2 * Bench().ScreenWidth(), 4500);
   form->WindowState(WindowState::Maximized);
   form->Show();
@@ -218,7 +219,7 @@ TEST_P(FormsContract, AMaximizedFormIsWithinTheScreenWhenItIsNormalAgain) {
 }
 
 TEST_P(FormsContract, AnAreaTellsEachChangeOfItsSizeAtOnce) {
-  const Ref<IForm> form = Forms().Load(Window);
+  const Ref<IForm> form = Forms().Load(PlainWindow);
   auto& area = FindControl<ISplitArea>(*form, u"splitter");
   int resized = 0;
   area.Resize().Connect([&] { ++resized; });
@@ -232,7 +233,7 @@ TEST_P(FormsContract, AnAreaTellsEachChangeOfItsSizeAtOnce) {
 }
 
 TEST_P(FormsContract, EnabledAndVisibleAreWhatWasSet) {
-  const Ref<IForm> form = Forms().Load(Window);
+  const Ref<IForm> form = Forms().Load(PlainWindow);
   auto& hidden = FindControl<IMenuItem>(*form, u"mnuHidden");
   hidden.Enabled(false);
   hidden.Visible(true);
@@ -244,7 +245,7 @@ TEST_P(FormsContract, EnabledAndVisibleAreWhatWasSet) {
 }
 
 TEST_P(FormsContract, BarsFindTheirPartsByKeyAndByNumber) {
-  const Ref<IForm> form = Forms().Load(Window);
+  const Ref<IForm> form = Forms().Load(PlainWindow);
   auto& tools = FindControl<IToolBar>(*form, ToolBarName);
   EXPECT_EQ(tools.Buttons().size(), 2);
   EXPECT_EQ(tools.Buttons(u"Open").ToolTipText(), u"8010");
@@ -261,14 +262,14 @@ TEST_P(FormsContract, BarsFindTheirPartsByKeyAndByNumber) {
 }
 
 TEST_P(FormsContract, AModalFormReturnsWhenItIsUnloaded) {
-  const Ref<IForm> form = Forms().Load(Dialog);
+  const Ref<IForm> form = Forms().Load(PlainDialog);
   Bench().WhileModal(u"frmDialog", [&] { form->Unload(); });
   EXPECT_NO_THROW(form->ShowModal(nullptr));
   EXPECT_TRUE(Forms().Forms().empty());
 }
 
 TEST_P(FormsContract, AModalFormIsUnloadedAndThrowsQuitWhenTheProgramEnds) {
-  const Ref<IForm> form = Forms().Load(Dialog);
+  const Ref<IForm> form = Forms().Load(PlainDialog);
   Bench().WhileModal(u"frmDialog", [&] { Loop().RequestQuit(); });
   EXPECT_THROW(form->ShowModal(nullptr), Quit);
   EXPECT_TRUE(Forms().Forms().empty());

@@ -30,11 +30,11 @@ public:
   mutable std::int64_t Asked = 0;
 };
 
-constexpr std::array Controls{ControlDesign{.Kind = ControlKind::ListView, .Name = u"list"},
-                              ControlDesign{.Kind = ControlKind::CommandButton, .Name = u"ok", .Caption = u"OK"}};
-constexpr FormDesign Dialog{
-    .Name = u"frmDialog", .Caption = u"A Dialog", .Style = FormStyle::Dialog, .Controls = Controls};
-constexpr FormDesign Window{.Name = u"frmWindow", .Caption = u"A Window", .Controls = Controls};
+constexpr std::array ListControls{ControlDesign{.Kind = ControlKind::ListView, .Name = u"list"},
+                                  ControlDesign{.Kind = ControlKind::CommandButton, .Name = u"ok", .Caption = u"OK"}};
+constexpr FormDesign ListDialog{
+    .Name = u"frmDialog", .Caption = u"A Dialog", .Style = FormStyle::Dialog, .Controls = ListControls};
+constexpr FormDesign ListWindow{.Name = u"frmWindow", .Caption = u"A Window", .Controls = ListControls};
 
 class ListViewContract : public FormsContract {
 protected:
@@ -49,7 +49,7 @@ protected:
     return rows;
   }
 
-  Ref<IForm> Loaded = Forms().Load(Dialog);
+  Ref<IForm> Loaded = Forms().Load(ListDialog);
   IListView& List = FindControl<IListView>(*Loaded, u"list");
   std::vector<std::int32_t> Clicks;
 };
@@ -137,7 +137,7 @@ TEST_P(ListViewContract, StandsInATabOrder) {
 }
 
 TEST_P(ListViewContract, IsPlacedInAWindow) {
-  const Ref<IForm> window = Forms().Load(Window);
+  const Ref<IForm> window = Forms().Load(ListWindow);
   auto& list = FindControl<IListView>(*window, u"list");
   list.Move(15, 30, 3000, 1500);
   EXPECT_EQ(list.Left(), 15);

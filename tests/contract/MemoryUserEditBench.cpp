@@ -7,9 +7,9 @@
 namespace portico::test {
 namespace {
 
-constexpr ControlDesign Parts[] = {{.Kind = ControlKind::RichTextBox, .Name = u"text", .Caption = u""},
-                                   {.Kind = ControlKind::RichTextBox, .Name = u"other", .Caption = u""}};
-constexpr FormDesign Window = {.Name = u"frmText", .Caption = u"", .Controls = Parts};
+constexpr ControlDesign EditParts[] = {{.Kind = ControlKind::RichTextBox, .Name = u"text", .Caption = u""},
+                                       {.Kind = ControlKind::RichTextBox, .Name = u"other", .Caption = u""}};
+constexpr FormDesign EditWindow = {.Name = u"frmText", .Caption = u"", .Controls = EditParts};
 
 class MemoryUserEditBench final : public UserEditBench {
 public:
@@ -24,7 +24,7 @@ public:
 
 private:
   memory::Screen m_screen{[] { return false; }};
-  Ref<IForm> m_form = m_screen.Load(Window);
+  Ref<IForm> m_form = m_screen.Load(EditWindow);
   memory::RichTextControl& m_box = FindControl<memory::RichTextControl>(*m_form, u"text");
 };
 

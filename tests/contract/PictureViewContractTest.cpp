@@ -11,8 +11,8 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr std::array Controls{ControlDesign{.Kind = ControlKind::PictureView, .Name = u"picture"}};
-constexpr FormDesign Window{.Name = u"frmPicture", .Caption = u"Picture", .Controls = Controls};
+constexpr std::array PictureControls{ControlDesign{.Kind = ControlKind::PictureView, .Name = u"picture"}};
+constexpr FormDesign PictureWindow{.Name = u"frmPicture", .Caption = u"Picture", .Controls = PictureControls};
 
 /// Three by two pixels, all red.
 const std::string Red = "\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\0\x03\0\0\0\x02\x08\x02\0\0\0\x12\x16\xF1\x4D\0\0\0\x10IDA"
@@ -21,7 +21,7 @@ const std::string Red = "\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\0\x03\0\0\0\x02\x08
 
 class PictureViewContract : public FormsContract {
 protected:
-  Ref<IForm> Loaded = Forms().Load(Window);
+  Ref<IForm> Loaded = Forms().Load(PictureWindow);
   IPictureView& View = FindControl<IPictureView>(*Loaded, u"picture");
 };
 

@@ -5,13 +5,13 @@
 namespace portico::logtool {
 namespace {
 
-const std::string Stamp = "2004-11-01T16:42:";
+const std::string Minute = "2004-11-01T16:42:";
 
 /// The table, with the stamps' seconds alone, and its complaints.
 Result TableOf(const std::string& entities, const std::string& query = "MEAS?") {
   auto result =
       RunOn({.Wanted = Output::Table, .Files = {"-"}, .Query = FromUtf8(query).Text}, Log(SessionOf(entities)));
-  for (const std::string& piece : {Stamp, std::string(".000000000-5:00")}) {
+  for (const std::string& piece : {Minute, std::string(".000000000-5:00")}) {
     for (auto place = result.Out.find(piece); place != std::string::npos; place = result.Out.find(piece)) {
       result.Out.erase(place, piece.size());
     }

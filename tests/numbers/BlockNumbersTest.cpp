@@ -13,9 +13,6 @@ using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::NanSensitiveDoubleEq;
 
-constexpr ByteOrder Big = ByteOrder::MostSignificantFirst;
-constexpr ByteOrder Little = ByteOrder::LeastSignificantFirst;
-
 Values Read(const std::string& bytes, ElementType type, ByteOrder order = Big) {
   return ReadFrom(ReadElements(bytes, {type, order}));
 }

@@ -9,20 +9,20 @@ namespace {
 
 using namespace std::string_literals;
 
-std::string Read(StringView answer) { return ReadFrom(ReadBlock(answer)); }
+std::string BytesOf(StringView answer) { return ReadFrom(ReadBlock(answer)); }
 
-Fault FaultOf(StringView answer) { return FaultIn(ReadBlock(answer)); }
+Fault BlockFault(StringView answer) { return FaultIn(ReadBlock(answer)); }
 
 TEST(Block, DefiniteBlockHoldsAsManyBytesAsItSays) {
-  EXPECT_EQ(Read(u"#15hello"), "hello");
-  EXPECT_EQ(Read(u"#3005hello"), "hello");
-  EXPECT_EQ(Read(u"#9000000005hello"), "hello");
-  EXPECT_EQ(Read(u"#10"), "");
+  EXPECT_EQ(BytesOf(u"#15hello"), "hello");
+  EXPECT_EQ(BytesOf(u"#3005hello"), "hello");
+  EXPECT_EQ(BytesOf(u"#9000000005hello"), "hello");
+  EXPECT_EQ(BytesOf(u"#10"), "");
 }
 
 TEST(Block, IndefiniteBlockIsAllThatFollows) {
-  EXPECT_EQ(Read(u"#0hello,\n 1\n"), "hello,\n 1\n");
-  EXPECT_EQ(Read(u"#0"), "");
+  EXPECT_EQ(BytesOf(u"#0hello,\n 1\n"), "hello,\n 1\n");
+  EXPECT_EQ(BytesOf(u"#0"), "");
 }
 
 TEST(Block, ConversationPutsALineEndBehindAnAnswerThatHasNone) {
@@ -44,49 +44,49 @@ TEST(Block, LineEndThatABlockEndsInIsItsOwn) {
   EXPECT_EQ(AnswerShownAs(u"#1\u0135ab\r\n"), u"#1\u0135ab");
 }
 
-TEST(Block, WhiteSpaceStandsAroundABlockAndInIt) { EXPECT_EQ(Read(u" \t#15 a\nb \r\n"), " a\nb "); }
+TEST(Block, WhiteSpaceStandsAroundABlockAndInIt) { EXPECT_EQ(BytesOf(u" \t#15 a\nb \r\n"), " a\nb "); }
 
 TEST(Block, AllBytesComeBackFromTheText) {
   std::string bytes;
   for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
-  EXPECT_EQ(Read(FromCodePage("#3256" + bytes)), bytes);
-  EXPECT_EQ(Read(FromCodePage("#0" + bytes)), bytes);
+  EXPECT_EQ(BytesOf(FromCodePage("#3256" + bytes)), bytes);
+  EXPECT_EQ(BytesOf(FromCodePage("#0" + bytes)), bytes);
 }
 
 TEST(Block, CharacterThatIsNoByteIsToldWithItsPlace) {
-  EXPECT_EQ(FaultOf(u"#15he\u0394lo").Place, 5U);
-  EXPECT_EQ(FaultOf(u"#15he\u0394lo").Text, u"Character 6 of the block stands for no byte.");
+  EXPECT_EQ(BlockFault(u"#15he\u0394lo").Place, 5U);
+  EXPECT_EQ(BlockFault(u"#15he\u0394lo").Text, u"Character 6 of the block stands for no byte.");
 }
 
 TEST(Block, TornBlockIsToldAndNothingIsTakenForIt) {
-  EXPECT_EQ(FaultOf(u"#15hell").Text, u"The block is torn: of 5 bytes 4 are there.");
-  EXPECT_EQ(FaultOf(u"#15hell").Place, 7U);
-  EXPECT_EQ(FaultOf(u"#9999999999abc").Text, u"The block is torn: of 999999999 bytes 3 are there.");
+  EXPECT_EQ(BlockFault(u"#15hell").Text, u"The block is torn: of 5 bytes 4 are there.");
+  EXPECT_EQ(BlockFault(u"#15hell").Place, 7U);
+  EXPECT_EQ(BlockFault(u"#9999999999abc").Text, u"The block is torn: of 999999999 bytes 3 are there.");
 }
 
 TEST(Block, HeaderThatEndsTooSoonIsTold) {
   for (const StringView text : {u"#", u"#2", u"#21", u" #9"}) {
-    EXPECT_EQ(FaultOf(text).Text, u"The block ends within its length.") << ToUtf8(text);
-    EXPECT_EQ(FaultOf(text).Place, text.size()) << ToUtf8(text);
+    EXPECT_EQ(BlockFault(text).Text, u"The block ends within its length.") << ToUtf8(text);
+    EXPECT_EQ(BlockFault(text).Place, text.size()) << ToUtf8(text);
   }
 }
 
 TEST(Block, LengthThatIsNoNumberIsToldWithItsPlace) {
-  EXPECT_EQ(FaultOf(u"#3 12").Text, u"The answer is no block: no digit stands at character 3.");
-  EXPECT_EQ(FaultOf(u"#H15").Text, u"The answer is no block: no digit stands at character 2.");
-  EXPECT_EQ(FaultOf(u"#3 12").Place, 2U);
+  EXPECT_EQ(BlockFault(u"#3 12").Text, u"The answer is no block: no digit stands at character 3.");
+  EXPECT_EQ(BlockFault(u"#H15").Text, u"The answer is no block: no digit stands at character 2.");
+  EXPECT_EQ(BlockFault(u"#3 12").Place, 2U);
 }
 
 TEST(Block, OtherTextIsNoBlock) {
   for (const StringView text : {u"", u"  ", u"1,2", u"hello#15"}) {
-    EXPECT_EQ(FaultOf(text).Text, u"The answer is no block: it has no #.") << ToUtf8(text);
+    EXPECT_EQ(BlockFault(text).Text, u"The answer is no block: it has no #.") << ToUtf8(text);
   }
 }
 
 TEST(Block, WhatStandsBehindABlockIsTold) {
-  EXPECT_EQ(FaultOf(u"#15hello,1").Text, u"Something stands behind the block, at character 9.");
-  EXPECT_EQ(FaultOf(u"#15hello,1").Place, 8U);
-  EXPECT_EQ(FaultOf(u"#15hello \n;").Place, 10U);
+  EXPECT_EQ(BlockFault(u"#15hello,1").Text, u"Something stands behind the block, at character 9.");
+  EXPECT_EQ(BlockFault(u"#15hello,1").Place, 8U);
+  EXPECT_EQ(BlockFault(u"#15hello \n;").Place, 10U);
 }
 
 TEST(Block, BytesAreFoundWhereTheyStand) {

@@ -1,14 +1,13 @@
 #include "numbers/FormatClues.h"
 
+#include "numbers/ReadFrom.h"
+
 #include <gtest/gtest.h>
 
 #include <initializer_list>
 
 namespace portico::numbers {
 namespace {
-
-constexpr ByteOrder Big = ByteOrder::MostSignificantFirst;
-constexpr ByteOrder Little = ByteOrder::LeastSignificantFirst;
 
 FormatClues After(std::initializer_list<StringView> messages) {
   FormatClues clues;

@@ -1,12 +1,15 @@
 #pragma once
 
-#include "numbers/Fault.h"
+#include "numbers/BlockNumbers.h"
 
 #include <gtest/gtest.h>
 
 #include <variant>
 
 namespace portico::numbers {
+
+inline constexpr ByteOrder Big = ByteOrder::MostSignificantFirst;
+inline constexpr ByteOrder Little = ByteOrder::LeastSignificantFirst;
 
 /// What was read; a fault is told.
 template <class Result>

@@ -7,7 +7,7 @@
 namespace portico {
 namespace {
 
-constexpr StringView EncodeLabel = u"CRTFEncoder.Encode(Dataentity)";
+constexpr StringView EncodeEntityLabel = u"CRTFEncoder.Encode(Dataentity)";
 
 void NoteLength(IDataEntity& entity, const TextFragment& fragment) {
   static const KeptName lengthName(AttributeName::RTFSelectionLength);
@@ -32,7 +32,7 @@ TextFragment CRTFEncoder::Compose(const Ref<IDataEntity>& DataEntity) const try 
   ShowDataType(DataEntity->DataType());
   return fragment;
 } catch (...) {
-  PassOn(EncodeLabel, {DataEntity}); // whichever of the two was called
+  PassOn(EncodeEntityLabel, {DataEntity}); // whichever of the two was called
 }
 
 String CRTFEncoder::Encode(const Ref<IDataEntity>& DataEntity) const try {
@@ -47,7 +47,7 @@ String CRTFEncoder::Encode(const Ref<IDataEntity>& DataEntity) const try {
   ShowDataType(type);
   return rtf;
 } catch (...) {
-  PassOn(EncodeLabel, {DataEntity});
+  PassOn(EncodeEntityLabel, {DataEntity});
 }
 
 } // namespace portico

@@ -5,7 +5,7 @@
 namespace portico {
 namespace {
 
-constexpr StringView EncodeLabel = u"CSimpleRTFEncoder.Encode(sData)"; // all are reported alike
+constexpr StringView EncodeTextLabel = u"CSimpleRTFEncoder.Encode(sData)"; // all are reported alike
 
 } // namespace
 
@@ -13,19 +13,19 @@ TextFragment CSimpleRTFEncoder::Compose(const String& sData, StringView DataType
   ShowDataType(DataType);
   return {sData, FragmentEnd};
 } catch (...) {
-  PassOn(EncodeLabel, {sData});
+  PassOn(EncodeTextLabel, {sData});
 }
 
 String CSimpleRTFEncoder::Encode(const String& sData, const String& DataType) const try {
   return Encode({sData, FragmentEnd}, DataType);
 } catch (...) {
-  PassOn(EncodeLabel, {sData});
+  PassOn(EncodeTextLabel, {sData});
 }
 
 String CSimpleRTFEncoder::EncodeWhite(const String& sData) const try {
   return Encode({sData, u"}"}, DataTypeName::White);
 } catch (...) {
-  PassOn(EncodeLabel, {sData});
+  PassOn(EncodeTextLabel, {sData});
 }
 
 String CSimpleRTFEncoder::Encode(const TextFragment& fragment, StringView DataType) const {

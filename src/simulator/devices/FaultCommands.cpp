@@ -11,7 +11,7 @@
 namespace portico::simulator {
 namespace {
 
-constexpr Limits DelaySeconds{0, 3600, 0, Quantity::Time};
+constexpr Limits AnswerDelaySeconds{0, 3600, 0, Quantity::Time};
 constexpr Limits Chance{0, 1, 0};
 constexpr std::int64_t DefaultGarbageBytes = 256;
 constexpr std::int64_t MostNumber = 4294967295;
@@ -25,7 +25,8 @@ constexpr std::array<std::string_view, Faults.size()> FaultNames = {"LATE", "LOS
                                                                     "HALF", "DROP", "NUMBer"};
 
 Executor::Duration Time(const Call& call) {
-  return std::chrono::duration_cast<Executor::Duration>(std::chrono::duration<double>(call.Number(0, DelaySeconds)));
+  return std::chrono::duration_cast<Executor::Duration>(
+      std::chrono::duration<double>(call.Number(0, AnswerDelaySeconds)));
 }
 
 } // namespace

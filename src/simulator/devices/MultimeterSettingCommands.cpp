@@ -10,7 +10,7 @@ namespace {
 
 constexpr Limits CycleLimits{0.02, 100, 1};
 constexpr Limits ApertureSeconds{0.01, 1, 0.1, Quantity::Time};
-constexpr Limits DelaySeconds{0, 3600, 0, Quantity::Time};
+constexpr Limits TriggerDelaySeconds{0, 3600, 0, Quantity::Time};
 constexpr Limits SampleLimits{1, 1000, 1};
 constexpr Limits TriggerLimits{1, 10, 1};
 constexpr std::string_view TriggerSources[] = {"IMMediate", "BUS", "EXTernal"};
@@ -180,12 +180,12 @@ void MultimeterSettingCommands::TriggerSource(const Call& /*call*/) {
 }
 
 void MultimeterSettingCommands::SetDelay(const Call& call) {
-  m_settings.Trigger.Delay = call.Number(0, DelaySeconds);
+  m_settings.Trigger.Delay = call.Number(0, TriggerDelaySeconds);
   m_settings.Trigger.AutoDelay = false;
 }
 
 void MultimeterSettingCommands::Delay(const Call& call) {
-  m_executor.Respond(FormatReal(call.LimitOr(m_settings.Trigger.Delay, DelaySeconds)));
+  m_executor.Respond(FormatReal(call.LimitOr(m_settings.Trigger.Delay, TriggerDelaySeconds)));
 }
 
 void MultimeterSettingCommands::SetAutoDelay(const Call& call) {

@@ -9,7 +9,7 @@ namespace portico {
 namespace {
 
 /// The number that so many digits are; -1 if they are none.
-int Digits(StringView text, std::size_t place, std::size_t count) {
+int NumberAt(StringView text, std::size_t place, std::size_t count) {
   int number = 0;
   for (const char16_t unit : text.substr(place, count)) {
     if (unit < u'0' || unit > u'9') return -1;
@@ -24,8 +24,8 @@ int OffsetOf(StringView stamp) {
   constexpr int secondsPerMinute = 60;
   if (stamp.size() < length) return 0;
   const StringView zone = stamp.substr(stamp.size() - length);
-  const int hours = Digits(zone, 1, 2);
-  const int minutes = Digits(zone, 4, 2);
+  const int hours = NumberAt(zone, 1, 2);
+  const int minutes = NumberAt(zone, 4, 2);
   if ((zone[0] != u'+' && zone[0] != u'-') || zone[3] != u':' || hours < 0 || minutes < 0) return 0;
   return (zone[0] == u'-' ? -1 : 1) * (hours * 60 + minutes) * secondsPerMinute;
 }
@@ -44,12 +44,12 @@ std::optional<double> SecondsOfStamp(StringView stamp) {
   using namespace std::chrono;
   constexpr std::size_t secondLength = 19; // yyyy-mm-ddThh:mm:ss
   if (stamp.size() < secondLength) return {};
-  const int year = Digits(stamp, 0, 4);
-  const int month = Digits(stamp, 5, 2);
-  const int day = Digits(stamp, 8, 2);
-  const int hour = Digits(stamp, 11, 2);
-  const int minute = Digits(stamp, 14, 2);
-  const int second = Digits(stamp, 17, 2);
+  const int year = NumberAt(stamp, 0, 4);
+  const int month = NumberAt(stamp, 5, 2);
+  const int day = NumberAt(stamp, 8, 2);
+  const int hour = NumberAt(stamp, 11, 2);
+  const int minute = NumberAt(stamp, 14, 2);
+  const int second = NumberAt(stamp, 17, 2);
   if (year < 0 || month < 0 || day < 0 || hour < 0 || minute < 0 || second < 0) return {};
   const year_month_day date{std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
                             std::chrono::day(static_cast<unsigned>(day))};

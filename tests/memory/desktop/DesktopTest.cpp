@@ -10,11 +10,11 @@ namespace {
 
 using ::testing::ElementsAre;
 
-constexpr ControlDesign Parts[] = {
+constexpr ControlDesign DesktopParts[] = {
     {.Kind = ControlKind::RichTextBox, .Name = u"box", .Caption = u"some text"},
     {.Kind = ControlKind::CommandButton, .Name = u"button", .Caption = u""},
 };
-constexpr FormDesign Window = {.Name = u"frmMain", .Caption = u"", .Controls = Parts};
+constexpr FormDesign DesktopWindow = {.Name = u"frmMain", .Caption = u"", .Controls = DesktopParts};
 
 TEST(MessageBoxTest, IsAnsweredFromTheQueueAndWritesDownWhatItShows) {
   MessageBox box;
@@ -75,7 +75,7 @@ protected:
     Platform.Keyboard->Deliver();
   }
 
-  Ref<IForm> Loaded = gForms->Load(Window);
+  Ref<IForm> Loaded = gForms->Load(DesktopWindow);
   Form& TheForm = Shown(Loaded);
   RichTextControl& Box = Find<RichTextControl>(Loaded, u"box");
 };

@@ -7,7 +7,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-constexpr ControlDesign Parts[] = {
+constexpr ControlDesign InputsParts[] = {
     {.Kind = ControlKind::TabStrip, .Name = u"tabs"},
     {.Kind = ControlKind::Page, .Name = u"page"},
     {.Kind = ControlKind::Frame, .Name = u"frame", .Caption = u"A Frame", .Parent = u"page"},
@@ -22,12 +22,12 @@ constexpr ControlDesign Parts[] = {
     {.Kind = ControlKind::CommandButton, .Name = u"ok", .Caption = u"OK", .Parent = u"row", .IsDefault = true},
     {.Kind = ControlKind::CommandButton, .Name = u"cancel", .Caption = u"Cancel", .Parent = u"row", .IsCancel = true},
 };
-constexpr FormDesign Dialog = {
-    .Name = u"frmDialog", .Caption = u"A Dialog", .Style = FormStyle::Dialog, .Controls = Parts};
+constexpr FormDesign InputsDialog = {
+    .Name = u"frmDialog", .Caption = u"A Dialog", .Style = FormStyle::Dialog, .Controls = InputsParts};
 
 class DialogControlsTest : public FormBench {
 protected:
-  Ref<IForm> Loaded = gForms->Load(Dialog);
+  Ref<IForm> Loaded = gForms->Load(InputsDialog);
   Form& Window = Shown(Loaded);
   TabStrip& Tabs = Find<TabStrip>(Loaded, u"tabs");
   Page& ThePage = Find<Page>(Loaded, u"page");

@@ -15,12 +15,12 @@ public:
   }
 };
 
-constexpr ControlDesign Parts[] = {
+constexpr ControlDesign ListParts[] = {
     {.Kind = ControlKind::ListView, .Name = u"list"},
     {.Kind = ControlKind::CommandButton, .Name = u"ok", .Caption = u"OK", .IsDefault = true},
 };
-constexpr FormDesign Dialog = {
-    .Name = u"frmDialog", .Caption = u"A Dialog", .Style = FormStyle::Dialog, .Controls = Parts};
+constexpr FormDesign ListDialog = {
+    .Name = u"frmDialog", .Caption = u"A Dialog", .Style = FormStyle::Dialog, .Controls = ListParts};
 
 class ListViewTest : public FormBench {
 protected:
@@ -32,7 +32,7 @@ protected:
     OK.Click().Connect(Note("ok"));
   }
 
-  Ref<IForm> Loaded = gForms->Load(Dialog);
+  Ref<IForm> Loaded = gForms->Load(ListDialog);
   Form& Window = Shown(Loaded);
   ListView& List = Find<ListView>(Loaded, u"list");
   CommandButton& OK = Find<CommandButton>(Loaded, u"ok");

@@ -9,17 +9,17 @@ namespace {
 
 using ::testing::ElementsAre;
 
-constexpr ControlDesign Parts[] = {
+constexpr ControlDesign RichTextParts[] = {
     {.Kind = ControlKind::RichTextBox, .Name = u"box", .Caption = u"first text", .ToolTipText = u"tip"},
     {.Kind = ControlKind::RichTextBox, .Name = u"other"},
     {.Kind = ControlKind::PictureBox, .Name = u"picture", .Image = u"Logo"},
     {.Kind = ControlKind::SplitPanel, .Name = u"split"},
 };
-constexpr FormDesign Window = {.Name = u"frmMain", .Caption = u"", .Controls = Parts};
+constexpr FormDesign RichTextWindow = {.Name = u"frmMain", .Caption = u"", .Controls = RichTextParts};
 
 class RichTextControlTest : public FormBench {
 protected:
-  Ref<IForm> Loaded = gForms->Load(Window);
+  Ref<IForm> Loaded = gForms->Load(RichTextWindow);
   Form& TheForm = Shown(Loaded);
   RichTextControl& Box = Find<RichTextControl>(Loaded, u"box");
   RichTextControl& Other = Find<RichTextControl>(Loaded, u"other");

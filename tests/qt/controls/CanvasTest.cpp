@@ -12,9 +12,9 @@
 namespace portico::test {
 namespace {
 
-constexpr std::array Controls{ControlDesign{.Kind = ControlKind::Canvas, .Name = u"canvas"},
-                              ControlDesign{.Kind = ControlKind::Canvas, .Name = u"next"}};
-constexpr FormDesign Window{.Name = u"frmCanvas", .Caption = u"Canvas", .Controls = Controls};
+constexpr std::array CanvasControls{ControlDesign{.Kind = ControlKind::Canvas, .Name = u"canvas"},
+                                    ControlDesign{.Kind = ControlKind::Canvas, .Name = u"next"}};
+constexpr FormDesign CanvasWindow{.Name = u"frmCanvas", .Caption = u"Canvas", .Controls = CanvasControls};
 
 /// The left half in a curve's colour, framed; a mark and a text in the right one.
 Drawing Sample() {
@@ -34,7 +34,7 @@ protected:
   QImage Picture() const { return widget.grab().toImage(); }
   void Note(const std::string& what) { seen.push_back(what); }
 
-  Ref<IForm> form = Shown(Window);
+  Ref<IForm> form = Shown(CanvasWindow);
   ICanvas& canvas = FindControl<ICanvas>(*form, u"canvas");
   qt::CanvasWidget& widget = *Find<qt::CanvasWidget>(form, "canvas");
   std::vector<std::string> seen;

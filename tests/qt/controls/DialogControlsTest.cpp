@@ -14,7 +14,7 @@
 namespace portico::test {
 namespace {
 
-constexpr std::array Controls{
+constexpr std::array InputsControls{
     ControlDesign{.Kind = ControlKind::TabStrip, .Name = u"tabs", .ToolTipText = u"Protocols"},
     ControlDesign{.Kind = ControlKind::Page, .Name = u"page0"},
     ControlDesign{.Kind = ControlKind::Frame, .Name = u"frame", .Caption = u"&Pacing", .Parent = u"page0"},
@@ -37,8 +37,8 @@ constexpr std::array Controls{
                   .IsCancel = true},
 };
 
-constexpr FormDesign Dialog{
-    .Name = u"frmOptions", .Caption = u"Options", .Style = FormStyle::Dialog, .Controls = Controls};
+constexpr FormDesign InputsDialog{
+    .Name = u"frmOptions", .Caption = u"Options", .Style = FormStyle::Dialog, .Controls = InputsControls};
 
 class DialogControlsTest : public ScreenTest {
 protected:
@@ -54,7 +54,7 @@ protected:
   }
 
   std::vector<std::unique_ptr<int>> counts;
-  Ref<IForm> form = Shown(Dialog);
+  Ref<IForm> form = Shown(InputsDialog);
 };
 
 TEST_F(DialogControlsTest, EachWidgetBearsItsNameAndAnAccessibleOne) {

@@ -26,12 +26,13 @@ private:
   std::int32_t m_count;
 };
 
-constexpr std::array Controls{
+constexpr std::array ListControls{
     ControlDesign{.Kind = ControlKind::Label, .Name = u"label", .Caption = u"&Errors:"},
     ControlDesign{.Kind = ControlKind::ListView, .Name = u"list"},
     ControlDesign{.Kind = ControlKind::CommandButton, .Name = u"ok", .Caption = u"OK", .IsDefault = true},
 };
-constexpr FormDesign Dialog{.Name = u"frmList", .Caption = u"List", .Style = FormStyle::Dialog, .Controls = Controls};
+constexpr FormDesign ListDialog{
+    .Name = u"frmList", .Caption = u"List", .Style = FormStyle::Dialog, .Controls = ListControls};
 
 class ListViewTest : public ScreenTest {
 protected:
@@ -46,7 +47,7 @@ protected:
   }
   QPoint PlaceOf(int row) const { return widget.visualRect(widget.model()->index(row, 1)).center(); }
 
-  Ref<IForm> form = Shown(Dialog);
+  Ref<IForm> form = Shown(ListDialog);
   IListView& list = FindControl<IListView>(*form, u"list");
   qt::ListWidget& widget = *Find<qt::ListWidget>(form, "list");
   std::vector<std::string> calls;

@@ -15,8 +15,8 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr std::array Controls{ControlDesign{.Kind = ControlKind::PictureView, .Name = u"picture"}};
-constexpr FormDesign Window{.Name = u"frmPicture", .Caption = u"Picture", .Controls = Controls};
+constexpr std::array PictureControls{ControlDesign{.Kind = ControlKind::PictureView, .Name = u"picture"}};
+constexpr FormDesign PictureWindow{.Name = u"frmPicture", .Caption = u"Picture", .Controls = PictureControls};
 
 class PictureViewTest : public ScreenTest {
 protected:
@@ -34,7 +34,7 @@ protected:
   }
   QLabel& Label() const { return *qobject_cast<QLabel*>(area.widget()); }
 
-  Ref<IForm> form = Shown(Window);
+  Ref<IForm> form = Shown(PictureWindow);
   IPictureView& view = FindControl<IPictureView>(*form, u"picture");
   QScrollArea& area = *Find<QScrollArea>(form, "picture");
 };

@@ -22,27 +22,27 @@ namespace Vxi11 = wire::Vxi11;
 
 constexpr std::uint32_t LongestPiece = 64;
 
-struct Link {
-  std::string input;
-  struct Answer {
-    std::string text;
-    bool whole = true;
-  };
-  std::deque<Answer> answers;
-  /// Sent again whenever it has been sent.
-  std::string refrain;
-  /// The connection ends once the answers are read.
-  bool closing = false;
-  bool aborted = false;
-
-  bool HasAnswer() const { return !answers.empty() || !refrain.empty(); }
-};
-
 } // namespace
 
 /// What all connections share. The server's thread has the links to itself.
 class Vxi11Instrument::Instrument {
 public:
+  struct Link {
+    std::string input;
+    struct Answer {
+      std::string text;
+      bool whole = true;
+    };
+    std::deque<Answer> answers;
+    /// Sent again whenever it has been sent.
+    std::string refrain;
+    /// The connection ends once the answers are read.
+    bool closing = false;
+    bool aborted = false;
+
+    bool HasAnswer() const { return !answers.empty() || !refrain.empty(); }
+  };
+
   explicit Instrument(InstrumentScript script) : m_script(std::move(script)) {}
 
   std::int32_t MakeLink() {
@@ -155,12 +155,12 @@ public:
     Channel::Collect(output, now);
   }
   std::optional<TimePoint> NextEvent() const override {
-    const Link* link = TheInstrument().Find(m_link);
+    const Instrument::Link* link = TheInstrument().Find(m_link);
     if (!m_read || link == nullptr) return std::nullopt;
     return link->HasAnswer() || link->aborted ? TimePoint() : m_read->deadline;
   }
   bool Finished(bool inputEnded) const override {
-    const Link* link = TheInstrument().Find(m_link);
+    const Instrument::Link* link = TheInstrument().Find(m_link);
     return inputEnded || (link != nullptr && link->closing && !link->HasAnswer() && OutputIsEmpty());
   }
 
@@ -214,7 +214,7 @@ private:
   }
 
   void AnswerRead(TimePoint now) {
-    Link* link = TheInstrument().Find(m_link);
+    Instrument::Link* link = TheInstrument().Find(m_link);
     if (!m_read || link == nullptr) return;
     Vxi11::DeviceReadResult result;
     std::string data;
@@ -232,9 +232,9 @@ private:
     m_read.reset();
   }
 
-  std::string TakeAnswer(Link& link, std::int32_t& reason) const {
+  std::string TakeAnswer(Instrument::Link& link, std::int32_t& reason) const {
     if (link.answers.empty()) return link.refrain;
-    Link::Answer& answer = link.answers.front();
+    Instrument::Link::Answer& answer = link.answers.front();
     std::string data = answer.text.substr(0, m_read->size);
     answer.text.erase(0, data.size());
     if (data.size() == m_read->size) reason |= Vxi11::Reason::RequestSizeReached;
@@ -260,7 +260,7 @@ protected:
     wire::ReadRpcCall(reader, call);
     Vxi11::LinkArguments arguments;
     reader.Get(arguments);
-    Link* link = TheInstrument().Find(arguments.Link);
+    Instrument::Link* link = TheInstrument().Find(arguments.Link);
     if (link != nullptr) link->aborted = true;
     Reply(call.Xid, Vxi11::ErrorResult{link != nullptr ? Vxi11::Error::None : Vxi11::Error::InvalidLink});
   }
@@ -273,7 +273,7 @@ public:
 
 protected:
   void Handle(std::string_view record, TimePoint /*now*/) override {
-    if (Link* link = TheInstrument().Last()) link->answers.push_back({std::string(record)});
+    if (Instrument::Link* link = TheInstrument().Last()) link->answers.push_back({std::string(record)});
     Reply(0, Vxi11::ErrorResult());
   }
 };

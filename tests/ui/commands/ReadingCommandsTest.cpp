@@ -7,18 +7,18 @@
 namespace portico::test {
 namespace {
 
-constexpr ControlDesign Parts[] = {
+constexpr ControlDesign ReadingParts[] = {
     {.Kind = ControlKind::RichTextBox, .Name = u"first", .Caption = u"one two two"},
     {.Kind = ControlKind::RichTextBox, .Name = u"second", .Caption = u"one two two"},
 };
-constexpr FormDesign Window = {.Name = u"frmMain", .Caption = u"", .Controls = Parts};
+constexpr FormDesign ReadingWindow = {.Name = u"frmMain", .Caption = u"", .Controls = ReadingParts};
 
 class ReadingCommandsTest : public WindowTest {
 protected:
   memory::RichTextControl& Box(StringView name) { return FindControl<memory::RichTextControl>(*m_form, name); }
   static void Execute(const CreatorRow& row) { Cast<ICommand>(MakeCreator(row)->Create({}))->Execute(); }
 
-  Ref<IForm> m_form = gForms->Load(Window);
+  Ref<IForm> m_form = gForms->Load(ReadingWindow);
 };
 
 TEST_F(ReadingCommandsTest, LookForATextInTheBoxThatHadTheFocusLast) {

@@ -10,8 +10,8 @@ namespace {
 
 using ::testing::ElementsAre;
 
-constexpr ControlDesign Parts[] = {{.Kind = ControlKind::RichTextBox, .Name = u"text", .Caption = u"head\r\n"}};
-constexpr FormDesign Window = {.Name = u"frmMain", .Caption = u"", .Controls = Parts};
+constexpr ControlDesign MarksParts[] = {{.Kind = ControlKind::RichTextBox, .Name = u"text", .Caption = u"head\r\n"}};
+constexpr FormDesign MarksWindow = {.Name = u"frmMain", .Caption = u"", .Controls = MarksParts};
 
 class ErrorMarksTest : public WindowTest {
 protected:
@@ -30,7 +30,7 @@ protected:
   }
   std::int32_t CaretLine() const { return Text->GetLineFromChar(Text->SelStart()); }
 
-  Ref<IForm> Form = gForms->Load(Window);
+  Ref<IForm> Form = gForms->Load(MarksWindow);
   Ref<memory::RichTextControl> Text = ShareControl<memory::RichTextControl>(Form, u"text");
   Ref<ErrorMarks> Marks = New<ErrorMarks>(Text);
   int Changes = 0;

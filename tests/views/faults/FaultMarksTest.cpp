@@ -14,8 +14,8 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr ControlDesign Parts[] = {{.Kind = ControlKind::RichTextBox, .Name = u"text", .Caption = u""}};
-constexpr FormDesign Window = {.Name = u"frmMain", .Caption = u"", .Controls = Parts};
+constexpr ControlDesign FaultsParts[] = {{.Kind = ControlKind::RichTextBox, .Name = u"text", .Caption = u""}};
+constexpr FormDesign FaultsWindow = {.Name = u"frmMain", .Caption = u"", .Controls = FaultsParts};
 
 constexpr StringView Undefined = u"-113,\"Undefined header\"";
 constexpr StringView Silence = u"The instrument sent no answer within 5000 ms.";
@@ -66,7 +66,7 @@ protected:
 
 private:
   Journal m_journal;
-  Ref<IForm> m_form = gForms->Load(Window);
+  Ref<IForm> m_form = gForms->Load(FaultsWindow);
   Ref<memory::RichTextControl> m_text = ShareControl<memory::RichTextControl>(m_form, u"text");
   Ref<ErrorMarks> m_marks = New<ErrorMarks>(m_text);
   Ref<FaultMarks> m_faults = New<FaultMarks>(m_marks);

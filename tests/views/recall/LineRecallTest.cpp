@@ -6,8 +6,8 @@
 namespace portico::test {
 namespace {
 
-constexpr ControlDesign Parts[] = {{.Kind = ControlKind::RichTextBox, .Name = u"text", .Caption = u""}};
-constexpr FormDesign Window = {.Name = u"frmMain", .Caption = u"", .Controls = Parts};
+constexpr ControlDesign RecallParts[] = {{.Kind = ControlKind::RichTextBox, .Name = u"text", .Caption = u""}};
+constexpr FormDesign RecallWindow = {.Name = u"frmMain", .Caption = u"", .Controls = RecallParts};
 
 class LineRecallTest : public WindowTest {
 protected:
@@ -16,7 +16,7 @@ protected:
     return ToUtf8(Text->Text());
   }
 
-  Ref<IForm> Form = gForms->Load(Window);
+  Ref<IForm> Form = gForms->Load(RecallWindow);
   Ref<memory::RichTextControl> Text = ShareControl<memory::RichTextControl>(Form, u"text");
   Ref<LineRecall> Recall = New<LineRecall>();
   std::deque<String> Lines;

@@ -109,6 +109,16 @@ std::int32_t CDataFIFO::Count() const try {
   PassOn(u"CDataFIFO.Count(DataEntity)");
 }
 
+void CDataFIFO::ForEach(const std::function<void(const IDataEntity&)>& visit) const try {
+  CheckAccess();
+  for (std::int64_t position = 1; position <= m_entities->Count(); ++position) {
+    const Ref<IDataEntity> entity = m_entities->Item(position); // stays, whatever the visitor does
+    visit(*entity);
+  }
+} catch (...) {
+  PassOn(u"CDataFIFO.ForEach(visit)");
+}
+
 std::int32_t CDataFIFO::IIteratableObject_Count() const try { return Count(); } catch (...) {
   PassOn(u"CDataFIFO.IIteratableObject_Count");
 }

@@ -5,6 +5,7 @@
 #include "framework/objects/Creator.h"
 #include "framework/objects/Event.h"
 
+#include <functional>
 #include <memory>
 
 namespace portico {
@@ -56,6 +57,8 @@ public:
   std::int32_t Count() const;
   void Clear();
   std::int32_t ComparePositions(const Ref<IPosition>& Position1, const Ref<IPosition>& Position2) const;
+  /// Visits all entities in their order, for who wants no positions, which an iterator makes of each.
+  void ForEach(const std::function<void(const IDataEntity&)>& visit) const;
 
   Ref<IPosition> NextPosition(const Ref<IPosition>& Index) const override;
   Value Item(const Ref<IPosition>& Index) const override;

@@ -1,7 +1,5 @@
 #include "ui/plot/PlotSource.h"
 
-#include "framework/objects/IObjectFactory.h"
-
 #include <chrono>
 #include <utility>
 
@@ -84,13 +82,10 @@ std::shared_ptr<FollowedConversation> PlotSource::Follow() {
   if (auto followed = m_followed.lock()) return followed;
   auto followed = std::make_shared<FollowedConversation>();
   std::size_t responses = 0;
-  const auto iterator = Create(Class::SelectionIterator, u"IterateAll");
-  iterator->Attach(m_queue);
-  for (Value item = iterator->FirstItem(); !iterator->IsDone(); item = iterator->NextItem()) {
+  m_queue->ForEach([&](const IDataEntity& entity) {
     const double seconds = responses < m_times.size() ? m_times[responses] : 0;
-    const auto entity = item.ToObject<IDataEntity>();
-    if (Tell(*followed, *entity, entity->DataType(), seconds)) ++responses;
-  }
+    if (Tell(*followed, entity, entity.DataType(), seconds)) ++responses;
+  });
   m_followed = followed;
   return followed;
 }

@@ -29,7 +29,7 @@ private:
 };
 
 /// What a window's conversation holds to be drawn. While nobody draws it costs the noting of the time at each answer,
-/// and what was answered is read when somebody begins. Needs the factory.
+/// and what was answered is read when somebody begins.
 class PlotSource final : public IObject {
 public:
   /// Seconds, from whatever beginning.

@@ -38,6 +38,26 @@ TEST_F(CDataFIFOTest, EnqueueKeepsTheObjectItself) {
   EXPECT_EQ(FIFO->Count(), 1);
 }
 
+TEST_F(CDataFIFOTest, AllAreVisitedInTheirOrderAndNoneIfThereIsNone) {
+  std::vector<String> visited;
+  const auto visit = [&](const IDataEntity& entity) { visited.push_back(entity.ReadText()); };
+  FIFO->ForEach(visit);
+  EXPECT_TRUE(visited.empty());
+  for (const StringView text : {u"1", u"2", u"3"}) FIFO->Enqueue(Entity(text));
+  FIFO->ForEach(visit);
+  EXPECT_EQ(visited, (std::vector<String>{u"1", u"2", u"3"}));
+}
+
+TEST_F(CDataFIFOTest, VisitorMayTakeAllAway) {
+  for (const StringView text : {u"1", u"2", u"3"}) FIFO->Enqueue(Entity(text));
+  std::vector<String> visited;
+  FIFO->ForEach([&](const IDataEntity& entity) {
+    FIFO->Clear();
+    visited.push_back(entity.ReadText());
+  });
+  EXPECT_EQ(visited.size(), 1U);
+}
+
 TEST_F(CDataFIFOTest, IndicesOfEventsCountBytes) {
   for (const auto* text : {u"one", u"", u"three"}) FIFO->Enqueue(Entity(text));
   EXPECT_EQ(Events, (Lines{"add one 0", "add  6", "add three 6"}));
@@ -257,6 +277,7 @@ TEST_F(CDataFIFOTest, MembersAreGuardedBeforeInitialize) {
   expect([&] { fifo->DeleteData(); }, u"CDataFIFO.DeleteData()");
   expect([&] { static_cast<void>(fifo->Count()); }, u"CDataFIFO.Count(DataEntity)");
   expect([&] { fifo->Clear(); }, u"CDataFIFO.Clear()");
+  expect([&] { fifo->ForEach({}); }, u"CDataFIFO.ForEach(visit)");
   expect([&] { fifo->NextPosition(EndMarker()); }, u"CDataFIFO.IIteratableObject_NextPosition(Index)");
   expect([&] { fifo->Item(EndMarker()); }, u"CDataFIFO.IIteratableObject_Item(Index)");
   expect([&] { fifo->StartOfSelection(); }, u"CDataFIFO.ISelectableObject_StartOfSelection");

@@ -120,7 +120,7 @@ bool PlotGestures::MoveCursor(bool isForward, const std::vector<plot::Curve>& cu
   auto& cursor = m_cursors.at(m_setLast);
   if (!cursor || curves.empty() || curves.front().Data->Empty()) return false;
   const numbers::Series& data = *curves.front().Data;
-  const auto [first, last] = data.Within({*cursor, std::max(*cursor, data.Whole().To)});
+  const auto [first, last] = data.Within({*cursor, data.Whole().To});
   if (isForward) {
     std::size_t next = first;
     while (next < last && data.Place(next) <= *cursor) ++next;

@@ -24,7 +24,7 @@ public:
   /// Zooms at the pointer along the horizontal axis, with Ctrl along the vertical one.
   bool Wheel(const MouseEvent& event, double notches);
   /// Plus and minus zoom, with Ctrl vertically; arrows and pages pan; Home and 0 show all; 1 and 2 set a cursor in the
-  /// middle, Ctrl with an arrow moves the cursor that was set last; Delete and Escape take both away.
+  /// middle, Ctrl with an arrow moves the cursor that was set last; Delete takes both away.
   bool Key(std::int32_t code, std::int32_t shift, const std::vector<plot::Curve>& curves);
 
   static constexpr double ZoomStep = 1.25;

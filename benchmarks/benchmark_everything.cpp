@@ -132,7 +132,9 @@ void ComparePlot(const WindowBench& bench) {
   Settle(bench);
   const double used = ProcessorSeconds();
   bench.Click(u"mnuPlot");
-  std::printf("a plot opens on %d answers: %.0f ms of the processor\n", Queries, (ProcessorSeconds() - used) * 1e3);
+  std::printf("a plot opens on %d answers: %.0f ms of the processor\n",
+              2 * Rounds * Queries, // Clear History leaves them
+              (ProcessorSeconds() - used) * 1e3);
   gForms->Forms().back()->Unload();
 }
 

@@ -76,8 +76,9 @@ private:
     m_ticksY = numbers::ValueTicks(m_scene.Y, {std::max(bottom - top, 1.0), [line](StringView) { return line * 1.5; }});
     double labels = 0;
     for (const numbers::Tick& tick : m_ticksY.Ticks) labels = std::max(labels, m_metrics.ExtentOf(tick.Label));
-    const double left = labels + TickLength + 2 * Gutter;
-    const double right = m_picture.Drawn.Width - 3 * Gutter;
+    // On whole pixels, as columns are a pixel wide.
+    const double left = std::ceil(labels + TickLength + 2 * Gutter);
+    const double right = std::floor(m_picture.Drawn.Width - 3 * Gutter);
     m_picture.Area = {left, top, std::max(right - left, 0.0), std::max(bottom - top, 0.0)};
     const numbers::AxisRoom room{std::max(m_picture.Area.Width, 1.0), m_metrics.ExtentOf};
     m_ticksX = m_scene.IsTime ? numbers::TimeTicks(m_scene.X, room) : numbers::ValueTicks(m_scene.X, room);

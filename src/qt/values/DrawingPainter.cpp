@@ -1,6 +1,7 @@
 #include "qt/values/DrawingPainter.h"
 
 #include "qt/values/QtText.h"
+#include "qt/values/SteepStrokes.h"
 
 #include <QPaintEngine>
 #include <QPainterPath>
@@ -29,8 +30,8 @@ const std::array<std::array<QColor, CurveInks>, 2> CurveColors{{
 const std::array<QColor, 2> CursorColors{{{0xB0, 0x00, 0x40}, {0xFF, 0x80, 0xA8}}};
 
 // The toolkit fills the outline of a line that is wider than a pixel, which takes seconds for thousands of points that
-// go up and down.
-constexpr qsizetype MostWidePoints = 100;
+// go up and down; its smooth edges take some milliseconds.
+constexpr std::size_t MostWidePoints = 100;
 
 /// So much of the first, the rest of the second.
 QColor Mixed(const QColor& first, const QColor& second, double share) {
@@ -92,13 +93,17 @@ public:
   void operator()(const Polyline& line) const {
     QPen pen(m_inks.ColorOf(line.Colour), line.Width, StyleOf(line.Pattern));
     pen.setJoinStyle(Qt::BevelJoin);
-    const QList<QPointF> points = ToQt(line.Points);
-    if (points.size() > MostWidePoints && m_painter.paintEngine()->type() == QPaintEngine::Raster) {
-      pen.setCosmetic(true); // a pixel of the screen at any scale
-      pen.setWidthF(1);
+    if (line.Points.size() <= MostWidePoints || m_painter.paintEngine()->type() != QPaintEngine::Raster) {
+      m_painter.setPen(pen);
+      return Draw(ToQt(line.Points));
     }
+    pen.setCosmetic(true); // a pixel of the screen at any scale
+    pen.setWidthF(1);
     m_painter.setPen(pen);
-    m_painter.drawPolyline(points.constData(), static_cast<int>(points.size()));
+    if (line.Pattern != Dash::Solid) return Draw(ToQt(line.Points));
+    const SteepStrokes strokes(line.Points);
+    for (const auto& points : strokes.Lines) Draw(ToQt(points));
+    DrawBars(strokes.Bars, pen.color());
   }
   void operator()(const Segments& segments) const {
     QPen pen(m_inks.ColorOf(segments.Colour), segments.Width);
@@ -128,6 +133,16 @@ public:
   }
 
 private:
+  void Draw(const QList<QPointF>& line) const {
+    m_painter.drawPolyline(line.constData(), static_cast<int>(line.size()));
+  }
+  /// Filled one by one, which the toolkit does five times as fast as all in one call.
+  void DrawBars(const std::vector<DrawnRectangle>& bars, const QColor& color) const {
+    m_painter.setRenderHint(QPainter::Antialiasing, false);
+    for (const DrawnRectangle& bar : bars) m_painter.fillRect(ToQt(bar).toRect(), color);
+    m_painter.setRenderHint(QPainter::Antialiasing);
+  }
+
   const Inks& m_inks;
   QPainter& m_painter;
 };

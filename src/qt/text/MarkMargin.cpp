@@ -192,9 +192,13 @@ void MarkMargin::PaintOverview(QPainter& painter) const {
   if (!HasMarks()) return;
   const auto height = static_cast<std::uint64_t>(m_overview.height());
   const std::uint64_t count = m_text->LineCount();
+  const auto firstAt = [&](std::uint64_t y) {
+    return (y * count + height - 1) / height;
+  }; // line whose share begins there
   for (std::uint64_t y = 0; y < height; ++y) {
-    if (!m_text->Marks().AnyIn(y * count / height, (y + 1) * count / height)) continue;
-    painter.fillRect(1, static_cast<int>(y), OverviewWidth - 2, BarHeight, MarkColor);
+    if (!m_text->Marks().AnyIn(firstAt(y), firstAt(y + 1))) continue;
+    const int top = std::min(static_cast<int>(y), m_overview.height() - BarHeight);
+    painter.fillRect(1, top, OverviewWidth - 2, BarHeight, MarkColor);
   }
 }
 

@@ -9,6 +9,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace portico::test {
 namespace {
@@ -115,6 +116,38 @@ TEST_F(MarkMarginTest, TheOverviewShowsAllMarksAtTheirShareOfTheText) {
   EXPECT_TRUE(isNear(0.5));
   EXPECT_TRUE(isNear(0.99));
   EXPECT_FALSE(isNear(0.25));
+}
+
+TEST_F(MarkMarginTest, InAShortTextAMarkStandsWhereItsShareBeginsAndIsSeenWhole) {
+  for (const auto& [lines, line] : {std::pair{10, 0}, {10, 5}, {10, 9}, {1000, 999}}) {
+    Write(lines);
+    box.ClearMarks();
+    Mark(line);
+    const QImage overview = Painted("markOverview");
+    const auto rows = MarkedRows(overview);
+    EXPECT_EQ(rows.size(), 3U) << line << " of " << lines;
+    // Behind the lines stands the empty one that the last line end opens.
+    const int begin = line * overview.height() / (lines + 1);
+    EXPECT_NEAR(rows.at(0), std::min(begin, overview.height() - 3), 1) << line << " of " << lines;
+  }
+}
+
+TEST_F(MarkMarginTest, AClickBetweenTwoMarksBringsTheNearerOne) {
+  Mark(100);
+  Mark(900);
+  QWidget& overview = Part("markOverview");
+  const auto press = [&](double share, Qt::MouseButton button) {
+    const QPointF place(2, overview.height() * share);
+    QMouseEvent event(QEvent::MouseButtonPress, place, overview.mapToGlobal(place), button, button, {});
+    QApplication::sendEvent(&overview, &event);
+    return View().verticalScrollBar()->value();
+  };
+  const int half = View().viewport()->height() / View().fontMetrics().lineSpacing() / 2;
+  EXPECT_NEAR(press(0.45, Qt::LeftButton), 100 - half, 1);
+  EXPECT_NEAR(press(0.55, Qt::LeftButton), 900 - half, 1);
+  EXPECT_NEAR(press(0.0, Qt::LeftButton), 100 - half, 1);
+  EXPECT_NEAR(press(0.99, Qt::LeftButton), 900 - half, 1);
+  EXPECT_NEAR(press(0.0, Qt::RightButton), 900 - half, 1) << "another button";
 }
 
 TEST_F(MarkMarginTest, AClickIntoTheOverviewBringsTheNearestMarkIntoSightAndSelectsNothing) {

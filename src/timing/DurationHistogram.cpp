@@ -22,7 +22,7 @@ std::size_t ClassOf(std::uint64_t number) {
 }
 
 std::uint64_t MiddleOf(std::size_t index) {
-  if (index < 2 * ClassesOfAnOctave) return index;
+  if (index < ClassesOfAnOctave) return index;
   const std::size_t shift = index / ClassesOfAnOctave - 1;
   const std::uint64_t width = std::uint64_t{1} << shift;
   return (index - shift * ClassesOfAnOctave) * width + width / 2;

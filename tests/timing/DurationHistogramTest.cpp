@@ -37,6 +37,18 @@ TEST(DurationHistogram, ShortOnesAreExact) {
   EXPECT_EQ(times.Percentile(100), 127ns);
 }
 
+// A class of four nanoseconds from 256 on is told as its middle, 258.
+TEST(DurationHistogram, NoPercentileIsBeyondTheSmallestOrTheLargest) {
+  DurationHistogram late;
+  late.Add(259ns);
+  late.Add(5000ns);
+  EXPECT_EQ(late.Percentile(50), 259ns);
+  DurationHistogram early;
+  early.Add(256ns);
+  early.Add(256ns);
+  EXPECT_EQ(early.Percentile(50), 256ns);
+}
+
 TEST(DurationHistogram, MaximumIsExactAmongMany) {
   DurationHistogram times;
   times.Add(2s);

@@ -53,6 +53,14 @@ TEST(QueryTimes, LastIsTheLatest) {
   EXPECT_EQ(times.Last()->Taken, 2ns);
 }
 
+TEST(QueryTimes, LastIsToldEvenIfNoQueryHasARow) {
+  QueryTimes times;
+  times.Add(std::string(QueryTimes::LongestQuery + 1, 'A'), 7ns);
+  ASSERT_TRUE(times.Last());
+  EXPECT_EQ(times.Last()->Query, String(QueryTimes::LongestQuery, u'A'));
+  EXPECT_EQ(times.Last()->Taken, 7ns);
+}
+
 TEST(QueryTimes, BeyondFiveHundredQueriesOthersShareARow) {
   QueryTimes times;
   for (int i = 0; i < 2000; ++i) times.Add("Q" + std::to_string(i) + "?", std::chrono::nanoseconds(i % 100));

@@ -37,6 +37,7 @@ TEST_F(LogErrorsTest, OtherAnswersReportNone) {
 
 TEST_F(LogErrorsTest, AMessageOfTheDriverIsOne) {
   EXPECT_EQ(Answered(u"The connection was lost.\r\n"), Finding::DriverMessage);
+  EXPECT_EQ(Answered(u" The connection was lost. \r\n"), Finding::DriverMessage);
   EXPECT_EQ(Answered(u"Timeout expired before the answer was complete: 10.0.0.7, port 5025.\r\n"),
             Finding::DriverMessage);
   EXPECT_EQ(Asked(u":SYST:ERR?", u"There is no connection."), Finding::DriverMessage);

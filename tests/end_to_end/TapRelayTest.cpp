@@ -94,9 +94,10 @@ TEST_P(TapRelayTest, KeepsTheConversationThatTheConsoleHasWithTheInstrument) {
 
 TEST_P(TapRelayTest, EachClientIsASessionAndFindsTheInstrumentAsItWasLeft) {
   TapProgram tap(TapOption(), Instrument(), {"--log", Log("tap.log")});
+  // The query at the end tells that the setting has arrived: the next client clears what a serial line still holds.
   for (const std::string answer : {"0", "5", "5"}) {
-    EXPECT_EQ(RunPortico(BareOptions + Arguments{Tapped(tap)}, "*ESE?\n*ESE 5\n").out,
-              "> *ESE?\n< " + answer + "\n> *ESE 5\n");
+    EXPECT_EQ(RunPortico(BareOptions + Arguments{Tapped(tap)}, "*ESE?\n*ESE 5\n*OPC?\n").out,
+              "> *ESE?\n< " + answer + "\n> *ESE 5\n> *OPC?\n< 1\n");
   }
   EXPECT_EQ(tap.End().status, 0);
   EXPECT_EQ(CountOf(BytesOf(Log("tap.log")), "SessionCloseTimeStamp"), 3);
